@@ -1,0 +1,86 @@
+#include "base/variant.h"
+
+#include <functional>
+#include <new>
+#include <utility>
+
+namespace Ubase {
+
+Variant::Variant(const Variant& other) {
+  if (other.type_ && other.type_->copy) {
+    other.type_->copy(value_, other.value_);
+  } else {
+    value_ = other.value_;
+  }
+  type_ = other.type_;
+}
+
+Variant::Variant(Variant&& other) noexcept
+    : type_(std::exchange(other.type_, nullptr)), value_(std::exchange(other.value_, {})) {}
+
+Variant& Variant::operator=(const Variant& other) {
+  if (this != &other) *this = Variant(other);
+  return *this;
+}
+
+Variant& Variant::operator=(Variant&& other) noexcept {
+  std::swap(type_, other.type_);
+  std::swap(value_, other.value_);
+  return *this;
+}
+
+Variant::~Variant() {
+  if (type_ && type_->destroy) type_->destroy(value_);
+}
+
+bool operator==(const Variant& a, const Variant& b) {
+  if (a.type_ != b.type_) return false;
+  if (a.type_ && a.type_->equal) return a.type_->equal(a.value_, b.value_);
+  return a.value_.words == b.value_.words;
+}
+
+bool operator<(const Variant& a, const Variant& b) {
+  if (a.type_ != b.type_) return std::less<>()(a.type_, b.type_);
+  if (a.type_ && a.type_->less) return a.type_->less(a.value_, b.value_);
+  return a.value_.words < b.value_.words;
+}
+
+const VariantType* TokenVariant::descriptor() {
+  static const VariantType type{
+      nullptr, nullptr, nullptr,
+      [](const VariantValue& a, const VariantValue& b) { return a.as<Token>() < b.as<Token>(); }};
+  return &type;
+}
+
+namespace {
+
+// A fixed string is one pointer and lives in the words themselves.
+static_assert(sizeof(FixedString) <= sizeof(VariantValue));
+
+FixedString& string(VariantValue& value) {
+  return *std::launder(reinterpret_cast<FixedString*>(value.words.data()));
+}
+const FixedString& string(const VariantValue& value) {
+  return *std::launder(reinterpret_cast<const FixedString*>(value.words.data()));
+}
+
+}  // namespace
+
+const VariantType* FixedStringVariant::descriptor() {
+  static const VariantType type{
+      [](VariantValue& value) { string(value).~FixedStringBase(); },
+      [](VariantValue& to, const VariantValue& from) {
+        new (to.words.data()) FixedString(string(from));
+      },
+      [](const VariantValue& a, const VariantValue& b) { return string(a) == string(b); },
+      [](const VariantValue& a, const VariantValue& b) { return string(a) < string(b); }};
+  return &type;
+}
+
+FixedStringVariant::FixedStringVariant(const FixedString& value) : Variant(descriptor(), {}) {
+  new (mutableValue().words.data()) FixedString(value);
+}
+
+const FixedString& FixedStringVariant::get() const { return string(value()); }
+
+}  // namespace Ubase

@@ -1,0 +1,154 @@
+// A value of any property type, small enough to be passed and stored without knowing the type.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include "base/fixed_string.h"
+#include "base/token.h"
+
+namespace Ubase {
+
+/// The two words in which a variant keeps its value. Unused bits are zero.
+struct VariantValue {
+  alignas(8) std::array<std::uint32_t, 2> words{};
+
+  /// The value as a trivially copyable `T` of at most eight bytes.
+  template <class T>
+  T as() const {
+    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(words));
+    T value;
+    std::memcpy(static_cast<void*>(&value), words.data(), sizeof(T));
+    return value;
+  }
+  template <class T>
+  void set(const T& value) {
+    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(words));
+    words = {};
+    std::memcpy(words.data(), &value, sizeof(T));
+  }
+};
+
+/// What a kind of value needs beyond copying and comparing its two words. Each function may be
+/// null.
+struct VariantType {
+  void (*destroy)(VariantValue& value) = nullptr;
+  void (*copy)(VariantValue& to, const VariantValue& from) = nullptr;
+  bool (*equal)(const VariantValue& a, const VariantValue& b) = nullptr;
+  bool (*less)(const VariantValue& a, const VariantValue& b) = nullptr;
+};
+
+/// A tagged value. Two variants are of one kind exactly if they have the same descriptor; the
+/// default-constructed variant is the empty kind. Doubles are compared bit by bit, so that NaN
+/// equals NaN and +0 differs from -0.
+class Variant {
+ public:
+  Variant() = default;
+  Variant(const Variant& other);
+  Variant(Variant&& other) noexcept;
+  Variant& operator=(const Variant& other);
+  Variant& operator=(Variant&& other) noexcept;
+  ~Variant();
+
+  const VariantType* type() const { return type_; }
+  bool isEmpty() const { return type_ == nullptr; }
+
+  /// This variant as a `Kind`, or null if it is of another kind.
+  template <class Kind>
+  const Kind* as() const {
+    return type_ == Kind::descriptor() ? static_cast<const Kind*>(this) : nullptr;
+  }
+
+  friend bool operator==(const Variant& a, const Variant& b);
+  friend bool operator<(const Variant& a, const Variant& b);
+
+ protected:
+  Variant(const VariantType* type, const VariantValue& value) : type_(type), value_(value) {}
+  const VariantValue& value() const { return value_; }
+  VariantValue& mutableValue() { return value_; }
+
+ private:
+  const VariantType* type_ = nullptr;
+  VariantValue value_;
+};
+
+/// A kind whose value lies in the two words themselves. `Kind` is the deriving class.
+template <class Kind, class T>
+class PlainVariant : public Variant {
+ public:
+  using Value = T;
+  PlainVariant(T value) : Variant(Kind::descriptor(), pack(value)) {}
+  T get() const { return value().template as<T>(); }
+
+  static const VariantType* descriptor() {
+    static const VariantType type;
+    return &type;
+  }
+
+ private:
+  static VariantValue pack(T value) {
+    VariantValue packed;
+    packed.set(value);
+    return packed;
+  }
+};
+
+/// A kind whose value is a `T` on the heap, copied deeply, compared with == and <.
+template <class Kind, class T>
+class HeapVariant : public Variant {
+ public:
+  using Value = T;
+  HeapVariant(const T& value) : Variant(descriptor(), pack(new T(value))) {}
+  const T& get() const { return *pointer(value()); }
+
+  static const VariantType* descriptor() {
+    static const VariantType type{
+        [](VariantValue& value) { delete pointer(value); },
+        [](VariantValue& to, const VariantValue& from) { to.set(new T(*pointer(from))); },
+        [](const VariantValue& a, const VariantValue& b) {
+          return pointer(a) == pointer(b) || *pointer(a) == *pointer(b);
+        },
+        [](const VariantValue& a, const VariantValue& b) {
+          return pointer(a) != pointer(b) && *pointer(a) < *pointer(b);
+        }};
+    return &type;
+  }
+
+ private:
+  static T* pointer(const VariantValue& value) { return value.as<T*>(); }
+  static VariantValue pack(T* value) {
+    VariantValue packed;
+    packed.set(value);
+    return packed;
+  }
+};
+
+class BoolVariant : public PlainVariant<BoolVariant, bool> {
+  using PlainVariant::PlainVariant;
+};
+class LongVariant : public PlainVariant<LongVariant, std::int32_t> {
+  using PlainVariant::PlainVariant;
+};
+class DoubleVariant : public PlainVariant<DoubleVariant, double> {
+  using PlainVariant::PlainVariant;
+};
+
+/// Ordered by address, as tokens are.
+class TokenVariant : public PlainVariant<TokenVariant, Token> {
+ public:
+  using PlainVariant::PlainVariant;
+  static const VariantType* descriptor();
+};
+
+/// Shares its text with the string it was made from and with its own copies.
+class FixedStringVariant : public Variant {
+ public:
+  using Value = FixedString;
+  FixedStringVariant(const FixedString& value);
+  const FixedString& get() const;
+  static const VariantType* descriptor();
+};
+
+}  // namespace Ubase

@@ -1,0 +1,39 @@
+// The vocabulary of the ZRD format: 528 words with the numbers 1 to 528, and a token for each.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/token.h"
+
+namespace Ubase {
+
+namespace WordText {
+#define WORD(name, text) inline constexpr char name[] = text;
+#include "base/vocabulary.def"
+}  // namespace WordText
+
+/// The token of each word, under the word itself as its name ("true", "false" and "id" are True,
+/// False and Id). They are constants and can be used from any static initialiser.
+namespace Word {
+#define WORD(name, text) \
+  inline constexpr Ubase::Token name = Ubase::Token::ofVocabulary(WordText::name);
+#include "base/vocabulary.def"
+}  // namespace Word
+
+/// The number of each word, in alphabetical order from 1; 0 stands for no word.
+enum class WordId : int {
+  none = 0,
+#define WORD(name, text) name,
+#include "base/vocabulary.def"
+};
+
+inline constexpr int wordCount = 528;
+
+/// The token of a word's number; the null token for 0 and for all numbers above 528.
+Token tokenById(int id);
+
+/// The number of the word with exactly this text; WordId::none for any other text.
+WordId findWord(std::string_view text);
+
+}  // namespace Ubase

@@ -1,0 +1,38 @@
+# vantry_layer(<folder> [NAME <name>] [LINKS <layer or target>...])
+#
+# Makes the static library vantry_<name> of the sources in <folder>, with the alias vantry::<name>.
+# Its headers are included as "<folder>/file.h". They are reached through a folder of links that
+# holds this one layer, so that a header of a layer that is not linked cannot be found; an include
+# that climbs out of its folder would get round that and is refused here.
+function(vantry_layer folder)
+  cmake_parse_arguments(LAYER "" "NAME" "LINKS" ${ARGN})
+  if(NOT LAYER_NAME)
+    set(LAYER_NAME ${folder})
+  endif()
+  set(target vantry_${LAYER_NAME})
+
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+  foreach(file IN LISTS sources headers)
+    file(STRINGS ${file} climbing REGEX "^[ \t]*#[ \t]*include.*\\.\\./")
+    if(climbing)
+      message(FATAL_ERROR "${file} includes a file outside of its layer: ${climbing}")
+    endif()
+  endforeach()
+
+  set(view ${PROJECT_BINARY_DIR}/include/${folder})
+  file(MAKE_DIRECTORY ${view})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${view}/${folder} SYMBOLIC)
+
+  add_library(${target} STATIC ${sources})
+  add_library(vantry::${LAYER_NAME} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${LAYER_NAME})
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${view}>
+                                              $<INSTALL_INTERFACE:include/vantry>)
+  foreach(link IN LISTS LAYER_LINKS)
+    if(TARGET vantry_${link})
+      set(link vantry_${link})
+    endif()
+    target_link_libraries(${target} PUBLIC ${link})
+  endforeach()
+endfunction()
