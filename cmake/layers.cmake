@@ -1,6 +1,7 @@
 # vantry_layer(<folder> [NAME <name>] [LINKS <layer or target>...])
 #
-# Makes the static library vantry_<name> of the sources in <folder>, with the alias vantry::<name>.
+# Makes the static library vantry_<name> of the sources in <folder> (a layer without sources is its
+# headers), with the alias vantry::<name>.
 # Its headers are included as "<folder>/file.h". They are reached through a folder of links that
 # holds this one layer, so that a header of a layer that is not linked cannot be found; an include
 # that climbs out of its folder would get round that and is refused here.
@@ -24,15 +25,21 @@ function(vantry_layer folder)
   file(MAKE_DIRECTORY ${view})
   file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${view}/${folder} SYMBOLIC)
 
-  add_library(${target} STATIC ${sources})
+  if(sources)
+    add_library(${target} STATIC ${sources})
+    set(scope PUBLIC)
+  else()
+    add_library(${target} INTERFACE)
+    set(scope INTERFACE)
+  endif()
   add_library(vantry::${LAYER_NAME} ALIAS ${target})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${LAYER_NAME})
-  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${view}>
-                                              $<INSTALL_INTERFACE:include/vantry>)
+  target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${view}>
+                                                $<INSTALL_INTERFACE:include/vantry>)
   foreach(link IN LISTS LAYER_LINKS)
     if(TARGET vantry_${link})
       set(link vantry_${link})
     endif()
-    target_link_libraries(${target} PUBLIC ${link})
+    target_link_libraries(${target} ${scope} ${link})
   endforeach()
 endfunction()
