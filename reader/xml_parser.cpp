@@ -1,0 +1,120 @@
+#include "reader/xml_parser.h"
+
+#include <expat.h>
+
+#include <cstring>
+
+namespace Xml {
+
+namespace {
+
+/// Stands between namespace and local part in the names that expat gives. No document can hold it.
+constexpr char kNameSeparator = '\x01';
+
+}  // namespace
+
+/// What expat calls. Nothing tells whether its frames can be unwound, so an exception is kept until
+/// they are gone, and nothing reaches the handler in between.
+struct Parser::Callbacks {
+  static void XMLCALL start(void* parser, const char* name, const char** namesAndValues) {
+    guard(parser, [=](Parser& self) { self.startElement(name, namesAndValues); });
+  }
+
+  static void XMLCALL end(void* parser, const char* name) {
+    guard(parser, [=](Parser& self) { self.endElement(name); });
+  }
+
+  static void XMLCALL characters(void* parser, const char* data, int length) {
+    guard(parser, [=](Parser& self) { self.characters(data, length); });
+  }
+
+  template <class Event>
+  static void guard(void* parser, Event event) {
+    Parser& self = *static_cast<Parser*>(parser);
+    if (self.failure_) return;
+    try {
+      event(self);
+    } catch (...) {
+      self.failure_ = std::current_exception();
+    }
+  }
+};
+
+void Parser::ParserDeleter::operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
+
+Parser::Parser(Handler* handler, bool namespaces, const char* encoding)
+    : parser_(namespaces ? XML_ParserCreateNS(encoding, kNameSeparator)
+                         : XML_ParserCreate(encoding)),
+      handler_(handler),
+      namespaces_(namespaces) {
+  if (!parser_ || !handler_) return;
+  XML_SetUserData(parser_.get(), this);
+  XML_SetElementHandler(parser_.get(), Callbacks::start, Callbacks::end);
+  XML_SetCharacterDataHandler(parser_.get(), Callbacks::characters);
+}
+
+Parser::~Parser() = default;
+
+bool Parser::parse(const char* buffer, int length, bool isFinal) {
+  const bool accepted =
+      parser_ && XML_Parse(parser_.get(), buffer, length, isFinal) == XML_STATUS_OK;
+  if (failure_) std::rethrow_exception(failure_);
+  if (!accepted && handler_) handler_->parseFailed();
+  return accepted;
+}
+
+std::int32_t Parser::errorCode() const { return parser_ ? XML_GetErrorCode(parser_.get()) : -1; }
+
+std::int32_t Parser::lineNumber() const {
+  return parser_ ? static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser_.get())) : 0;
+}
+
+std::int32_t Parser::columnNumber() const {
+  return parser_ ? static_cast<std::int32_t>(XML_GetCurrentColumnNumber(parser_.get())) : 0;
+}
+
+Parser::Name Parser::splitName(const char* name) {
+  const char* separator = namespaces_ ? std::strrchr(name, kNameSeparator) : nullptr;
+  if (!separator) return {nullptr, name};
+  nameBuffer_.assign(name, separator);
+  return {nameBuffer_.c_str(), separator + 1};
+}
+
+void Parser::startElement(const char* name, const char* const* namesAndValues) {
+  if (handler_->isSkipping()) return handler_->enterSkipped();
+
+  const Name element = splitName(name);
+  std::uint32_t namespaceId = 0;
+  std::uint32_t elementId = 0;
+  if (!handler_->lookupElement(element.namespaceUri, element.localName, namespaceId, elementId)) {
+    return handler_->enterSkipped();
+  }
+
+  attributes_.clear();
+  for (; *namesAndValues; namesAndValues += 2) {
+    const Name attribute = splitName(namesAndValues[0]);
+    Attribute record{0, 0, namesAndValues[1]};
+    if (handler_->lookupAttribute(attribute.namespaceUri, attribute.localName, record.namespaceId,
+                                  record.attributeId)) {
+      attributes_.push_back(record);
+    }
+  }
+  handler_->startElement(namespaceId, elementId, attributes_);
+}
+
+void Parser::endElement(const char* name) {
+  if (handler_->isSkipping()) return handler_->leaveSkipped();
+
+  const Name element = splitName(name);
+  std::uint32_t namespaceId = 0;
+  std::uint32_t elementId = 0;
+  if (handler_->lookupElement(element.namespaceUri, element.localName, namespaceId, elementId)) {
+    handler_->finishElement(namespaceId, elementId);
+  }
+}
+
+void Parser::characters(const char* data, int length) {
+  if (!handler_->isSkipping()) handler_->characters(data, static_cast<std::size_t>(length));
+}
+
+}  // namespace Xml
