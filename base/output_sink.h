@@ -1,0 +1,88 @@
+// The way of all written text to its stream.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <iosfwd>
+#include <memory>
+#include <string_view>
+
+#include "base/format_number.h"
+
+namespace Ubase {
+
+/// Gathers text in a buffer of fixed size and hands it on to a stream, block by block. Numbers are
+/// written as a stream with default settings writes them. Whether the stream took everything is
+/// seen from its state after flush(). The stream must outlive the sink or the next attach().
+class OutputSink {
+ public:
+  /// A sink without a stream: text is dropped until attach().
+  OutputSink() : OutputSink(nullptr) {}
+  explicit OutputSink(std::ostream& stream) : OutputSink(&stream) {}
+  OutputSink(const OutputSink&) = delete;
+  OutputSink& operator=(const OutputSink&) = delete;
+  /// Hands on what is left.
+  ~OutputSink();
+
+  /// Hands on what is left and goes on with another stream.
+  void attach(std::ostream& stream);
+
+  /// Hands all text that was written so far on to the stream, which may keep it in a buffer of its
+  /// own.
+  void flush();
+
+  OutputSink& put(char c) {
+    if (at_ == end_) flush();
+    *at_++ = c;
+    return *this;
+  }
+
+  OutputSink& write(const char* data, std::size_t size) {
+    if (size > room()) return writeLarge(data, size);
+    at_ = std::copy_n(data, size, at_);
+    return *this;
+  }
+
+  OutputSink& operator<<(char c) { return put(c); }
+  OutputSink& operator<<(std::string_view text) { return write(text.data(), text.size()); }
+  /// A null pointer writes nothing.
+  OutputSink& operator<<(const char* text) { return text ? write(text, std::strlen(text)) : *this; }
+
+  OutputSink& operator<<(double value) {
+    reserveNumber();
+    at_ = formatDouble(at_, value);
+    return *this;
+  }
+  OutputSink& operator<<(int value) { return writeInteger(value); }
+  OutputSink& operator<<(unsigned value) { return writeInteger(value); }
+  OutputSink& operator<<(long value) { return writeInteger(value); }
+  OutputSink& operator<<(unsigned long value) { return writeInteger(value); }
+
+ private:
+  static constexpr std::size_t bufferSize = 64 * 1024;
+
+  explicit OutputSink(std::ostream* stream);
+
+  std::size_t room() const { return static_cast<std::size_t>(end_ - at_); }
+
+  void reserveNumber() {
+    if (room() < longestNumber) flush();
+  }
+
+  template <class Integer>
+  OutputSink& writeInteger(Integer value) {
+    reserveNumber();
+    at_ = formatInteger(at_, value);
+    return *this;
+  }
+
+  OutputSink& writeLarge(const char* data, std::size_t size);
+
+  std::ostream* stream_;
+  std::unique_ptr<char[]> buffer_;
+  char* at_;
+  char* end_;
+};
+
+}  // namespace Ubase

@@ -1,0 +1,112 @@
+#include "base/scan.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <iterator>
+#include <limits>
+
+namespace Ubase {
+namespace {
+
+// Bytes above 0x7F may be white space to sscanf, depending on the locale. A fast path meets them as
+// neither white space nor part of a number and gives up.
+bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+// A NUL-terminated text with a known end, and the place that the scan has reached.
+class Scanner {
+ public:
+  explicit Scanner(const char* text) : at_(text), end_(text + std::strlen(text)) {}
+
+  bool scan(double& number) { return scanPlain(number) || scanByFormat(" %lf%n", &number); }
+  bool scan(long& number) { return scanPlain(number) || scanByFormat(" %ld%n", &number); }
+  bool scan(ScannedWord& word) { return scanPlain(word) || scanByFormat(" %10s%n", word.data()); }
+
+  // A word that begins with "#".
+  bool scanMarked(ScannedWord& word) {
+    skipSpace();
+    if (at_ != end_ && isAscii(*at_)) return *at_ == '#' && (++at_, scan(word));
+    return scanByFormat(" #%10s%n", word.data());
+  }
+
+ private:
+  void skipSpace() {
+    while (isSpace(*at_)) ++at_;
+  }
+
+  // A decimal number without a plus sign that is followed by white space or the end.
+  template <class Number>
+  bool scanPlain(Number& number) {
+    skipSpace();
+    const char* digits = at_ + (*at_ == '-');
+    if (!isDigit(*digits) && *digits != '.') return false;  // not for us: inf, nan
+    Number value;
+    const auto [behind, error] = std::from_chars(at_, end_, value);
+    if (error != std::errc() || !(behind == end_ || isSpace(*behind))) return false;
+    number = value;
+    at_ = behind;
+    return true;
+  }
+
+  // A word of ASCII characters.
+  bool scanPlain(ScannedWord& word) {
+    skipSpace();
+    const char* behind = at_;
+    const char* limit = at_ + std::min(end_ - at_, std::ssize(word) - 1);
+    while (behind != limit && isAscii(*behind) && !isSpace(*behind)) ++behind;
+    if (behind == at_ || !isAscii(*behind)) return false;
+    *std::copy(at_, behind, word.begin()) = '\0';
+    at_ = behind;
+    return true;
+  }
+
+  template <class Target>
+  bool scanByFormat(const char* format, Target* target) {
+    int length = 0;
+    if (std::sscanf(at_, format, target, &length) != 1) return false;
+    at_ += length;
+    return true;
+  }
+
+  const char* at_;
+  const char* end_;
+};
+
+}  // namespace
+
+int scanDoubles(const char* text, std::span<double> numbers) {
+  return scanPoint(text, numbers, {});
+}
+
+int scanPoint(const char* text, std::span<double> numbers, std::span<ScannedWord> words) {
+  Scanner scanner(text);
+  int items = 0;
+  for (double& number : numbers) {
+    if (!scanner.scan(number)) return items;
+    ++items;
+  }
+  for (ScannedWord& word : words) {
+    if (!scanner.scanMarked(word)) return items;
+    ++items;
+  }
+  return items;
+}
+
+bool scanDouble(const char* text, double& number) { return Scanner(text).scan(number); }
+
+bool scanLong(const char* text, std::int32_t& number) {
+  using Bounds = std::numeric_limits<std::int32_t>;
+  long wide;
+  if (!Scanner(text).scan(wide)) return false;
+  number = static_cast<std::int32_t>(std::clamp<long>(wide, Bounds::min(), Bounds::max()));
+  return true;
+}
+
+bool scanInt(const char* text, int& number) { return std::sscanf(text, "%d", &number) == 1; }
+
+bool scanWord(const char* text, ScannedWord& word) { return Scanner(text).scan(word); }
+
+}  // namespace Ubase
