@@ -1,0 +1,21 @@
+// Nodes that have no children.
+#pragma once
+
+#include "dom/node.h"
+
+namespace Arbor {
+
+/// A leaf of the tree. It refuses children.
+class AtomicNode : public Node {
+ public:
+  Node* firstChild() const override { return nullptr; }
+  Node* lastChild() const override { return nullptr; }
+  bool canReplaceChildren(Node* first, unsigned count, Node* newChildren) const override;
+  /// Throws DomException HierarchyRequest.
+  void doReplaceChildren(Node* first, unsigned count, Node* newChildren) override;
+
+ protected:
+  using Node::Node;
+};
+
+}  // namespace Arbor

@@ -1,0 +1,123 @@
+// The document: root of a tree, and the hub of everything that happens to it.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "dom/document_fragment.h"
+#include "dom/element.h"
+#include "dom/event.h"
+#include "dom/operation_history.h"
+#include "dom/text.h"
+
+namespace Arbor {
+
+class RangeList;
+
+/// The root of a tree. Its first child is the root element.
+///
+/// A document executes and records the changes of its tree, tells its observers about them and owns
+/// its ranges. In a batch nothing is recorded or told.
+///
+/// A document lives on the heap and is given up by release(), like any node. If ranges were made,
+/// tearDown() comes first, since they may hold the document itself. With the last reference the
+/// content goes; the empty document then stays behind for as long as somebody holds a node that was
+/// made for it, so that ownerDocument() of that node can be used.
+class Document : public InnerNode {
+ public:
+  ~Document() override;
+  void release() override;
+
+  int nodeType() const override { return DocumentNode; }
+  Token nodeName() const override;
+  /// Throws DomException NotSupported.
+  Node* cloneNode(bool deep) const override;
+  /// Writes the XML declaration, the root element and a newline.
+  std::ostream& writeXml(std::ostream& out) const override;
+  void doReplaceChildren(Node* first, unsigned count, Node* newChildren) override;
+
+  /// A new element, or null for an unknown name.
+  virtual Element* createElement(Token tagName) = 0;
+  Text* createTextNode(const char* text);
+  DocumentFragment* createDocumentFragment();
+  /// A range with both points at the start of the document; null after tearDown().
+  Ref<Range> createRange(bool selected);
+
+  Element* documentElement() const;
+
+  /// Subscribes to one type of events, or to all. A null observer is ignored. Observers are told in
+  /// the order of subscription, save that a place given up is taken by the next who subscribes.
+  virtual void addObserver(IDocObserver* observer);
+  virtual void addObserver(IDocObserver* observer, Token eventType);
+  /// End all subscriptions of the observer, or one; each is told by observerDetached().
+  virtual void removeObserver(IDocObserver* observer);
+  virtual void removeObserver(IDocObserver* observer, Token eventType);
+
+  /// Between these two nothing is recorded or told. They nest. A batch empties the undo history.
+  virtual void beginBatch();
+  virtual void endBatch();
+  bool isInBatch() const { return batchDepth_ > 0; }
+
+  /// Runs the operation and records it. An exception passes through, and the document then counts
+  /// as executing from there on: later deferred operations wait for ever.
+  void execute(std::unique_ptr<Ubase::Operation> operation);
+
+  /// Runs the operation when the execution under way has ended, at once if there is none, without
+  /// recording it.
+  virtual void executeDeferred(std::unique_ptr<Ubase::Operation> operation);
+
+  void undo();
+  void redo();
+  bool canUndo() const { return history_.canUndo(); }
+  bool canRedo() const { return history_.canRedo(); }
+  /// The largest number of groups that can be undone, 100 at first. Empties the history. Within a
+  /// batch the number takes effect at its end.
+  void setUndoLimit(unsigned limit);
+  void clearUndo() { history_.clear(); }
+  void startUndoGroup() { history_.startGroup(); }
+
+  /// The selected ranges one by one, null at the end. The second throws DomException NotFound for
+  /// null and WrongDocument for a range of another document.
+  Range* firstSelectedRange() const;
+  Range* nextSelectedRange(const Range* range) const;
+
+  /// Ends everything but the tree: observers and ranges are detached, the history is emptied, and
+  /// the document stays in a batch. Can be called again.
+  virtual void tearDown();
+
+  /// Tells the observers of this type of event.
+  virtual void notify(const DomEvent& event);
+
+ protected:
+  Document();
+
+ private:
+  friend class Node;
+
+  struct Subscription {
+    Token eventType;         // null: all events
+    IDocObserver* observer;  // null: given up
+  };
+
+  // How many nodes, made for this document, are alive; the document itself does not count.
+  void nodeMade() { ++nodeCount_; }
+  void nodeGone();
+
+  void endSubscription(Subscription& subscription);
+  void runPending();
+  void removeUnreferencedRanges();
+
+  OperationHistory history_;
+  std::vector<Subscription> observers_;
+  std::deque<std::unique_ptr<Ubase::Operation>> pendingOperations_;
+  Ref<RangeList> ranges_;
+  std::size_t nodeCount_ = 0;
+  unsigned batchDepth_ = 0;
+  unsigned savedHistoryLimit_ = 0;
+  unsigned executionDepth_ = 0;
+  bool isAbandoned_ = false;
+};
+
+}  // namespace Arbor

@@ -1,0 +1,54 @@
+// What the tree raises when it is asked for something that it refuses.
+#pragma once
+
+#include <exception>
+
+namespace Arbor {
+
+/// A refused change or question. It is thrown before anything has changed.
+class DomException : public std::exception {
+ public:
+  enum Code : int {
+    IndexSize = 1,
+    DomStringSize = 2,
+    HierarchyRequest = 3,
+    WrongDocument = 4,
+    InvalidCharacter = 5,
+    NoDataAllowed = 6,
+    NoModificationAllowed = 7,
+    NotFound = 8,
+    NotSupported = 9,
+    InUseAttribute = 10,
+    InvalidState = 11,
+    Syntax = 12,
+    InvalidModification = 13,
+    Namespace = 14,
+    InvalidAccess = 15,
+  };
+
+  explicit DomException(int code) : code_(code) {}
+  int code() const { return code_; }
+
+  /// "INDEX_SIZE_ERR" and so on; "<<invalid>>" for a number that is no code.
+  const char* name() const;
+
+ private:
+  int code_;
+};
+
+/// A pair of boundary points that makes no range.
+class RangeException : public std::exception {
+ public:
+  enum Code : int { BadBoundaryPoints = 1, InvalidNodeType = 2 };
+
+  explicit RangeException(int code) : code_(code) {}
+  int code() const { return code_; }
+
+  /// "BAD_BOUNDARYPOINTS_ERR" or "INVALID_NODE_TYPE_ERR"; "<<invalid>>" for any other number.
+  const char* name() const;
+
+ private:
+  int code_;
+};
+
+}  // namespace Arbor

@@ -1,0 +1,60 @@
+// Elements: named inner nodes with attributes.
+#pragma once
+
+#include "base/variant.h"
+#include "dom/inner_node.h"
+
+namespace Arbor {
+
+using Ubase::Variant;
+
+/// An inner node with a tag name and attributes. How attributes are stored is left to the derived
+/// class.
+class Element : public InnerNode {
+ public:
+  int nodeType() const override { return ElementNode; }
+  Token nodeName() const override { return tagName(); }
+  Element* asElement() override { return this; }
+  using Node::asElement;
+
+  virtual Token tagName() const = 0;
+
+  virtual Variant getAttribute(Token name) const = 0;
+  /// Throws DomException NoModificationAllowed, or HierarchyRequest if canSetAttribute() refuses.
+  virtual void setAttribute(Token name, const Variant& value);
+  /// Does nothing if there is no such attribute. Throws DomException NoModificationAllowed, or
+  /// HierarchyRequest if canRemoveAttribute() refuses.
+  virtual void removeAttribute(Token name);
+  virtual bool hasAttribute(Token name) const = 0;
+
+  virtual bool canSetAttribute(Token name, const Variant& value) const;
+  virtual bool canRemoveAttribute(Token name) const;
+
+  /// Do what was checked, without checks, record or events.
+  virtual void doSetAttribute(Token name, const Variant& value) = 0;
+  virtual void doRemoveAttribute(Token name) = 0;
+
+  /// Told around a change of an attribute of `origin`: to `origin` first, then to its descendants
+  /// from the top down. The result tells whether the children shall be told as well.
+  virtual bool beforeSetAttribute(Element& origin, Token name, const Variant& value);
+  virtual bool afterSetAttribute(Element& origin, Token name);
+  virtual bool beforeRemoveAttribute(Element& origin, Token name);
+  virtual bool afterRemoveAttribute(Element& origin, Token name);
+
+  /// Writes "<tag", the attributes, ">", the content, the children and "</tag>". Elements below are
+  /// written by their own isWritten(), writeAttributes() and writeContent(), not by their
+  /// writeXml().
+  std::ostream& writeXml(std::ostream& out) const override;
+
+  /// Whether the element appears in XML at all.
+  virtual bool isWritten() const { return true; }
+  /// Writes each attribute with a blank before it.
+  virtual std::ostream& writeAttributes(std::ostream& out) const { return out; }
+  /// Writes what stands between the start tag and the children.
+  virtual std::ostream& writeContent(std::ostream& out) const { return out; }
+
+ protected:
+  using InnerNode::InnerNode;
+};
+
+}  // namespace Arbor

@@ -1,0 +1,94 @@
+// The changes of a tree as objects that can be undone. The checked mutators of the nodes make them.
+#pragma once
+
+#include <string>
+
+#include "base/operation.h"
+#include "base/variant.h"
+#include "dom/element.h"
+#include "dom/text.h"
+
+namespace Arbor {
+
+/// A change of one node. It tells the observers of the document before and after.
+class ModelOperation : public Ubase::Operation {
+ protected:
+  explicit ModelOperation(Node* node);
+  ~ModelOperation() override;
+
+  Document& document() const { return *document_; }
+
+ private:
+  Document* document_;
+  Ref<Node> node_;
+
+ protected:
+  Node* node() const { return node_.get(); }
+};
+
+/// Replaces `count` children of `node` from `first` on by the chain `newChildren`. When done it has
+/// become its own inverse, so undo is the same call.
+class ReplaceChildrenOperation final : public ModelOperation {
+ public:
+  ReplaceChildrenOperation(Node* node, Node* first, unsigned count, Node* newChildren);
+  void execute() override;
+  void undo() override { execute(); }
+
+ private:
+  Node* first_;
+  unsigned count_;
+  Ref<Node> newChildren_;
+};
+
+/// Replaces `count` bytes from `offset` on by `text`. Undo is the same call with the old text; it
+/// takes out as many bytes as the change itself did, whatever the length of the new text was.
+class ReplaceTextOperation final : public ModelOperation {
+ public:
+  ReplaceTextOperation(Text* node, unsigned offset, unsigned count, const char* text);
+  void execute() override;
+  void undo() override { execute(); }
+
+ private:
+  unsigned offset_;
+  unsigned count_;
+  std::string text_;
+};
+
+/// A change of the attribute `name`.
+class AttributeOperation : public ModelOperation {
+ protected:
+  AttributeOperation(Element* node, Token name);
+
+  Element& element() const { return *node()->asElement(); }
+  Token name() const { return name_; }
+  bool hadAttribute() const { return hadAttribute_; }
+
+  void setWithEvents(const Variant& value);
+  void removeWithEvents();
+
+ private:
+  Token name_;
+  bool hadAttribute_;
+};
+
+class SetAttributeOperation final : public AttributeOperation {
+ public:
+  SetAttributeOperation(Element* node, Token name, const Variant& value);
+  void execute() override;
+  void undo() override;
+
+ private:
+  Variant newValue_;
+};
+
+class RemoveAttributeOperation final : public AttributeOperation {
+ public:
+  RemoveAttributeOperation(Element* node, Token name);
+  void execute() override;
+  void undo() override;
+
+ private:
+  Variant removedValue_;
+};
+
+}  // namespace Arbor

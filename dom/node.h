@@ -1,0 +1,180 @@
+// The node: what everything in a document tree has in common.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+
+#include "base/ref_counted.h"
+#include "base/token.h"
+
+namespace Arbor {
+
+using Ubase::Ref;
+using Ubase::Token;
+
+class Document;
+class DocumentFragment;
+class Element;
+class InnerNode;
+class Text;
+
+/// A node of a document tree.
+///
+/// A parent owns its first child and each child the sibling that follows, so the owner of a node
+/// owns the whole run of siblings behind it; parent and previous sibling are plain back pointers. A
+/// node that outlives its parent, because somebody else holds it, has no parent from then on.
+///
+/// A new node has reference count 0 and is in no tree. Whoever makes one keeps it in a Ref until a
+/// parent has taken it.
+///
+/// Every change of a node that is in its document (see isInDocument()) runs through an operation of
+/// the document, which can take it back and tells the observers. Other nodes change directly.
+class Node : public Ubase::RefCounted<Ubase::IResource> {
+ public:
+  enum Type : int {
+    ElementNode = 1,
+    TextNode = 3,
+    DocumentNode = 9,
+    DocumentFragmentNode = 11,
+    RangeNode = 1000,
+    RangeListNode = 1001,
+  };
+
+  ~Node() override;
+
+  /// The document that the node was made for; it may be put into no other. Not dangling even when
+  /// that document was given up long ago, see Document. A document is its own owner.
+  Document* ownerDocument() const { return ownerDocument_; }
+
+  InnerNode* parent() const { return parent_; }
+  Node* nextSibling() const { return nextSibling_.get(); }
+  Node* previousSibling() const { return previousSibling_; }
+  virtual Node* firstChild() const = 0;
+  virtual Node* lastChild() const = 0;
+
+  /// A new node in no tree with the same values; with `deep` it has copies of all descendants.
+  /// A class copies its own fields in its copy constructor and the rest by cloneChildrenInto().
+  virtual Node* cloneNode(bool deep) const = 0;
+
+  virtual int nodeType() const = 0;
+  virtual Token nodeName() const = 0;
+
+  /// The number of children, or of bytes of a text. Children are counted by walking.
+  virtual unsigned length() const = 0;
+
+  /// This node as what it is, null if it is something else.
+  virtual Element* asElement() { return nullptr; }
+  virtual Text* asText() { return nullptr; }
+  virtual DocumentFragment* asDocumentFragment() { return nullptr; }
+  const Element* asElement() const { return const_cast<Node*>(this)->asElement(); }
+  const Text* asText() const { return const_cast<Node*>(this)->asText(); }
+  const DocumentFragment* asDocumentFragment() const {
+    return const_cast<Node*>(this)->asDocumentFragment();
+  }
+
+  /// The text of a text node, null for an empty one and for all other nodes.
+  virtual const char* nodeValue() const { return nullptr; }
+  /// Replaces the text of a text node; does nothing for all other nodes.
+  virtual void setNodeValue(const char* text);
+  /// Whether this is a text that takes this change, see Text::replaceData().
+  virtual bool canReplaceText(unsigned offset, unsigned count, const char* text) const;
+
+  /// Called for this one node after it has come into the document, alone or as part of a subtree.
+  /// The parent's call comes before those of its children.
+  virtual void attachedToDocument() {}
+
+  /// Writes the node with all below it as XML, and returns the stream.
+  virtual std::ostream& writeXml(std::ostream& out) const = 0;
+
+  /// A read-only node refuses every change with NoModificationAllowed.
+  virtual bool isReadOnly() const { return false; }
+
+  /// Whether the node takes this change of its children. What it refuses ends in HierarchyRequest.
+  virtual bool canReplaceChildren(Node* first, unsigned count, Node* newChildren) const = 0;
+
+  /// Does what replaceChildren() has checked, without checks, record or events.
+  virtual void doReplaceChildren(Node* first, unsigned count, Node* newChildren) = 0;
+
+  /// Replaces `count` children from `first` on by `newChildren`, a node in no tree with all
+  /// siblings behind it. A null `first` stands for the end of the list; with count 0 nothing is
+  /// taken out. Throws DomException NotFound (`first` is no child of this node), WrongDocument,
+  /// NoModificationAllowed or HierarchyRequest (refused by canReplaceChildren(); or a new child is
+  /// in a tree already, or holds this node).
+  void replaceChildren(Node* first, unsigned count, Node* newChildren);
+
+  /// The following put a node in, after taking it out of the place that it had before; a fragment
+  /// stands for its children, and is empty and used up afterwards. They raise what
+  /// replaceChildren() raises, and then leave the node where it was. The first two return the first
+  /// node put in.
+  Node* appendChild(Node* newChild);
+  /// A null `refChild` means append.
+  Node* insertBefore(Node* newChild, Node* refChild);
+  /// Returns `oldChild`.
+  Ref<Node> replaceChild(Node* newChild, Node* oldChild);
+
+  /// Takes `child` out and returns it. Raises what replaceChildren() raises.
+  Ref<Node> removeChild(Node* child);
+
+  /// The first child with this node name, or null.
+  Node* firstChildByName(Token name) const;
+  /// Null past the end.
+  Node* childAt(unsigned index) const;
+  /// The number of siblings before this node.
+  unsigned indexInParent() const;
+
+  /// Whether the node is the document's first child or below that. The document itself is not.
+  bool isInDocument() const { return hasFlag(InDocument); }
+
+  /// Appends deep copies of all children to `target`, without checks, record or events.
+  void cloneChildrenInto(Node& target) const;
+
+  /// The number of nodes from `node` to the end of its siblings, 0 for null.
+  friend unsigned countSiblingsFrom(const Node* node);
+
+  /// The innermost node that holds both, where each node holds itself; null for separate trees.
+  friend Node* commonAncestor(Node* a, Node* b);
+
+ protected:
+  explicit Node(Document* owner);
+  /// A new node in no tree, of the same document.
+  Node(const Node& other);
+
+  /// Bits 1 to 14 of the flags are free for derived classes.
+  bool hasFlag(unsigned bit) const { return (flags_ >> bit & 1U) != 0; }
+  void setFlag(unsigned bit, bool value);
+
+ private:
+  friend class Document;
+  friend class InnerNode;
+  friend class Text;
+
+  enum Flag : unsigned { AncestorMark = 0, InDocument = 15 };
+
+  void checkReplaceChildren(Node* first, unsigned count, Node* newChildren) const;
+  void performReplaceChildren(Node* first, unsigned count, Node* newChildren);
+  Node* putIn(Node* first, unsigned count, Node* newChild);
+
+  // All links between siblings are made and cut, and all parents set, by these three. A slot is the
+  // place that owns a chain: the `nextSibling_` of the node before it or its parent's first child.
+  static void link(Ref<Node>& slot, Node* before, Ref<Node> chain);
+  static Ref<Node> cut(Ref<Node>& slot);
+  static void setParents(Node* chain, InnerNode* parent);
+
+  /// Brings the mark that isInDocument() reads up to date in a whole subtree.
+  void markInDocument(bool inDocument);
+
+  std::uint16_t flags_ = 0;
+  Document* ownerDocument_;
+  InnerNode* parent_ = nullptr;
+  Ref<Node> nextSibling_;
+  Node* previousSibling_ = nullptr;
+};
+
+// 8 virtual table, 4 reference count, 2 flags (and 2 free), 8 each for owner, parent and siblings.
+static_assert(sizeof(void*) != 8 || sizeof(Node) == 48);
+
+unsigned countSiblingsFrom(const Node* node);
+Node* commonAncestor(Node* a, Node* b);
+
+}  // namespace Arbor

@@ -1,0 +1,50 @@
+// The record of what was done to a document, for undo and redo.
+#pragma once
+
+#include <deque>
+#include <memory>
+
+#include "base/operation.h"
+
+namespace Arbor {
+
+/// Operations in groups; a group is undone and redone as one. What is added joins the group under
+/// way until startGroup() is called or something is undone or redone.
+///
+/// While undo() or redo() runs, an observer may cause further changes. Those are not recorded, and
+/// clear() takes effect when the run is over.
+class OperationHistory {
+ public:
+  /// Takes over an operation that was executed just now. All that could be redone is lost, and the
+  /// oldest group if there are more than the limit.
+  void add(std::unique_ptr<Ubase::Operation> operation);
+
+  void undo();
+  void redo();
+  bool canUndo() const { return position_ > 0; }
+  bool canRedo() const { return position_ < groupStarts_.size(); }
+
+  /// The largest number of groups kept; with 0 nothing is recorded. Empties the history.
+  void setLimit(unsigned limit);
+  unsigned limit() const { return limit_; }
+
+  void clear();
+  void startGroup() { startNewGroup_ = true; }
+
+ private:
+  class Replay;
+
+  std::size_t groupEnd(std::size_t group) const;
+  void dropRedoable();
+  void dropOldestGroup();
+
+  std::deque<std::unique_ptr<Ubase::Operation>> operations_;
+  std::deque<std::size_t> groupStarts_;
+  std::size_t position_ = 0;  // number of groups that are done
+  unsigned limit_ = 100;
+  bool startNewGroup_ = true;
+  bool replaying_ = false;
+  bool clearAfterReplay_ = false;
+};
+
+}  // namespace Arbor

@@ -1,0 +1,108 @@
+// Ranges: pairs of boundary points that follow the changes of the tree.
+#pragma once
+
+#include "dom/atomic_node.h"
+#include "dom/event.h"
+
+namespace Arbor {
+
+/// From a start point to an end point. A point is a container and an offset in it: an index among
+/// the children of an inner node, or a number of bytes in a text.
+///
+/// A range is made by Document::createRange(). It is live until it is detached, for good. During a
+/// batch it is frozen: a batch throws all bounds back to the start of the document. A selected
+/// range keeps itself alive until deselect() and tells the observers of its changes.
+///
+/// All operations throw DomException InvalidState on a detached range, but for those that say what
+/// else they do.
+class Range : public AtomicNode, public IDocObserver {
+ public:
+  enum CompareHow : int { StartToStart = 0, StartToEnd = 1, EndToEnd = 2, EndToStart = 3 };
+
+  int nodeType() const override { return RangeNode; }
+  Token nodeName() const override;
+  unsigned length() const override { return 0; }
+  /// cloneRange() with the selection of this range.
+  Node* cloneNode(bool deep) const override;
+  /// Writes nothing.
+  std::ostream& writeXml(std::ostream& out) const override;
+
+  /// The bounds; null and 0 once detached.
+  Node* startContainer() const { return startContainer_.get(); }
+  unsigned startOffset() const { return startOffset_; }
+  Node* endContainer() const { return endContainer_.get(); }
+  unsigned endOffset() const { return endOffset_; }
+
+  bool isDetached() const { return hasFlag(Detached); }
+  bool isSelected() const { return hasFlag(Selected); }
+  bool isFrozen() const { return hasFlag(Frozen); }
+
+  bool collapsed() const;
+  void collapse(bool toStart);
+  Node* commonAncestorContainer() const;
+
+  /// Throw DomException WrongDocument (also for a null node) or IndexSize (the offset is above the
+  /// node's length()), and RangeException BadBoundaryPoints if the start would come after the end.
+  void setStart(Node* node, unsigned offset);
+  void setEnd(Node* node, unsigned offset);
+  void setStartBefore(Node* node);
+  void setStartAfter(Node* node);
+  void setEndBefore(Node* node);
+  void setEndAfter(Node* node);
+
+  /// Both bounds at once. Throw DomException WrongDocument; selectNode() also for a node that has
+  /// no parent.
+  void selectNode(Node* node);
+  void selectNodeContents(Node* node);
+
+  /// -1, 0 or 1: one of these bounds compared with one of the other range's, see CompareHow (0 for
+  /// any other value). Throws DomException WrongDocument, or InvalidState if either is detached.
+  int compareBoundaryPoints(int how, const Range& other) const;
+
+  /// A new range with the same bounds.
+  Ref<Range> cloneRange(bool selected) const;
+
+  virtual void detach();
+  void observerDetached(Token eventType) override;
+  void beforeBatch() override;
+  void afterBatch() override;
+  /// Ranges move before the change.
+  void handleEvent(const DomEvent& event) override;
+  /// Does nothing if the range is not selected.
+  virtual void deselect();
+
+ private:
+  friend class Document;
+  friend class RangeList;
+
+  enum Flag : unsigned { Detached = 1, Selected = 2, Frozen = 3 };
+
+  struct Point {
+    Node* container;
+    unsigned offset;
+    bool operator==(const Point&) const = default;
+  };
+
+  explicit Range(Document* owner);
+
+  static int comparePoints(const Point& a, const Point& b);
+
+  Point start() const { return {startContainer_.get(), startOffset_}; }
+  Point end() const { return {endContainer_.get(), endOffset_}; }
+  void checkLive() const;
+  void checkOwner(const Node* node) const;
+  void checkPoint(const Point& point) const;
+  void select();
+  void detachSilently();
+  void setBounds(const Point& newStart, const Point& newEnd);
+  void storeBounds(const Point& newStart, const Point& newEnd);
+  void adjustForText(const BeforeReplaceTextEvent& event);
+  void adjustForChildren(const BeforeReplaceChildrenEvent& event);
+
+  Ref<Node> startContainer_;
+  Ref<Node> endContainer_;
+  unsigned startOffset_ = 0;
+  unsigned endOffset_ = 0;
+};
+
+}  // namespace Arbor
