@@ -1,0 +1,126 @@
+// Measures the program against the floor: CPU time of whole processes, user and system together,
+// by the median of several runs that alternate between the two.
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Cost {
+  double milliseconds;
+  double megabytes;  ///< the most memory that was in use at once
+};
+
+/// Runs a program to its end with `output` as its standard output.
+Cost run(const std::vector<std::string>& command, const fs::path& output) {
+  std::vector<char*> argv;
+  for (const std::string& word : command) argv.push_back(const_cast<char*>(word.c_str()));
+  argv.push_back(nullptr);
+
+  const pid_t child = fork();
+  if (child == 0) {
+    const int file = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    if (file >= 0 && dup2(file, STDOUT_FILENO) >= 0) execv(argv[0], argv.data());
+    _exit(127);
+  }
+  int status = 0;
+  rusage usage{};
+  if (child < 0 || wait4(child, &status, 0, &usage) != child || status != 0) {
+    throw std::runtime_error("failed: " + command.front() + " " + command.back());
+  }
+  const auto milliseconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+  };
+  return {milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime),
+          static_cast<double>(usage.ru_maxrss) / 1024};
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+struct Workload {
+  const char* kind;
+  int n;
+  double items;  ///< points, cells or objects
+};
+
+constexpr Workload kWorkloads[] = {
+    {"mesh", 2, 4},           {"mesh", 100, 1e4},
+    {"mesh", 200, 4e4},       {"mesh", 1000, 1e6},
+    {"curve", 10'000, 1e4},   {"curve", 1'000'000, 1e6},
+    {"density", 100, 1e4},    {"density", 1000, 1e6},
+    {"objects", 10'000, 1e4}, {"objects", 100'000, 1e5},
+};
+
+class Measurement {
+ public:
+  Measurement(fs::path programs, fs::path folder, int runs)
+      : programs_(std::move(programs)), folder_(std::move(folder)), runs_(runs) {}
+
+  /// Measures a workload and prints its line of the table.
+  void measure(const Workload& workload) const {
+    const std::string size = std::to_string(workload.n);
+    const fs::path document = folder_ / "in.zrd";
+    const fs::path result = folder_ / "out.jvx";
+    run({programs_ / "bench/bench_generate", workload.kind, size}, document);
+
+    std::vector<double> floor;
+    std::vector<double> program;
+    double memory = 0;
+    for (int i = 0; i < runs_; ++i) {
+      floor.push_back(run({programs_ / "bench/bench_floor", document}, "/dev/null").milliseconds);
+      fs::remove(result);
+      const Cost cost = run({programs_ / "driver/vantry", "-o", result, document}, "/dev/null");
+      program.push_back(cost.milliseconds);
+      memory = std::max(memory, cost.megabytes);
+    }
+
+    const double floorTime = median(floor);
+    const double programTime = median(program);
+    std::printf("%-8s %8d %9.1f %9.1f %9.2f %9.2f %6.2f %9.0f %7.1f\n", workload.kind, workload.n,
+                megabytes(document), megabytes(result), floorTime, programTime,
+                programTime / floorTime, programTime * 1e6 / workload.items, memory);
+    std::fflush(stdout);
+  }
+
+ private:
+  static double megabytes(const fs::path& file) {
+    return static_cast<double>(fs::file_size(file)) / (1024 * 1024);
+  }
+
+  fs::path programs_;
+  fs::path folder_;
+  int runs_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+  const int runs = argc == 4 ? std::atoi(argv[3]) : 0;
+  if (runs <= 0) {
+    std::fputs("usage: bench_measure <build-folder> <folder-for-files> <runs>\n", stderr);
+    return 1;
+  }
+  std::puts("kind            n     in MB    out MB  floor ms vantry ms  ratio   ns/item peak MB");
+  const Measurement measurement(argv[1], argv[2], runs);
+  for (const Workload& workload : kWorkloads) measurement.measure(workload);
+  return 0;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "%s\n", error.what());
+  return 2;
+}
