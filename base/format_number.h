@@ -1,25 +1,21 @@
 // Numbers as text, the way an output stream with default settings writes them.
 #pragma once
 
-#include <charconv>
-#include <concepts>
 #include <cstddef>
+#include <cstdint>
 
 namespace Ubase {
 
-/// Room enough for the text of any number.
-inline constexpr std::size_t longestNumber = 24;
+/// The room that a number's text needs, whatever its length.
+inline constexpr std::size_t numberRoom = 24;
 
-/// Writes `value` with six significant digits, byte for byte as printf's "%g" in the POSIX locale,
-/// and gives the end of the text. No NUL is written.
-inline char* formatDouble(char* out, double value) {
-  return std::to_chars(out, out + longestNumber, value, std::chars_format::general, 6).ptr;
-}
+/// Writes `value` with six significant digits, byte for byte as printf's "%g" does in the POSIX
+/// locale; a NaN is "nan" or, with its sign bit set, "-nan". Gives the end of the text, which gets
+/// no NUL. Up to `numberRoom` bytes from `out` on may be overwritten.
+char* formatDouble(char* out, double value);
 
-/// Writes `value` in decimal and gives the end of the text. No NUL is written.
-template <std::integral Integer>
-char* formatInteger(char* out, Integer value) {
-  return std::to_chars(out, out + longestNumber, value).ptr;
-}
+/// Writes `value` in decimal, otherwise as formatDouble() does.
+char* formatInteger(char* out, std::int64_t value);
+char* formatInteger(char* out, std::uint64_t value);
 
 }  // namespace Ubase

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iosfwd>
 #include <memory>
@@ -54,10 +55,18 @@ class OutputSink {
     at_ = formatDouble(at_, value);
     return *this;
   }
-  OutputSink& operator<<(int value) { return writeInteger(value); }
-  OutputSink& operator<<(unsigned value) { return writeInteger(value); }
-  OutputSink& operator<<(long value) { return writeInteger(value); }
-  OutputSink& operator<<(unsigned long value) { return writeInteger(value); }
+  OutputSink& operator<<(int value) { return *this << std::int64_t{value}; }
+  OutputSink& operator<<(unsigned value) { return *this << std::uint64_t{value}; }
+  OutputSink& operator<<(std::int64_t value) {
+    reserveNumber();
+    at_ = formatInteger(at_, value);
+    return *this;
+  }
+  OutputSink& operator<<(std::uint64_t value) {
+    reserveNumber();
+    at_ = formatInteger(at_, value);
+    return *this;
+  }
 
  private:
   static constexpr std::size_t bufferSize = 64 * 1024;
@@ -67,14 +76,7 @@ class OutputSink {
   std::size_t room() const { return static_cast<std::size_t>(end_ - at_); }
 
   void reserveNumber() {
-    if (room() < longestNumber) flush();
-  }
-
-  template <class Integer>
-  OutputSink& writeInteger(Integer value) {
-    reserveNumber();
-    at_ = formatInteger(at_, value);
-    return *this;
+    if (room() < numberRoom) flush();
   }
 
   OutputSink& writeLarge(const char* data, std::size_t size);

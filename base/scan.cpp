@@ -1,5 +1,8 @@
 #include "base/scan.h"
 
+#include <langinfo.h>
+#include <locale.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
@@ -15,6 +18,28 @@ namespace {
 bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+// As long as it lives, the C library of this thread takes a point as the decimal mark, whatever the
+// locale says.
+class PointAsDecimalMark {
+ public:
+  PointAsDecimalMark() {
+    if (*nl_langinfo(RADIXCHAR) == '.') return;
+    withPoint_ = newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr)));
+    if (withPoint_) before_ = uselocale(withPoint_);
+  }
+  PointAsDecimalMark(const PointAsDecimalMark&) = delete;
+  PointAsDecimalMark& operator=(const PointAsDecimalMark&) = delete;
+  ~PointAsDecimalMark() {
+    if (!withPoint_) return;
+    uselocale(before_);
+    freelocale(withPoint_);
+  }
+
+ private:
+  locale_t withPoint_ = nullptr;
+  locale_t before_ = nullptr;
+};
 
 // A NUL-terminated text with a known end, and the place that the scan has reached.
 class Scanner {
@@ -65,6 +90,7 @@ class Scanner {
 
   template <class Target>
   bool scanByFormat(const char* format, Target* target) {
+    const PointAsDecimalMark pointAsDecimalMark;
     int length = 0;
     if (std::sscanf(at_, format, target, &length) != 1) return false;
     at_ += length;
