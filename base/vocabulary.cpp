@@ -7,12 +7,6 @@ namespace Ubase {
 
 namespace {
 
-constexpr std::array<Token, wordCount + 1> words = {
-    Token(),
-#define WORD(name, text) Word::name,
-#include "base/vocabulary.def"
-};
-
 constexpr std::array<std::string_view, wordCount + 1> texts = {
     std::string_view(),
 #define WORD(name, text) std::string_view(text),
@@ -43,10 +37,6 @@ constexpr std::size_t shortestWord = 2;
 constexpr std::size_t longestWord = 25;
 
 }  // namespace
-
-Token tokenById(int id) {
-  return id >= 0 && id <= wordCount ? words[static_cast<std::size_t>(id)] : Token();
-}
 
 WordId findWord(std::string_view text) {
   if (text.size() < shortestWord || text.size() > longestWord) return WordId::none;

@@ -1,6 +1,7 @@
 // The vocabulary of the ZRD format: 528 words with the numbers 1 to 528, and a token for each.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -30,8 +31,18 @@ enum class WordId : int {
 
 inline constexpr int wordCount = 528;
 
+/// The tokens of all words by number, with the null token at 0.
+inline constexpr std::array<Token, wordCount + 1> wordTokens = {
+    Token(),
+#define WORD(name, text) Word::name,
+#include "base/vocabulary.def"
+};
+
 /// The token of a word's number; the null token for 0 and for all numbers above 528.
-Token tokenById(int id);
+constexpr Token tokenById(int id) {
+  return id >= 0 && id <= wordCount ? wordTokens[static_cast<std::size_t>(id)] : Token();
+}
+constexpr Token tokenOf(WordId id) { return tokenById(static_cast<int>(id)); }
 
 /// The number of the word with exactly this text; WordId::none for any other text.
 WordId findWord(std::string_view text);

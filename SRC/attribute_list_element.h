@@ -1,0 +1,50 @@
+// Elements that keep their own values in a list and resolve the others at each read.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "SRC/content_element.h"
+
+namespace PlotDom {
+
+/// Holds its attributes in a list that is sorted by token. A property that is not in it is asked of
+/// the style parent at every read, so that a change of a style shows at once.
+class AttributeListElement : public OptionedPlotElement {
+ public:
+  using OptionedPlotElement::OptionedPlotElement;
+
+  Variant getAttribute(Token name) const override;
+  bool hasAttribute(Token name) const override;
+  void doSetAttribute(Token name, const Variant& value) override;
+  void doRemoveAttribute(Token name) override;
+  std::ostream& writeAttributes(std::ostream& out) const override;
+
+  bool hasProperty(Token name) const override;
+  /// Throws 15 also for a mandatory property that has no value.
+  Variant getPropertyValue(Token name) const override;
+  void setPropertyValue(Token name, const Variant& value) override;
+  void propertyChanged(PlotElement& source, Token name) override;
+  void dropInheritedProperties() override;
+
+  /// Tells those who inherit from this element that `name` has changed.
+  virtual void notifyPropertyChanged(Token name) = 0;
+
+ protected:
+  using Attribute = std::pair<Token, Variant>;
+
+  AttributeListElement(const AttributeListElement&) = default;
+
+  const std::vector<Attribute>& attributes() const { return attributes_; }
+
+  /// Writes each attribute in command form.
+  void putAttributes(CmdWriter& writer) const;
+
+ private:
+  const Variant* findAttribute(Token name) const;
+  bool isSameAsInherited(const Attribute& attribute) const;
+
+  std::vector<Attribute> attributes_;
+};
+
+}  // namespace PlotDom

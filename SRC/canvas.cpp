@@ -1,0 +1,78 @@
+#include "SRC/canvas.h"
+
+#include "SRC/property_list_mgr.h"
+#include "SRC/property_types.h"
+
+namespace PlotDom {
+
+namespace {
+
+constexpr OptionBit options[] = {
+    {Word::Header, 1},
+    {Word::Footer, 2},
+    {Word::Scene2dStyle, 4},
+    {Word::Scene3dStyle, 8},
+    {Word::CoordinateSystem2dStyle, 16},
+    {Word::CoordinateSystem3dStyle, 32},
+    {Word::TimeRange, 64},
+};
+
+class CanvasPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    // clang-format off
+    optional<IdPropertyImpl>           (Word::Id,              {});
+    optional<StringTrait>              (Word::Name,            {});
+    optional<ConsistentPropertyImpl>   (Word::Consistent,      false);
+    optional<LayoutType>               (Word::Layout,          Word::Tabular);
+    optional<OutputUnitsType>          (Word::OutputUnits,     Word::MM);
+    inherited<HorizontalAlignmentType> (Word::HeaderAlignment, Word::Center);
+    inherited<HorizontalAlignmentType> (Word::FooterAlignment, Word::Center);
+    optional<RGBATrait>                (Word::BackgroundColor, white);
+    optional<RGBATrait>                (Word::BorderColor,     black);
+    optional<AnimationStyleType>       (Word::AnimationStyle,  Word::RunOnce);
+    optional<NonNegOutputSizeType>     (Word::Spacing,         0);
+    optional<NonNegOutputSizeType>     (Word::TopMargin,       0);
+    optional<NonNegOutputSizeType>     (Word::LeftMargin,      0);
+    optional<NonNegOutputSizeType>     (Word::BottomMargin,    0);
+    optional<NonNegOutputSizeType>     (Word::RightMargin,     0);
+    optional<NonNegOutputSizeType>     (Word::BorderWidth,     0);
+    optional<PosOutputSizeType>        (Word::Width,           100);
+    optional<PosOutputSizeType>        (Word::Height,          75);
+    optional<FontStyleTrait>           (Word::HeaderFont,      FontStyle::standard());
+    optional<FontStyleTrait>           (Word::FooterFont,      FontStyle::standard());
+    optional<NonNegLongType>           (Word::Rows,            0);
+    optional<NonNegLongType>           (Word::Columns,         0);
+    optional<TimeOrNaNType>            (Word::InitialTime,     nan);
+    optional<TimeOrNaNType>            (Word::CurrentTime,     nan);
+    optional<BoolTrait>                (Word::AutoPlay,        false);
+    // clang-format on
+  }
+} canvasPropertyList;
+
+bool holds(const Arbor::Node* node, Token name) {
+  for (; node; node = node->nextSibling()) {
+    if (node->nodeName() == name) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+// Scenes of both dimensions cannot come in one change, though one canvas may hold both.
+bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
+                                Arbor::Node* newChildren) const {
+  return ElementOf::canReplaceChildren(first, count, newChildren) &&
+         !(holds(newChildren, Word::Scene2d) && holds(newChildren, Word::Scene3d));
+}
+
+std::uint32_t Canvas::optionBit(Token name) const { return bitIn(options, name); }
+
+std::uint32_t Canvas::allowedOptions() const { return 127; }
+
+bool Canvas::isContentName(Token name) const {
+  return isOneOf(name, Word::Scene2d, Word::Scene3d, Word::ObjStyle, Word::ObjType);
+}
+
+const Property* Canvas::findProperty(Token name) const { return canvasPropertyList.find(name); }
+
+}  // namespace PlotDom

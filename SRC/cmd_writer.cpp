@@ -1,0 +1,30 @@
+#include "SRC/cmd_writer.h"
+
+#include <ostream>
+
+#include "base/vocabulary.h"
+
+namespace PlotDom {
+
+double CmdWriter::inOutputUnit(double millimetres) const {
+  constexpr double inchesPerMillimetre = 0.03937007874015748;
+  constexpr double pointsPerMillimetre = 2.834645669291339;
+  if (unit_ == Ubase::Word::MM) return millimetres;
+  return millimetres * (unit_ == Ubase::Word::In ? inchesPerMillimetre : pointsPerMillimetre);
+}
+
+void CmdWriter::beginItem() {
+  if (isPending_) *out_ << ",\n";
+  isPending_ = false;
+  ++indent_;
+  for (int level = 0; level < indent_; ++level) *out_ << "  ";
+}
+
+void CmdWriter::endItem() {
+  isPending_ = true;
+  --indent_;
+}
+
+void CmdWriter::beginList() { isPending_ = false; }
+
+}  // namespace PlotDom

@@ -1,0 +1,35 @@
+// The state of one output in the command syntax of the algebra system.
+#pragma once
+
+#include <iosfwd>
+
+#include "base/token.h"
+
+namespace PlotDom {
+
+/// Writes the items of an argument list, each on a line of its own, with commas between them.
+class CmdWriter {
+ public:
+  /// `unit` is the unit of printed sizes: MM, In, and any other token for points.
+  CmdWriter(std::ostream& out, Ubase::Token unit) : out_(&out), unit_(unit) {}
+
+  std::ostream& out() const { return *out_; }
+
+  /// A size in millimetres, in the output unit.
+  double inOutputUnit(double millimetres) const;
+
+  /// Opens an item: the comma and newline behind the previous one, and the indentation.
+  void beginItem();
+  void endItem();
+
+  /// Opens a bracket behind which a list of items of its own begins.
+  void beginList();
+
+ private:
+  std::ostream* out_;
+  Ubase::Token unit_;
+  bool isPending_ = false;
+  int indent_ = 0;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,73 @@
+#include "SRC/content_element.h"
+
+namespace PlotDom {
+
+bool ContentPlotElement::isContentChild(const Arbor::Node& node) const {
+  return isContentName(node.nodeName());
+}
+
+bool ContentPlotElement::refuseContent(const Arbor::Node& child) const {
+  report("not a valid content child '%s' [parent '%s']\n", child.nodeName().str(), tagName().str());
+  return false;
+}
+
+bool ContentPlotElement::canReplaceChildren(Arbor::Node*, unsigned,
+                                            Arbor::Node* newChildren) const {
+  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    if (!isContentChild(*child)) return refuseContent(*child);
+  }
+  return true;
+}
+
+std::uint32_t bitIn(std::span<const OptionBit> table, Token name) {
+  for (const OptionBit& option : table) {
+    if (option.name == name) return option.bit;
+  }
+  return 0;
+}
+
+std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigned count) const {
+  std::uint32_t mask = optionMask_;
+  for (; first && count > 0; first = first->nextSibling(), --count) {
+    mask &= ~optionBit(first->nodeName());
+  }
+  return mask;
+}
+
+bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
+                                             Arbor::Node* newChildren) const {
+  std::uint32_t mask = maskWithout(first, count);
+  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    const std::uint32_t bit = optionBit(child->nodeName());
+    if (bit == 0) {
+      if (!isContentChild(*child)) return refuseContent(*child);
+      continue;
+    }
+    if (mask & bit) {
+      report("option child '%s' defined twice [parent '%s']\n", child->nodeName().str(),
+             tagName().str());
+      return false;
+    }
+    mask |= bit;
+  }
+  if (mask & ~allowedOptions()) {
+    report("illegal option child [parent '%s']\n", tagName().str());
+    return false;
+  }
+  if (requiredOptions() & ~mask) {
+    report("missing option child [parent '%s']\n", tagName().str());
+    return false;
+  }
+  return true;
+}
+
+void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
+                                            Arbor::Node* newChildren) {
+  optionMask_ = maskWithout(first, count);
+  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    optionMask_ |= optionBit(child->nodeName());
+  }
+  ContentPlotElement::doReplaceChildren(first, count, newChildren);
+}
+
+}  // namespace PlotDom

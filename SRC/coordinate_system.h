@@ -1,0 +1,82 @@
+// Coordinate systems and their styles.
+#pragma once
+
+#include "SRC/coordinate_system_style_getter.h"
+#include "SRC/library_element.h"
+#include "SRC/style_search.h"
+
+namespace PlotDom {
+
+/// The axes of a scene and the objects within them.
+class CoordinateSystemBase : public StyleScope<LibraryElement>, public CoordinateSystemStyleGetter {
+ public:
+  explicit CoordinateSystemBase(Arbor::Document* document)
+      : StyleScope(document), CoordinateSystemStyleGetter(this) {}
+
+  /// The tag of the style elements that this class inherits from.
+  virtual Token styleTag() const = 0;
+
+  std::uint32_t optionBit(Token name) const override;
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+
+ protected:
+  CoordinateSystemBase(const CoordinateSystemBase& other)
+      : StyleScope(other), CoordinateSystemStyleGetter(this) {}
+};
+
+class CoordinateSystem2d final : public ElementOf<CoordinateSystem2d, CoordinateSystemBase> {
+ public:
+  static constexpr Token tag = Word::CoordinateSystem2d;
+  using ElementOf::ElementOf;
+
+  Token styleTag() const override { return Word::CoordinateSystem2dStyle; }
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token name) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+class CoordinateSystem3d final : public ElementOf<CoordinateSystem3d, CoordinateSystemBase> {
+ public:
+  static constexpr Token tag = Word::CoordinateSystem3d;
+  using ElementOf::ElementOf;
+
+  Token styleTag() const override { return Word::CoordinateSystem3dStyle; }
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token name) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+/// What the coordinate systems of a scene, or of all scenes of a canvas, inherit from.
+class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemStyleGetter {
+ public:
+  explicit CoordinateSystemStyleBase(Arbor::Document* document)
+      : StyleElement(document), CoordinateSystemStyleGetter(this) {}
+
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+
+ protected:
+  CoordinateSystemStyleBase(const CoordinateSystemStyleBase& other)
+      : StyleElement(other), CoordinateSystemStyleGetter(this) {}
+};
+
+class CoordinateSystem2dStyle final
+    : public ElementOf<CoordinateSystem2dStyle, CoordinateSystemStyleBase> {
+ public:
+  static constexpr Token tag = Word::CoordinateSystem2dStyle;
+  using ElementOf::ElementOf;
+
+  const Property* findProperty(Token name) const override;
+};
+
+class CoordinateSystem3dStyle final
+    : public ElementOf<CoordinateSystem3dStyle, CoordinateSystemStyleBase> {
+ public:
+  static constexpr Token tag = Word::CoordinateSystem3dStyle;
+  using ElementOf::ElementOf;
+
+  const Property* findProperty(Token name) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,18 @@
+// The list of all element classes.
+#pragma once
+
+#include <vector>
+
+#include "SRC/plot_element.h"
+
+namespace PlotDom {
+
+class PlotDocument;
+
+/// A new element of the class with that name; null for any other name.
+PlotElement* makeElement(Token name, PlotDocument& document);
+
+/// The names of all element classes, in the order of their tokens.
+std::vector<Token> elementNames();
+
+}  // namespace PlotDom

@@ -1,0 +1,104 @@
+// Elements that are lists of expressions, of points or of tick marks.
+#pragma once
+
+#include "SRC/content_element.h"
+#include "SRC/expr.h"
+#include "SRC/string_elements.h"
+
+namespace PlotDom {
+
+/// Gives a new element `count` children of that name, unchecked.
+void addChildren(PlotElement& parent, Token name, unsigned count);
+
+/// Whether every node of the chain has that name.
+bool areAllNamed(const Arbor::Node* chain, Token name);
+
+/// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
+/// after `count` of them were replaced by the chain.
+bool canBeTuple(const PlotElement& parent, unsigned count, const Arbor::Node* newChildren,
+                unsigned least, unsigned most);
+
+/// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
+bool isBlankList(const PlotElement& list);
+
+/// What an element writes as XML when it counts as empty.
+enum class WhenBlank { itself, nothing };
+
+/// Between `least` and `most` expressions; a new element has `least` blank ones.
+template <WordId name, unsigned least, unsigned most, WhenBlank whenBlank, class Base = PlotElement>
+class ExprTuple final : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>, Base> {
+ public:
+  static constexpr Token tag = Ubase::tokenOf(name);
+
+  explicit ExprTuple(Arbor::Document* document) : ElementOf<ExprTuple, Base>(document) {
+    addChildren(*this, Word::IExpr, least);
+  }
+
+  Arbor::Node* cloneNode(bool deep) const override {
+    Arbor::Node* copy = ElementOf<ExprTuple, Base>::cloneNode(deep);
+    if (!deep) addChildren(static_cast<ExprTuple&>(*copy), Word::IExpr, least);
+    return copy;
+  }
+
+  bool canReplaceChildren(Arbor::Node*, unsigned count, Arbor::Node* newChildren) const override {
+    return canBeTuple(*this, count, newChildren, least, most);
+  }
+
+  bool isWritten() const override { return whenBlank == WhenBlank::itself || !isBlankList(*this); }
+};
+
+/// The coordinates of a point, and what is particular to it.
+using Point2d = ExprTuple<WordId::Point2d, 2, 6, WhenBlank::itself>;
+using Point3d = ExprTuple<WordId::Point3d, 3, 7, WhenBlank::itself>;
+/// The entries of a matrix, row by row.
+using Matrix2d = ExprTuple<WordId::Matrix2d, 4, 4, WhenBlank::nothing>;
+using Matrix3d = ExprTuple<WordId::Matrix3d, 9, 9, WhenBlank::nothing>;
+/// The two vectors that span the plane of a text.
+using TextOrientation = ExprTuple<WordId::TextOrientation, 6, 6, WhenBlank::nothing>;
+/// A colour function: one expression for the whole colour, or one for each component.
+using ColorFunc = ExprTuple<WordId::ColorFunc, 1, 4, WhenBlank::nothing, Expr>;
+
+/// A list of expressions that is the value of an option.
+class ExprSeq final : public ElementOf<ExprSeq, Expr> {
+ public:
+  static constexpr Token tag = Word::ExprSeq;
+  using ElementOf::ElementOf;
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::Node* newChildren) const override;
+};
+
+/// Any number of children with one name.
+template <WordId name, WordId childName>
+class ListOf final : public ElementOf<ListOf<name, childName>, PlotElement> {
+ public:
+  static constexpr Token tag = Ubase::tokenOf(name);
+  using ElementOf<ListOf, PlotElement>::ElementOf;
+
+  bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const override {
+    return areAllNamed(newChildren, Ubase::tokenOf(childName));
+  }
+};
+
+using Points2d = ListOf<WordId::Points2d, WordId::Point2d>;
+using Points3d = ListOf<WordId::Points3d, WordId::Point3d>;
+
+/// Tick marks at given places.
+using XTicksAt = ListOf<WordId::XTicksAt, WordId::TickPos>;
+using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos>;
+using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos>;
+
+/// A tick mark: its place and, if it has one, its title.
+class TickPos final : public ElementOf<TickPos, OptionedPlotElement> {
+ public:
+  static constexpr Token tag = Word::TickPos;
+
+  explicit TickPos(Arbor::Document* document);
+
+  Arbor::Node* cloneNode(bool deep) const override;
+  std::uint32_t optionBit(Token name) const override;
+  std::uint32_t allowedOptions() const override;
+  std::uint32_t requiredOptions() const override;
+  bool isContentName(Token name) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,22 @@
+#include "SRC/font_style.h"
+
+#include <tuple>
+
+namespace PlotDom {
+
+bool operator<(const FontStyle& a, const FontStyle& b) {
+  if (!(a.family == b.family)) return a.family < b.family;
+  const auto rest = [](const FontStyle& font) {
+    return std::tuple(font.size, font.italic, font.bold, font.color.word(), font.alignment);
+  };
+  const auto restOfA = rest(a);
+  const auto restOfB = rest(b);
+  return restOfA != restOfB && restOfA < restOfB;
+}
+
+const FontStyle& FontStyle::standard() {
+  static const FontStyle font{"Times", 11, false, black, false, Ubase::Word::Left};
+  return font;
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,55 @@
+#include "SRC/group.h"
+
+#include "SRC/object.h"
+
+namespace PlotDom {
+
+namespace {
+
+class GroupPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    using E = GroupBase;
+    // clang-format off
+    optional<IdPropertyImpl>         (Word::Id,         {},     2, &E::id);
+    optional<StringTrait>            (Word::Name,       {},     4, &E::name);
+    optional<ConsistentPropertyImpl> (Word::Consistent, false,  8, &E::consistent);
+    optional<BoolTrait>              (Word::Visible,    true,  16, &E::visible);
+    // clang-format on
+  }
+} groupPropertyList;
+
+}  // namespace
+
+PropertyListMgr& GroupBase::propertyList() { return groupPropertyList; }
+
+GroupBase::GroupBase(Arbor::Document* document) : WithMembers(document) {
+  propertyList().initialise(*this);
+}
+
+bool GroupBase::parentPropertyChanged(PlotElement& source, Token key) {
+  const bool changed = WithMembers::parentPropertyChanged(source, key);
+  return changed || &source != this;
+}
+
+bool Group2d::isContentName(Token child) const {
+  return isOneOf(child, Word::Obj2d, Word::Group2d, Word::Transform2d, Word::ObjStyle);
+}
+
+bool Group3d::isContentName(Token child) const {
+  return isOneOf(child, Word::Obj3d, Word::Group3d, Word::Transform3d, Word::ObjStyle);
+}
+
+bool Group3d::isContentChild(const Arbor::Node& node) const {
+  return node.nodeName() == Word::Obj3d ? isMovableObject3d(node) : isContentName(node.nodeName());
+}
+
+bool isMovableObject3d(const Arbor::Node& object) {
+  const auto& element = static_cast<const Obj3d&>(object);
+  if (!element.hasAttribute(Word::Type)) return false;
+  const Variant type = element.getAttribute(Word::Type);
+  const auto* token = type.as<Ubase::TokenVariant>();
+  return token && !isOneOf(token->get(), Word::Camera, Word::AmbientLight, Word::PointLight,
+                           Word::DistantLight, Word::SpotLight, Word::ClippingBox);
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,49 @@
+// Groups of objects.
+#pragma once
+
+#include "SRC/content_element.h"
+#include "SRC/style_search.h"
+#include "SRC/with_members.h"
+
+namespace PlotDom {
+
+/// Objects, groups and transforms that are shown or hidden together; styles in a group are for
+/// what is in it.
+class GroupBase : public WithMembers<GroupBase, StyleScope<ContentPlotElement>>,
+                  public MemberValues {
+ public:
+  explicit GroupBase(Arbor::Document* document);
+
+  bool parentPropertyChanged(PlotElement& source, Token name) override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Ubase::FixedString> id;
+  Stored<Ubase::FixedString> name;
+  Stored<bool> consistent;
+  Stored<bool> visible;
+
+ protected:
+  GroupBase(const GroupBase&) = default;
+};
+
+class Group2d final : public ElementOf<Group2d, GroupBase> {
+ public:
+  static constexpr Token tag = Word::Group2d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+};
+
+class Group3d final : public ElementOf<Group3d, GroupBase> {
+ public:
+  static constexpr Token tag = Word::Group3d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+  bool isContentChild(const Arbor::Node& node) const override;
+};
+
+/// Whether a node may stand in a 3d group or transform as far as its type goes: cameras, lights and
+/// clipping boxes belong to the whole coordinate system, and so stand directly in it.
+bool isMovableObject3d(const Arbor::Node& object);
+
+}  // namespace PlotDom

@@ -1,0 +1,19 @@
+#include "SRC/hints.h"
+
+namespace PlotDom {
+
+namespace {
+
+class HintsPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    optional<ScalingType>(Word::Scaling, Word::Unconstrained, 1, &Hints::scaling);
+  }
+} hintsPropertyList;
+
+}  // namespace
+
+PropertyListMgr& Hints::propertyList() { return hintsPropertyList; }
+
+Hints::Hints(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+
+}  // namespace PlotDom

@@ -1,0 +1,50 @@
+// The images of objects.
+#pragma once
+
+#include "SRC/content_element.h"
+#include "SRC/key_frame.h"
+#include "SRC/with_members.h"
+
+namespace PlotDom {
+
+/// The primitives of an object at one value of its animation parameter.
+class ImgBase : public WithMembers<ImgBase, ContentPlotElement>, public MemberValues {
+ public:
+  explicit ImgBase(Arbor::Document* document);
+
+  /// The time from which on the object looks like this; NaN if it is not animated.
+  double frameTime() const;
+
+  void attachedToDocument() override;
+  bool parentPropertyChanged(PlotElement& source, Token name) override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> param;
+  Stored<double> titlePositionX;
+  Stored<double> titlePositionY;
+  Stored<double> titlePositionZ;
+
+ protected:
+  ImgBase(const ImgBase&) = default;
+
+ private:
+  FrameTime frameTime_;
+};
+
+class Img2d final : public ElementOf<Img2d, ImgBase> {
+ public:
+  static constexpr Token tag = Word::Img2d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+class Img3d final : public ElementOf<Img3d, ImgBase> {
+ public:
+  static constexpr Token tag = Word::Img3d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+};
+
+}  // namespace PlotDom

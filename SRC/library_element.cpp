@@ -1,0 +1,58 @@
+#include "SRC/library_element.h"
+
+#include <algorithm>
+
+#include "dom/tree_walk.h"
+
+namespace PlotDom {
+
+namespace {
+
+enum class Reaction {
+  changed,     // the element's own value of the property is another one now
+  unaffected,  // a value of its own hides the change
+  unrelated    // it does not inherit from the source at all
+};
+
+Reaction reactionTo(const PlotElement& element, const PlotElement& source, Token name) {
+  if (&source == &element) return Reaction::changed;
+  StyleChain chain;
+  element.collectStyleChain(chain);
+  if (std::find(chain.begin(), chain.end(), &source) == chain.end()) return Reaction::unrelated;
+  const Property* property = element.findProperty(name);
+  const bool inherits = property && property->isInherited() && !element.hasAttribute(name);
+  return inherits ? Reaction::changed : Reaction::unaffected;
+}
+
+}  // namespace
+
+bool LibraryElement::parentPropertyChanged(PlotElement& source, Token name) {
+  const Reaction reaction = reactionTo(*this, source, name);
+  if (reaction == Reaction::changed) notifyPropertyChange(*this, name);
+  return reaction != Reaction::unaffected;
+}
+
+void StyleElement::notifyPropertyChanged(Token name) {
+  if (!parent()) return;
+  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+    PlotElement* sibling = from(node);
+    if (sibling && !sibling->isStyle()) sibling->propertyChanged(*this, name);
+  }
+}
+
+bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
+  if (reactionTo(*this, source, name) != Reaction::changed) return false;
+  notifyPropertyChange(*this, name);
+  if (!parent()) return false;
+  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+    PlotElement* sibling = from(node);
+    if (!sibling || sibling->isStyle()) continue;
+    Arbor::walkSubtree(*node, [&](Arbor::Node& below) {
+      PlotElement* element = from(&below);
+      return element && element->parentPropertyChanged(source, name);
+    });
+  }
+  return false;
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,37 @@
+// The elements of the drawing that inherit from styles.
+#pragma once
+
+#include "SRC/attribute_list_element.h"
+
+namespace PlotDom {
+
+/// Base of canvas, scenes, coordinate systems and objects.
+class LibraryElement : public AttributeListElement {
+ public:
+  using AttributeListElement::AttributeListElement;
+
+  void notifyPropertyChanged(Token) override {}
+  bool parentPropertyChanged(PlotElement& source, Token name) override;
+
+ protected:
+  LibraryElement(const LibraryElement&) = default;
+};
+
+/// Base of the elements that hold values for others to inherit. They have no children.
+class StyleElement : public AttributeListElement {
+ public:
+  using AttributeListElement::AttributeListElement;
+
+  bool isStyle() const override { return true; }
+  bool isContentName(Token) const override { return false; }
+  std::uint32_t optionBit(Token) const override { return 0; }
+  std::uint32_t allowedOptions() const override { return 0; }
+
+  void notifyPropertyChanged(Token name) override;
+  bool parentPropertyChanged(PlotElement& source, Token name) override;
+
+ protected:
+  StyleElement(const StyleElement&) = default;
+};
+
+}  // namespace PlotDom

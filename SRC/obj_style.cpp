@@ -1,0 +1,40 @@
+#include "SRC/obj_style.h"
+
+#include "SRC/object_properties.h"
+#include "SRC/style_search.h"
+
+namespace PlotDom {
+
+ObjStyle::ObjStyle(Arbor::Document* document) : ElementOf(document), ObjectStyleGetter(this) {}
+
+ObjStyle::ObjStyle(const ObjStyle& other)
+    : ElementOf(other), ObjectStyleGetter(this), localType_(other.localType_) {}
+
+void ObjStyle::doSetAttribute(Token name, const Variant& value) {
+  ElementOf::doSetAttribute(name, value);
+  if (name == Word::Type) localType_ = value.as<Ubase::TokenVariant>()->get();
+}
+
+void ObjStyle::doRemoveAttribute(Token name) {
+  ElementOf::doRemoveAttribute(name);
+  if (name == Word::Type) localType_ = Token();
+}
+
+const PlotElement* ObjStyle::styleParent(Token name) const {
+  if (!parent()) return nullptr;
+  return localType_ == Word::Default ? findObjStyle(*parent(), Word::Default, name)
+                                     : findTypedStyle(*parent(), localType_, name);
+}
+
+void ObjStyle::collectStyleChain(StyleChain& chain) const {
+  if (!parent()) return;
+  if (localType_ != Word::Default) collectObjStyles(*parent(), localType_, chain);
+  collectObjStyles(*parent(), Word::Default, chain);
+}
+
+const Property* ObjStyle::findProperty(Token name) const {
+  return findIn(name, objectStyleProperties(), object2dStyleProperties(),
+                object3dStyleProperties());
+}
+
+}  // namespace PlotDom

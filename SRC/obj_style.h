@@ -1,0 +1,32 @@
+// The style of graphical objects.
+#pragma once
+
+#include "SRC/library_element.h"
+#include "SRC/object_style_getter.h"
+
+namespace PlotDom {
+
+/// Gives values to the objects around it whose type is its own, or to all with the type Default. It
+/// has the properties of objects of both dimensions.
+class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGetter {
+ public:
+  static constexpr Token tag = Word::ObjStyle;
+
+  explicit ObjStyle(Arbor::Document* document);
+  ObjStyle(const ObjStyle& other);
+
+  /// The type that was set, or null. Searches compare it once per style and primitive.
+  Token localType() const { return localType_; }
+
+  void doSetAttribute(Token name, const Variant& value) override;
+  void doRemoveAttribute(Token name) override;
+
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  const Property* findProperty(Token name) const override;
+
+ private:
+  Token localType_;
+};
+
+}  // namespace PlotDom

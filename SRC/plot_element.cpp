@@ -1,0 +1,135 @@
+#include "SRC/plot_element.h"
+
+#include <cstdarg>
+
+#include "SRC/plot_document.h"
+#include "SRC/property_change_event.h"
+#include "dom/dom_exception.h"
+
+namespace PlotDom {
+
+using Arbor::DomException;
+
+PlotDocument* PlotElement::plotDocument() const {
+  return static_cast<PlotDocument*>(ownerDocument());
+}
+
+void PlotElement::report(const char* format, ...) const {
+  if (!ownerDocument()) return;
+  va_list arguments;
+  va_start(arguments, format);
+  plotDocument()->reportError(format, arguments);
+  va_end(arguments);
+}
+
+void PlotElement::throwUnknownProperty(Token name) const {
+  report("unknown property '%s' [node '%s']\n", name.str(), tagName().str());
+  throw DomException(DomException::InvalidAccess);
+}
+
+const Property& PlotElement::requireProperty(Token name) const {
+  const Property* property = findProperty(name);
+  if (!property) throwUnknownProperty(name);
+  return *property;
+}
+
+Variant PlotElement::getAttribute(Token name) const {
+  Variant value;
+  if (!requireProperty(name).getIfSet(*this, value)) {
+    throw DomException(DomException::InvalidAccess);
+  }
+  return value;
+}
+
+bool PlotElement::hasAttribute(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isSet(*this);
+}
+
+bool PlotElement::canSetAttribute(Token name, const Variant& value) const {
+  const Property* property = findProperty(name);
+  return property && property->accepts(*this, value);
+}
+
+bool PlotElement::canRemoveAttribute(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isRemovable(*this);
+}
+
+void PlotElement::doSetAttribute(Token name, const Variant& value) {
+  requireProperty(name).store(*this, value);
+}
+
+void PlotElement::doRemoveAttribute(Token name) { requireProperty(name).clear(*this); }
+
+bool PlotElement::afterSetAttribute(Element& origin, Token name) {
+  return parentPropertyChanged(static_cast<PlotElement&>(origin), name);
+}
+
+bool PlotElement::afterRemoveAttribute(Element& origin, Token name) {
+  return parentPropertyChanged(static_cast<PlotElement&>(origin), name);
+}
+
+void PlotElement::setAttributeFromString(Token name, const char* text) {
+  requireProperty(name).setFromString(*this, text);
+}
+
+bool PlotElement::hasProperty(Token name) const { return findProperty(name) != nullptr; }
+
+Variant PlotElement::getPropertyValue(Token name) const {
+  return requireProperty(name).getValue(*this);
+}
+
+void PlotElement::setPropertyValue(Token name, const Variant& value) {
+  requireProperty(name).setValue(*this, value);
+  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
+  }
+}
+
+bool PlotElement::isWritableProperty(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isWritable(*this);
+}
+
+const PlotElement* PlotElement::styleParent(Token) const { return nullptr; }
+
+void PlotElement::collectStyleChain(StyleChain&) const {}
+
+const Property* PlotElement::findProperty(Token) const { return nullptr; }
+
+bool PlotElement::parentPropertyChanged(PlotElement& source, Token name) {
+  const Property* property = findProperty(name);
+  return property && property->parentChanged(*this, source);
+}
+
+void PlotElement::propertyChanged(PlotElement&, Token) {}
+
+void PlotElement::dropInheritedProperties() {}
+
+void PlotElement::visit() {
+  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (PlotElement* element = from(child)) element->visit();
+  }
+}
+
+void PlotElement::printCommand(CmdWriter&) const {}
+
+void PlotElement::timeStep(double, bool, double&) {}
+
+PlotElement* PlotElement::from(Arbor::Node* node) {
+  return node ? static_cast<PlotElement*>(node->asElement()) : nullptr;
+}
+
+const PlotElement* PlotElement::from(const Arbor::Node* node) {
+  return node ? static_cast<const PlotElement*>(node->asElement()) : nullptr;
+}
+
+void notifyPropertyChange(PlotElement& element, Token name) {
+  Arbor::Document* document = element.ownerDocument();
+  if (!document || document->isInBatch()) return;
+  AfterPropertyChangeEvent event(element, name);
+  document->notify(event);
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,132 @@
+// The base of all element classes of the plot model.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "SRC/property.h"
+#include "base/vocabulary.h"
+#include "dom/element.h"
+
+namespace PlotDom {
+
+namespace Word = Ubase::Word;
+using Ubase::Token;
+using Ubase::Variant;
+
+class ObjStyle;
+class PlotDocument;
+
+/// An element with properties. Errors of its operations are DomException, after a message to the
+/// reporter of its document; nothing has changed then.
+class PlotElement : public Arbor::Element {
+ public:
+  explicit PlotElement(Arbor::Document* document) : Element(document) {}
+
+  /// The document, null only for an element that outlived it.
+  PlotDocument* plotDocument() const;
+
+  /// Sends a message in the manner of printf to the document's reporter.
+  [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+
+  // Attributes, as the tree knows them: only what was set on the element itself.
+
+  Variant getAttribute(Token name) const override;
+  bool hasAttribute(Token name) const override;
+  bool canSetAttribute(Token name, const Variant& value) const override;
+  bool canRemoveAttribute(Token name) const override;
+  void doSetAttribute(Token name, const Variant& value) override;
+  void doRemoveAttribute(Token name) override;
+  bool afterSetAttribute(Element& origin, Token name) override;
+  bool afterRemoveAttribute(Element& origin, Token name) override;
+
+  /// Sets an attribute from its text in the input format. Throws 15 for an unknown name, 12 for a
+  /// text that does not parse, 3 for a value that is refused.
+  virtual void setAttributeFromString(Token name, const char* text);
+
+  // Properties: resolved values, whether local, inherited or default. An unknown name throws 15.
+
+  virtual bool hasProperty(Token name) const;
+  virtual Variant getPropertyValue(Token name) const;
+
+  /// Gives the property a value; one that equals the inherited value is not kept as local.
+  virtual void setPropertyValue(Token name, const Variant& value);
+  virtual bool isWritableProperty(Token name) const;
+
+  // Inheritance.
+
+  /// The nearest element from which this one inherits `name`, or null for the default.
+  virtual const PlotElement* styleParent(Token name) const;
+  /// Adds all elements from which this one inherits, the nearest first.
+  virtual void collectStyleChain(StyleChain& chain) const;
+  /// The description of a property of this class, or null.
+  virtual const Property* findProperty(Token name) const;
+  virtual bool isStyle() const { return false; }
+  /// The ObjStyle children of a container that may have any, in document order; otherwise null.
+  virtual const std::vector<const ObjStyle*>* objStyles() const { return nullptr; }
+
+  /// `source`, which is this element or one that it may inherit from, has a new value of `name`.
+  /// The result says whether the children are to be told.
+  virtual bool parentPropertyChanged(PlotElement& source, Token name);
+  /// `source` has a new value of `name`: a local value that has become the same may go.
+  virtual void propertyChanged(PlotElement& source, Token name);
+  /// Removes all local values that are the same as what would be inherited, down the tree.
+  virtual void dropInheritedProperties();
+
+  // What a host may build on.
+
+  /// Visits the children.
+  virtual void visit();
+  /// Writes the element in the command syntax of the algebra system.
+  virtual void printCommand(CmdWriter& writer) const;
+  /// Improves `result`, the next point of time at which something changes after (or before) `time`.
+  virtual void timeStep(double time, bool forward, double& result);
+
+  /// The document element that a node is, or null for any other node.
+  static PlotElement* from(Arbor::Node* node);
+  static const PlotElement* from(const Arbor::Node* node);
+
+ protected:
+  PlotElement(const PlotElement&) = default;
+
+  /// The property `name`. One that does not exist is reported and throws 15.
+  const Property& requireProperty(Token name) const;
+  [[noreturn]] void throwUnknownProperty(Token name) const;
+};
+
+/// Whether `name` is one of the tokens.
+template <class... Tokens>
+constexpr bool isOneOf(Token name, Tokens... tokens) {
+  return ((name == tokens) || ...);
+}
+
+/// The first child with the tag `name`, as the class of that name, or null.
+template <class T>
+const T* firstChildOf(const Arbor::Node& parent) {
+  return static_cast<const T*>(parent.firstChildByName(T::tag));
+}
+
+/// Makes a class of the element named by its `tag`: the name and the copy come from here.
+template <class Self, class Base>
+class ElementOf : public Base {
+ public:
+  using Base::Base;
+
+  Token tagName() const override { return Self::tag; }
+
+  Arbor::Node* cloneNode(bool deep) const override {
+    auto copy = std::make_unique<Self>(static_cast<const Self&>(*this));
+    if (deep) this->cloneChildrenInto(*copy);
+    return copy.release();
+  }
+};
+
+/// A class that adds nothing to its base but a name.
+template <Ubase::WordId name, class Base>
+class NameOnly final : public ElementOf<NameOnly<name, Base>, Base> {
+ public:
+  static constexpr Token tag = Ubase::tokenOf(name);
+  using ElementOf<NameOnly<name, Base>, Base>::ElementOf;
+};
+
+}  // namespace PlotDom

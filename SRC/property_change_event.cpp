@@ -1,0 +1,16 @@
+#include "SRC/property_change_event.h"
+
+namespace PlotDom {
+
+namespace {
+
+const Ubase::Token afterPropertyChange("AfterPropertyChange", false);
+
+}  // namespace
+
+AfterPropertyChangeEvent::AfterPropertyChangeEvent(Arbor::Node& element, Ubase::Token property)
+    : DomAttributeEvent(&element, afterPropertyChange, property) {}
+
+Ubase::Token AfterPropertyChangeEvent::eventType() { return afterPropertyChange; }
+
+}  // namespace PlotDom

@@ -1,0 +1,80 @@
+#include "SRC/property_list_mgr.h"
+
+#include <algorithm>
+#include <mutex>
+
+namespace PlotDom {
+
+namespace {
+
+// One lock for all lists, recursive because the building of one may ask another.
+std::recursive_mutex& buildingMutex() {
+  static std::recursive_mutex mutex;
+  return mutex;
+}
+
+template <class Entries>
+auto lowerBound(Entries& entries, Ubase::Token name) {
+  return std::lower_bound(entries.begin(), entries.end(), name,
+                          [](const auto& entry, Ubase::Token key) { return entry.first < key; });
+}
+
+}  // namespace
+
+void PropertyListMgr::ensureBuilt() {
+  if (state_.load(std::memory_order_acquire) == State::complete) return;
+  const std::lock_guard lock(buildingMutex());
+  if (state_ == State::complete) return;
+  state_ = State::inProgress;
+  entries_.clear();  // a table that failed half-way is begun anew
+  fill();
+  state_.store(State::complete, std::memory_order_release);
+}
+
+void PropertyListMgr::add(std::unique_ptr<const Property> property) {
+  const Ubase::Token name = property->name();
+  entries_.emplace(lowerBound(entries_, name), name, std::move(property));
+}
+
+const Property* PropertyListMgr::find(Ubase::Token name) {
+  ensureBuilt();
+  const auto entry = lowerBound(entries_, name);
+  return entry != entries_.end() && entry->first == name ? entry->second.get() : nullptr;
+}
+
+const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>&
+PropertyListMgr::entries() {
+  ensureBuilt();
+  return entries_;
+}
+
+void PropertyListMgr::initialise(PlotElement& element) {
+  for (const auto& [name, property] : entries()) property->initialise(element);
+}
+
+void PropertyListMgr::inheritAll(PlotElement& element) {
+  StyleChain chain;
+  element.collectStyleChain(chain);
+  for (const auto& [name, property] : entries()) property->inheritFrom(element, chain);
+}
+
+void PropertyListMgr::dropAllInherited(PlotElement& element) {
+  for (const auto& [name, property] : entries()) {
+    const PlotElement* parent = element.styleParent(name);
+    if (parent) property->dropIfInherited(element, *parent);
+  }
+}
+
+void PropertyListMgr::putXml(std::ostream& out, const PlotElement& element) {
+  for (const auto& [name, property] : entries()) {
+    if (element.hasAttribute(name)) property->putXmlMember(out, element);
+  }
+}
+
+void PropertyListMgr::putCmd(CmdWriter& writer, const PlotElement& element) {
+  for (const auto& [name, property] : entries()) {
+    if (element.hasAttribute(name)) property->putCmdMember(writer, element);
+  }
+}
+
+}  // namespace PlotDom

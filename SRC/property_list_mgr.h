@@ -1,0 +1,99 @@
+// The table of the properties of an element class.
+#pragma once
+
+#include <atomic>
+#include <iosfwd>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "SRC/property_impl.h"
+
+namespace PlotDom {
+
+/// The properties of a class, found by name. A class has one manager, an object that lives as long
+/// as the process; fill() builds the table at its first use.
+class PropertyListMgr {
+ public:
+  PropertyListMgr() = default;
+  PropertyListMgr(const PropertyListMgr&) = delete;
+  PropertyListMgr& operator=(const PropertyListMgr&) = delete;
+  virtual ~PropertyListMgr() = default;
+
+  /// The property of that name, or null.
+  const Property* find(Ubase::Token name);
+
+  /// All properties, in the order of their tokens.
+  const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>& entries();
+
+  /// Gives the members of a new element their first values.
+  void initialise(PlotElement& element);
+
+  /// Resolves each inherited member that is not set, through the element's style chain.
+  void inheritAll(PlotElement& element);
+
+  /// Removes each local value that the element would inherit anyway.
+  void dropAllInherited(PlotElement& element);
+
+  /// Writes the attributes that the element has.
+  void putXml(std::ostream& out, const PlotElement& element);
+  virtual void putCmd(CmdWriter& writer, const PlotElement& element);
+
+ protected:
+  /// Adds the properties, one line each, with the operations below.
+  virtual void fill() = 0;
+
+  void add(std::unique_ptr<const Property> property);
+
+  // A property in a member: name, default, bit, member.
+  template <class Type, class Element>
+  void mandatory(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+                 Stored<typename Type::Value> Element::*member) {
+    add(std::make_unique<MandatoryPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
+                                                               member));
+  }
+  template <class Type, class Element>
+  void optional(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+                Stored<typename Type::Value> Element::*member) {
+    add(std::make_unique<OptionalPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
+                                                              member));
+  }
+  template <class Type, class Element>
+  void inherited(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+                 Stored<typename Type::Value> Element::*member) {
+    add(std::make_unique<InheritedPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
+                                                               member));
+  }
+
+  // A property in the attribute list: name, default.
+  template <class Type>
+  void mandatory(Ubase::Token name, typename Type::Value defaultValue) {
+    add(std::make_unique<MandatoryListPropertyImpl<Type>>(name, std::move(defaultValue)));
+  }
+  template <class Type>
+  void optional(Ubase::Token name, typename Type::Value defaultValue) {
+    add(std::make_unique<OptionalListPropertyImpl<Type>>(name, std::move(defaultValue)));
+  }
+  template <class Type>
+  void inherited(Ubase::Token name, typename Type::Value defaultValue) {
+    add(std::make_unique<InheritedListPropertyImpl<Type>>(name, std::move(defaultValue)));
+  }
+
+ private:
+  enum class State { notBegun, inProgress, complete };
+
+  void ensureBuilt();
+
+  std::atomic<State> state_ = State::notBegun;
+  std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
+};
+
+/// The property of that name in the first of the lists that has it, or null.
+template <class... Lists>
+const Property* findIn(Ubase::Token name, Lists&... lists) {
+  const Property* found = nullptr;
+  (void)((found = lists.find(name)) || ...);
+  return found;
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,129 @@
+#include "SRC/scene.h"
+
+#include "SRC/property_list_mgr.h"
+#include "SRC/property_types.h"
+
+namespace PlotDom {
+
+namespace {
+
+constexpr OptionBit options[] = {
+    {Word::Header, 1},
+    {Word::Footer, 2},
+    {Word::ClippingBox, 4},
+    {Word::View2d, 8},
+    {Word::View3d, 16},
+    {Word::CoordinateSystem2dStyle, 32},
+    {Word::CoordinateSystem3dStyle, 64},
+};
+
+class ScenePropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    // clang-format off
+    optional<IdPropertyImpl>         (Word::Id,         {});
+    optional<StringTrait>            (Word::Name,       {});
+    optional<ConsistentPropertyImpl> (Word::Consistent, false);
+    optional<PositionType>           (Word::Bottom,     0);
+    optional<PositionType>           (Word::Left,       0);
+    // clang-format on
+  }
+} scenePropertyList;
+
+class SceneStylePropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    // clang-format off
+    inherited<HorizontalAlignmentType>  (Word::LegendAlignment,       Word::Center);
+    inherited<HorizontalAlignmentType>  (Word::HeaderAlignment,       Word::Center);
+    inherited<HorizontalAlignmentType>  (Word::FooterAlignment,       Word::Center);
+    inherited<LegendPlacementType>      (Word::LegendPlacement,       Word::Bottom);
+    inherited<RGBATrait>                (Word::BackgroundColor,       white);
+    inherited<RGBATrait>                (Word::BorderColor,           black);
+    inherited<BoolTrait>                (Word::BackgroundTransparent, false);
+    inherited<BoolTrait>                (Word::LegendVisible,         true);
+    inherited<NonNegOutputSizeListType> (Word::TopMargin,             0);
+    inherited<NonNegOutputSizeListType> (Word::LeftMargin,            0);
+    inherited<NonNegOutputSizeListType> (Word::BottomMargin,          0);
+    inherited<NonNegOutputSizeListType> (Word::RightMargin,           0);
+    inherited<NonNegOutputSizeListType> (Word::BorderWidth,           0);
+    inherited<NonNegOutputSizeListType> (Word::YXRatio,               0);
+    inherited<PosOutputSizeType>        (Word::Width,                 100);
+    inherited<PosOutputSizeType>        (Word::Height,                75);
+    inherited<FontStyleTrait>           (Word::HeaderFont,            FontStyle::standard());
+    inherited<FontStyleTrait>           (Word::FooterFont,            FontStyle::standard());
+    inherited<FontStyleTrait>           (Word::LegendFont,            FontStyle::standard());
+    // clang-format on
+  }
+} sceneStylePropertyList;
+
+class Scene3dStylePropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    // clang-format off
+    inherited<BackgroundStyleType>      (Word::BackgroundStyle,  Word::Flat);
+    inherited<RGBATrait>                (Word::BackgroundColor2, white);
+    inherited<LightingType>             (Word::Lighting,         Word::Explicit);
+    inherited<NonNegOutputSizeListType> (Word::ZXRatio,          0);
+    // clang-format on
+  }
+} scene3dStylePropertyList;
+
+const PlotElement* ifItHas(const PlotElement* style, Token name) {
+  return style && style->hasAttribute(name) ? style : nullptr;
+}
+
+void addIfThere(const PlotElement* style, StyleChain& chain) {
+  if (style) chain.push_back(style);
+}
+
+}  // namespace
+
+const PlotElement* SceneBase::styleOfCanvas(Token tag) const {
+  return parent() ? from(parent()->firstChildByName(tag)) : nullptr;
+}
+
+std::uint32_t SceneBase::optionBit(Token name) const { return bitIn(options, name); }
+
+std::uint32_t Scene2d::allowedOptions() const { return 43; }
+
+bool Scene2d::isContentName(Token name) const {
+  return isOneOf(name, Word::CoordinateSystem2d, Word::ObjStyle);
+}
+
+const PlotElement* Scene2d::styleParent(Token name) const {
+  return ifItHas(styleOfCanvas(Word::Scene2dStyle), name);
+}
+
+void Scene2d::collectStyleChain(StyleChain& chain) const {
+  addIfThere(styleOfCanvas(Word::Scene2dStyle), chain);
+}
+
+const Property* Scene2d::findProperty(Token name) const {
+  return findIn(name, scenePropertyList, sceneStylePropertyList);
+}
+
+std::uint32_t Scene3d::allowedOptions() const { return 87; }
+
+bool Scene3d::isContentName(Token name) const {
+  return isOneOf(name, Word::CoordinateSystem3d, Word::ObjStyle);
+}
+
+const PlotElement* Scene3d::styleParent(Token name) const {
+  return ifItHas(styleOfCanvas(Word::Scene3dStyle), name);
+}
+
+void Scene3d::collectStyleChain(StyleChain& chain) const {
+  addIfThere(styleOfCanvas(Word::Scene3dStyle), chain);
+}
+
+const Property* Scene3d::findProperty(Token name) const {
+  return findIn(name, scenePropertyList, sceneStylePropertyList, scene3dStylePropertyList);
+}
+
+const Property* Scene2dStyle::findProperty(Token name) const {
+  return sceneStylePropertyList.find(name);
+}
+
+const Property* Scene3dStyle::findProperty(Token name) const {
+  return findIn(name, scene3dStylePropertyList, sceneStylePropertyList);
+}
+
+}  // namespace PlotDom

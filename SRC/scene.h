@@ -1,0 +1,74 @@
+// Scenes and their styles.
+#pragma once
+
+#include "SRC/library_element.h"
+#include "SRC/scene_style_getter.h"
+#include "SRC/style_search.h"
+
+namespace PlotDom {
+
+/// One plot area of a canvas.
+class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
+ public:
+  explicit SceneBase(Arbor::Document* document) : StyleScope(document), SceneStyleGetter(this) {}
+
+  // The place in the canvas, in millimetres, or in parts of the canvas if its layout is Relative.
+  PLOT_GETTER(double, bottom, Bottom)
+  PLOT_GETTER(double, left, Left)
+
+  std::uint32_t optionBit(Token name) const override;
+
+ protected:
+  SceneBase(const SceneBase& other) : StyleScope(other), SceneStyleGetter(this) {}
+
+  /// The child of the canvas with that tag.
+  const PlotElement* styleOfCanvas(Token tag) const;
+};
+
+class Scene2d final : public ElementOf<Scene2d, SceneBase> {
+ public:
+  static constexpr Token tag = Word::Scene2d;
+  using ElementOf::ElementOf;
+
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token name) const override;
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+class Scene3d final : public ElementOf<Scene3d, SceneBase> {
+ public:
+  static constexpr Token tag = Word::Scene3d;
+  using ElementOf::ElementOf;
+
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token name) const override;
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+/// What all 2d scenes of a canvas inherit from.
+class Scene2dStyle final : public ElementOf<Scene2dStyle, StyleElement>, public SceneStyleGetter {
+ public:
+  static constexpr Token tag = Word::Scene2dStyle;
+
+  explicit Scene2dStyle(Arbor::Document* document) : ElementOf(document), SceneStyleGetter(this) {}
+  Scene2dStyle(const Scene2dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
+
+  const Property* findProperty(Token name) const override;
+};
+
+/// What all 3d scenes of a canvas inherit from.
+class Scene3dStyle final : public ElementOf<Scene3dStyle, StyleElement>, public SceneStyleGetter {
+ public:
+  static constexpr Token tag = Word::Scene3dStyle;
+
+  explicit Scene3dStyle(Arbor::Document* document) : ElementOf(document), SceneStyleGetter(this) {}
+  Scene3dStyle(const Scene3dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
+
+  const Property* findProperty(Token name) const override;
+};
+
+}  // namespace PlotDom

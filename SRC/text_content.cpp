@@ -1,0 +1,41 @@
+#include "SRC/text_content.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace PlotDom {
+
+namespace {
+
+bool isWhiteSpace(const char* text) {
+  std::mblen(nullptr, 0);
+  while (*text != '\0') {
+    const int length = std::mblen(text, MB_CUR_MAX);
+    if (length != 1 || static_cast<unsigned char>(*text) > 32) return false;
+    ++text;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool acceptsOnlyText(const PlotElement& element, const Arbor::Node* newChildren) {
+  if (!newChildren || newChildren->nodeType() == Arbor::Node::TextNode) return true;
+  element.report("not a text node child [parent '%s']\n", element.tagName().str());
+  return false;
+}
+
+bool PCDataElement::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+  return acceptsOnlyText(*this, newChildren);
+}
+
+bool PCDataElement::isBlank(bool allowWhiteSpace) const {
+  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (child->nodeType() != Arbor::Node::TextNode) return false;
+    const char* text = child->nodeValue();
+    if (text && !(allowWhiteSpace && isWhiteSpace(text))) return false;
+  }
+  return true;
+}
+
+}  // namespace PlotDom

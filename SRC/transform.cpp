@@ -1,0 +1,69 @@
+#include "SRC/transform.h"
+
+#include "SRC/group.h"
+#include "SRC/style_search.h"
+
+namespace PlotDom {
+
+namespace {
+
+constexpr OptionBit options[] = {
+    {Word::ParameterName, 1}, {Word::ParameterBegin, 2}, {Word::ParameterEnd, 4},
+    {Word::Matrix2d, 8},      {Word::Matrix3d, 16},
+};
+
+class TransformPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    using E = TransformBase;
+    // clang-format off
+    mandatory<TypePropertyImpl>      (Word::Type,       {},     1, &E::type);
+    optional<IdPropertyImpl>         (Word::Id,         {},     2, &E::id);
+    optional<StringTrait>            (Word::Name,       {},     4, &E::name);
+    optional<ConsistentPropertyImpl> (Word::Consistent, false, 16, &E::consistent);
+    inherited<FramesType>            (Word::Frames,     0,      8, &E::frames);
+    inherited<DoubleTrait>           (Word::TimeBegin,  0,     32, &E::timeBegin);
+    inherited<DoubleTrait>           (Word::TimeEnd,    4,     64, &E::timeEnd);
+    // clang-format on
+  }
+} transformPropertyList;
+
+}  // namespace
+
+PropertyListMgr& TransformBase::propertyList() { return transformPropertyList; }
+
+TransformBase::TransformBase(Arbor::Document* document) : WithMembers(document) {
+  propertyList().initialise(*this);
+}
+
+std::uint32_t TransformBase::optionBit(Token child) const { return bitIn(options, child); }
+
+const PlotElement* TransformBase::styleParent(Token key) const {
+  return findTypedStyle(*this, type(), key);
+}
+
+void TransformBase::collectStyleChain(StyleChain& chain) const {
+  collectTypedStyles(*this, type(), chain);
+}
+
+bool TransformBase::parentPropertyChanged(PlotElement& source, Token key) {
+  const bool changed = WithMembers::parentPropertyChanged(source, key);
+  return changed || &source != this;
+}
+
+std::uint32_t Transform2d::allowedOptions() const { return 15; }
+
+bool Transform2d::isContentName(Token child) const {
+  return isOneOf(child, Word::Expr, Word::Tr2d, Word::Obj2d, Word::Group2d, Word::Transform2d);
+}
+
+std::uint32_t Transform3d::allowedOptions() const { return 23; }
+
+bool Transform3d::isContentName(Token child) const {
+  return isOneOf(child, Word::Expr, Word::Tr3d, Word::Obj3d, Word::Group3d, Word::Transform3d);
+}
+
+bool Transform3d::isContentChild(const Arbor::Node& node) const {
+  return node.nodeName() == Word::Obj3d ? isMovableObject3d(node) : isContentName(node.nodeName());
+}
+
+}  // namespace PlotDom

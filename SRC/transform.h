@@ -1,0 +1,51 @@
+// Transforms of objects.
+#pragma once
+
+#include "SRC/content_element.h"
+#include "SRC/with_members.h"
+
+namespace PlotDom {
+
+/// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
+/// its times from the object styles around it, by its type.
+class TransformBase : public WithMembers<TransformBase, OptionedPlotElement>, public MemberValues {
+ public:
+  explicit TransformBase(Arbor::Document* document);
+
+  std::uint32_t optionBit(Token child) const override;
+  const PlotElement* styleParent(Token key) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  bool parentPropertyChanged(PlotElement& source, Token key) override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> type;
+  Stored<Ubase::FixedString> id;
+  Stored<Ubase::FixedString> name;
+  Stored<bool> consistent;
+  Stored<std::int32_t> frames;
+  Stored<double> timeBegin;
+  Stored<double> timeEnd;
+
+ protected:
+  TransformBase(const TransformBase&) = default;
+};
+
+class Transform2d final : public ElementOf<Transform2d, TransformBase> {
+ public:
+  static constexpr Token tag = Word::Transform2d;
+  using ElementOf::ElementOf;
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token child) const override;
+};
+
+class Transform3d final : public ElementOf<Transform3d, TransformBase> {
+ public:
+  static constexpr Token tag = Word::Transform3d;
+  using ElementOf::ElementOf;
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token child) const override;
+  bool isContentChild(const Arbor::Node& node) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,11 @@
+#include "SRC/with_members.h"
+
+namespace PlotDom {
+
+bool LeafElement::canReplaceChildren(Arbor::Node* first, unsigned count,
+                                     Arbor::Node* newChildren) const {
+  const bool removes = first && count > 0;
+  return !newChildren && !removes;
+}
+
+}  // namespace PlotDom

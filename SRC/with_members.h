@@ -1,0 +1,49 @@
+// Elements that keep the values of their properties in members.
+#pragma once
+
+#include "SRC/property_list_mgr.h"
+#include "SRC/property_types.h"
+
+namespace PlotDom {
+
+/// Gives a class the properties of its `propertyList()` before those of its base. The class has a
+/// MemberValues below it, and its constructor calls `propertyList().initialise(*this)`.
+template <class Self, class Base>
+class WithMembers : public Base {
+ public:
+  using Base::Base;
+
+  const Property* findProperty(Token name) const override {
+    const Property* own = Self::propertyList().find(name);
+    return own ? own : Base::findProperty(name);
+  }
+
+  void attachedToDocument() override {
+    Base::attachedToDocument();
+    Self::propertyList().inheritAll(*this);
+  }
+
+  std::ostream& writeAttributes(std::ostream& out) const override {
+    Base::writeAttributes(out);
+    Self::propertyList().putXml(out, *this);
+    return out;
+  }
+
+  void dropInheritedProperties() override {
+    Base::dropInheritedProperties();
+    Self::propertyList().dropAllInherited(*this);
+  }
+};
+
+/// An element without children.
+class LeafElement : public PlotElement, public MemberValues {
+ public:
+  using PlotElement::PlotElement;
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::Node* newChildren) const override;
+
+ protected:
+  LeafElement(const LeafElement&) = default;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,70 @@
+// The pieces of text that the geometry of a JavaView model is made of.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "SRC/font_style.h"
+#include "SRC/point.h"
+#include "export/javaview_output.h"
+#include "export/matrix.h"
+
+namespace PlotDom {
+
+/// Writes geometry. Points and vectors go through the innermost transform on their way. Sizes are
+/// in millimetres; "no thickness" as a size is a NaN.
+class GeometryOutput : public JavaViewOutput {
+ public:
+  /// The product of all transforms around what is being written, from the outside in; the top is
+  /// applied to every point and vector. Empty means identity.
+  std::vector<Matrix> transformStack;
+
+  /// The bounds of the viewing box on the height axis (z in space, y in the plane), between which
+  /// colours by height run. Both 0 when unknown.
+  double valueMin = 0;
+  double valueMax = 0;
+
+  void writeThicknessAndColor(RGBA color, double size);
+
+  /// The edges of faces. A transparent colour is lightened.
+  void writeEdges(RGBA color, double width);
+
+  /// `alpha` is 0 to 255; `smooth` asks for Gouraud shading.
+  void writeMaterial(int alpha, bool smooth);
+
+  /// How a label is set. Throws Ubase::BadUnicodeString.
+  void writeLabelAtt(const FontStyle& font, Ubase::Token horizontalAlignment,
+                     Ubase::Token verticalAlignment);
+
+  void writePoint3d(const P3& point);
+  void writePoint2d(const P2& point);
+
+  /// A point list. `size` is a diameter; the list states a radius.
+  void writePoints3d(std::span<const P3> points, RGBA color, double size);
+  void writePoints2d(std::span<const P2> points, RGBA color, double size);
+
+  /// A vector list. Vectors are moved by the transform like points, translation included.
+  void writeVectors3d(std::span<const P3> vectors, RGBA color, double length, double thickness);
+  void writeVectors2d(std::span<const P2> vectors, RGBA color, double length, double thickness);
+
+  /// The 38 points of a circle around `center`, in the plane normal to `normal`.
+  void writeCirclePoints(const P3& center, const P3& normal, double radius);
+
+  // Runs of elements that several emitters write.
+
+  /// `<l>first last</l>`.
+  void writeLine(std::ptrdiff_t first, std::ptrdiff_t last);
+
+  /// The lines from each of `count` points to the next, and, if `closed`, from the last back to the
+  /// first.
+  void writeLineStrip(std::ptrdiff_t count, bool closed);
+
+  /// A polygon as the indices from `first` to `last`, each after the first with a blank before it.
+  void writeIndices(std::ptrdiff_t first, std::ptrdiff_t last);
+};
+
+/// The colour that stands for a hatched fill: half-way to white, with the alpha of `color`.
+RGBA lightenColor(RGBA color);
+
+}  // namespace PlotDom
