@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "SRC/native_text.h"
 #include "base/scan.h"
-#include "base/unicode_converter.h"
 #include "base/vocabulary.h"
 
 namespace PlotDom {
@@ -37,13 +37,6 @@ int parseChannel(const char*& text) {
   if (low < 0) return missingChannel;
   ++text;
   return high * 16 + low;
-}
-
-FixedString nativeText(const char* utf8) {
-  const auto& converter = Ubase::UnicodeConverter::instance();
-  std::string native(converter.utf8ToNativeText(utf8, -1, nullptr, 0) + 1, '\0');
-  converter.utf8ToNativeText(utf8, -1, native.data(), native.size());
-  return native.c_str();
 }
 
 }  // namespace
@@ -104,7 +97,7 @@ bool Utf8StringParser::parse(FixedString& out, const char* text) {
 }
 
 bool MStringParser::parse(FixedString& out, const char* text) {
-  out = nativeText(text);
+  out = nativeText(text).c_str();
   return true;
 }
 
@@ -135,7 +128,7 @@ bool parseFamily(FixedString& out, const char*& text) {
   if (quoted) ++text;
   const char* end = quoted ? std::strchr(text, '\'') : endOfWord(text);
   if (!end) return false;
-  out = nativeText(namedFamily(std::string(text, end)));
+  out = nativeText(namedFamily(std::string(text, end))).c_str();
   text = quoted ? end + 1 : end;
   return *text != '\0';
 }

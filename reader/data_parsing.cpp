@@ -1,0 +1,161 @@
+// The data that stands in the text of elements: points, and lists of colours or numbers.
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <span>
+
+#include "SRC/value_parsers.h"
+#include "base/scan.h"
+#include "reader/zrd_parser_handler.h"
+
+namespace PlotDom {
+
+using Ubase::WordId;
+
+namespace {
+
+constexpr const char* separators = " \t\n\r";
+
+struct WordCounts {
+  std::size_t numbers = 0;
+  std::size_t colors = 0;
+};
+
+WordCounts countWords(const char* text) {
+  WordCounts counts;
+  for (;;) {
+    text += std::strspn(text, separators);
+    if (*text == '\0') return counts;
+    ++(*text == '#' ? counts.colors : counts.numbers);
+    text += std::strcspn(text, separators);
+  }
+}
+
+bool isFormOf(const P3List& list, const WordCounts& words) {
+  const std::size_t colorLists =
+      (list.colors.empty() ? 0u : 1u) + (list.secondColors.empty() ? 0u : 1u);
+  return (words.numbers == 6) == !list.normals.empty() && words.colors == colorLists;
+}
+
+}  // namespace
+
+void ZrdParserHandler::endP2() {
+  const Token tag = current_ ? current_->tagName() : Token();
+  if (!isOneOf(tag, Word::Poly2d, Word::Field2d, Word::Pts2d)) illegal("P2");
+  parseP2(static_cast<P2List&>(*current_));
+}
+
+void ZrdParserHandler::endP3() {
+  const Token tag = current_ ? current_->tagName() : Token();
+  if (!isOneOf(tag, Word::Mesh3d, Word::Poly3d, Word::Pts3d, Word::Lines3d, Word::Field3d,
+               Word::Surf3d)) {
+    illegal("P3");
+  }
+  parseP3(static_cast<P3List&>(*current_));
+}
+
+// A colour after plain points, and a plain point after coloured ones, are called illegal; in space
+// the same is called corrupted.
+void ZrdParserHandler::parseP2(P2List& list) {
+  std::array<double, 2> numbers;
+  if (!std::strchr(text(), '#')) {
+    if (!list.colors.empty()) illegal("P2");
+    if (Ubase::scanDoubles(text(), numbers) != 2) corrupted("P2", text());
+    list.points.push_back({numbers[0], numbers[1]});
+    return;
+  }
+  if (!list.points.empty() && list.colors.empty()) illegal("P2");
+  std::array<Ubase::ScannedWord, 1> word;
+  RGBA color;
+  if (Ubase::scanPoint(text(), numbers, word) != 3 || !ColorParser::parse(color, word[0].data())) {
+    corrupted("P2", text());
+  }
+  list.points.push_back({numbers[0], numbers[1]});
+  list.colors.push_back(color);
+}
+
+void ZrdParserHandler::parseP3(P3List& list) {
+  const WordCounts words = countWords(text());
+  if (words.colors > 2) corrupted("P3", text());
+  if (words.numbers != 3 && words.numbers != 6) corrupted("P3", text());
+  if (!list.points.empty() && !isFormOf(list, words)) corrupted("P3", text());
+
+  std::array<double, 6> numbers;
+  std::array<Ubase::ScannedWord, 2> colorWords;
+  const int items = Ubase::scanPoint(text(), std::span(numbers).first(words.numbers),
+                                     std::span(colorWords).first(words.colors));
+  if (items != static_cast<int>(words.numbers + words.colors)) corrupted("P3", text());
+  std::array<RGBA, 2> colors;
+  for (std::size_t i = 0; i < words.colors; ++i) {
+    if (!ColorParser::parse(colors[i], colorWords[i].data())) corrupted("P3", text());
+  }
+
+  list.points.push_back({numbers[0], numbers[1], numbers[2]});
+  if (words.numbers == 6) list.normals.push_back({numbers[3], numbers[4], numbers[5]});
+  if (words.colors > 0) list.colors.push_back(colors[0]);
+  if (words.colors > 1) list.secondColors.push_back(colors[1]);
+}
+
+void ZrdParserHandler::flushColor(ColorArray2d& array) {
+  RGBA color;
+  if (!ColorParser::parse(color, wordBuffer_.c_str())) {
+    corrupted("ColorArray2d", wordBuffer_.c_str());
+  }
+  array.colors.push_back(color);
+}
+
+void ZrdParserHandler::flushValue(DensityArray2d& array) {
+  double value = nan;
+  if (!Ubase::scanDouble(wordBuffer_.c_str(), value)) {
+    corrupted("DensityArray2d", wordBuffer_.c_str());
+  }
+  array.values.push_back(value);
+}
+
+void ZrdParserHandler::flushWord() {
+  if (wordBuffer_.empty()) return;
+  if (current_->tagName() == Word::ColorArray2d) {
+    flushColor(static_cast<ColorArray2d&>(*current_));
+  } else {
+    flushValue(static_cast<DensityArray2d&>(*current_));
+  }
+  wordBuffer_.clear();
+}
+
+// A word may span any number of calls.
+void ZrdParserHandler::appendWords(const char* data, std::size_t length) {
+  const auto isSeparator = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
+  const char* const end = data + length;
+  while (data != end) {
+    const char* const wordEnd = std::find_if(data, end, isSeparator);
+    wordBuffer_.append(data, wordEnd);
+    if (wordEnd == end) return;
+    flushWord();
+    data = wordEnd + 1;
+  }
+}
+
+namespace {
+
+template <class Array>
+bool isShort(const Array& array, std::size_t size) {
+  const std::int64_t cells = std::int64_t{array.xMesh()} * array.yMesh();
+  return static_cast<std::int64_t>(size) < cells;
+}
+
+}  // namespace
+
+void ZrdParserHandler::endArray(WordId elementId) {
+  appendText(" ", 1);
+  const char* tag = current_->tagName().str();
+  if (elementId == WordId::ColorArray2d) {
+    const auto& array = static_cast<const ColorArray2d&>(*current_);
+    if (isShort(array, array.colors.size())) corrupted(tag, "colors missing");
+  } else {
+    const auto& array = static_cast<const DensityArray2d&>(*current_);
+    if (isShort(array, array.values.size())) corrupted(tag, "values missing");
+  }
+}
+
+}  // namespace PlotDom

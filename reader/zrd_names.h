@@ -1,0 +1,20 @@
+// Which words of the vocabulary are names of elements and attributes in the ZRD format.
+#pragma once
+
+#include <string_view>
+
+#include "base/vocabulary.h"
+
+namespace PlotDom {
+
+/// Whether a namespace identifier is the format's. Documents carry the host of their maker in front
+/// of its fixed end.
+bool isFormatNamespace(std::string_view uri);
+
+/// Whether the word is the name of an element: a class of the model, or P2 or P3, which are data.
+bool isElementName(Ubase::WordId word);
+
+/// Whether the word is the name of an attribute.
+bool isAttributeName(Ubase::WordId word);
+
+}  // namespace PlotDom

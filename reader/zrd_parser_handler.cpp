@@ -1,0 +1,260 @@
+#include "reader/zrd_parser_handler.h"
+
+#include <utility>
+
+#include "SRC/native_text.h"
+#include "dom/dom_exception.h"
+#include "reader/attachment_rules.h"
+#include "reader/zrd_names.h"
+
+namespace PlotDom {
+
+using Arbor::DomException;
+using Ubase::Ref;
+using Ubase::WordId;
+
+ZrdParserHandler::ZrdParserHandler(PlotDocument* document, bool ignoreIds, Reporter reporter)
+    : document_(document), keepIds_(!ignoreIds), reporter_(reporter) {
+  document_->beginBatch();
+  if (document_->documentElement()) return;
+  const Ref<PlotElement> canvas(document_->createElement(Word::Canvas));
+  document_->appendChild(canvas.get());
+}
+
+void ZrdParserHandler::report(const char* format, ...) const {
+  if (!reporter_) return;
+  va_list arguments;
+  va_list again;
+  va_start(arguments, format);
+  va_copy(again, arguments);
+  reporter_("ZRD error: ", arguments);
+  reporter_(format, again);
+  va_end(again);
+  va_end(arguments);
+}
+
+void ZrdParserHandler::corrupted(const char* what, const char* text) const {
+  report("%s data corrupted: '%s'\n", what, text);
+  throw DomException(DomException::InvalidAccess);
+}
+
+void ZrdParserHandler::illegal(const char* what) const {
+  report("illegal %s [parent %s]\n", what, current_ ? current_->tagName().str() : "");
+  throw DomException(DomException::InvalidAccess);
+}
+
+// Names.
+
+bool ZrdParserHandler::isFormatName(const char* namespaceUri) const {
+  if (!namespaceUri || isFormatNamespace(namespaceUri)) return true;
+  report("unknown namespace '%s'\n", namespaceUri);
+  return false;
+}
+
+bool ZrdParserHandler::lookupElement(const char* namespaceUri, const char* localName,
+                                     std::uint32_t& outNamespaceId, std::uint32_t& outElementId) {
+  if (!isFormatName(namespaceUri)) return false;
+  const WordId word = Ubase::findWord(localName);
+  if (!isElementName(word)) {
+    report(word == WordId::none ? "unknown element '%s'\n" : "not an element '%s'\n", localName);
+    return false;
+  }
+  outNamespaceId = 0;
+  outElementId = static_cast<std::uint32_t>(word);
+  return true;
+}
+
+bool ZrdParserHandler::lookupAttribute(const char* namespaceUri, const char* localName,
+                                       std::uint32_t& outNamespaceId,
+                                       std::uint32_t& outAttributeId) {
+  if (!isFormatName(namespaceUri)) return false;
+  const WordId word = Ubase::findWord(localName);
+  if (!isAttributeName(word)) {
+    report(word == WordId::none ? "unknown attribute '%s'\n" : "not an attribute '%s'\n",
+           localName);
+    return false;
+  }
+  outNamespaceId = 0;
+  outAttributeId = static_cast<std::uint32_t>(word);
+  return true;
+}
+
+// Start tags.
+
+void ZrdParserHandler::startElement(std::uint32_t, std::uint32_t elementId,
+                                    const Xml::AttributeList& attributes) {
+  const auto word = static_cast<WordId>(elementId);
+  if (word == WordId::P2 || word == WordId::P3) {
+    collectText();
+    childIndex_ = 0;
+    return;
+  }
+  const AttachmentRule& rule = attachmentRule(word);
+  if (!current_ && rule.place != Place::root) throw DomException(DomException::HierarchyRequest);
+
+  Ref<PlotElement> element = makeElement(Ubase::tokenOf(word), attributes);
+  require(*element, word);
+  attach(*element, word);
+  if (rule.content == Content::words) wordBuffer_.clear();
+  if (rule.content != Content::nothing) collectText();
+  current_ = std::move(element);
+}
+
+Ref<PlotElement> ZrdParserHandler::makeElement(Token name, const Xml::AttributeList& attributes) {
+  Ref<PlotElement> element(document_->createElement(name));
+  for (const Xml::Attribute& attribute : attributes) {
+    const Token attributeName = Ubase::tokenById(static_cast<int>(attribute.attributeId));
+    if (!keepIds_ && attributeName == Word::Id) continue;
+    element->setAttributeFromString(attributeName, attribute.value);
+  }
+  return element;
+}
+
+namespace {
+
+void requireToken(const PlotElement& element, Token name) {
+  const Variant value = element.getAttribute(name);
+  const auto* token = value.as<Ubase::TokenVariant>();
+  if (token && token->get() && token->get().str()[0] != '\0') return;
+  throw DomException(DomException::HierarchyRequest);
+}
+
+void requireString(const PlotElement& element, Token name, bool notEmpty) {
+  const Variant value = element.getAttribute(name);
+  const auto* string = value.as<Ubase::FixedStringVariant>();
+  const char* text = string ? string->get().c_str() : nullptr;
+  if (string && (!notEmpty || (text && text[0] != '\0'))) return;
+  throw DomException(DomException::HierarchyRequest);
+}
+
+}  // namespace
+
+void ZrdParserHandler::require(const PlotElement& element, WordId elementId) const {
+  switch (attachmentRule(elementId).required) {
+    case Required::nothing:
+      return;
+    case Required::typeToken:
+      return requireToken(element, Word::Type);
+    case Required::optToken:
+      return requireToken(element, Word::Opt);
+    case Required::optTokenAndVal:
+      requireToken(element, Word::Opt);
+      return requireString(element, Word::Val, false);
+    case Required::nameText:
+      return requireString(element, Word::Name, true);
+    case Required::domToken:
+      return requireToken(element, Word::Dom);
+  }
+}
+
+void ZrdParserHandler::attach(PlotElement& element, WordId elementId) {
+  const Place place = attachmentRule(elementId).place;
+  if (place == Place::positional) return attachPositional(element);
+
+  if (place == Place::append) current_->appendChild(&element);
+  if (place == Place::unique) attachUnique(element);
+  if (place == Place::root) attachRoot(element);
+  childIndex_ = 0;
+}
+
+void ZrdParserHandler::attachUnique(PlotElement& element) {
+  Arbor::Node* present = current_->firstChildByName(element.tagName());
+  if (present) {
+    current_->replaceChild(&element, present);
+  } else {
+    current_->appendChild(&element);
+  }
+}
+
+// Fills the children that an element was made with, one after the other. The previous one leads to
+// the next, so that a long list is not walked from its beginning for each.
+void ZrdParserHandler::attachPositional(PlotElement& element) {
+  Arbor::Node* present = nullptr;
+  if (childIndex_ == 0) {
+    present = current_->firstChild();
+  } else if (previous_ && previous_->parent() == current_.get()) {
+    present = previous_->nextSibling();
+  } else {
+    present = current_->childAt(childIndex_);
+  }
+  if (present) {
+    current_->replaceChild(&element, present);
+  } else {
+    current_->appendChild(&element);
+  }
+  previous_ = &element;
+  ++childIndex_;
+}
+
+void ZrdParserHandler::attachRoot(PlotElement& element) {
+  if (Arbor::Node* root = document_->firstChild()) {
+    document_->replaceChild(&element, root);
+  } else {
+    document_->appendChild(&element);
+  }
+  element.attachedToDocument();
+}
+
+// End tags.
+
+void ZrdParserHandler::endElement(std::uint32_t, std::uint32_t elementId) {
+  const auto word = static_cast<WordId>(elementId);
+  switch (word) {
+    case WordId::P2:
+      return endP2();
+    case WordId::P3:
+      return endP3();
+    case WordId::Canvas:
+      current_ = nullptr;
+      document_->endBatch();
+      return;
+    default:
+      break;
+  }
+  if (!current_) throw DomException(DomException::HierarchyRequest);
+  switch (attachmentRule(word).content) {
+    case Content::nothing:
+      break;
+    case Content::text:
+      endText();
+      break;
+    case Content::words:
+      endArray(word);
+      break;
+  }
+  current_ = PlotElement::from(current_->parent());
+}
+
+void ZrdParserHandler::endText() {
+  trimText();
+  const Ref<Arbor::Node> child(document_->createTextNode(nativeText(text()).c_str()));
+  current_->appendChild(child.get());
+}
+
+void ZrdParserHandler::appendText(const char* data, std::size_t length) {
+  const Token tag = current_ ? current_->tagName() : Token();
+  if (tag == Word::ColorArray2d || tag == Word::DensityArray2d) {
+    appendWords(data, length);
+  } else {
+    appendTextWithoutReturns(data, length);
+  }
+}
+
+void ZrdParserHandler::parseFailed() {
+  const Ref<Arbor::Node> oldRoot(document_->firstChild());
+  if (oldRoot) document_->removeChild(oldRoot.get());
+  const Ref<PlotElement> canvas(document_->createElement(Word::Canvas));
+  document_->appendChild(canvas.get());
+  if (document_->isInBatch()) document_->endBatch();
+}
+
+bool ZrdParser::parse(const char* buffer, int length, bool isFinal) {
+  try {
+    return Parser::parse(buffer, length, isFinal);
+  } catch (const DomException&) {
+    handler_->parseFailed();
+    return false;
+  }
+}
+
+}  // namespace PlotDom

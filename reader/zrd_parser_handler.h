@@ -1,0 +1,91 @@
+// The builder of a plot document from the events of its XML.
+#pragma once
+
+#include <cstdarg>
+#include <string>
+
+#include "SRC/color_array2d.h"
+#include "SRC/density_array2d.h"
+#include "SRC/plot_document.h"
+#include "SRC/point_list.h"
+#include "reader/simple_data_handler.h"
+#include "reader/xml_parser.h"
+
+namespace PlotDom {
+
+/// Builds the tree of a document. It has one cursor, the current element: the element of a start
+/// tag is made, gets its attributes, is put below the current element by the rule of its name, and
+/// becomes the current element itself. What may stand where is decided by the elements.
+///
+/// The document is in a batch from the constructor to the end of the Canvas. Unknown names are
+/// skipped. Bad data, a refused child or a bad value throws Arbor::DomException. A document that is
+/// not well formed is thrown away: an empty Canvas takes its place.
+class ZrdParserHandler : public Xml::SimpleDataHandler {
+ public:
+  /// Takes a format and arguments in the manner of vprintf.
+  using Reporter = int (*)(const char* format, va_list arguments);
+
+  /// `document` must outlive the handler. `ignoreIds` leaves all `id` attributes out; `reporter`,
+  /// which may be null, gets the complaints about the input.
+  ZrdParserHandler(PlotDocument* document, bool ignoreIds, Reporter reporter);
+
+  void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
+                    const Xml::AttributeList& attributes) override;
+  void endElement(std::uint32_t namespaceId, std::uint32_t elementId) override;
+  bool lookupElement(const char* namespaceUri, const char* localName,
+                     std::uint32_t& outNamespaceId, std::uint32_t& outElementId) override;
+  bool lookupAttribute(const char* namespaceUri, const char* localName,
+                       std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) override;
+  void parseFailed() override;
+
+ protected:
+  void appendText(const char* data, std::size_t length) override;
+
+ private:
+  [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+  [[noreturn]] void corrupted(const char* what, const char* text) const;
+  [[noreturn]] void illegal(const char* what) const;
+
+  bool isFormatName(const char* namespaceUri) const;
+  Ubase::Ref<PlotElement> makeElement(Token name, const Xml::AttributeList& attributes);
+  void require(const PlotElement& element, Ubase::WordId elementId) const;
+  void attach(PlotElement& element, Ubase::WordId elementId);
+  void attachUnique(PlotElement& element);
+  void attachPositional(PlotElement& element);
+  void attachRoot(PlotElement& element);
+  void endText();
+  void endArray(Ubase::WordId elementId);
+
+  // Data in text; see data_parsing.cpp.
+  void parseP2(P2List& list);
+  void parseP3(P3List& list);
+  void endP2();
+  void endP3();
+  void flushColor(ColorArray2d& array);
+  void flushValue(DensityArray2d& array);
+  void flushWord();
+  void appendWords(const char* data, std::size_t length);
+
+  PlotDocument* document_;
+  Ubase::Ref<PlotElement> current_;
+  unsigned childIndex_ = 0;           // the place of the next positional child
+  Ubase::Ref<Arbor::Node> previous_;  // the positional child before it, unless it is the first
+  std::string wordBuffer_;
+  bool keepIds_;
+  Reporter reporter_;
+};
+
+/// A parser for hosts that load documents into a running program: a DomException of the handler
+/// ends the document as an XML error does.
+class ZrdParser : public Xml::Parser {
+ public:
+  ZrdParser(ZrdParserHandler* handler, bool namespaces, const char* encoding)
+      : Parser(handler, namespaces, encoding), handler_(handler) {}
+
+  bool parse(const char* buffer, int length, bool isFinal);
+
+ private:
+  ZrdParserHandler* handler_;
+};
+
+}  // namespace PlotDom
