@@ -150,7 +150,9 @@ bool applyWord(FontStyle& out, const std::string& word) {
 }  // namespace
 
 bool FontStyleParser::parse(FontStyle& out, const char* text) {
-  out = FontStyle{.family = out.family};
+  FontStyle plain;
+  plain.family = out.family;
+  out = plain;
   text = skipBlanks(text);
   if (*text == '\0' || !parseFamily(out.family, text)) return false;
   while (*text != '\0') {

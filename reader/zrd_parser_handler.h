@@ -32,8 +32,8 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
                     const Xml::AttributeList& attributes) override;
   void endElement(std::uint32_t namespaceId, std::uint32_t elementId) override;
-  bool lookupElement(const char* namespaceUri, const char* localName,
-                     std::uint32_t& outNamespaceId, std::uint32_t& outElementId) override;
+  bool lookupElement(const char* namespaceUri, const char* localName, std::uint32_t& outNamespaceId,
+                     std::uint32_t& outElementId) override;
   bool lookupAttribute(const char* namespaceUri, const char* localName,
                        std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) override;
   void parseFailed() override;
