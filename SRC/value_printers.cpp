@@ -1,6 +1,6 @@
 #include "SRC/value_printers.h"
 
-#include "base/escape.h"
+#include "base/escape_writers.h"
 #include "base/vocabulary.h"
 
 namespace PlotDom {
