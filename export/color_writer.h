@@ -1,7 +1,7 @@
 // Colours by value: how an index or a number becomes a `<c>` element.
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -12,19 +12,22 @@
 
 namespace PlotDom {
 
-/// Maps a value to a colour between two, in the manner of the colour type, and writes it.
+/// Maps a value to a colour between two, in the manner of the colour type, and writes it. Nothing
+/// is brought into range: what is beyond the two colours wraps around.
 class ColorWriter {
  public:
-  /// `min` is the value mapped to `color2`, `max` the one mapped to `color1`.
-  ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max,
-              Ubase::OutputSink& out);
+  /// `min` is the value mapped to `color2`, `max` the one mapped to `color1`. A type that is none
+  /// of Monochrome, Dichromatic and Rainbow gives black.
+  ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max, Ubase::OutputSink& out);
 
   /// `<c>R G B</c>` and a newline.
-  void writeValueColor(double value);
+  void writeValueColor(double value) { write(mapped(value)); }
 
  protected:
   RGBA mapped(double value) const;
   void write(RGBA color);
+
+  Ubase::OutputSink& out_;
 
  private:
   struct HSV {
@@ -33,6 +36,7 @@ class ColorWriter {
     double value = 0;       // 0 to 255
   };
   static HSV toHSV(RGBA color);
+  void takeLongWayRound();
   RGBA rainbow(double t) const;
 
   Token type_;
@@ -43,35 +47,75 @@ class ColorWriter {
   double min_;
   double max_;
   bool constant_;
-  Ubase::OutputSink& out_;
 };
 
-/// Colours the points of a list, by a list of colours or else by the value of each point.
+/// Colours the points of a list, by a list of colours or else by the value of each point. An index
+/// past the end of the points stands for the last of them.
 class ColorListWriter : public ColorWriter {
  public:
   /// The colour of point `i`.
-  void writeColor(std::size_t i);
+  void writeColor(std::int64_t i);
   /// The colour of a segment, a triangle or a quadrilateral.
-  void writeMeanColor(std::size_t i, std::size_t j);
-  void writeMeanColor(std::size_t i, std::size_t j, std::size_t k);
-  void writeMeanColor(std::size_t i, std::size_t j, std::size_t k, std::size_t l);
+  void writeMeanColor(std::int64_t i, std::int64_t j);
+  void writeMeanColor(std::int64_t i, std::int64_t j, std::int64_t k);
+  void writeMeanColor(std::int64_t i, std::int64_t j, std::int64_t k, std::int64_t l);
   /// The `<colors>` element of all points.
   void writeColors();
+  /// The colours of the lines that GeometryOutput::writeLineStrip() writes.
+  void writeLineStripColors(std::int64_t count, bool closed);
 
-  virtual double valueAt(std::size_t i) const = 0;
+  virtual double valueAt(std::int64_t i) const = 0;
 
  protected:
+  /// `colors` is empty, or has an entry for each of the `count` points.
+  ColorListWriter(Token type, std::span<const RGBA> colors, std::size_t count, RGBA color1,
+                  RGBA color2, double min, double max, Ubase::OutputSink& out);
   ~ColorListWriter() = default;
+
+ private:
+  template <class... Index>
+  void writeMean(Index... indices);
+
+  const RGBA* colors_;  // null if colours go by value
+  std::int64_t count_;
 };
 
-/// The list in use is empty when there is none.
+/// Colours points in space by their z.
+class ColorWriter3D final : public ColorListWriter {
+ public:
+  ColorWriter3D(Token type, std::span<const P3> points, std::span<const RGBA> colors, RGBA color1,
+                RGBA color2, double min, double max, Ubase::OutputSink& out)
+      : ColorListWriter(type, colors, points.size(), color1, color2, min, max, out),
+        points_(points.data()) {}
+
+  double valueAt(std::int64_t i) const override { return points_[i].z; }
+
+ private:
+  const P3* points_;
+};
+
+/// Colours points in the plane by their y.
+class ColorWriter2D final : public ColorListWriter {
+ public:
+  ColorWriter2D(Token type, std::span<const P2> points, std::span<const RGBA> colors, RGBA color1,
+                RGBA color2, double min, double max, Ubase::OutputSink& out)
+      : ColorListWriter(type, colors, points.size(), color1, color2, min, max, out),
+        points_(points.data()) {}
+
+  double valueAt(std::int64_t i) const override { return points_[i].y; }
+
+ private:
+  const P2* points_;
+};
+
+/// How a block is coloured.
 struct ColorMode {
-  std::span<const RGBA> list;
+  std::span<const RGBA> list;  ///< the list in use, empty if there is none
   bool isColored;
 };
 
-/// How a block is coloured: by `list` if the type is Functional and the list is not empty;
-/// otherwise by value, unless the type is Flat or Functional.
-ColorMode colorMode(Token type, const std::vector<RGBA>& list);
+/// A block is coloured by `list` if the type is Functional and the list is not empty; otherwise by
+/// value, unless the type is Flat or Functional.
+ColorMode colorMode(Token type, std::span<const RGBA> list);
 
 }  // namespace PlotDom

@@ -1,7 +1,7 @@
 // The pieces of text that the geometry of a JavaView model is made of.
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -19,6 +19,10 @@ class GeometryOutput : public JavaViewOutput {
   /// The product of all transforms around what is being written, from the outside in; the top is
   /// applied to every point and vector. Empty means identity.
   std::vector<Matrix> transformStack;
+
+  /// Puts a transform within those on the stack.
+  void pushTransform(const Matrix& matrix);
+  void popTransform() { transformStack.pop_back(); }
 
   /// The bounds of the viewing box on the height axis (z in space, y in the plane), between which
   /// colours by height run. Both 0 when unknown.
@@ -48,20 +52,32 @@ class GeometryOutput : public JavaViewOutput {
   void writeVectors3d(std::span<const P3> vectors, RGBA color, double length, double thickness);
   void writeVectors2d(std::span<const P2> vectors, RGBA color, double length, double thickness);
 
-  /// The 38 points of a circle around `center`, in the plane normal to `normal`.
+  static constexpr int circlePoints = 38;
+
+  /// The `circlePoints` points of a circle around `center`, in the plane normal to `normal`.
   void writeCirclePoints(const P3& center, const P3& normal, double radius);
 
   // Runs of elements that several emitters write.
 
   /// `<l>first last</l>`.
-  void writeLine(std::ptrdiff_t first, std::ptrdiff_t last);
+  void writeLine(std::int64_t first, std::int64_t last);
 
   /// The lines from each of `count` points to the next, and, if `closed`, from the last back to the
   /// first.
-  void writeLineStrip(std::ptrdiff_t count, bool closed);
+  void writeLineStrip(std::int64_t count, bool closed);
 
-  /// A polygon as the indices from `first` to `last`, each after the first with a blank before it.
-  void writeIndices(std::ptrdiff_t first, std::ptrdiff_t last);
+  /// A polygon: the indices from `first` to `last`, each after the first with a blank before it.
+  /// `first` is written in any case.
+  void writeIndices(std::int64_t first, std::int64_t last);
+
+  /// The faces between the points of a grid, which are numbered row by row.
+  void writeGridFaces(std::int64_t columns, std::int64_t rows);
+
+  /// The neighbours of these faces: next in the row, next row, previous in the row, previous row.
+  void writeGridNeighbours(std::int64_t columns, std::int64_t rows);
+
+ private:
+  void endVectors(RGBA color, double length, double thickness);
 };
 
 /// The colour that stands for a hatched fill: half-way to white, with the alpha of `color`.

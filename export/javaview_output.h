@@ -8,6 +8,9 @@
 
 namespace PlotDom {
 
+/// 90 pixels to the inch.
+inline constexpr double pixelsPerMillimetre = 3.5433070866141736;
+
 /// Writes to a stream through a sink, with the pieces that every JavaView file is made of. Emitters
 /// write literal text with << and show it in the order in which it stands in the file.
 class JavaViewOutput {
@@ -31,6 +34,10 @@ class JavaViewOutput {
 
   /// `<thickness>` of a size in millimetres, in pixels and at least 1. Nothing for a NaN.
   void writeThickness(double size);
+
+  /// A text in the native encoding, as UTF-8 and with the characters of markup escaped. Null is
+  /// the empty text. Throws Ubase::BadUnicodeString.
+  void writeEscapedLocaleText(const char* text);
 
   Ubase::OutputSink& sink() { return sink_; }
 

@@ -1,0 +1,31 @@
+#include "export/javaview_output.h"
+
+#include <cmath>
+#include <sstream>
+
+#include "base/escape.h"
+
+namespace PlotDom {
+
+void JavaViewOutput::writeShowAttribute(std::string_view name, bool show) {
+  *this << ' ' << name << (show ? "=\"show\"" : "=\"hide\"");
+}
+
+void JavaViewOutput::writeColor(RGBA color) {
+  *this << "<color>" << color.red() << ' ' << color.green() << ' ' << color.blue() << "</color>\n";
+}
+
+void JavaViewOutput::writeThickness(double size) {
+  if (std::isnan(size)) return;
+  const double pixels = size * pixelsPerMillimetre;
+  *this << "<thickness>" << (pixels < 1 ? 1 : pixels) << "</thickness>\n";
+}
+
+void JavaViewOutput::writeEscapedLocaleText(const char* text) {
+  if (!text) return;
+  std::ostringstream escaped;
+  Ubase::writeEscapedLocaleText(escaped, text);
+  *this << escaped.view();
+}
+
+}  // namespace PlotDom
