@@ -3,7 +3,7 @@
 #include <cmath>
 #include <sstream>
 
-#include "base/escape.h"
+#include "base/escape_writers.h"
 
 namespace PlotDom {
 

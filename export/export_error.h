@@ -1,0 +1,20 @@
+// What ends an export.
+#pragma once
+
+#include <exception>
+
+namespace PlotDom {
+
+/// The document, or the place to write to, does not allow the export. The message is for people.
+class JavaViewExportError : public std::exception {
+ public:
+  /// `message` must have static lifetime.
+  explicit JavaViewExportError(const char* message) : message_(message) {}
+
+  const char* what() const noexcept override { return message_; }
+
+ private:
+  const char* message_;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,100 @@
+#include "export/javaview_writer.h"
+
+#include <ctime>
+
+#include "export/export_error.h"
+
+namespace PlotDom {
+
+void JavaViewWriter::write(std::ostream& stream, double time) {
+  JavaViewOutput& out = output();
+  out.attach(stream);
+  try {
+    if (!document_) throw JavaViewExportError("no document");
+    setTime(time);
+    writeHeader();
+    writeScene(findScene());
+  } catch (...) {
+    out.flush();
+    throw;
+  }
+  out.flush();
+}
+
+void JavaViewWriter::warning(const char*) {}
+
+const TimeRange* JavaViewWriter::timeRangeElement() const {
+  return root() ? firstChildOf<TimeRange>(*root()) : nullptr;
+}
+
+bool JavaViewWriter::timeRange(double& begin, double& end) const {
+  const TimeRange* range = timeRangeElement();
+  if (!range) return false;
+  begin = range->timeBegin();
+  end = range->timeEnd();
+  return true;
+}
+
+void JavaViewWriter::setTime(double t) {
+  double begin = nan;
+  double end = nan;
+  if (!timeRange(begin, end)) {
+    if (!std::isnan(t)) warning("not an animation");
+    time_ = nan;
+  } else if (std::isnan(t) || begin > t) {
+    time_ = begin;
+  } else {
+    time_ = t > end ? end : t;
+  }
+}
+
+namespace {
+
+const Arbor::Node* firstNamed(const Arbor::Node* node, Token name, Token otherName) {
+  while (node && !isOneOf(node->nodeName(), name, otherName)) node = node->nextSibling();
+  return node;
+}
+
+}  // namespace
+
+ExportedScene JavaViewWriter::findScene() {
+  if (!root()) throw JavaViewExportError("no Canvas");
+
+  const Arbor::Node* scene = firstNamed(root()->firstChild(), Word::Scene2d, Word::Scene3d);
+  if (!scene) throw JavaViewExportError("no scene");
+  if (firstNamed(scene->nextSibling(), Word::Scene2d, Word::Scene3d)) {
+    warning("more than one scene");
+  }
+
+  const bool is2d = scene->nodeName() == Word::Scene2d;
+  const Arbor::Node* system =
+      scene->firstChildByName(is2d ? Word::CoordinateSystem2d : Word::CoordinateSystem3d);
+  if (!system) throw JavaViewExportError("no coordinate system");
+  if (firstNamed(system->nextSibling(), Word::CoordinateSystem2d, Word::CoordinateSystem3d)) {
+    warning("more than one coordinate system");
+  }
+  return {static_cast<const SceneBase&>(*scene), static_cast<const CoordinateSystemBase&>(*system),
+          is2d};
+}
+
+bool JavaViewWriter::isVisibleNow(const ObjectBase& object) const {
+  if (!object.visible()) return false;
+  if (std::isnan(time_)) return true;
+  const double begin = object.timeBegin();
+  if (std::isnan(begin)) return true;
+  if (begin > time_) return object.visibleBeforeBegin();
+  const double end = object.timeEnd();
+  if (std::isnan(end)) return true;
+  if (time_ > end) return object.visibleAfterEnd();
+  return true;
+}
+
+std::string JavaViewWriter::timestamp() {
+  const std::time_t now = std::time(nullptr);
+  tzset();
+  std::string text = std::asctime(std::localtime(&now));
+  if (text.ends_with('\n')) text.pop_back();
+  return text;
+}
+
+}  // namespace PlotDom

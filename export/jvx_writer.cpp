@@ -1,0 +1,212 @@
+#include "export/jvx_writer.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <limits>
+#include <span>
+#include <string_view>
+
+#include "SRC/expr.h"
+#include "SRC/group.h"
+#include "SRC/transform.h"
+#include "dom/tree_walk.h"
+#include "export/emit_surfaces.h"
+#include "export/export_error.h"
+#include "export/header.h"
+
+namespace PlotDom {
+
+namespace {
+
+/// How the primitives with one tag are written.
+struct Emitter {
+  Token tag;
+  void (*emit)(GeometryOutput& out, const Arbor::Node& primitive);
+};
+
+template <class Primitive, void (*emit)(GeometryOutput&, const Primitive&)>
+constexpr Emitter emitter() {
+  return {Primitive::tag, [](GeometryOutput& out, const Arbor::Node& primitive) {
+            emit(out, static_cast<const Primitive&>(primitive));
+          }};
+}
+
+// A primitive without a line here leaves no trace in the output.
+constexpr Emitter emitters3d[] = {
+    emitter<Mesh3d, emitMesh3d>(),
+    emitter<Surf3d, emitSurf3d>(),
+};
+
+constexpr std::span<const Emitter> emitters2d;
+
+void emitChildren(GeometryOutput& out, const Arbor::Node& image,
+                  std::span<const Emitter> emitters) {
+  for (const Arbor::Node* child = image.firstChild(); child; child = child->nextSibling()) {
+    for (const Emitter& emitter : emitters) {
+      if (child->nodeName() == emitter.tag) emitter.emit(out, *child);
+    }
+  }
+}
+
+Matrix matrixOf(const Tr3d& tr) {
+  const P3& row1 = tr.row1();
+  const P3& row2 = tr.row2();
+  const P3& row3 = tr.row3();
+  const P3& shift = tr.shift();
+  return {row1.x, row1.y, row1.z, shift.x,  //
+          row2.x, row2.y, row2.z, shift.y,  //
+          row3.x, row3.y, row3.z, shift.z,  //
+          0,      0,      0,      1};
+}
+
+Matrix matrixOf(const Tr2d& tr) {
+  const P2& row1 = tr.row1();
+  const P2& row2 = tr.row2();
+  const P2& shift = tr.shift();
+  // The third row is zero on purpose: a flat map has no height.
+  return {row1.x, row1.y, 0, shift.x,  //
+          row2.x, row2.y, 0, shift.y,  //
+          0,      0,      0, 0,        //
+          0,      0,      0, 1};
+}
+
+/// The frame that holds now. Throws if there is none.
+template <class Frame>
+const Frame& requireTimed(const JavaViewWriter& writer, const Arbor::Node& parent,
+                          const char* error) {
+  const Frame* frame = writer.findTimed<Frame>(parent);
+  if (!frame) throw JavaViewExportError(error);
+  return *frame;
+}
+
+}  // namespace
+
+void JVXWriter::writeHeader() { writeJvxHeader(out_, timestamp()); }
+
+void JVXWriter::writeScene(const ExportedScene& scene) {
+  setValueRange(scene);
+  out_.transformStack.clear();
+  out_ << "<geometries>\n";
+  writeContainer(scene.coordinateSystem);
+  out_ << "</geometries>\n</jvx-model>\n";
+}
+
+namespace {
+
+template <class Min, class Max>
+void findValueRange(const CoordinateSystemBase& coordinateSystem, GeometryOutput& out) {
+  const auto* min = firstChildOf<Min>(coordinateSystem);
+  const auto* max = firstChildOf<Max>(coordinateSystem);
+  const bool isKnown = min && max && max->value() > min->value();
+  out.valueMin = isKnown ? min->value() : 0;
+  out.valueMax = isKnown ? max->value() : 0;
+}
+
+}  // namespace
+
+void JVXWriter::setValueRange(const ExportedScene& scene) {
+  if (scene.is2d) {
+    findValueRange<ViewingBoxYMin, ViewingBoxYMax>(scene.coordinateSystem, out_);
+  } else {
+    findValueRange<ViewingBoxZMin, ViewingBoxZMax>(scene.coordinateSystem, out_);
+  }
+}
+
+void JVXWriter::writeContainer(const Arbor::Node& container) {
+  Arbor::walkSubtree(
+      container, [&](const Arbor::Node& node) { return &node == &container || enter(node); },
+      [this](const Arbor::Node& node) { leave(node); });
+}
+
+/// Writes the node if it is an object, and tells whether to go on with its children.
+bool JVXWriter::enter(const Arbor::Node& node) {
+  const Token name = node.nodeName();
+  if (name == Word::Obj3d) {
+    writeObj3d(static_cast<const Obj3d&>(node));
+    return false;
+  }
+  if (name == Word::Obj2d) {
+    writeObj2d(static_cast<const Obj2d&>(node));
+    return false;
+  }
+  if (isOneOf(name, Word::Group3d, Word::Group2d)) {
+    return static_cast<const GroupBase&>(node).visible();
+  }
+  if (name == Word::Transform3d) {
+    out_.pushTransform(matrixOf(requireTimed<Tr3d>(*this, node, "no Tr3d")));
+    return true;
+  }
+  if (name == Word::Transform2d) {
+    out_.pushTransform(matrixOf(requireTimed<Tr2d>(*this, node, "no Tr2d")));
+    return true;
+  }
+  return false;
+}
+
+void JVXWriter::leave(const Arbor::Node& node) {
+  if (isOneOf(node.nodeName(), Word::Transform3d, Word::Transform2d)) out_.popTransform();
+}
+
+void JVXWriter::writeObj3d(const Obj3d& object) {
+  if (!isVisibleNow(object)) return;
+  emitChildren(out_, requireTimed<Img3d>(*this, object, "no Img3d"), emitters3d);
+}
+
+void JVXWriter::writeObj2d(const Obj2d& object) {
+  if (!isVisibleNow(object)) return;
+  emitChildren(out_, requireTimed<Img2d>(*this, object, "no Img2d"), emitters2d);
+}
+
+namespace {
+
+/// "movie.jvx" with its number before the last dot: "movie.1.jvx".
+std::string numberedName(std::string_view fileName, int number) {
+  const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
+  std::string name(fileName.substr(0, dot));
+  name += '.';
+  name += std::to_string(number);
+  name += fileName.substr(dot);
+  return name;
+}
+
+bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
+
+}  // namespace
+
+void JVXWriter::writeAnimation(int frames, const char* fileName) {
+  const double step = 1.0 / frames;
+  double time = nan;
+  double timeEnd = nan;
+  if (!timeRange(time, timeEnd)) throw JavaViewExportError("not an animation");
+
+  const double almostEnd = timeEnd - std::numeric_limits<double>::epsilon();
+  bool isLast = false;
+  bool overwriteAll = false;
+  for (int frameNumber = 1;; ++frameNumber) {
+    const std::string name = numberedName(fileName, frameNumber);
+    if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
+    writeFrame(time, name.c_str());
+    if (isLast || !(time < almostEnd)) return;
+    time += step;
+    if (time > almostEnd) {
+      time = timeEnd;
+      isLast = true;
+    }
+  }
+}
+
+void JVXWriter::writeFrame(double time, const char* fileName) {
+  std::ofstream file(fileName, std::ios::binary);
+  if (!file) throw JavaViewExportError("Can not open output file.");
+  write(file, time);
+  file.close();
+  if (!file) throw JavaViewExportError("Can not write output file.");
+}
+
+bool JVXWriter::confirmOverwrite(const char*, bool& overwriteAll) {
+  overwriteAll = true;
+  return true;
+}
+
+}  // namespace PlotDom
