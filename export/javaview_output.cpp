@@ -1,7 +1,6 @@
 #include "export/javaview_output.h"
 
 #include <cmath>
-#include <sstream>
 
 #include "base/escape_writers.h"
 
@@ -22,10 +21,7 @@ void JavaViewOutput::writeThickness(double size) {
 }
 
 void JavaViewOutput::writeEscapedLocaleText(const char* text) {
-  if (!text) return;
-  std::ostringstream escaped;
-  Ubase::writeEscapedLocaleText(escaped, text);
-  *this << escaped.view();
+  Ubase::writeEscapedLocaleText(sink_, text);
 }
 
 }  // namespace PlotDom
