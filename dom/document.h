@@ -105,6 +105,9 @@ class Document : public InnerNode {
   void nodeMade() { ++nodeCount_; }
   void nodeGone();
 
+  /// The first selected and live range from `range` on, or null.
+  static Range* selectedFrom(Range* range);
+
   void endSubscription(Subscription& subscription);
   void runPending();
   void removeUnreferencedRanges();

@@ -18,12 +18,6 @@ class DocumentFragment : public InnerNode {
   Node* cloneNode(bool deep) const override;
   /// Writes nothing.
   std::ostream& writeXml(std::ostream& out) const override;
-
- private:
-  friend class Node;
-
-  Ref<Node> takeChain();
-  void giveBackChain(Ref<Node> chain);
 };
 
 }  // namespace Arbor

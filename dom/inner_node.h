@@ -27,7 +27,11 @@ class InnerNode : public Node {
   void destroyChildren();
 
  private:
-  friend class DocumentFragment;
+  friend class Node;
+
+  // Empty a fragment whose children go elsewhere, and undo that. The last child keeps its value.
+  Ref<Node> takeChain();
+  void giveBackChain(Ref<Node> chain);
 
   Ref<Node> firstChild_;
   Node* lastChild_ = nullptr;

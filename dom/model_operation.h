@@ -14,16 +14,13 @@ namespace Arbor {
 class ModelOperation : public Ubase::Operation {
  protected:
   explicit ModelOperation(Node* node);
-  ~ModelOperation() override;
 
   Document& document() const { return *document_; }
+  Node* node() const { return node_.get(); }
 
  private:
   Document* document_;
   Ref<Node> node_;
-
- protected:
-  Node* node() const { return node_.get(); }
 };
 
 /// Replaces `count` children of `node` from `first` on by the chain `newChildren`. When done it has
@@ -35,7 +32,10 @@ class ReplaceChildrenOperation final : public ModelOperation {
   void undo() override { execute(); }
 
  private:
-  Node* first_;
+  Node* nodeBehindRun() const;
+  void allowForUnrecordedChanges();
+
+  Ref<Node> first_;
   unsigned count_;
   Ref<Node> newChildren_;
 };
@@ -63,8 +63,11 @@ class AttributeOperation : public ModelOperation {
   Token name() const { return name_; }
   bool hadAttribute() const { return hadAttribute_; }
 
-  void setWithEvents(const Variant& value);
-  void removeWithEvents();
+  // What goes on around a change, in its order: first the elements concerned are told, from the
+  // top down, and then the observers.
+  void announceSet(const Variant& value);
+  void reportSet();
+  void removeAndTell();
 
  private:
   Token name_;

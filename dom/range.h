@@ -78,14 +78,15 @@ class Range : public AtomicNode, public IDocObserver {
   enum Flag : unsigned { Detached = 1, Selected = 2, Frozen = 3 };
 
   struct Point {
-    Node* container;
-    unsigned offset;
+    Node* container = nullptr;
+    unsigned offset = 0;
     bool operator==(const Point&) const = default;
   };
 
   explicit Range(Document* owner);
 
   static int comparePoints(const Point& a, const Point& b);
+  static int relation(const Point& point, const Node* parent, unsigned index, unsigned count);
 
   Point start() const { return {startContainer_.get(), startOffset_}; }
   Point end() const { return {endContainer_.get(), endOffset_}; }
@@ -93,6 +94,7 @@ class Range : public AtomicNode, public IDocObserver {
   void checkOwner(const Node* node) const;
   void checkPoint(const Point& point) const;
   void select();
+  void dropSelection();
   void detachSilently();
   void setBounds(const Point& newStart, const Point& newEnd);
   void storeBounds(const Point& newStart, const Point& newEnd);

@@ -47,6 +47,8 @@ class Text : public AtomicNode {
   void doReplaceText(unsigned offset, unsigned count, const char* text);
 
  private:
+  void checkReplaceData(unsigned offset, unsigned count, const char* text) const;
+
   std::string data_;
 };
 

@@ -1,0 +1,13 @@
+#include "dom/atomic_node.h"
+
+#include "dom/dom_exception.h"
+
+namespace Arbor {
+
+bool AtomicNode::canReplaceChildren(Node*, unsigned, Node*) const { return false; }
+
+void AtomicNode::doReplaceChildren(Node*, unsigned, Node*) {
+  throw DomException(DomException::HierarchyRequest);
+}
+
+}  // namespace Arbor

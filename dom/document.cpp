@@ -1,0 +1,236 @@
+#include "dom/document.h"
+
+#include <ostream>
+#include <utility>
+
+#include "dom/dom_exception.h"
+#include "dom/range_list.h"
+
+namespace Arbor {
+
+Document::Document() : InnerNode(nullptr) {
+  ownerDocument_ = this;
+  ranges_ = new RangeList(this);
+  // These two can shift a range.
+  Document::addObserver(ranges_.get(), EventType::BeforeReplaceText);
+  Document::addObserver(ranges_.get(), EventType::BeforeReplaceChildren);
+}
+
+Document::~Document() {
+  Document::tearDown();
+  destroyChildren();
+  ownerDocument_ = nullptr;
+}
+
+void Document::release() {
+  if (refCount() == 0) addRef();
+  const bool isLastFromOutside = refCount() == (isAbandoned_ ? 2U : 1U);
+  if (isLastFromOutside) {
+    tearDown();
+    destroyChildren();
+  }
+  if (refCount() == 1 && !isAbandoned_ && nodeCount_ > 0) {
+    isAbandoned_ = true;  // the nodes that are left inherit this reference
+    return;
+  }
+  InnerNode::release();
+}
+
+void Document::nodeGone() {
+  if (--nodeCount_ > 0 || !isAbandoned_) return;
+  isAbandoned_ = false;
+  InnerNode::release();
+}
+
+Token Document::nodeName() const {
+  static const Token name("#document", false);
+  return name;
+}
+
+Node* Document::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
+
+std::ostream& Document::writeXml(std::ostream& out) const {
+  out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+  if (firstChild()) firstChild()->writeXml(out);
+  return out << '\n';
+}
+
+void Document::doReplaceChildren(Node* first, unsigned count, Node* newChildren) {
+  const Ref<Node> formerRoot = firstChild();
+  InnerNode::doReplaceChildren(first, count, newChildren);
+  if (formerRoot == firstChild()) return;
+  if (formerRoot) formerRoot->markInDocument(false);
+  if (firstChild()) firstChild()->markInDocument(true);
+}
+
+Text* Document::createTextNode(const char* text) { return new Text(this, text); }
+
+DocumentFragment* Document::createDocumentFragment() { return new DocumentFragment(this); }
+
+Ref<Range> Document::createRange(bool selected) {
+  if (!ranges_) return nullptr;
+  Ref<Range> range = new Range(this);
+  ranges_->doReplaceChildren(nullptr, 0, range.get());
+  range->setFlag(Range::Frozen, isInBatch());
+  if (selected) range->select();
+  return range;
+}
+
+Element* Document::documentElement() const {
+  return firstChild() ? firstChild()->asElement() : nullptr;
+}
+
+void Document::addObserver(IDocObserver* observer) { addObserver(observer, Token()); }
+
+void Document::addObserver(IDocObserver* observer, Token eventType) {
+  if (!observer) return;
+  for (Subscription& subscription : observers_) {
+    if (subscription.observer) continue;
+    subscription = {eventType, observer};
+    return;
+  }
+  observers_.push_back({eventType, observer});
+}
+
+// The loops over the subscriptions go by index: whoever is called may subscribe others, and a
+// subscription that ends leaves its place behind.
+
+void Document::removeObserver(IDocObserver* observer) {
+  if (!observer) return;
+  for (std::size_t i = 0; i < observers_.size(); ++i) {
+    if (observers_[i].observer == observer) endSubscription(observers_[i]);
+  }
+}
+
+void Document::removeObserver(IDocObserver* observer, Token eventType) {
+  if (!observer) return;
+  for (Subscription& subscription : observers_) {
+    if (subscription.observer != observer || !(subscription.eventType == eventType)) continue;
+    endSubscription(subscription);
+    return;
+  }
+}
+
+void Document::endSubscription(Subscription& subscription) {
+  const Token eventType = subscription.eventType;
+  std::exchange(subscription.observer, nullptr)->observerDetached(eventType);
+}
+
+void Document::beginBatch() {
+  if (batchDepth_ > 0) {
+    ++batchDepth_;
+    return;
+  }
+  savedHistoryLimit_ = history_.limit();
+  history_.setLimit(0);
+  for (std::size_t i = 0; i < observers_.size(); ++i) {
+    if (observers_[i].observer) observers_[i].observer->beforeBatch();
+  }
+  removeUnreferencedRanges();
+  batchDepth_ = 1;
+}
+
+void Document::endBatch() {
+  if (batchDepth_ == 0 || --batchDepth_ > 0) return;
+  history_.setLimit(savedHistoryLimit_);
+  for (std::size_t i = 0; i < observers_.size(); ++i) {
+    if (observers_[i].observer) observers_[i].observer->afterBatch();
+  }
+  removeUnreferencedRanges();
+}
+
+void Document::execute(std::unique_ptr<Ubase::Operation> operation) {
+  if (!operation) return;
+  ++executionDepth_;
+  operation->execute();
+  history_.add(std::move(operation));
+  --executionDepth_;
+  removeUnreferencedRanges();
+  runPending();
+}
+
+void Document::executeDeferred(std::unique_ptr<Ubase::Operation> operation) {
+  if (!operation) return;
+  if (executionDepth_ > 0) {
+    pendingOperations_.push_back(std::move(operation));
+  } else {
+    operation->execute();
+  }
+}
+
+void Document::undo() {
+  ++executionDepth_;
+  history_.undo();
+  --executionDepth_;
+  runPending();
+}
+
+void Document::redo() {
+  ++executionDepth_;
+  history_.redo();
+  --executionDepth_;
+  runPending();
+}
+
+void Document::setUndoLimit(unsigned limit) {
+  if (isInBatch()) {
+    savedHistoryLimit_ = limit;
+  } else {
+    history_.setLimit(limit);
+  }
+}
+
+void Document::runPending() {
+  while (executionDepth_ == 0 && !pendingOperations_.empty()) {
+    const std::unique_ptr<Ubase::Operation> operation = std::move(pendingOperations_.front());
+    pendingOperations_.pop_front();
+    operation->execute();
+  }
+}
+
+Range* Document::firstSelectedRange() const {
+  return ranges_ ? selectedFrom(ranges_->firstRange()) : nullptr;
+}
+
+Range* Document::nextSelectedRange(const Range* range) const {
+  if (!range) throw DomException(DomException::NotFound);
+  if (range->ownerDocument() != this) throw DomException(DomException::WrongDocument);
+  return selectedFrom(RangeList::nextRange(*range));
+}
+
+Range* Document::selectedFrom(Range* range) {
+  while (range && (!range->isSelected() || range->isDetached())) {
+    range = RangeList::nextRange(*range);
+  }
+  return range;
+}
+
+void Document::removeUnreferencedRanges() {
+  if (ranges_) ranges_->removeUnreferenced();
+}
+
+void Document::tearDown() {
+  beginBatch();
+  pendingOperations_.clear();
+  if (!ranges_) return;
+  for (Ref<Range> range = firstSelectedRange(); range; range = nextSelectedRange(range.get())) {
+    range->deselect();
+  }
+  for (std::size_t i = 0; i < observers_.size(); ++i) {
+    if (observers_[i].observer) endSubscription(observers_[i]);
+  }
+  ranges_ = nullptr;
+}
+
+void Document::notify(const DomEvent& event) {
+  if (isInBatch()) return;
+  for (std::size_t i = 0; i < observers_.size(); ++i) {
+    const Subscription subscription = observers_[i];
+    if (!subscription.observer) continue;
+    if (subscription.eventType && !(subscription.eventType == event.type)) continue;
+    if (event.isStale()) return;
+    subscription.observer->handleEvent(event);
+  }
+}
+
+}  // namespace Arbor

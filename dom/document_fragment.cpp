@@ -1,0 +1,18 @@
+#include "dom/document_fragment.h"
+
+namespace Arbor {
+
+Token DocumentFragment::nodeName() const {
+  static const Token name("#document-fragment", false);
+  return name;
+}
+
+Node* DocumentFragment::cloneNode(bool deep) const {
+  auto* copy = new DocumentFragment(*this);
+  if (deep) cloneChildrenInto(*copy);
+  return copy;
+}
+
+std::ostream& DocumentFragment::writeXml(std::ostream& out) const { return out; }
+
+}  // namespace Arbor

@@ -1,0 +1,11 @@
+#include "dom/event.h"
+
+#include "dom/range.h"
+
+namespace Arbor {
+
+DomRangeEvent::DomRangeEvent(Range* range, Token eventType) : DomEvent(range, eventType) {}
+
+bool DomRangeEvent::isStale() const { return static_cast<const Range*>(target)->isDetached(); }
+
+}  // namespace Arbor

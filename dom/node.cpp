@@ -1,0 +1,228 @@
+#include "dom/node.h"
+
+#include <memory>
+#include <utility>
+
+#include "dom/document.h"
+#include "dom/dom_exception.h"
+#include "dom/model_operation.h"
+#include "dom/tree_walk.h"
+
+namespace Arbor {
+
+namespace {
+
+/// A change that puts nothing in and takes nothing out.
+bool isNothing(const Node* first, unsigned count, const Node* newChildren) {
+  return !newChildren && (!first || count == 0);
+}
+
+const Node* topOf(const Node& node) {
+  if (node.isInDocument()) return node.ownerDocument();
+  const Node* top = &node;
+  while (top->parent()) top = top->parent();
+  return top;
+}
+
+/// Whether a node of a chain that is in no tree is `node` or one of its ancestors.
+bool holds(const Node* chain, const Node& node) {
+  const Node* top = nullptr;
+  for (; chain; chain = chain->nextSibling()) {
+    const bool isBareLeaf = chain != &node && !chain->firstChild();
+    if (isBareLeaf) continue;
+    if (!top) top = topOf(node);
+    if (chain == top) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Node::Node(Document* owner) : ownerDocument_(owner) {
+  if (ownerDocument_) ownerDocument_->nodeMade();
+}
+
+Node::Node(const Node& other) : RefCounted(other), ownerDocument_(other.ownerDocument_) {
+  if (ownerDocument_) ownerDocument_->nodeMade();
+}
+
+// A long row of siblings dies one by one from the front, so that their number costs no stack.
+Node::~Node() {
+  Ref<Node> next = cut(nextSibling_);
+  while (next && next->refCount() == 1) next = cut(next->nextSibling_);
+  if (ownerDocument_) ownerDocument_->nodeGone();
+}
+
+void Node::setNodeValue(const char*) {}
+
+bool Node::canReplaceText(unsigned, unsigned, const char*) const { return false; }
+
+void Node::replaceChildren(Node* first, unsigned count, Node* newChildren) {
+  if (isNothing(first, count, newChildren)) return;
+  checkReplaceChildren(first, count, newChildren);
+  performReplaceChildren(first, count, newChildren);
+}
+
+void Node::checkReplaceChildren(Node* first, unsigned count, Node* newChildren) const {
+  if (first && first->parent() != this) throw DomException(DomException::NotFound);
+  if (newChildren && newChildren->ownerDocument() != ownerDocument()) {
+    throw DomException(DomException::WrongDocument);
+  }
+  if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
+  const bool isMisplaced = newChildren && (newChildren->parent() || holds(newChildren, *this));
+  if (isMisplaced || !canReplaceChildren(first, count, newChildren)) {
+    throw DomException(DomException::HierarchyRequest);
+  }
+}
+
+void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren) {
+  Ref<Node> cutOff;
+  if (newChildren && newChildren->previousSibling()) {
+    cutOff = cut(newChildren->previousSibling()->nextSibling_);
+  }
+  if (isInDocument()) {
+    ownerDocument()->execute(
+        std::make_unique<ReplaceChildrenOperation>(this, first, count, newChildren));
+  } else {
+    doReplaceChildren(first, count, newChildren);
+  }
+}
+
+/// Replaces children by a node that is perhaps in a tree, or by the children of a fragment. Taking
+/// it out there comes first, as the rules for children may depend on it; a refusal undoes that.
+Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
+  DocumentFragment* fragment = newChild ? newChild->asDocumentFragment() : nullptr;
+  const Ref<InnerNode> formerParent = newChild ? newChild->parent() : nullptr;
+  if (!fragment && !formerParent) {
+    replaceChildren(first, count, newChild);
+    return newChild;
+  }
+
+  // Taking the node out may run operations that observers deferred: nothing here may die of them.
+  const Ref<Node> self = isInDocument() ? this : nullptr;
+  const Ref<Node> keptFirst = first;
+  const Ref<Node> formerNext = newChild->nextSibling();
+  const Ref<Node> chain = fragment ? fragment->takeChain() : formerParent->removeChild(newChild);
+  if (isNothing(first, count, chain.get())) return nullptr;
+  try {
+    checkReplaceChildren(first, count, chain.get());
+  } catch (...) {
+    if (fragment) {
+      fragment->giveBackChain(chain);
+    } else {
+      const bool hasNext = formerNext && formerNext->parent() == formerParent.get();
+      formerParent->performReplaceChildren(hasNext ? formerNext.get() : nullptr, 0, newChild);
+    }
+    throw;
+  }
+  performReplaceChildren(first, count, chain.get());
+  return chain.get();
+}
+
+Node* Node::appendChild(Node* newChild) { return putIn(nullptr, 0, newChild); }
+
+Node* Node::insertBefore(Node* newChild, Node* refChild) { return putIn(refChild, 0, newChild); }
+
+Ref<Node> Node::replaceChild(Node* newChild, Node* oldChild) {
+  const Ref<Node> replaced = oldChild && oldChild->parent() == this ? oldChild : nullptr;
+  putIn(oldChild, 1, newChild);
+  return replaced;
+}
+
+Ref<Node> Node::removeChild(Node* child) {
+  if (!child) return nullptr;
+  checkReplaceChildren(child, 1, nullptr);
+  const Ref<Node> removed = child;
+  performReplaceChildren(child, 1, nullptr);
+  return removed;
+}
+
+Node* Node::firstChildByName(Token name) const {
+  Node* child = firstChild();
+  while (child && !(child->nodeName() == name)) child = child->nextSibling();
+  return child;
+}
+
+Node* Node::childAt(unsigned index) const {
+  Node* child = firstChild();
+  for (; child && index > 0; --index) child = child->nextSibling();
+  return child;
+}
+
+unsigned Node::indexInParent() const {
+  unsigned index = 0;
+  for (const Node* node = previousSibling(); node; node = node->previousSibling()) ++index;
+  return index;
+}
+
+// Goes through the subtree backwards, in step with the copy that it makes: `source` was copied as
+// the node before which the next copy on its level goes.
+void Node::cloneChildrenInto(Node& target) const {
+  const auto lastChildOf = [](const Node& node) {
+    return node.firstChild() ? node.lastChild() : nullptr;
+  };
+  Node* parent = &target;
+  Node* before = nullptr;
+  const Node* source = lastChildOf(*this);
+  while (source) {
+    const Ref<Node> copy = source->cloneNode(false);
+    parent->doReplaceChildren(before, 0, copy.get());
+    before = copy.get();
+    if (const Node* child = lastChildOf(*source)) {
+      source = child;
+      parent = before;
+      before = nullptr;
+      continue;
+    }
+    while (source && !source->previousSibling()) {
+      source = source->parent() == this ? nullptr : source->parent();
+      before = parent;
+      parent = parent->parent();
+    }
+    if (source) source = source->previousSibling();
+  }
+}
+
+void Node::setFlag(unsigned bit, bool value) {
+  const unsigned mask = 1U << bit;
+  flags_ = static_cast<std::uint16_t>(value ? flags_ | mask : flags_ & ~mask);
+}
+
+void Node::link(Ref<Node>& slot, Node* before, Ref<Node> chain) {
+  if (chain) chain->previousSibling_ = before;
+  slot = std::move(chain);
+}
+
+Ref<Node> Node::cut(Ref<Node>& slot) {
+  if (slot) slot->previousSibling_ = nullptr;
+  return std::move(slot);
+}
+
+void Node::setParents(Node* chain, InnerNode* parent) {
+  for (; chain; chain = chain->nextSibling()) chain->parent_ = parent;
+}
+
+void Node::markInDocument(bool inDocument) {
+  if (isInDocument() == inDocument) return;
+  walkSubtree(*this, [inDocument](Node& node) {
+    node.setFlag(InDocument, inDocument);
+    return true;
+  });
+}
+
+unsigned countSiblingsFrom(const Node* node) {
+  unsigned count = 0;
+  for (; node; node = node->nextSibling()) ++count;
+  return count;
+}
+
+Node* commonAncestor(Node* a, Node* b) {
+  if (a == b) return a;
+  for (Node* node = a; node; node = node->parent()) node->setFlag(Node::AncestorMark, true);
+  Node* common = b;
+  while (common && !common->hasFlag(Node::AncestorMark)) common = common->parent();
+  for (Node* node = a; node; node = node->parent()) node->setFlag(Node::AncestorMark, false);
+  return common;
+}
+
+}  // namespace Arbor

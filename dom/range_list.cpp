@@ -1,0 +1,58 @@
+#include "dom/range_list.h"
+
+#include "dom/dom_exception.h"
+
+namespace Arbor {
+
+RangeList::~RangeList() {
+  forEachRange([](Range& range) { range.detachSilently(); });
+}
+
+Token RangeList::nodeName() const {
+  static const Token name("#rangelist", false);
+  return name;
+}
+
+Node* RangeList::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
+
+std::ostream& RangeList::writeXml(std::ostream& out) const { return out; }
+
+void RangeList::removeUnreferenced() {
+  for (Range* range = firstRange(); range;) {
+    Range* next = nextRange(*range);
+    if (range->refCount() == 1) {
+      range->detachSilently();
+      doReplaceChildren(range, 1, nullptr);
+    }
+    range = next;
+  }
+}
+
+void RangeList::observerDetached(Token eventType) {
+  forEachRange([eventType](Range& range) { range.observerDetached(eventType); });
+}
+
+void RangeList::beforeBatch() {
+  forEachRange([](Range& range) { range.beforeBatch(); });
+}
+
+void RangeList::afterBatch() {
+  forEachRange([](Range& range) { range.afterBatch(); });
+}
+
+void RangeList::handleEvent(const DomEvent& event) {
+  forEachRange([&event](Range& range) { range.handleEvent(event); });
+}
+
+/// A call may take its range out of the list, and drop it.
+template <class Call>
+void RangeList::forEachRange(Call call) {
+  Ref<Range> range = firstRange();
+  while (range) {
+    Ref<Range> next = nextRange(*range);
+    call(*range);
+    range = std::move(next);
+  }
+}
+
+}  // namespace Arbor

@@ -1,0 +1,71 @@
+#include "dom/text.h"
+
+#include <algorithm>
+
+#include "base/xml_escape.h"
+#include "dom/document.h"
+#include "dom/dom_exception.h"
+#include "dom/model_operation.h"
+
+namespace Arbor {
+
+Text::Text(Document* owner, const char* text) : AtomicNode(owner), data_(text ? text : "") {}
+
+Token Text::nodeName() const {
+  static const Token name("#text", false);
+  return name;
+}
+
+Node* Text::cloneNode(bool) const { return new Text(*this); }
+
+std::ostream& Text::writeXml(std::ostream& out) const {
+  return Ubase::writeEscapedLocaleText(out, nodeValue());
+}
+
+void Text::setNodeValue(const char* text) { replaceData(0, length(), text); }
+
+bool Text::canReplaceText(unsigned, unsigned, const char*) const { return true; }
+
+std::optional<std::string> Text::substringData(unsigned offset, unsigned count) const {
+  if (offset > length()) throw DomException(DomException::IndexSize);
+  std::string part = data_.substr(offset, count);
+  if (part.empty()) return std::nullopt;
+  return part;
+}
+
+void Text::checkReplaceData(unsigned offset, unsigned count, const char* text) const {
+  if (offset > length()) throw DomException(DomException::IndexSize);
+  if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
+  if (!canReplaceText(offset, count, text)) throw DomException(DomException::HierarchyRequest);
+}
+
+void Text::replaceData(unsigned offset, unsigned count, const char* text) {
+  checkReplaceData(offset, count, text);
+  if (isInDocument()) {
+    ownerDocument()->execute(std::make_unique<ReplaceTextOperation>(this, offset, count, text));
+  } else {
+    doReplaceText(offset, count, text);
+  }
+}
+
+Ref<Text> Text::splitText(unsigned offset) {
+  checkReplaceData(offset, length(), nullptr);
+  const Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
+  if (parent()) {
+    parent()->insertBefore(tail.get(), nextSibling());
+    deleteData(offset, length());
+  } else {
+    Ref<Node> rest = cut(nextSibling_);
+    link(tail->nextSibling_, tail.get(), std::move(rest));
+    link(nextSibling_, this, tail);
+    doReplaceText(offset, length(), nullptr);
+  }
+  return tail;
+}
+
+void Text::doReplaceText(unsigned offset, unsigned count, const char* text) {
+  data_.replace(std::min(offset, length()), count, text ? text : "");
+  if (data_.empty()) data_.shrink_to_fit();
+}
+
+}  // namespace Arbor
