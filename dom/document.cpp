@@ -92,13 +92,10 @@ void Document::addObserver(IDocObserver* observer, Token eventType) {
   observers_.push_back({eventType, observer});
 }
 
-// The loops over the subscriptions go by index: whoever is called may subscribe others, and a
-// subscription that ends leaves its place behind.
-
 void Document::removeObserver(IDocObserver* observer) {
   if (!observer) return;
-  for (std::size_t i = 0; i < observers_.size(); ++i) {
-    if (observers_[i].observer == observer) endSubscription(observers_[i]);
+  for (Subscription& subscription : observers_) {
+    if (subscription.observer == observer) endSubscription(subscription);
   }
 }
 
@@ -123,8 +120,8 @@ void Document::beginBatch() {
   }
   savedHistoryLimit_ = history_.limit();
   history_.setLimit(0);
-  for (std::size_t i = 0; i < observers_.size(); ++i) {
-    if (observers_[i].observer) observers_[i].observer->beforeBatch();
+  for (const Subscription& subscription : observers_) {
+    if (subscription.observer) subscription.observer->beforeBatch();
   }
   removeUnreferencedRanges();
   batchDepth_ = 1;
@@ -133,8 +130,8 @@ void Document::beginBatch() {
 void Document::endBatch() {
   if (batchDepth_ == 0 || --batchDepth_ > 0) return;
   history_.setLimit(savedHistoryLimit_);
-  for (std::size_t i = 0; i < observers_.size(); ++i) {
-    if (observers_[i].observer) observers_[i].observer->afterBatch();
+  for (const Subscription& subscription : observers_) {
+    if (subscription.observer) subscription.observer->afterBatch();
   }
   removeUnreferencedRanges();
 }
@@ -216,16 +213,15 @@ void Document::tearDown() {
   for (Ref<Range> range = firstSelectedRange(); range; range = nextSelectedRange(range.get())) {
     range->deselect();
   }
-  for (std::size_t i = 0; i < observers_.size(); ++i) {
-    if (observers_[i].observer) endSubscription(observers_[i]);
+  for (Subscription& subscription : observers_) {
+    if (subscription.observer) endSubscription(subscription);
   }
   ranges_ = nullptr;
 }
 
 void Document::notify(const DomEvent& event) {
   if (isInBatch()) return;
-  for (std::size_t i = 0; i < observers_.size(); ++i) {
-    const Subscription subscription = observers_[i];
+  for (const Subscription& subscription : observers_) {
     if (!subscription.observer) continue;
     if (subscription.eventType && !(subscription.eventType == event.type)) continue;
     if (event.isStale()) return;

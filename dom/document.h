@@ -3,8 +3,8 @@
 
 #include <cstddef>
 #include <deque>
+#include <list>
 #include <memory>
-#include <vector>
 
 #include "dom/document_fragment.h"
 #include "dom/element.h"
@@ -113,7 +113,8 @@ class Document : public InnerNode {
   void removeUnreferencedRanges();
 
   OperationHistory history_;
-  std::vector<Subscription> observers_;
+  // Places in a list stay, even one given up, while whoever is called subscribes and unsubscribes.
+  std::list<Subscription> observers_;
   std::deque<std::unique_ptr<Ubase::Operation>> pendingOperations_;
   Ref<RangeList> ranges_;
   std::size_t nodeCount_ = 0;

@@ -139,6 +139,8 @@ struct BeforeDeselectEvent : DomRangeEvent {
 /// one that goes away first removes itself.
 class IDocObserver {
  public:
+  virtual ~IDocObserver() = default;
+
   /// The subscription to `eventType` (null: to all events) has ended.
   virtual void observerDetached(Token eventType) = 0;
   /// A batch begins or has ended: until then nothing is recorded or told.
@@ -147,9 +149,6 @@ class IDocObserver {
   /// An observer may subscribe, unsubscribe and read here; changes of the tree it defers by
   /// Document::executeDeferred(). What it throws passes through the mutator.
   virtual void handleEvent(const DomEvent& event) = 0;
-
- protected:
-  ~IDocObserver() = default;
 };
 
 }  // namespace Arbor

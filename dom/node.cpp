@@ -36,6 +36,9 @@ bool holds(const Node* chain, const Node& node) {
   return false;
 }
 
+/// A reference to `node`, unless nobody refers to it yet: the end of this one would destroy it.
+Ref<Node> keep(Node* node) { return node && node->refCount() > 0 ? node : nullptr; }
+
 }  // namespace
 
 Node::Node(Document* owner) : ownerDocument_(owner) {
@@ -92,16 +95,15 @@ void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren
 /// it out there comes first, as the rules for children may depend on it; a refusal undoes that.
 Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
   DocumentFragment* fragment = newChild ? newChild->asDocumentFragment() : nullptr;
-  const Ref<InnerNode> formerParent = newChild ? newChild->parent() : nullptr;
+  InnerNode* formerParent = newChild ? newChild->parent() : nullptr;
   if (!fragment && !formerParent) {
     replaceChildren(first, count, newChild);
     return newChild;
   }
 
   // Taking the node out may run operations that observers deferred: nothing here may die of them.
-  const Ref<Node> self = isInDocument() ? this : nullptr;
-  const Ref<Node> keptFirst = first;
-  const Ref<Node> formerNext = newChild->nextSibling();
+  Node* formerNext = newChild->nextSibling();
+  const Ref<Node> kept[] = {keep(this), keep(first), keep(formerParent), keep(formerNext)};
   const Ref<Node> chain = fragment ? fragment->takeChain() : formerParent->removeChild(newChild);
   if (isNothing(first, count, chain.get())) return nullptr;
   try {
@@ -110,8 +112,8 @@ Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
     if (fragment) {
       fragment->giveBackChain(chain);
     } else {
-      const bool hasNext = formerNext && formerNext->parent() == formerParent.get();
-      formerParent->performReplaceChildren(hasNext ? formerNext.get() : nullptr, 0, newChild);
+      const bool hasNext = formerNext && formerNext->parent() == formerParent;
+      formerParent->performReplaceChildren(hasNext ? formerNext : nullptr, 0, newChild);
     }
     throw;
   }
@@ -124,7 +126,7 @@ Node* Node::appendChild(Node* newChild) { return putIn(nullptr, 0, newChild); }
 Node* Node::insertBefore(Node* newChild, Node* refChild) { return putIn(refChild, 0, newChild); }
 
 Ref<Node> Node::replaceChild(Node* newChild, Node* oldChild) {
-  const Ref<Node> replaced = oldChild && oldChild->parent() == this ? oldChild : nullptr;
+  Ref<Node> replaced = oldChild && oldChild->parent() == this ? oldChild : nullptr;
   putIn(oldChild, 1, newChild);
   return replaced;
 }
@@ -132,7 +134,7 @@ Ref<Node> Node::replaceChild(Node* newChild, Node* oldChild) {
 Ref<Node> Node::removeChild(Node* child) {
   if (!child) return nullptr;
   checkReplaceChildren(child, 1, nullptr);
-  const Ref<Node> removed = child;
+  Ref<Node> removed = child;
   performReplaceChildren(child, 1, nullptr);
   return removed;
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/xml_escape.h"
+#include "base/escape_writers.h"
 #include "dom/document.h"
 #include "dom/dom_exception.h"
 #include "dom/model_operation.h"
@@ -49,16 +49,17 @@ void Text::replaceData(unsigned offset, unsigned count, const char* text) {
 }
 
 Ref<Text> Text::splitText(unsigned offset) {
-  checkReplaceData(offset, length(), nullptr);
-  const Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
+  const unsigned tailLength = length() - offset;
+  checkReplaceData(offset, tailLength, nullptr);
+  Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
   if (parent()) {
     parent()->insertBefore(tail.get(), nextSibling());
-    deleteData(offset, length());
+    deleteData(offset, tailLength);
   } else {
     Ref<Node> rest = cut(nextSibling_);
     link(tail->nextSibling_, tail.get(), std::move(rest));
     link(nextSibling_, this, tail);
-    doReplaceText(offset, length(), nullptr);
+    doReplaceText(offset, tailLength, nullptr);
   }
   return tail;
 }

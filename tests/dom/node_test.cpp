@@ -144,6 +144,16 @@ TEST_F(NodeTest, WhatIsPutInLeavesItsFormerPlace) {
   EXPECT_EQ(xml(), "<r><y></y><b><x></x></b></r>");
 }
 
+TEST_F(NodeTest, AParentThatNobodyRefersToSurvivesAMove) {
+  TestElement* unheld = document->createElement(token("u"));
+  unheld->appendChild(document->createElement(token("a")));
+  const Ref<TestElement> target = document->element("t");
+  target->appendChild(unheld->firstChild());
+  EXPECT_EQ(unheld->length(), 0U);
+  EXPECT_EQ(unheld->refCount(), 0U);
+  unheld->release();
+}
+
 TEST_F(NodeTest, RefusalsHaveTheirCodes) {
   TestElement* root = load("<r><a></a></r>");
   const Ref<TestElement> stranger = document->element("s");

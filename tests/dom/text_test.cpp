@@ -139,7 +139,11 @@ TEST_F(TextTest, SplitsInTheDocumentSoThatItCanBeUndone) {
   EXPECT_EQ(text()->nextSibling(), tail.get());
   EXPECT_EQ(tail->nextSibling(), node("b"));
   checkLinks(*document);
-  EXPECT_TRUE(document->canUndo());
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a></a>abcdef<b></b></r>");
+  EXPECT_STREQ(text()->nodeValue(), "abcdef");
+  document->redo();
+  EXPECT_EQ(node("r")->length(), 4U);
 }
 
 TEST_F(TextTest, SplitsInADetachedTree) {
