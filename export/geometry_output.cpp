@@ -173,6 +173,20 @@ void GeometryOutput::writeIndices(std::int64_t first, std::int64_t last) {
   for (std::int64_t i = first + 1; i <= last; ++i) *this << ' ' << i;
 }
 
+void GeometryOutput::writeClosedLine(std::int64_t first, std::int64_t last) {
+  *this << "<l>";
+  writeIndices(first, last);
+  *this << ' ' << first << "</l>\n";
+}
+
+void GeometryOutput::writeSingleFace(std::int64_t last, RGBA color) {
+  *this << "<faces num=\"1\">\n<f>";
+  writeIndices(0, last);
+  *this << "</f>\n";
+  writeThicknessAndColor(color, noThickness);
+  *this << "</faces>\n<neighbours num=\"0\"/>\n";
+}
+
 void GeometryOutput::writeGridFaces(std::int64_t columns, std::int64_t rows) {
   for (std::int64_t row = 0; row + 1 < rows; ++row) {
     for (std::int64_t column = 0; column + 1 < columns; ++column) {

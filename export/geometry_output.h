@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -12,8 +13,11 @@
 
 namespace PlotDom {
 
+/// As a size: the colour is written alone.
+inline constexpr double noThickness = std::numeric_limits<double>::quiet_NaN();
+
 /// Writes geometry. Points and vectors go through the innermost transform on their way. Sizes are
-/// in millimetres; "no thickness" as a size is a NaN.
+/// in millimetres.
 class GeometryOutput : public JavaViewOutput {
  public:
   /// The product of all transforms around what is being written, from the outside in; the top is
@@ -69,6 +73,12 @@ class GeometryOutput : public JavaViewOutput {
   /// A polygon: the indices from `first` to `last`, each after the first with a blank before it.
   /// `first` is written in any case.
   void writeIndices(std::int64_t first, std::int64_t last);
+
+  /// `<l>` of a polygon that returns to its first point.
+  void writeClosedLine(std::int64_t first, std::int64_t last);
+
+  /// `<faces>` of the one polygon of the points 0 to `last`, and its empty neighbours.
+  void writeSingleFace(std::int64_t last, RGBA color);
 
   /// The faces between the points of a grid, which are numbered row by row.
   void writeGridFaces(std::int64_t columns, std::int64_t rows);

@@ -1,0 +1,13 @@
+// The tips of arrows.
+#pragma once
+
+namespace PlotDom {
+
+/// Whether arrows have a tip. The viewer draws it: how long and how wide it is does not reach the
+/// file. A NaN angle is not 0.
+template <class Arrow>
+bool hasTip(const Arrow& arrow) {
+  return arrow.tipLength() > 0 && arrow.tipAngle() != 0;
+}
+
+}  // namespace PlotDom
