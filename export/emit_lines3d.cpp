@@ -1,0 +1,125 @@
+#include "export/emit_lines3d.h"
+
+#include "SRC/arrow3d.h"
+#include "SRC/line3d.h"
+#include "SRC/lines3d.h"
+#include "SRC/poly3d.h"
+#include "SRC/pts3d.h"
+#include "export/arrow_tip.h"
+#include "export/curve.h"
+#include "export/two_point_line.h"
+
+namespace PlotDom {
+
+void emitPts3d(GeometryOutput& out, const Pts3d& points) {
+  if (!points.pointsVisible()) return;
+  out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\">\n";
+  out.writePoints3d(points.points, points.pointColor(), points.pointSize());
+  out << "</pointSet>\n";
+  out.writeMaterial(points.pointColor().alpha(), false);
+  out << "</geometry>\n";
+}
+
+namespace {
+
+/// One line for each two points. A last point without a partner begins a line all the same.
+void writePairs(GeometryOutput& out, const Lines3d& lines) {
+  const auto points = std::ssize(lines.points);
+  out << "<lines num=\"" << points / 2 << "\">\n";
+  for (std::int64_t i = 0; i < points; i += 2) out.writeLine(i, i + 1);
+  out.writeThicknessAndColor(lines.lineColor(), lines.lineWidth());
+  out << "</lines>\n";
+  if (lineColorMode(lines).isColored) {
+    auto colors = lineColorWriter(out, lines);
+    out << "<colors num=\"" << points / 2 << "\">\n";
+    for (std::int64_t i = 0; i < points; i += 2) colors.writeMeanColor(i, i + 1);
+    out << "</colors>\n";
+  }
+}
+
+}  // namespace
+
+void emitLines3d(GeometryOutput& out, const Lines3d& lines) {
+  const bool isColored = lineColorMode(lines).isColored;
+  const bool inPairs = lines.type() == Word::Lines;
+  const bool closed = lines.type() == Word::LineLoop;
+  const auto lineCount = inPairs ? std::ssize(lines.points) / 2 : curveLineCount(lines, closed);
+
+  writeCurvePoints(out, lines);
+  if (lineCount > 0) {
+    out << "<lineSet";
+    out.writeShowAttribute("color", isColored);
+    out.writeShowAttribute("colorFromPoints", isColored);
+    out.writeShowAttribute("colorSmooth", isColored);
+    out << ">\n";
+    if (inPairs) {
+      writePairs(out, lines);
+    } else {
+      writeCurveLines(out, lines, closed);
+    }
+    out << "</lineSet>\n";
+  }
+  out.writeMaterial(lines.lineColor().alpha(), false);
+  out << "</geometry>\n";
+}
+
+namespace {
+
+bool isSmooth(const Poly3d& polygon) { return polygon.shading() == Word::Smooth; }
+
+/// The point set shows no colours here, although it may hold them.
+void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
+  out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
+  out.writeShowAttribute("point", polygon.pointsVisible());
+  out << ">\n";
+  out.writePoints3d(polygon.points, polygon.lineColor(), polygon.pointSize());
+  if (lineColorMode(polygon).isColored) lineColorWriter(out, polygon).writeColors();
+  out << "</pointSet>\n<faceSet";
+  out.writeShowAttribute("edge", polygon.linesVisible());
+  out << ">\n";
+  out.writeSingleFace(2, polygon.fillColor());
+  if (polygon.linesVisible()) out.writeEdges(polygon.lineColor(), polygon.lineWidth());
+  out << "</faceSet>\n";
+  out.writeMaterial(polygon.fillColor().alpha(), isSmooth(polygon));
+  out << "</geometry>\n";
+}
+
+/// The material belongs to the lines: points alone have none.
+void writeOutline(GeometryOutput& out, const Poly3d& polygon) {
+  if (!polygon.linesVisible() && !polygon.pointsVisible()) return;
+  const bool isColored = lineColorMode(polygon).isColored;
+
+  writeCurvePoints(out, polygon);
+  if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
+    out << "<lineSet";
+    out.writeShowAttribute("color", isColored);
+    out.writeShowAttribute("colorFromPoints", isColored);
+    out.writeShowAttribute("colorSmooth", isColored && isSmooth(polygon));
+    out << ">\n";
+    writeCurveLines(out, polygon, polygon.closed());
+    out << "</lineSet>\n";
+    out.writeMaterial(polygon.lineColor().alpha(), isSmooth(polygon));
+  }
+  out << "</geometry>\n";
+}
+
+}  // namespace
+
+void emitPoly3d(GeometryOutput& out, const Poly3d& polygon) {
+  if (!polygon.filled() || polygon.points.size() < 3) {
+    writeOutline(out, polygon);
+  } else if (polygon.points.size() == 3) {
+    writeTriangle(out, polygon);
+  }
+}
+
+void emitLine3d(GeometryOutput& out, const Line3d& line) {
+  writeTwoPointLine(out, line.from(), line.to(), line.lineColor(), line.lineWidth());
+}
+
+void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow) {
+  writeTwoPointLine(out, arrow.from(), arrow.to(), arrow.lineColor(), arrow.lineWidth(),
+                    hasTip(arrow));
+}
+
+}  // namespace PlotDom

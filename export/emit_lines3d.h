@@ -1,0 +1,26 @@
+// Writers of the primitives in space that are lists of points, and of those with two points.
+#pragma once
+
+#include "export/geometry_output.h"
+
+namespace PlotDom {
+
+class Arrow3d;
+class Line3d;
+class Lines3d;
+class Poly3d;
+class Pts3d;
+
+void emitPts3d(GeometryOutput& out, const Pts3d& points);
+
+/// `Lines` of an odd number of points end in a line to a point that does not exist, and their
+/// number leaves that line out.
+void emitLines3d(GeometryOutput& out, const Lines3d& lines);
+
+/// Only triangles are filled in space: a filled polygon of more points is not written at all.
+void emitPoly3d(GeometryOutput& out, const Poly3d& polygon);
+
+void emitLine3d(GeometryOutput& out, const Line3d& line);
+void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow);
+
+}  // namespace PlotDom
