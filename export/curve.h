@@ -25,7 +25,7 @@ template <class Curve>
 void writeCurvePoints(GeometryOutput& out, const Curve& curve) {
   using Point = typename decltype(curve.points)::value_type;
   const bool isColored = lineColorMode(curve).isColored;
-  out << "<geometry>\n<pointSet dim=\"" << dimension<Point> << "\" pointOutline=\"hide\"";
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\"";
   out.writeShowAttribute("color", isColored);
   out.writeShowAttribute("point", curve.pointsVisible());
   out << ">\n";
@@ -34,7 +34,7 @@ void writeCurvePoints(GeometryOutput& out, const Curve& curve) {
   out << "</pointSet>\n";
 }
 
-/// The number of lines from point to point; below 1 for a curve without points.
+/// The number of lines from point to point; 0 or less if there is none.
 template <class Curve>
 std::int64_t curveLineCount(const Curve& curve, bool closed) {
   const auto count = std::ssize(curve.points);

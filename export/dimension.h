@@ -10,8 +10,8 @@
 
 namespace PlotDom {
 
-template <class Point>
-inline constexpr int dimension = std::is_same_v<Point, P2> ? 2 : 3;
+constexpr int dimensionOf(const P2&) { return 2; }
+constexpr int dimensionOf(const P3&) { return 3; }
 
 /// Colours points by the height axis of their dimension.
 template <class Point>

@@ -106,7 +106,7 @@ void emitField(GeometryOutput& out, const Field& field) {
   const std::span vectors(field.points.data(), count);
   const ColorMode mode = colorMode(field.lineColorType(), field.colors);
 
-  out << "<geometry>\n<pointSet dim=\"" << dimension<Point> << "\" point=\"hide\">\n";
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(field.delta()) << "\" point=\"hide\">\n";
   writePoints(out, nodes, black, noThickness);
   out << "</pointSet>\n<vectorField material=\"show\"";
   out.writeShowAttribute("color", mode.isColored);

@@ -1,7 +1,7 @@
 // Labels, in the plane and in space.
 #pragma once
 
-#include "dom/text.h"
+#include "dom/node.h"
 #include "export/dimension.h"
 
 namespace PlotDom {
@@ -10,16 +10,14 @@ namespace PlotDom {
 /// transforms around it. Throws Ubase::BadUnicodeString.
 template <class Label>
 void writeLabel(GeometryOutput& out, const Label& label) {
-  const auto& position = label.position();
   const FontStyle& font = label.textFont();
-  out << "<geometry>\n<pointSet dim=\""
-      << dimension<std::decay_t<
-             decltype(position)>> << "\" point=\"show\">\n<points num=\"1\">\n<p name=\"";
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(label.position())
+      << "\" point=\"show\">\n<points num=\"1\">\n<p name=\"";
   for (const Arbor::Node* child = label.firstChild(); child; child = child->nextSibling()) {
     out.writeEscapedLocaleText(child->nodeValue());
   }
   out << "\">";
-  writeCoordinates(out, position);
+  writeCoordinates(out, label.position());
   out << "</p>\n<thickness>0</thickness>\n";
   out.writeColor(font.color);
   out.writeLabelAtt(font, label.horizontalAlignment(), label.verticalAlignment());

@@ -13,7 +13,7 @@ template <class Point>
 void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, RGBA color,
                        double width, std::optional<bool> tip = std::nullopt) {
   const Point ends[] = {from, to};
-  out << "<geometry>\n<pointSet dim=\"" << dimension<Point> << "\" point=\"hide\">\n";
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(from) << "\" point=\"hide\">\n";
   writePoints(out, ends, color, noThickness);
   out << "</pointSet>\n<lineSet";
   if (tip) out.writeShowAttribute("arrow", *tip);
