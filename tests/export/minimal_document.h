@@ -47,9 +47,10 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
     return element("ViewingBox" + axis + bound, {{Word::Val, value}}, "");
   };
   const std::string primitive = element(name, source.attributes, source.content);
-  std::string object = element("Obj" + dimension, {}, element("Img" + dimension, {}, primitive));
+  std::string object =
+      element("Obj" + dimension, {{Word::Type, name}}, element("Img" + dimension, {}, primitive));
   if (!source.transform.empty()) {
-    object = element("Transform" + dimension, {{Word::Type, "Transform" + dimension}},
+    object = element("Transform" + dimension, {{Word::Type, "Rotate"}},
                      element("Tr" + dimension, source.transform, "") + object);
   }
   const std::string coordinateSystem =
