@@ -13,6 +13,10 @@ namespace PlotDom {
 constexpr int dimensionOf(const P2&) { return 2; }
 constexpr int dimensionOf(const P3&) { return 3; }
 
+/// What the point list of a primitive holds.
+template <class PointList>
+using PointOf = typename decltype(PointList::points)::value_type;
+
 /// Colours points by the height axis of their dimension.
 template <class Point>
 using HeightColorWriter =

@@ -95,12 +95,11 @@ HeightRange heightRange(const Field3d& field) {
 
 template <class Field>
 void emitField(GeometryOutput& out, const Field& field) {
-  using Points = decltype(field.points);
-  using Point = typename Points::value_type;
+  using Point = PointOf<Field>;
   const std::size_t count = nodeCount(field);
   if (count == 0) return;
 
-  Points nodes;
+  std::vector<Point> nodes;
   nodes.reserve(count);
   appendNodes(nodes, field);
   const std::span vectors(field.points.data(), count);

@@ -23,16 +23,15 @@ void emitPts3d(GeometryOutput& out, const Pts3d& points) {
 namespace {
 
 /// One line for each two points. A last point without a partner begins a line all the same.
-void writePairs(GeometryOutput& out, const Lines3d& lines) {
+void writePairs(GeometryOutput& out, const Lines3d& lines, BlockColors<P3>& colors) {
   const auto points = std::ssize(lines.points);
   out << "<lines num=\"" << points / 2 << "\">\n";
   for (std::int64_t i = 0; i < points; i += 2) out.writeLine(i, i + 1);
   out.writeThicknessAndColor(lines.lineColor(), lines.lineWidth());
   out << "</lines>\n";
-  if (lineColorMode(lines).isColored) {
-    auto colors = lineColorWriter(out, lines);
+  if (colors.isColored) {
     out << "<colors num=\"" << points / 2 << "\">\n";
-    for (std::int64_t i = 0; i < points; i += 2) colors.writeMeanColor(i, i + 1);
+    for (std::int64_t i = 0; i < points; i += 2) colors.writer.writeMeanColor(i, i + 1);
     out << "</colors>\n";
   }
 }
@@ -40,22 +39,18 @@ void writePairs(GeometryOutput& out, const Lines3d& lines) {
 }  // namespace
 
 void emitLines3d(GeometryOutput& out, const Lines3d& lines) {
-  const bool isColored = lineColorMode(lines).isColored;
   const bool inPairs = lines.type() == Word::Lines;
   const bool closed = lines.type() == Word::LineLoop;
   const auto lineCount = inPairs ? std::ssize(lines.points) / 2 : curveLineCount(lines, closed);
+  BlockColors colors = curveColors(out, lines);
 
-  writeCurvePoints(out, lines);
+  beginGeometry(out, lines, lines.points, lines.pointsVisible(), colors);
   if (lineCount > 0) {
-    out << "<lineSet";
-    out.writeShowAttribute("color", isColored);
-    out.writeShowAttribute("colorFromPoints", isColored);
-    out.writeShowAttribute("colorSmooth", isColored);
-    out << ">\n";
+    beginLineSet3d(out, colors.isColored, true);
     if (inPairs) {
-      writePairs(out, lines);
+      writePairs(out, lines, colors);
     } else {
-      writeCurveLines(out, lines, closed);
+      writeCurveLines(out, lines, closed, colors);
     }
     out << "</lineSet>\n";
   }
@@ -67,13 +62,14 @@ namespace {
 
 bool isSmooth(const Poly3d& polygon) { return polygon.shading() == Word::Smooth; }
 
-/// The point set shows no colours here, although it may hold them.
+/// The point set does not say that it shows colours, even if it holds some.
 void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
+  BlockColors colors = curveColors(out, polygon);
   out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
   out.writeShowAttribute("point", polygon.pointsVisible());
   out << ">\n";
   out.writePoints3d(polygon.points, polygon.lineColor(), polygon.pointSize());
-  if (lineColorMode(polygon).isColored) lineColorWriter(out, polygon).writeColors();
+  if (colors.isColored) colors.writer.writeColors();
   out << "</pointSet>\n<faceSet";
   out.writeShowAttribute("edge", polygon.linesVisible());
   out << ">\n";
@@ -87,16 +83,12 @@ void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
 /// The material belongs to the lines: points alone have none.
 void writeOutline(GeometryOutput& out, const Poly3d& polygon) {
   if (!polygon.linesVisible() && !polygon.pointsVisible()) return;
-  const bool isColored = lineColorMode(polygon).isColored;
+  BlockColors colors = curveColors(out, polygon);
 
-  writeCurvePoints(out, polygon);
+  beginGeometry(out, polygon, polygon.points, polygon.pointsVisible(), colors);
   if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
-    out << "<lineSet";
-    out.writeShowAttribute("color", isColored);
-    out.writeShowAttribute("colorFromPoints", isColored);
-    out.writeShowAttribute("colorSmooth", isColored && isSmooth(polygon));
-    out << ">\n";
-    writeCurveLines(out, polygon, polygon.closed());
+    beginLineSet3d(out, colors.isColored, isSmooth(polygon));
+    writeCurveLines(out, polygon, polygon.closed(), colors);
     out << "</lineSet>\n";
     out.writeMaterial(polygon.lineColor().alpha(), isSmooth(polygon));
   }

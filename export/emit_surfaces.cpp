@@ -12,16 +12,16 @@ namespace {
 // fill; a single one is for the fill, unless HasLineColors says otherwise.
 
 template <class Surface>
-BlockColors surfaceLineColors(GeometryOutput& out, const Surface& surface,
-                              std::span<const P3> points) {
+BlockColors<P3> surfaceLineColors(GeometryOutput& out, const Surface& surface,
+                                  std::span<const P3> points) {
   std::span<const RGBA> list;
   if (surface.hasLineColors() || !surface.secondColors.empty()) list = surface.colors;
   return lineColors(out, surface, points, list);
 }
 
 template <class Surface>
-BlockColors surfaceFillColors(GeometryOutput& out, const Surface& surface,
-                              std::span<const P3> points) {
+BlockColors<P3> surfaceFillColors(GeometryOutput& out, const Surface& surface,
+                                  std::span<const P3> points) {
   std::span<const RGBA> list = surface.secondColors;
   if (list.empty() && !surface.hasLineColors()) list = surface.colors;
   return fillColors(out, surface, points, list);
@@ -75,7 +75,7 @@ void forEachCrossing(const Grid& grid, Visit visit) {
 /// The points of a refined mesh, in a geometry of their own: only those of the parameter lines are
 /// to be seen.
 void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
-  BlockColors colors = surfaceLineColors(out, mesh, grid.points);
+  BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const std::int64_t count = grid.uMesh * grid.vMesh;
 
   out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
@@ -107,7 +107,7 @@ void writeFaceColors(GeometryOutput& out, const Grid& grid, ColorWriter3D& color
 }
 
 void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bool showPoints) {
-  BlockColors colors = surfaceFillColors(out, mesh, grid.points);
+  BlockColors<P3> colors = surfaceFillColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
   beginGeometry(out, mesh, grid.points, showPoints, colors);
@@ -119,7 +119,7 @@ void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, 
     out.writeShowAttribute("colorSmooth", colors.isColored && isSmooth);
     out << ">\n<faces num=\"" << grid.faceCount() << "\">\n";
     out.writeGridFaces(grid.columns, grid.rows);
-    out.writeThicknessAndColor(mesh.fillColor(), nan);
+    out.writeThicknessAndColor(mesh.fillColor(), noThickness);
     out << "</faces>\n<neighbours num=\"" << grid.faceCount() << "\">\n";
     out.writeGridNeighbours(grid.columns, grid.rows);
     out << "</neighbours>\n";
@@ -166,12 +166,13 @@ void writeParameterLineColors(GeometryOutput& out, const Grid& grid, ColorWriter
 }
 
 void writeWireMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bool showPoints) {
-  BlockColors colors = surfaceLineColors(out, mesh, grid.points);
+  BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
   beginGeometry(out, mesh, grid.points, showPoints, colors);
   if (areLinesVisible(mesh) && grid.lineCount() > 0) {
-    beginLines(out, colors.isColored, isSmooth, grid.lineCount());
+    beginLineSet3d(out, colors.isColored, isSmooth);
+    out << "<lines num=\"" << grid.lineCount() << "\">\n";
     writeParameterLines(out, grid);
     out.writeThicknessAndColor(mesh.lineColor(), mesh.lineWidth());
     out << "</lines>\n";
@@ -246,7 +247,7 @@ void writeFaceColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter
 }
 
 void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
-  BlockColors colors = surfaceFillColors(out, surface, surface.points);
+  BlockColors<P3> colors = surfaceFillColors(out, surface, surface.points);
   const bool isSmooth = surface.shading() == Word::Smooth;
 
   beginGeometry(out, surface, surface.points, surface.pointsVisible(), colors);
@@ -260,7 +261,7 @@ void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
     out.writeShowAttribute("colorSmooth", colors.isColored && isSmooth);
     out << ">\n<faces num=\"" << faces->faceCount() << "\">\n";
     writeFaces(out, *faces);
-    out.writeThicknessAndColor(surface.fillColor(), nan);
+    out.writeThicknessAndColor(surface.fillColor(), noThickness);
     out << "</faces>\n";
     writeNeighbours(out, *faces);
     if (surface.meshVisible()) out.writeEdges(surface.lineColor(), surface.lineWidth());
@@ -292,16 +293,17 @@ void writeEdgeColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter
 }
 
 void writeWireSurface(GeometryOutput& out, const Surf3d& surface) {
-  BlockColors colors = surface.meshVisible() || surface.pointsVisible()
-                           ? surfaceLineColors(out, surface, surface.points)
-                           : lineColors(out, surface, surface.points, {});
+  BlockColors<P3> colors = surface.meshVisible() || surface.pointsVisible()
+                               ? surfaceLineColors(out, surface, surface.points)
+                               : lineColors(out, surface, surface.points, {});
   const bool isSmooth = surface.shading() == Word::Smooth;
 
   beginGeometry(out, surface, surface.points, surface.pointsVisible(), colors);
   if (surface.meshVisible()) {
     const auto faces = makeFaceIterator(surface.type(), surface.points.size());
     if (faces->edgeCount() > 0) {
-      beginLines(out, colors.isColored, isSmooth, faces->edgeCount());
+      beginLineSet3d(out, colors.isColored, isSmooth);
+      out << "<lines num=\"" << faces->edgeCount() << "\">\n";
       writeEdgeLines(out, *faces);
       // Unlike all others, these lines have neither thickness nor colour.
       out << "</lines>\n";
