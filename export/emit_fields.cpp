@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "SRC/field2d.h"
-#include "SRC/field3d.h"
 #include "export/arrow_tip.h"
 #include "export/dimension.h"
 

@@ -1,12 +1,11 @@
 // Writers of vector fields.
 #pragma once
 
+#include "SRC/field2d.h"
+#include "SRC/field3d.h"
 #include "export/geometry_output.h"
 
 namespace PlotDom {
-
-class Field2d;
-class Field3d;
 
 // A field with fewer vectors than its grid has nodes is not written; surplus vectors are ignored.
 

@@ -1,10 +1,5 @@
 #include "export/emit_lines3d.h"
 
-#include "SRC/arrow3d.h"
-#include "SRC/line3d.h"
-#include "SRC/lines3d.h"
-#include "SRC/poly3d.h"
-#include "SRC/pts3d.h"
 #include "export/arrow_tip.h"
 #include "export/curve.h"
 #include "export/two_point_line.h"

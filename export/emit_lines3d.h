@@ -1,15 +1,14 @@
 // Writers of the primitives in space that are lists of points, and of those with two points.
 #pragma once
 
+#include "SRC/arrow3d.h"
+#include "SRC/line3d.h"
+#include "SRC/lines3d.h"
+#include "SRC/poly3d.h"
+#include "SRC/pts3d.h"
 #include "export/geometry_output.h"
 
 namespace PlotDom {
-
-class Arrow3d;
-class Line3d;
-class Lines3d;
-class Poly3d;
-class Pts3d;
 
 void emitPts3d(GeometryOutput& out, const Pts3d& points);
 

@@ -2,12 +2,6 @@
 
 #include <cmath>
 
-#include "SRC/box.h"
-#include "SRC/circle3d.h"
-#include "SRC/cone.h"
-#include "SRC/ellipsoid.h"
-#include "SRC/sphere.h"
-#include "SRC/text3d.h"
 #include "export/label.h"
 #include "export/vector3d.h"
 

@@ -2,16 +2,15 @@
 // fixed: no property and no size changes it.
 #pragma once
 
+#include "SRC/box.h"
+#include "SRC/circle3d.h"
+#include "SRC/cone.h"
+#include "SRC/ellipsoid.h"
+#include "SRC/sphere.h"
+#include "SRC/text3d.h"
 #include "export/geometry_output.h"
 
 namespace PlotDom {
-
-class Box;
-class Circle3d;
-class Cone;
-class Ellipsoid;
-class Sphere;
-class Text3d;
 
 void emitBox(GeometryOutput& out, const Box& box);
 void emitSphere(GeometryOutput& out, const Sphere& sphere);

@@ -11,6 +11,9 @@
 #include "SRC/group.h"
 #include "SRC/transform.h"
 #include "dom/tree_walk.h"
+#include "export/emit_fields.h"
+#include "export/emit_lines3d.h"
+#include "export/emit_solids.h"
 #include "export/emit_surfaces.h"
 #include "export/export_error.h"
 #include "export/header.h"
@@ -35,10 +38,24 @@ constexpr Emitter emitter() {
 // A primitive without a line here leaves no trace in the output.
 constexpr Emitter emitters3d[] = {
     emitter<Mesh3d, emitMesh3d>(),
+    emitter<Poly3d, emitPoly3d>(),
+    emitter<Pts3d, emitPts3d>(),
+    emitter<Lines3d, emitLines3d>(),
     emitter<Surf3d, emitSurf3d>(),
+    emitter<Field3d, emitField3d>(),
+    emitter<Line3d, emitLine3d>(),
+    emitter<Arrow3d, emitArrow3d>(),
+    emitter<Box, emitBox>(),
+    emitter<Circle3d, emitCircle3d>(),
+    emitter<Cone, emitCone>(),
+    emitter<Sphere, emitSphere>(),
+    emitter<Ellipsoid, emitEllipsoid>(),
+    emitter<Text3d, emitText3d>(),
 };
 
-constexpr std::span<const Emitter> emitters2d;
+constexpr Emitter emitters2d[] = {
+    emitter<Field2d, emitField2d>(),
+};
 
 void emitChildren(GeometryOutput& out, const Arbor::Node& image,
                   std::span<const Emitter> emitters) {
