@@ -23,6 +23,10 @@ RGBA opaque(double r, double g, double b) { return {channelOf(r), channelOf(g), 
 
 }  // namespace
 
+void writeColorEntry(Ubase::OutputSink& out, RGBA color) {
+  out << "<c>" << color.red() << ' ' << color.green() << ' ' << color.blue() << "</c>\n";
+}
+
 ColorWriter::ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max,
                          Ubase::OutputSink& out)
     : out_(out),
@@ -107,10 +111,6 @@ RGBA ColorWriter::rainbow(double t) const {
   return scaled(V, P, Q);
 }
 
-void ColorWriter::write(RGBA color) {
-  out_ << "<c>" << color.red() << ' ' << color.green() << ' ' << color.blue() << "</c>\n";
-}
-
 ColorListWriter::ColorListWriter(Token type, std::span<const RGBA> colors, std::size_t count,
                                  RGBA color1, RGBA color2, double min, double max,
                                  Ubase::OutputSink& out)
@@ -131,7 +131,7 @@ void ColorListWriter::writeMean(Index... indices) {
       g += colors_[i].green();
       b += colors_[i].blue();
     }
-    write({r / n, g / n, b / n});
+    writeColorEntry(out_, {r / n, g / n, b / n});
   } else {
     double sum = valueAt(at[0]);
     for (std::size_t i = 1; i < at.size(); ++i) sum += valueAt(at[i]);

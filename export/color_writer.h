@@ -12,6 +12,9 @@
 
 namespace PlotDom {
 
+/// Writes `<c>R G B</c>` and a newline. Alpha is not written.
+void writeColorEntry(Ubase::OutputSink& out, RGBA color);
+
 /// Maps a value to a colour between two, in the manner of the colour type, and writes it. Nothing
 /// is brought into range: what is beyond the two colours wraps around.
 class ColorWriter {
@@ -21,11 +24,10 @@ class ColorWriter {
   ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max, Ubase::OutputSink& out);
 
   /// `<c>R G B</c>` and a newline.
-  void writeValueColor(double value) { write(mapped(value)); }
+  void writeValueColor(double value) { writeColorEntry(out_, mapped(value)); }
 
  protected:
   RGBA mapped(double value) const;
-  void write(RGBA color);
 
   Ubase::OutputSink& out_;
 

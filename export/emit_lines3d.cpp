@@ -2,17 +2,14 @@
 
 #include "export/arrow_tip.h"
 #include "export/curve.h"
+#include "export/point_set.h"
 #include "export/two_point_line.h"
 
 namespace PlotDom {
 
 void emitPts3d(GeometryOutput& out, const Pts3d& points) {
   if (!points.pointsVisible()) return;
-  out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\">\n";
-  out.writePoints3d(points.points, points.pointColor(), points.pointSize());
-  out << "</pointSet>\n";
-  out.writeMaterial(points.pointColor().alpha(), false);
-  out << "</geometry>\n";
+  writePointSet<P3>(out, points.points, points.pointColor(), points.pointSize());
 }
 
 namespace {

@@ -197,7 +197,8 @@ void GeometryOutput::writeGridFaces(std::int64_t columns, std::int64_t rows) {
   }
 }
 
-void GeometryOutput::writeGridNeighbours(std::int64_t columns, std::int64_t rows) {
+void GeometryOutput::writeGridNeighbours(std::int64_t columns, std::int64_t rows,
+                                         std::string_view end) {
   const std::int64_t faceColumns = columns - 1;
   const std::int64_t faceRows = rows - 1;
   for (std::int64_t row = 0; row < faceRows; ++row) {
@@ -205,8 +206,7 @@ void GeometryOutput::writeGridNeighbours(std::int64_t columns, std::int64_t rows
       const std::int64_t face = row * faceColumns + column;
       *this << "<nb>" << (column + 1 < faceColumns ? face + 1 : -1)  //
             << ' ' << (row + 1 < faceRows ? face + faceColumns : -1) << ' '
-            << (column > 0 ? face - 1 : -1) << ' ' << (row > 0 ? face - faceColumns : -1)
-            << "</nb>\n";
+            << (column > 0 ? face - 1 : -1) << ' ' << (row > 0 ? face - faceColumns : -1) << end;
     }
   }
 }

@@ -84,7 +84,9 @@ class GeometryOutput : public JavaViewOutput {
   void writeGridFaces(std::int64_t columns, std::int64_t rows);
 
   /// The neighbours of these faces: next in the row, next row, previous in the row, previous row.
-  void writeGridNeighbours(std::int64_t columns, std::int64_t rows);
+  /// `end` ends each entry.
+  void writeGridNeighbours(std::int64_t columns, std::int64_t rows,
+                           std::string_view end = "</nb>\n");
 
  private:
   void endVectors(RGBA color, double length, double thickness);
