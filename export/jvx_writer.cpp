@@ -13,6 +13,8 @@
 #include "dom/tree_walk.h"
 #include "export/emit_fields.h"
 #include "export/emit_lines3d.h"
+#include "export/emit_plane.h"
+#include "export/emit_rasters.h"
 #include "export/emit_solids.h"
 #include "export/emit_surfaces.h"
 #include "export/export_error.h"
@@ -54,7 +56,17 @@ constexpr Emitter emitters3d[] = {
 };
 
 constexpr Emitter emitters2d[] = {
+    emitter<Poly2d, emitPoly2d>(),
     emitter<Field2d, emitField2d>(),
+    emitter<Arc2d, emitArc2d>(),
+    emitter<Pt2d, emitPt2d>(),
+    emitter<Line2d, emitLine2d>(),
+    emitter<Arrow2d, emitArrow2d>(),
+    emitter<ColorArray2d, emitColorArray2d>(),
+    emitter<DensityArray2d, emitDensityArray2d>(),
+    emitter<Pts2d, emitPts2d>(),
+    emitter<Text2d, emitText2d>(),
+    emitter<VerticalAsymptote, emitVerticalAsymptote>(),
 };
 
 void emitChildren(GeometryOutput& out, const Arbor::Node& image,
