@@ -1,0 +1,81 @@
+// Whole conversions: from the text of a document to the text of a model.
+#pragma once
+
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "SRC/plot_document.h"
+#include "SRC/plot_variants.h"
+#include "export/export_error.h"
+#include "export/jvx_writer.h"
+#include "reader/xml_parser.h"
+#include "reader/zrd_parser_handler.h"
+
+namespace PlotDom {
+
+/// A document that is read from a text and torn down at the end.
+class ReadDocument {
+ public:
+  explicit ReadDocument(std::string_view text) {
+    handler_.emplace(document_.get(), true, nullptr);
+    Xml::Parser parser(&*handler_, true, nullptr);
+    isWellFormed_ = parser.parse(text.data(), static_cast<int>(text.size()), true);
+  }
+  ~ReadDocument() { document_->tearDown(); }
+
+  bool isWellFormed() const { return isWellFormed_; }
+  PlotDocument* operator->() const { return document_.get(); }
+  PlotDocument* get() const { return document_.get(); }
+
+ private:
+  Ubase::Ref<PlotDocument> document_{new PlotDocument};
+  std::optional<ZrdParserHandler> handler_;
+  bool isWellFormed_ = false;
+};
+
+/// Any writer, with its warnings kept.
+template <class Writer>
+class ListeningWriter : public Writer {
+ public:
+  using Writer::Writer;
+  void warning(const char* text) override { warnings.emplace_back(text); }
+  std::vector<std::string> warnings;
+};
+
+/// The text without its header.
+inline std::string withoutHeader(const std::string& text) {
+  constexpr std::string_view end = "</description>\n";
+  const std::size_t at = text.find(end);
+  return at == std::string::npos ? text : text.substr(at + end.size());
+}
+
+/// What a writer makes of a document at a time.
+template <class Writer>
+struct Conversion {
+  explicit Conversion(std::string_view source, double time = nan) {
+    const ReadDocument document(source);
+    if (!document.isWellFormed()) error = "not well formed";
+    ListeningWriter<Writer> writer(document.get());
+    std::ostringstream stream;
+    try {
+      writer.write(stream, time);
+    } catch (const JavaViewExportError& failure) {
+      error = failure.what();
+    }
+    warnings = writer.warnings;
+    text = stream.str();
+  }
+
+  std::string body() const { return withoutHeader(text); }
+
+  std::string text;  ///< up to the error, if there is one
+  std::vector<std::string> warnings;
+  std::string error;
+};
+
+using JvxConversion = Conversion<JVXWriter>;
+
+}  // namespace PlotDom
