@@ -4,11 +4,13 @@
 #include <locale.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 #include <limits>
+#include <type_traits>
 
 namespace Ubase {
 namespace {
@@ -41,6 +43,46 @@ class PointAsDecimalMark {
   locale_t before_ = nullptr;
 };
 
+// All powers of ten that a double holds exactly.
+constexpr auto exactPowersOfTen = [] {
+  std::array<double, 23> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+// Reads a decimal number whose digits and power of ten both are exact doubles, so that a single
+// multiplication or division rounds it correctly; nearly every number of a plot is of this kind.
+// Gives the place behind the number, or null for any other text.
+const char* readShortDecimal(const char* at, double& number) {
+  constexpr std::ptrdiff_t safeDigits = 19;  // what always fits into 64 bits
+  constexpr std::uint64_t largestExact = std::uint64_t{1} << 53;
+
+  const bool isNegative = *at == '-';
+  if (isNegative) ++at;
+  std::uint64_t digits = 0;
+  const auto readDigits = [&] {
+    const char* const first = at;
+    for (; isDigit(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    return at - first;
+  };
+  const std::ptrdiff_t wholeDigits = readDigits();
+  std::ptrdiff_t decimals = 0;
+  if (*at == '.') {
+    ++at;
+    decimals = readDigits();
+  }
+  const std::ptrdiff_t digitCount = wholeDigits + decimals;
+  if (digitCount == 0 || digitCount > safeDigits || digits > largestExact) return nullptr;
+  if (*at == 'e' || *at == 'E') return nullptr;
+
+  const double size = static_cast<double>(digits);
+  const double value = size / exactPowersOfTen[static_cast<std::size_t>(decimals)];
+  number = isNegative ? -value : value;
+  return at;
+}
+
+bool isNumberEnd(char c) { return c == '\0' || isSpace(c); }
+
 // A NUL-terminated text with a known end, and the place that the scan has reached.
 class Scanner {
  public:
@@ -66,6 +108,15 @@ class Scanner {
   template <class Number>
   bool scanPlain(Number& number) {
     skipSpace();
+    if constexpr (std::is_same_v<Number, double>) {
+      double shortDecimal;
+      const char* behind = readShortDecimal(at_, shortDecimal);
+      if (behind && isNumberEnd(*behind)) {
+        number = shortDecimal;
+        at_ = behind;
+        return true;
+      }
+    }
     const char* digits = at_ + (*at_ == '-');
     if (!isDigit(*digits) && *digits != '.') return false;  // not for us: inf, nan
     Number value;
@@ -119,6 +170,19 @@ int scanPoint(const char* text, std::span<double> numbers, std::span<ScannedWord
     ++items;
   }
   return items;
+}
+
+bool scanOnlyShortDecimals(const char* text, std::span<double> numbers) {
+  const auto skipBlanks = [&] {
+    while (*text == ' ' || *text == '\t' || *text == '\n' || *text == '\r') ++text;
+  };
+  for (double& number : numbers) {
+    skipBlanks();
+    text = readShortDecimal(text, number);
+    if (!text || !isNumberEnd(*text)) return false;
+  }
+  skipBlanks();
+  return *text == '\0';
 }
 
 bool scanDouble(const char* text, double& number) { return Scanner(text).scan(number); }

@@ -18,6 +18,11 @@ using ScannedWord = std::array<char, 11>;
 /// that were read.
 int scanDoubles(const char* text, std::span<double> numbers);
 
+/// Whether the text is exactly `numbers.size()` short decimal numbers with blanks, tabs, newlines
+/// or returns between them, which it reads then. The short cut for the bulk of the data: false says
+/// nothing about what scanDoubles() would make of the text.
+bool scanOnlyShortDecimals(const char* text, std::span<double> numbers);
+
 /// Scans numbers and, behind them, words that begin with "#", as " %lf ... #%10s ... " does. A word
 /// is stored without its "#". Gives the number of items that were read.
 int scanPoint(const char* text, std::span<double> numbers, std::span<ScannedWord> words);

@@ -32,6 +32,18 @@ WordCounts countWords(const char* text) {
   }
 }
 
+bool hasPlainPoints(const P3List& list) {
+  return list.normals.empty() && list.colors.empty() && list.secondColors.empty();
+}
+
+// The short cut for a point that is three short numbers, as most are.
+bool scanPlainPoint(const char* text, P3& point) {
+  std::array<double, 3> numbers;
+  if (!Ubase::scanOnlyShortDecimals(text, numbers)) return false;
+  point = {numbers[0], numbers[1], numbers[2]};
+  return true;
+}
+
 bool isFormOf(const P3List& list, const WordCounts& words) {
   const std::size_t colorLists =
       (list.colors.empty() ? 0u : 1u) + (list.secondColors.empty() ? 0u : 1u);
@@ -76,6 +88,11 @@ void ZrdParserHandler::parseP2(P2List& list) {
 }
 
 void ZrdParserHandler::parseP3(P3List& list) {
+  P3 point;
+  if (hasPlainPoints(list) && scanPlainPoint(text(), point)) {
+    list.points.push_back(point);
+    return;
+  }
   const WordCounts words = countWords(text());
   if (words.colors > 2) corrupted("P3", text());
   if (words.numbers != 3 && words.numbers != 6) corrupted("P3", text());

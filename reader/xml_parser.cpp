@@ -80,15 +80,27 @@ Parser::Name Parser::splitName(const char* name) {
   return {nameBuffer_.c_str(), separator + 1};
 }
 
+// Elements of one name come in runs, so the last one is kept.
+bool Parser::lookupElement(const char* name, ElementCodes& codes) {
+  if (name != lastElement_) {
+    const Name element = splitName(name);
+    ElementCodes found;
+    if (!handler_->lookupElement(element.namespaceUri, element.localName, found.namespaceId,
+                                 found.elementId)) {
+      return false;
+    }
+    lastElement_ = name;
+    lastCodes_ = found;
+  }
+  codes = lastCodes_;
+  return true;
+}
+
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
-  const Name element = splitName(name);
-  std::uint32_t namespaceId = 0;
-  std::uint32_t elementId = 0;
-  if (!handler_->lookupElement(element.namespaceUri, element.localName, namespaceId, elementId)) {
-    return handler_->enterSkipped();
-  }
+  ElementCodes codes;
+  if (!lookupElement(name, codes)) return handler_->enterSkipped();
 
   attributes_.clear();
   for (; *namesAndValues; namesAndValues += 2) {
@@ -99,18 +111,14 @@ void Parser::startElement(const char* name, const char* const* namesAndValues) {
       attributes_.push_back(record);
     }
   }
-  handler_->startElement(namespaceId, elementId, attributes_);
+  handler_->startElement(codes.namespaceId, codes.elementId, attributes_);
 }
 
 void Parser::endElement(const char* name) {
   if (handler_->isSkipping()) return handler_->leaveSkipped();
 
-  const Name element = splitName(name);
-  std::uint32_t namespaceId = 0;
-  std::uint32_t elementId = 0;
-  if (handler_->lookupElement(element.namespaceUri, element.localName, namespaceId, elementId)) {
-    handler_->finishElement(namespaceId, elementId);
-  }
+  ElementCodes codes;
+  if (lookupElement(name, codes)) handler_->finishElement(codes.namespaceId, codes.elementId);
 }
 
 void Parser::characters(const char* data, int length) {

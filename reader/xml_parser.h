@@ -52,7 +52,14 @@ class Parser {
     void operator()(XML_ParserStruct* parser) const;
   };
 
+  /// The codes of an element in the handler's numbering.
+  struct ElementCodes {
+    std::uint32_t namespaceId = 0;
+    std::uint32_t elementId = 0;
+  };
+
   Name splitName(const char* name);
+  bool lookupElement(const char* name, ElementCodes& codes);
   void startElement(const char* name, const char* const* namesAndValues);
   void endElement(const char* name);
   void characters(const char* data, int length);
@@ -60,6 +67,8 @@ class Parser {
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   Handler* handler_;
   std::string nameBuffer_;
+  std::string lastElement_;  // the element name that was accepted last, and its codes
+  ElementCodes lastCodes_;
   AttributeList attributes_;
   bool namespaces_;
   std::exception_ptr failure_;
