@@ -17,6 +17,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "locale_guard.h"
 #include "samples.h"
 
 namespace {
@@ -153,7 +154,7 @@ TEST(Scan, ReadsIntsAsTheCommandLineHasThem) {
 
 // Whatever decimal mark a host has chosen, texts have a point.
 TEST(Scan, ReadsAPointInEveryLocale) {
-  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+  const LocaleGuard guard(LC_NUMERIC);
   for (const char* name : {"C", "C.UTF-8", "de_DE.UTF-8", "de_DE", "fr_FR.UTF-8"}) {
     std::setlocale(LC_NUMERIC, name);  // a locale that is not there changes nothing
     const std::string mark = std::localeconv()->decimal_point;
@@ -164,7 +165,6 @@ TEST(Scan, ReadsAPointInEveryLocale) {
     EXPECT_EQ(scanDoubles("+1,5", numbers), 1) << name;
     EXPECT_EQ(std::localeconv()->decimal_point, mark) << name;
   }
-  std::setlocale(LC_NUMERIC, before.c_str());
 }
 
 // ---- Comparison with the C library on generated texts ----
