@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace Ubase {
@@ -26,7 +27,7 @@ class FixedStringBase {
   FixedStringBase(FixedStringBase&& other) noexcept
       : block_(std::exchange(other.block_, nullptr)) {}
   ~FixedStringBase() {
-    if (block_ && --block_->refCount < 1) std::free(block_);
+    if (block_ && --block_->refCount < 1) freeBlock(block_);
   }
   FixedStringBase& operator=(FixedStringBase other) noexcept {
     std::swap(block_, other.block_);
@@ -55,25 +56,24 @@ class FixedStringBase {
     Char* text() { return reinterpret_cast<Char*>(this + 1); }
   };
 
-  static std::size_t lengthOf(const Char* text) {
-    std::size_t length = 0;
-    while (text[length] != Char()) ++length;
-    return length;
-  }
+  using Traits = std::char_traits<Char>;
 
   static int compare(const Char* a, const Char* b) {
-    while (*a != Char() && *a == *b) ++a, ++b;
-    return *a < *b ? -1 : *a > *b;
+    while (*a != Char() && Traits::eq(*a, *b)) ++a, ++b;
+    return Traits::lt(*b, *a) - Traits::lt(*a, *b);
   }
 
   static Block* makeBlock(const Char* text) {
-    const std::size_t bytes = (lengthOf(text) + 1) * sizeof(Char);
+    const std::size_t bytes = (Traits::length(text) + 1) * sizeof(Char);
     void* memory = std::malloc(sizeof(Block) + bytes);
     if (!memory) throw std::bad_alloc();
     Block* block = new (memory) Block{1};
     std::memcpy(block->text(), text, bytes);
     return block;
   }
+
+  // Not inlined, since g++ 12 would not see that the count decides, and warn of a use after free.
+  [[gnu::noinline]] static void freeBlock(Block* block) { std::free(block); }
 
   Block* block_ = nullptr;
 };

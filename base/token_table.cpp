@@ -37,12 +37,11 @@ const char* TokenTable::intern(const char* text, bool copy) {
     insert(position.index, text);
     return text;
   }
-  owned_.reserve(owned_.size() + 1);
-  char* own = strdup(text);
-  if (!own) throw std::bad_alloc();
-  owned_.push_back(own);
-  insert(position.index, own);
-  return own;
+  owned_.push_back(nullptr);  // first of all, so that the copy has an owner at once
+  owned_.back() = strdup(text);
+  if (!owned_.back()) throw std::bad_alloc();
+  insert(position.index, owned_.back());
+  return owned_.back();
 }
 
 const char* TokenTable::find(const char* text) {

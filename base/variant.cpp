@@ -36,13 +36,13 @@ Variant::~Variant() {
 bool operator==(const Variant& a, const Variant& b) {
   if (a.type_ != b.type_) return false;
   if (a.type_ && a.type_->equal) return a.type_->equal(a.value_, b.value_);
-  return a.value_.words == b.value_.words;
+  return a.value_.words() == b.value_.words();
 }
 
 bool operator<(const Variant& a, const Variant& b) {
   if (a.type_ != b.type_) return std::less<>()(a.type_, b.type_);
   if (a.type_ && a.type_->less) return a.type_->less(a.value_, b.value_);
-  return a.value_.words < b.value_.words;
+  return a.value_.words() < b.value_.words();
 }
 
 const VariantType* TokenVariant::descriptor() {
@@ -54,14 +54,14 @@ const VariantType* TokenVariant::descriptor() {
 
 namespace {
 
-// A fixed string is one pointer and lives in the words themselves.
+// A fixed string is one pointer and lives in the two words themselves.
 static_assert(sizeof(FixedString) <= sizeof(VariantValue));
 
 FixedString& string(VariantValue& value) {
-  return *std::launder(reinterpret_cast<FixedString*>(value.words.data()));
+  return *std::launder(reinterpret_cast<FixedString*>(value.bytes.data()));
 }
 const FixedString& string(const VariantValue& value) {
-  return *std::launder(reinterpret_cast<const FixedString*>(value.words.data()));
+  return *std::launder(reinterpret_cast<const FixedString*>(value.bytes.data()));
 }
 
 }  // namespace
@@ -70,7 +70,7 @@ const VariantType* FixedStringVariant::descriptor() {
   static const VariantType type{
       [](VariantValue& value) { string(value).~FixedStringBase(); },
       [](VariantValue& to, const VariantValue& from) {
-        new (to.words.data()) FixedString(string(from));
+        new (to.bytes.data()) FixedString(string(from));
       },
       [](const VariantValue& a, const VariantValue& b) { return string(a) == string(b); },
       [](const VariantValue& a, const VariantValue& b) { return string(a) < string(b); }};
@@ -78,7 +78,7 @@ const VariantType* FixedStringVariant::descriptor() {
 }
 
 FixedStringVariant::FixedStringVariant(const FixedString& value) : Variant(descriptor(), {}) {
-  new (mutableValue().words.data()) FixedString(value);
+  new (mutableValue().bytes.data()) FixedString(value);
 }
 
 const FixedString& FixedStringVariant::get() const { return string(value()); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -11,23 +12,28 @@
 
 namespace Ubase {
 
-/// The two words in which a variant keeps its value. Unused bits are zero.
+/// The two words in which a variant keeps its value, as bytes: any object of their size can live in
+/// them. Unused bits are zero.
 struct VariantValue {
-  alignas(8) std::array<std::uint32_t, 2> words{};
+  alignas(8) std::array<unsigned char, 8> bytes{};
+
+  std::array<std::uint32_t, 2> words() const {
+    return std::bit_cast<std::array<std::uint32_t, 2>>(bytes);
+  }
 
   /// The value as a trivially copyable `T` of at most eight bytes.
   template <class T>
   T as() const {
-    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(words));
+    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(bytes));
     T value;
-    std::memcpy(static_cast<void*>(&value), words.data(), sizeof(T));
+    std::memcpy(static_cast<void*>(&value), bytes.data(), sizeof(T));
     return value;
   }
   template <class T>
   void set(const T& value) {
-    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(words));
-    words = {};
-    std::memcpy(words.data(), &value, sizeof(T));
+    static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(bytes));
+    bytes = {};
+    std::memcpy(bytes.data(), &value, sizeof(T));
   }
 };
 
