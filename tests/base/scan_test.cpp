@@ -152,6 +152,22 @@ TEST(Scan, ReadsIntsAsTheCommandLineHasThem) {
   EXPECT_EQ(number, -3);
 }
 
+TEST(Scan, TakesAShortCutForShortDecimalsAlone) {
+  std::array<double, 3> point{};
+  EXPECT_TRUE(scanOnlyShortDecimals("1 -2.5 0.001", point));
+  EXPECT_EQ(point, (std::array{1.0, -2.5, 0.001}));
+  EXPECT_TRUE(scanOnlyShortDecimals("\n\t.5\r\n-.25  5. \n", point));
+  EXPECT_EQ(point, (std::array{0.5, -0.25, 5.0}));
+  EXPECT_TRUE(scanOnlyShortDecimals("-0 00 9007199254740992", point));
+  EXPECT_TRUE(std::signbit(point[0]));
+  EXPECT_EQ(point[2], 9007199254740992.0);
+  for (const char* text :
+       {"", "1 2", "1 2 3 4", "1 2 3x", "1 2 x", "1 2 .", "1 2 -", "1 2 +3", "1 2 3e1", "1 2 nan",
+        "1 2 0x3", "1 2 3#", "1,2 3 4", "1 2 9007199254740993", "1 2 0.12345678901234567890"}) {
+    EXPECT_FALSE(scanOnlyShortDecimals(text, point)) << text;
+  }
+}
+
 // Whatever decimal mark a host has chosen, texts have a point.
 TEST(Scan, ReadsAPointInEveryLocale) {
   const LocaleGuard guard(LC_NUMERIC);
@@ -174,7 +190,20 @@ class TextMaker {
  public:
   explicit TextMaker(unsigned seed) : random_(seed) {}
 
-  std::string text() {
+  std::string text() { return below(3) == 0 ? plainText() : oddText(); }
+
+ private:
+  // What nearly all texts of a plot look like.
+  std::string plainText() {
+    std::string result;
+    for (std::size_t words = below(8); words > 0; --words) {
+      result += below(2) ? "-" : "";
+      result += digits(6) + "." + digits(10) + (words > 1 ? " " : "");
+    }
+    return result;
+  }
+
+  std::string oddText() {
     std::string result;
     const auto append = [&](const std::string& word) {
       if (below(6) != 0) result += pick(spaces);
@@ -187,7 +216,6 @@ class TextMaker {
     return result;
   }
 
- private:
   static constexpr std::string_view spaces[] = {
       " ", " ", " ", " ", "\n", "\t", "\v", "\f", "\r", "  ", " \n ", "\r\n", "\xC2\xA0", "\x85"};
   static constexpr std::string_view oddWords[] = {"1e",
@@ -391,6 +419,22 @@ INSTANTIATE_TEST_SUITE_P(
                     PointFormat{" %lf %lf %lf #%10s #%10s ", 3, 2},
                     PointFormat{" %lf %lf %lf %lf %lf %lf #%10s ", 6, 1},
                     PointFormat{" %lf %lf %lf %lf %lf %lf #%10s #%10s ", 6, 2}));
+
+TEST(ScanOfShortDecimals, ReadsGeneratedTextsAsTheLibraryOrNotAtAll) {
+  const PointFormat format{" %lf %lf ", 2, 0};
+  TextMaker maker(99);
+  long taken = 0;
+  for (long i = samples(200'000); i > 0; --i) {
+    const std::string text = maker.text();
+    Outcome actual{2, {}, {}};
+    if (!scanOnlyShortDecimals(text.c_str(), std::span(actual.numbers).first(2))) continue;
+    ++taken;
+    ASSERT_TRUE(scanByLibrary(text.c_str(), format) == actual) << text;
+    std::array<char, 2> rest{};
+    ASSERT_EQ(std::sscanf(text.c_str(), " %*f %*f %1s", rest.data()), EOF) << text;
+  }
+  EXPECT_GT(taken, samples(5'000));
+}
 
 TEST(ScanOfOneItem, ReadsGeneratedWordsAsTheLibrary) {
   TextMaker maker(100);
