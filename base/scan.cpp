@@ -10,7 +10,6 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
-#include <type_traits>
 
 namespace Ubase {
 namespace {
@@ -51,8 +50,8 @@ constexpr auto exactPowersOfTen = [] {
 }();
 
 // Reads a decimal number whose digits and power of ten both are exact doubles, so that a single
-// multiplication or division rounds it correctly; nearly every number of a plot is of this kind.
-// Gives the place behind the number, or null for any other text.
+// division rounds it correctly; nearly every number of a plot is of this kind. Gives the place
+// behind the number, or null for any other text.
 const char* readShortDecimal(const char* at, double& number) {
   constexpr std::ptrdiff_t safeDigits = 19;  // what always fits into 64 bits
   constexpr std::uint64_t largestExact = std::uint64_t{1} << 53;
@@ -81,6 +80,16 @@ const char* readShortDecimal(const char* at, double& number) {
   return at;
 }
 
+// Reads a decimal number without a plus sign. Gives the place behind it, or null for any other
+// text.
+template <class Number>
+const char* readDecimal(const char* at, const char* end, Number& number) {
+  const char* digits = at + (*at == '-');
+  if (!isDigit(*digits) && *digits != '.') return nullptr;  // from_chars reads inf and nan too
+  const auto [behind, error] = std::from_chars(at, end, number);
+  return error == std::errc() ? behind : nullptr;
+}
+
 bool isNumberEnd(char c) { return c == '\0' || isSpace(c); }
 
 // A NUL-terminated text with a known end, and the place that the scan has reached.
@@ -88,9 +97,19 @@ class Scanner {
  public:
   explicit Scanner(const char* text) : at_(text), end_(text + std::strlen(text)) {}
 
-  bool scan(double& number) { return scanPlain(number) || scanByFormat(" %lf%n", &number); }
-  bool scan(long& number) { return scanPlain(number) || scanByFormat(" %ld%n", &number); }
-  bool scan(ScannedWord& word) { return scanPlain(word) || scanByFormat(" %10s%n", word.data()); }
+  bool scan(double& number) {
+    skipSpace();
+    const auto readShort = [this](double& value) { return readShortDecimal(at_, value); };
+    return take(number, readShort) || scanDecimal(number) || scanByFormat(" %lf%n", &number);
+  }
+  bool scan(long& number) {
+    skipSpace();
+    return scanDecimal(number) || scanByFormat(" %ld%n", &number);
+  }
+  bool scan(ScannedWord& word) {
+    skipSpace();
+    return scanAsciiWord(word) || scanByFormat(" %10s%n", word.data());
+  }
 
   // A word that begins with "#".
   bool scanMarked(ScannedWord& word) {
@@ -104,32 +123,24 @@ class Scanner {
     while (isSpace(*at_)) ++at_;
   }
 
-  // A decimal number without a plus sign that is followed by white space or the end.
-  template <class Number>
-  bool scanPlain(Number& number) {
-    skipSpace();
-    if constexpr (std::is_same_v<Number, double>) {
-      double shortDecimal;
-      const char* behind = readShortDecimal(at_, shortDecimal);
-      if (behind && isNumberEnd(*behind)) {
-        number = shortDecimal;
-        at_ = behind;
-        return true;
-      }
-    }
-    const char* digits = at_ + (*at_ == '-');
-    if (!isDigit(*digits) && *digits != '.') return false;  // not for us: inf, nan
+  // Takes the number that `read` finds if white space or the end follows. What else follows may
+  // belong to the number in the eyes of sscanf.
+  template <class Number, class Read>
+  bool take(Number& number, const Read& read) {
     Number value;
-    const auto [behind, error] = std::from_chars(at_, end_, value);
-    if (error != std::errc() || !(behind == end_ || isSpace(*behind))) return false;
+    const char* behind = read(value);
+    if (!behind || !isNumberEnd(*behind)) return false;
     number = value;
     at_ = behind;
     return true;
   }
 
-  // A word of ASCII characters.
-  bool scanPlain(ScannedWord& word) {
-    skipSpace();
+  template <class Number>
+  bool scanDecimal(Number& number) {
+    return take(number, [this](Number& value) { return readDecimal(at_, end_, value); });
+  }
+
+  bool scanAsciiWord(ScannedWord& word) {
     const char* behind = at_;
     const char* limit = at_ + std::min(end_ - at_, std::ssize(word) - 1);
     while (behind != limit && isAscii(*behind) && !isSpace(*behind)) ++behind;
