@@ -14,8 +14,8 @@ namespace Word = Ubase::Word;
 using Ubase::Token;
 using Ubase::Variant;
 
-class ObjStyle;
 class PlotDocument;
+class StyleIndex;
 
 /// An element with properties. Errors of its operations are DomException, after a message to the
 /// reporter of its document; nothing has changed then.
@@ -62,8 +62,8 @@ class PlotElement : public Arbor::Element {
   /// The description of a property of this class, or null.
   virtual const Property* findProperty(Token name) const;
   virtual bool isStyle() const { return false; }
-  /// The ObjStyle children of a container that may have any, in document order; otherwise null.
-  virtual const std::vector<const ObjStyle*>* objStyles() const { return nullptr; }
+  /// What a container of object styles knows of them; null for any other element.
+  virtual const StyleIndex* styleIndex() const { return nullptr; }
 
   /// `source`, which is this element or one that it may inherit from, has a new value of `name`.
   /// The result says whether the children are to be told.

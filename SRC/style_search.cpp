@@ -1,8 +1,92 @@
 #include "SRC/style_search.h"
 
+#include <atomic>
+
 #include "SRC/obj_style.h"
 
 namespace PlotDom {
+
+namespace {
+
+// Rises whenever something happens by which a container may get other styles around it. What was
+// remembered before is not used any more.
+std::atomic<std::uint64_t> currentStamp = 1;
+
+const StyleIndex* indexOf(const Arbor::Node& node) {
+  const PlotElement* element = PlotElement::from(&node);
+  return element ? element->styleIndex() : nullptr;
+}
+
+bool isStyle(const Arbor::Node& node) { return node.nodeName() == Word::ObjStyle; }
+
+}  // namespace
+
+StyleIndex::~StyleIndex() {
+  if (!styles_.empty()) ++currentStamp;
+}
+
+StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned count,
+                                             const Arbor::Node* newChildren) {
+  // A container that comes or goes takes with it what it remembers of the containers around it. In
+  // reading, where it comes without children, it is enough that it forgets.
+  const auto move = [](const Arbor::Node& child) {
+    const StyleIndex* moved = indexOf(child);
+    if (!moved) return;
+    moved->stamp_ = 0;
+    if (child.firstChild()) ++currentStamp;
+  };
+  Change change;
+  for (const Arbor::Node* child = first; child && count > 0; child = child->nextSibling()) {
+    move(*child);
+    if (isStyle(*child)) change.isMixed = true;
+    --count;
+  }
+  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    move(*child);
+    if (!isStyle(*child)) continue;
+    if (first) change.isMixed = true;
+    if (!change.appended) change.appended = child;
+  }
+  return change;
+}
+
+void StyleIndex::afterReplace(const Change& change, const Arbor::Node* firstChild) {
+  if (!change.isMixed && !change.appended) return;
+  if (change.isMixed) styles_.clear();
+  addStyles(change.isMixed ? firstChild : change.appended);
+  ++currentStamp;
+}
+
+void StyleIndex::addStyles(const Arbor::Node* node) {
+  for (; node; node = node->nextSibling()) {
+    if (isStyle(*node)) styles_.push_back(static_cast<const ObjStyle*>(node));
+  }
+}
+
+const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
+  const std::uint64_t stamp = currentStamp;
+  const PlotElement* found = nullptr;
+  const Arbor::Node* end = node;
+  for (; end; end = end->parent()) {
+    const StyleIndex* index = indexOf(*end);
+    if (!index) continue;
+    if (!index->styles_.empty()) {
+      found = PlotElement::from(end);
+      break;
+    }
+    if (index->stamp_ == stamp) {
+      found = index->outer_;
+      break;
+    }
+  }
+  for (; node != end; node = node->parent()) {
+    if (const StyleIndex* index = indexOf(*node)) {
+      index->outer_ = found;
+      index->stamp_ = stamp;
+    }
+  }
+  return found;
+}
 
 namespace {
 
@@ -10,19 +94,16 @@ namespace {
 // returns true.
 template <class Use>
 void forEachStyle(const Arbor::Node& start, Token key, Use use) {
-  for (const Arbor::Node* node = start.parent(); node; node = node->parent()) {
-    const PlotElement* container = PlotElement::from(node);
-    const ObjStyles* styles = container ? container->objStyles() : nullptr;
-    if (!styles) continue;
-    for (const ObjStyle* style : *styles) {
+  const PlotElement* container = StyleIndex::nearestStyled(start.parent());
+  while (container) {
+    for (const ObjStyle* style : container->styleIndex()->styles()) {
       if (style->localType() == key && use(*style)) return;
     }
+    container = StyleIndex::nearestStyled(container->parent());
   }
 }
 
 }  // namespace
-
-const ObjStyle* asObjStyle(const Arbor::Node& node) { return static_cast<const ObjStyle*>(&node); }
 
 const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;

@@ -1,6 +1,7 @@
 // The search for the styles from which objects, transforms and styles inherit.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "SRC/plot_element.h"
@@ -8,9 +9,6 @@
 namespace PlotDom {
 
 class ObjStyle;
-
-/// The ObjStyle elements of one container, in document order.
-using ObjStyles = std::vector<const ObjStyle*>;
 
 /// The first ObjStyle with the type `key` and a local value of `name`, in the containers around
 /// `start`, from the inside out. Null if there is none.
@@ -25,49 +23,65 @@ void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain);
 const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token name);
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain);
 
-/// The style that a node with the name ObjStyle is.
-const ObjStyle* asObjStyle(const Arbor::Node& node);
+/// What a container knows of object styles, so that a search need not look at its other children,
+/// nor at the containers around it that have none.
+class StyleIndex {
+ public:
+  StyleIndex() = default;
+  StyleIndex(const StyleIndex&) {}  // a copy has no children yet
+  StyleIndex& operator=(const StyleIndex&) = delete;
+  ~StyleIndex();
 
-/// A container in which ObjStyle elements may stand. It keeps a list of them, so that a search is
-/// not slowed down by the other children.
-template <class Base>
+  /// What a change of children means for the styles among them.
+  struct Change {
+    bool isMixed = false;                   // the list is to be made anew
+    const Arbor::Node* appended = nullptr;  // or else, these are to be added
+  };
+
+  /// To be called before a change of children, with what goes and comes.
+  static Change beforeReplace(const Arbor::Node* first, unsigned count,
+                              const Arbor::Node* newChildren);
+  /// To be called after it, with the first child that there is then.
+  void afterReplace(const Change& change, const Arbor::Node* firstChild);
+
+  /// The ObjStyle children, in document order.
+  const std::vector<const ObjStyle*>& styles() const { return styles_; }
+
+  /// The nearest container with styles: the element `node` or an ancestor of it. Null if there is
+  /// none.
+  static const PlotElement* nearestStyled(const Arbor::Node* node);
+
+ private:
+  void addStyles(const Arbor::Node* node);
+
+  std::vector<const ObjStyle*> styles_;
+
+  // For a container without styles: the nearest around it that has some, as long as the stamp is
+  // the current one.
+  mutable const PlotElement* outer_ = nullptr;
+  mutable std::uint64_t stamp_ = 0;
+};
+
+/// A container through which a search for object styles goes. Its ObjStyle children are styles for
+/// what is in it, unless it only passes searches on.
+template <class Base, bool hasStyles = true>
 class StyleScope : public Base {
  public:
   using Base::Base;
 
-  const ObjStyles* objStyles() const override { return &styles_; }
+  const StyleIndex* styleIndex() const override { return &index_; }
 
   void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override {
-    const bool isAppending = !first;
-    const bool concernsStyles = holdsStyle(newChildren) || (count > 0 && holdsStyle(first, count));
-    const Arbor::Node* from = concernsStyles && isAppending ? newChildren : nullptr;
+    const StyleIndex::Change change = StyleIndex::beforeReplace(first, count, newChildren);
     Base::doReplaceChildren(first, count, newChildren);
-    if (!concernsStyles) return;
-    if (!isAppending) {
-      styles_.clear();
-      from = this->firstChild();
-    }
-    listStyles(from);
+    if constexpr (hasStyles) index_.afterReplace(change, this->firstChild());
   }
 
  protected:
-  StyleScope(const StyleScope& other) : Base(other) {}
+  StyleScope(const StyleScope&) = default;
 
  private:
-  static bool holdsStyle(const Arbor::Node* node, unsigned count = ~0u) {
-    for (; node && count > 0; node = node->nextSibling(), --count) {
-      if (node->nodeName() == Word::ObjStyle) return true;
-    }
-    return false;
-  }
-
-  void listStyles(const Arbor::Node* node) {
-    for (; node; node = node->nextSibling()) {
-      if (node->nodeName() == Word::ObjStyle) styles_.push_back(asObjStyle(*node));
-    }
-  }
-
-  ObjStyles styles_;
+  StyleIndex index_;
 };
 
 }  // namespace PlotDom

@@ -2,13 +2,16 @@
 #pragma once
 
 #include "SRC/content_element.h"
+#include "SRC/style_search.h"
 #include "SRC/with_members.h"
 
 namespace PlotDom {
 
 /// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
 /// its times from the object styles around it, by its type.
-class TransformBase : public WithMembers<TransformBase, OptionedPlotElement>, public MemberValues {
+class TransformBase
+    : public WithMembers<TransformBase, StyleScope<OptionedPlotElement, /*hasStyles=*/false>>,
+      public MemberValues {
  public:
   explicit TransformBase(Arbor::Document* document);
 
