@@ -1,7 +1,9 @@
 #include "base/format_number.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
+#include <string_view>
 
 #include "base/powers_of_ten.h"
 
@@ -87,10 +89,8 @@ void store(char* out, std::uint64_t bytes) {
   std::memcpy(out, &bytes, sizeof(bytes));
 }
 
-char* writeText(char* out, const char* text) {
-  const std::size_t length = std::strlen(text);
-  std::memcpy(out, text, length);
-  return out + length;
+char* writeText(char* out, std::string_view text) {
+  return std::copy(text.begin(), text.end(), out);
 }
 
 // Writes the first `count` of the digits in `text`, with a point behind the first `before` of them
@@ -126,7 +126,7 @@ char* formatDouble(char* out, double value) {
   const std::uint64_t text = digits | asText;
   if (exponent >= 0 && exponent < 6) return writeWithPoint(out, text, count, exponent + 1);
   if (exponent < 0 && exponent >= -4) {
-    std::memcpy(out, "0.000", 5);
+    writeText(out, "0.000");
     store(out + 1 - exponent, text);
     return out + 1 - exponent + count;
   }

@@ -8,7 +8,7 @@
 
 namespace Ubase {
 
-__extension__ typedef unsigned __int128 Uint128;
+__extension__ using Uint128 = unsigned __int128;
 
 /// 10^k as mantissa * 2^(exponent - 127): the mantissa has 128 bits, the highest of them set, and
 /// is rounded up if it would need more; binaryExponent(k) is the exponent.

@@ -1,11 +1,11 @@
 #include "base/scan.h"
 
 #include <langinfo.h>
-#include <locale.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <clocale>
 #include <cstdio>
 #include <cstring>
 #include <iterator>

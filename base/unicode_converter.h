@@ -12,7 +12,9 @@
 
 #include <iconv.h>
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -77,7 +79,7 @@ class UnicodeConverter {
     std::size_t operator()(std::span<const Source> source, std::span<Target> target) const;
 
    private:
-    static iconv_t closed() { return reinterpret_cast<iconv_t>(-1); }
+    static iconv_t closed() { return std::bit_cast<iconv_t>(std::intptr_t{-1}); }
 
     // Gives the number of bytes left in the target, or nothing and the reason in errno.
     std::optional<std::size_t> run(const void* source, std::size_t sourceBytes, void* target,
