@@ -17,7 +17,7 @@ struct PowerOfTen {
   std::uint64_t low;
 };
 
-/// The logarithm of 10^k to base 2, rounded down; right for all k up to 1233 either way.
+/// The logarithm of 10^k to base 2, rounded down; right for all k up to 642 either way.
 constexpr int binaryExponent(int k) { return (k * 217706) >> 16; }
 
 /// The logarithm of 2^e to base 10, rounded down; right for all e up to 1650 either way.

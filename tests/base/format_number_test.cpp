@@ -129,6 +129,8 @@ TEST(FormatDouble, NamesWhatIsNoNumber) {
   EXPECT_EQ(text(-infinity), "-inf");
 }
 
+// ---- Comparison with printf; VANTRY_SAMPLES=400 makes it more than 160 million numbers ----
+
 TEST(FormatDouble, WritesAnyBitsAsPrintf) {
   std::mt19937_64 random(1);
   for (long i = samples(100'000); i > 0; --i) expectAsPrintf(std::bit_cast<double>(random()));
