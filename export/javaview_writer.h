@@ -11,6 +11,7 @@
 #include "SRC/plot_document.h"
 #include "SRC/scene.h"
 #include "SRC/time_range.h"
+#include "export/export_error.h"
 #include "export/javaview_output.h"
 
 namespace PlotDom {
@@ -61,6 +62,14 @@ class JavaViewWriter {
   const Frame* findTimed(const Arbor::Node& parent) const;
   const Img3d* findImg3d(const Obj3d& object) const { return findTimed<Img3d>(object); }
   const Img2d* findImg2d(const Obj2d& object) const { return findTimed<Img2d>(object); }
+
+  /// The same as findTimed(), but throws JavaViewExportError with that message if there is none.
+  template <class Frame>
+  const Frame& requireTimed(const Arbor::Node& parent, const char* error) const {
+    const Frame* frame = findTimed<Frame>(parent);
+    if (!frame) throw JavaViewExportError(error);
+    return *frame;
+  }
 
   /// The date and time of now, local, in the form "Thu Jan  1 00:00:00 1970".
   static std::string timestamp();

@@ -5,7 +5,6 @@
 #include <span>
 
 #include "SRC/expr.h"
-#include "base/escape_writers.h"
 
 namespace PlotDom {
 
@@ -89,7 +88,7 @@ void writeRulerTitle(DisplayOutput& out, const CoordinateSystemBase& coordinateS
     if (!text) continue;
     if (!hasText) out << " label=\"show\" name=\"";
     hasText = true;
-    Ubase::writeEscapedLocaleText(out.sink(), text);
+    out.writeEscapedLocaleText(text);
   }
   if (hasText) out << '"';
 }

@@ -100,15 +100,6 @@ Matrix matrixOf(const Tr2d& tr) {
           0,      0,      0, 1};
 }
 
-/// The frame that holds now. Throws if there is none.
-template <class Frame>
-const Frame& requireTimed(const JavaViewWriter& writer, const Arbor::Node& parent,
-                          const char* error) {
-  const Frame* frame = writer.findTimed<Frame>(parent);
-  if (!frame) throw JavaViewExportError(error);
-  return *frame;
-}
-
 }  // namespace
 
 void JVXWriter::writeHeader() { writeJvxHeader(out_, timestamp()); }
@@ -163,11 +154,11 @@ bool JVXWriter::enter(const Arbor::Node& node) {
     return static_cast<const GroupBase&>(node).visible();
   }
   if (name == Word::Transform3d) {
-    out_.pushTransform(matrixOf(requireTimed<Tr3d>(*this, node, "no Tr3d")));
+    out_.pushTransform(matrixOf(requireTimed<Tr3d>(node, "no Tr3d")));
     return true;
   }
   if (name == Word::Transform2d) {
-    out_.pushTransform(matrixOf(requireTimed<Tr2d>(*this, node, "no Tr2d")));
+    out_.pushTransform(matrixOf(requireTimed<Tr2d>(node, "no Tr2d")));
     return true;
   }
   return false;
@@ -179,12 +170,12 @@ void JVXWriter::leave(const Arbor::Node& node) {
 
 void JVXWriter::writeObj3d(const Obj3d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img3d>(*this, object, "no Img3d"), emitters3d);
+  emitChildren(out_, requireTimed<Img3d>(object, "no Img3d"), emitters3d);
 }
 
 void JVXWriter::writeObj2d(const Obj2d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img2d>(*this, object, "no Img2d"), emitters2d);
+  emitChildren(out_, requireTimed<Img2d>(object, "no Img2d"), emitters2d);
 }
 
 namespace {

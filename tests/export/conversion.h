@@ -57,8 +57,20 @@ template <class Writer>
 struct Conversion {
   explicit Conversion(std::string_view source, double time = nan) {
     const ReadDocument document(source);
+    convert(document.get(), time);
     if (!document.isWellFormed()) error = "not well formed";
-    ListeningWriter<Writer> writer(document.get());
+  }
+  explicit Conversion(PlotDocument* document, double time = nan) { convert(document, time); }
+
+  std::string body() const { return withoutHeader(text); }
+
+  std::string text;  ///< up to the error, if there is one
+  std::vector<std::string> warnings;
+  std::string error;
+
+ private:
+  void convert(PlotDocument* document, double time) {
+    ListeningWriter<Writer> writer(document);
     std::ostringstream stream;
     try {
       writer.write(stream, time);
@@ -68,12 +80,6 @@ struct Conversion {
     warnings = writer.warnings;
     text = stream.str();
   }
-
-  std::string body() const { return withoutHeader(text); }
-
-  std::string text;  ///< up to the error, if there is one
-  std::vector<std::string> warnings;
-  std::string error;
 };
 
 using JvxConversion = Conversion<JVXWriter>;

@@ -16,13 +16,13 @@ namespace {
 
 /// The start tag of the axes.
 std::string axesTag(const std::string& zrd) {
-  const std::string axes = convert(zrd).element("axes");
+  const std::string axes = Display(zrd).element("axes");
   return axes.substr(0, axes.find('\n'));
 }
 
 /// The ruler of the axis with that number.
 std::string ruler(const std::string& zrd, int axis) {
-  const std::string text = convert(zrd).text;
+  const std::string text = Display(zrd).text;
   std::size_t at = text.find("<ruler");
   for (int i = 0; i < axis; ++i) at = text.find("<ruler", at + 1);
   const std::string end = "</ruler>\n";
@@ -155,8 +155,8 @@ TEST(JvdAxes, OfAnAnimationDoNotFindTheirBounds) {
 }
 
 bool extendClip(const std::string& content, const std::string& attributes) {
-  const Plot plot(plot3d(content, attributes));
-  const auto& system = plot.first<CoordinateSystem3d>();
+  const ReadDocument plot(plot3d(content, attributes));
+  const auto& system = first<CoordinateSystem3d>(plot);
   DisplayOutput out;
   return writeAxes(out, system, false, computeBounds(system, false), false);
 }
@@ -193,7 +193,7 @@ TEST(JvdAxes, AnUnknownBoundExtendsTheClipRange) {
 }
 
 TEST(JvdAxes, In2dTheThirdRulerIsFixed) {
-  const std::string axes = convert(plot2d("")).element("axes");
+  const std::string axes = Display(plot2d("")).element("axes");
   EXPECT_TRUE(
       axes.ends_with("</ruler>\n"
                      "<ruler visible=\"hide\" name=\"z\" label=\"hide\" "
@@ -323,21 +323,20 @@ TEST(JvdAxes, WithoutTextThereIsNoLabel) {
 }
 
 TEST(JvdAxes, ATitleIsAllItsTextsWithoutASeparator) {
-  const Plot plot(plot2d("<XAxisTitle/>"));
-  PlotDocument& document = *plot.document();
-  auto& title = plot.first<XAxisTitle>();
+  const ReadDocument plot(plot2d("<XAxisTitle/>"));
+  PlotDocument& document = *plot.get();
+  auto& title = first<XAxisTitle>(plot);
   for (const char* text : {"a", "", "b c", "<"}) title.appendChild(document.createTextNode(text));
-  const std::string text = convert(&document).text;
+  const std::string text = Display(&document).text;
   EXPECT_NE(text.find("<ruler visible=\"show\" label=\"show\" name=\"ab c&lt;\" numbers="),
             std::string::npos);
 }
 
 TEST(JvdAxes, ATitleWithoutChildrenIsNone) {
-  const Plot plot(plot2d("<XAxisTitle>x</XAxisTitle>"));
-  auto& title = plot.first<XAxisTitle>();
+  const ReadDocument plot(plot2d("<XAxisTitle>x</XAxisTitle>"));
+  auto& title = first<XAxisTitle>(plot);
   title.removeChild(title.firstChild());
-  EXPECT_NE(convert(plot.document()).text.find("<ruler visible=\"show\" numbers="),
-            std::string::npos);
+  EXPECT_NE(Display(plot.get()).text.find("<ruler visible=\"show\" numbers="), std::string::npos);
 }
 
 /// Sets the locale of characters for the time of a test.
@@ -357,8 +356,8 @@ TEST(JvdAxes, ATitleMayHoldAnyLetters) {
 
 TEST(JvdAxes, ATitleThatTheLocaleDoesNotKnowEndsTheTextBeforeTheLetter) {
   const CharacterLocale locale("C");
-  const Plot plot(plot2d("<XAxisTitle>gr&#246;&#223;e</XAxisTitle>"));
-  JVDWriter writer(plot.document());
+  const ReadDocument plot(plot2d("<XAxisTitle>gr&#246;&#223;e</XAxisTitle>"));
+  JVDWriter writer(plot.get());
   std::ostringstream out;
   EXPECT_THROW(writer.write(out, nan), Ubase::BadUnicodeString);
   EXPECT_TRUE(out.str().ends_with("<ruler visible=\"show\" label=\"show\" name=\"gr"));
@@ -399,7 +398,7 @@ TEST(JvdAxes, WithoutAPositiveDistanceThereAreNoUnits) {
 
 TEST(JvdAxes, TheBoundingBoxIsVisibleIfAllAxesOfTheBoxAre) {
   const auto isVisible = [](const std::string& zrd) {
-    const std::string box = convert(zrd).element("bndbox");
+    const std::string box = Display(zrd).element("bndbox");
     EXPECT_TRUE(box.ends_with(">\n<color>0 0 0</color>\n<thickness>1</thickness>\n</bndbox>\n"));
     EXPECT_TRUE(box.starts_with("<bndbox visible=\"show\">\n") ||
                 box.starts_with("<bndbox visible=\"hide\">\n"));
@@ -419,14 +418,14 @@ TEST(JvdAxes, TheBoundingBoxIsVisibleIfAllAxesOfTheBoxAre) {
 }
 
 TEST(JvdAxes, AGridDoesNotShowTheBoundingBox) {
-  EXPECT_TRUE(convert(plot3d("", "XAxisVisible=\"0\" XGridVisible=\"1\""))
+  EXPECT_TRUE(Display(plot3d("", "XAxisVisible=\"0\" XGridVisible=\"1\""))
                   .element("bndbox")
                   .starts_with("<bndbox visible=\"hide\">\n"));
 }
 
 TEST(JvdAxes, TheBoundingBoxHasTheLineOfTheAxes) {
   EXPECT_EQ(
-      convert(plot3d("", "AxesLineColor=\"#80ff0040\" AxesLineWidth=\"1\"")).element("bndbox"),
+      Display(plot3d("", "AxesLineColor=\"#80ff0040\" AxesLineWidth=\"1\"")).element("bndbox"),
       "<bndbox visible=\"show\">\n"
       "<color>128 255 0</color>\n"
       "<thickness>3.54331</thickness>\n"
@@ -438,7 +437,7 @@ TEST(JvdAxes, PropertiesComeFromTheStylesOfSceneAndCanvas) {
       "<Canvas><CoordinateSystem3dStyle Axes=\"Frame\" AxesLineColor=\"#010101\"/>"
       "<Scene3d><CoordinateSystem3dStyle AxesLineColor=\"#020202\"/>"
       "<CoordinateSystem3d AxesLineWidth=\"1\"/></Scene3d></Canvas>";
-  EXPECT_EQ(convert(zrd).element("bndbox"),
+  EXPECT_EQ(Display(zrd).element("bndbox"),
             "<bndbox visible=\"hide\">\n"
             "<color>2 2 2</color>\n"
             "<thickness>3.54331</thickness>\n"
@@ -474,23 +473,23 @@ constexpr const char* unread2d[] = {
 
 TEST(JvdAxes, OtherPropertiesOfACoordinateSystemChangeNothing) {
   const std::string grid = "XGridVisible=\"1\" ";
-  const std::string plain = convert(plot2d(box2d, grid)).text;
+  const std::string plain = Display(plot2d(box2d, grid)).body();
   for (const char* attribute : unread2d) {
-    EXPECT_EQ(convert(plot2d(box2d, grid + attribute)).text, plain) << attribute;
+    EXPECT_EQ(Display(plot2d(box2d, grid + attribute)).body(), plain) << attribute;
   }
-  const std::string plain3d = convert(plot3d(box3d, grid)).text;
+  const std::string plain3d = Display(plot3d(box3d, grid)).body();
   for (const char* attribute :
        {"ZAxisTitleAlignment=\"End\"", "ZTicksLabelStyle=\"Vertical\"", "ZTicksNumber=\"None\""}) {
-    EXPECT_EQ(convert(plot3d(box3d, grid + attribute)).text, plain3d) << attribute;
+    EXPECT_EQ(Display(plot3d(box3d, grid + attribute)).body(), plain3d) << attribute;
   }
 }
 
 TEST(JvdAxes, OtherChildrenOfACoordinateSystemChangeNothing) {
-  const std::string plain = convert(plot2d(box2d)).text;
+  const std::string plain = Display(plot2d(box2d)).body();
   for (const char* child : {"<AxesOriginX Val=\"1\"/>", "<XTicksAnchor Val=\"1\"/>",
                             "<XTicksAt><TickPos><VExpr Val=\"1\"/></TickPos></XTicksAt>",
                             "<Obj2d Type=\"Curve2d\"/>"}) {
-    EXPECT_EQ(convert(plot2d(box2d + child)).text, plain) << child;
+    EXPECT_EQ(Display(plot2d(box2d + child)).body(), plain) << child;
   }
 }
 

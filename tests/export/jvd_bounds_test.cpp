@@ -15,13 +15,13 @@ namespace {
 constexpr double inf = std::numeric_limits<double>::infinity();
 
 Bounds bounds3d(const std::string& box) {
-  const Plot plot(plot3d(box));
-  return computeBounds(plot.first<CoordinateSystem3d>(), false);
+  const ReadDocument plot(plot3d(box));
+  return computeBounds(first<CoordinateSystem3d>(plot), false);
 }
 
 Bounds bounds2d(const std::string& box) {
-  const Plot plot(plot2d(box));
-  return computeBounds(plot.first<CoordinateSystem2d>(), true);
+  const ReadDocument plot(plot2d(box));
+  return computeBounds(first<CoordinateSystem2d>(plot), true);
 }
 
 TEST(JvdBounds, AreThoseOfTheViewingBox) {
@@ -136,18 +136,18 @@ TEST(JvdBounds, ScalingIsThatOfTheSystemAndOtherwiseAHint) {
       {"Scaling=\"Unconstrained\"", "<Hints Scaling=\"Constrained\"/>", false},
   };
   for (const Scaling& row : table) {
-    const Plot plane(plot2d(row.hints, row.attribute));
-    EXPECT_EQ(isConstrained(plane.first<CoordinateSystem2d>()), row.isConstrained)
+    const ReadDocument plane(plot2d(row.hints, row.attribute));
+    EXPECT_EQ(isConstrained(first<CoordinateSystem2d>(plane)), row.isConstrained)
         << row.attribute << row.hints;
-    const Plot space(plot3d(row.hints, row.attribute));
-    EXPECT_EQ(isConstrained(space.first<CoordinateSystem3d>()), row.isConstrained)
+    const ReadDocument space(plot3d(row.hints, row.attribute));
+    EXPECT_EQ(isConstrained(first<CoordinateSystem3d>(space)), row.isConstrained)
         << row.attribute << row.hints;
   }
 }
 
 std::string boxRatio2d(const std::string& content, const std::string& attributes,
                        const std::string& canvasAttributes) {
-  return convert(plot2d(content, attributes, canvasAttributes)).element("boxRatio");
+  return Display(plot2d(content, attributes, canvasAttributes)).element("boxRatio");
 }
 
 TEST(JvdBounds, TheRatioIn2dIsThatOfTheBoxTimesThatOfTheCanvas) {
@@ -171,11 +171,11 @@ TEST(JvdBounds, ConstrainedScalingHidesTheRatioIn2dButWritesIt) {
 TEST(JvdBounds, ACanvasWithoutUsableSizeIsReplacedInBothDimensions) {
   for (const char* attribute : {"Width", "Height"}) {
     for (const double size : {0.0, -1.0, nan}) {
-      const Plot plot(plot2d(box2d, "", "Width=\"120\" Height=\"80\""));
+      const ReadDocument plot(plot2d(box2d, "", "Width=\"120\" Height=\"80\""));
       // Such a size cannot be read from a file.
-      plot.document()->documentElement()->doSetAttribute(Token::find(attribute),
-                                                         Ubase::DoubleVariant(size));
-      EXPECT_EQ(convert(plot.document()).element("boxRatio"),
+      plot.get()->documentElement()->doSetAttribute(Token::find(attribute),
+                                                    Ubase::DoubleVariant(size));
+      EXPECT_EQ(Display(plot.get()).element("boxRatio"),
                 "<boxRatio visible=\"show\">0.75 1 1</boxRatio>\n")
           << attribute << ' ' << size;
     }
@@ -184,8 +184,8 @@ TEST(JvdBounds, ACanvasWithoutUsableSizeIsReplacedInBothDimensions) {
 
 TEST(JvdBounds, TheRatioIn2dIsOneForTheCameraUnlessItIsShown) {
   const auto ratio = [](const std::string& content, const std::string& attributes) {
-    const Plot plot(plot2d(content, attributes, "Width=\"120\" Height=\"80\""));
-    const auto& system = plot.first<CoordinateSystem2d>();
+    const ReadDocument plot(plot2d(content, attributes, "Width=\"120\" Height=\"80\""));
+    const auto& system = first<CoordinateSystem2d>(plot);
     DisplayOutput out;
     return writeBoxRatio2d(out, system, computeBounds(system, true));
   };
@@ -195,11 +195,10 @@ TEST(JvdBounds, TheRatioIn2dIsOneForTheCameraUnlessItIsShown) {
 }
 
 TEST(JvdBounds, WithoutRootThereIsNoRatioIn2d) {
-  const Plot plot(plot2d(box2d));
-  const auto& system = plot.first<CoordinateSystem2d>();
+  const ReadDocument plot(plot2d(box2d));
+  const auto& system = first<CoordinateSystem2d>(plot);
   const Bounds bounds = computeBounds(system, true);
-  const Ubase::Ref<Arbor::Node> root =
-      plot.document()->removeChild(plot.document()->documentElement());
+  const Ubase::Ref<Arbor::Node> root = plot.get()->removeChild(plot.get()->documentElement());
   std::ostringstream text;
   DisplayOutput out;
   out.attach(text);
@@ -212,11 +211,11 @@ TEST(JvdBounds, WithABoundUnknownThereIsNoRatio) {
   EXPECT_EQ(boxRatio2d(range('X', "0", "4"), "", ""), "");
   EXPECT_EQ(boxRatio2d(range('X', "0", "4") + range('Y', "nan", "1"), "", ""), "");
   EXPECT_EQ(boxRatio2d(range('X', "0", "4") + range('Y', "1", "1"), "", ""), "");
-  EXPECT_EQ(convert(plot3d(box2d)).element("boxRatio"), "");
+  EXPECT_EQ(Display(plot3d(box2d)).element("boxRatio"), "");
 }
 
 std::string boxRatio3d(const std::string& sceneAttributes, const std::string& attributes = "") {
-  return convert(plot3d(range('X', "0", "2") + range('Y', "0", "4") + range('Z', "0", "5"),
+  return Display(plot3d(range('X', "0", "2") + range('Y', "0", "4") + range('Z', "0", "5"),
                         attributes, sceneAttributes))
       .element("boxRatio");
 }
@@ -242,16 +241,16 @@ TEST(JvdBounds, ARatioOfTheSceneThatIsTooSmallReplacesBoth) {
 
 TEST(JvdBounds, ARatioOfTheSceneThatIsNoNumberReplacesBoth) {
   for (const Token name : {Word::YXRatio, Word::ZXRatio}) {
-    const Plot plot(plot3d(unitBox3d, "", "YXRatio=\"3\" ZXRatio=\"4\""));
+    const ReadDocument plot(plot3d(unitBox3d, "", "YXRatio=\"3\" ZXRatio=\"4\""));
     // Such a ratio cannot be read from a file.
-    plot.first<Scene3d>().doSetAttribute(name, Ubase::DoubleVariant(nan));
-    EXPECT_EQ(convert(plot.document()).element("boxRatio"),
+    first<Scene3d>(plot).doSetAttribute(name, Ubase::DoubleVariant(nan));
+    EXPECT_EQ(Display(plot.get()).element("boxRatio"),
               "<boxRatio visible=\"show\">1 1 0.666667</boxRatio>\n");
   }
 }
 
 std::string clipRange3d(const std::string& content, const std::string& attributes = "") {
-  return convert(plot3d(content, attributes)).element("clipRange");
+  return Display(plot3d(content, attributes)).element("clipRange");
 }
 
 TEST(JvdBounds, TheClipRangeIsATenthWiderAtEitherEnd) {
@@ -273,7 +272,7 @@ TEST(JvdBounds, CentredAxesAroundTheOriginLeaveTheClipRangeAsItIs) {
 }
 
 TEST(JvdBounds, CentredAxesIn2dNeverKeepTheClipRange) {
-  EXPECT_EQ(convert(plot2d(range('X', "-1", "1") + range('Y', "-1", "1"), "Axes=\"Origin\""))
+  EXPECT_EQ(Display(plot2d(range('X', "-1", "1") + range('Y', "-1", "1"), "Axes=\"Origin\""))
                 .element("clipRange"),
             "<clipRange visible=\"show\" autoBounds=\"hide\">\n"
             "<range type=\"X\">-1.2 1.2</range>\n"

@@ -16,7 +16,7 @@ std::string camera(const std::string& attributes, const std::string& objectAttri
 }
 
 std::string cameras(const std::string& content) {
-  return convert(plot3d(content)).element("cameras");
+  return Display(plot3d(content)).element("cameras");
 }
 
 /// The block of one camera.
@@ -108,12 +108,12 @@ TEST(JvdCameras, OnlyTheFirstIsWritten) {
 }
 
 TEST(JvdCameras, WhatFollowsTheFirstIsNotLookedAt) {
-  EXPECT_EQ(convert(plot3d(camera("") + "<Obj3d Type=\"Camera\"/>")).error, "");
+  EXPECT_EQ(Display(plot3d(camera("") + "<Obj3d Type=\"Camera\"/>")).error, "");
 }
 
 TEST(JvdCameras, AnObjectWithoutImageIsAnErrorEvenIfItIsHidden) {
-  EXPECT_EQ(convert(plot3d("<Obj3d Type=\"Camera\"/>")).error, "no Img3d");
-  EXPECT_EQ(convert(plot3d("<Obj3d Type=\"Camera\" Visible=\"0\"/>" + camera(""))).error,
+  EXPECT_EQ(Display(plot3d("<Obj3d Type=\"Camera\"/>")).error, "no Img3d");
+  EXPECT_EQ(Display(plot3d("<Obj3d Type=\"Camera\" Visible=\"0\"/>" + camera(""))).error,
             "no Img3d");
 }
 
@@ -153,10 +153,10 @@ TEST(JvdCameras, TheImageIsThatOfTheTime) {
       "<Img3d Param=\"0\"><Camera Position=\"1 0 0\" ViewingAngle=\"1.5707963267948966\"/></Img3d>"
       "<Img3d Param=\"0.5\"><Camera Position=\"2 0 0\" ViewingAngle=\"1.5707963267948966\"/>"
       "</Img3d>");
-  EXPECT_EQ(convert(zrd).element("cameras"), view("2 0 0", "0 0 0", "2"));
-  EXPECT_EQ(convert(zrd, 4.9).element("cameras"), view("2 0 0", "0 0 0", "2"));
-  EXPECT_EQ(convert(zrd, 5).element("cameras"), view("4 0 0", "0 0 0", "2"));
-  EXPECT_EQ(convert(zrd, 99).element("cameras"), view("4 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd).element("cameras"), view("2 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 4.9).element("cameras"), view("2 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 5).element("cameras"), view("4 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 99).element("cameras"), view("4 0 0", "0 0 0", "2"));
 }
 
 struct Roll {
@@ -274,7 +274,7 @@ TEST(JvdCameras, KeepUpVectorChangesNothing) {
 }
 
 std::string cameras2d(const std::string& content, const std::string& attributes = "") {
-  return convert(plot2d(content, attributes, "Width=\"120\" Height=\"80\"")).element("cameras");
+  return Display(plot2d(content, attributes, "Width=\"120\" Height=\"80\"")).element("cameras");
 }
 
 std::string viewFromAbove(const std::string& position, const std::string& interest) {

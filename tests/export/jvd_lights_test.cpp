@@ -17,7 +17,7 @@ std::string object(const std::string& type, const std::string& primitives,
 }
 
 std::string lights(const std::string& content) {
-  return convert(plot3d(content, "", "Lighting=\"Explicit\"")).element("lights");
+  return Display(plot3d(content, "", "Lighting=\"Explicit\"")).element("lights");
 }
 
 /// The block with these lights in it.
@@ -129,15 +129,15 @@ TEST(JvdLights, WithoutLightsThereIsNoBlock) {
 
 TEST(JvdLights, AHiddenObjectIsNotLookedInto) {
   EXPECT_EQ(lights(object("PointLight", "<PointLight/>", "Visible=\"0\"")), "");
-  EXPECT_EQ(convert(plot3d("<Obj3d Type=\"PointLight\" Visible=\"0\"/>")).error, "");
+  EXPECT_EQ(Display(plot3d("<Obj3d Type=\"PointLight\" Visible=\"0\"/>")).error, "");
 }
 
 TEST(JvdLights, AnObjectWithoutImageIsAnError) {
   for (const char* type : {"AmbientLight", "PointLight", "DistantLight", "SpotLight"}) {
     const std::string empty = std::string("<Obj3d Type=\"") + type + "\"/>";
-    EXPECT_EQ(convert(plot3d(empty)).error, "no Img3d") << type;
-    EXPECT_EQ(convert(plot3d(empty, "", "Lighting=\"Automatic\"")).error, "") << type;
-    EXPECT_EQ(convert(plot3d(empty, "", "Lighting=\"None\"")).error, "") << type;
+    EXPECT_EQ(Display(plot3d(empty)).error, "no Img3d") << type;
+    EXPECT_EQ(Display(plot3d(empty, "", "Lighting=\"Automatic\"")).error, "") << type;
+    EXPECT_EQ(Display(plot3d(empty, "", "Lighting=\"None\"")).error, "") << type;
   }
 }
 
@@ -151,15 +151,15 @@ const std::string animated =
     "</Obj3d></CoordinateSystem3d></Scene3d></Canvas>";
 
 TEST(JvdLights, TheImageIsThatOfTheTime) {
-  EXPECT_EQ(convert(animated, 7).element("lights"), block(ambient));
-  EXPECT_EQ(convert(animated, 6.9).element("lights"), block("<light type=\"ambient\">\n"
+  EXPECT_EQ(Display(animated, 7).element("lights"), block(ambient));
+  EXPECT_EQ(Display(animated, 6.9).element("lights"), block("<light type=\"ambient\">\n"
                                                             "<color>255 255 255</color>\n"
                                                             "<intensity>0.5</intensity>\n"
                                                             "</light>\n"));
 }
 
 TEST(JvdLights, ALightShinesEvenBeforeItsObjectAppears) {
-  EXPECT_EQ(convert(animated, 0).element("lights"), block("<light type=\"ambient\">\n"
+  EXPECT_EQ(Display(animated, 0).element("lights"), block("<light type=\"ambient\">\n"
                                                           "<color>255 255 255</color>\n"
                                                           "<intensity>0.5</intensity>\n"
                                                           "</light>\n"));
@@ -171,7 +171,7 @@ TEST(JvdLights, SpotAngleAndCameraCoordinatesChangeNothing) {
 }
 
 std::string defaultLights(const std::string& content) {
-  return convert(plot3d(content, "", "Lighting=\"Automatic\"")).element("lights");
+  return Display(plot3d(content, "", "Lighting=\"Automatic\"")).element("lights");
 }
 
 std::string rigLight(const std::string& position, const std::string& intensity) {
@@ -212,7 +212,7 @@ TEST(JvdLights, TheDefaultRigReplacesTheLightsOfTheDocument) {
   EXPECT_EQ(defaultLights(object("AmbientLight", "<AmbientLight/>")), "");
 }
 
-std::string background(const std::string& zrd) { return convert(zrd).element("background"); }
+std::string background(const std::string& zrd) { return Display(zrd).element("background"); }
 
 TEST(JvdBackground, HasTheColorOfTheScene) {
   EXPECT_EQ(background(plot3d("")), "<background>\n<color>255 255 255</color>\n</background>\n");
@@ -225,19 +225,19 @@ TEST(JvdBackground, HasTheColorOfTheScene) {
 }
 
 TEST(JvdBackground, IsAlwaysPlain) {
-  EXPECT_EQ(convert(plot3d("", "",
+  EXPECT_EQ(Display(plot3d("", "",
                            "BackgroundStyle=\"Pyramid\" BackgroundColor2=\"#ff0000\" "
                            "BackgroundTransparent=\"1\""))
-                .text,
-            convert(plot3d("")).text);
+                .body(),
+            Display(plot3d("")).body());
 }
 
 TEST(JvdBackground, OtherPropertiesOfASceneChangeNothing) {
-  const std::string plain = convert(plot3d(box3d)).text;
+  const std::string plain = Display(plot3d(box3d)).body();
   for (const char* attribute :
        {"LegendVisible=\"0\"", "Width=\"20\"", "Height=\"20\"", "BorderColor=\"#ff0000\"",
         "BorderWidth=\"3\"", "TopMargin=\"3\"", "Bottom=\"3\"", "Left=\"3\"", "Name=\"scene\""}) {
-    EXPECT_EQ(convert(plot3d(box3d, "", attribute)).text, plain) << attribute;
+    EXPECT_EQ(Display(plot3d(box3d, "", attribute)).body(), plain) << attribute;
   }
 }
 
