@@ -1,7 +1,6 @@
 // Whole conversions: from the text of a document to the text of a model.
 #pragma once
 
-#include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -20,8 +19,7 @@ namespace PlotDom {
 class ReadDocument {
  public:
   explicit ReadDocument(std::string_view text) {
-    handler_.emplace(document_.get(), true, nullptr);
-    Xml::Parser parser(&*handler_, true, nullptr);
+    Xml::Parser parser(&handler_, true, nullptr);
     isWellFormed_ = parser.parse(text.data(), static_cast<int>(text.size()), true);
   }
   ~ReadDocument() { document_->tearDown(); }
@@ -32,7 +30,7 @@ class ReadDocument {
 
  private:
   Ubase::Ref<PlotDocument> document_{new PlotDocument};
-  std::optional<ZrdParserHandler> handler_;
+  ZrdParserHandler handler_{document_.get(), true, nullptr};
   bool isWellFormed_ = false;
 };
 
