@@ -1,0 +1,55 @@
+#include "driver/options.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "base/scan.h"
+#include "driver/output.h"
+#include "driver/reporting.h"
+
+namespace Driver {
+
+namespace {
+
+[[noreturn]] void version() {
+  Output output(nullptr);
+  output.stream() << "vantry version 1.5\n";
+  output.close();
+  std::exit(0);
+}
+
+void setOnce(const char*& name, const char* argument) {
+  if (name) usage();
+  name = argument;
+}
+
+}  // namespace
+
+Options parseOptions(int argc, const char* const* argv) {
+  Options options;
+  int at = 1;
+  const auto operand = [&] { return at < argc ? argv[at++] : (usage(), nullptr); };
+
+  while (at < argc) {
+    const std::string_view argument = argv[at++];
+    if (argument == "-h") {
+      usage();
+    } else if (argument == "-d") {
+      options.displayMode = true;
+    } else if (argument == "-v") {
+      version();
+    } else if (argument == "-t") {
+      if (!Ubase::scanDouble(operand(), options.time)) usage();
+    } else if (argument == "-f") {
+      if (!Ubase::scanInt(operand(), options.frames) || options.frames <= 0) usage();
+    } else if (argument == "-o") {
+      setOnce(options.outName, operand());
+    } else {
+      setOnce(options.inName, argument.data());
+    }
+  }
+  if (!options.inName) usage();
+  return options;
+}
+
+}  // namespace Driver

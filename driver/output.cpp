@@ -1,0 +1,24 @@
+#include "driver/output.h"
+
+#include <iostream>
+
+#include "driver/reporting.h"
+
+namespace Driver {
+
+Output::Output(const char* name) : stream_(name ? file_ : std::cout) {
+  if (!name) return;
+  file_.open(name, std::ios::binary | std::ios::trunc);
+  if (!file_) error("Can not open output file.");
+}
+
+void Output::close() {
+  if (file_.is_open()) {
+    file_.close();
+  } else {
+    stream_.flush();
+  }
+  if (!stream_) error("Can not write output file.");
+}
+
+}  // namespace Driver

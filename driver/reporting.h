@@ -1,0 +1,19 @@
+// What the program tells its user, on standard error.
+#pragma once
+
+namespace Driver {
+
+/// Prints how the program is used and ends it with status 1.
+[[noreturn]] void usage();
+
+/// Prints an error and ends the program with status 2.
+[[noreturn]] void error(const char* message);
+
+/// Prints a warning.
+void warning(const char* message);
+
+/// Warns of a document that is not well formed, with the XML parser's number for the error and the
+/// place, in lines from 1 and columns from 0.
+void parserWarning(int code, int line, int column);
+
+}  // namespace Driver

@@ -1,0 +1,290 @@
+// A run from the input to the output: the files, the order of the checks, the warnings, the errors.
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+
+#include "documents.h"
+#include "program.h"
+
+namespace {
+
+const std::string kNoInput = "Error: Can not open input file. (exiting)\n";
+const std::string kNoOutput = "Error: Can not open output file. (exiting)\n";
+const std::string kNoScene = "Error: no scene (exiting)\n";
+const std::string kNotWritten = "Error: Can not write output file. (exiting)\n";
+const std::string kDisplayNotAnimated = "Warning: Only JVX files can be animated, '-f' ignored.\n";
+const std::string kNotAnimated = "Warning: No animation, '-f' ignored.\n";
+
+class Conversion : public ProgramTest {
+ protected:
+  Conversion() {
+    write("static.zrd", kStaticDocument);
+    write("animated.zrd", kAnimatedDocument);
+    write("corrupted.zrd", kCorruptedDocument);
+  }
+};
+
+/// A document that is broken from its 11th byte on, filled up to a length.
+std::string brokenDocument(std::size_t length) {
+  std::string document = "<Canvas></Scene>";
+  document.resize(length, ' ');
+  return document;
+}
+
+std::size_t countOf(const std::string& line, const std::string& text) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(line); at != std::string::npos; at = text.find(line, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace
+
+TEST_F(Conversion, WritesToStandardOutput) {
+  const Outcome outcome = run({"static.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Conversion, WritesToTheNamedFile) {
+  write("out.jvx", "what was there before, and is longer than nothing");
+  const Outcome outcome = run({"-o", "out.jvx", "static.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+}
+
+TEST_F(Conversion, DisplayModeWritesADisplayDocument) {
+  const Outcome outcome = run({"-d", "static.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_NE(outcome.out.find("<!DOCTYPE jv-disp SYSTEM"), std::string::npos);
+  EXPECT_EQ(outcome.out.find("jvx-model"), std::string::npos);
+}
+
+TEST_F(Conversion, MissingInput) {
+  const Outcome outcome = run({"none.zrd", "-o", "out.jvx"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, kNoInput);
+  EXPECT_FALSE(exists("out.jvx"));
+}
+
+TEST_F(Conversion, OutputThatCannotBeOpened) {
+  for (const char* name : {"none/out.jvx", ".", ""}) {
+    const Outcome outcome = run({"static.zrd", "-o", name});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, kNoOutput);
+  }
+}
+
+TEST_F(Conversion, MissingInputIsReportedBeforeAMissingOutputName) {
+  EXPECT_EQ(run({"-f", "5", "none.zrd"}).err, kNoInput);
+  const Outcome outcome = run({"-f", "5", "animated.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Error: No output file name given. (exiting)\n");
+  EXPECT_EQ(outcome.out, "");
+}
+
+TEST_F(Conversion, MissingOutputNameIsReportedBeforeAnyParsing) {
+  write("broken.zrd", brokenDocument(100));
+  EXPECT_EQ(run({"-f", "5", "broken.zrd"}).err, "Error: No output file name given. (exiting)\n");
+}
+
+TEST_F(Conversion, DisplayModeIgnoresFrames) {
+  const Outcome outcome = run({"-d", "-f", "5", "animated.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, kDisplayNotAnimated);
+  EXPECT_NE(outcome.out.find("<!DOCTYPE jv-disp SYSTEM"), std::string::npos);
+
+  EXPECT_EQ(run({"-d", "-f", "5", "-o", "out.jvd", "animated.zrd"}).status, 0);
+  EXPECT_NE(read("out.jvd").find("<!DOCTYPE jv-disp SYSTEM"), std::string::npos);
+}
+
+TEST_F(Conversion, WarningOfIgnoredFramesComesBeforeTheInputError) {
+  const Outcome outcome = run({"-d", "-f", "5", "none.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, kDisplayNotAnimated + kNoInput);
+}
+
+TEST_F(Conversion, FramesWithoutTimeRangeGiveTheOneNamedFile) {
+  const Outcome outcome = run({"-f", "5", "-o", "out.jvx", "static.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, kNotAnimated);
+  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+  EXPECT_FALSE(exists("out.1.jvx"));
+}
+
+TEST_F(Conversion, FramesWithoutTimeRangeNeedAFileThatCanBeOpened) {
+  const Outcome outcome = run({"-f", "5", "-o", "none/out.jvx", "static.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, kNotAnimated + kNoOutput);
+}
+
+TEST_F(Conversion, AnimationWritesNumberedFilesOnly) {
+  write("out.1.jvx", "from an earlier run");
+  const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  for (const char* name : {"out.1.jvx", "out.2.jvx", "out.3.jvx"}) {
+    EXPECT_EQ(undated(read(name)), kEmptyJvx);
+  }
+  EXPECT_EQ(files(), "animated.zrd corrupted.zrd out.1.jvx out.2.jvx out.3.jvx static.zrd");
+}
+
+TEST_F(Conversion, AnimationFileThatCannotBeOpened) {
+  std::filesystem::create_directory(folder_ / "out.2.jvx");
+  const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, kNoOutput);
+  EXPECT_EQ(undated(read("out.1.jvx")), kEmptyJvx);
+  EXPECT_FALSE(exists("out.3.jvx"));
+}
+
+TEST_F(Conversion, TimeOnAStillDocumentIsWarnedOf) {
+  const Outcome outcome = run({"-t", "1", "static.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "Warning: not an animation\n");
+  EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+  EXPECT_EQ(run({"-t", "nan", "static.zrd"}).err, "");
+  EXPECT_EQ(run({"-d", "-t", "1", "static.zrd"}).err, "Warning: not an animation\n");
+}
+
+TEST_F(Conversion, EmptyInput) {
+  write("empty.zrd", "");
+  const Outcome outcome = run({"empty.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
+  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+}
+
+TEST_F(Conversion, DirectoryReadsAsEmpty) {
+  const Outcome outcome = run({"."});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
+}
+
+TEST_F(Conversion, FileThatIsInputAndOutputIsEmptiedFirst) {
+  const Outcome outcome = run({"static.zrd", "-o", "static.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
+}
+
+TEST_F(Conversion, ParserErrorTellsItsPlace) {
+  write("broken.zrd", "<Canvas>\n<Scene3d>\n   </Scene2d></Canvas>\n");
+  const Outcome outcome = run({"broken.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 3 column 5]\n" + kNoScene);
+  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+}
+
+TEST_F(Conversion, EveryBlockAfterAParserErrorRepeatsTheWarning) {
+  const struct {
+    std::size_t length;
+    std::size_t blocks;
+  } cases[] = {{511, 1}, {512, 2}, {513, 2}, {1023, 2}, {1024, 3}, {51200, 101}, {51201, 101}};
+  for (const auto& [length, blocks] : cases) {
+    write("broken.zrd", brokenDocument(length));
+    const Outcome outcome = run({"broken.zrd"});
+    EXPECT_EQ(outcome.status, 2);
+    const std::string first = "Warning: parser error '7' [line 1 column 10]\n";
+    EXPECT_EQ(outcome.err.substr(0, first.size()), first);
+    EXPECT_EQ(countOf("Warning: parser error '7'", outcome.err), blocks) << length << " bytes";
+    EXPECT_EQ(outcome.err.substr(outcome.err.size() - kNoScene.size()), kNoScene);
+    EXPECT_EQ(undated(outcome.out), kJvxHeader);
+  }
+}
+
+TEST_F(Conversion, WholeBlocksEndWithAnEmptyOne) {
+  for (const std::size_t length : {512u, 1024u, 65536u, 65537u}) {
+    std::string document = kStaticDocument;
+    document.resize(length, '\n');
+    write("long.zrd", document);
+    const Outcome outcome = run({"long.zrd"});
+    EXPECT_EQ(outcome.status, 0) << length << " bytes";
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+  }
+}
+
+TEST_F(Conversion, NothingOfADocumentWithAnErrorIsExported) {
+  write("broken.zrd", kStaticDocument + "<");
+  const Outcome outcome = run({"broken.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+}
+
+TEST_F(Conversion, DocumentWithErrorIsNotAnimated) {
+  write("broken.zrd", kAnimatedDocument + "<");
+  const Outcome outcome = run({"-f", "5", "-o", "out.jvx", "broken.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.err.find(kNotAnimated + kNoScene), std::string::npos);
+  EXPECT_TRUE(exists("out.jvx"));
+}
+
+TEST_F(Conversion, FailedExportLeavesATruncatedFileWithoutWhatWasBuffered) {
+  write("broken.zrd", brokenDocument(20));
+  write("out.jvx", "what was there before");
+  const Outcome outcome = run({"broken.zrd", "-o", "out.jvx"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(read("out.jvx"), "");
+}
+
+TEST_F(Conversion, DisplayDocumentWithoutSceneIsAnErrorToo) {
+  write("broken.zrd", brokenDocument(20));
+  const Outcome outcome = run({"-d", "broken.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 1 column 10]\n" + kNoScene);
+}
+
+TEST_F(Conversion, BadDataEndsTheProcessAbnormally) {
+  write("out.jvx", "what was there before");
+  const Outcome outcome = run({"corrupted.zrd", "-o", "out.jvx"});
+  EXPECT_EQ(outcome.signal, SIGABRT);
+  EXPECT_EQ(outcome.err.find("Error:"), std::string::npos);
+  EXPECT_EQ(outcome.err.find("Sanitizer"), std::string::npos);
+  EXPECT_EQ(read("out.jvx"), "");
+  EXPECT_EQ(run({"corrupted.zrd"}).out, "");
+}
+
+TEST_F(Conversion, FullDiskIsNoSuccess) {
+  const Outcome file = run({"static.zrd", "-o", "/dev/full"});
+  EXPECT_EQ(file.status, 2);
+  EXPECT_EQ(file.err, kNotWritten);
+
+  for (const char* mode : {"static.zrd", "-v"}) {
+    const Outcome standardOutput = runInto("/dev/full", {mode});
+    EXPECT_EQ(standardOutput.status, 2);
+    EXPECT_EQ(standardOutput.err, kNotWritten);
+  }
+  EXPECT_EQ(runInto("/dev/full", {"-d", "static.zrd"}).err, kNotWritten);
+}
+
+TEST_F(Conversion, FullDiskUnderAnAnimationIsNoSuccess) {
+  std::filesystem::create_symlink("/dev/full", folder_ / "out.2.jvx");
+  const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, kNotWritten);
+  EXPECT_EQ(undated(read("out.1.jvx")), kEmptyJvx);
+  EXPECT_FALSE(exists("out.3.jvx"));
+}
+
+TEST_F(Conversion, ClosedStandardOutputIsNoSuccess) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"static.zrd"}, {"-d", "static.zrd"}, {"-v"}}) {
+    const Outcome outcome = runInto(kClosed, arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, kNotWritten);
+  }
+}
+
+TEST_F(Conversion, ClosedStandardOutputIsNotMissedWhereNothingGoesToIt) {
+  EXPECT_EQ(runInto(kClosed, {"static.zrd", "-o", "out.jvx"}).status, 0);
+  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+  EXPECT_EQ(runInto(kClosed, {"-f", "1", "-o", "out.jvx", "animated.zrd"}).status, 0);
+  EXPECT_EQ(undated(read("out.2.jvx")), kEmptyJvx);
+}

@@ -1,0 +1,94 @@
+#include "program.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <stdexcept>
+#include <system_error>
+
+namespace {
+
+const std::string kCapturedOutput = ".stdout";
+const std::string kCapturedErrors = ".stderr";
+
+/// In the child: opens `file` as `descriptor`, or closes that if there is no name.
+void redirect(int descriptor, const std::string& file) {
+  if (file.empty()) {
+    close(descriptor);
+    return;
+  }
+  const int opened = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (opened < 0 || dup2(opened, descriptor) < 0) _exit(127);
+}
+
+}  // namespace
+
+ProgramTest::ProgramTest() {
+  std::string name = std::filesystem::temp_directory_path() / "vantry-test-XXXXXX";
+  if (!mkdtemp(name.data())) throw std::system_error(errno, std::generic_category(), name);
+  folder_ = name;
+}
+
+ProgramTest::~ProgramTest() { std::filesystem::remove_all(folder_); }
+
+Outcome ProgramTest::run(const std::vector<std::string>& arguments) const {
+  return runInto(kCapturedOutput, arguments);
+}
+
+Outcome ProgramTest::runInto(const std::string& standardOutput,
+                             const std::vector<std::string>& arguments) const {
+  std::vector<char*> argv = {const_cast<char*>(VANTRY_PROGRAM)};
+  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+
+  const pid_t child = fork();
+  if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
+  if (child == 0) {
+    if (chdir(folder_.c_str()) != 0) _exit(127);
+    redirect(STDERR_FILENO, kCapturedErrors);
+    redirect(STDOUT_FILENO, standardOutput);
+    execv(VANTRY_PROGRAM, argv.data());
+    _exit(127);
+  }
+
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0) {
+    if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "waitpid");
+  }
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
+          standardOutput == kCapturedOutput ? read(kCapturedOutput) : "", read(kCapturedErrors)};
+}
+
+void ProgramTest::write(const std::string& name, std::string_view text) const {
+  std::ofstream file(folder_ / name, std::ios::binary);
+  file << text;
+  if (!file.flush()) throw std::runtime_error("can not write " + name);
+}
+
+std::string ProgramTest::read(const std::string& name) const {
+  std::ifstream file(folder_ / name, std::ios::binary);
+  if (!file) throw std::runtime_error("can not read " + name);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool ProgramTest::exists(const std::string& name) const {
+  return std::filesystem::exists(folder_ / name);
+}
+
+std::string ProgramTest::files() const {
+  std::set<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    names.insert(entry.path().filename());
+  }
+  names.erase(kCapturedOutput);
+  names.erase(kCapturedErrors);
+  std::string list;
+  for (const std::string& name : names) list.append(list.empty() ? "" : " ").append(name);
+  return list;
+}

@@ -1,0 +1,43 @@
+// Runs the program as a process of its own, in a folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// How a run of the program ended and what it printed.
+struct Outcome {
+  int status;  ///< the exit status, or -1 if a signal ended the run
+  int signal;  ///< that signal, or 0
+  std::string out;
+  std::string err;
+};
+
+/// Each test has an empty folder, which is the program's current one.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest();
+  ~ProgramTest() override;
+
+  /// Stands for a name of standard output: the program is started without one.
+  static constexpr const char* kClosed = "";
+
+  /// Runs the program with its standard output caught.
+  Outcome run(const std::vector<std::string>& arguments) const;
+
+  /// Runs the program with the file `standardOutput`, or kClosed, as its standard output.
+  Outcome runInto(const std::string& standardOutput,
+                  const std::vector<std::string>& arguments) const;
+
+  void write(const std::string& name, std::string_view text) const;
+  std::string read(const std::string& name) const;
+  bool exists(const std::string& name) const;
+
+  /// The names in the folder but for the captured output, sorted, with a blank between them.
+  std::string files() const;
+
+  std::filesystem::path folder_;
+};
