@@ -7,33 +7,20 @@
 //   NAME@TIME.jvd        the display file at that time
 // The date line of an expected file holds the word DATE.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "documents.h"
+#include "program.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 const fs::path source = VANTRY_SOURCE_DIR;
-
-std::string contentOf(const fs::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
-}
-
-std::string withoutDate(const std::string& text) {
-  return std::regex_replace(text, std::regex("<meta date=\"[^\"\n]*\"/>"), "<meta date=\"DATE\"/>",
-                            std::regex_constants::format_first_only);
-}
 
 std::vector<std::string> expectedFiles() {
   std::vector<std::string> names;
@@ -51,36 +38,26 @@ struct Call {
     std::smatch parts;
     if (!std::regex_match(fileName, parts, form)) return;
     document = source / "examples" / (parts[1].str() + ".zrd");
-    if (parts[2].matched) options += " -t " + parts[2].str();
-    if (parts[3].matched) options += " -f " + parts[3].str();
-    if (parts[5] == "jvd") options += " -d";
-    if (parts[4].matched) frame = "." + parts[4].str();
+    if (parts[2].matched) arguments.insert(arguments.end(), {"-t", parts[2]});
+    if (parts[3].matched) arguments.insert(arguments.end(), {"-f", parts[3]});
+    if (parts[5] == "jvd") arguments.emplace_back("-d");
+    arguments.insert(arguments.end(), {"-o", "out.x", document});
+    output = parts[4].matched ? "out." + parts[4].str() + ".x" : "out.x";
   }
   fs::path document;
-  std::string options;
-  std::string frame;
+  std::vector<std::string> arguments;
+  std::string output;
 };
 
-class Example : public testing::TestWithParam<std::string> {
- protected:
-  void SetUp() override {
-    std::string pattern = fs::temp_directory_path() / "vantry-XXXXXX";
-    ASSERT_TRUE(mkdtemp(pattern.data()));
-    folder_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  fs::path folder_;
-};
+class Example : public ProgramTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(Example, ConvertsToTheExpectedText) {
   const Call call(GetParam());
   ASSERT_TRUE(fs::exists(call.document)) << "no document for " << GetParam();
-  const std::string command = std::string("'") + VANTRY_PROGRAM + "'" + call.options + " -o '" +
-                              (folder_ / "out.x").string() + "' '" + call.document.string() + "'";
-  ASSERT_EQ(std::system(command.c_str()), 0) << command;
-  EXPECT_EQ(withoutDate(contentOf(folder_ / ("out" + call.frame + ".x"))),
-            contentOf(source / "tests/examples" / GetParam()));
+  const Outcome outcome = run(call.arguments);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(undated(read(call.output)), contentOf(source / "tests/examples" / GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Example, testing::ValuesIn(expectedFiles()), [](const auto& test) {

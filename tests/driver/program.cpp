@@ -29,6 +29,12 @@ void redirect(int descriptor, const std::string& file) {
 
 }  // namespace
 
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw std::runtime_error("can not read " + file.string());
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 ProgramTest::ProgramTest() {
   std::string name = std::filesystem::temp_directory_path() / "vantry-test-XXXXXX";
   if (!mkdtemp(name.data())) throw std::system_error(errno, std::generic_category(), name);
@@ -71,11 +77,7 @@ void ProgramTest::write(const std::string& name, std::string_view text) const {
   if (!file.flush()) throw std::runtime_error("can not write " + name);
 }
 
-std::string ProgramTest::read(const std::string& name) const {
-  std::ifstream file(folder_ / name, std::ios::binary);
-  if (!file) throw std::runtime_error("can not read " + name);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+std::string ProgramTest::read(const std::string& name) const { return contentOf(folder_ / name); }
 
 bool ProgramTest::exists(const std::string& name) const {
   return std::filesystem::exists(folder_ / name);

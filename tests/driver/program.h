@@ -8,6 +8,9 @@
 #include <string_view>
 #include <vector>
 
+/// The content of a file.
+std::string contentOf(const std::filesystem::path& file);
+
 /// How a run of the program ended and what it printed.
 struct Outcome {
   int status;  ///< the exit status, or -1 if a signal ended the run
