@@ -12,6 +12,9 @@ endif()
 if(VANTRY_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-Wno-maybe-uninitialized)  # false alarms in instrumented code
+  endif()
 endif()
 
 find_program(CCACHE_PROGRAM ccache)
