@@ -107,7 +107,7 @@ void expectPropertyEffects(const MinimalDocument& base,
     element->setAttributeFromString(name, value.c_str());
   }
   for (const auto& [name, property] : T::propertyList().entries()) {
-    const auto isThisOne = [&name](const PropertyEffect& effect) {
+    const auto isThisOne = [&name = name](const PropertyEffect& effect) {
       return effect.property == name;
     };
     if (std::ranges::any_of(effects, isThisOne)) continue;
