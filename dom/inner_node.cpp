@@ -33,7 +33,9 @@ void InnerNode::doReplaceChildren(Node* first, unsigned count, Node* newChildren
   }
 
   if (newChildren) {
-    link(slotBehindLast(), last, newChildren);
+    Ref<Node> chain = newChildren;
+    if (newChildren->previousSibling()) cut(newChildren->previousSibling()->nextSibling_);
+    link(slotBehindLast(), last, std::move(chain));
     setParents(newChildren, this);
     for (last = newChildren;; last = last->nextSibling()) {
       last->markInDocument(isInDocument());

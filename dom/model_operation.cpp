@@ -62,13 +62,14 @@ Node* ReplaceChildrenOperation::nodeBehindRun() const {
   return behind;
 }
 
-/// Changes of detached trees and deferred operations are not recorded. Between an execution and its
-/// undo they may have put the nodes elsewhere that shall come in now, and taken out those that
-/// shall go.
+/// Changes of detached trees are not recorded, nor are deferred operations. Between an execution
+/// and its undo they may have put elsewhere what shall come in now or what shall go, or even put
+/// the node itself below what shall come in. What can be done still is done.
 void ReplaceChildrenOperation::allowForUnrecordedChanges() {
   if (newChildren_ && newChildren_->parent()) {
     newChildren_->parent()->doReplaceChildren(newChildren_.get(), 1, nullptr);
   }
+  if (holds(newChildren_.get(), *node())) newChildren_ = nullptr;
   if (first_ && first_->parent() != node()) {
     first_ = nullptr;
     count_ = 0;

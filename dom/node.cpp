@@ -24,18 +24,6 @@ const Node* topOf(const Node& node) {
   return top;
 }
 
-/// Whether a node of a chain that is in no tree is `node` or one of its ancestors.
-bool holds(const Node* chain, const Node& node) {
-  const Node* top = nullptr;
-  for (; chain; chain = chain->nextSibling()) {
-    const bool isBareLeaf = chain != &node && !chain->firstChild();
-    if (isBareLeaf) continue;
-    if (!top) top = topOf(node);
-    if (chain == top) return true;
-  }
-  return false;
-}
-
 /// A reference to `node`, unless nobody refers to it yet: the end of this one would destroy it.
 Ref<Node> keep(Node* node) { return node && node->refCount() > 0 ? node : nullptr; }
 
@@ -79,10 +67,6 @@ void Node::checkReplaceChildren(Node* first, unsigned count, Node* newChildren) 
 }
 
 void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren) {
-  Ref<Node> cutOff;
-  if (newChildren && newChildren->previousSibling()) {
-    cutOff = cut(newChildren->previousSibling()->nextSibling_);
-  }
   if (isInDocument()) {
     ownerDocument()->execute(
         std::make_unique<ReplaceChildrenOperation>(this, first, count, newChildren));
@@ -101,7 +85,8 @@ Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
     return newChild;
   }
 
-  // Taking the node out may run operations that observers deferred: nothing here may die of them.
+  // Taking the node out may run operations that observers deferred. Nothing here may die of them,
+  // and after a refusal the former place is gone if they say so.
   Node* formerNext = newChild->nextSibling();
   const Ref<Node> kept[] = {keep(this), keep(first), keep(formerParent), keep(formerNext)};
   const Ref<Node> chain = fragment ? fragment->takeChain() : formerParent->removeChild(newChild);
@@ -111,7 +96,7 @@ Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
   } catch (...) {
     if (fragment) {
       fragment->giveBackChain(chain);
-    } else {
+    } else if (!newChild->parent() && !holds(newChild, *formerParent)) {
       const bool hasNext = formerNext && formerNext->parent() == formerParent;
       formerParent->performReplaceChildren(hasNext ? formerNext : nullptr, 0, newChild);
     }
@@ -216,6 +201,17 @@ unsigned countSiblingsFrom(const Node* node) {
   unsigned count = 0;
   for (; node; node = node->nextSibling()) ++count;
   return count;
+}
+
+bool holds(const Node* chain, const Node& node) {
+  const Node* top = nullptr;
+  for (; chain; chain = chain->nextSibling()) {
+    const bool isBareLeaf = chain != &node && !chain->firstChild();
+    if (isBareLeaf) continue;
+    if (!top) top = topOf(node);
+    if (chain == top) return true;
+  }
+  return false;
 }
 
 Node* commonAncestor(Node* a, Node* b) {

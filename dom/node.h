@@ -177,4 +177,7 @@ static_assert(sizeof(void*) != 8 || sizeof(Node) == 48);
 unsigned countSiblingsFrom(const Node* node);
 Node* commonAncestor(Node* a, Node* b);
 
+/// Whether a node of `chain`, which is in no tree, is `node` or one of its ancestors.
+bool holds(const Node* chain, const Node& node);
+
 }  // namespace Arbor
