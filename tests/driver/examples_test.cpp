@@ -5,9 +5,11 @@
 //   NAME.frames-F.N.jvx  file number N of the animation with F frames per second
 //   NAME.jvd             the display file
 //   NAME@TIME.jvd        the display file at that time
-// The date line of an expected file holds the word DATE.
+// The date line of an expected file holds the word DATE. The locale is C.UTF-8, which is everywhere
+// and knows all letters.
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <regex>
 #include <string>
@@ -49,7 +51,10 @@ struct Call {
   std::string output;
 };
 
-class Example : public ProgramTest, public testing::WithParamInterface<std::string> {};
+class Example : public ProgramTest, public testing::WithParamInterface<std::string> {
+ protected:
+  Example() { setenv("LC_ALL", "C.UTF-8", 1); }
+};
 
 TEST_P(Example, ConvertsToTheExpectedText) {
   const Call call(GetParam());

@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <clocale>
 
 #include "SRC/string_elements.h"
 #include "base/text_errors.h"
 #include "display.h"
+#include "in_locale.h"
 
 namespace PlotDom {
 namespace {
@@ -339,23 +339,14 @@ TEST(JvdAxes, ATitleWithoutChildrenIsNone) {
   EXPECT_NE(Display(plot.get()).text.find("<ruler visible=\"show\" numbers="), std::string::npos);
 }
 
-/// Sets the locale of characters for the time of a test.
-class CharacterLocale {
- public:
-  explicit CharacterLocale(const char* name) { std::setlocale(LC_CTYPE, name); }
-  CharacterLocale(const CharacterLocale&) = delete;
-  CharacterLocale& operator=(const CharacterLocale&) = delete;
-  ~CharacterLocale() { std::setlocale(LC_CTYPE, "C"); }
-};
-
 TEST(JvdAxes, ATitleMayHoldAnyLetters) {
-  const CharacterLocale locale("C.UTF-8");
+  const InLocale utf8("C.UTF-8");
   EXPECT_EQ(titleOf(plot2d("<XAxisTitle>größe α → ∞</XAxisTitle>")),
             " label=\"show\" name=\"größe α → ∞\"");
 }
 
 TEST(JvdAxes, ATitleThatTheLocaleDoesNotKnowEndsTheTextBeforeTheLetter) {
-  const CharacterLocale locale("C");
+  const InLocale ascii("C");
   const ReadDocument plot(plot2d("<XAxisTitle>gr&#246;&#223;e</XAxisTitle>"));
   JVDWriter writer(plot.get());
   std::ostringstream out;
