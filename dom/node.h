@@ -129,12 +129,6 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// Appends deep copies of all children to `target`, without checks, record or events.
   void cloneChildrenInto(Node& target) const;
 
-  /// The number of nodes from `node` to the end of its siblings, 0 for null.
-  friend unsigned countSiblingsFrom(const Node* node);
-
-  /// The innermost node that holds both, where each node holds itself; null for separate trees.
-  friend Node* commonAncestor(Node* a, Node* b);
-
  protected:
   explicit Node(Document* owner);
   /// A new node in no tree, of the same document.
@@ -148,6 +142,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   friend class Document;
   friend class InnerNode;
   friend class Text;
+  friend Node* commonAncestor(Node* a, Node* b);
 
   enum Flag : unsigned { AncestorMark = 0, InDocument = 15 };
 
@@ -174,7 +169,10 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 // 8 virtual table, 4 reference count, 2 flags (and 2 free), 8 each for owner, parent and siblings.
 static_assert(sizeof(void*) != 8 || sizeof(Node) == 48);
 
+/// The number of nodes from `node` to the end of its siblings, 0 for null.
 unsigned countSiblingsFrom(const Node* node);
+
+/// The innermost node that holds both, where each node holds itself; null for separate trees.
 Node* commonAncestor(Node* a, Node* b);
 
 /// Whether a node of `chain`, which is in no tree, is `node` or one of its ancestors.
