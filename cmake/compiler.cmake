@@ -17,6 +17,10 @@ if(VANTRY_SANITIZE)
   endif()
 endif()
 
+if(VANTRY_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})

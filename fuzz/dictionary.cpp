@@ -1,0 +1,16 @@
+// Prints the words of the format as a dictionary for the fuzzer, as names, start tags and
+// attributes.
+
+#include <cstdio>
+
+#include "base/vocabulary.h"
+
+int main() {
+  for (int id = 1; id <= Ubase::wordCount; ++id) {
+    const char* word = Ubase::tokenById(id).str();
+    std::printf("\"%s\"\n\"<%s>\"\n\"</%s>\"\n\" %s=\\\"\"\n", word, word, word, word);
+  }
+  for (const char* part : {"<P3>", "</P3>", "<P2>", "nan", "inf", "2147483647", "#ff0000", "/>"}) {
+    std::printf("\"%s\"\n", part);
+  }
+}

@@ -1,0 +1,64 @@
+// A whole document: it is parsed in blocks, and written in every form that there is. The first byte
+// chooses the time, so that animations are seen as well.
+
+#include <algorithm>
+#include <ostream>
+
+#include "SRC/plot_document.h"
+#include "base/text_errors.h"
+#include "dom/dom_exception.h"
+#include "export/export_error.h"
+#include "export/jvd_writer.h"
+#include "export/jvx_writer.h"
+#include "fuzz_input.h"
+#include "reader/xml_parser.h"
+#include "reader/zrd_parser_handler.h"
+
+namespace {
+
+using namespace PlotDom;
+
+int dropMessage(const char*, va_list) { return 0; }
+
+// Runs one step of the use of a document. It may be refused in the ways that are meant for that.
+template <class Step>
+bool passes(Step step) {
+  try {
+    step();
+    return true;
+  } catch (const Arbor::DomException&) {
+  } catch (const JavaViewExportError&) {
+  } catch (const Ubase::BadUnicodeString&) {
+  }
+  return false;
+}
+
+void parse(PlotDocument& document, const char* data, std::size_t size) {
+  constexpr std::size_t blockSize = 512;
+  ZrdParserHandler handler(&document, false, dropMessage);
+  Xml::Parser parser(&handler, true, nullptr);
+  for (bool isLast = false; !isLast;) {
+    const std::size_t count = std::min(size, blockSize);
+    isLast = count < blockSize;
+    parser.parse(data, static_cast<int>(count), isLast);
+    data += count;
+    size -= count;
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const double time = size > 0 && data[0] % 2 == 0 ? data[0] : nan;
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  document->setErrorReporter(dropMessage);
+  std::ostream nowhere(nullptr);
+  const bool isRead = passes([&] { parse(*document, reinterpret_cast<const char*>(data), size); });
+  if (isRead) {
+    passes([&] { JVXWriter(document.get()).write(nowhere, time); });
+    passes([&] { JVDWriter(document.get()).write(nowhere, time); });
+    passes([&] { document->writeXml(nowhere); });
+  }
+  document->tearDown();
+  return 0;
+}

@@ -1,0 +1,92 @@
+// The texts of values: the scanner against the C library, and each parser against its printer.
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <string>
+
+#include "SRC/value_parsers.h"
+#include "SRC/value_printers.h"
+#include "base/output_sink.h"
+#include "base/scan.h"
+#include "base/text_errors.h"
+#include "fuzz_input.h"
+
+namespace {
+
+using namespace PlotDom;
+
+void demand(bool condition) {
+  if (!condition) std::abort();
+}
+
+bool isSame(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+void scanLikeTheLibrary(const std::string& text) {
+  std::array<double, 3> mine{};
+  std::array<double, 3> theirs{};
+  const int items = Ubase::scanDoubles(text.c_str(), mine);
+  const int expected =
+      std::sscanf(text.c_str(), " %lf %lf %lf ", &theirs[0], &theirs[1], &theirs[2]);
+  demand(items == std::max(expected, 0));
+  for (std::size_t i = 0; i < static_cast<std::size_t>(items); ++i) {
+    demand(isSame(mine[i], theirs[i]));
+  }
+  std::array<double, 3> short3{};
+  if (Ubase::scanOnlyShortDecimals(text.c_str(), short3)) {
+    demand(items == 3);
+    for (std::size_t i = 0; i < 3; ++i) demand(isSame(mine[i], short3[i]));
+  }
+
+  std::int32_t number = 0;
+  long wide = 0;
+  const bool isNumber = std::sscanf(text.c_str(), " %ld ", &wide) == 1;
+  demand(Ubase::scanLong(text.c_str(), number) == isNumber);
+  if (isNumber) demand(number == std::max(-2147483648L, std::min(wide, 2147483647L)));
+}
+
+void printLikeTheLibrary(double value) {
+  char expected[40];
+  std::snprintf(expected, sizeof expected, "%g", value);
+  std::ostringstream stream;
+  Ubase::OutputSink sink(stream);
+  sink << value;
+  sink.flush();
+  demand(stream.str() == expected);
+}
+
+// What was parsed prints as a text that parses as the same value and prints alike.
+template <class Parser, class Value>
+void parsePrintParse(const std::string& text) {
+  Value value{};
+  if (!Parser::parse(value, text.c_str())) return;
+  std::ostringstream first;
+  GenericPutXml<Value>::put(first, value);
+  Value again{};
+  demand(Parser::parse(again, first.str().c_str()));
+  std::ostringstream second;
+  GenericPutXml<Value>::put(second, again);
+  demand(first.str() == second.str());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  printLikeTheLibrary(input.take<double>());
+  const std::string text = input.rest();
+  scanLikeTheLibrary(text);
+  parsePrintParse<LongParser, std::int32_t>(text);
+  parsePrintParse<DoubleParser, double>(text);
+  parsePrintParse<ColorParser, RGBA>(text);
+  parsePrintParse<P2Parser, P2>(text);
+  parsePrintParse<P3Parser, P3>(text);
+  FontStyle font;
+  FontStyleParser::parse(font, text.c_str());
+  bool flag = false;
+  BoolParser::parse(flag, text.c_str());
+  return 0;
+}
