@@ -19,7 +19,7 @@ void Expr::setAttributeFromString(Token name, const char* text) {
 }
 
 std::ostream& Expr::writeAttributes(std::ostream& out) const {
-  if (option()) findProperty(Word::Opt)->putXml(out, Ubase::TokenVariant(option()));
+  findProperty(Word::Opt)->putXml(out, Ubase::TokenVariant(option()));
   return out;
 }
 

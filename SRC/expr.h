@@ -8,16 +8,16 @@ namespace PlotDom {
 
 using Ubase::WordId;
 
-/// A text with one attribute, `name`, of the type `Trait`. The attribute counts as set from the
-/// beginning. Any other name is reported and throws DomException 15.
+/// A text with one attribute, `name`, of the type `Trait`, which also tells the value that stands
+/// for an absent one. The attribute counts as set from the beginning. Any other name is reported
+/// and throws DomException 15.
 template <class Base, WordId name, class Trait>
 class WithAttribute : public Base {
  public:
   using Value = typename Trait::Value;
   static constexpr Token attributeName = Ubase::tokenOf(name);
 
-  explicit WithAttribute(Arbor::Document* document, Value initial)
-      : Base(document), attribute_(initial) {}
+  using Base::Base;
 
   Variant getAttribute(Token key) const override {
     requireName(key);
@@ -31,12 +31,16 @@ class WithAttribute : public Base {
     requireName(key);
     attribute_ = value.template as<typename Trait::VariantKind>()->get();
   }
-  Variant getPropertyValue(Token key) const override { return getAttribute(key); }
+  Variant getPropertyValue(Token key) const override {
+    this->requireProperty(key);
+    return getAttribute(key);
+  }
   void setPropertyValue(Token key, const Variant& value) override {
+    this->requireProperty(key);
     this->setAttribute(key, value);
   }
   const Property* findProperty(Token key) const override {
-    static const MandatoryListPropertyImpl<Trait> property(attributeName, Value{});
+    static const MandatoryListPropertyImpl<Trait> property(attributeName, Trait::absent);
     return key == attributeName ? &property : nullptr;
   }
 
@@ -52,15 +56,22 @@ class WithAttribute : public Base {
   }
 
  private:
-  Value attribute_;
+  Value attribute_ = Trait::absent;
+};
+
+struct OptionTrait : TokenTrait {
+  static constexpr Token absent{};
+};
+
+struct ExprValueTrait : DoubleTrait {
+  static constexpr double absent = nan;
 };
 
 /// An expression that is the value of an option.
-class Expr : public ElementOf<Expr, WithAttribute<PCDataElement, WordId::Opt, TokenTrait>> {
+class Expr : public ElementOf<Expr, WithAttribute<PCDataElement, WordId::Opt, OptionTrait>> {
  public:
   static constexpr Token tag = Word::Expr;
-
-  explicit Expr(Arbor::Document* document) : ElementOf(document, Token()) {}
+  using ElementOf::ElementOf;
 
   /// The name of the option, null until it is set.
   Token option() const { return attribute(); }
@@ -82,11 +93,10 @@ class SeqExprElement : public PCDataElement {
 using IExpr = NameOnly<WordId::IExpr, SeqExprElement>;
 
 /// An expression with its value, NaN where that is not known.
-class VExpr : public ElementOf<VExpr, WithAttribute<SeqExprElement, WordId::Val, DoubleTrait>> {
+class VExpr : public ElementOf<VExpr, WithAttribute<SeqExprElement, WordId::Val, ExprValueTrait>> {
  public:
   static constexpr Token tag = Word::VExpr;
-
-  explicit VExpr(Arbor::Document* document) : ElementOf(document, nan) {}
+  using ElementOf::ElementOf;
 
   double value() const { return attribute(); }
 

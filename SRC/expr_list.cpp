@@ -20,11 +20,11 @@ bool areAllNamed(const Arbor::Node* chain, Token name) {
   return true;
 }
 
-bool canBeTuple(const PlotElement& parent, unsigned count, const Arbor::Node* newChildren,
-                unsigned least, unsigned most) {
+bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
+                const Arbor::Node* newChildren, unsigned least, unsigned most) {
   if (!areAllNamed(newChildren, Word::IExpr)) return false;
-  const unsigned present = parent.length();
-  const unsigned after = present - std::min(count, present) + Arbor::countSiblingsFrom(newChildren);
+  const unsigned removed = std::min(count, Arbor::countSiblingsFrom(first));
+  const unsigned after = parent.length() - removed + Arbor::countSiblingsFrom(newChildren);
   return least <= after && after <= most;
 }
 
@@ -46,12 +46,6 @@ constexpr OptionBit tickOptions[] = {{Word::VExpr, 1}, {Word::Title, 2}};
 
 TickPos::TickPos(Arbor::Document* document) : ElementOf(document) {
   addChildren(*this, Word::VExpr, 1);
-}
-
-Arbor::Node* TickPos::cloneNode(bool deep) const {
-  Arbor::Node* copy = ElementOf::cloneNode(deep);
-  if (!deep) addChildren(static_cast<TickPos&>(*copy), Word::VExpr, 1);
-  return copy;
 }
 
 std::uint32_t TickPos::optionBit(Token name) const { return bitIn(tickOptions, name); }

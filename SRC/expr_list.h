@@ -14,9 +14,9 @@ void addChildren(PlotElement& parent, Token name, unsigned count);
 bool areAllNamed(const Arbor::Node* chain, Token name);
 
 /// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
-/// after `count` of them were replaced by the chain.
-bool canBeTuple(const PlotElement& parent, unsigned count, const Arbor::Node* newChildren,
-                unsigned least, unsigned most);
+/// after `count` of them from `first` on were replaced by the chain.
+bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
+                const Arbor::Node* newChildren, unsigned least, unsigned most);
 
 /// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
 bool isBlankList(const PlotElement& list);
@@ -34,14 +34,9 @@ class ExprTuple final : public ElementOf<ExprTuple<name, least, most, whenBlank,
     addChildren(*this, Word::IExpr, least);
   }
 
-  Arbor::Node* cloneNode(bool deep) const override {
-    Arbor::Node* copy = ElementOf<ExprTuple, Base>::cloneNode(deep);
-    if (!deep) addChildren(static_cast<ExprTuple&>(*copy), Word::IExpr, least);
-    return copy;
-  }
-
-  bool canReplaceChildren(Arbor::Node*, unsigned count, Arbor::Node* newChildren) const override {
-    return canBeTuple(*this, count, newChildren, least, most);
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::Node* newChildren) const override {
+    return canBeTuple(*this, first, count, newChildren, least, most);
   }
 
   bool isWritten() const override { return whenBlank == WhenBlank::itself || !isBlankList(*this); }
@@ -94,7 +89,6 @@ class TickPos final : public ElementOf<TickPos, OptionedPlotElement> {
 
   explicit TickPos(Arbor::Document* document);
 
-  Arbor::Node* cloneNode(bool deep) const override;
   std::uint32_t optionBit(Token name) const override;
   std::uint32_t allowedOptions() const override;
   std::uint32_t requiredOptions() const override;

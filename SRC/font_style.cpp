@@ -9,9 +9,7 @@ bool operator<(const FontStyle& a, const FontStyle& b) {
   const auto rest = [](const FontStyle& font) {
     return std::tuple(font.size, font.italic, font.bold, font.color.word(), font.alignment);
   };
-  const auto restOfA = rest(a);
-  const auto restOfB = rest(b);
-  return restOfA != restOfB && restOfA < restOfB;
+  return rest(a) < rest(b);
 }
 
 const FontStyle& FontStyle::standard() {

@@ -1,6 +1,7 @@
 #include "SRC/plot_document.h"
 
 #include "SRC/element_factory.h"
+#include "dom/tree_walk.h"
 
 namespace PlotDom {
 
@@ -11,7 +12,12 @@ PlotElement* PlotDocument::documentElement() const {
 }
 
 void PlotDocument::visitElements() {
-  if (PlotElement* root = documentElement()) root->visit();
+  PlotElement* root = documentElement();
+  if (!root) return;
+  Arbor::walkSubtree<Arbor::Node>(*root, [](Arbor::Node& node) {
+    PlotElement* element = PlotElement::from(&node);
+    return element && element->visit();
+  });
 }
 
 void PlotDocument::reportError(const char* format, va_list arguments) const {

@@ -22,7 +22,7 @@ class PlotDocument : public Arbor::Document {
 
   PlotElement* documentElement() const;
 
-  /// Walks over all elements by their visit(), beginning at the root.
+  /// Calls visit() of each element, from the root down.
   virtual void visitElements();
 
   /// Takes the complaints of the elements from now on; null for none.

@@ -107,12 +107,6 @@ void PlotElement::propertyChanged(PlotElement&, Token) {}
 
 void PlotElement::dropInheritedProperties() {}
 
-void PlotElement::visit() {
-  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (PlotElement* element = from(child)) element->visit();
-  }
-}
-
 void PlotElement::printCommand(CmdWriter&) const {}
 
 void PlotElement::timeStep(double, bool, double&) {}

@@ -23,7 +23,7 @@ class PlotElement : public Arbor::Element {
  public:
   explicit PlotElement(Arbor::Document* document) : Element(document) {}
 
-  /// The document, null only for an element that outlived it.
+  /// The document that the element was made for.
   PlotDocument* plotDocument() const;
 
   /// Sends a message in the manner of printf to the document's reporter.
@@ -75,8 +75,8 @@ class PlotElement : public Arbor::Element {
 
   // What a host may build on.
 
-  /// Visits the children.
-  virtual void visit();
+  /// Called by PlotDocument::visitElements(); false leaves out what is below.
+  virtual bool visit() { return true; }
   /// Writes the element in the command syntax of the algebra system.
   virtual void printCommand(CmdWriter& writer) const;
   /// Improves `result`, the next point of time at which something changes after (or before) `time`.

@@ -91,9 +91,10 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
 namespace {
 
 // Calls `use` with every style of the type `key` around `start`, from the inside out, until it
-// returns true.
+// returns true. No style is for those who have no type.
 template <class Use>
 void forEachStyle(const Arbor::Node& start, Token key, Use use) {
+  if (!key) return;
   const PlotElement* container = StyleIndex::nearestStyled(start.parent());
   while (container) {
     for (const ObjStyle* style : container->styleIndex()->styles()) {
