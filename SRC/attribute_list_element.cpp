@@ -1,7 +1,9 @@
 #include "SRC/attribute_list_element.h"
 
 #include <algorithm>
+#include <ostream>
 
+#include "SRC/cmd_writer.h"
 #include "dom/dom_exception.h"
 
 namespace PlotDom {
@@ -56,8 +58,17 @@ std::ostream& AttributeListElement::writeAttributes(std::ostream& out) const {
 
 void AttributeListElement::putAttributes(CmdWriter& writer) const {
   for (const auto& [name, value] : attributes_) {
-    if (const Property* property = findProperty(name)) property->putCmd(writer, value);
+    if (const Property* property = findProperty(name)) putAttribute(writer, *property, value);
   }
+}
+
+void AttributeListElement::putAttribute(CmdWriter& writer, const Property& property,
+                                        const Variant& value) const {
+  property.putCmd(writer, value);
+}
+
+void AttributeListElement::printClassName(CmdWriter& writer) const {
+  if (const Token name = className()) writer.out() << name.str();
 }
 
 bool AttributeListElement::hasProperty(Token name) const {

@@ -30,15 +30,21 @@ class AttributeListElement : public OptionedPlotElement {
   /// Tells those who inherit from this element that `name` has changed.
   virtual void notifyPropertyChanged(Token name) = 0;
 
+  /// Writes the name of the class in the command syntax.
+  void printClassName(CmdWriter& writer) const;
+
  protected:
   using Attribute = std::pair<Token, Variant>;
 
   AttributeListElement(const AttributeListElement&) = default;
 
-  const std::vector<Attribute>& attributes() const { return attributes_; }
+  /// The name of the class in the command syntax, null where it is not known.
+  virtual Token className() const { return tagName(); }
 
-  /// Writes each attribute in command form.
+  /// Writes each attribute in command form, by putAttribute().
   void putAttributes(CmdWriter& writer) const;
+  virtual void putAttribute(CmdWriter& writer, const Property& property,
+                            const Variant& value) const;
 
  private:
   const Variant* findAttribute(Token name) const;

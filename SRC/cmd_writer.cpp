@@ -16,15 +16,24 @@ double CmdWriter::inOutputUnit(double millimetres) const {
 void CmdWriter::beginItem() {
   if (isPending_) *out_ << ",\n";
   isPending_ = false;
-  ++indent_;
-  for (int level = 0; level < indent_; ++level) *out_ << "  ";
+  *out_ << indentation_.append("  ");
 }
 
 void CmdWriter::endItem() {
   isPending_ = true;
-  --indent_;
+  indentation_.resize(indentation_.size() - 2);
 }
 
-void CmdWriter::beginList() { isPending_ = false; }
+void CmdWriter::beginCall() {
+  beginItem();
+  *out_ << "plot::";
+}
+
+void CmdWriter::beginArguments() { *out_ << "(\n"; }
+
+void CmdWriter::endCall() {
+  *out_ << ')';
+  endItem();
+}
 
 }  // namespace PlotDom

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "base/token.h"
 
 namespace PlotDom {
 
-/// Writes the items of an argument list, each on a line of its own, with commas between them.
+/// Writes the items of an argument list, each on a line of its own, with commas between them. An
+/// item may be a call, with an argument list of its own.
 class CmdWriter {
  public:
   /// `unit` is the unit of printed sizes: MM, In, and any other token for points.
@@ -22,14 +24,16 @@ class CmdWriter {
   void beginItem();
   void endItem();
 
-  /// Opens a bracket behind which a list of items of its own begins.
-  void beginList();
+  /// An item "plot::NAME(...)": the name is written between the first two.
+  void beginCall();
+  void beginArguments();
+  void endCall();
 
  private:
   std::ostream* out_;
   Ubase::Token unit_;
   bool isPending_ = false;
-  int indent_ = 0;
+  std::string indentation_;  // two blanks a level
 };
 
 }  // namespace PlotDom

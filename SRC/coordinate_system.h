@@ -68,6 +68,9 @@ class CoordinateSystem2dStyle final
   using ElementOf::ElementOf;
 
   const Property* findProperty(Token name) const override;
+
+ protected:
+  Token className() const override { return Word::CoordinateSystem2d; }
 };
 
 class CoordinateSystem3dStyle final
@@ -77,6 +80,9 @@ class CoordinateSystem3dStyle final
   using ElementOf::ElementOf;
 
   const Property* findProperty(Token name) const override;
+
+ protected:
+  Token className() const override { return Word::CoordinateSystem3d; }
 };
 
 }  // namespace PlotDom

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <ostream>
 
+#include "SRC/style_getter.h"
 #include "base/scan.h"
 
 namespace PlotDom {
@@ -36,6 +37,35 @@ void VExpr::setAttributeFromString(Token name, const char* text) {
 std::ostream& VExpr::writeAttributes(std::ostream& out) const {
   if (!std::isnan(value())) findProperty(Word::Val)->putXml(out, Ubase::DoubleVariant(value()));
   return out;
+}
+
+bool Expr::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, option());
+  return false;
+}
+
+bool SeqExprElement::beginCommand(CmdWriter& writer) const {
+  putText(writer.out());
+  return false;
+}
+
+bool NamedExprElement::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, tagName());
+  return false;
+}
+
+bool NamedVExprElement::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, tagName());
+  return false;
+}
+
+bool ViewingBoxExprElement::beginCommand(CmdWriter& writer) const {
+  const PlotElement* system = from(parent());
+  if (system && isOneOf(system->tagName(), Word::CoordinateSystem2d, Word::CoordinateSystem3d)) {
+    const auto computed = propertyValue<std::int32_t>(*system, Word::AutoViewingBox);
+    if (computed & viewingBoxBit()) return false;
+  }
+  return NamedVExprElement::beginCommand(writer);
 }
 
 }  // namespace PlotDom

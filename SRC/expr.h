@@ -78,12 +78,16 @@ class Expr : public ElementOf<Expr, WithAttribute<PCDataElement, WordId::Opt, Op
 
   void setAttributeFromString(Token name, const char* text) override;
   std::ostream& writeAttributes(std::ostream& out) const override;
+  bool beginCommand(CmdWriter& writer) const override;
 };
 
 /// The base of texts that stand in lists or at fixed places.
 class SeqExprElement : public PCDataElement {
  public:
   using PCDataElement::PCDataElement;
+
+  /// The bare text: commas are written by the lists around it.
+  bool beginCommand(CmdWriter& writer) const override;
 
  protected:
   SeqExprElement(const SeqExprElement&) = default;
@@ -109,6 +113,8 @@ class NamedExprElement : public PCDataElement {
  public:
   using PCDataElement::PCDataElement;
 
+  bool beginCommand(CmdWriter& writer) const override;
+
  protected:
   NamedExprElement(const NamedExprElement&) = default;
 };
@@ -122,6 +128,8 @@ using TitlePositionZ = NameOnly<WordId::TitlePositionZ, NamedExprElement>;
 class NamedVExprElement : public VExpr {
  public:
   using VExpr::VExpr;
+
+  bool beginCommand(CmdWriter& writer) const override;
 
  protected:
   NamedVExprElement(const NamedVExprElement&) = default;
@@ -146,6 +154,9 @@ class ViewingBoxExprElement : public NamedVExprElement {
 
   /// The bit of the bound in the `AutoViewingBox` of a coordinate system.
   virtual std::int32_t viewingBoxBit() const = 0;
+
+  /// Nothing for a bound that the algebra system computes by itself.
+  bool beginCommand(CmdWriter& writer) const override;
 
  protected:
   ViewingBoxExprElement(const ViewingBoxExprElement&) = default;

@@ -34,6 +34,66 @@ bool isBlankList(const PlotElement& list) {
   return static_cast<const PCDataElement*>(first)->isBlank(true);
 }
 
+namespace {
+
+void putItems(CmdWriter& writer, const PlotElement& list) {
+  for (const Arbor::Node* child = list.firstChild(); child; child = child->nextSibling()) {
+    if (child->previousSibling()) writer.out() << ',';
+    if (const PlotElement* item = PlotElement::from(child)) item->printCommand(writer);
+  }
+}
+
+}  // namespace
+
+void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple) {
+  writer.beginItem();
+  TokenPutCmd::put(writer, name);
+  writer.out() << '=';
+  if (isBlankList(tuple)) {
+    writer.out() << "NIL";
+  } else {
+    const bool isSingle = tuple.firstChild() == tuple.lastChild();
+    writer.out() << (isSingle ? '(' : '[');
+    putItems(writer, tuple);
+    writer.out() << (isSingle ? ')' : ']');
+  }
+  writer.endItem();
+}
+
+void putPoint(CmdWriter& writer, const PlotElement& point) {
+  writer.beginItem();
+  writer.out() << '[';
+  putItems(writer, point);
+  writer.out() << ']';
+  writer.endItem();
+}
+
+bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening) {
+  writer.beginItem();
+  writer.out() << list.tagName().str();
+  if (list.firstChild()) {
+    writer.out() << opening;
+    return true;
+  }
+  writer.out() << "=NIL";
+  writer.endItem();
+  return false;
+}
+
+bool ExprSeq::beginCommand(CmdWriter& writer) const {
+  writer.beginItem();
+  TokenPutCmd::put(writer, option());
+  if (firstChild()) {
+    writer.out() << "=[";
+    putItems(writer, *this);
+    writer.out() << ']';
+  } else {
+    writer.out() << "=NIL";
+  }
+  writer.endItem();
+  return false;
+}
+
 bool ExprSeq::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
   return areAllNamed(newChildren, Word::IExpr);
 }
@@ -55,5 +115,20 @@ std::uint32_t TickPos::allowedOptions() const { return 3; }
 std::uint32_t TickPos::requiredOptions() const { return 1; }
 
 bool TickPos::isContentName(Token) const { return false; }
+
+bool TickPos::beginCommand(CmdWriter& writer) const {
+  const VExpr* place = firstChildOf<VExpr>(*this);
+  const Title* title = firstChildOf<Title>(*this);
+  if (!place) return false;
+  writer.beginItem();
+  if (title) writer.out() << '(';
+  place->putText(writer.out());
+  if (title) {
+    writer.out() << ")=";
+    title->printQuoted(writer);
+  }
+  writer.endItem();
+  return false;
+}
 
 }  // namespace PlotDom

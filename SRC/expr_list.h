@@ -1,6 +1,10 @@
 // Elements that are lists of expressions, of points or of tick marks.
 #pragma once
 
+#include <ostream>
+#include <type_traits>
+
+#include "SRC/cmd_writer.h"
 #include "SRC/content_element.h"
 #include "SRC/expr.h"
 #include "SRC/string_elements.h"
@@ -21,7 +25,17 @@ bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned co
 /// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
 bool isBlankList(const PlotElement& list);
 
-/// What an element writes as XML when it counts as empty.
+/// Writes the item `name=[a,b,c]`, or `name=NIL` for a list that counts as empty. A single
+/// expression stands in round brackets.
+void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple);
+
+/// Writes the item `[a,b,c]`.
+void putPoint(CmdWriter& writer, const PlotElement& point);
+
+/// Writes `name=NIL` for a list without children and gives false; otherwise the name and `opening`.
+bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening);
+
+/// What an element writes when it counts as empty.
 enum class WhenBlank { itself, nothing };
 
 /// Between `least` and `most` expressions; a new element has `least` blank ones.
@@ -40,6 +54,17 @@ class ExprTuple final : public ElementOf<ExprTuple<name, least, most, whenBlank,
   }
 
   bool isWritten() const override { return whenBlank == WhenBlank::itself || !isBlankList(*this); }
+
+  bool beginCommand(CmdWriter& writer) const override {
+    if constexpr (whenBlank == WhenBlank::itself) {
+      putPoint(writer, *this);
+    } else if constexpr (std::is_same_v<Base, Expr>) {
+      putTuple(writer, this->option(), *this);
+    } else {
+      putTuple(writer, tag, *this);
+    }
+    return false;
+  }
 };
 
 /// The coordinates of a point, and what is particular to it.
@@ -60,6 +85,7 @@ class ExprSeq final : public ElementOf<ExprSeq, Expr> {
   using ElementOf::ElementOf;
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
                           Arbor::Node* newChildren) const override;
+  bool beginCommand(CmdWriter& writer) const override;
 };
 
 /// Any number of children with one name.
@@ -71,6 +97,14 @@ class ListOf final : public ElementOf<ListOf<name, childName>, PlotElement> {
 
   bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const override {
     return areAllNamed(newChildren, Ubase::tokenOf(childName));
+  }
+
+  bool beginCommand(CmdWriter& writer) const override {
+    return beginList(writer, *this, childName == WordId::TickPos ? "=[" : "=[\n");
+  }
+  void endCommand(CmdWriter& writer) const override {
+    writer.out() << ']';
+    writer.endItem();
   }
 };
 
@@ -93,6 +127,7 @@ class TickPos final : public ElementOf<TickPos, OptionedPlotElement> {
   std::uint32_t allowedOptions() const override;
   std::uint32_t requiredOptions() const override;
   bool isContentName(Token name) const override;
+  bool beginCommand(CmdWriter& writer) const override;
 };
 
 }  // namespace PlotDom

@@ -31,6 +31,16 @@ bool GroupBase::parentPropertyChanged(PlotElement& source, Token key) {
   return changed || &source != this;
 }
 
+bool GroupBase::beginCommand(CmdWriter& writer) const {
+  writer.beginCall();
+  TokenPutCmd::put(writer, tagName());
+  writer.beginArguments();
+  propertyList().putCmd(writer, *this);
+  return true;
+}
+
+void GroupBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
+
 bool Group2d::isContentName(Token child) const {
   return isOneOf(child, Word::Obj2d, Word::Group2d, Word::Transform2d, Word::ObjStyle);
 }

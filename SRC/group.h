@@ -16,6 +16,10 @@ class GroupBase : public WithMembers<GroupBase, StyleScope<ContentPlotElement>>,
 
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
+  /// A call with the attributes and the children as its arguments.
+  bool beginCommand(CmdWriter& writer) const override;
+  void endCommand(CmdWriter& writer) const override;
+
   static PropertyListMgr& propertyList();
 
   Stored<Ubase::FixedString> id;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "SRC/cmd_writer.h"
 #include "dom/tree_walk.h"
 
 namespace PlotDom {
@@ -32,6 +33,16 @@ bool LibraryElement::parentPropertyChanged(PlotElement& source, Token name) {
   return reaction != Reaction::unaffected;
 }
 
+bool LibraryElement::beginCommand(CmdWriter& writer) const {
+  writer.beginCall();
+  printClassName(writer);
+  writer.beginArguments();
+  putAttributes(writer);
+  return true;
+}
+
+void LibraryElement::endCommand(CmdWriter& writer) const { writer.endCall(); }
+
 void StyleElement::notifyPropertyChanged(Token name) {
   if (!parent()) return;
   for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
@@ -53,6 +64,16 @@ bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
     });
   }
   return false;
+}
+
+bool StyleElement::beginCommand(CmdWriter& writer) const {
+  putAttributes(writer);
+  return false;
+}
+
+void StyleElement::putAttribute(CmdWriter& writer, const Property& property,
+                                const Variant& value) const {
+  property.putCmdQualified(writer, className(), value);
 }
 
 }  // namespace PlotDom

@@ -13,6 +13,10 @@ class LibraryElement : public AttributeListElement {
   void notifyPropertyChanged(Token) override {}
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
+  /// A call with the attributes and the children as its arguments.
+  bool beginCommand(CmdWriter& writer) const override;
+  void endCommand(CmdWriter& writer) const override;
+
  protected:
   LibraryElement(const LibraryElement&) = default;
 };
@@ -30,8 +34,14 @@ class StyleElement : public AttributeListElement {
   void notifyPropertyChanged(Token name) override;
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
+  /// The attributes as defaults of the class that has the style.
+  bool beginCommand(CmdWriter& writer) const override;
+
  protected:
   StyleElement(const StyleElement&) = default;
+
+  void putAttribute(CmdWriter& writer, const Property& property,
+                    const Variant& value) const override;
 };
 
 }  // namespace PlotDom

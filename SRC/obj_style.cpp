@@ -37,4 +37,13 @@ const Property* ObjStyle::findProperty(Token name) const {
                 object3dStyleProperties());
 }
 
+void ObjStyle::putAttribute(CmdWriter& writer, const Property& property,
+                            const Variant& value) const {
+  if (localType_ == Word::Default) {
+    property.putCmd(writer, value);
+  } else {
+    StyleElement::putAttribute(writer, property, value);
+  }
+}
+
 }  // namespace PlotDom

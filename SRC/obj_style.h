@@ -25,6 +25,12 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
   void collectStyleChain(StyleChain& chain) const override;
   const Property* findProperty(Token name) const override;
 
+ protected:
+  Token className() const override { return localType_; }
+  /// The values for all types stand without the name of a class.
+  void putAttribute(CmdWriter& writer, const Property& property,
+                    const Variant& value) const override;
+
  private:
   Token localType_;
 };

@@ -33,6 +33,7 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
 
   /// The type that was set, or null, for which no style is meant.
   Token localType() const;
+  Token className() const override { return localType(); }
 };
 
 class Obj2d final : public ElementOf<Obj2d, ObjectBase> {

@@ -1,6 +1,10 @@
 #include "SRC/plot_document.h"
 
+#include <ostream>
+
+#include "SRC/cmd_writer.h"
 #include "SRC/element_factory.h"
+#include "SRC/style_getter.h"
 #include "dom/tree_walk.h"
 
 namespace PlotDom {
@@ -9,6 +13,16 @@ PlotElement* PlotDocument::createElement(Token name) { return makeElement(name, 
 
 PlotElement* PlotDocument::documentElement() const {
   return static_cast<PlotElement*>(Document::documentElement());
+}
+
+void PlotDocument::printCommands(std::ostream& out, bool replot) const {
+  const PlotElement* root = documentElement();
+  if (!root) return;
+  const bool hasUnits = root->hasAttribute(Word::OutputUnits);
+  CmdWriter writer(out, hasUnits ? propertyValue<Token>(*root, Word::OutputUnits) : Word::MM);
+  out << (replot ? "plot::replot(\n" : "plot(\n");
+  root->printCommand(writer);
+  out << "):";
 }
 
 void PlotDocument::visitElements() {

@@ -22,6 +22,10 @@ class PlotDocument : public Arbor::Document {
 
   PlotElement* documentElement() const;
 
+  /// Writes the drawing as a call of the algebra system's plot command, or of the command that
+  /// draws a plot again. Nothing is written for a document without a root.
+  virtual void printCommands(std::ostream& out, bool replot) const;
+
   /// Calls visit() of each element, from the root down.
   virtual void visitElements();
 

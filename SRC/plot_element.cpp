@@ -5,6 +5,7 @@
 #include "SRC/plot_document.h"
 #include "SRC/property_change_event.h"
 #include "dom/dom_exception.h"
+#include "dom/tree_walk.h"
 
 namespace PlotDom {
 
@@ -107,7 +108,14 @@ void PlotElement::propertyChanged(PlotElement&, Token) {}
 
 void PlotElement::dropInheritedProperties() {}
 
-void PlotElement::printCommand(CmdWriter&) const {}
+void PlotElement::printCommand(CmdWriter& writer) const {
+  const auto enter = [&writer](const Arbor::Node& node) {
+    const PlotElement* element = from(&node);
+    return element && element->beginCommand(writer);
+  };
+  const auto leave = [&writer](const Arbor::Node& node) { from(&node)->endCommand(writer); };
+  Arbor::walkSubtree<const Arbor::Node>(*this, enter, leave);
+}
 
 void PlotElement::timeStep(double, bool, double&) {}
 

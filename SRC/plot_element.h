@@ -77,8 +77,12 @@ class PlotElement : public Arbor::Element {
 
   /// Called by PlotDocument::visitElements(); false leaves out what is below.
   virtual bool visit() { return true; }
-  /// Writes the element in the command syntax of the algebra system.
-  virtual void printCommand(CmdWriter& writer) const;
+  /// Writes the element, and what is below it, in the command syntax of the algebra system.
+  void printCommand(CmdWriter& writer) const;
+  /// Writes for printCommand() what stands before the children. True if the children are to follow,
+  /// each by its beginCommand() and endCommand(), and then endCommand().
+  virtual bool beginCommand(CmdWriter&) const { return false; }
+  virtual void endCommand(CmdWriter&) const {}
   /// Improves `result`, the next point of time at which something changes after (or before) `time`.
   virtual void timeStep(double time, bool forward, double& result);
 

@@ -74,6 +74,12 @@ void addIfThere(const PlotElement* style, StyleChain& chain) {
   if (style) chain.push_back(style);
 }
 
+bool isPlacedRelatively(const SceneBase& scene) {
+  const PlotElement* canvas = PlotElement::from(scene.parent());
+  return canvas && canvas->tagName() == Word::Canvas &&
+         propertyValue<Token>(*canvas, Word::Layout) == Word::Relative;
+}
+
 }  // namespace
 
 const PlotElement* SceneBase::styleOfCanvas(Token tag) const {
@@ -81,6 +87,19 @@ const PlotElement* SceneBase::styleOfCanvas(Token tag) const {
 }
 
 std::uint32_t SceneBase::optionBit(Token name) const { return bitIn(options, name); }
+
+// The place of a scene is a size, unless it is told in parts of the canvas.
+void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
+                             const Variant& value) const {
+  if (!isOneOf(property.name(), Word::Bottom, Word::Left) || isPlacedRelatively(*this)) {
+    property.putCmd(writer, value);
+    return;
+  }
+  writer.beginItem();
+  writer.out() << property.name().str() << '=';
+  SizePutCmd::put(writer, value.as<Ubase::DoubleVariant>()->get());
+  writer.endItem();
+}
 
 std::uint32_t Scene2d::allowedOptions() const { return 43; }
 

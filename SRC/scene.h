@@ -21,6 +21,9 @@ class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
  protected:
   SceneBase(const SceneBase& other) : StyleScope(other), SceneStyleGetter(this) {}
 
+  void putAttribute(CmdWriter& writer, const Property& property,
+                    const Variant& value) const override;
+
   /// The child of the canvas with that tag.
   const PlotElement* styleOfCanvas(Token tag) const;
 };
@@ -58,6 +61,9 @@ class Scene2dStyle final : public ElementOf<Scene2dStyle, StyleElement>, public 
   Scene2dStyle(const Scene2dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
 
   const Property* findProperty(Token name) const override;
+
+ protected:
+  Token className() const override { return Word::Scene2d; }
 };
 
 /// What all 3d scenes of a canvas inherit from.
@@ -69,6 +75,9 @@ class Scene3dStyle final : public ElementOf<Scene3dStyle, StyleElement>, public 
   Scene3dStyle(const Scene3dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
 
   const Property* findProperty(Token name) const override;
+
+ protected:
+  Token className() const override { return Word::Scene3d; }
 };
 
 }  // namespace PlotDom

@@ -3,6 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "SRC/value_printers.h"
+#include "base/escape_writers.h"
+
 namespace PlotDom {
 
 namespace {
@@ -36,6 +39,42 @@ bool PCDataElement::isBlank(bool allowWhiteSpace) const {
     if (text && !(allowWhiteSpace && isWhiteSpace(text))) return false;
   }
   return true;
+}
+
+void PCDataElement::putText(std::ostream& out) const {
+  if (isBlank(true)) {
+    out << "NIL";
+    return;
+  }
+  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (const char* text = child->nodeValue()) out << text;
+  }
+}
+
+void PCDataElement::putNamed(CmdWriter& writer, Token name) const {
+  const bool isBracketed = !isBlank(true);
+  writer.beginItem();
+  TokenPutCmd::put(writer, name);
+  writer.out() << (isBracketed ? "=(" : "=");
+  putText(writer.out());
+  if (isBracketed) writer.out() << ')';
+  writer.endItem();
+}
+
+void StringElement::printQuoted(CmdWriter& writer) const {
+  writer.out() << '"';
+  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    Ubase::writeQuotedText(writer.out(), child->nodeValue());
+  }
+  writer.out() << '"';
+}
+
+bool StringElement::beginCommand(CmdWriter& writer) const {
+  writer.beginItem();
+  writer.out() << tagName().str() << '=';
+  printQuoted(writer);
+  writer.endItem();
+  return false;
 }
 
 }  // namespace PlotDom

@@ -21,6 +21,11 @@ class PCDataElement : public PlotElement {
   /// the blank. A child that is no text makes it false.
   bool isBlank(bool allowWhiteSpace) const;
 
+  /// Writes the text as it stands, or "NIL" if it is blank.
+  void putText(std::ostream& out) const;
+  /// Writes the item `name=(text)`, or `name=NIL`.
+  void putNamed(CmdWriter& writer, Token name) const;
+
  protected:
   PCDataElement(const PCDataElement&) = default;
 };
@@ -29,6 +34,10 @@ class PCDataElement : public PlotElement {
 class StringElement : public PCDataElement {
  public:
   using PCDataElement::PCDataElement;
+
+  /// Writes the text in double quotes.
+  void printQuoted(CmdWriter& writer) const;
+  bool beginCommand(CmdWriter& writer) const override;
 
  protected:
   StringElement(const StringElement&) = default;

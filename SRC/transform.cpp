@@ -50,6 +50,16 @@ bool TransformBase::parentPropertyChanged(PlotElement& source, Token key) {
   return changed || &source != this;
 }
 
+bool TransformBase::beginCommand(CmdWriter& writer) const {
+  writer.beginCall();
+  TokenPutCmd::put(writer, type());
+  writer.beginArguments();
+  propertyList().putCmd(writer, *this);
+  return true;
+}
+
+void TransformBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
+
 std::uint32_t Transform2d::allowedOptions() const { return 15; }
 
 bool Transform2d::isContentName(Token child) const {

@@ -20,6 +20,10 @@ class TransformBase
   void collectStyleChain(StyleChain& chain) const override;
   bool parentPropertyChanged(PlotElement& source, Token key) override;
 
+  /// A call with the attributes and the children as its arguments.
+  bool beginCommand(CmdWriter& writer) const override;
+  void endCommand(CmdWriter& writer) const override;
+
   static PropertyListMgr& propertyList();
 
   Stored<Token> type;
