@@ -49,7 +49,7 @@ void parse(PlotDocument& document, const char* data, std::size_t size) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const double time = size > 0 && data[0] % 2 == 0 ? data[0] : nan;
+  const double time = size > 0 && data[0] % 2 == 0 ? data[0] : PlotDom::nan;
   const Ubase::Ref<PlotDocument> document(new PlotDocument);
   document->setErrorReporter(dropMessage);
   std::ostream nowhere(nullptr);
