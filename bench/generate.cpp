@@ -35,7 +35,8 @@ void mesh(int n) {
 void curve(int n) {
   std::puts(
       "<Scene2d>\n<CoordinateSystem2d>\n<ViewingBoxYMin Val=\"-1\"/>\n<ViewingBoxYMax Val=\"1\"/>\n"
-      "<Obj2d Type=\"Function2d\" LineColorType=\"Rainbow\">\n<Img2d>\n<Poly2d>");
+      "<Obj2d Type=\"Function2d\" LinesVisible=\"true\" "
+      "LineColorType=\"Rainbow\">\n<Img2d>\n<Poly2d>");
   for (int i = 0; i < n; ++i) {
     const double x = between(i, n);
     std::printf("<P2>%.8g %.8g</P2>\n", x, height(x, 0.5));

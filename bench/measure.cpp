@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -56,16 +57,32 @@ double median(std::vector<double> values) {
 struct Workload {
   const char* kind;
   int n;
-  double items;  ///< points, cells or objects
+  double items;        ///< points, cells or objects
+  std::size_t points;  ///< the points that are written
 };
 
 constexpr Workload kWorkloads[] = {
-    {"mesh", 2, 4},           {"mesh", 100, 1e4},
-    {"mesh", 200, 4e4},       {"mesh", 1000, 1e6},
-    {"curve", 10'000, 1e4},   {"curve", 1'000'000, 1e6},
-    {"density", 100, 1e4},    {"density", 1000, 1e6},
-    {"objects", 10'000, 1e4}, {"objects", 100'000, 1e5},
+    {"mesh", 2, 4, 4},
+    {"mesh", 100, 1e4, 10'000},
+    {"mesh", 200, 4e4, 40'000},
+    {"mesh", 1000, 1e6, 1'000'000},
+    {"curve", 10'000, 1e4, 10'000},
+    {"curve", 1'000'000, 1e6, 1'000'000},
+    {"density", 100, 1e4, 101 * 101},
+    {"density", 1000, 1e6, 1001 * 1001},
+    {"objects", 10'000, 1e4, 20'000},
+    {"objects", 100'000, 1e5, 200'000},
 };
+
+/// Refuses a result that is not whole: its time would mean nothing.
+void check(const Workload& workload, const fs::path& result) {
+  std::ifstream file(result);
+  std::size_t points = 0;
+  for (std::string line; std::getline(file, line);) points += line.starts_with("<p>");
+  if (points != workload.points) {
+    throw std::runtime_error(std::to_string(points) + " points in the result of " + workload.kind);
+  }
+}
 
 class Measurement {
  public:
@@ -89,6 +106,8 @@ class Measurement {
       program.push_back(cost.milliseconds);
       memory = std::max(memory, cost.megabytes);
     }
+
+    check(workload, result);
 
     const double floorTime = median(floor);
     const double programTime = median(program);
