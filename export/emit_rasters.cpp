@@ -59,7 +59,8 @@ void finishCells(GeometryOutput& out, int alpha) {
   out << "</geometry>\n";
 }
 
-/// A NaN at the start is both bounds; any other NaN is none.
+/// Of at least one value, as a mesh has a cell. A NaN at the start is both bounds; any other NaN is
+/// none.
 struct Bounds {
   double smallest;
   double largest;
