@@ -19,7 +19,8 @@ struct Outcome {
   std::string err;
 };
 
-/// Each test has an empty folder, which is the program's current one.
+/// Each test has an empty folder, which is the program's current one. The program takes text as
+/// UTF-8.
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest();
