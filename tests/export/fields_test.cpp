@@ -28,15 +28,6 @@ Attributes mesh(const std::string& x, const std::string& y, const std::string& z
   return {{Word::XMesh, x}, {Word::YMesh, y}, {Word::ZMesh, z}};
 }
 
-Attributes with(Attributes attributes, const Attributes& more) {
-  attributes.insert(more.begin(), more.end());
-  return attributes;
-}
-
-const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
-                               {Word::LineColor, "#c80000"},
-                               {Word::LineColor2, "#0000c8"}};
-
 bool contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }

@@ -15,20 +15,11 @@ namespace {
 
 // Heights in a viewing box from 0 to 10. Between these two colours they give the colours below.
 const std::string threeHeights = "<P3>0 0 0</P3><P3>1 0 4</P3><P3>0 1 10</P3>";
-const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
-                               {Word::LineColor, "#c80000"},
-                               {Word::LineColor2, "#0000c8"}};
 constexpr char colorsOfThree[] =
     "<colors num=\"3\">\n<c>0 0 200</c>\n<c>80 0 120</c>\n<c>200 0 0</c>\n</colors>\n";
 constexpr char colorOf0To4[] = "<c>40 0 160</c>\n";
 constexpr char colorOf4To10[] = "<c>140 0 60</c>\n";
 constexpr char colorOf10To0[] = "<c>100 0 100</c>\n";
-
-/// `attributes` with `more` beside them.
-Attributes with(Attributes attributes, const Attributes& more) {
-  attributes.insert(more.begin(), more.end());
-  return attributes;
-}
 
 /// So many points on the x axis.
 std::string pointsInARow(int count) {

@@ -18,6 +18,17 @@ namespace PlotDom {
 /// Attributes of an element by name, with the values as they stand in its start tag.
 using Attributes = std::map<Token, std::string>;
 
+/// `attributes` with `more` beside them.
+inline Attributes with(Attributes attributes, const Attributes& more) {
+  attributes.insert(more.begin(), more.end());
+  return attributes;
+}
+
+/// Lines that are coloured by height.
+inline const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
+                                      {Word::LineColor, "#c80000"},
+                                      {Word::LineColor2, "#0000c8"}};
+
 /// A document with one object of one primitive. Its viewing box goes from 0 to 10 on the height
 /// axis.
 struct MinimalDocument {

@@ -3,22 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
 
 #include "base/text_errors.h"
-#include "export/export_error.h"
+#include "in_locale.h"
 #include "property_effect.h"
+#include "written.h"
 
 namespace PlotDom {
 
 namespace {
-
-/// `attributes` with `more` beside them.
-Attributes with(Attributes attributes, const Attributes& more) {
-  attributes.insert(more.begin(), more.end());
-  return attributes;
-}
 
 // Scales x by 2 and moves y by 10.
 const Attributes someTransform{{Word::Row1, "2 0"}, {Word::Shift, "0 10"}};
@@ -156,9 +150,6 @@ std::string outlineOfTriangle() {
 const Attributes filled{{Word::Filled, "true"}};
 const Attributes withLines{{Word::LinesVisible, "true"}};
 const Attributes withPoints{{Word::PointsVisible, "true"}};
-const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
-                               {Word::LineColor, "#c80000"},
-                               {Word::LineColor2, "#0000c8"}};
 
 }  // namespace
 
@@ -650,17 +641,8 @@ TEST(Arc2dTest, RefusesAnglesWithoutEndBeforeAnythingIsWritten) {
     endless->setAttributeFromString(Word::Filled, "true");
     endless->setAttributeFromString(Word::StartAngle, start);
     endless->setAttributeFromString(Word::EndAngle, end);
-    std::ostringstream stream;
-    GeometryOutput out;
-    out.attach(stream);
-    try {
-      emitArc2d(out, *endless);
-      ADD_FAILURE() << "no exception";
-    } catch (const JavaViewExportError& error) {
-      EXPECT_STREQ(error.what(), "angle range too large in Arc2d");
-    }
-    out.flush();
-    EXPECT_EQ(stream.str(), "");
+    EXPECT_EQ(refusal([&](GeometryOutput& out) { emitArc2d(out, *endless); }),
+              "angle range too large in Arc2d");
   };
   expectRefusal("0", "inf");
   expectRefusal("0", "-inf");
@@ -764,18 +746,6 @@ std::string label(const std::string& name, const std::string& position) {
          "</geometry>\n";
 }
 
-/// Sets the locale for a while.
-class InLocale {
- public:
-  explicit InLocale(const char* name) : before_(std::setlocale(LC_CTYPE, nullptr)) {
-    std::setlocale(LC_CTYPE, name);
-  }
-  ~InLocale() { std::setlocale(LC_CTYPE, before_.c_str()); }
-
- private:
-  std::string before_;
-};
-
 }  // namespace
 
 TEST(Text2dTest, IsANamedPointWithoutMaterial) {
@@ -840,14 +810,11 @@ std::string asymptote(double min, double max) {
   element->setAttributeFromString(Word::Position, "3");
   element->setAttributeFromString(Word::VerticalAsymptotesVisible, "true");
   element->setAttributeFromString(Word::VerticalAsymptotesWidth, "0.5");
-  std::ostringstream stream;
-  GeometryOutput out;
-  out.attach(stream);
-  out.valueMin = min;
-  out.valueMax = max;
-  emitVerticalAsymptote(out, *element);
-  out.flush();
-  return stream.str();
+  return written([&](GeometryOutput& out) {
+    out.valueMin = min;
+    out.valueMax = max;
+    emitVerticalAsymptote(out, *element);
+  });
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "export/export_error.h"
 #include "property_effect.h"
+#include "written.h"
 
 namespace PlotDom {
 
@@ -66,17 +66,7 @@ void expectRefusal(const char* xMesh, const char* yMesh, const char* message) {
   const Ubase::Ref<Raster> empty(new Raster(document.get()));
   empty->setAttributeFromString(Word::XMesh, xMesh);
   empty->setAttributeFromString(Word::YMesh, yMesh);
-  std::ostringstream stream;
-  GeometryOutput out;
-  out.attach(stream);
-  try {
-    emit(out, *empty);
-    ADD_FAILURE() << "no exception";
-  } catch (const JavaViewExportError& error) {
-    EXPECT_STREQ(error.what(), message);
-  }
-  out.flush();
-  EXPECT_EQ(stream.str(), "");
+  EXPECT_EQ(refusal([&](GeometryOutput& out) { emit(out, *empty); }), message);
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <sstream>
 
 #include "SRC/plane.h"
 #include "base/text_errors.h"
+#include "in_locale.h"
 #include "property_effect.h"
 
 namespace PlotDom {
@@ -364,12 +364,6 @@ std::string circleFill(const std::string& points) {
 
 const Attributes blueAndRed{{Word::LineColor, "#0000ff"}, {Word::FillColor, "#ff0000"}};
 
-/// `attributes` with `more` in front of them.
-Attributes with(Attributes attributes, const Attributes& more) {
-  attributes.insert(more.begin(), more.end());
-  return attributes;
-}
-
 }  // namespace
 
 TEST(Circle3dTest, WritesLinesBeforeFaces) {
@@ -602,13 +596,6 @@ std::string emitted(std::initializer_list<const char*> texts) {
   return stream.str();
 }
 
-/// Takes text as UTF-8 while it lives.
-class Utf8Locale {
- public:
-  Utf8Locale() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
-  ~Utf8Locale() { std::setlocale(LC_CTYPE, "C"); }
-};
-
 }  // namespace
 
 TEST(Text3dTest, IsAPointWithTheTextAsItsName) {
@@ -622,7 +609,7 @@ TEST(Text3dTest, EscapesItsText) {
 }
 
 TEST(Text3dTest, WritesUtf8) {
-  const Utf8Locale locale;
+  const InLocale utf8("C.UTF-8");
   EXPECT_EQ(convert<Text3d>({at123, "\u00e9\u03c0"}), label("\u00e9\u03c0"));
 }
 
@@ -631,7 +618,7 @@ TEST(Text3dTest, JoinsItsTextNodes) {
 }
 
 TEST(Text3dTest, ThrowsForATextThatIsNotValid) {
-  const Utf8Locale locale;
+  const InLocale utf8("C.UTF-8");
   EXPECT_THROW(emitted({"\xff"}), Ubase::BadUnicodeString);
 }
 

@@ -66,12 +66,6 @@ std::string greyPoints(int count, bool both = false) {
   return content;
 }
 
-/// `attributes` with `more` beside them.
-Attributes with(Attributes attributes, const Attributes& more) {
-  attributes.insert(more.begin(), more.end());
-  return attributes;
-}
-
 /// The part of the text from `begin` on up to the end of `end`.
 std::string part(const std::string& text, const std::string& begin, const std::string& end) {
   const std::size_t from = text.find(begin);

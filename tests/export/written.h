@@ -1,9 +1,12 @@
 // The text that pieces of the toolkit write.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <string>
 
+#include "export/export_error.h"
 #include "export/geometry_output.h"
 
 namespace PlotDom {
@@ -17,6 +20,21 @@ std::string written(Write write) {
   write(out);
   out.flush();
   return stream.str();
+}
+
+/// The message with which `write` refuses to write anything.
+template <class Write>
+std::string refusal(Write write) {
+  std::string message = "no error";
+  EXPECT_EQ(written([&](GeometryOutput& out) {
+              try {
+                write(out);
+              } catch (const JavaViewExportError& error) {
+                message = error.what();
+              }
+            }),
+            "");
+  return message;
 }
 
 }  // namespace PlotDom
