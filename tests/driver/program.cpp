@@ -57,7 +57,6 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
   if (child == 0) {
     if (chdir(folder_.c_str()) != 0) _exit(127);
-    setenv("LC_ALL", "C.UTF-8", 1);  // whoever runs the tests
     redirect(STDERR_FILENO, kCapturedErrors);
     redirect(STDOUT_FILENO, standardOutput);
     execv(VANTRY_PROGRAM, argv.data());

@@ -19,8 +19,7 @@ struct Outcome {
   std::string err;
 };
 
-/// Each test has an empty folder, which is the program's current one. The program takes text as
-/// UTF-8.
+/// Each test has an empty folder, which is the program's current one.
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest();
