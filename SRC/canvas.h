@@ -41,6 +41,11 @@ class Canvas final : public ElementOf<Canvas, StyleScope<LibraryElement>>, priva
   PLOT_GETTER(bool, autoPlay, AutoPlay)
   // clang-format on
 
+  /// Gives a new, empty drawing the look to begin with: sets the attributes of the canvas and
+  /// appends a style for the scenes and coordinate systems of each dimension, for all objects, and
+  /// for some types of objects.
+  void createDefaultStyles();
+
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
                           Arbor::Node* newChildren) const override;
   std::uint32_t optionBit(Token name) const override;
