@@ -4,7 +4,7 @@ namespace PlotDom {
 
 namespace {
 
-struct TypeType : TokenTrait {
+struct TypeType : EnumTrait<> {
   static constexpr std::array allowed{Word::Lines, Word::LineStrip, Word::LineLoop};
 };
 

@@ -1,9 +1,11 @@
 #include "SRC/plot_document.h"
 
+#include <cmath>
 #include <ostream>
 
 #include "SRC/cmd_writer.h"
 #include "SRC/element_factory.h"
+#include "SRC/property_tree.h"
 #include "SRC/style_getter.h"
 #include "dom/tree_walk.h"
 
@@ -14,6 +16,8 @@ PlotElement* PlotDocument::createElement(Token name) { return makeElement(name, 
 PlotElement* PlotDocument::documentElement() const {
   return static_cast<PlotElement*>(Document::documentElement());
 }
+
+const ObjType* PlotDocument::propertyInfo(Token name) const { return findPropertyInfo(name); }
 
 void PlotDocument::printCommands(std::ostream& out, bool replot) const {
   const PlotElement* root = documentElement();
@@ -32,6 +36,24 @@ void PlotDocument::visitElements() {
     PlotElement* element = PlotElement::from(&node);
     return element && element->visit();
   });
+}
+
+void PlotDocument::setCurrentTime(double time) {
+  PlotElement* root = documentElement();
+  if (root) root->setPropertyValue(Word::CurrentTime, Ubase::DoubleVariant(time));
+}
+
+double PlotDocument::currentTime() const {
+  const PlotElement* root = documentElement();
+  if (!root) return nan;
+  const auto time = propertyValue<double>(*root, Word::CurrentTime);
+  return std::isnan(time) ? propertyValue<double>(*root, Word::InitialTime) : time;
+}
+
+double PlotDocument::nextTime(double time, bool forward) const {
+  double result = nan;
+  if (PlotElement* root = documentElement()) root->timeStep(time, forward, result);
+  return result;
 }
 
 void PlotDocument::reportError(const char* format, va_list arguments) const {

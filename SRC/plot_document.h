@@ -8,6 +8,8 @@
 
 namespace PlotDom {
 
+class ObjType;
+
 /// A document whose elements are those of a plot. Its root is a Canvas.
 class PlotDocument : public Arbor::Document {
  public:
@@ -22,12 +24,43 @@ class PlotDocument : public Arbor::Document {
 
   PlotElement* documentElement() const;
 
+  /// The description of the properties of an element class or a type of object, see
+  /// findPropertyInfo(); null for an unknown name.
+  virtual const ObjType* propertyInfo(Token name) const;
+
   /// Writes the drawing as a call of the algebra system's plot command, or of the command that
   /// draws a plot again. Nothing is written for a document without a root.
   virtual void printCommands(std::ostream& out, bool replot) const;
 
   /// Calls visit() of each element, from the root down.
   virtual void visitElements();
+
+  // The selection: what the selected ranges of the document hold.
+
+  /// Makes `node` the selection; null for no selection. Throws DomException WrongDocument for a
+  /// node of another document or without a parent.
+  virtual void select(Arbor::Node* node);
+  /// Selects the first element whose property `id` is this; no id or an empty one ends the
+  /// selection, and so does one that no element has. Tells whether an element was found.
+  virtual bool selectById(const char* id);
+  /// The selected element, or null unless the selection is exactly one child of one parent.
+  virtual PlotElement* selectedElement() const;
+  virtual void clearSelection();
+
+  /// Whether there is a selected element that may go: the canvas may not, and a scene or a
+  /// coordinate system only if its parent has another one of the same name.
+  virtual bool canDeleteSelection() const;
+  /// Takes the selected element out, if it may go. All elements around it that are consistent by an
+  /// attribute of their own no longer are. Both are one group of the undo history.
+  virtual void deleteSelection();
+
+  // The time of an animated drawing. Without a root there is none: NaN.
+
+  virtual void setCurrentTime(double time);
+  /// The time to be shown: the current time of the canvas, or else its initial one.
+  virtual double currentTime() const;
+  /// The next time after (or before) `time` at which something changes; NaN if there is none.
+  virtual double nextTime(double time, bool forward) const;
 
   /// Takes the complaints of the elements from now on; null for none.
   void setErrorReporter(ErrorReporter reporter) { errorReporter_ = reporter; }

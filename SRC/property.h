@@ -92,6 +92,9 @@ class Property {
   /// every one that they do not test for.
   virtual std::span<const Ubase::Token> allowedWords() const = 0;
 
+  /// The word for the kind of field in which a host may edit the property.
+  virtual Ubase::Token editorWord() const = 0;
+
  private:
   Ubase::Token name_;
 };

@@ -67,6 +67,8 @@ class TypedProperty : public Property {
     }
   }
 
+  Ubase::Token editorWord() const final { return Trait::editor; }
+
  protected:
   const Value& defaultValue() const { return defaultValue_; }
 

@@ -4,11 +4,13 @@
 #include "SRC/plot_variants.h"
 #include "SRC/value_parsers.h"
 #include "SRC/value_printers.h"
+#include "base/vocabulary.h"
 
 namespace PlotDom {
 
-/// The five aspects of a type of value. A named type derives from one of the traits below and may
-/// add a rule, as static members that the properties look for:
+/// The five aspects of a type of value. Each type also has a word for the kind of field in which a
+/// host may edit it, `editor`. A named type derives from one of the traits below and may add a
+/// rule, as static members that the properties look for:
 ///   isValid(value)    false refuses a value,
 ///   normalize(value)  changes a value when it is stored,
 ///   allowed           the words of an enumeration, in their order; they are told to a host and
@@ -24,38 +26,58 @@ struct PropertyValueTrait {
 };
 
 struct BoolTrait
-    : PropertyValueTrait<Ubase::BoolVariant, bool, BoolParser, BoolPutXml, BoolPutCmd> {};
+    : PropertyValueTrait<Ubase::BoolVariant, bool, BoolParser, BoolPutXml, BoolPutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::Bool;
+};
 
 struct LongTrait : PropertyValueTrait<Ubase::LongVariant, std::int32_t, LongParser,
-                                      GenericPutXml<std::int32_t>, GenericPutCmd<std::int32_t>> {};
+                                      GenericPutXml<std::int32_t>, GenericPutCmd<std::int32_t>> {
+  static constexpr Ubase::Token editor = Ubase::Word::Int;
+};
 
 struct DoubleTrait : PropertyValueTrait<Ubase::DoubleVariant, double, DoubleParser,
-                                        GenericPutXml<double>, GenericPutCmd<double>> {};
+                                        GenericPutXml<double>, GenericPutCmd<double>> {
+  static constexpr Ubase::Token editor = Ubase::Word::Float;
+};
 
 /// A length in millimetres.
 struct SizeTrait : PropertyValueTrait<Ubase::DoubleVariant, double, DoubleParser,
-                                      GenericPutXml<double>, SizePutCmd> {};
+                                      GenericPutXml<double>, SizePutCmd> {
+};  // its named types tell their editors
 
 struct TokenTrait
     : PropertyValueTrait<Ubase::TokenVariant, Ubase::Token, TokenParser, TokenPutXml, TokenPutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::Token;
 };
 
 /// Bytes that are kept as they came.
 struct Utf8StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::FixedString,
-                                            Utf8StringParser, StringPutXml, StringPutCmd> {};
+                                            Utf8StringParser, StringPutXml, StringPutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::String;
+};
 
 /// Text for people, in the native encoding.
 struct StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::FixedString,
-                                        MStringParser, MStringPutXml, MStringPutCmd> {};
+                                        MStringParser, MStringPutXml, MStringPutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::String;
+};
 
 struct RGBATrait
-    : PropertyValueTrait<RGBAVariant, RGBA, ColorParser, GenericPutXml<RGBA>, RGBAPutCmd> {};
+    : PropertyValueTrait<RGBAVariant, RGBA, ColorParser, GenericPutXml<RGBA>, RGBAPutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::Color;
+};
 
-struct P2Trait : PropertyValueTrait<P2Variant, P2, P2Parser, GenericPutXml<P2>, P2PutCmd> {};
+struct P2Trait : PropertyValueTrait<P2Variant, P2, P2Parser, GenericPutXml<P2>, P2PutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::P2;
+};
 
-struct P3Trait : PropertyValueTrait<P3Variant, P3, P3Parser, GenericPutXml<P3>, P3PutCmd> {};
+struct P3Trait : PropertyValueTrait<P3Variant, P3, P3Parser, GenericPutXml<P3>, P3PutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::P3;
+};
 
 struct FontStyleTrait : PropertyValueTrait<FontStyleVariant, FontStyle, FontStyleParser,
-                                           GenericPutXml<FontStyle>, FontStylePutCmd> {};
+                                           GenericPutXml<FontStyle>, FontStylePutCmd> {
+  static constexpr Ubase::Token editor = Ubase::Word::Font;
+};
 
 }  // namespace PlotDom

@@ -4,7 +4,7 @@ namespace PlotDom {
 
 namespace {
 
-struct TypeType : TokenTrait {
+struct TypeType : EnumTrait<> {
   static constexpr std::array allowed{Word::Triangles, Word::TriangleStrip, Word::TriangleFan,
                                       Word::Quads, Word::QuadStrip};
 };

@@ -1,0 +1,18 @@
+// The description of all properties, for a host that lets users edit them.
+#pragma once
+
+#include "SRC/property_info.h"
+
+namespace PlotDom {
+
+/// The properties of an element class, or of a type of object: the class's own name or the type
+/// under which an object or a transform stands in a drawing. A name that is both stands for the
+/// class. Null for any other name.
+///
+/// The result has a PropCat for each category, which has a PropInfo for each property of the class:
+/// `dom` is its name, `type` the kind of field in which it is edited, `enumWords` the words that it
+/// may take, with a blank between them, and `recalc` tells whether a change makes a new calculation
+/// necessary. The description of all classes is made at the first call. It must not be changed.
+const ObjType* findPropertyInfo(Token name);
+
+}  // namespace PlotDom
