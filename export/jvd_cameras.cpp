@@ -68,7 +68,7 @@ void writeRoll(DisplayOutput& out, const Camera& camera) {
 /// focal point is.
 P3 parallelPosition(const P3& d, double span) {
   const double distance = length(d);
-  return distance >= epsilon ? 1.5 * span * (d / distance) : P3{};
+  return 1.5 * span * (distance >= epsilon ? d / distance : P3{});
 }
 
 void writeView(DisplayOutput& out, const Camera& camera, double span) {

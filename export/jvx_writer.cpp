@@ -2,9 +2,11 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <limits>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "SRC/expr.h"

@@ -206,6 +206,7 @@ void ZrdParserHandler::endElement(std::uint32_t, std::uint32_t elementId) {
       return endP3();
     case WordId::Canvas:
       current_ = nullptr;
+      previous_ = nullptr;
       document_->endBatch();
       return;
     default:
@@ -241,6 +242,7 @@ void ZrdParserHandler::appendText(const char* data, std::size_t length) {
 }
 
 void ZrdParserHandler::parseFailed() {
+  previous_ = nullptr;
   const Ref<Arbor::Node> oldRoot(document_->firstChild());
   if (oldRoot) document_->removeChild(oldRoot.get());
   const Ref<PlotElement> canvas(document_->createElement(Word::Canvas));

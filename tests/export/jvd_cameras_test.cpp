@@ -76,6 +76,13 @@ TEST(JvdCameras, AParallelViewFromNowhereStandsAtTheOrigin) {
             view("0 0 0", "0 0 0", "0"));
 }
 
+TEST(JvdCameras, AParallelViewFromItsFocalPointIsNowhereInABoxWithoutEnd) {
+  // infinity times the zero vector
+  const std::string text =
+      cameras(range('X', "0", "inf") + camera("OrthogonalProjection=\"1\" Position=\"0 0 0\""));
+  EXPECT_NE(text.find("nan "), std::string::npos) << text;
+}
+
 TEST(JvdCameras, AParallelViewNeedsOneKnownSideOnly) {
   EXPECT_EQ(cameras(range('Y', "0", "2") + camera("OrthogonalProjection=\"1\"")),
             view("3 0 0", "0 0 0", "0"));

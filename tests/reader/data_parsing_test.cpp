@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "SRC/field2d.h"
 #include "SRC/mesh3d.h"
 #include "SRC/poly2d.h"
 #include "reading.h"
@@ -141,8 +140,41 @@ TEST(DataParsing, HoldsAListToTheFormOfItsFirstPoint) {
     for (const char* second : forms) {
       Reading reading(mesh(p3(first) + p3(second)));
       EXPECT_EQ(reading.code(), first == second ? 0 : 15) << first << " / " << second;
+      const std::string message = "ZRD error: P3 data corrupted: '" + std::string(second) + "'\n";
+      EXPECT_EQ(reading.complaints(), first == second ? "" : message);
     }
   }
+}
+
+TEST(DataParsing, ReadsTheListsOfAllClassesThatHaveOne) {
+  for (const std::string tag : {"Poly2d", "Field2d", "Pts2d"}) {
+    Reading reading(inPlane("<" + tag + "><P2>1 2</P2></" + tag + ">"));
+    EXPECT_EQ(reading.code(), 0) << tag;
+    EXPECT_NE(reading.xml().find("<P2>1 2</P2></" + tag), std::string::npos) << tag;
+    Reading other(inPlane("<" + tag + "><P3>1 2 3</P3></" + tag + ">"));
+    EXPECT_EQ(other.complaints(), "ZRD error: illegal P3 [parent " + tag + "]\n");
+  }
+  for (const std::string tag : {"Mesh3d", "Poly3d", "Pts3d", "Lines3d", "Field3d", "Surf3d"}) {
+    Reading reading(inSpace("<" + tag + "><P3>1 2 3</P3></" + tag + ">"));
+    EXPECT_EQ(reading.code(), 0) << tag;
+    EXPECT_NE(reading.xml().find("<P3>1 2 3</P3></" + tag), std::string::npos) << tag;
+    Reading other(inSpace("<" + tag + "><P2>1 2</P2></" + tag + ">"));
+    EXPECT_EQ(other.complaints(), "ZRD error: illegal P2 [parent " + tag + "]\n");
+  }
+}
+
+TEST(DataParsing, LeavesTheListOfThePlaneAloneWhenAPointIsRefused) {
+  Reading reading(poly(p2("1 2 #111111") + p2("3 4 #zz")));
+  EXPECT_EQ(reading.code(), 15);
+  EXPECT_EQ(reading.first<Poly2d>().points.size(), 1u);
+  EXPECT_EQ(reading.first<Poly2d>().colors.size(), 1u);
+}
+
+TEST(DataParsing, TakesAColourDirectlyBehindANumberInThePlaneOnly) {
+  EXPECT_EQ(Reading(poly(p2("1 2#ff0000"))).first<Poly2d>().colors.size(), 1u);
+  Reading space(mesh(p3("1 2 3#ff0000")));
+  EXPECT_EQ(space.code(), 0);
+  EXPECT_TRUE(space.first<Mesh3d>().colors.empty());
 }
 
 TEST(DataParsing, LeavesTheListAloneWhenAPointIsRefused) {

@@ -203,6 +203,8 @@ TEST(ZrdParserHandler, LetsANestedCanvasTakeTheRoot) {
   EXPECT_EQ(Reading("<Canvas><Scene2d><Canvas/></Scene2d></Canvas>").code(), 3)
       << "there is no current element at the end tag of the scene";
   EXPECT_EQ(Reading("<Canvas><Canvas/><Scene2d/></Canvas>").code(), 3);
+  EXPECT_EQ(Reading(object("<Title><Canvas/></Title>")).code(), 3);
+  EXPECT_EQ(Reading(object("<Img2d><DensityArray2d><Canvas/></DensityArray2d></Img2d>")).code(), 3);
 }
 
 TEST(ZrdParserHandler, KeepsLeadingBlanksAndDropsTrailingOnes) {
@@ -252,6 +254,32 @@ TEST(ZrdParserHandler, ThrowsTheTreeAwayWhenTheXmlIsBroken) {
   EXPECT_EQ(canvas.length(), 0u);
   EXPECT_EQ(reading.document().length(), 1u);
   EXPECT_FALSE(reading.document().isInBatch());
+}
+
+TEST(ZrdParserHandler, GivesANewCanvasForEachBlockThatFails) {
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  {
+    ZrdParserHandler handler(document.get(), true, nullptr);
+    Xml::Parser parser(&handler, true, nullptr);
+    EXPECT_FALSE(parser.parse("<<", 2, false));
+    const Ubase::Ref<Arbor::Node> first(document->firstChild());
+    EXPECT_FALSE(parser.parse("  ", 2, false));
+    EXPECT_NE(document->firstChild(), first.get());
+    EXPECT_EQ(document->length(), 1u);
+  }
+  document->tearDown();
+}
+
+TEST(ZrdParserHandler, KeepsTheRootThatADocumentHas) {
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const Ubase::Ref<Arbor::Node> root(document->createElement(Word::Canvas));
+  document->appendChild(root.get());
+  {
+    ZrdParserHandler handler(document.get(), true, nullptr);
+    EXPECT_EQ(document->firstChild(), root.get());
+    EXPECT_EQ(document->length(), 1u);
+  }
+  document->tearDown();
 }
 
 TEST(ZrdParserHandler, FailsOnAnEmptyInput) {
