@@ -90,8 +90,10 @@ bool isFull(const Arc2d& arc) { return std::fabs(spanOf(arc) - fullTurn) <= 0x1p
 bool isEndless(const Arc2d& arc) {
   const double start = arc.startAngle();
   const double end = arc.endAngle();
-  const bool isStepLost = start < end && (start + arcStep == start || end + arcStep == end);
-  return std::isinf(spanOf(arc)) || spanOf(arc) / arcStep + 3 > mostArcPoints || isStepLost;
+  const double last = std::nextafter(end, start);  // the largest angle from which a step is made
+  const bool isStepLost = start < end && (start + arcStep == start || last + arcStep == last);
+  const double points = std::trunc(spanOf(arc) / arcStep) + 3;
+  return std::isinf(spanOf(arc)) || points > mostArcPoints || isStepLost;
 }
 
 /// Without the fraction; 0 for a NaN, and no less than 64 bits can hold.

@@ -71,6 +71,7 @@ class PlotTest : public testing::Test {
     complaints_.clear();
     document->setErrorReporter(keepComplaint);
   }
+  ~PlotTest() override { document->tearDown(); }  // ranges may hold the document
 
   /// A new element in no tree.
   Ref<PlotElement> make(Token name, Attributes attributes = {}) {
