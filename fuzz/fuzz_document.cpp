@@ -1,8 +1,9 @@
 // A whole document: it is parsed in blocks, and written in every form that there is. The first byte
-// chooses the time, so that animations are seen as well.
+// chooses the time, so that animations are seen as well, and the command.
 
 #include <algorithm>
 #include <ostream>
+#include <streambuf>
 
 #include "SRC/plot_document.h"
 #include "base/text_errors.h"
@@ -19,6 +20,13 @@ namespace {
 using namespace PlotDom;
 
 int dropMessage(const char*, va_list) { return 0; }
+
+/// Takes everything, so that all of it is formatted, and keeps nothing.
+class Nowhere : public std::streambuf {
+ private:
+  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+  std::streamsize xsputn(const char*, std::streamsize size) override { return size; }
+};
 
 // Runs one step of the use of a document. It may be refused in the ways that are meant for that.
 template <class Step>
@@ -49,14 +57,17 @@ void parse(PlotDocument& document, const char* data, std::size_t size) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const double time = size > 0 && data[0] % 2 == 0 ? data[0] : PlotDom::nan;
+  const std::uint8_t choice = size > 0 ? data[0] : 1;
+  const double time = choice % 2 == 0 ? choice : PlotDom::nan;
   const Ubase::Ref<PlotDocument> document(new PlotDocument);
   document->setErrorReporter(dropMessage);
-  std::ostream nowhere(nullptr);
+  Nowhere buffer;
+  std::ostream nowhere(&buffer);
   const bool isRead = passes([&] { parse(*document, reinterpret_cast<const char*>(data), size); });
   if (isRead) {
     passes([&] { JVXWriter(document.get()).write(nowhere, time); });
     passes([&] { JVDWriter(document.get()).write(nowhere, time); });
+    passes([&] { document->printCommands(nowhere, choice % 3 == 0); });
     passes([&] { document->writeXml(nowhere); });
   }
   document->tearDown();

@@ -8,6 +8,7 @@
 
 #include "SRC/element_factory.h"
 #include "SRC/plot_document.h"
+#include "base/text_errors.h"
 #include "dom/dom_exception.h"
 #include "dom/range.h"
 #include "fuzz_input.h"
@@ -35,6 +36,7 @@ class Playground {
         step();
       } catch (const Arbor::DomException&) {
       } catch (const Arbor::RangeException&) {
+      } catch (const Ubase::BadUnicodeString&) {
       }
     }
     undoAndRedo();
@@ -121,10 +123,11 @@ class Playground {
     try {
       while (document_->canUndo()) document_->undo();
       while (document_->canRedo()) document_->redo();
+      std::ostringstream out;
+      document_->writeXml(out);
     } catch (const Arbor::DomException&) {
+    } catch (const Ubase::BadUnicodeString&) {
     }
-    std::ostringstream out;
-    document_->writeXml(out);
   }
 
   FuzzInput& input_;
