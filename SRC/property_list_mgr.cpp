@@ -27,7 +27,11 @@ void PropertyListMgr::ensureBuilt() {
   if (state_ == State::complete) return;
   state_ = State::inProgress;
   entries_.clear();  // a table that failed half-way is begun anew
+  inherited_.clear();
   fill();
+  for (const auto& [name, property] : entries_) {
+    if (property->isInherited()) inherited_.push_back(property.get());
+  }
   state_.store(State::complete, std::memory_order_release);
 }
 
@@ -53,9 +57,11 @@ void PropertyListMgr::initialise(PlotElement& element) {
 }
 
 void PropertyListMgr::inheritAll(PlotElement& element) {
+  ensureBuilt();
+  if (inherited_.empty()) return;
   StyleChain chain;
   element.collectStyleChain(chain);
-  for (const auto& [name, property] : entries()) property->inheritFrom(element, chain);
+  for (const Property* property : inherited_) property->inheritFrom(element, chain);
 }
 
 void PropertyListMgr::dropAllInherited(PlotElement& element) {

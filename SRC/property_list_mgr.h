@@ -86,6 +86,7 @@ class PropertyListMgr {
 
   std::atomic<State> state_ = State::notBegun;
   std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
+  std::vector<const Property*> inherited_;  // those of the entries that inherit
 };
 
 /// The property of that name in the first of the lists that has it, or null.

@@ -1,6 +1,7 @@
 #include "base/format_number.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 #include <string_view>
@@ -71,23 +72,41 @@ SixDigits roundToSixDigits(std::uint64_t magnitude) {
   return digits < 1'000'000 ? SixDigits{digits, p} : SixDigits{100'000, p + 1};
 }
 
-// The eight decimal digits of a number, one a byte, the first in the lowest byte. All groups of
-// digits are split at once, into fours, pairs and single digits.
-std::uint64_t eightDigits(std::uint32_t number) {
-  const std::uint64_t upper = number / 10'000;
-  const std::uint64_t fours = upper | (number - upper * 10'000) << 32;
-  const std::uint64_t hundreds = (fours * 10'486 >> 20) & 0x0000007F'0000007F;
-  const std::uint64_t pairs = hundreds | (fours - hundreds * 100) << 16;
-  const std::uint64_t tens = (pairs * 103 >> 10) & 0x000F000F'000F000F;
-  return tens | (pairs - tens * 10) << 8;
+// Every group of three decimal digits as text, one a byte, the first in the lowest byte. The
+// highest byte tells how many zeros lead.
+constexpr auto digitGroups = [] {
+  std::array<std::uint32_t, 1000> groups{};
+  for (std::uint32_t n = 0; n < groups.size(); ++n) {
+    const std::uint32_t text = (n / 100) | (n / 10 % 10) << 8 | (n % 10) << 16 | 0x30'3030;
+    groups[n] = text | (n < 10 ? 2u : n < 100 ? 1u : 0u) << 24;
+  }
+  return groups;
+}();
+
+constexpr std::uint32_t textOf(std::uint32_t group) { return digitGroups[group] & 0xFF'FFFF; }
+
+template <class Bytes>
+void store(char* out, Bytes bytes) {
+  if constexpr (std::endian::native == std::endian::big) {
+    const auto mirrored = std::bit_cast<std::array<char, sizeof(bytes)>>(bytes);
+    std::reverse_copy(mirrored.begin(), mirrored.end(), out);
+  } else {
+    std::memcpy(out, &bytes, sizeof(bytes));
+  }
 }
 
-constexpr std::uint64_t asText = 0x30303030'30303030;  // makes digits of numbers, byte by byte
-
-void store(char* out, std::uint64_t bytes) {
-  if constexpr (std::endian::native == std::endian::big) bytes = __builtin_bswap64(bytes);
-  std::memcpy(out, &bytes, sizeof(bytes));
+char* writeGroup(char* out, std::uint32_t group) {
+  store(out, textOf(group));
+  return out + 3;
 }
+
+char* writeGroupWithoutZeros(char* out, std::uint32_t group) {
+  const std::uint32_t leadingZeros = digitGroups[group] >> 24;
+  store(out, textOf(group) >> 8 * leadingZeros);
+  return out + 3 - leadingZeros;
+}
+
+constexpr std::uint64_t onlyDigits = 0x0F0F'0F0F'0F0F'0F0F;  // makes numbers of text, byte by byte
 
 char* writeText(char* out, std::string_view text) {
   return std::copy(text.begin(), text.end(), out);
@@ -121,9 +140,9 @@ char* formatDouble(char* out, double value) {
     return writeText(out, magnitude == 0 ? "0" : magnitude == infinity ? "inf" : "nan");
   }
   const auto [sixDigits, exponent] = roundToSixDigits(magnitude);
-  const std::uint64_t digits = eightDigits(sixDigits * 100);
-  const int count = 8 - std::countl_zero(digits) / 8;  // without the zeros at the end
-  const std::uint64_t text = digits | asText;
+  const std::uint32_t upper = sixDigits / 1000;
+  const std::uint64_t text = textOf(upper) | std::uint64_t{textOf(sixDigits % 1000)} << 24;
+  const int count = 8 - std::countl_zero(text & onlyDigits) / 8;  // without the zeros at the end
   if (exponent >= 0 && exponent < 6) return writeWithPoint(out, text, count, exponent + 1);
   if (exponent < 0 && exponent >= -4) {
     writeText(out, "0.000");
@@ -134,16 +153,8 @@ char* formatDouble(char* out, double value) {
 }
 
 char* formatInteger(char* out, std::uint64_t value) {
-  constexpr std::uint64_t limit = 100'000'000;
-  if (value >= limit) {
-    out = formatInteger(out, value / limit);
-    store(out, eightDigits(static_cast<std::uint32_t>(value % limit)) | asText);
-    return out + 8;
-  }
-  const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(value));
-  const int leadingZeros = value == 0 ? 7 : std::countr_zero(digits) / 8;
-  store(out, (digits | asText) >> (8 * leadingZeros));
-  return out + 8 - leadingZeros;
+  if (value < 1000) return writeGroupWithoutZeros(out, static_cast<std::uint32_t>(value));
+  return writeGroup(formatInteger(out, value / 1000), static_cast<std::uint32_t>(value % 1000));
 }
 
 char* formatInteger(char* out, std::int64_t value) {

@@ -20,8 +20,8 @@ struct Parser::Callbacks {
     guard(parser, [=](Parser& self) { self.startElement(name, namesAndValues); });
   }
 
-  static void XMLCALL end(void* parser, const char* name) {
-    guard(parser, [=](Parser& self) { self.endElement(name); });
+  static void XMLCALL end(void* parser, const char*) {
+    guard(parser, [](Parser& self) { self.endElement(); });
   }
 
   static void XMLCALL characters(void* parser, const char* data, int length) {
@@ -82,7 +82,7 @@ Parser::Name Parser::splitName(const char* name) {
 
 // Elements of one name come in runs, so the last one is kept.
 bool Parser::lookupElement(const char* name, ElementCodes& codes) {
-  if (name != lastElement_) {
+  if (std::strcmp(name, lastElement_.c_str()) != 0) {
     const Name element = splitName(name);
     ElementCodes found;
     if (!handler_->lookupElement(element.namespaceUri, element.localName, found.namespaceId,
@@ -97,10 +97,12 @@ bool Parser::lookupElement(const char* name, ElementCodes& codes) {
 }
 
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
+  open_.emplace_back();
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
   ElementCodes codes;
   if (!lookupElement(name, codes)) return handler_->enterSkipped();
+  open_.back() = codes;
 
   attributes_.clear();
   for (; *namesAndValues; namesAndValues += 2) {
@@ -114,11 +116,12 @@ void Parser::startElement(const char* name, const char* const* namesAndValues) {
   handler_->startElement(codes.namespaceId, codes.elementId, attributes_);
 }
 
-void Parser::endElement(const char* name) {
+void Parser::endElement() {
+  const std::optional<ElementCodes> element = open_.back();
+  open_.pop_back();
   if (handler_->isSkipping()) return handler_->leaveSkipped();
 
-  ElementCodes codes;
-  if (lookupElement(name, codes)) handler_->finishElement(codes.namespaceId, codes.elementId);
+  if (element) handler_->finishElement(element->namespaceId, element->elementId);
 }
 
 void Parser::characters(const char* data, int length) {

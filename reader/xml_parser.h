@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "reader/xml_handler.h"
 
@@ -61,7 +63,7 @@ class Parser {
   Name splitName(const char* name);
   bool lookupElement(const char* name, ElementCodes& codes);
   void startElement(const char* name, const char* const* namesAndValues);
-  void endElement(const char* name);
+  void endElement();
   void characters(const char* data, int length);
 
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
@@ -69,6 +71,7 @@ class Parser {
   std::string nameBuffer_;
   std::string lastElement_;  // the element name that was accepted last, and its codes
   ElementCodes lastCodes_;
+  std::vector<std::optional<ElementCodes>> open_;  // the open elements; those skipped have no codes
   AttributeList attributes_;
   bool namespaces_;
   std::exception_ptr failure_;
