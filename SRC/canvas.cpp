@@ -7,14 +7,14 @@ namespace PlotDom {
 
 namespace {
 
-constexpr OptionBit options[] = {
-    {Word::Header, 1},
-    {Word::Footer, 2},
-    {Word::Scene2dStyle, 4},
-    {Word::Scene3dStyle, 8},
-    {Word::CoordinateSystem2dStyle, 16},
-    {Word::CoordinateSystem3dStyle, 32},
-    {Word::TimeRange, 64},
+constexpr OptionTable options = {
+    {WordId::Header, 1},
+    {WordId::Footer, 2},
+    {WordId::Scene2dStyle, 4},
+    {WordId::Scene3dStyle, 8},
+    {WordId::CoordinateSystem2dStyle, 16},
+    {WordId::CoordinateSystem3dStyle, 32},
+    {WordId::TimeRange, 64},
 };
 
 class CanvasPropertyListMgr final : public PropertyListMgr {
@@ -65,7 +65,7 @@ bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
          !(holds(newChildren, Word::Scene2d) && holds(newChildren, Word::Scene3d));
 }
 
-std::uint32_t Canvas::optionBit(Token name) const { return bitIn(options, name); }
+std::uint32_t Canvas::optionBit(Token name) const { return options.bit(name); }
 
 std::uint32_t Canvas::allowedOptions() const { return 127; }
 

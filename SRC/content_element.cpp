@@ -19,13 +19,6 @@ bool ContentPlotElement::canReplaceChildren(Arbor::Node*, unsigned,
   return true;
 }
 
-std::uint32_t bitIn(std::span<const OptionBit> table, Token name) {
-  for (const OptionBit& option : table) {
-    if (option.name == name) return option.bit;
-  }
-  return 0;
-}
-
 std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigned count) const {
   std::uint32_t mask = optionMask_;
   for (; first && count > 0; first = first->nextSibling(), --count) {

@@ -1,10 +1,12 @@
 // Elements that decide which children may stand below them.
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <span>
+#include <initializer_list>
 
 #include "SRC/plot_element.h"
+#include "base/vocabulary.h"
 
 namespace PlotDom {
 
@@ -27,14 +29,26 @@ class ContentPlotElement : public PlotElement {
   bool refuseContent(const Arbor::Node& child) const;
 };
 
-/// An option child and its bit in the mask of a family of classes.
-struct OptionBit {
-  Token name;
-  std::uint32_t bit;
-};
+/// The option children of a family of classes, each with its bit in the masks.
+class OptionTable {
+ public:
+  struct Option {
+    Ubase::WordId name;
+    std::uint32_t bit;
+  };
 
-/// The bit of `name` in a table of options, 0 for any other name.
-std::uint32_t bitIn(std::span<const OptionBit> table, Token name);
+  constexpr OptionTable(std::initializer_list<Option> options) {
+    for (const Option& option : options) bits_[static_cast<std::size_t>(option.name)] = option.bit;
+  }
+
+  /// The bit of `name`, 0 for any other name.
+  std::uint32_t bit(Token name) const {
+    return bits_[static_cast<std::size_t>(Ubase::wordOf(name))];
+  }
+
+ private:
+  std::array<std::uint32_t, Ubase::wordCount + 1> bits_{};
+};
 
 /// An element with option children, each of which may stand once, beside the plain ones.
 class OptionedPlotElement : public ContentPlotElement {

@@ -8,17 +8,17 @@ namespace PlotDom {
 namespace {
 
 // clang-format off
-constexpr OptionBit options[] = {
-    {Word::ViewingBoxXMin,      1}, {Word::ViewingBoxXMax,       2},
-    {Word::ViewingBoxYMin,      4}, {Word::ViewingBoxYMax,       8},
-    {Word::ViewingBoxZMin,     16}, {Word::ViewingBoxZMax,      32},
-    {Word::AxesOriginX,        64}, {Word::AxesOriginY,        128}, {Word::AxesOriginZ,     256},
-    {Word::XAxisTitle,        512}, {Word::YAxisTitle,        1024}, {Word::ZAxisTitle,     2048},
-    {Word::XTicksAnchor,     4096}, {Word::XTicksDistance,    8192},
-    {Word::YTicksAnchor,    16384}, {Word::YTicksDistance,   32768},
-    {Word::ZTicksAnchor,  0x10000}, {Word::ZTicksDistance, 0x20000},
-    {Word::XTicksAt,      0x40000}, {Word::YTicksAt,       0x80000}, {Word::ZTicksAt,   0x100000},
-    {Word::Hints,        0x200000},
+constexpr OptionTable options = {
+    {WordId::ViewingBoxXMin,      1}, {WordId::ViewingBoxXMax,       2},
+    {WordId::ViewingBoxYMin,      4}, {WordId::ViewingBoxYMax,       8},
+    {WordId::ViewingBoxZMin,     16}, {WordId::ViewingBoxZMax,      32},
+    {WordId::AxesOriginX,        64}, {WordId::AxesOriginY,        128}, {WordId::AxesOriginZ,     256},
+    {WordId::XAxisTitle,        512}, {WordId::YAxisTitle,        1024}, {WordId::ZAxisTitle,     2048},
+    {WordId::XTicksAnchor,     4096}, {WordId::XTicksDistance,    8192},
+    {WordId::YTicksAnchor,    16384}, {WordId::YTicksDistance,   32768},
+    {WordId::ZTicksAnchor,  0x10000}, {WordId::ZTicksDistance, 0x20000},
+    {WordId::XTicksAt,      0x40000}, {WordId::YTicksAt,       0x80000}, {WordId::ZTicksAt,   0x100000},
+    {WordId::Hints,        0x200000},
 };
 // clang-format on
 
@@ -111,7 +111,7 @@ const Arbor::Node* outerContainer(const Arbor::Node& element) {
 
 }  // namespace
 
-std::uint32_t CoordinateSystemBase::optionBit(Token name) const { return bitIn(options, name); }
+std::uint32_t CoordinateSystemBase::optionBit(Token name) const { return options.bit(name); }
 
 const PlotElement* CoordinateSystemBase::styleParent(Token name) const {
   const PlotElement* ofScene = styleIn(parent(), styleTag());

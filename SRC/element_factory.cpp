@@ -1,6 +1,5 @@
 #include "SRC/element_factory.h"
 
-#include <algorithm>
 #include <array>
 
 #include "SRC/arc2d.h"
@@ -172,30 +171,28 @@ constexpr std::array elementClasses = {
     classOf<ZTicksDistance>(),
 };
 
-// The classes in the order of their tokens, to be searched by halving.
-const auto& sortedClasses() {
-  static const auto sorted = [] {
-    auto classes = elementClasses;
-    std::sort(classes.begin(), classes.end(),
-              [](const ElementClass& a, const ElementClass& b) { return a.name < b.name; });
+// The classes by the numbers of their names.
+const auto& classesByWord() {
+  static const auto table = [] {
+    std::array<const ElementClass*, Ubase::wordCount + 1> classes{};
+    for (const ElementClass& elementClass : elementClasses) {
+      classes[static_cast<std::size_t>(Ubase::wordOf(elementClass.name))] = &elementClass;
+    }
     return classes;
   }();
-  return sorted;
+  return table;
 }
 
 }  // namespace
 
 PlotElement* makeElement(Token name, PlotDocument& document) {
-  const auto& classes = sortedClasses();
-  const auto entry = std::lower_bound(
-      classes.begin(), classes.end(), name,
-      [](const ElementClass& candidate, Token key) { return candidate.name < key; });
-  return entry != classes.end() && entry->name == name ? entry->make(document) : nullptr;
+  const ElementClass* found = classesByWord()[static_cast<std::size_t>(Ubase::wordOf(name))];
+  return found ? found->make(document) : nullptr;
 }
 
 std::vector<Token> elementNames() {
   std::vector<Token> names;
-  for (const ElementClass& elementClass : sortedClasses()) names.push_back(elementClass.name);
+  for (const ElementClass& elementClass : elementClasses) names.push_back(elementClass.name);
   return names;
 }
 

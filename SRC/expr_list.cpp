@@ -100,7 +100,7 @@ bool ExprSeq::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildre
 
 namespace {
 
-constexpr OptionBit tickOptions[] = {{Word::VExpr, 1}, {Word::Title, 2}};
+constexpr OptionTable tickOptions = {{WordId::VExpr, 1}, {WordId::Title, 2}};
 
 }  // namespace
 
@@ -108,7 +108,7 @@ TickPos::TickPos(Arbor::Document* document) : ElementOf(document) {
   addChildren(*this, Word::VExpr, 1);
 }
 
-std::uint32_t TickPos::optionBit(Token name) const { return bitIn(tickOptions, name); }
+std::uint32_t TickPos::optionBit(Token name) const { return tickOptions.bit(name); }
 
 std::uint32_t TickPos::allowedOptions() const { return 3; }
 

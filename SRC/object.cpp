@@ -7,11 +7,11 @@ namespace PlotDom {
 
 namespace {
 
-constexpr OptionBit options[] = {
-    {Word::ParameterName, 1},    {Word::ParameterBegin, 2},     {Word::ParameterEnd, 4},
-    {Word::Title, 32},           {Word::TitlePositionX, 64},    {Word::TitlePositionY, 128},
-    {Word::TitlePositionZ, 256}, {Word::LegendText, 512},       {Word::Points2d, 1024},
-    {Word::Points3d, 2048},      {Word::TextOrientation, 4096},
+constexpr OptionTable options = {
+    {WordId::ParameterName, 1},    {WordId::ParameterBegin, 2},     {WordId::ParameterEnd, 4},
+    {WordId::Title, 32},           {WordId::TitlePositionX, 64},    {WordId::TitlePositionY, 128},
+    {WordId::TitlePositionZ, 256}, {WordId::LegendText, 512},       {WordId::Points2d, 1024},
+    {WordId::Points3d, 2048},      {WordId::TextOrientation, 4096},
 };
 
 }  // namespace
@@ -29,7 +29,7 @@ bool ObjectBase::parameterRange(double& begin, double& end) const {
   return PlotDom::parameterRange(*this, begin, end);
 }
 
-std::uint32_t ObjectBase::optionBit(Token name) const { return bitIn(options, name); }
+std::uint32_t ObjectBase::optionBit(Token name) const { return options.bit(name); }
 
 bool ObjectBase::isContentName(Token name) const {
   return isOneOf(name, Word::Expr, Word::ExprSeq, Word::ColorFunc, Word::Prop);

@@ -12,6 +12,7 @@ namespace PlotDom {
 
 namespace Word = Ubase::Word;
 using Ubase::Token;
+using Ubase::WordId;
 using Ubase::Variant;
 
 class PlotDocument;

@@ -13,12 +13,6 @@ std::recursive_mutex& buildingMutex() {
   return mutex;
 }
 
-template <class Entries>
-auto lowerBound(Entries& entries, Ubase::Token name) {
-  return std::lower_bound(entries.begin(), entries.end(), name,
-                          [](const auto& entry, Ubase::Token key) { return entry.first < key; });
-}
-
 }  // namespace
 
 void PropertyListMgr::ensureBuilt() {
@@ -27,6 +21,7 @@ void PropertyListMgr::ensureBuilt() {
   if (state_ == State::complete) return;
   state_ = State::inProgress;
   entries_.clear();  // a table that failed half-way is begun anew
+  byWord_ = {};
   inherited_.clear();
   fill();
   for (const auto& [name, property] : entries_) {
@@ -37,13 +32,15 @@ void PropertyListMgr::ensureBuilt() {
 
 void PropertyListMgr::add(std::unique_ptr<const Property> property) {
   const Ubase::Token name = property->name();
-  entries_.emplace(lowerBound(entries_, name), name, std::move(property));
+  const auto place = std::find_if(entries_.begin(), entries_.end(),
+                                  [name](const auto& entry) { return name < entry.first; });
+  byWord_[static_cast<std::size_t>(Ubase::wordOf(name))] = property.get();
+  entries_.emplace(place, name, std::move(property));
 }
 
 const Property* PropertyListMgr::find(Ubase::Token name) {
   ensureBuilt();
-  const auto entry = lowerBound(entries_, name);
-  return entry != entries_.end() && entry->first == name ? entry->second.get() : nullptr;
+  return byWord_[static_cast<std::size_t>(Ubase::wordOf(name))];
 }
 
 const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>&

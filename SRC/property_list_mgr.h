@@ -1,6 +1,7 @@
 // The table of the properties of an element class.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <iosfwd>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "SRC/property_impl.h"
+#include "base/vocabulary.h"
 
 namespace PlotDom {
 
@@ -40,7 +42,8 @@ class PropertyListMgr {
   virtual void putCmd(CmdWriter& writer, const PlotElement& element);
 
  protected:
-  /// Adds the properties, one line each, with the operations below.
+  /// Adds the properties, one line each, with the operations below. Their names are words of the
+  /// vocabulary.
   virtual void fill() = 0;
 
   void add(std::unique_ptr<const Property> property);
@@ -86,7 +89,8 @@ class PropertyListMgr {
 
   std::atomic<State> state_ = State::notBegun;
   std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
-  std::vector<const Property*> inherited_;  // those of the entries that inherit
+  std::array<const Property*, Ubase::wordCount + 1> byWord_{};  // the entries again
+  std::vector<const Property*> inherited_;                      // those of them that inherit
 };
 
 /// The property of that name in the first of the lists that has it, or null.

@@ -7,14 +7,14 @@ namespace PlotDom {
 
 namespace {
 
-constexpr OptionBit options[] = {
-    {Word::Header, 1},
-    {Word::Footer, 2},
-    {Word::ClippingBox, 4},
-    {Word::View2d, 8},
-    {Word::View3d, 16},
-    {Word::CoordinateSystem2dStyle, 32},
-    {Word::CoordinateSystem3dStyle, 64},
+constexpr OptionTable options = {
+    {WordId::Header, 1},
+    {WordId::Footer, 2},
+    {WordId::ClippingBox, 4},
+    {WordId::View2d, 8},
+    {WordId::View3d, 16},
+    {WordId::CoordinateSystem2dStyle, 32},
+    {WordId::CoordinateSystem3dStyle, 64},
 };
 
 class ScenePropertyListMgr final : public PropertyListMgr {
@@ -86,7 +86,7 @@ const PlotElement* SceneBase::styleOfCanvas(Token tag) const {
   return parent() ? from(parent()->firstChildByName(tag)) : nullptr;
 }
 
-std::uint32_t SceneBase::optionBit(Token name) const { return bitIn(options, name); }
+std::uint32_t SceneBase::optionBit(Token name) const { return options.bit(name); }
 
 // The place of a scene is a size, unless it is told in parts of the canvas.
 void SceneBase::putAttribute(CmdWriter& writer, const Property& property,

@@ -7,9 +7,9 @@ namespace PlotDom {
 
 namespace {
 
-constexpr OptionBit options[] = {
-    {Word::ParameterName, 1}, {Word::ParameterBegin, 2}, {Word::ParameterEnd, 4},
-    {Word::Matrix2d, 8},      {Word::Matrix3d, 16},
+constexpr OptionTable options = {
+    {WordId::ParameterName, 1}, {WordId::ParameterBegin, 2}, {WordId::ParameterEnd, 4},
+    {WordId::Matrix2d, 8},      {WordId::Matrix3d, 16},
 };
 
 class TransformPropertyListMgr final : public PropertyListMgr {
@@ -35,7 +35,7 @@ TransformBase::TransformBase(Arbor::Document* document) : WithMembers(document) 
   propertyList().initialise(*this);
 }
 
-std::uint32_t TransformBase::optionBit(Token child) const { return bitIn(options, child); }
+std::uint32_t TransformBase::optionBit(Token child) const { return options.bit(child); }
 
 const PlotElement* TransformBase::styleParent(Token key) const {
   return findTypedStyle(*this, type(), key);

@@ -29,7 +29,7 @@ class Token {
   constexpr explicit operator bool() const { return str_ != nullptr; }
   friend constexpr bool operator==(Token a, Token b) { return a.str_ == b.str_; }
 
-  /// The order of the addresses: fit for a sorted table, and no order of the texts.
+  /// The order of the addresses: fit for a sorted table, and in general no order of the texts.
   friend bool operator<(Token a, Token b) { return std::less<>()(a.str_, b.str_); }
 
   /// A token of the vocabulary, from the array that is the interned copy of its text. Only

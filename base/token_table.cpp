@@ -1,8 +1,11 @@
 #include "base/token_table.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <new>
+#include <string_view>
 
 #include "base/vocabulary.h"
 
@@ -10,7 +13,7 @@ namespace Ubase {
 
 namespace {
 
-constexpr std::int32_t firstCapacity = 256;
+constexpr std::size_t firstCapacity = 256;
 
 }  // namespace
 
@@ -26,58 +29,42 @@ TokenTable& TokenTable::instance() {
 
 TokenTable::~TokenTable() {
   for (char* text : owned_) std::free(text);
-  std::free(entries_);
 }
 
 const char* TokenTable::intern(const char* text, bool copy) {
   const std::lock_guard lock(mutex_);
-  const Position position = search(text);
-  if (position.found) return entries_[position.index];
-  if (!copy) {
-    insert(position.index, text);
-    return text;
+  if (const char* present = find(text)) return present;
+  reserveOne();
+  if (copy) {
+    owned_.push_back(nullptr);  // first of all, so that the copy has an owner at once
+    text = owned_.back() = strdup(text);
+    if (!text) throw std::bad_alloc();
   }
-  owned_.push_back(nullptr);  // first of all, so that the copy has an owner at once
-  owned_.back() = strdup(text);
-  if (!owned_.back()) throw std::bad_alloc();
-  insert(position.index, owned_.back());
-  return owned_.back();
+  slots_[slotOf(text)] = text;
+  ++count_;
+  return text;
 }
 
 const char* TokenTable::find(const char* text) {
   const std::lock_guard lock(mutex_);
-  const Position position = search(text);
-  return position.found ? entries_[position.index] : nullptr;
+  return slots_.empty() ? nullptr : slots_[slotOf(text)];
 }
 
-TokenTable::Position TokenTable::search(const char* text) const {
-  std::int32_t first = 0;
-  std::int32_t last = count_;
-  while (first < last) {
-    const std::int32_t middle = first + (last - first) / 2;
-    const int order = std::strcmp(entries_[middle], text);
-    if (order == 0) return {middle, true};
-    if (order < 0) {
-      first = middle + 1;
-    } else {
-      last = middle;
-    }
-  }
-  return {first, false};
+// Where the text stands, or the free slot in which it would stand.
+std::size_t TokenTable::slotOf(const char* text) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t slot = std::hash<std::string_view>()(text) & mask;
+  while (slots_[slot] && std::strcmp(slots_[slot], text) != 0) slot = (slot + 1) & mask;
+  return slot;
 }
 
-void TokenTable::insert(std::int32_t index, const char* text) {
-  if (count_ == capacity_) {
-    const std::int32_t wanted = capacity_ ? capacity_ * 2 : firstCapacity;
-    void* grown = std::realloc(entries_, sizeof(const char*) * static_cast<std::size_t>(wanted));
-    if (!grown) throw std::bad_alloc();
-    entries_ = static_cast<const char**>(grown);
-    capacity_ = wanted;
+void TokenTable::reserveOne() {
+  if (count_ < capacity()) return;
+  std::vector<const char*> former(std::max(slots_.size() * 2, firstCapacity * 2));
+  slots_.swap(former);
+  for (const char* text : former) {
+    if (text) slots_[slotOf(text)] = text;
   }
-  const auto moved = static_cast<std::size_t>(count_ - index);
-  std::memmove(entries_ + index + 1, entries_ + index, moved * sizeof(const char*));
-  entries_[index] = text;
-  ++count_;
 }
 
 }  // namespace Ubase

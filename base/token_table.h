@@ -1,14 +1,15 @@
-// The sorted index behind Token.
+// The index behind Token.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <mutex>
 #include <vector>
 
 namespace Ubase {
 
-/// An index of interned texts, sorted by strcmp. The process has one, see instance(); it begins
-/// with the vocabulary. Safe for any number of threads.
+/// An index of interned texts. The process has one, see instance(); it begins with the vocabulary.
+/// Safe for any number of threads.
 class TokenTable {
  public:
   static TokenTable& instance();
@@ -26,22 +27,18 @@ class TokenTable {
   const char* find(const char* text);
 
   std::int32_t count() const { return count_; }
-  std::int32_t capacity() const { return capacity_; }
+  /// The number of texts for which there is room; it doubles when they are more.
+  std::int32_t capacity() const { return static_cast<std::int32_t>(slots_.size() / 2); }
 
   /// Guards the whole table. Recursive, so that an operation may call another.
   std::recursive_mutex& mutex() { return mutex_; }
 
  private:
-  struct Position {
-    std::int32_t index;
-    bool found;
-  };
-  Position search(const char* text) const;
-  void insert(std::int32_t index, const char* text);
+  std::size_t slotOf(const char* text) const;
+  void reserveOne();
 
   std::recursive_mutex mutex_;
-  const char** entries_ = nullptr;
-  std::int32_t capacity_ = 0;
+  std::vector<const char*> slots_;  // hashed, with open addressing; at most half of them are taken
   std::int32_t count_ = 0;
   std::vector<char*> owned_;
 };

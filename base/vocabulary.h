@@ -3,24 +3,12 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "base/token.h"
 
 namespace Ubase {
-
-namespace WordText {
-#define WORD(name, text) inline constexpr char name[] = text;
-#include "base/vocabulary.def"
-}  // namespace WordText
-
-/// The token of each word, under the word itself as its name ("true", "false" and "id" are True,
-/// False and Id). They are constants and can be used from any static initialiser.
-namespace Word {
-#define WORD(name, text) \
-  inline constexpr Ubase::Token name = Ubase::Token::ofVocabulary(WordText::name);
-#include "base/vocabulary.def"
-}  // namespace Word
 
 /// The number of each word, in alphabetical order from 1; 0 stands for no word.
 enum class WordId : int {
@@ -30,6 +18,24 @@ enum class WordId : int {
 };
 
 inline constexpr int wordCount = 528;
+
+/// The texts of all words in rows of one size, by number, with an empty one at 0. A token holds the
+/// address of its text, so its row tells its number, and tokens of words stand in the order of
+/// their texts.
+inline constexpr char wordTexts[wordCount + 1][32] = {
+    "",
+#define WORD(name, text) text,
+#include "base/vocabulary.def"
+};
+
+/// The token of each word, under the word itself as its name ("true", "false" and "id" are True,
+/// False and Id). They are constants and can be used from any static initialiser.
+namespace Word {
+#define WORD(name, text)               \
+  inline constexpr Ubase::Token name = \
+      Ubase::Token::ofVocabulary(wordTexts[static_cast<int>(WordId::name)]);
+#include "base/vocabulary.def"
+}  // namespace Word
 
 /// The tokens of all words by number, with the null token at 0.
 inline constexpr std::array<Token, wordCount + 1> wordTokens = {
@@ -43,6 +49,15 @@ constexpr Token tokenById(int id) {
   return id >= 0 && id <= wordCount ? wordTokens[static_cast<std::size_t>(id)] : Token();
 }
 constexpr Token tokenOf(WordId id) { return tokenById(static_cast<int>(id)); }
+
+/// The number of the word that the token stands for; WordId::none for the null token and for any
+/// other text.
+inline WordId wordOf(Token token) {
+  const auto offset =
+      reinterpret_cast<std::uintptr_t>(token.str()) - reinterpret_cast<std::uintptr_t>(wordTexts);
+  return offset < sizeof wordTexts ? static_cast<WordId>(offset / sizeof wordTexts[0])
+                                   : WordId::none;
+}
 
 /// The number of the word with exactly this text; WordId::none for any other text.
 WordId findWord(std::string_view text);

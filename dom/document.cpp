@@ -141,6 +141,16 @@ void Document::execute(std::unique_ptr<Ubase::Operation> operation) {
   ++executionDepth_;
   operation->execute();
   history_.add(std::move(operation));
+  afterExecution();
+}
+
+void Document::executeUnrecorded(Ubase::Operation& operation) {
+  ++executionDepth_;
+  operation.execute();
+  afterExecution();
+}
+
+void Document::afterExecution() {
   --executionDepth_;
   removeUnreferencedRanges();
   runPending();

@@ -64,6 +64,17 @@ class Document : public InnerNode {
   /// as executing from there on: later deferred operations wait for ever.
   void execute(std::unique_ptr<Ubase::Operation> operation);
 
+  /// Makes an operation and executes it. In a batch, where nothing is recorded, it is not kept.
+  template <class Operation, class... Arguments>
+  void perform(const Arguments&... arguments) {
+    if (isInBatch()) {
+      Operation operation(arguments...);
+      executeUnrecorded(operation);
+    } else {
+      execute(std::make_unique<Operation>(arguments...));
+    }
+  }
+
   /// Runs the operation when the execution under way has ended, at once if there is none, without
   /// recording it.
   virtual void executeDeferred(std::unique_ptr<Ubase::Operation> operation);
@@ -104,6 +115,9 @@ class Document : public InnerNode {
   // How many nodes, made for this document, are alive; the document itself does not count.
   void nodeMade() { ++nodeCount_; }
   void nodeGone();
+
+  void executeUnrecorded(Ubase::Operation& operation);
+  void afterExecution();
 
   /// The first selected and live range from `range` on, or null.
   static Range* selectedFrom(Range* range);

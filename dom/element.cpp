@@ -13,7 +13,7 @@ void Element::setAttribute(Token name, const Variant& value) {
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
   if (!canSetAttribute(name, value)) throw DomException(DomException::HierarchyRequest);
   if (isInDocument()) {
-    ownerDocument()->execute(std::make_unique<SetAttributeOperation>(this, name, value));
+    ownerDocument()->perform<SetAttributeOperation>(this, name, value);
   } else {
     doSetAttribute(name, value);
   }
@@ -24,7 +24,7 @@ void Element::removeAttribute(Token name) {
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
   if (!canRemoveAttribute(name)) throw DomException(DomException::HierarchyRequest);
   if (isInDocument()) {
-    ownerDocument()->execute(std::make_unique<RemoveAttributeOperation>(this, name));
+    ownerDocument()->perform<RemoveAttributeOperation>(this, name);
   } else {
     doRemoveAttribute(name);
   }

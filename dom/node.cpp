@@ -68,8 +68,7 @@ void Node::checkReplaceChildren(Node* first, unsigned count, Node* newChildren) 
 
 void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren) {
   if (isInDocument()) {
-    ownerDocument()->execute(
-        std::make_unique<ReplaceChildrenOperation>(this, first, count, newChildren));
+    ownerDocument()->perform<ReplaceChildrenOperation>(this, first, count, newChildren);
   } else {
     doReplaceChildren(first, count, newChildren);
   }

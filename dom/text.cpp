@@ -42,7 +42,7 @@ void Text::checkReplaceData(unsigned offset, unsigned count, const char* text) c
 void Text::replaceData(unsigned offset, unsigned count, const char* text) {
   checkReplaceData(offset, count, text);
   if (isInDocument()) {
-    ownerDocument()->execute(std::make_unique<ReplaceTextOperation>(this, offset, count, text));
+    ownerDocument()->perform<ReplaceTextOperation>(this, offset, count, text);
   } else {
     doReplaceText(offset, count, text);
   }
