@@ -1,7 +1,7 @@
 # vantry_layer(<folder> [NAME <name>] [LINKS <layer or target>...])
 #
 # Makes the static library vantry_<name> of the sources in <folder> (a layer without sources is its
-# headers), with the alias vantry::<name>.
+# headers), with the alias vantry::<name>, and installs it with its headers as part of the package.
 # Its headers are included as "<folder>/file.h". They are reached through a folder of links that
 # holds this one layer, so that a header of a layer that is not linked cannot be found; an include
 # that climbs out of its folder would get round that and is refused here.
@@ -34,12 +34,18 @@ function(vantry_layer folder)
   endif()
   add_library(vantry::${LAYER_NAME} ALIAS ${target})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${LAYER_NAME})
-  target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${view}>
-                                                $<INSTALL_INTERFACE:include/vantry>)
+  target_compile_features(${target} ${scope} cxx_std_20)
+  target_include_directories(${target} ${scope}
+    $<BUILD_INTERFACE:${view}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vantry>)
   foreach(link IN LISTS LAYER_LINKS)
     if(TARGET vantry_${link})
       set(link vantry_${link})
     endif()
     target_link_libraries(${target} ${scope} ${link})
   endforeach()
+
+  install(TARGETS ${target} EXPORT vantry ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry
+    FILES_MATCHING PATTERN *.h PATTERN *.def)
 endfunction()
