@@ -150,11 +150,10 @@ TEST_F(CommandTest, Styles) {
   EXPECT_EQ(commandOf(*make(Word::CoordinateSystem3dStyle, {{Word::Axes, "Frame"}})),
             "  plot::CoordinateSystem3d::Axes=Frame");
   EXPECT_EQ(commandOf(*make(Word::Scene2dStyle)), "");
-  const std::string two = commandOf(
-      *make(Word::Scene3dStyle, {{Word::Width, "25.4"}, {Word::Lighting, "None"}}), Word::In);
-  EXPECT_TRUE(two == "  plot::Scene3d::Width=1,\n  plot::Scene3d::Lighting=None" ||
-              two == "  plot::Scene3d::Lighting=None,\n  plot::Scene3d::Width=1")
-      << two;
+  EXPECT_EQ(commandOf(*make(Word::Scene3dStyle, {{Word::Width, "25.4"}, {Word::Lighting, "None"}}),
+                      Word::In),
+            "  plot::Scene3d::Lighting=None,\n  plot::Scene3d::Width=1")
+      << "in alphabetical order";
 }
 
 TEST_F(CommandTest, WhatIsNoArgumentOfACommand) {

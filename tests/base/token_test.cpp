@@ -66,6 +66,10 @@ TEST(Token, OfALiteralIsTheLiteralItself) {
   EXPECT_EQ(Token("a text of static lifetime", true).str(), literal);
 }
 
+TEST(Token, OfTheVocabularyIsOrderedByTheText) {
+  for (int id = 2; id <= wordCount; ++id) EXPECT_TRUE(tokenById(id - 1) < tokenById(id)) << id;
+}
+
 TEST(Token, IsFoundOnlyIfItWasInterned) {
   const std::int32_t count = TokenTable::instance().count();
   EXPECT_EQ(Token::find("never interned before"), Token());
