@@ -20,6 +20,7 @@ class AttributeListElement : public OptionedPlotElement {
   void doRemoveAttribute(Token name) override;
   std::ostream& writeAttributes(std::ostream& out) const override;
 
+  const Variant* findAttribute(Token name) const final;
   bool hasProperty(Token name) const override;
   /// Throws 15 also for a mandatory property that has no value.
   Variant getPropertyValue(Token name) const override;
@@ -47,7 +48,6 @@ class AttributeListElement : public OptionedPlotElement {
                             const Variant& value) const;
 
  private:
-  const Variant* findAttribute(Token name) const;
   bool isSameAsInherited(const Attribute& attribute) const;
 
   std::vector<Attribute> attributes_;

@@ -97,6 +97,8 @@ const PlotElement* PlotElement::styleParent(Token) const { return nullptr; }
 
 void PlotElement::collectStyleChain(StyleChain&) const {}
 
+const Variant* PlotElement::findAttribute(Token) const { return nullptr; }
+
 const Property* PlotElement::findProperty(Token) const { return nullptr; }
 
 bool PlotElement::parentPropertyChanged(PlotElement& source, Token name) {

@@ -12,8 +12,8 @@ namespace PlotDom {
 
 namespace Word = Ubase::Word;
 using Ubase::Token;
-using Ubase::WordId;
 using Ubase::Variant;
+using Ubase::WordId;
 
 class PlotDocument;
 class StyleIndex;
@@ -60,6 +60,8 @@ class PlotElement : public Arbor::Element {
   virtual const PlotElement* styleParent(Token name) const;
   /// Adds all elements from which this one inherits, the nearest first.
   virtual void collectStyleChain(StyleChain& chain) const;
+  /// The local value in the attribute list, null if there is none. It lives until the next change.
+  virtual const Variant* findAttribute(Token name) const;
   /// The description of a property of this class, or null.
   virtual const Property* findProperty(Token name) const;
   virtual bool isStyle() const { return false; }

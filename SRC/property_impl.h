@@ -125,14 +125,12 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   bool inheritFrom(PlotElement& element, const StyleChain& chain) const final {
     if (!this->isInherited() || isSet(element)) return false;
-    const PlotElement* source = nullptr;
-    for (const PlotElement* candidate : chain) {
-      if (candidate->hasAttribute(name())) {
-        source = candidate;
-        break;
-      }
+    const Ubase::Variant* inherited = nullptr;
+    for (const PlotElement* style : chain) {
+      inherited = style->findAttribute(name());
+      if (inherited) break;
     }
-    resolve(element, source);
+    resolve(element, inherited);
     notifyPropertyChange(element, name());
     return true;
   }
@@ -182,7 +180,9 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   void clear(PlotElement& element) const final {
     cast(element).setBits &= ~bit_;
-    resolve(element, element.styleParent(name()));
+    const PlotElement* source = element.styleParent(name());
+    const Ubase::Variant inherited = source ? source->getPropertyValue(name()) : Ubase::Variant();
+    resolve(element, &inherited);
   }
 
   bool parentChanged(PlotElement& element, PlotElement& source) const final {
@@ -207,9 +207,8 @@ class PropertyImpl : public TypedProperty<Trait> {
   const Value& value(const PlotElement& element) const { return (cast(element).*member_).value_; }
   Value& value(PlotElement& element) const { return (cast(element).*member_).value_; }
 
-  void resolve(PlotElement& element, const PlotElement* source) const {
-    const Ubase::Variant inherited = source ? source->getPropertyValue(name()) : Ubase::Variant();
-    const VariantKind* typed = inherited.template as<VariantKind>();
+  void resolve(PlotElement& element, const Ubase::Variant* inherited) const {
+    const VariantKind* typed = inherited ? inherited->template as<VariantKind>() : nullptr;
     value(element) = typed ? typed->get() : this->defaultValue();
   }
 

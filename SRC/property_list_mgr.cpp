@@ -57,6 +57,7 @@ void PropertyListMgr::inheritAll(PlotElement& element) {
   ensureBuilt();
   if (inherited_.empty()) return;
   StyleChain chain;
+  chain.reserve(8);  // more than most elements have
   element.collectStyleChain(chain);
   for (const Property* property : inherited_) property->inheritFrom(element, chain);
 }

@@ -166,6 +166,7 @@ class Scanner {
 }  // namespace
 
 int scanDoubles(const char* text, std::span<double> numbers) {
+  if (scanOnlyShortDecimals(text, numbers)) return static_cast<int>(numbers.size());
   return scanPoint(text, numbers, {});
 }
 

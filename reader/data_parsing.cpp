@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <vector>
 
+#include "SRC/mesh3d.h"
 #include "SRC/value_parsers.h"
 #include "base/scan.h"
 #include "reader/zrd_parser_handler.h"
@@ -43,6 +45,16 @@ bool scanPlainPoint(const char* text, P3& point) {
   if (!Ubase::scanOnlyShortDecimals(text, numbers)) return false;
   point = {numbers[0], numbers[1], numbers[2]};
   return true;
+}
+
+// A mesh says how many points it has. Room is made in that direction, but never for more than the
+// points so far vouch for.
+void makeRoom(P3List& list) {
+  std::vector<P3>& points = list.points;
+  if (points.size() < points.capacity() || list.tagName() != Word::Mesh3d) return;
+  const auto& mesh = static_cast<const Mesh3d&>(list);
+  const auto countOf = [](std::int32_t n) { return static_cast<std::size_t>(std::max(n, 0)); };
+  points.reserve(std::min(countOf(mesh.uMesh()) * countOf(mesh.vMesh()), points.size() * 16));
 }
 
 bool isFormOf(const P3List& list, const WordCounts& words) {
@@ -91,6 +103,7 @@ void ZrdParserHandler::parseP2(P2List& list) {
 void ZrdParserHandler::parseP3(P3List& list) {
   P3 point;
   if (hasPlainPoints(list) && scanPlainPoint(text(), point)) {
+    makeRoom(list);
     list.points.push_back(point);
     return;
   }

@@ -73,11 +73,16 @@ std::int32_t Parser::columnNumber() const {
   return parser_ ? static_cast<std::int32_t>(XML_GetCurrentColumnNumber(parser_.get())) : 0;
 }
 
+// Names of one namespace come in runs, so the last one is kept.
 Parser::Name Parser::splitName(const char* name) {
+  const std::size_t size = namespace_.size();
+  if (size > 0 && std::strncmp(name, namespace_.c_str(), size) == 0) {
+    if (name[size] == kNameSeparator) return {namespace_.c_str(), name + size + 1};
+  }
   const char* separator = namespaces_ ? std::strrchr(name, kNameSeparator) : nullptr;
   if (!separator) return {nullptr, name};
-  nameBuffer_.assign(name, separator);
-  return {nameBuffer_.c_str(), separator + 1};
+  namespace_.assign(name, separator);
+  return {namespace_.c_str(), separator + 1};
 }
 
 // Elements of one name come in runs, so the last one is kept.

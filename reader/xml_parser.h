@@ -68,7 +68,7 @@ class Parser {
 
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   Handler* handler_;
-  std::string nameBuffer_;
+  std::string namespace_;    // the one that was met last
   std::string lastElement_;  // the element name that was accepted last, and its codes
   ElementCodes lastCodes_;
   std::vector<std::optional<ElementCodes>> open_;  // the open elements; those skipped have no codes
