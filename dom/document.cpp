@@ -165,16 +165,13 @@ void Document::executeDeferred(std::unique_ptr<Ubase::Operation> operation) {
   }
 }
 
-void Document::undo() {
-  ++executionDepth_;
-  history_.undo();
-  --executionDepth_;
-  runPending();
-}
+void Document::undo() { replay(&OperationHistory::undo); }
 
-void Document::redo() {
+void Document::redo() { replay(&OperationHistory::redo); }
+
+void Document::replay(void (OperationHistory::*direction)()) {
   ++executionDepth_;
-  history_.redo();
+  (history_.*direction)();
   --executionDepth_;
   runPending();
 }

@@ -40,11 +40,15 @@ class Document : public InnerNode {
 
   /// A new element, or null for an unknown name.
   virtual Element* createElement(Token tagName) = 0;
+  /// A new text, with a reference count of 0. A null `text` makes an empty one.
   Text* createTextNode(const char* text);
+  /// A new, empty fragment, with a reference count of 0: it carries nodes that shall go in
+  /// together.
   DocumentFragment* createDocumentFragment();
   /// A range with both points at the start of the document; null after tearDown().
   Ref<Range> createRange(bool selected);
 
+  /// The first child, if that is an element, else null.
   Element* documentElement() const;
 
   /// Subscribes to one type of events, or to all. A null observer is ignored. Observers are told in
@@ -79,6 +83,8 @@ class Document : public InnerNode {
   /// recording it.
   virtual void executeDeferred(std::unique_ptr<Ubase::Operation> operation);
 
+  /// Take back the last group of changes, and do it again; nothing where there is none. Observers
+  /// hear of each change. What an observer changes meanwhile is not recorded.
   void undo();
   void redo();
   bool canUndo() const { return history_.canUndo(); }
@@ -86,7 +92,10 @@ class Document : public InnerNode {
   /// The largest number of groups that can be undone, 100 at first. Empties the history. Within a
   /// batch the number takes effect at its end.
   void setUndoLimit(unsigned limit);
+  /// Forgets all that could be undone or redone. The tree stays as it is.
   void clearUndo() { history_.clear(); }
+  /// Makes the next change begin a group. Without it changes join the group under way, which also
+  /// ends with an undo or redo.
   void startUndoGroup() { history_.startGroup(); }
 
   /// The selected ranges one by one, null at the end. The second throws DomException NotFound for
@@ -123,6 +132,7 @@ class Document : public InnerNode {
   static Range* selectedFrom(Range* range);
 
   void endSubscription(Subscription& subscription);
+  void replay(void (OperationHistory::*direction)());
   void runPending();
   void removeUnreferencedRanges();
 

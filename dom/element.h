@@ -17,16 +17,21 @@ class Element : public InnerNode {
   Element* asElement() override { return this; }
   using Node::asElement;
 
+  /// The name of the element, which is that of its kind: it never changes and is never null.
   virtual Token tagName() const = 0;
 
+  /// The value of an attribute that the element has itself. What comes of one that it does not have
+  /// is left to the derived class, so ask hasAttribute() first.
   virtual Variant getAttribute(Token name) const = 0;
   /// Throws DomException NoModificationAllowed, or HierarchyRequest if canSetAttribute() refuses.
   virtual void setAttribute(Token name, const Variant& value);
   /// Does nothing if there is no such attribute. Throws DomException NoModificationAllowed, or
   /// HierarchyRequest if canRemoveAttribute() refuses.
   virtual void removeAttribute(Token name);
+  /// Whether the element itself has the attribute, whatever it may inherit.
   virtual bool hasAttribute(Token name) const = 0;
 
+  /// Whether the element takes this change. What it refuses ends in HierarchyRequest.
   virtual bool canSetAttribute(Token name, const Variant& value) const;
   virtual bool canRemoveAttribute(Token name) const;
 

@@ -1,5 +1,7 @@
 #include "dom/model_operation.h"
 
+#include <utility>
+
 #include "dom/document.h"
 #include "dom/tree_walk.h"
 
@@ -69,7 +71,7 @@ void ReplaceChildrenOperation::allowForUnrecordedChanges() {
   if (newChildren_ && newChildren_->parent()) {
     newChildren_->parent()->doReplaceChildren(newChildren_.get(), 1, nullptr);
   }
-  if (holds(newChildren_.get(), *node())) newChildren_ = nullptr;
+  if (chainHoldsAncestorOf(newChildren_.get(), *node())) newChildren_ = nullptr;
   if (first_ && first_->parent() != node()) {
     first_ = nullptr;
     count_ = 0;

@@ -54,7 +54,9 @@ class ReplaceTextOperation final : public ModelOperation {
   std::string text_;
 };
 
-/// A change of the attribute `name`.
+/// A change of the attribute `name`, made for an element that has it or does not: that decides what
+/// the undo is. Beside the observers the elements from the changed one down are told, by the hooks
+/// of Element.
 class AttributeOperation : public ModelOperation {
  protected:
   AttributeOperation(Element* node, Token name);
@@ -74,6 +76,8 @@ class AttributeOperation : public ModelOperation {
   bool hadAttribute_;
 };
 
+/// Sets the attribute. Undo gives it the value back that it had before, and removes one that was
+/// not there.
 class SetAttributeOperation final : public AttributeOperation {
  public:
   SetAttributeOperation(Element* node, Token name, const Variant& value);
@@ -84,6 +88,7 @@ class SetAttributeOperation final : public AttributeOperation {
   Variant newValue_;
 };
 
+/// Removes the attribute; nothing happens for an element that does not have it. Undo sets it again.
 class RemoveAttributeOperation final : public AttributeOperation {
  public:
   RemoveAttributeOperation(Element* node, Token name);

@@ -60,7 +60,8 @@ void Node::checkReplaceChildren(Node* first, unsigned count, Node* newChildren) 
     throw DomException(DomException::WrongDocument);
   }
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
-  const bool isMisplaced = newChildren && (newChildren->parent() || holds(newChildren, *this));
+  const bool isMisplaced =
+      newChildren && (newChildren->parent() || chainHoldsAncestorOf(newChildren, *this));
   if (isMisplaced || !canReplaceChildren(first, count, newChildren)) {
     throw DomException(DomException::HierarchyRequest);
   }
@@ -74,35 +75,50 @@ void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren
   }
 }
 
-/// Replaces children by a node that is perhaps in a tree, or by the children of a fragment. Taking
-/// it out there comes first, as the rules for children may depend on it; a refusal undoes that.
 Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
   DocumentFragment* fragment = newChild ? newChild->asDocumentFragment() : nullptr;
-  InnerNode* formerParent = newChild ? newChild->parent() : nullptr;
-  if (!fragment && !formerParent) {
-    replaceChildren(first, count, newChild);
-    return newChild;
-  }
+  if (fragment) return putChildrenIn(first, count, *fragment);
+  if (newChild && newChild->parent()) return moveIn(first, count, newChild);
+  replaceChildren(first, count, newChild);
+  return newChild;
+}
 
-  // Taking the node out may run operations that observers deferred. Nothing here may die of them,
-  // and after a refusal the former place is gone if they say so.
-  Node* formerNext = newChild->nextSibling();
-  const Ref<Node> kept[] = {keep(this), keep(first), keep(formerParent), keep(formerNext)};
-  const Ref<Node> chain = fragment ? fragment->takeChain() : formerParent->removeChild(newChild);
+Node* Node::putChildrenIn(Node* first, unsigned count, DocumentFragment& fragment) {
+  const Ref<Node> chain = fragment.takeChain();
   if (isNothing(first, count, chain.get())) return nullptr;
   try {
     checkReplaceChildren(first, count, chain.get());
   } catch (...) {
-    if (fragment) {
-      fragment->giveBackChain(chain);
-    } else if (!newChild->parent() && !holds(newChild, *formerParent)) {
-      const bool hasNext = formerNext && formerNext->parent() == formerParent;
-      formerParent->performReplaceChildren(hasNext ? formerNext : nullptr, 0, newChild);
-    }
+    fragment.giveBackChain(chain);
     throw;
   }
   performReplaceChildren(first, count, chain.get());
   return chain.get();
+}
+
+/// Taking the node out comes before the checks, as the rules for children may depend on it.
+Node* Node::moveIn(Node* first, unsigned count, Node* newChild) {
+  // Taking it out may run operations that observers deferred. Nothing here may die of them.
+  InnerNode* formerParent = newChild->parent();
+  Node* formerNext = newChild->nextSibling();
+  const Ref<Node> kept[] = {keep(this), keep(first), keep(formerParent), keep(formerNext)};
+  const Ref<Node> moved = formerParent->removeChild(newChild);
+  try {
+    checkReplaceChildren(first, count, newChild);
+  } catch (...) {
+    formerParent->putBack(newChild, formerNext);
+    throw;
+  }
+  performReplaceChildren(first, count, newChild);
+  return newChild;
+}
+
+/// Undoes that `child` was taken out from before `formerNext`, unless deferred operations have
+/// given it another place or put this node below it.
+void Node::putBack(Node* child, Node* formerNext) {
+  if (child->parent() || chainHoldsAncestorOf(child, *this)) return;
+  const bool hasNext = formerNext && formerNext->parent() == this;
+  performReplaceChildren(hasNext ? formerNext : nullptr, 0, child);
 }
 
 Node* Node::appendChild(Node* newChild) { return putIn(nullptr, 0, newChild); }
@@ -202,7 +218,7 @@ unsigned countSiblingsFrom(const Node* node) {
   return count;
 }
 
-bool holds(const Node* chain, const Node& node) {
+bool chainHoldsAncestorOf(const Node* chain, const Node& node) {
   const Node* top = nullptr;
   for (; chain; chain = chain->nextSibling()) {
     const bool isBareLeaf = chain != &node && !chain->firstChild();

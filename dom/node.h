@@ -1,7 +1,6 @@
 // The node: what everything in a document tree has in common.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 
@@ -104,16 +103,17 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   void replaceChildren(Node* first, unsigned count, Node* newChildren);
 
   /// The following put a node in, after taking it out of the place that it had before; a fragment
-  /// stands for its children, and is empty and used up afterwards. They raise what
-  /// replaceChildren() raises, and then leave the node where it was. The first two return the first
-  /// node put in.
+  /// stands for its children, and is empty and used up afterwards. A null `newChild` puts nothing
+  /// in. They raise what replaceChildren() raises, and then the node is where it was: one that had
+  /// a place in the document was taken out and put back, so observers have heard of both and what
+  /// could be redone is lost. The first two return the first node put in.
   Node* appendChild(Node* newChild);
   /// A null `refChild` means append.
   Node* insertBefore(Node* newChild, Node* refChild);
-  /// Returns `oldChild`.
+  /// Returns `oldChild`. A null `oldChild` means append.
   Ref<Node> replaceChild(Node* newChild, Node* oldChild);
 
-  /// Takes `child` out and returns it. Raises what replaceChildren() raises.
+  /// Takes `child` out and returns it; null does nothing. Raises what replaceChildren() raises.
   Ref<Node> removeChild(Node* child);
 
   /// The first child with this node name, or null.
@@ -148,7 +148,13 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
   void checkReplaceChildren(Node* first, unsigned count, Node* newChildren) const;
   void performReplaceChildren(Node* first, unsigned count, Node* newChildren);
+
+  // Put in a node that may be in a tree, one that is, and the children of a fragment. A refusal
+  // leaves each where it was.
   Node* putIn(Node* first, unsigned count, Node* newChild);
+  Node* moveIn(Node* first, unsigned count, Node* newChild);
+  Node* putChildrenIn(Node* first, unsigned count, DocumentFragment& fragment);
+  void putBack(Node* child, Node* formerNext);
 
   // All links between siblings are made and cut, and all parents set, by these three. A slot is the
   // place that owns a chain: the `nextSibling_` of the node before it or its parent's first child.
@@ -176,6 +182,6 @@ unsigned countSiblingsFrom(const Node* node);
 Node* commonAncestor(Node* a, Node* b);
 
 /// Whether a node of `chain`, which is in no tree, is `node` or one of its ancestors.
-bool holds(const Node* chain, const Node& node);
+bool chainHoldsAncestorOf(const Node* chain, const Node& node);
 
 }  // namespace Arbor

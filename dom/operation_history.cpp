@@ -1,5 +1,7 @@
 #include "dom/operation_history.h"
 
+#include <utility>
+
 namespace Arbor {
 
 /// Guards the history while a group runs, and closes the run however it ends.

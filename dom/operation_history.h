@@ -19,6 +19,9 @@ class OperationHistory {
   /// oldest group if there are more than the limit.
   void add(std::unique_ptr<Ubase::Operation> operation);
 
+  /// Undo the last group that is done, its last operation first, and do the first one that is
+  /// undone again. Nothing happens without such a group, nor while one of the two is under way. An
+  /// exception of an operation passes through, and the rest of the group is left as it is.
   void undo();
   void redo();
   bool canUndo() const { return position_ > 0; }
@@ -28,7 +31,9 @@ class OperationHistory {
   void setLimit(unsigned limit);
   unsigned limit() const { return limit_; }
 
+  /// Forgets everything, but not the limit.
   void clear();
+  /// Makes the operation that is added next begin a group.
   void startGroup() { startNewGroup_ = true; }
 
  private:

@@ -45,38 +45,38 @@ Node* Range::commonAncestorContainer() const {
   return commonAncestor(startContainer(), endContainer());
 }
 
-void Range::setStart(Node* node, unsigned offset) {
-  const Point point{node, offset};
+void Range::setStart(Node* node, unsigned offset) { setStart({node, offset}); }
+
+void Range::setEnd(Node* node, unsigned offset) { setEnd({node, offset}); }
+
+void Range::setStartBefore(Node* node) { setStart(pointBefore(node)); }
+
+void Range::setStartAfter(Node* node) { setStart(pointAfter(node)); }
+
+void Range::setEndBefore(Node* node) { setEnd(pointBefore(node)); }
+
+void Range::setEndAfter(Node* node) { setEnd(pointAfter(node)); }
+
+void Range::setStart(const Point& point) {
   checkPoint(point);
   if (comparePoints(point, end()) > 0) throw RangeException(RangeException::BadBoundaryPoints);
   setBounds(point, end());
 }
 
-void Range::setEnd(Node* node, unsigned offset) {
-  const Point point{node, offset};
+void Range::setEnd(const Point& point) {
   checkPoint(point);
   if (comparePoints(point, start()) < 0) throw RangeException(RangeException::BadBoundaryPoints);
   setBounds(start(), point);
 }
 
-void Range::setStartBefore(Node* node) {
+Range::Point Range::pointBefore(Node* node) const {
   checkOwner(node);
-  setStart(node->parent(), node->indexInParent());
+  return {node->parent(), node->indexInParent()};
 }
 
-void Range::setStartAfter(Node* node) {
-  checkOwner(node);
-  setStart(node->parent(), node->indexInParent() + 1);
-}
-
-void Range::setEndBefore(Node* node) {
-  checkOwner(node);
-  setEnd(node->parent(), node->indexInParent());
-}
-
-void Range::setEndAfter(Node* node) {
-  checkOwner(node);
-  setEnd(node->parent(), node->indexInParent() + 1);
+Range::Point Range::pointAfter(Node* node) const {
+  const Point before = pointBefore(node);
+  return {before.container, before.offset + 1};
 }
 
 void Range::selectNode(Node* node) {

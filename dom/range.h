@@ -37,8 +37,11 @@ class Range : public AtomicNode, public IDocObserver {
   bool isSelected() const { return hasFlag(Selected); }
   bool isFrozen() const { return hasFlag(Frozen); }
 
+  /// Whether both points are the same, so that nothing lies between them.
   bool collapsed() const;
+  /// Brings both points to the start, or both to the end.
   void collapse(bool toStart);
+  /// The innermost node that holds both containers; null if they are in separate trees.
   Node* commonAncestorContainer() const;
 
   /// Throw DomException WrongDocument (also for a null node) or IndexSize (the offset is above the
@@ -62,6 +65,7 @@ class Range : public AtomicNode, public IDocObserver {
   /// A new range with the same bounds.
   Ref<Range> cloneRange(bool selected) const;
 
+  /// Ends the range: it is deselected, lets go of its containers and follows nothing any more.
   virtual void detach();
   void observerDetached(Token eventType) override;
   void beforeBatch() override;
@@ -90,6 +94,10 @@ class Range : public AtomicNode, public IDocObserver {
 
   Point start() const { return {startContainer_.get(), startOffset_}; }
   Point end() const { return {endContainer_.get(), endOffset_}; }
+  Point pointBefore(Node* node) const;
+  Point pointAfter(Node* node) const;
+  void setStart(const Point& point);
+  void setEnd(const Point& point);
   void checkLive() const;
   void checkOwner(const Node* node) const;
   void checkPoint(const Point& point) const;

@@ -33,9 +33,13 @@ std::optional<std::string> Text::substringData(unsigned offset, unsigned count) 
   return part;
 }
 
-void Text::checkReplaceData(unsigned offset, unsigned count, const char* text) const {
+void Text::checkChangeAt(unsigned offset) const {
   if (offset > length()) throw DomException(DomException::IndexSize);
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
+}
+
+void Text::checkReplaceData(unsigned offset, unsigned count, const char* text) const {
+  checkChangeAt(offset);
   if (!canReplaceText(offset, count, text)) throw DomException(DomException::HierarchyRequest);
 }
 
@@ -49,8 +53,9 @@ void Text::replaceData(unsigned offset, unsigned count, const char* text) {
 }
 
 Ref<Text> Text::splitText(unsigned offset) {
+  checkChangeAt(offset);
   const unsigned tailLength = length() - offset;
-  checkReplaceData(offset, tailLength, nullptr);
+  if (parent()) checkReplaceData(offset, tailLength, nullptr);  // before the tail is put in
   Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
   if (parent()) {
     parent()->insertBefore(tail.get(), nextSibling());

@@ -39,14 +39,15 @@ class Text : public AtomicNode {
   void deleteData(unsigned offset, unsigned count) { replaceData(offset, count, nullptr); }
 
   /// Moves the text from `offset` on into a new node behind this one, and returns that. Throws
-  /// DomException IndexSize or NoModificationAllowed, and what insertBefore() and replaceData()
-  /// raise.
+  /// DomException IndexSize or NoModificationAllowed; with a parent also what its insertBefore()
+  /// raises, and HierarchyRequest if canReplaceText() refuses to have the text cut.
   Ref<Text> splitText(unsigned offset);
 
   /// Does what replaceData() has checked, without checks, record or events.
   void doReplaceText(unsigned offset, unsigned count, const char* text);
 
  private:
+  void checkChangeAt(unsigned offset) const;
   void checkReplaceData(unsigned offset, unsigned count, const char* text) const;
 
   std::string data_;

@@ -93,7 +93,10 @@ TEST_F(TextTest, AnOffsetPastTheEndIsRefused) {
 }
 
 TEST_F(TextTest, RefusalsHaveAnOrder) {
+  TestElement* root = load("<r></r>");
   const Ref<RefusingText> text = new RefusingText(document.get(), "abc");
+  root->appendChild(text.get());
+  document->clearUndo();
   text->takesText = false;
   EXPECT_DOM_ERROR(3, text->setNodeValue("x"));
   EXPECT_DOM_ERROR(3, text->splitText(1));
@@ -101,7 +104,43 @@ TEST_F(TextTest, RefusalsHaveAnOrder) {
   EXPECT_DOM_ERROR(7, text->setNodeValue("x"));
   EXPECT_DOM_ERROR(7, text->splitText(1));
   EXPECT_DOM_ERROR(1, text->insertData(4, "x"));
+  EXPECT_DOM_ERROR(1, text->splitText(4));
   EXPECT_STREQ(text->nodeValue(), "abc");
+  EXPECT_EQ(root->length(), 1U);
+  EXPECT_FALSE(document->canUndo());
+}
+
+// Without a parent the tail is cut off without asking whether the text takes that.
+TEST_F(TextTest, ATextWithoutAParentRefusesASplitForItsOffsetOrAsReadOnly) {
+  const Ref<RefusingText> text = new RefusingText(document.get(), "abc");
+  text->takesText = false;
+  EXPECT_DOM_ERROR(3, text->setNodeValue("x"));
+  const Ref<Text> tail = text->splitText(1);
+  EXPECT_STREQ(text->nodeValue(), "a");
+  EXPECT_STREQ(tail->nodeValue(), "bc");
+  EXPECT_EQ(text->nextSibling(), tail.get());
+  text->readOnly = true;
+  EXPECT_DOM_ERROR(7, text->splitText(1));
+  EXPECT_DOM_ERROR(1, text->splitText(2));
+  EXPECT_STREQ(text->nodeValue(), "a");
+}
+
+TEST_F(TextTest, TheBareReplacementIsWithoutChecksRecordOrEvents) {
+  TestElement* root = load("<r></r>");
+  const Ref<RefusingText> text = new RefusingText(document.get(), "abc");
+  root->appendChild(text.get());
+  document->clearUndo();
+  Recorder recorder;
+  document->addObserver(&recorder);
+  text->takesText = false;
+  text->readOnly = true;
+  text->doReplaceText(1, 1, "XY");
+  EXPECT_STREQ(text->nodeValue(), "aXYc");
+  text->doReplaceText(3, 7, nullptr);
+  EXPECT_STREQ(text->nodeValue(), "aXY");
+  EXPECT_TRUE(recorder.log.empty());
+  EXPECT_FALSE(document->canUndo());
+  document->removeObserver(&recorder);
 }
 
 TEST_F(TextTest, APartIsCopied) {
