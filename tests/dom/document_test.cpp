@@ -269,6 +269,57 @@ TEST_F(DocumentTest, ABatchKeepsTheUndoLimit) {
   EXPECT_FALSE(document->canUndo());
 }
 
+/// An observer that is told what to do around a batch.
+template <class Before, class After>
+class BatchObserver final : public Recorder {
+ public:
+  BatchObserver(Before before, After after)
+      : before_(std::move(before)), after_(std::move(after)) {}
+  void beforeBatch() override {
+    Recorder::beforeBatch();
+    before_();
+  }
+  void afterBatch() override {
+    Recorder::afterBatch();
+    after_();
+  }
+
+ private:
+  Before before_;
+  After after_;
+};
+
+TEST_F(DocumentTest, AroundABatchObserversAreNotInIt) {
+  TestElement* root = load("<r></r>");
+  document->setUndoLimit(2);
+  root->setAttribute(token("x"), LongVariant(1));
+  BatchObserver observer(
+      [&] {
+        EXPECT_FALSE(document->isInBatch());
+        EXPECT_FALSE(document->canUndo()) << "the history is empty by then";
+        root->setAttribute(token("x"), LongVariant(2));
+        EXPECT_FALSE(document->canUndo()) << "and takes nothing";
+      },
+      [&] {
+        EXPECT_FALSE(document->isInBatch());
+        for (int i = 4; i < 7; ++i) {
+          document->startUndoGroup();
+          root->setAttribute(token("x"), LongVariant(i));
+        }
+      });
+  document->addObserver(&observer);
+  document->beginBatch();
+  root->setAttribute(token("x"), LongVariant(3));
+  document->endBatch();
+  EXPECT_EQ(observer.log,
+            (Log{"beforeBatch", "BeforeSetAttribute r", "AfterSetAttribute r", "afterBatch",
+                 "BeforeSetAttribute r", "AfterSetAttribute r", "BeforeSetAttribute r",
+                 "AfterSetAttribute r", "BeforeSetAttribute r", "AfterSetAttribute r"}));
+  while (document->canUndo()) document->undo();
+  EXPECT_EQ(xml(), "<r x=\"4\"></r>") << "the limit is 2 again";
+  document->removeObserver(&observer);
+}
+
 TEST_F(DocumentTest, AnUndoLimitSetInABatchCountsAfterIt) {
   TestElement* root = load("<r></r>");
   document->beginBatch();

@@ -61,6 +61,17 @@ TEST_F(ModelOperationTest, RemovingTheMiddleIsUndoneInPlace) {
   EXPECT_EQ(xml(), "<r><a></a><b></b><c></c></r>");
 }
 
+TEST_F(ModelOperationTest, RemovingTheLastIsUndoneAtTheEnd) {
+  TestElement* root = load("<r><a></a><b></b><c></c></r>");
+  root->removeChild(node("c"));
+  EXPECT_EQ(xml(), "<r><a></a><b></b></r>");
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a></a><b></b><c></c></r>");
+  EXPECT_EQ(root->lastChild(), node("c"));
+  document->redo();
+  EXPECT_EQ(xml(), "<r><a></a><b></b></r>");
+}
+
 TEST_F(ModelOperationTest, AMoveIsOneGroup) {
   load("<r><a><x></x><y></y></a><b></b></r>");
   document->startUndoGroup();
@@ -263,6 +274,19 @@ TEST_F(ModelOperationTest, HooksComeBeforeTheEvents) {
   EXPECT_EQ(log, (Log{"beforeSet r of r.x=1", "BeforeSetAttribute", "afterSet r of r.x",
                       "AfterSetAttribute", "beforeRemove r of r.x", "BeforeRemoveAttribute",
                       "afterRemove r of r.x", "AfterRemoveAttribute"}));
+  document->removeObserver(&observer);
+}
+
+TEST_F(ModelOperationTest, HooksComeBeforeTheEventsOfAnUndoneRemovalToo) {
+  TestElement* root = load("<r x=\"1\"></r>");
+  root->removeAttribute(x);
+  Log log;
+  root->log = &log;
+  CallObserver observer([&](const DomEvent& event) { log.push_back(event.type.str()); });
+  document->addObserver(&observer);
+  document->undo();
+  EXPECT_EQ(log, (Log{"beforeSet r of r.x=1", "BeforeSetAttribute", "afterSet r of r.x",
+                      "AfterSetAttribute"}));
   document->removeObserver(&observer);
 }
 

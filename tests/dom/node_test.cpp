@@ -236,6 +236,23 @@ TEST_F(NodeTest, ARefusedMoveLeavesTheNodeWhereItWas) {
   checkLinks(*detached);
 }
 
+TEST_F(NodeTest, ARefusedMoveIsTwoChanges) {
+  load("<r><a><x></x><y></y></a><b></b></r>");
+  element("b")->takesChildren = false;
+  element("r")->setAttribute(token("z"), LongVariant(1));
+  document->undo();
+  Recorder recorder;
+  document->addObserver(&recorder);
+  EXPECT_DOM_ERROR(3, node("b")->appendChild(node("x")));
+  EXPECT_EQ(recorder.log, (Log{"BeforeReplaceChildren a", "AfterReplaceChildren a",
+                               "BeforeReplaceChildren a", "AfterReplaceChildren a"}));
+  EXPECT_FALSE(document->canRedo());
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a><x></x><y></y></a><b></b></r>");
+  EXPECT_FALSE(document->canUndo());
+  document->removeObserver(&recorder);
+}
+
 TEST_F(NodeTest, ANodeCannotStandBeforeOrReplaceItself) {
   load("<r><a></a><b></b></r>");
   EXPECT_DOM_ERROR(8, node("r")->insertBefore(node("a"), node("a")));
@@ -585,6 +602,20 @@ TEST_F(NodeTest, CopiesOfChildrenFollowThoseThatAreThere) {
   EXPECT_EQ(toXml(*target), "<t><x></x><a><b></b><c></c></a>t<d></d></t>");
   EXPECT_EQ(toXml(*source), "<s><a><b></b><c></c></a>t<d></d></s>");
   checkLinks(*target);
+}
+
+TEST_F(NodeTest, CopiesOfChildrenComeWithoutChecksRecordOrEvents) {
+  TestElement* target = load("<t></t>");
+  const Ref<TestElement> source = readXml(*document, "<s><a></a>text</s>");
+  target->takesChildren = false;
+  target->readOnly = true;
+  Recorder recorder;
+  document->addObserver(&recorder);
+  source->cloneChildrenInto(*target);
+  EXPECT_EQ(xml(), "<t><a></a>text</t>");
+  EXPECT_TRUE(recorder.log.empty());
+  EXPECT_FALSE(document->canUndo());
+  document->removeObserver(&recorder);
 }
 
 TEST_F(NodeTest, ADocumentIsNotCopied) { EXPECT_DOM_ERROR(9, document->cloneNode(true)); }

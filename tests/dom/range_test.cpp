@@ -315,6 +315,35 @@ TEST_F(RangeTest, ARangeThatNobodyHoldsVanishesAfterTheNextChange) {
   EXPECT_EQ(held->parent()->length(), 1U);
 }
 
+TEST_F(RangeTest, ARangeThatNobodyHoldsSurvivesUndoAndRedo) {
+  const Ref<Range> held = document->createRange(false);
+  node("r")->removeChild(node("c"));
+  document->createRange(false);
+  document->undo();
+  EXPECT_EQ(held->parent()->length(), 2U);
+  document->redo();
+  EXPECT_EQ(held->parent()->length(), 2U);
+  node("r")->removeChild(node("b"));
+  EXPECT_EQ(held->parent()->length(), 1U);
+}
+
+TEST_F(RangeTest, ARangeThatNobodyHoldsIsStillThereBeforeABatch) {
+  struct : Recorder {
+    const Node* list = nullptr;
+    unsigned lengthBefore = 0;
+    void beforeBatch() override { lengthBefore = list->length(); }
+  } observer;
+  const Ref<Range> held = document->createRange(false);
+  observer.list = held->parent();
+  document->addObserver(&observer);
+  document->createRange(false);
+  document->beginBatch();
+  EXPECT_EQ(observer.lengthBefore, 2U);
+  EXPECT_EQ(held->parent()->length(), 1U);
+  document->endBatch();
+  document->removeObserver(&observer);
+}
+
 TEST_F(RangeTest, ASelectedRangeNeedsNobodyUntilItIsDeselected) {
   document->createRange(true)->selectNode(node("c"));
   node("r")->removeChild(node("a"));
@@ -574,18 +603,22 @@ TEST_F(RangeTest, RangesFollowUndoAndRedo) {
   node("r")->removeChild(node("a"));
   EXPECT_EQ(bounds(*range), "r 2, r 2");
   range->selectNode(node("c"));
+  EXPECT_EQ(bounds(*range), "r 1, r 2");
   document->undo();
+  EXPECT_EQ(bounds(*range), "r 3, r 2");  // a comes in before both: the start rises twice
   document->redo();
-  EXPECT_EQ(range->endContainer(), node("r"));
+  EXPECT_EQ(bounds(*range), "r 2, r 1");
 }
 
 TEST_F(RangeTest, AMovingSelectionIsTold) {
   const Ref<Range> selected = this->range(node("r"), 3, node("r"), 3, true);
   Recorder recorder;
   document->addObserver(&recorder, EventType::BeforeSelectionChange);
+  document->addObserver(&recorder, EventType::AfterSelectionChange);
   document->addObserver(&recorder, EventType::AfterReplaceChildren);
   node("r")->removeChild(node("a"));
-  EXPECT_EQ(recorder.log, (Log{"BeforeSelectionChange #range", "AfterReplaceChildren r"}));
+  EXPECT_EQ(recorder.log, (Log{"BeforeSelectionChange #range", "AfterSelectionChange #range",
+                               "AfterReplaceChildren r"}));
   document->removeObserver(&recorder);
 }
 
