@@ -22,6 +22,8 @@ class PlotDocument : public Arbor::Document {
   /// that is none of the 104 element names.
   PlotElement* createElement(Token name) override;
 
+  /// The root element, null without one. All elements of the document must come from
+  /// createElement(), or be copies of such: whoever walks the tree takes them for PlotElement.
   PlotElement* documentElement() const;
 
   /// The description of the properties of an element class or a type of object, see
@@ -43,19 +45,25 @@ class PlotDocument : public Arbor::Document {
   /// Selects the first element whose property `id` is this; no id or an empty one ends the
   /// selection, and so does one that no element has. Tells whether an element was found.
   virtual bool selectById(const char* id);
-  /// The selected element, or null unless the selection is exactly one child of one parent.
+  /// The selected element, or null unless the selection is exactly one child of one parent. Throws
+  /// DomException InvalidState for a range that is detached.
   virtual PlotElement* selectedElement() const;
+  /// Deselects all ranges that are selected now. What an observer selects meanwhile stays.
   virtual void clearSelection();
 
   /// Whether there is a selected element that may go: the canvas may not, and a scene or a
   /// coordinate system only if its parent has another one of the same name.
   virtual bool canDeleteSelection() const;
   /// Takes the selected element out, if it may go. All elements around it that are consistent by an
-  /// attribute of their own no longer are. Both are one group of the undo history.
+  /// attribute of their own no longer are. Both are one group of the undo history. Throws
+  /// DomException HierarchyRequest, with nothing changed, where the parent cannot be without the
+  /// element, as a tick mark without its place.
   virtual void deleteSelection();
 
   // The time of an animated drawing. Without a root there is none: NaN.
 
+  /// Sets the current time of the canvas; NaN lets the initial time count again. This and the next
+  /// throw DomException InvalidAccess if the root is no canvas.
   virtual void setCurrentTime(double time);
   /// The time to be shown: the current time of the canvas, or else its initial one.
   virtual double currentTime() const;

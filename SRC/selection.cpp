@@ -1,5 +1,6 @@
 // The selection of a PlotDocument.
 #include <cstring>
+#include <vector>
 
 #include "SRC/plot_document.h"
 #include "SRC/style_getter.h"
@@ -32,6 +33,13 @@ bool hasSiblingOfSameName(const Arbor::Node& node) {
   return sibling;
 }
 
+/// Deselects the selected ranges from `range` on. What observers select meanwhile stays.
+void deselectFrom(const PlotDocument& document, Range* range) {
+  std::vector<Ref<Range>> selected;
+  for (; range; range = document.nextSelectedRange(range)) selected.push_back(range);
+  for (const Ref<Range>& each : selected) each->deselect();
+}
+
 void makeInconsistent(PlotElement& element) {
   const Variant inconsistent = Ubase::BoolVariant(false);
   if (element.hasAttribute(Word::Consistent) &&
@@ -52,7 +60,7 @@ void PlotDocument::select(Arbor::Node* node) {
   }
   Ref<Range> selection = firstSelectedRange();
   if (selection) {
-    while (const Ref<Range> further = nextSelectedRange(selection.get())) further->deselect();
+    deselectFrom(*this, nextSelectedRange(selection.get()));
   } else {
     selection = createRange(true);
   }
@@ -76,15 +84,14 @@ bool PlotDocument::selectById(const char* id) {
 PlotElement* PlotDocument::selectedElement() const {
   const Range* selection = firstSelectedRange();
   if (!selection || nextSelectedRange(selection)) return nullptr;
-  const bool isOneChild = selection->startContainer() == selection->endContainer() &&
+  const Arbor::Node* parent = selection->commonAncestorContainer();
+  const bool isOneChild = selection->startContainer() == parent &&
+                          selection->endContainer() == parent &&
                           selection->startOffset() + 1 == selection->endOffset();
-  if (!isOneChild) return nullptr;
-  return PlotElement::from(selection->startContainer()->childAt(selection->startOffset()));
+  return isOneChild ? PlotElement::from(parent->childAt(selection->startOffset())) : nullptr;
 }
 
-void PlotDocument::clearSelection() {
-  while (const Ref<Range> range = firstSelectedRange()) range->deselect();
-}
+void PlotDocument::clearSelection() { deselectFrom(*this, firstSelectedRange()); }
 
 bool PlotDocument::canDeleteSelection() const {
   const PlotElement* element = selectedElement();

@@ -25,6 +25,12 @@ class SelectionTest : public PlotTest {
     return count;
   }
 
+  using Offsets = std::pair<unsigned, unsigned>;
+  Offsets selectedOffsets() const {
+    const Range* range = document->firstSelectedRange();
+    return {range->startOffset(), range->endOffset()};
+  }
+
   Canvas* canvas = add<Canvas>(*document);
   Scene2d* scene = add<Scene2d>(*canvas);
   CoordinateSystem2d* system = add<CoordinateSystem2d>(*scene);
@@ -97,10 +103,65 @@ TEST_F(SelectionTest, TheSelectionFollowsTheTree) {
   document->select(object);
   const Ref<PlotElement> before = make(Word::Obj2d);
   group->insertBefore(before.get(), object);
+  EXPECT_EQ(selectedOffsets(), Offsets(1, 1)) << "the start point rises for the end point";
+  EXPECT_EQ(document->selectedElement(), nullptr);
   group->removeChild(before.get());
+  EXPECT_EQ(selectedOffsets(), Offsets(0, 0));
+  EXPECT_EQ(document->selectedElement(), nullptr);
   EXPECT_EQ(selectedRanges(), 1U);
+  document->select(object);
   group->removeChild(object);
   EXPECT_EQ(document->selectedElement(), nullptr);
+}
+
+/// When a range is deselected, makes and selects another one, as often as it may.
+class Reselector : public Arbor::IDocObserver {
+ public:
+  explicit Reselector(PlotDocument& document) : document_(document) {
+    document_.addObserver(this, Arbor::EventType::BeforeDeselect);
+  }
+  virtual ~Reselector() { document_.removeObserver(this); }
+
+  void observerDetached(Token) override {}
+  void beforeBatch() override {}
+  void afterBatch() override {}
+  void handleEvent(const Arbor::DomEvent&) override {
+    if (left_-- > 0) document_.createRange(true);
+  }
+
+ private:
+  PlotDocument& document_;
+  int left_ = 1000;
+};
+
+TEST_F(SelectionTest, WhatIsSelectedWhileTheSelectionIsClearedStays) {
+  document->select(object);
+  const Ref<Range> second = document->createRange(true);
+  Reselector reselector(*document);
+  document->clearSelection();
+  EXPECT_FALSE(second->isSelected());
+  EXPECT_EQ(selectedRanges(), 2U) << "one for each of the two";
+}
+
+TEST_F(SelectionTest, WhatIsSelectedWhileAnotherIsSelectedStays) {
+  document->select(object);
+  const Ref<Range> second = document->createRange(true);
+  Reselector reselector(*document);
+  document->select(group);
+  EXPECT_FALSE(second->isSelected());
+  EXPECT_EQ(selectedRanges(), 2U);
+}
+
+TEST_F(SelectionTest, ByIdentifierOfTheCanvas) {
+  canvas->setAttributeFromString(Word::Id, "canvas");
+  EXPECT_TRUE(document->selectById("canvas"));
+  EXPECT_EQ(document->selectedElement(), canvas);
+}
+
+TEST_F(SelectionTest, ByIdentifierAParentComesBeforeItsChild) {
+  group->setAttributeFromString(Word::Id, "curve");
+  EXPECT_TRUE(document->selectById("curve"));
+  EXPECT_EQ(document->selectedElement(), group);
 }
 
 TEST_F(SelectionTest, ByIdentifier) {
@@ -163,6 +224,32 @@ TEST_F(SelectionTest, TheOnlySceneIsNotDeleted) {
   document->deleteSelection();
   EXPECT_EQ(canvas->firstChild(), second);
   EXPECT_EQ(canvas->length(), 1U);
+}
+
+TEST_F(SelectionTest, ASceneThatIsTheRootMayNotGo) {
+  const Ref<PlotDocument> other = new PlotDocument;
+  const Ref<PlotElement> root(other->createElement(Word::Scene2d));
+  other->appendChild(root.get());
+  other->select(root.get());
+  EXPECT_EQ(other->selectedElement(), root.get());
+  EXPECT_FALSE(other->canDeleteSelection());
+  other->tearDown();
+}
+
+// The rules for children are asked last, and then nothing has changed yet.
+TEST_F(SelectionTest, WhatItsParentCannotDoWithoutIsNotDeleted) {
+  canvas->setAttributeFromString(Word::Consistent, "1");
+  PlotElement* tick = add(*add(*system, Word::XTicksAt), Word::TickPos);
+  document->select(tick->firstChild());
+  ASSERT_EQ(document->selectedElement()->tagName(), Word::VExpr);
+  document->clearUndo();
+  const std::string before = xmlOf(*document);
+  takeComplaints();
+  EXPECT_TRUE(document->canDeleteSelection());
+  EXPECT_EQ(codeOf([&] { document->deleteSelection(); }), 3);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: missing option child [parent 'TickPos']\n");
+  EXPECT_EQ(xmlOf(*document), before);
+  EXPECT_FALSE(document->canUndo());
 }
 
 TEST_F(SelectionTest, ADeletionMakesWhatIsAroundItInconsistent) {
