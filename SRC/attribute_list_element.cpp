@@ -1,6 +1,7 @@
 #include "SRC/attribute_list_element.h"
 
 #include <algorithm>
+#include <functional>
 #include <ostream>
 
 #include "SRC/cmd_writer.h"
@@ -14,8 +15,8 @@ namespace {
 
 template <class Attributes>
 auto positionOf(Attributes& attributes, Token name) {
-  return std::lower_bound(attributes.begin(), attributes.end(), name,
-                          [](const auto& entry, Token key) { return entry.first < key; });
+  return std::ranges::lower_bound(attributes, name, std::less<>(),
+                                  [](const auto& entry) { return entry.first; });
 }
 
 }  // namespace
@@ -67,9 +68,7 @@ void AttributeListElement::putAttribute(CmdWriter& writer, const Property& prope
   property.putCmd(writer, value);
 }
 
-void AttributeListElement::printClassName(CmdWriter& writer) const {
-  if (const Token name = className()) writer.out() << name.str();
-}
+void AttributeListElement::printClassName(CmdWriter& writer) const { writer.putName(className()); }
 
 bool AttributeListElement::hasProperty(Token name) const {
   return hasAttribute(name) || findProperty(name);

@@ -49,7 +49,7 @@ class CanvasPropertyListMgr final : public PropertyListMgr {
   }
 } canvasPropertyList;
 
-bool holds(const Arbor::Node* node, Token name) {
+bool isAnyNamed(const Arbor::Node* node, Token name) {
   for (; node; node = node->nextSibling()) {
     if (node->nodeName() == name) return true;
   }
@@ -62,7 +62,7 @@ bool holds(const Arbor::Node* node, Token name) {
 bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
                                 Arbor::Node* newChildren) const {
   return ElementOf::canReplaceChildren(first, count, newChildren) &&
-         !(holds(newChildren, Word::Scene2d) && holds(newChildren, Word::Scene3d));
+         !(isAnyNamed(newChildren, Word::Scene2d) && isAnyNamed(newChildren, Word::Scene3d));
 }
 
 std::uint32_t Canvas::optionBit(Token name) const { return options.bit(name); }

@@ -24,16 +24,35 @@ void CmdWriter::endItem() {
   indentation_.resize(indentation_.size() - 2);
 }
 
-void CmdWriter::beginCall() {
+void CmdWriter::beginAssignment(Ubase::Token name) {
   beginItem();
-  *out_ << "plot::";
+  putName(name);
+  *out_ << '=';
 }
 
-void CmdWriter::beginArguments() { *out_ << "(\n"; }
+void CmdWriter::beginAssignment(Ubase::Token className, Ubase::Token name) {
+  beginItem();
+  *out_ << "plot::";
+  putName(className);
+  *out_ << "::";
+  putName(name);
+  *out_ << '=';
+}
+
+void CmdWriter::beginCall(Ubase::Token name) {
+  beginItem();
+  *out_ << "plot::";
+  putName(name);
+  *out_ << "(\n";
+}
 
 void CmdWriter::endCall() {
   *out_ << ')';
   endItem();
+}
+
+void CmdWriter::putName(Ubase::Token name) {
+  if (name) *out_ << name.str();
 }
 
 }  // namespace PlotDom

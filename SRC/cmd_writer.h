@@ -24,10 +24,17 @@ class CmdWriter {
   void beginItem();
   void endItem();
 
-  /// An item "plot::NAME(...)": the name is written between the first two.
-  void beginCall();
-  void beginArguments();
+  /// An item "name=value", or "plot::className::name=value" for the default of a class. The value
+  /// is written behind it, and then endItem() follows.
+  void beginAssignment(Ubase::Token name);
+  void beginAssignment(Ubase::Token className, Ubase::Token name);
+
+  /// An item "plot::name(...)": the arguments are written between the two.
+  void beginCall(Ubase::Token name);
   void endCall();
+
+  /// Writes a name; nothing for a null one. All names of the output go through here.
+  void putName(Ubase::Token name);
 
  private:
   std::ostream* out_;

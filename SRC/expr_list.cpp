@@ -46,9 +46,7 @@ void putItems(CmdWriter& writer, const PlotElement& list) {
 }  // namespace
 
 void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple) {
-  writer.beginItem();
-  TokenPutCmd::put(writer, name);
-  writer.out() << '=';
+  writer.beginAssignment(name);
   if (isBlankList(tuple)) {
     writer.out() << "NIL";
   } else {
@@ -69,26 +67,24 @@ void putPoint(CmdWriter& writer, const PlotElement& point) {
 }
 
 bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening) {
-  writer.beginItem();
-  writer.out() << list.tagName().str();
+  writer.beginAssignment(list.tagName());
   if (list.firstChild()) {
     writer.out() << opening;
     return true;
   }
-  writer.out() << "=NIL";
+  writer.out() << "NIL";
   writer.endItem();
   return false;
 }
 
 bool ExprSeq::beginCommand(CmdWriter& writer) const {
-  writer.beginItem();
-  TokenPutCmd::put(writer, option());
+  writer.beginAssignment(option());
   if (firstChild()) {
-    writer.out() << "=[";
+    writer.out() << '[';
     putItems(writer, *this);
     writer.out() << ']';
   } else {
-    writer.out() << "=NIL";
+    writer.out() << "NIL";
   }
   writer.endItem();
   return false;

@@ -32,7 +32,7 @@ void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple);
 /// Writes the item `[a,b,c]`.
 void putPoint(CmdWriter& writer, const PlotElement& point);
 
-/// Writes `name=NIL` for a list without children and gives false; otherwise the name and `opening`.
+/// Writes `name=NIL` for a list without children and gives false; otherwise `name=` and `opening`.
 bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening);
 
 /// What an element writes when it counts as empty.
@@ -88,9 +88,12 @@ class ExprSeq final : public ElementOf<ExprSeq, Expr> {
   bool beginCommand(CmdWriter& writer) const override;
 };
 
+/// Where the first item of a list stands in the command syntax.
+enum class FirstItem { onNewLine, onSameLine };
+
 /// Any number of children with one name.
-template <WordId name, WordId childName>
-class ListOf final : public ElementOf<ListOf<name, childName>, PlotElement> {
+template <WordId name, WordId childName, FirstItem firstItem>
+class ListOf final : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
  public:
   static constexpr Token tag = Ubase::tokenOf(name);
   using ElementOf<ListOf, PlotElement>::ElementOf;
@@ -100,7 +103,7 @@ class ListOf final : public ElementOf<ListOf<name, childName>, PlotElement> {
   }
 
   bool beginCommand(CmdWriter& writer) const override {
-    return beginList(writer, *this, childName == WordId::TickPos ? "=[" : "=[\n");
+    return beginList(writer, *this, firstItem == FirstItem::onNewLine ? "[\n" : "[");
   }
   void endCommand(CmdWriter& writer) const override {
     writer.out() << ']';
@@ -108,13 +111,13 @@ class ListOf final : public ElementOf<ListOf<name, childName>, PlotElement> {
   }
 };
 
-using Points2d = ListOf<WordId::Points2d, WordId::Point2d>;
-using Points3d = ListOf<WordId::Points3d, WordId::Point3d>;
+using Points2d = ListOf<WordId::Points2d, WordId::Point2d, FirstItem::onNewLine>;
+using Points3d = ListOf<WordId::Points3d, WordId::Point3d, FirstItem::onNewLine>;
 
 /// Tick marks at given places.
-using XTicksAt = ListOf<WordId::XTicksAt, WordId::TickPos>;
-using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos>;
-using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos>;
+using XTicksAt = ListOf<WordId::XTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos, FirstItem::onSameLine>;
 
 /// A tick mark: its place and, if it has one, its title.
 class TickPos final : public ElementOf<TickPos, OptionedPlotElement> {

@@ -22,19 +22,12 @@ class GroupPropertyListMgr final : public PropertyListMgr {
 
 PropertyListMgr& GroupBase::propertyList() { return groupPropertyList; }
 
-GroupBase::GroupBase(Arbor::Document* document) : WithMembers(document) {
+GroupBase::GroupBase(Arbor::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
-bool GroupBase::parentPropertyChanged(PlotElement& source, Token key) {
-  const bool changed = WithMembers::parentPropertyChanged(source, key);
-  return changed || &source != this;
-}
-
 bool GroupBase::beginCommand(CmdWriter& writer) const {
-  writer.beginCall();
-  TokenPutCmd::put(writer, tagName());
-  writer.beginArguments();
+  writer.beginCall(tagName());
   propertyList().putCmd(writer, *this);
   return true;
 }
@@ -50,13 +43,14 @@ bool Group3d::isContentName(Token child) const {
 }
 
 bool Group3d::isContentChild(const Arbor::Node& node) const {
-  return node.nodeName() == Word::Obj3d ? isMovableObject3d(node) : isContentName(node.nodeName());
+  return isContentName(node.nodeName()) && isMovable3d(node);
 }
 
-bool isMovableObject3d(const Arbor::Node& object) {
-  const auto& element = static_cast<const Obj3d&>(object);
-  if (!element.hasAttribute(Word::Type)) return false;
-  const Variant type = element.getAttribute(Word::Type);
+bool isMovable3d(const Arbor::Node& node) {
+  if (node.nodeName() != Word::Obj3d) return true;
+  const auto& object = static_cast<const Obj3d&>(node);
+  if (!object.hasAttribute(Word::Type)) return false;
+  const Variant type = object.getAttribute(Word::Type);
   const auto* token = type.as<Ubase::TokenVariant>();
   return token && !isOneOf(token->get(), Word::Camera, Word::AmbientLight, Word::PointLight,
                            Word::DistantLight, Word::SpotLight, Word::ClippingBox);

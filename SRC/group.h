@@ -9,12 +9,10 @@ namespace PlotDom {
 
 /// Objects, groups and transforms that are shown or hidden together; styles in a group are for
 /// what is in it.
-class GroupBase : public WithMembers<GroupBase, StyleScope<ContentPlotElement>>,
+class GroupBase : public ContainerWithMembers<GroupBase, StyleScope<ContentPlotElement>>,
                   public MemberValues {
  public:
   explicit GroupBase(Arbor::Document* document);
-
-  bool parentPropertyChanged(PlotElement& source, Token name) override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;
@@ -46,8 +44,9 @@ class Group3d final : public ElementOf<Group3d, GroupBase> {
   bool isContentChild(const Arbor::Node& node) const override;
 };
 
-/// Whether a node may stand in a 3d group or transform as far as its type goes: cameras, lights and
-/// clipping boxes belong to the whole coordinate system, and so stand directly in it.
-bool isMovableObject3d(const Arbor::Node& object);
+/// Whether a node may stand in a 3d group or transform as far as its type goes. Objects that are
+/// cameras, lights and clipping boxes belong to the whole coordinate system, and so stand directly
+/// in it; an object without a type may be one of them.
+bool isMovable3d(const Arbor::Node& node);
 
 }  // namespace PlotDom

@@ -20,7 +20,7 @@ class ImgPropertyListMgr final : public PropertyListMgr {
 
 PropertyListMgr& ImgBase::propertyList() { return imgPropertyList; }
 
-ImgBase::ImgBase(Arbor::Document* document) : WithMembers(document) {
+ImgBase::ImgBase(Arbor::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
@@ -31,13 +31,12 @@ double ImgBase::frameTime() const {
 
 void ImgBase::attachedToDocument() {
   frameTime_.forget();
-  WithMembers::attachedToDocument();
+  ContainerWithMembers::attachedToDocument();
 }
 
 bool ImgBase::parentPropertyChanged(PlotElement& source, Token name) {
   frameTime_.forget();
-  const bool changed = WithMembers::parentPropertyChanged(source, name);
-  return changed || &source != this;
+  return ContainerWithMembers::parentPropertyChanged(source, name);
 }
 
 bool Img2d::isContentName(Token name) const {

@@ -8,7 +8,7 @@
 namespace PlotDom {
 
 /// The primitives of an object at one value of its animation parameter.
-class ImgBase : public WithMembers<ImgBase, ContentPlotElement>, public MemberValues {
+class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public MemberValues {
  public:
   explicit ImgBase(Arbor::Document* document);
 

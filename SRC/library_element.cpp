@@ -34,9 +34,7 @@ bool LibraryElement::parentPropertyChanged(PlotElement& source, Token name) {
 }
 
 bool LibraryElement::beginCommand(CmdWriter& writer) const {
-  writer.beginCall();
-  printClassName(writer);
-  writer.beginArguments();
+  writer.beginCall(className());
   putAttributes(writer);
   return true;
 }

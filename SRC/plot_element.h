@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "SRC/property.h"
 #include "base/vocabulary.h"

@@ -30,6 +30,9 @@ class Property {
 
   virtual bool isInherited() const = 0;
   virtual bool isMandatory() const = 0;
+  /// Whether the property is an option of a command. The three operations putCmd...() write nothing
+  /// for one that is not.
+  virtual bool isInCommand() const = 0;
   virtual Ubase::Variant defaultVariant() const = 0;
 
   /// Parses `text` and sets the attribute of `element`. A text that does not parse is reported and

@@ -22,6 +22,8 @@ class TypedProperty : public Property {
   TypedProperty(Ubase::Token name, Value defaultValue)
       : Property(name), defaultValue_(std::move(defaultValue)) {}
 
+  bool isInCommand() const final { return hasCommandForm; }
+
   Ubase::Variant defaultVariant() const final { return VariantKind(defaultValue_); }
 
   void setFromString(PlotElement& element, const char* text) const final {
@@ -51,7 +53,10 @@ class TypedProperty : public Property {
   void putCmdQualified(CmdWriter& writer, Ubase::Token className,
                        const Ubase::Variant& value) const final {
     const VariantKind* typed = value.template as<VariantKind>();
-    if (typed) writeCmd(writer, typed->get(), className);
+    if (!hasCommandForm || !typed) return;
+    writer.beginAssignment(className, name());
+    Trait::PutCmd::put(writer, typed->get());
+    writer.endItem();
   }
 
   Ubase::Variant normalized(const Ubase::Variant& value) const final {
@@ -93,17 +98,16 @@ class TypedProperty : public Property {
     }
   }
 
-  void writeCmd(CmdWriter& writer, const Value& value, Ubase::Token className = {}) const {
-    if constexpr (!requires { Trait::hiddenInCommand; }) {
-      writer.beginItem();
-      if (className) writer.out() << "plot::" << className.str() << "::";
-      writer.out() << name().str() << '=';
-      Trait::PutCmd::put(writer, value);
-      writer.endItem();
-    }
+  void writeCmd(CmdWriter& writer, const Value& value) const {
+    if (!hasCommandForm) return;
+    writer.beginAssignment(name());
+    Trait::PutCmd::put(writer, value);
+    writer.endItem();
   }
 
  private:
+  static constexpr bool hasCommandForm = !requires { Trait::hiddenInCommand; };
+
   Value defaultValue_;
 };
 

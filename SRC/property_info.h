@@ -35,9 +35,10 @@ class PropCat final : public ElementOf<PropCat, WithMembers<PropCat, PlotElement
   Stored<Ubase::FixedString> name;
 };
 
-/// One property: `dom` is its name, `opt` the option of the algebra system, `type` the kind of
-/// field with which it is edited, `enumWords` the allowed words, and `recalc` tells whether a
-/// change makes a new calculation necessary.
+/// One property: `dom` is its name, `opt` the option of the algebra system's commands that it is,
+/// `type` the kind of field with which it is edited, `enumWords` the allowed words, and `recalc`
+/// tells whether a change makes a new calculation necessary. `name` and `info` have room for what a
+/// user is told of the property, its name and an explanation.
 class PropInfo final : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> {
  public:
   static constexpr Token tag = Word::PropInfo;

@@ -49,6 +49,9 @@ Ref<T> make(PlotDocument& tree) {
 Ref<PropInfo> describe(const Property& property, Recalculation recalculation, PlotDocument& tree) {
   Ref<PropInfo> info = make<PropInfo>(tree);
   info->setAttribute(Word::Dom, Ubase::TokenVariant(property.name()));
+  if (property.isInCommand()) {
+    info->setAttribute(Word::Opt, Ubase::TokenVariant(property.name()));
+  }
   info->setAttribute(Word::Type, Ubase::TokenVariant(property.editorWord()));
   info->setAttribute(Word::Recalc, Ubase::BoolVariant(recalculation == Recalculation::needed));
 

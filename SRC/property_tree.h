@@ -10,9 +10,12 @@ namespace PlotDom {
 /// class. Null for any other name.
 ///
 /// The result has a PropCat for each category, which has a PropInfo for each property of the class:
-/// `dom` is its name, `type` the kind of field in which it is edited, `enumWords` the words that it
-/// may take, with a blank between them, and `recalc` tells whether a change makes a new calculation
-/// necessary. The description of all classes is made at the first call. It must not be changed.
+/// `dom` is its name, `opt` the option of a command by which the algebra system knows it, which is
+/// the same name, and null where commands leave the property out; `type` is the kind of field in
+/// which it is edited, `enumWords` the words that it may take, with a blank between them, and
+/// `recalc` tells whether a change makes a new calculation necessary. `name` and `info` are not
+/// set: texts for the user are the host's, in the user's language. The description of all classes
+/// is made at the first call. It must not be changed.
 const ObjType* findPropertyInfo(Token name);
 
 }  // namespace PlotDom

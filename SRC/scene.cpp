@@ -66,14 +66,6 @@ class Scene3dStylePropertyListMgr final : public PropertyListMgr {
   }
 } scene3dStylePropertyList;
 
-const PlotElement* ifItHas(const PlotElement* style, Token name) {
-  return style && style->hasAttribute(name) ? style : nullptr;
-}
-
-void addIfThere(const PlotElement* style, StyleChain& chain) {
-  if (style) chain.push_back(style);
-}
-
 bool isPlacedRelatively(const SceneBase& scene) {
   const PlotElement* canvas = PlotElement::from(scene.parent());
   return canvas && canvas->tagName() == Word::Canvas &&
@@ -82,11 +74,20 @@ bool isPlacedRelatively(const SceneBase& scene) {
 
 }  // namespace
 
-const PlotElement* SceneBase::styleOfCanvas(Token tag) const {
-  return parent() ? from(parent()->firstChildByName(tag)) : nullptr;
+std::uint32_t SceneBase::optionBit(Token name) const { return options.bit(name); }
+
+const PlotElement* SceneBase::styleOfCanvas() const {
+  return parent() ? from(parent()->firstChildByName(styleTag())) : nullptr;
 }
 
-std::uint32_t SceneBase::optionBit(Token name) const { return options.bit(name); }
+const PlotElement* SceneBase::styleParent(Token name) const {
+  const PlotElement* style = styleOfCanvas();
+  return style && style->hasAttribute(name) ? style : nullptr;
+}
+
+void SceneBase::collectStyleChain(StyleChain& chain) const {
+  if (const PlotElement* style = styleOfCanvas()) chain.push_back(style);
+}
 
 // The place of a scene is a size, unless it is told in parts of the canvas.
 void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
@@ -95,8 +96,7 @@ void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
     property.putCmd(writer, value);
     return;
   }
-  writer.beginItem();
-  writer.out() << property.name().str() << '=';
+  writer.beginAssignment(property.name());
   SizePutCmd::put(writer, value.as<Ubase::DoubleVariant>()->get());
   writer.endItem();
 }
@@ -107,14 +107,6 @@ bool Scene2d::isContentName(Token name) const {
   return isOneOf(name, Word::CoordinateSystem2d, Word::ObjStyle);
 }
 
-const PlotElement* Scene2d::styleParent(Token name) const {
-  return ifItHas(styleOfCanvas(Word::Scene2dStyle), name);
-}
-
-void Scene2d::collectStyleChain(StyleChain& chain) const {
-  addIfThere(styleOfCanvas(Word::Scene2dStyle), chain);
-}
-
 const Property* Scene2d::findProperty(Token name) const {
   return findIn(name, scenePropertyList, sceneStylePropertyList);
 }
@@ -123,14 +115,6 @@ std::uint32_t Scene3d::allowedOptions() const { return 87; }
 
 bool Scene3d::isContentName(Token name) const {
   return isOneOf(name, Word::CoordinateSystem3d, Word::ObjStyle);
-}
-
-const PlotElement* Scene3d::styleParent(Token name) const {
-  return ifItHas(styleOfCanvas(Word::Scene3dStyle), name);
-}
-
-void Scene3d::collectStyleChain(StyleChain& chain) const {
-  addIfThere(styleOfCanvas(Word::Scene3dStyle), chain);
 }
 
 const Property* Scene3d::findProperty(Token name) const {

@@ -16,7 +16,12 @@ class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
   PLOT_GETTER(double, bottom, Bottom)
   PLOT_GETTER(double, left, Left)
 
+  /// The tag of the style element of the canvas that this class inherits from.
+  virtual Token styleTag() const = 0;
+
   std::uint32_t optionBit(Token name) const override;
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
 
  protected:
   SceneBase(const SceneBase& other) : StyleScope(other), SceneStyleGetter(this) {}
@@ -24,8 +29,8 @@ class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
   void putAttribute(CmdWriter& writer, const Property& property,
                     const Variant& value) const override;
 
-  /// The child of the canvas with that tag.
-  const PlotElement* styleOfCanvas(Token tag) const;
+ private:
+  const PlotElement* styleOfCanvas() const;
 };
 
 class Scene2d final : public ElementOf<Scene2d, SceneBase> {
@@ -33,10 +38,9 @@ class Scene2d final : public ElementOf<Scene2d, SceneBase> {
   static constexpr Token tag = Word::Scene2d;
   using ElementOf::ElementOf;
 
+  Token styleTag() const override { return Word::Scene2dStyle; }
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
   const Property* findProperty(Token name) const override;
 };
 
@@ -45,10 +49,9 @@ class Scene3d final : public ElementOf<Scene3d, SceneBase> {
   static constexpr Token tag = Word::Scene3d;
   using ElementOf::ElementOf;
 
+  Token styleTag() const override { return Word::Scene3dStyle; }
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
   const Property* findProperty(Token name) const override;
 };
 

@@ -53,9 +53,8 @@ void PCDataElement::putText(std::ostream& out) const {
 
 void PCDataElement::putNamed(CmdWriter& writer, Token name) const {
   const bool isBracketed = !isBlank(true);
-  writer.beginItem();
-  TokenPutCmd::put(writer, name);
-  writer.out() << (isBracketed ? "=(" : "=");
+  writer.beginAssignment(name);
+  if (isBracketed) writer.out() << '(';
   putText(writer.out());
   if (isBracketed) writer.out() << ')';
   writer.endItem();
@@ -70,8 +69,7 @@ void StringElement::printQuoted(CmdWriter& writer) const {
 }
 
 bool StringElement::beginCommand(CmdWriter& writer) const {
-  writer.beginItem();
-  writer.out() << tagName().str() << '=';
+  writer.beginAssignment(tagName());
   printQuoted(writer);
   writer.endItem();
   return false;

@@ -1,7 +1,6 @@
 #include "SRC/transform.h"
 
 #include "SRC/group.h"
-#include "SRC/style_search.h"
 
 namespace PlotDom {
 
@@ -31,7 +30,7 @@ class TransformPropertyListMgr final : public PropertyListMgr {
 
 PropertyListMgr& TransformBase::propertyList() { return transformPropertyList; }
 
-TransformBase::TransformBase(Arbor::Document* document) : WithMembers(document) {
+TransformBase::TransformBase(Arbor::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
@@ -45,15 +44,8 @@ void TransformBase::collectStyleChain(StyleChain& chain) const {
   collectTypedStyles(*this, type(), chain);
 }
 
-bool TransformBase::parentPropertyChanged(PlotElement& source, Token key) {
-  const bool changed = WithMembers::parentPropertyChanged(source, key);
-  return changed || &source != this;
-}
-
 bool TransformBase::beginCommand(CmdWriter& writer) const {
-  writer.beginCall();
-  TokenPutCmd::put(writer, type());
-  writer.beginArguments();
+  writer.beginCall(type());
   propertyList().putCmd(writer, *this);
   return true;
 }
@@ -73,7 +65,7 @@ bool Transform3d::isContentName(Token child) const {
 }
 
 bool Transform3d::isContentChild(const Arbor::Node& node) const {
-  return node.nodeName() == Word::Obj3d ? isMovableObject3d(node) : isContentName(node.nodeName());
+  return isContentName(node.nodeName()) && isMovable3d(node);
 }
 
 }  // namespace PlotDom

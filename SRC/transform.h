@@ -10,7 +10,8 @@ namespace PlotDom {
 /// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
 /// its times from the object styles around it, by its type.
 class TransformBase
-    : public WithMembers<TransformBase, StyleScope<OptionedPlotElement, /*hasStyles=*/false>>,
+    : public ContainerWithMembers<TransformBase,
+                                  StyleScope<OptionedPlotElement, /*hasStyles=*/false>>,
       public MemberValues {
  public:
   explicit TransformBase(Arbor::Document* document);
@@ -18,7 +19,6 @@ class TransformBase
   std::uint32_t optionBit(Token child) const override;
   const PlotElement* styleParent(Token key) const override;
   void collectStyleChain(StyleChain& chain) const override;
-  bool parentPropertyChanged(PlotElement& source, Token key) override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;

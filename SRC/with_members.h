@@ -35,6 +35,19 @@ class WithMembers : public Base {
   }
 };
 
+/// The same for an element with children: what changes further up concerns them, even where it does
+/// not concern the element itself.
+template <class Self, class Base>
+class ContainerWithMembers : public WithMembers<Self, Base> {
+ public:
+  using WithMembers<Self, Base>::WithMembers;
+
+  bool parentPropertyChanged(PlotElement& source, Token name) override {
+    const bool changed = WithMembers<Self, Base>::parentPropertyChanged(source, name);
+    return changed || &source != this;
+  }
+};
+
 /// An element without children.
 class LeafElement : public PlotElement, public MemberValues {
  public:

@@ -136,6 +136,7 @@ TEST_F(CommandTest, ClassNames) {
   EXPECT_EQ(nameOf(*make(Word::Obj3d, {{Word::Type, "Surface"}})), "Surface");
   EXPECT_EQ(nameOf(*make(Word::Obj3d)), "");
   EXPECT_EQ(nameOf(*make(Word::ObjStyle, {{Word::Type, "Curve2d"}})), "Curve2d");
+  EXPECT_EQ(nameOf(*make(Word::ObjStyle)), "");
   EXPECT_EQ(nameOf(*make(Word::Scene2dStyle)), "Scene2d");
   EXPECT_EQ(nameOf(*make(Word::Scene3dStyle)), "Scene3d");
   EXPECT_EQ(nameOf(*make(Word::CoordinateSystem2dStyle)), "CoordinateSystem2d");
@@ -147,6 +148,9 @@ TEST_F(CommandTest, Styles) {
             "  plot::Curve2d::Filled=TRUE");
   EXPECT_EQ(commandOf(*make(Word::ObjStyle, {{Word::Type, "Default"}, {Word::Filled, "1"}})),
             "  Filled=TRUE");
+  EXPECT_EQ(commandOf(*make(Word::ObjStyle, {{Word::LineWidth, "0.25"}})),
+            "  plot::::LineWidth=0.25")
+      << "the type is not known";
   EXPECT_EQ(commandOf(*make(Word::CoordinateSystem3dStyle, {{Word::Axes, "Frame"}})),
             "  plot::CoordinateSystem3d::Axes=Frame");
   EXPECT_EQ(commandOf(*make(Word::Scene2dStyle)), "");
@@ -171,6 +175,9 @@ TEST_F(CommandTest, ThePlaceOfASceneIsASizeOrAPartOfTheCanvas) {
   EXPECT_EQ(commandOf(*scene, Word::In), "  plot::Scene2d(\n    Bottom=1)");
   canvas->setAttributeFromString(Word::Layout, "Relative");
   EXPECT_EQ(commandOf(*scene, Word::In), "  plot::Scene2d(\n    Bottom=25.4)");
+  scene->removeAttribute(Word::Bottom);
+  scene->setAttributeFromString(Word::Left, "25.4");
+  EXPECT_EQ(commandOf(*scene, Word::In), "  plot::Scene2d(\n    Left=25.4)");
   EXPECT_EQ(commandOf(*make(Word::Scene3d, {{Word::Left, "25.4"}}), Word::In),
             "  plot::Scene3d(\n    Left=1)")
       << "outside of a canvas";

@@ -183,6 +183,14 @@ TEST_F(PropertyTreeTest, WhatIsToldOfEachProperty) {
       EXPECT_EQ(info.hasAttribute(Word::Enum), !words.empty());
 
       const bool isMesh = name.find("esh") != std::string::npos && name != "MeshVisible";
+      const bool isOption = name != "Consistent" && !(name == "Type" && rule == "TypePropertyImpl");
+      EXPECT_EQ(info.opt(), isOption ? info.dom() : Token());
+      EXPECT_EQ(info.hasAttribute(Word::Opt), isOption);
+
+      // Texts for the user are the host's.
+      EXPECT_FALSE(info.hasAttribute(Word::Name));
+      EXPECT_FALSE(info.hasAttribute(Word::Info));
+
       EXPECT_EQ(info.recalc(), isMesh || name == "Frames" || name == "DiscontinuitySearch");
     }
   }
@@ -284,7 +292,7 @@ TEST_F(PropertyTreeTest, AnExample) {
   EXPECT_EQ(surface[1]->type(), Word::Enum);
   EXPECT_EQ(textOfString(surface[1]->enumWords()), "Flat Smooth");
   EXPECT_FALSE(surface[1]->recalc());
-  EXPECT_FALSE(surface[1]->opt());
+  EXPECT_EQ(surface[1]->opt(), Word::Shading);
 }
 
 }  // namespace
