@@ -63,7 +63,7 @@ void SizePutCmd::put(CmdWriter& writer, double millimetres) {
 
 void BoolPutCmd::put(CmdWriter& writer, bool value) { writer.out() << (value ? "TRUE" : "FALSE"); }
 
-void TokenPutCmd::put(CmdWriter& writer, Token value) { writer.out() << textOf(value); }
+void TokenPutCmd::put(CmdWriter& writer, Token value) { writer.putName(value); }
 
 void UnitPutCmd::put(CmdWriter& writer, Token value) {
   const char* unit = value == Word::MM ? "mm" : value == Word::In ? "inch" : "pt";
