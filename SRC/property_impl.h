@@ -47,16 +47,14 @@ class TypedProperty : public Property {
   }
 
   void putCmd(CmdWriter& writer, const Ubase::Variant& value) const final {
-    if (const VariantKind* typed = value.template as<VariantKind>()) writeCmd(writer, typed->get());
+    const VariantKind* typed = value.template as<VariantKind>();
+    if (typed) writeCmd(writer, typed->get(), name());
   }
 
   void putCmdQualified(CmdWriter& writer, Ubase::Token className,
                        const Ubase::Variant& value) const final {
     const VariantKind* typed = value.template as<VariantKind>();
-    if (!hasCommandForm || !typed) return;
-    writer.beginAssignment(className, name());
-    Trait::PutCmd::put(writer, typed->get());
-    writer.endItem();
+    if (typed) writeCmd(writer, typed->get(), className, name());
   }
 
   Ubase::Variant normalized(const Ubase::Variant& value) const final {
@@ -98,9 +96,11 @@ class TypedProperty : public Property {
     }
   }
 
-  void writeCmd(CmdWriter& writer, const Value& value) const {
+  /// `names` are what stands before the value: the name, or the names of the class and property.
+  template <class... Names>
+  void writeCmd(CmdWriter& writer, const Value& value, Names... names) const {
     if (!hasCommandForm) return;
-    writer.beginAssignment(name());
+    writer.beginAssignment(names...);
     Trait::PutCmd::put(writer, value);
     writer.endItem();
   }
@@ -151,7 +151,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   }
 
   void putCmdMember(CmdWriter& writer, const PlotElement& element) const final {
-    this->writeCmd(writer, value(element));
+    this->writeCmd(writer, value(element), name());
   }
 
   bool isSet(const PlotElement& element) const final { return (cast(element).setBits & bit_) != 0; }
