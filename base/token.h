@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 
 namespace Ubase {
 

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstring>
+#include <limits>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -93,6 +96,37 @@ TEST(FixedString, TellsNullFromEmpty) {
   EXPECT_EQ(FixedString(""), FixedString(""));
   EXPECT_NE(FixedString(), FixedString(""));
   EXPECT_FALSE(FixedString() < FixedString());
+}
+
+// Units of a text that is as long as the test says.
+enum class Unit : char {};
+std::size_t unitsInAText = 0;
+
+}  // namespace
+
+// Lets the address sanitizer answer a request for too much memory as the C library does.
+extern "C" const char* __asan_default_options() { return "allocator_may_return_null=1"; }
+
+template <>
+struct std::char_traits<Unit> {
+  static std::size_t length(const Unit*) { return unitsInAText; }
+  static bool eq(Unit a, Unit b) { return a == b; }
+  static bool lt(Unit a, Unit b) { return a < b; }
+};
+
+namespace {
+
+TEST(FixedString, KeepsItsTextWhenAnotherIsTooLongForTheMemory) {
+  const Unit text[] = {Unit{'a'}, Unit{'b'}, Unit{}};
+  unitsInAText = 2;
+  FixedStringBase<Unit> string(text);
+  const FixedStringBase<Unit> same = string;
+  unitsInAText = std::numeric_limits<std::ptrdiff_t>::max();
+  EXPECT_THROW(string = text, std::bad_alloc);
+  EXPECT_THROW(const FixedStringBase<Unit> other(text), std::bad_alloc);
+  EXPECT_EQ(string.c_str(), same.c_str());
+  EXPECT_EQ(string.useCount(), 2);
+  EXPECT_EQ(string.c_str()[1], Unit{'b'});
 }
 
 TEST(FixedString, HoldsWideTextToo) {

@@ -1,11 +1,13 @@
 #include "base/token.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <functional>
+#include <new>
 #include <set>
 #include <string>
 #include <thread>
@@ -18,10 +20,23 @@ namespace {
 
 using namespace Ubase;
 
+bool refuseToDuplicate = false;
+
 // A static initialiser of this file may use the vocabulary, whatever is initialised first.
 const Token radiusAtStart = Word::Radius;
 const Token radiusByIdAtStart = tokenById(static_cast<int>(WordId::Radius));
 const Token radiusByTextAtStart("Radius", false);
+
+}  // namespace
+
+// Found before that of the C library, which it calls unless a test wants memory to be short.
+extern "C" char* strdup(const char* text) noexcept {
+  static const auto duplicate =
+      reinterpret_cast<char* (*)(const char*)>(dlsym(RTLD_NEXT, "strdup"));
+  return refuseToDuplicate ? nullptr : duplicate(text);
+}
+
+namespace {
 
 TEST(Token, OfNullIsTheNullToken) {
   EXPECT_EQ(Token().str(), nullptr);
@@ -168,6 +183,23 @@ TEST(TokenTable, ToldApartOfTextsThatBeginAlike) {
     EXPECT_EQ(table.intern(text, false), text);
   }
   EXPECT_EQ(table.count(), 6);
+}
+
+TEST(TokenTable, StaysAsItWasWhenATextCannotBeCopied) {
+  TokenTable table;
+  table.intern("present", false);
+  refuseToDuplicate = true;
+  EXPECT_THROW(table.intern("absent", true), std::bad_alloc);
+  EXPECT_THROW(Token("a text that finds no memory", true), std::bad_alloc);
+  EXPECT_STREQ(table.intern("present", true), "present");
+  refuseToDuplicate = false;
+
+  EXPECT_EQ(table.count(), 1);
+  EXPECT_EQ(table.find("absent"), nullptr);
+  EXPECT_FALSE(Token::find("a text that finds no memory"));
+  std::thread([&table] { EXPECT_EQ(table.find("present"), std::string("present")); }).join();
+  EXPECT_STREQ(table.intern("absent", true), "absent");
+  EXPECT_EQ(table.count(), 2);
 }
 
 TEST(TokenTable, LetsItsOwnThreadInAgain) {
