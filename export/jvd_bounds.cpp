@@ -56,7 +56,7 @@ double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinat
                        const Bounds& bounds) {
   if (!bounds.isKnown2d()) return 1;
   const PlotElement* canvas = coordinateSystem.plotDocument()->documentElement();
-  if (!canvas) return 1;
+  if (!canvas || canvas->tagName() != Word::Canvas) return 1;
   double width = propertyValue<double>(*canvas, Word::Width);
   double height = propertyValue<double>(*canvas, Word::Height);
   if (!(width > 0 && height > 0)) {

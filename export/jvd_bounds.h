@@ -41,7 +41,7 @@ P3 mapToBox(const Bounds& bounds, const P3& point);
 bool isConstrained(const CoordinateSystemBase& coordinateSystem);
 
 /// Writes `<boxRatio>` and gives the ratio with which the camera sees the box: 1 if the scaling is
-/// constrained or the box unknown.
+/// constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.
 double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                        const Bounds& bounds);
 

@@ -1,8 +1,12 @@
 // A run from the input to the output: the files, the order of the checks, the warnings, the errors.
 
 #include <csignal>
+#include <ctime>
 #include <filesystem>
+#include <iomanip>
+#include <sstream>
 #include <string>
+#include <string_view>
 
 #include "documents.h"
 #include "program.h"
@@ -30,6 +34,23 @@ std::string brokenDocument(std::size_t length) {
   std::string document = "<Canvas></Scene>";
   document.resize(length, ' ');
   return document;
+}
+
+/// A document with the text "é" at a point whose coordinates have fractions.
+const std::string kTextDocument =
+    "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene2d><CoordinateSystem2d>"
+    "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"0.5 +2.25\">\xc3\xa9</Text2d>"
+    "<Pts2d><P2>+1.5 -0.75</P2></Pts2d></Img2d></Obj2d>"
+    "</CoordinateSystem2d></Scene2d></Canvas>\n";
+
+/// The date of an output, as if the clock that it was read from stood in Greenwich.
+std::time_t dateOf(const std::string& output) {
+  const std::string_view begin = "<meta date=\"";
+  std::istringstream text(output.substr(output.find(begin) + begin.size()));
+  std::tm date{};
+  text >> std::get_time(&date, "%a %b %d %H:%M:%S %Y\"/>");
+  EXPECT_TRUE(text) << output;
+  return timegm(&date);
 }
 
 std::size_t countOf(const std::string& line, const std::string& text) {
@@ -249,6 +270,53 @@ TEST_F(Conversion, BadDataEndsTheProcessAbnormally) {
   EXPECT_EQ(outcome.err.find("Sanitizer"), std::string::npos);
   EXPECT_EQ(read("out.jvx"), "");
   EXPECT_EQ(run({"corrupted.zrd"}).out, "");
+}
+
+TEST_F(Conversion, TextThatTheLocaleCannotReadEndsTheProcessAbnormally) {
+  write("text.zrd", kTextDocument);
+  setEnvironment("LC_ALL", "C.UTF-8");
+  const Outcome readable = run({"text.zrd"});
+  EXPECT_EQ(readable.status, 0);
+  EXPECT_NE(readable.out.find("\xc3\xa9"), std::string::npos);
+
+  setEnvironment("LC_ALL", "C");
+  const Outcome outcome = run({"text.zrd"});
+  EXPECT_EQ(outcome.signal, SIGABRT);
+  EXPECT_EQ(outcome.err.find("Error:"), std::string::npos);
+  EXPECT_EQ(outcome.err.find("Sanitizer"), std::string::npos);
+}
+
+// Where the machine has the locale, its decimal mark is a comma; elsewhere naming it changes
+// nothing.
+TEST_F(Conversion, DecimalMarkOfTheLocaleIsNotUsed) {
+  write("text.zrd", kTextDocument);
+  setEnvironment("LC_ALL", "C.UTF-8");
+  const std::string expected = run({"text.zrd"}).out;
+  for (const std::string point : {">0.5 2.25</p>\n", ">1.5 -0.75</p>\n"}) {
+    EXPECT_NE(expected.find(point), std::string::npos) << expected;
+  }
+  setEnvironment("LC_ALL", "");
+  setEnvironment("LC_CTYPE", "C.UTF-8");
+  setEnvironment("LC_NUMERIC", "de_DE.UTF-8");
+  EXPECT_EQ(undated(run({"text.zrd"}).out), undated(expected));
+}
+
+TEST_F(Conversion, DateIsThatOfTheTimeZone) {
+  constexpr std::time_t hour = 60 * 60;
+  const struct {
+    const char* timeZone;
+    std::time_t offset;
+  } rows[] = {{"UTC0", 0}, {"XYZ-9", 9 * hour}, {"XYZ+3:30", -3 * hour - hour / 2}};
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"static.zrd"}, {"-d", "static.zrd"}}) {
+    for (const auto& [timeZone, offset] : rows) {
+      setEnvironment("TZ", timeZone);
+      const std::time_t before = std::time(nullptr) + offset;
+      const std::time_t date = dateOf(run(arguments).out);
+      EXPECT_LE(before, date) << timeZone;
+      EXPECT_LE(date, std::time(nullptr) + offset) << timeZone;
+    }
+  }
 }
 
 TEST_F(Conversion, FullDiskIsNoSuccess) {

@@ -57,6 +57,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
   if (child == 0) {
     if (chdir(folder_.c_str()) != 0) _exit(127);
+    for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
     redirect(STDERR_FILENO, kCapturedErrors);
     redirect(STDOUT_FILENO, standardOutput);
     execv(VANTRY_PROGRAM, argv.data());

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,11 @@ class ProgramTest : public testing::Test {
   /// Stands for a name of standard output: the program is started without one.
   static constexpr const char* kClosed = "";
 
+  /// Sets a variable in the environment of the runs that follow.
+  void setEnvironment(const std::string& name, const std::string& value) {
+    environment_[name] = value;
+  }
+
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
 
@@ -43,4 +49,7 @@ class ProgramTest : public testing::Test {
   std::string files() const;
 
   std::filesystem::path folder_;
+
+ private:
+  std::map<std::string, std::string> environment_;
 };

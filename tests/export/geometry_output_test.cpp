@@ -6,7 +6,9 @@
 #include <limits>
 
 #include "SRC/plot_variants.h"
+#include "base/text_errors.h"
 #include "base/vocabulary.h"
+#include "in_locale.h"
 #include "written.h"
 
 namespace PlotDom {
@@ -127,6 +129,15 @@ TEST(GeometryOutputTest, WritesLabelAttributes) {
             "<color>0 0 255</color>\n"
             "<size>12</size>\n"
             "</labelAtt>\n");
+}
+
+TEST(GeometryOutputTest, RefusesAFamilyThatIsNoText) {
+  FontStyle font;
+  font.family = "\xff";
+  for (const char* locale : {"C.UTF-8", "C"}) {
+    const InLocale here(locale);
+    EXPECT_THROW(label(font, Word::Center, Word::Top), Ubase::BadUnicodeString) << locale;
+  }
 }
 
 TEST(GeometryOutputTest, TranslatesTheAlignmentOfLabels) {

@@ -207,6 +207,20 @@ TEST(JvdBounds, WithoutRootThereIsNoRatioIn2d) {
   EXPECT_EQ(text.str(), "");
 }
 
+TEST(JvdBounds, UnderARootWithoutSizeThereIsNoRatioIn2d) {
+  const ReadDocument plot(plot2d(box2d));
+  const Ubase::Ref<Arbor::Node> canvas = plot.get()->removeChild(plot.get()->documentElement());
+  const Ubase::Ref<Arbor::Node> scene = canvas->removeChild(canvas->firstChild());
+  // Such a root cannot be read from a file.
+  const Ubase::Ref<PlotElement> root = plot.get()->createElement(Word::Group2d);
+  plot.get()->doReplaceChildren(nullptr, 0, root.get());
+  root->doReplaceChildren(nullptr, 0, scene.get());
+  const Display display(plot.get());
+  EXPECT_EQ(display.error, "");
+  EXPECT_EQ(display.element("boxRatio"), "");
+  EXPECT_TRUE(display.text.ends_with("</jv-disp>\n"));
+}
+
 TEST(JvdBounds, WithABoundUnknownThereIsNoRatio) {
   EXPECT_EQ(boxRatio2d(range('X', "0", "4"), "", ""), "");
   EXPECT_EQ(boxRatio2d(range('X', "0", "4") + range('Y', "nan", "1"), "", ""), "");

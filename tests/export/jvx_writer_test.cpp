@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <optional>
 #include <regex>
 #include <stdexcept>
 
@@ -126,6 +128,43 @@ TEST(JvxHeaderTest, TellsNothingOfTheDocument) {
 TEST(TimestampTest, HasTheFormOfAsctimeWithoutNewline) {
   static const std::regex form(R"([A-Z][a-z]{2} [A-Z][a-z]{2} [ 123]\d \d\d:\d\d:\d\d \d{4})");
   EXPECT_TRUE(std::regex_match(JVXWriter::timestamp(), form)) << JVXWriter::timestamp();
+}
+
+namespace {
+
+/// Takes the local time of a time zone while it lives.
+class InTimeZone {
+ public:
+  explicit InTimeZone(const char* zone) {
+    if (const char* before = std::getenv("TZ")) before_ = before;
+    setenv("TZ", zone, 1);
+  }
+  InTimeZone(const InTimeZone&) = delete;
+  InTimeZone& operator=(const InTimeZone&) = delete;
+  ~InTimeZone() {
+    if (before_) {
+      setenv("TZ", before_->c_str(), 1);
+    } else {
+      unsetenv("TZ");
+    }
+  }
+
+ private:
+  std::optional<std::string> before_;
+};
+
+}  // namespace
+
+TEST(TimestampTest, IsTakenAnewForEachDocument) {
+  const ReadDocument document(space(""));
+  JVXWriter writer(document.get());
+  const auto headerIn = [&](const char* zone) {
+    const InTimeZone here(zone);
+    std::ostringstream out;
+    writer.write(out, nan);
+    return out.str();
+  };
+  EXPECT_NE(headerIn("UTC0"), headerIn("XYZ-9"));
 }
 
 TEST(JVXWriterTest, WritesHeaderAndGeometries) {
@@ -310,6 +349,11 @@ TEST(JVXWriterTest, SkipsHiddenGroupsWithAllThatIsInThem) {
             Strings{"2 0 0"});
   EXPECT_EQ(pointsAt(5, animated("<Group3d Visible=\"false\">" + pointAt("1") + "</Group3d>")),
             Strings());
+  const JvxConversion inPlane(plane("<Group2d Visible=\"false\">" + flatPointAt("1") +
+                                    "<Obj2d Type=\"PointList2d\"/>" +
+                                    "<Transform2d Type=\"Rotate2d\"></Transform2d></Group2d>"));
+  EXPECT_EQ(inPlane.error, "");
+  EXPECT_EQ(inPlane.body(), emptyModel);
 }
 
 TEST(JVXWriterTest, PassesOverEverythingElse) {
@@ -486,6 +530,28 @@ TEST(JVXWriterTest, TakesTheLastFrameThatIsNotLater) {
 TEST(JVXWriterTest, TakesTheFirstFrameOfAStillPicture) {
   EXPECT_EQ(pointsAt(nan, space(object("", imageAt("1") + imageAt("2") + imageAt("3")))),
             Strings{"1 0 0"});
+  const std::string framed = space(framesUpTo(3));
+  EXPECT_EQ(pointsAt(nan, framed), Strings{"0 0 0"});
+  EXPECT_EQ(pointsAt(2, framed), Strings{"0 0 0"});
+}
+
+TEST(JVXWriterTest, TakesFramesOfThePlaneByTheirTimesToo) {
+  const auto image = [](const std::string& x, const std::string& param) {
+    return "<Img2d Param=\"" + param + "\"><Pts2d><P2>" + x + " 0</P2></Pts2d></Img2d>";
+  };
+  const std::string span =
+      " TimeBegin=\"0\" TimeEnd=\"10\"><ParameterBegin Val=\"0\"/><ParameterEnd Val=\"5\"/>";
+  const std::string document = canvas(
+      "<TimeRange TimeBegin=\"0\" TimeEnd=\"10\"/><Scene2d><CoordinateSystem2d>"
+      "<Transform2d Type=\"Translate2d\"" +
+      span + "<Tr2d Param=\"0\" Shift=\"100 0\"/><Tr2d Param=\"3\" Shift=\"200 0\"/>" +
+      "<Obj2d Type=\"PointList2d\"" + span + image("1", "0") + image("2", "2") +
+      "</Obj2d></Transform2d></CoordinateSystem2d></Scene2d>");
+  EXPECT_EQ(pointsAt(nan, document), Strings{"101 0"});
+  EXPECT_EQ(pointsAt(3.9, document), Strings{"101 0"});
+  EXPECT_EQ(pointsAt(4, document), Strings{"102 0"});
+  EXPECT_EQ(pointsAt(5.9, document), Strings{"102 0"});
+  EXPECT_EQ(pointsAt(6, document), Strings{"202 0"});
 }
 
 namespace {
@@ -512,6 +578,40 @@ TEST(JVXWriterTest, TakesAFrameWithoutTimeAtOnce) {
   EXPECT_EQ(pointsAt(9, timed(imageFrom("2") + imageAt("77") + imageFrom("5"))), Strings{"77 0 0"});
 }
 
+// Without a time of its own, a frame holds at any time, so that the first one wins.
+TEST(JVXWriterTest, TakesTheFirstFrameWhereTimesAreMissing) {
+  const std::string images = imageFrom("2") + imageFrom("5");
+  const std::string transforms =
+      "<Tr3d Param=\"2\" Shift=\"2 0 0\"/><Tr3d Param=\"5\" Shift=\"5 0 0\"/>" + pointAt("0");
+  const std::string span = " TimeBegin=\"0\" TimeEnd=\"10\"";
+  const std::string begin = "<ParameterBegin Val=\"0\"/>";
+  const std::string end = "<ParameterEnd Val=\"10\"/>";
+  const struct {
+    std::string attributes;
+    std::string range;
+    const char* taken;
+  } rows[] = {
+      {span, begin + end, "5 0 0"},
+      {span, end + begin, "5 0 0"},
+      {span, "", "2 0 0"},
+      {span, begin, "2 0 0"},
+      {span, end, "2 0 0"},
+      {span, begin + "<ParameterEnd/>", "2 0 0"},
+      {span, begin + "<ParameterEnd Val=\"nan\"/>", "2 0 0"},
+      {span, "<ParameterBegin Val=\"nan\"/>" + end, "2 0 0"},
+      {" TimeBegin=\"0\" TimeEnd=\"nan\"", begin + end, "2 0 0"},
+      {" TimeBegin=\"nan\" TimeEnd=\"10\"", begin + end, "2 0 0"},
+  };
+  for (const auto& [attributes, range, taken] : rows) {
+    EXPECT_EQ(pointsAt(9, animated(object(attributes, range + images))), Strings{taken})
+        << attributes << range;
+    EXPECT_EQ(pointsAt(9, animated("<Transform3d Type=\"Translate3d\"" + attributes + ">" + range +
+                                   transforms + "</Transform3d>")),
+              Strings{taken})
+        << attributes << range;
+  }
+}
+
 TEST(JVXWriterTest, MapsParametersToTimes) {
   const auto at = [](double time) {
     return pointsAt(
@@ -533,6 +633,24 @@ TEST(JVXWriterTest, TakesTheLastOfFramesWithoutParameterRange) {
   EXPECT_EQ(pointsAt(1, document), Strings{"1 0 0"});
   EXPECT_EQ(pointsAt(2, document), Strings{"2 0 0"});
   EXPECT_EQ(pointsAt(9, document), Strings{"2 0 0"});
+}
+
+// A range of the machine epsilon counts as none, the next wider one does not.
+TEST(JVXWriterTest, DividesByAnyParameterRangeAboveTheEpsilon) {
+  const auto at = [](double time, const std::string& parameterEnd) {
+    return pointsAt(time, animated(object(" TimeBegin=\"2\" TimeEnd=\"6\"",
+                                          "<ParameterBegin Val=\"0\"/><ParameterEnd Val=\"" +
+                                              parameterEnd + "\"/>" + imageAt("1", " Param=\"0\"") +
+                                              imageAt("2", " Param=\"1.1102230246251565e-16\""))));
+  };
+  const std::string epsilon = "2.220446049250313e-16";
+  const std::string wider = "2.2204460492503136e-16";
+  EXPECT_EQ(at(1.9, epsilon), Strings{"1 0 0"});
+  EXPECT_EQ(at(2, epsilon), Strings{"2 0 0"});
+  EXPECT_EQ(at(2, "-" + epsilon), Strings{"2 0 0"});
+  EXPECT_EQ(at(2, wider), Strings{"1 0 0"});
+  EXPECT_EQ(at(3.9, wider), Strings{"1 0 0"});
+  EXPECT_EQ(at(4, wider), Strings{"2 0 0"});
 }
 
 TEST(JVXWriterTest, MovesTransformsByTheirFrames) {

@@ -354,6 +354,26 @@ TEST(Mesh3dTest, HasNoLinesBetweenASinglePoint) {
             pointSet("hide", "show", sixPoints.list(1)) + material() + "</geometry>\n");
 }
 
+// Both walks over the colours of the two lines take one step more for each parameter line.
+TEST(Mesh3dTest, IsALineWithASingleColumn) {
+  const Attributes column{{Word::UMesh, "1"}, {Word::VMesh, "3"}, {Word::Filled, "false"}};
+  const std::string lines =
+      "<lines num=\"2\">\n<l>0 1</l>\n<l>1 2</l>\n"
+      "<thickness>1.77165</thickness>\n<color>0 0 0</color>\n</lines>\n";
+  EXPECT_EQ(convert<Mesh3d>({column, sixPoints.content()}),
+            pointSet("hide", "show", sixPoints.list(3)) +
+                "<lineSet color=\"hide\" colorFromPoints=\"hide\" colorSmooth=\"hide\">\n" + lines +
+                "</lineSet>\n" + material() + "</geometry>\n");
+  const std::string colored = convert<Mesh3d>(
+      {with(column, {{Word::LineColorType, "Functional"}, {Word::HasLineColors, "true"}}),
+       greyPoints(3)});
+  EXPECT_EQ(part(colored, "<lineSet", "</lineSet>\n"),
+            "<lineSet color=\"show\" colorFromPoints=\"show\" colorSmooth=\"hide\">\n" + lines +
+                colors(2, greys({5, 15, 20,  //
+                                 10, 15, 20})) +
+                "</lineSet>\n");
+}
+
 // The colours of lines do not go along with the lines: there are more of them, those along v count
 // as if the grid lay the other way round, and past the end the last point stands in. That is
 // deliberate.

@@ -118,13 +118,23 @@ TEST(DataParsing, RefusesBadPointsInSpace) {
       "1 2 x",
       "1 2 3 #ff00",
       "1 2 3 #ff0000 #12",
-
   };
   for (const std::string& text : tests) {
     Reading reading(mesh(p3(text)));
     EXPECT_EQ(reading.code(), 15) << text;
     EXPECT_EQ(reading.complaints(), "ZRD error: P3 data corrupted: '" + text + "'\n");
   }
+}
+
+TEST(DataParsing, CutsAColourWordOfMoreThanTenCharactersInThePlane) {
+  Reading cut(poly(p2("1 2 #ff000080ab99")));
+  EXPECT_EQ(cut.code(), 0) << "the rest is ignored";
+  EXPECT_EQ(cut.first<Poly2d>().colors, std::vector<RGBA>{RGBA(255, 0, 0, 128)});
+  Reading bad(poly(p2("1 2 #ff0000xx80ab99")));
+  EXPECT_EQ(bad.code(), 0) << "what follows the three pairs is no alpha";
+  Reading refused(poly(p2("1 2 #ff00xx000000ab")));
+  EXPECT_EQ(refused.complaints(), "ZRD error: P2 data corrupted: '1 2 #ff00xx000000ab'\n")
+      << "the message shows the whole text";
 }
 
 TEST(DataParsing, CutsAColourWordOfMoreThanTenCharacters) {

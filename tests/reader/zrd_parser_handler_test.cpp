@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "SRC/canvas.h"
 #include "SRC/expr_list.h"
 #include "SRC/object.h"
@@ -308,6 +310,44 @@ TEST(ZrdParser, AnswersBadDataLikeBrokenXml) {
     EXPECT_FALSE(parser.parse(text.data(), static_cast<int>(text.size()), true));
     EXPECT_EQ(document->documentElement()->length(), 0u);
     EXPECT_FALSE(document->isInBatch());
+  }
+  document->tearDown();
+}
+
+// As after broken XML, each further block fails and gives a new Canvas.
+TEST(ZrdParser, GoesOnFailingAfterBadData) {
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  {
+    ZrdParserHandler handler(document.get(), true, nullptr);
+    ZrdParser parser(&handler, true, nullptr);
+    const std::string_view text = "<Canvas><Scene2d/><P2>1</P2>";
+    EXPECT_FALSE(parser.parse(text.data(), static_cast<int>(text.size()), false));
+    const Ubase::Ref<Arbor::Node> canvas(document->documentElement());
+    EXPECT_FALSE(parser.parse("<Scene3d/></Canvas>", 19, true));
+    EXPECT_NE(document->documentElement(), canvas.get());
+    EXPECT_EQ(document->documentElement()->length(), 0u);
+    EXPECT_EQ(document->length(), 1u);
+    EXPECT_FALSE(document->isInBatch());
+  }
+  document->tearDown();
+}
+
+TEST(ZrdParser, LetsAllOtherExceptionsPass) {
+  class ThrowingHandler : public ZrdParserHandler {
+   public:
+    using ZrdParserHandler::ZrdParserHandler;
+    void endElement(std::uint32_t, std::uint32_t) override { throw std::bad_alloc(); }
+    void parseFailed() override { ++failures; }
+    int failures = 0;
+  };
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  {
+    ThrowingHandler handler(document.get(), true, nullptr);
+    ZrdParser parser(&handler, true, nullptr);
+    const std::string_view text = "<Canvas><Scene2d/></Canvas>";
+    EXPECT_THROW(parser.parse(text.data(), static_cast<int>(text.size()), true), std::bad_alloc);
+    EXPECT_EQ(handler.failures, 0);
+    EXPECT_EQ(document->documentElement()->length(), 1u) << "the tree stays";
   }
   document->tearDown();
 }
