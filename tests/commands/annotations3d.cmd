@@ -1,0 +1,36 @@
+plot(
+  plot::Canvas(
+    HeaderFont=["Größe",12,[0,0,0],Center],
+    OutputUnits=unit::pt,
+    Spacing=0,
+    Width=720,
+    plot::CoordinateSystem3d::GridLineWidth=0.72,
+    plot::CoordinateSystem3d::TicksLabelFont=["Times",8,[0,0,0],Left],
+    plot::CoordinateSystem3d::ZTicksNumber=Low,
+    Shading=Smooth,
+    plot::Scene3d(
+      Bottom=36,
+      ZXRatio=7.2,
+      plot::CoordinateSystem3d(
+        AutoViewingBox=0,
+        ViewingBoxZMin=(0),
+        ViewingBoxZMax=(z),
+        AxesOriginZ=(0),
+        ZTicksAt=[          NIL],
+        ZTicksAnchor=(0),
+        ZTicksDistance=NIL,
+        plot::Line3d(
+          Tubular=FALSE),
+        plot::Text3d(
+          Billboarding=FALSE,
+          TubeDiameter=7.2,
+          XLinesVisible=FALSE,
+          ZMesh=3,
+          TextOrientation=[1,0,0,0,0,1],
+          Points3d=[
+            [0,0,t^2]]),
+        plot::Text3d(
+          TextOrientation=NIL,
+          TitlePositionZ=(3)),
+        plot::Rotate3d(
+          Matrix3d=[1,0,0,0,1,0,0,0,1]))))):

@@ -1,0 +1,9 @@
+plot(
+  plot::Canvas(
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        Axes=Automatic,
+        YAxisVisible=FALSE,
+        XTicksDistance=(-1),
+        plot::Curve2d(
+))))):

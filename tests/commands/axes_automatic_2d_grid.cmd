@@ -1,0 +1,14 @@
+plot(
+  plot::Canvas(
+    Height=48,
+    Width=64,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        Axes=Automatic,
+        XGridVisible=TRUE,
+        XTicksBetween=-1,
+        YGridVisible=TRUE,
+        XTicksDistance=(1),
+        YTicksDistance=(2),
+        plot::Curve2d(
+))))):

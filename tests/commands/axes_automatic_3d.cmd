@@ -1,0 +1,12 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=None,
+      YXRatio=1,
+      ZXRatio=1,
+      plot::CoordinateSystem3d(
+        Axes=Automatic,
+        Scaling=Unconstrained,
+        ViewingBoxZMax=(4),
+        plot::Box(
+))))):

@@ -1,0 +1,15 @@
+plot(
+  plot::Canvas(
+    Height=80,
+    Width=120,
+    plot::CoordinateSystem2d::Axes=Boxed,
+    plot::CoordinateSystem2d::AxesLineColor=[0.0980392,0.0980392,0.439216],
+    plot::CoordinateSystem2d::AxesLineWidth=0.5,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        XGridVisible=TRUE,
+        XTicksBetween=3,
+        XTicksDistance=(1/2),
+        YTicksDistance=(1),
+        plot::Curve2d(
+))))):

@@ -1,0 +1,16 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=None,
+      plot::CoordinateSystem3d(
+        XAxisVisible=FALSE,
+        XTicksLabelsVisible=FALSE,
+        XTicksVisible=FALSE,
+        YGridVisible=TRUE,
+        YTicksLabelsVisible=FALSE,
+        YTicksVisible=FALSE,
+        ZTicksLabelsVisible=FALSE,
+        ZTicksVisible=FALSE,
+        ViewingBoxZMax=(5),
+        plot::Box(
+))))):

@@ -1,0 +1,14 @@
+plot(
+  plot::Canvas(
+    Height=100,
+    Width=150,
+    plot::Scene2d(
+      BackgroundColor=[1,1,0.878431],
+      plot::CoordinateSystem2d(
+        Axes=Frame,
+        Scaling=Constrained,
+        XTicksDistance=(PI/2),
+        XAxisTitle="t",
+        YAxisTitle="sin(t)",
+        plot::Curve2d(
+))))):

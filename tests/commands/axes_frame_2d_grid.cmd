@@ -1,0 +1,16 @@
+plot(
+  plot::Canvas(
+    Height=100,
+    Width=150,
+    plot::CoordinateSystem2d::Axes=Frame,
+    plot::CoordinateSystem2d::XGridVisible=TRUE,
+    plot::CoordinateSystem2d::XSubgridVisible=TRUE,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        XTicksBetween=4,
+        YGridVisible=TRUE,
+        YSubgridVisible=TRUE,
+        YTicksVisible=FALSE,
+        XTicksDistance=(PI/2),
+        plot::Curve2d(
+))))):

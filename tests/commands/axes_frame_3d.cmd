@@ -1,0 +1,17 @@
+plot(
+  plot::Canvas(
+    plot::CoordinateSystem3d::Axes=Boxed,
+    plot::CoordinateSystem3d::AxesLineColor=[1,0,0],
+    plot::CoordinateSystem3d::AxesLineWidth=1,
+    plot::Scene3d(
+      Lighting=None,
+      YXRatio=2,
+      plot::CoordinateSystem3d::Axes=Frame,
+      plot::CoordinateSystem3d::AxesLineColor=[0,0.392157,0],
+      plot::CoordinateSystem3d(
+        XTicksLabelsVisible=FALSE,
+        YTicksLabelsVisible=FALSE,
+        ZTicksLabelsVisible=FALSE,
+        ViewingBoxZMax=(0.001),
+        plot::Box(
+))))):

@@ -1,0 +1,11 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=Automatic,
+      plot::CoordinateSystem3d(
+        Axes=Frame,
+        XGridVisible=TRUE,
+        ZSubgridVisible=TRUE,
+        ZAxisTitle="height",
+        plot::Box(
+))))):

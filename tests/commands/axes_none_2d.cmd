@@ -1,0 +1,10 @@
+plot(
+  plot::Canvas(
+    Height=80,
+    Width=120,
+    plot::Scene2d(
+      BackgroundColor=[0,0,0],
+      plot::CoordinateSystem2d(
+        Axes=None,
+        plot::Curve2d(
+))))):

@@ -1,0 +1,10 @@
+plot(
+  plot::Canvas(
+    Height=80,
+    Width=120,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        Axes=None,
+        XGridVisible=TRUE,
+        plot::Curve2d(
+))))):

@@ -1,0 +1,9 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=None,
+      plot::CoordinateSystem3d(
+        Axes=None,
+        ViewingBoxZMax=(3),
+        plot::Box(
+))))):

@@ -1,0 +1,12 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=None,
+      plot::CoordinateSystem3d(
+        Axes=None,
+        XGridVisible=TRUE,
+        YGridVisible=TRUE,
+        ZGridVisible=TRUE,
+        ViewingBoxZMax=(3),
+        plot::Box(
+))))):

@@ -1,0 +1,12 @@
+plot(
+  plot::Canvas(
+    Height=100,
+    Width=100,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        Axes=Origin,
+        AxesLineColor=[0.501961,0.501961,0.501961],
+        XTicksDistance=(1),
+        YTicksDistance=(1),
+        plot::Curve2d(
+))))):

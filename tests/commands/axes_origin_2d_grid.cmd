@@ -1,0 +1,12 @@
+plot(
+  plot::Canvas(
+    Height=100,
+    Width=100,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        Axes=Origin,
+        XAxisVisible=FALSE,
+        YAxisVisible=FALSE,
+        YSubgridVisible=TRUE,
+        plot::Curve2d(
+))))):

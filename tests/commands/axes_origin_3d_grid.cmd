@@ -1,0 +1,10 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=None,
+      plot::CoordinateSystem3d(
+        Axes=Origin,
+        ZGridVisible=TRUE,
+        ViewingBoxZMax=(2),
+        plot::Box(
+))))):

@@ -1,0 +1,18 @@
+plot(
+  plot::Canvas(
+    TimeBegin=0,
+    TimeEnd=4,
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        Axes=Origin,
+        ViewingBoxZMax=(1),
+        plot::Camera(
+          ParameterName=(a),
+          ParameterBegin=(0),
+          ParameterEnd=(2)),
+        plot::AmbientLight(
+          ParameterName=(a),
+          ParameterBegin=(0),
+          ParameterEnd=(2)),
+        plot::Pts3d(
+))))):

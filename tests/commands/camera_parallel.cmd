@@ -1,0 +1,11 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      Lighting=Automatic,
+      plot::CoordinateSystem3d(
+        Axes=Frame,
+        ViewingBoxZMax=(1),
+        plot::Camera(
+          OrthogonalProjection=TRUE),
+        plot::Line3d(
+))))):

@@ -1,0 +1,14 @@
+plot(
+  plot::Canvas(
+    LineWidth=0.2,
+    LinesVisible=FALSE,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        plot::Raster(
+          LineColor=[0.501961,0.501961,0.501961,0.501961],
+          LinesVisible=TRUE),
+        plot::Raster(
+),
+        plot::Translate2d(
+          plot::Raster(
+)))))):

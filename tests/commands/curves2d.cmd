@@ -1,0 +1,31 @@
+plot(
+  plot::Canvas(
+    Filled=FALSE,
+    LineColor=[0.784314,0,0],
+    LineColor2=[0,0,0.784314],
+    LineWidth=0.5,
+    LinesVisible=TRUE,
+    PointsVisible=FALSE,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        plot::Curve2d(
+          LineColorType=Flat),
+        plot::Curve2d(
+          LineColorType=Monochrome),
+        plot::Curve2d(
+          LineColorType=Dichromatic),
+        plot::Curve2d(
+          LineColorType=Rainbow),
+        plot::Curve2d(
+          LineColorType=Functional),
+        plot::Polygon2d(
+          Closed=TRUE,
+          FillColor=[1,0.843137,0,0.501961],
+          Filled=TRUE,
+          PointSize=1,
+          PointsVisible=TRUE),
+        plot::Polygon2d(
+          LinesVisible=FALSE,
+          PointsVisible=TRUE),
+        plot::Polygon2d(
+))))):

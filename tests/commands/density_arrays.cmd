@@ -1,0 +1,20 @@
+plot(
+  plot::Canvas(
+    FillColor=[1,0.25098,0],
+    FillColor2=[0,0.25098,1,0.752941],
+    LinesVisible=FALSE,
+    plot::Scene2d(
+      plot::CoordinateSystem2d(
+        plot::Density(
+          FillColorType=Flat),
+        plot::Density(
+          FillColorType=Monochrome),
+        plot::Density(
+          FillColorType=Dichromatic),
+        plot::Density(
+          FillColorType=Rainbow),
+        plot::Density(
+          FillColorType=Functional),
+        plot::Density(
+          FillColor=[1,0.25098,0,0.501961],
+          FillColorType=Rainbow))))):

@@ -1,0 +1,53 @@
+plot(
+  plot::Canvas(
+    BackgroundColor=[1,1,1],
+    Height=80,
+    Layout=Tabular,
+    Width=120,
+    Header="Two functions",
+    plot::Scene2d::LegendFont=["Helvetica",12,[0,0,0],Left],
+    plot::Scene2d::LegendPlacement=Bottom,
+    plot::Scene2d::LegendVisible=TRUE,
+    plot::CoordinateSystem2d::Axes=Origin,
+    plot::CoordinateSystem2d::AxesLineWidth=0.25,
+    plot::CoordinateSystem2d::XAxisTitleAlignment=End,
+    plot::CoordinateSystem2d::XGridVisible=TRUE,
+    Filled=FALSE,
+    LineColor=[0.0980392,0.0980392,0.439216],
+    LineWidth=0.35,
+    LinesVisible=TRUE,
+    PointsVisible=FALSE,
+    VerticalAsymptotesColor=[0.466667,0.533333,0.6],
+    VerticalAsymptotesStyle=Dashed,
+    VerticalAsymptotesVisible=TRUE,
+    VerticalAsymptotesWidth=0.2,
+    plot::Function2d::LegendColor=LineColor,
+    plot::Function2d::XMesh=121,
+    plot::Scene2d(
+      plot::Hatch::FillColor=[1,0.501961,0],
+      plot::Hatch::FillPattern=DiagonalLines,
+      plot::Hatch::Filled=TRUE,
+      plot::Hatch::LinesVisible=FALSE,
+      plot::CoordinateSystem2d(
+        XAxisTitle="x",
+        YAxisTitle="tan(x)",
+        plot::Function2d(
+          Title="tangent",
+          LegendText="tan(x)",
+          Function=(tan(x)),
+          XRange=[-3,3]),
+        plot::Hatch(
+          LegendText="the area below sin(x)"),
+        plot::PointList2d(
+          PointColor=[0.698039,0.133333,0.133333],
+          PointSize=1.5,
+          PointsVisible=TRUE,
+          LegendText="points"),
+        plot::Function2d(
+          Visible=FALSE),
+        plot::Group2d(
+          Name="a frame",
+          LineColor=[0.133333,0.545098,0.133333,0.752941],
+          LineWidth=1,
+          plot::Line2d(
+)))))):

@@ -1,0 +1,14 @@
+plot(
+  plot::Canvas(
+    Height=80,
+    Width=120,
+    plot::Scene3d::Lighting=Automatic,
+    plot::Scene3d::YXRatio=1,
+    plot::Scene3d::ZXRatio=0.5,
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        ViewingBoxZMax=(1),
+        plot::PointLight(
+),
+        plot::Function3d(
+))))):

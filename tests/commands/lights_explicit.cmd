@@ -1,0 +1,28 @@
+plot(
+  plot::Canvas(
+    Height=80,
+    Width=120,
+    plot::Scene3d::BackgroundColor=[0.960784,0.960784,0.862745],
+    plot::Scene3d::Lighting=Explicit,
+    plot::Scene3d::YXRatio=1,
+    plot::Scene3d::ZXRatio=0.5,
+    plot::SpotLight::LightColor=[1,0.843137,0,0.501961],
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        ViewingBoxZMax=(1),
+        plot::Camera(
+          Title="from the front"),
+        plot::Camera(
+),
+        plot::AmbientLight(
+),
+        plot::PointLight(
+),
+        plot::PointLight(
+          Visible=FALSE),
+        plot::DistantLight(
+),
+        plot::SpotLight(
+),
+        plot::Function3d(
+          Function1=(x*y/9)))))):

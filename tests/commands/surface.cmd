@@ -1,0 +1,30 @@
+plot(
+  plot::Canvas(
+    BackgroundColor=[1,1,1],
+    Height=80,
+    Layout=Tabular,
+    Width=120,
+    plot::Scene3d::Lighting=Automatic,
+    plot::Scene3d::YXRatio=1,
+    plot::Scene3d::ZXRatio=0.5,
+    plot::CoordinateSystem3d::Axes=Boxed,
+    plot::CoordinateSystem3d::AxesLineWidth=0.25,
+    FillColor=[1,0,0],
+    FillColor2=[0.392157,0.584314,0.929412],
+    LineColor=[0.0980392,0.0980392,0.439216],
+    LineWidth=0.2,
+    PointsVisible=FALSE,
+    plot::Scene3d(
+      plot::Function3d::FillColorType=Dichromatic,
+      plot::Function3d::Shading=Smooth,
+      plot::CoordinateSystem3d(
+        ViewingBoxZMax=(1),
+        XAxisTitle="x",
+        YAxisTitle="y",
+        ZAxisTitle="z",
+        plot::Function3d(
+          XMesh=7,
+          YMesh=7,
+          Title="a wavy surface",
+          Function1=(sin(x)*cos(y)),
+          XRange=[-3,3]))))):

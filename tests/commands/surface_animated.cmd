@@ -1,0 +1,18 @@
+plot(
+  plot::Canvas(
+    PointsVisible=FALSE,
+    TimeBegin=0,
+    TimeEnd=4,
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        plot::Rotate3d(
+          ParameterName=(t),
+          ParameterBegin=(0),
+          ParameterEnd=(1),
+          plot::Surface(
+            ParameterName=(a),
+            ParameterBegin=(0),
+            ParameterEnd=(2))),
+        plot::Surface(
+          TimeBegin=3,
+          VisibleBeforeBegin=FALSE))))):

@@ -1,0 +1,7 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        ViewingBoxZMax=NIL,
+        plot::Surface(
+))))):

@@ -1,0 +1,10 @@
+plot(
+  plot::Canvas(
+    LineWidth=0.25,
+    plot::Surface::FillColorType=Functional,
+    plot::Surface::PointSize=1.5,
+    plot::Scene3d(
+      plot::Surface::LineColor=[0,0,0,0.752941],
+      plot::CoordinateSystem3d(
+        plot::Surface(
+          FillColorFunction=[z,x/3,y/2]))))):

@@ -1,0 +1,11 @@
+plot(
+  plot::Canvas(
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        ViewingBoxZMax=NIL,
+        plot::Surface(
+          Filled=FALSE,
+          LineColor=[1,0,0],
+          LineColor2=[0,0,1],
+          LineColorType=Rainbow,
+          PointsVisible=FALSE))))):

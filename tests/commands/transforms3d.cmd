@@ -1,0 +1,32 @@
+plot(
+  plot::Canvas(
+    TimeBegin=0,
+    TimeEnd=10,
+    plot::Scene3d(
+      plot::CoordinateSystem3d(
+        plot::Translate3d(
+          ParameterBegin=NIL,
+          ParameterEnd=NIL,
+          plot::Line3d(
+),
+          plot::Group3d(
+            plot::Line3d::LineColor=[1,0,0],
+            plot::Scale3d(
+              plot::Line3d(
+                ParameterBegin=NIL,
+                ParameterEnd=NIL)))),
+        plot::Group3d(
+          Visible=FALSE,
+          plot::Line3d(
+)),
+        plot::Line3d(
+          TimeBegin=3,
+          VisibleBeforeBegin=FALSE),
+        plot::Group3d(
+          plot::Group3d(
+            plot::Line3d(
+              LineWidth=0.75,
+              TimeEnd=7,
+              VisibleAfterEnd=FALSE))),
+        plot::Line3d(
+          Visible=FALSE))))):
