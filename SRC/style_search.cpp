@@ -90,15 +90,13 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
 
 namespace {
 
-// Calls `use` with every style of the type `key` around `start`, from the inside out, until it
-// returns true. No style is for those who have no type.
+// Calls `use` with every style around `start`, from the inside out, until it returns true.
 template <class Use>
-void forEachStyle(const Arbor::Node& start, Token key, Use use) {
-  if (!key) return;
+void forEachStyle(const Arbor::Node& start, Use use) {
   const PlotElement* container = StyleIndex::nearestStyled(start.parent());
   while (container) {
     for (const ObjStyle* style : container->styleIndex()->styles()) {
-      if (style->localType() == key && use(*style)) return;
+      if (use(*style)) return;
     }
     container = StyleIndex::nearestStyled(container->parent());
   }
@@ -108,17 +106,18 @@ void forEachStyle(const Arbor::Node& start, Token key, Use use) {
 
 const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;
-  forEachStyle(start, key, [&](const ObjStyle& style) {
-    if (!style.hasAttribute(name)) return false;
-    found = &style;
-    return true;
+  if (!key) return found;  // no style is for those who have no type
+  forEachStyle(start, [&](const ObjStyle& style) {
+    if (style.localType() == key && style.hasAttribute(name)) found = &style;
+    return found != nullptr;
   });
   return found;
 }
 
 void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
-  forEachStyle(start, key, [&](const ObjStyle& style) {
-    chain.push_back(&style);
+  if (!key) return;
+  forEachStyle(start, [&](const ObjStyle& style) {
+    if (style.localType() == key) chain.push_back(&style);
     return false;
   });
 }
@@ -129,8 +128,14 @@ const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token nam
 }
 
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
-  collectObjStyles(start, key, chain);
-  collectObjStyles(start, Word::Default, chain);
+  StyleChain defaults;
+  forEachStyle(start, [&](const ObjStyle& style) {
+    const Token type = style.localType();
+    if (type == Word::Default) defaults.push_back(&style);
+    if (key && type == key) chain.push_back(&style);
+    return false;
+  });
+  chain.insert(chain.end(), defaults.begin(), defaults.end());
 }
 
 }  // namespace PlotDom

@@ -21,6 +21,21 @@ if(VANTRY_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
+# vantry_lto(<target>): lets the program be optimised across this target. The objects are fat, so
+# that everything else, tests and other programs too, links them as usual.
+function(vantry_lto target)
+  if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -flto=auto -ffat-lto-objects)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+      target_link_options(${target} PRIVATE -flto=auto)
+    endif()
+  endif()
+endfunction()
+if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-fno-lto)
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
