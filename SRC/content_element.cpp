@@ -1,5 +1,7 @@
 #include "SRC/content_element.h"
 
+#include <algorithm>
+
 namespace PlotDom {
 
 bool ContentPlotElement::isContentChild(const Arbor::Node& node) const {
@@ -57,10 +59,26 @@ bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
 void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
                                             Arbor::Node* newChildren) {
   optionMask_ = maskWithout(first, count);
-  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
-    optionMask_ |= optionBit(child->nodeName());
+  const Arbor::Node* removed = first;
+  for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
+    std::erase(optionChildren_, removed);
+  }
+  for (Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    const std::uint32_t bit = optionBit(child->nodeName());
+    if (bit == 0) continue;
+    optionMask_ |= bit;
+    optionChildren_.push_back(child);
   }
   ContentPlotElement::doReplaceChildren(first, count, newChildren);
+}
+
+Arbor::Node* OptionedPlotElement::firstChildByName(Token name) const {
+  const std::uint32_t bit = optionBit(name);
+  if (bit == 0) return ContentPlotElement::firstChildByName(name);
+  if ((optionMask_ & bit) == 0) return nullptr;
+  const auto found = std::find_if(optionChildren_.begin(), optionChildren_.end(),
+                                  [name](Arbor::Node* child) { return child->nodeName() == name; });
+  return found != optionChildren_.end() ? *found : nullptr;
 }
 
 }  // namespace PlotDom

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <vector>
 
 #include "SRC/plot_element.h"
 #include "base/vocabulary.h"
@@ -64,6 +65,8 @@ class OptionedPlotElement : public ContentPlotElement {
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
                           Arbor::Node* newChildren) const override;
   void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override;
+  /// Finds an option child without a look at the others.
+  Arbor::Node* firstChildByName(Token name) const override;
 
   /// The options that are present.
   std::uint32_t optionMask() const { return optionMask_; }
@@ -75,6 +78,7 @@ class OptionedPlotElement : public ContentPlotElement {
   std::uint32_t maskWithout(const Arbor::Node* first, unsigned count) const;
 
   std::uint32_t optionMask_ = 0;
+  std::vector<Arbor::Node*> optionChildren_;  // in the order in which they came
 };
 
 }  // namespace PlotDom

@@ -117,7 +117,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   Ref<Node> removeChild(Node* child);
 
   /// The first child with this node name, or null.
-  Node* firstChildByName(Token name) const;
+  virtual Node* firstChildByName(Token name) const;
   /// Null past the end.
   Node* childAt(unsigned index) const;
   /// The number of siblings before this node.
