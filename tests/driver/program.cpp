@@ -1,10 +1,12 @@
 #include "program.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -25,6 +27,13 @@ void redirect(int descriptor, const std::string& file) {
   }
   const int opened = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (opened < 0 || dup2(opened, descriptor) < 0) _exit(127);
+}
+
+/// In the child: what goes beyond the limit fails, and raises no signal where a call can fail.
+void limitTo(int resource, std::uint64_t limit) {
+  const rlimit limits{limit, limit};
+  signal(SIGXFSZ, SIG_IGN);
+  if (setrlimit(static_cast<__rlimit_resource_t>(resource), &limits) != 0) _exit(127);
 }
 
 }  // namespace
@@ -58,6 +67,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   if (child == 0) {
     if (chdir(folder_.c_str()) != 0) _exit(127);
     for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
+    for (const auto& [resource, limit] : limits_) limitTo(resource, limit);
     redirect(STDERR_FILENO, kCapturedErrors);
     redirect(STDOUT_FILENO, standardOutput);
     execv(VANTRY_PROGRAM, argv.data());

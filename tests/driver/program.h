@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -34,6 +35,9 @@ class ProgramTest : public testing::Test {
     environment_[name] = value;
   }
 
+  /// Limits what the runs that follow may use of a resource, one of the RLIMIT constants.
+  void setLimit(int resource, std::uint64_t limit) { limits_[resource] = limit; }
+
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
 
@@ -52,4 +56,5 @@ class ProgramTest : public testing::Test {
 
  private:
   std::map<std::string, std::string> environment_;
+  std::map<int, std::uint64_t> limits_;
 };

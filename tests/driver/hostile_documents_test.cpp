@@ -1,0 +1,339 @@
+// Documents that try to exhaust the program, and the lack of what it needs.
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+#include <regex>
+#include <string>
+
+#include "documents.h"
+#include "program.h"
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSanitized = true;
+#elif defined(__has_feature)
+constexpr bool kSanitized = __has_feature(address_sanitizer);
+#else
+constexpr bool kSanitized = false;
+#endif
+
+const std::filesystem::path source = VANTRY_SOURCE_DIR;
+
+constexpr std::uint64_t kMegabyte = 1024 * 1024;
+
+const std::string kBegin =
+    "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene2d><CoordinateSystem2d>";
+const std::string kEnd = "</CoordinateSystem2d></Scene2d></Canvas>";
+const std::string kLine =
+    "<Obj2d Type=\"Line2d\"><Img2d><Line2d From=\"0 0\" To=\"3 4\"/></Img2d></Obj2d>";
+const std::string kLineOutput = "<p>0 0</p>\n<p>3 4</p>\n";
+
+std::string repeated(const std::string& text, std::size_t count) {
+  std::string all;
+  all.reserve(text.size() * count);
+  for (std::size_t i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+/// `count` texts, in each of which every "#" is its number.
+std::string numbered(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) {
+    for (const char c : text) c == '#' ? all += std::to_string(i) : all += c;
+  }
+  return all;
+}
+
+std::size_t countOf(const std::string& what, const std::string& text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += what.size()) {
+    ++count;
+  }
+  return count;
+}
+
+class HostileDocument : public ProgramTest {
+ protected:
+  // All of these take a second at most. Were one to cost the square of its size, it would take
+  // many minutes, and is killed.
+  HostileDocument() {
+    setLimit(RLIMIT_CPU, 100);
+    setLimit(RLIMIT_STACK, 8 * kMegabyte);
+    if (!kSanitized) setLimit(RLIMIT_AS, 600 * kMegabyte);
+  }
+
+  Outcome convert(const std::string& document, const std::string& mode = "") const {
+    write("in.zrd", document);
+    return mode.empty() ? run({"in.zrd"}) : run({mode, "in.zrd"});
+  }
+
+  /// The document holds the line once, and both kinds of output are written without a complaint.
+  void expectTheLine(const std::string& document) const {
+    const Outcome model = convert(document);
+    EXPECT_EQ(model.status, 0);
+    EXPECT_EQ(model.err, "");
+    EXPECT_EQ(countOf(kLineOutput, model.out), 1U);
+    EXPECT_EQ(countOf("<geometry>", model.out), 1U);
+
+    const Outcome display = convert(document, "-d");
+    EXPECT_EQ(display.status, 0);
+    EXPECT_EQ(display.err, "");
+    EXPECT_EQ(countOf("</jv-disp>", display.out), 1U);
+  }
+
+  void expectAbnormalEnd(const std::string& document) const {
+    const Outcome outcome = convert(document);
+    EXPECT_EQ(outcome.signal, SIGABRT);
+    EXPECT_EQ(outcome.err.find("Error:"), std::string::npos);
+    EXPECT_EQ(outcome.err.find("Sanitizer"), std::string::npos);
+    EXPECT_EQ(outcome.out, "");
+  }
+
+  void expectParserError(const std::string& document, const std::string& number) const {
+    const Outcome outcome = convert(document);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(outcome.err.starts_with("Warning: parser error '" + number + "' [")) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with("Error: no scene (exiting)\n")) << outcome.err;
+    EXPECT_EQ(undated(outcome.out), kJvxHeader);
+  }
+};
+
+class Shortage : public ProgramTest {};
+
+/// UTF-16 of a text of ASCII, in this order of bytes, with a byte-order mark.
+std::string utf16(const std::string& text, bool bigEndian) {
+  std::string wide = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+  for (const char c : text) {
+    wide += bigEndian ? '\0' : c;
+    wide += bigEndian ? c : '\0';
+  }
+  return wide;
+}
+
+}  // namespace
+
+// ---- Size ----
+
+TEST_F(HostileDocument, NestedGroups) {
+  expectTheLine(kBegin + repeated("<Group2d>", 100'000) + kLine + repeated("</Group2d>", 100'000) +
+                kEnd);
+}
+
+TEST_F(HostileDocument, NestedTransforms) {
+  expectTheLine(kBegin + repeated("<Transform2d Type=\"Translate2d\"><Tr2d/>", 50'000) + kLine +
+                repeated("</Transform2d>", 50'000) + kEnd);
+}
+
+TEST_F(HostileDocument, NestedUnknownElements) {
+  expectTheLine(kBegin + repeated("<Unknown>", 300'000) + repeated("</Unknown>", 300'000) + kLine +
+                kEnd);
+}
+
+TEST_F(HostileDocument, Siblings) {
+  expectTheLine(kBegin + repeated("<Group2d/>", 1'000'000) + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, OptionsThatAreReplacedBehindManySiblings) {
+  expectTheLine(kBegin + kLine + repeated("<Group2d/>", 50'000) +
+                repeated("<XAxisTitle>x</XAxisTitle><YAxisTitle>y</YAxisTitle>", 25'000) + kEnd);
+}
+
+TEST_F(HostileDocument, TicksWithTitles) {
+  expectTheLine(kBegin + kLine + "<XTicksAt>" +
+                repeated("<TickPos><VExpr>1</VExpr><Title>t</Title></TickPos>", 100'000) +
+                "</XTicksAt>" + kEnd);
+}
+
+TEST_F(HostileDocument, StylesThatDiffer) {
+  expectTheLine(kBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"1#\"/>", 20'000) + kLine +
+                kEnd);
+}
+
+TEST_F(HostileDocument, TypesThatDiffer) {
+  expectTheLine(kBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) + kLine +
+                kEnd);
+}
+
+TEST_F(HostileDocument, UnknownAttributes) {
+  expectTheLine(kBegin + "<Group2d " + numbered(" a#='1'", 100'000) + "/>" + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, NamespacesThatDiffer) {
+  expectTheLine(kBegin + numbered("<x#:Foo xmlns:x#='urn:#'/>", 100'000) + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, AttributeOfFiftyMegabytes) {
+  expectTheLine(kBegin + "<Group2d Name=\"" + std::string(50 * kMegabyte, 'x') + "\"/>" + kLine +
+                kEnd);
+}
+
+TEST_F(HostileDocument, UnknownAttributeOfFiftyMegabytes) {
+  expectTheLine(kBegin + "<Group2d Unknown=\"" + std::string(50 * kMegabyte, 'x') + "\"/>" + kLine +
+                kEnd);
+}
+
+TEST_F(HostileDocument, TextOfFiftyMegabytes) {
+  const std::string text(50 * kMegabyte, 'y');
+  const Outcome outcome =
+      convert(kBegin + "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">" + text +
+              "</Text2d></Img2d></Obj2d>" + kEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  const std::string point = "<p name=\"" + text + "\">1 2</p>\n";
+  EXPECT_TRUE(outcome.out.find(point) != std::string::npos);
+}
+
+TEST_F(HostileDocument, TextThatNobodyTakes) {
+  expectTheLine(kBegin + std::string(50 * kMegabyte, 'y') + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, CommentOfFiftyMegabytes) {
+  expectTheLine(kBegin + "<!--" + std::string(50 * kMegabyte, 'c') + "-->" + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, PointBehindThirtyMegabytesOfBlanks) {
+  const Outcome outcome = convert(
+      "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene3d><CoordinateSystem3d>"
+      "<Obj3d Type=\"PointList3d\"><Img3d><Pts3d><P3>" +
+      std::string(30 * kMegabyte, ' ') +
+      "1 2 3</P3></Pts3d></Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf("<p>1 2 3</p>\n", outcome.out), 1U);
+}
+
+// ---- Sizes that are not true ----
+
+TEST_F(HostileDocument, MeshOfNearlyAllPointsThatThereCanBe) {
+  const Outcome outcome = convert(
+      "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene3d><CoordinateSystem3d>"
+      "<Obj3d Type=\"Surface\"><Img3d><Mesh3d UMesh=\"2147483647\" VMesh=\"2147483647\""
+      " USubmesh=\"2147483647\" VSubmesh=\"2147483647\"><P3>1 2 3</P3><P3>1 2 3</P3></Mesh3d>"
+      "</Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "Error: not enough points in Mesh3d (exiting)\n");
+}
+
+TEST_F(HostileDocument, RastersOfMoreCellsThanCanBeCounted) {
+  for (const char* mesh : {"65536", "2147483647", "99999999999999999999"}) {
+    for (const char* raster : {"DensityArray2d", "ColorArray2d"}) {
+      SCOPED_TRACE(std::string(raster) + " " + mesh);
+      const std::string tag = raster;
+      expectAbnormalEnd(kBegin + "<Obj2d Type=\"Density\"><Img2d><" + tag + " XMesh=\"" + mesh +
+                        "\" YMesh=\"" + mesh + "\" XMin=\"0\" XMax=\"1\" YMin=\"0\" YMax=\"1\">" +
+                        "1 #000000</" + tag + "></Img2d></Obj2d>" + kEnd);
+    }
+  }
+}
+
+// ---- Entities ----
+
+TEST_F(HostileDocument, EntitiesExpandInTexts) {
+  const Outcome outcome =
+      convert("<!DOCTYPE Canvas [<!ENTITY two '&one; and &one;'><!ENTITY one 'lemon'>]>" + kBegin +
+              "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">&two;</Text2d></Img2d>"
+              "</Obj2d>" +
+              kEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf("<p name=\"lemon and lemon\">1 2</p>\n", outcome.out), 1U);
+}
+
+TEST_F(HostileDocument, EntitiesThatExpandWithoutMeasureAreRefused) {
+  std::string entities = "<!ENTITY e0 'aaaaaaaaaa'>";
+  for (int i = 1; i < 10; ++i) {
+    entities += "<!ENTITY e" + std::to_string(i) + " '" +
+                repeated("&e" + std::to_string(i - 1) + ";", 10) + "'>";
+  }
+  expectParserError(
+      "<!DOCTYPE Canvas [" + entities + "]>" + kBegin + "<XAxisTitle>&e9;</XAxisTitle>" + kEnd,
+      "43");
+}
+
+TEST_F(HostileDocument, EntityThatHoldsItself) {
+  expectParserError(
+      "<!DOCTYPE Canvas [<!ENTITY e '&e;'>]>" + kBegin + "<XAxisTitle>&e;</XAxisTitle>" + kEnd,
+      "12");
+}
+
+TEST_F(HostileDocument, EntitiesOfOtherFilesAreNotRead) {
+  write("secret.txt", "secret");
+  const Outcome outcome =
+      convert("<!DOCTYPE Canvas [<!ENTITY e SYSTEM 'secret.txt'>]>" + kBegin +
+              "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">&e;</Text2d></Img2d>"
+              "</Obj2d>" +
+              kEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf("secret", outcome.out), 0U);
+}
+
+// ---- Encodings ----
+
+TEST_F(HostileDocument, ByteOrderMarkIsNoText) {
+  expectTheLine("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + kBegin + kLine + kEnd);
+}
+
+TEST_F(HostileDocument, Utf16) {
+  expectTheLine(utf16("<?xml version=\"1.0\"?>" + kBegin + kLine + kEnd, true));
+  expectTheLine(
+      utf16("<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + kBegin + kLine + kEnd, false));
+}
+
+TEST_F(HostileDocument, Latin1) {
+  setEnvironment("LC_ALL", "C.UTF-8");
+  const Outcome outcome = convert(
+      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + kBegin +
+      "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">\xE9</Text2d></Img2d></Obj2d>" +
+      kEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf("<p name=\"\xC3\xA9\">1 2</p>\n", outcome.out), 1U);
+}
+
+TEST_F(HostileDocument, UnknownEncoding) {
+  expectParserError("<?xml version=\"1.0\" encoding=\"KOI8-Z\"?>" + kBegin + kLine + kEnd, "18");
+}
+
+TEST_F(HostileDocument, BytesThatAreNoUtf8) {
+  expectParserError(kBegin + "\xC3\x28" + kLine + kEnd, "4");
+}
+
+TEST_F(HostileDocument, Utf16CutInTheMiddleOfACharacter) {
+  const std::string whole = utf16(kBegin + kLine + kEnd, true);
+  const Outcome outcome = convert(whole.substr(0, whole.size() - 1));
+  EXPECT_EQ(outcome.status, 2);
+}
+
+// ---- Shortage ----
+
+TEST_F(Shortage, FileThatCannotGrowIsNoSuccess) {
+  write("in.zrd", contentOf(source / "examples/surface.zrd"));
+  const std::string whole = run({"in.zrd"}).out;
+  for (std::uint64_t limit = 0; limit < whole.size(); limit += whole.size() / 7 + 1) {
+    setLimit(RLIMIT_FSIZE, limit);
+    const Outcome outcome = runInto("/dev/null", {"in.zrd", "-o", "out.jvx"});
+    EXPECT_EQ(outcome.status, 2) << limit;
+    EXPECT_LE(read("out.jvx").size(), limit);
+  }
+}
+
+// Under the address sanitizer, which keeps terabytes of addresses, nothing can be limited.
+TEST_F(Shortage, FailingAllocationIsNoSuccess) {
+  if (kSanitized) return;
+  write("in.zrd", kBegin + repeated(kLine, 20'000) + kEnd);
+  const std::string whole = undated(run({"in.zrd"}).out);
+  bool hasFailed = false;
+  bool hasSucceeded = false;
+  for (std::uint64_t limit = 8; limit <= 64; limit += 2) {
+    setLimit(RLIMIT_AS, limit * kMegabyte);
+    const Outcome outcome = run({"in.zrd"});
+    if (outcome.status == 0) {
+      EXPECT_EQ(undated(outcome.out), whole);
+      hasSucceeded = true;
+    } else {
+      EXPECT_NE(outcome.signal, SIGSEGV);
+      hasFailed = true;
+    }
+  }
+  EXPECT_TRUE(hasFailed && hasSucceeded);
+}
