@@ -12,12 +12,19 @@ ObjStyle::ObjStyle(const ObjStyle& other)
 
 void ObjStyle::doSetAttribute(Token name, const Variant& value) {
   ElementOf::doSetAttribute(name, value);
-  if (name == Word::Type) localType_ = value.as<Ubase::TokenVariant>()->get();
+  if (name == Word::Type) setLocalType(value.as<Ubase::TokenVariant>()->get());
 }
 
 void ObjStyle::doRemoveAttribute(Token name) {
   ElementOf::doRemoveAttribute(name);
-  if (name == Word::Type) localType_ = Token();
+  if (name == Word::Type) setLocalType(Token());
+}
+
+void ObjStyle::setLocalType(Token type) {
+  localType_ = type;
+  const PlotElement* container = from(parent());
+  const StyleIndex* index = container ? container->styleIndex() : nullptr;
+  if (index) index->typeChanged(container->firstChild());
 }
 
 const PlotElement* ObjStyle::styleParent(Token name) const {

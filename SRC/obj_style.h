@@ -15,7 +15,7 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
   explicit ObjStyle(Arbor::Document* document);
   ObjStyle(const ObjStyle& other);
 
-  /// The type that was set, or null. Searches compare it once per style and primitive.
+  /// The type that was set, or null.
   Token localType() const { return localType_; }
 
   void doSetAttribute(Token name, const Variant& value) override;
@@ -32,6 +32,8 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
                     const Variant& value) const override;
 
  private:
+  void setLocalType(Token type);
+
   Token localType_;
 };
 

@@ -22,7 +22,7 @@ bool isStyle(const Arbor::Node& node) { return node.nodeName() == Word::ObjStyle
 }  // namespace
 
 StyleIndex::~StyleIndex() {
-  if (!styles_.empty()) ++currentStamp;
+  if (styles_) ++currentStamp;
 }
 
 StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned count,
@@ -52,15 +52,30 @@ StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned 
 
 void StyleIndex::afterReplace(const Change& change, const Arbor::Node* firstChild) {
   if (!change.isMixed && !change.appended) return;
-  if (change.isMixed) styles_.clear();
+  if (change.isMixed) styles_ = nullptr;
   addStyles(change.isMixed ? firstChild : change.appended);
   ++currentStamp;
 }
 
-void StyleIndex::addStyles(const Arbor::Node* node) {
+void StyleIndex::typeChanged(const Arbor::Node* firstChild) const {
+  styles_ = nullptr;
+  addStyles(firstChild);
+}
+
+void StyleIndex::addStyles(const Arbor::Node* node) const {
   for (; node; node = node->nextSibling()) {
-    if (isStyle(*node)) styles_.push_back(static_cast<const ObjStyle*>(node));
+    if (!isStyle(*node)) continue;
+    const auto* style = static_cast<const ObjStyle*>(node);
+    if (!styles_) styles_ = std::make_unique<StylesByType>();
+    (*styles_)[style->localType()].push_back(style);
   }
+}
+
+std::span<const ObjStyle* const> StyleIndex::stylesOf(Token type) const {
+  if (!styles_) return {};
+  const auto found = styles_->find(type);
+  if (found == styles_->end()) return {};
+  return found->second;
 }
 
 const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
@@ -70,7 +85,7 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
   for (; end; end = end->parent()) {
     const StyleIndex* index = indexOf(*end);
     if (!index) continue;
-    if (!index->styles_.empty()) {
+    if (index->styles_) {
       found = PlotElement::from(end);
       break;
     }
@@ -90,16 +105,18 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
 
 namespace {
 
-// Calls `use` with every style around `start`, from the inside out, until it returns true.
+// Calls `use` with what each container around `start` knows, from the inside out, until it returns
+// true.
 template <class Use>
-void forEachStyle(const Arbor::Node& start, Use use) {
+void forEachIndex(const Arbor::Node& start, Use use) {
   const PlotElement* container = StyleIndex::nearestStyled(start.parent());
-  while (container) {
-    for (const ObjStyle* style : container->styleIndex()->styles()) {
-      if (use(*style)) return;
-    }
+  while (container && !use(*container->styleIndex())) {
     container = StyleIndex::nearestStyled(container->parent());
   }
+}
+
+void append(std::span<const ObjStyle* const> styles, StyleChain& chain) {
+  chain.insert(chain.end(), styles.begin(), styles.end());
 }
 
 }  // namespace
@@ -107,8 +124,12 @@ void forEachStyle(const Arbor::Node& start, Use use) {
 const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;
   if (!key) return found;  // no style is for those who have no type
-  forEachStyle(start, [&](const ObjStyle& style) {
-    if (style.localType() == key && style.hasAttribute(name)) found = &style;
+  forEachIndex(start, [&](const StyleIndex& index) {
+    for (const ObjStyle* style : index.stylesOf(key)) {
+      if (!style->hasAttribute(name)) continue;
+      found = style;
+      break;
+    }
     return found != nullptr;
   });
   return found;
@@ -116,8 +137,8 @@ const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name)
 
 void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   if (!key) return;
-  forEachStyle(start, [&](const ObjStyle& style) {
-    if (style.localType() == key) chain.push_back(&style);
+  forEachIndex(start, [&](const StyleIndex& index) {
+    append(index.stylesOf(key), chain);
     return false;
   });
 }
@@ -129,10 +150,9 @@ const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token nam
 
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   StyleChain defaults;
-  forEachStyle(start, [&](const ObjStyle& style) {
-    const Token type = style.localType();
-    if (type == Word::Default) defaults.push_back(&style);
-    if (key && type == key) chain.push_back(&style);
+  forEachIndex(start, [&](const StyleIndex& index) {
+    if (key) append(index.stylesOf(key), chain);
+    append(index.stylesOf(Word::Default), defaults);
     return false;
   });
   chain.insert(chain.end(), defaults.begin(), defaults.end());

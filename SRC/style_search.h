@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
 #include <vector>
 
 #include "SRC/plot_element.h"
@@ -44,17 +47,22 @@ class StyleIndex {
   /// To be called after it, with the first child that there is then.
   void afterReplace(const Change& change, const Arbor::Node* firstChild);
 
-  /// The ObjStyle children, in document order.
-  const std::vector<const ObjStyle*>& styles() const { return styles_; }
+  /// To be called when a child has got another type.
+  void typeChanged(const Arbor::Node* firstChild) const;
+
+  /// The ObjStyle children of that type, in document order.
+  std::span<const ObjStyle* const> stylesOf(Token type) const;
 
   /// The nearest container with styles: the element `node` or an ancestor of it. Null if there is
   /// none.
   static const PlotElement* nearestStyled(const Arbor::Node* node);
 
  private:
-  void addStyles(const Arbor::Node* node);
+  using StylesByType = std::map<Token, std::vector<const ObjStyle*>>;
 
-  std::vector<const ObjStyle*> styles_;
+  void addStyles(const Arbor::Node* node) const;
+
+  mutable std::unique_ptr<StylesByType> styles_;  // null for none
 
   // For a container without styles: the nearest around it that has some, as long as the stamp is
   // the current one.

@@ -152,6 +152,17 @@ TEST_F(HostileDocument, StylesThatDiffer) {
                 kEnd);
 }
 
+TEST_F(HostileDocument, StylesForEachOfManyObjects) {
+  const std::string document =
+      kBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"2\"/>", 50'000) +
+      numbered("<Obj2d Type=\"K#\"><Img2d><Line2d From=\"0 0\" To=\"3 4\"/></Img2d></Obj2d>",
+               50'000) +
+      kEnd;
+  const Outcome outcome = convert(document);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf(kLineOutput, outcome.out), 50'000U);
+}
+
 TEST_F(HostileDocument, TypesThatDiffer) {
   expectTheLine(kBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) + kLine +
                 kEnd);
