@@ -61,13 +61,14 @@ void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
   optionMask_ = maskWithout(first, count);
   const Arbor::Node* removed = first;
   for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
-    std::erase(optionChildren_, removed);
+    if (optionChildren_) std::erase(*optionChildren_, removed);
   }
   for (Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
     const std::uint32_t bit = optionBit(child->nodeName());
     if (bit == 0) continue;
     optionMask_ |= bit;
-    optionChildren_.push_back(child);
+    if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<Arbor::Node*>>();
+    optionChildren_->push_back(child);
   }
   ContentPlotElement::doReplaceChildren(first, count, newChildren);
 }
@@ -75,10 +76,10 @@ void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
 Arbor::Node* OptionedPlotElement::firstChildByName(Token name) const {
   const std::uint32_t bit = optionBit(name);
   if (bit == 0) return ContentPlotElement::firstChildByName(name);
-  if ((optionMask_ & bit) == 0) return nullptr;
-  const auto found = std::find_if(optionChildren_.begin(), optionChildren_.end(),
+  if (!optionChildren_) return nullptr;
+  const auto found = std::find_if(optionChildren_->begin(), optionChildren_->end(),
                                   [name](Arbor::Node* child) { return child->nodeName() == name; });
-  return found != optionChildren_.end() ? *found : nullptr;
+  return found != optionChildren_->end() ? *found : nullptr;
 }
 
 }  // namespace PlotDom

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 #include "SRC/plot_element.h"
@@ -78,7 +79,8 @@ class OptionedPlotElement : public ContentPlotElement {
   std::uint32_t maskWithout(const Arbor::Node* first, unsigned count) const;
 
   std::uint32_t optionMask_ = 0;
-  std::vector<Arbor::Node*> optionChildren_;  // in the order in which they came
+  // In the order in which they came; null for the many elements without any.
+  std::unique_ptr<std::vector<Arbor::Node*>> optionChildren_;
 };
 
 }  // namespace PlotDom

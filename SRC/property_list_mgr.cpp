@@ -23,9 +23,10 @@ void PropertyListMgr::ensureBuilt() {
   entries_.clear();  // a table that failed half-way is begun anew
   byWord_ = {};
   inherited_.clear();
+  notInherited_.clear();
   fill();
   for (const auto& [name, property] : entries_) {
-    if (property->isInherited()) inherited_.push_back(property.get());
+    (property->isInherited() ? inherited_ : notInherited_).push_back(property.get());
   }
   state_.store(State::complete, std::memory_order_release);
 }
@@ -50,7 +51,8 @@ PropertyListMgr::entries() {
 }
 
 void PropertyListMgr::initialise(PlotElement& element) {
-  for (const auto& [name, property] : entries()) property->initialise(element);
+  ensureBuilt();
+  for (const Property* property : notInherited_) property->initialise(element);
 }
 
 void PropertyListMgr::inheritAll(PlotElement& element) {

@@ -91,6 +91,7 @@ class PropertyListMgr {
   std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
   std::array<const Property*, Ubase::wordCount + 1> byWord_{};  // the entries again
   std::vector<const Property*> inherited_;                      // those of them that inherit
+  std::vector<const Property*> notInherited_;
 };
 
 /// The property of that name in the first of the lists that has it, or null.

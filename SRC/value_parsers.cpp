@@ -17,7 +17,12 @@ using Ubase::Token;
 
 namespace {
 
-constexpr const char* separators = " \t\n\r";
+bool isSeparator(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+const char* skipSeparators(const char* text) {
+  while (isSeparator(*text)) ++text;
+  return text;
+}
 
 int hexDigit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -54,15 +59,16 @@ bool BoolParser::parse(bool& out, const char* text) {
 }
 
 bool TokenParser::parse(Token& out, const char* text) {
-  text += std::strspn(text, separators);
-  const std::string word(text, std::strcspn(text, separators));
-  if (word.empty()) return false;
-  out = Token(word.c_str(), true);
+  text = skipSeparators(text);
+  const char* end = text;
+  while (*end != '\0' && !isSeparator(*end)) ++end;
+  if (end == text) return false;
+  out = Token(std::string(text, end).c_str(), true);
   return true;
 }
 
 bool ColorParser::parse(RGBA& out, const char* text) {
-  text += std::strspn(text, separators);
+  text = skipSeparators(text);
   if (*text == '#') ++text;
   if (*text == '\0') return false;
 

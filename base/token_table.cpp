@@ -33,7 +33,7 @@ TokenTable::~TokenTable() {
 
 const char* TokenTable::intern(const char* text, bool copy) {
   const std::lock_guard lock(mutex_);
-  if (const char* present = find(text)) return present;
+  if (const char* present = findUnlocked(text)) return present;
   reserveOne();
   if (copy) {
     owned_.push_back(nullptr);  // first of all, so that the copy has an owner at once
@@ -47,6 +47,10 @@ const char* TokenTable::intern(const char* text, bool copy) {
 
 const char* TokenTable::find(const char* text) {
   const std::lock_guard lock(mutex_);
+  return findUnlocked(text);
+}
+
+const char* TokenTable::findUnlocked(const char* text) const {
   return slots_.empty() ? nullptr : slots_[slotOf(text)];
 }
 

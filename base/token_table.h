@@ -34,6 +34,7 @@ class TokenTable {
   std::recursive_mutex& mutex() { return mutex_; }
 
  private:
+  const char* findUnlocked(const char* text) const;
   std::size_t slotOf(const char* text) const;
   void reserveOne();
 
