@@ -58,16 +58,23 @@ bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
 
 void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
                                             Arbor::Node* newChildren) {
-  optionMask_ = maskWithout(first, count);
-  const Arbor::Node* removed = first;
-  for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
-    if (optionChildren_) std::erase(*optionChildren_, removed);
-  }
+  std::vector<Arbor::Node*> added;
   for (Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
-    const std::uint32_t bit = optionBit(child->nodeName());
-    if (bit == 0) continue;
-    optionMask_ |= bit;
+    if (optionBit(child->nodeName()) != 0) added.push_back(child);
+  }
+  if (!added.empty()) {
     if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<Arbor::Node*>>();
+    optionChildren_->reserve(optionChildren_->size() + added.size());
+  }
+
+  // Nothing below fails.
+  const Arbor::Node* removed = optionChildren_ ? first : nullptr;
+  for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
+    std::erase(*optionChildren_, removed);
+  }
+  optionMask_ = maskWithout(first, count);
+  for (Arbor::Node* child : added) {
+    optionMask_ |= optionBit(child->nodeName());
     optionChildren_->push_back(child);
   }
   ContentPlotElement::doReplaceChildren(first, count, newChildren);

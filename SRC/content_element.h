@@ -66,7 +66,8 @@ class OptionedPlotElement : public ContentPlotElement {
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
                           Arbor::Node* newChildren) const override;
   void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override;
-  /// Finds an option child without a look at the others.
+  /// Finds an option child without a look at the others. Should there be two of one name, which no
+  /// checked operation lets in, it is the one that came first.
   Arbor::Node* firstChildByName(Token name) const override;
 
   /// The options that are present.

@@ -25,6 +25,7 @@ class CoordinateSystemBase : public StyleScope<LibraryElement>, public Coordinat
       : StyleScope(other), CoordinateSystemStyleGetter(this) {}
 };
 
+/// The axes of a scene in the plane.
 class CoordinateSystem2d final : public ElementOf<CoordinateSystem2d, CoordinateSystemBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem2d;
@@ -36,6 +37,7 @@ class CoordinateSystem2d final : public ElementOf<CoordinateSystem2d, Coordinate
   const Property* findProperty(Token name) const override;
 };
 
+/// The axes of a scene in space.
 class CoordinateSystem3d final : public ElementOf<CoordinateSystem3d, CoordinateSystemBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem3d;
@@ -61,6 +63,7 @@ class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemSt
       : StyleElement(other), CoordinateSystemStyleGetter(this) {}
 };
 
+/// What coordinate systems in the plane inherit from.
 class CoordinateSystem2dStyle final
     : public ElementOf<CoordinateSystem2dStyle, CoordinateSystemStyleBase> {
  public:
@@ -73,6 +76,7 @@ class CoordinateSystem2dStyle final
   Token className() const override { return Word::CoordinateSystem2d; }
 };
 
+/// What coordinate systems in space inherit from.
 class CoordinateSystem3dStyle final
     : public ElementOf<CoordinateSystem3dStyle, CoordinateSystemStyleBase> {
  public:

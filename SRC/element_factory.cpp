@@ -192,6 +192,7 @@ PlotElement* makeElement(Token name, PlotDocument& document) {
 
 std::vector<Token> elementNames() {
   std::vector<Token> names;
+  names.reserve(elementClasses.size());
   for (const ElementClass& elementClass : elementClasses) names.push_back(elementClass.name);
   return names;
 }

@@ -29,6 +29,7 @@ class GroupBase : public ContainerWithMembers<GroupBase, StyleScope<ContentPlotE
   GroupBase(const GroupBase&) = default;
 };
 
+/// A group in the plane.
 class Group2d final : public ElementOf<Group2d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group2d;
@@ -36,6 +37,7 @@ class Group2d final : public ElementOf<Group2d, GroupBase> {
   bool isContentName(Token name) const override;
 };
 
+/// A group in space.
 class Group3d final : public ElementOf<Group3d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group3d;

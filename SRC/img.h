@@ -32,6 +32,7 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
   FrameTime frameTime_;
 };
 
+/// An image in the plane.
 class Img2d final : public ElementOf<Img2d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img2d;
@@ -40,6 +41,7 @@ class Img2d final : public ElementOf<Img2d, ImgBase> {
   const Property* findProperty(Token name) const override;
 };
 
+/// An image in space.
 class Img3d final : public ElementOf<Img3d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img3d;

@@ -24,7 +24,7 @@ void ObjStyle::setLocalType(Token type) {
   localType_ = type;
   const PlotElement* container = from(parent());
   const StyleIndex* index = container ? container->styleIndex() : nullptr;
-  if (index) index->typeChanged(container->firstChild());
+  if (index) index->typeChanged();
 }
 
 const PlotElement* ObjStyle::styleParent(Token name) const {
@@ -35,8 +35,11 @@ const PlotElement* ObjStyle::styleParent(Token name) const {
 
 void ObjStyle::collectStyleChain(StyleChain& chain) const {
   if (!parent()) return;
-  if (localType_ != Word::Default) collectObjStyles(*parent(), localType_, chain);
-  collectObjStyles(*parent(), Word::Default, chain);
+  if (localType_ == Word::Default) {
+    collectObjStyles(*parent(), Word::Default, chain);
+  } else {
+    collectTypedStyles(*parent(), localType_, chain);
+  }
 }
 
 const Property* ObjStyle::findProperty(Token name) const {

@@ -36,6 +36,7 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
   Token className() const override { return localType(); }
 };
 
+/// An object in the plane.
 class Obj2d final : public ElementOf<Obj2d, ObjectBase> {
  public:
   static constexpr Token tag = Word::Obj2d;
@@ -46,6 +47,7 @@ class Obj2d final : public ElementOf<Obj2d, ObjectBase> {
   const Property* findProperty(Token name) const override;
 };
 
+/// An object in space.
 class Obj3d final : public ElementOf<Obj3d, ObjectBase> {
  public:
   static constexpr Token tag = Word::Obj3d;

@@ -6,7 +6,8 @@
 namespace PlotDom {
 
 /// A piece of geometry, a light or a camera in an image of an object. It inherits from the object
-/// and through it from the object's styles, and is always a leaf.
+/// and through it from the object's styles, and is always a leaf. Coordinates are those of the
+/// model; widths and sizes of lines, points, tips and tubes are millimetres, angles are radians.
 class PrimitiveBase : public LeafElement {
  public:
   using LeafElement::LeafElement;

@@ -28,11 +28,14 @@ class Property {
 
   Ubase::Token name() const { return name_; }
 
+  /// Whether a missing value is taken from the styles.
   virtual bool isInherited() const = 0;
+  /// Whether there must be a value.
   virtual bool isMandatory() const = 0;
   /// Whether the property is an option of a command. The three operations putCmd...() write nothing
   /// for one that is not.
   virtual bool isInCommand() const = 0;
+  /// What stands in for a missing value.
   virtual Ubase::Variant defaultVariant() const = 0;
 
   /// Parses `text` and sets the attribute of `element`. A text that does not parse is reported and
@@ -49,6 +52,7 @@ class Property {
   /// Removes a local value that is the same as that of `source`, the style parent.
   virtual void dropIfInherited(PlotElement& element, const PlotElement& source) const = 0;
 
+  /// The operations below for the value in the member.
   virtual void putXmlMember(std::ostream& out, const PlotElement& element) const = 0;
   virtual void putCmdMember(CmdWriter& writer, const PlotElement& element) const = 0;
 
@@ -67,6 +71,7 @@ class Property {
   /// Whether the attribute may become `value`; a refusal is reported through the element.
   virtual bool accepts(const PlotElement& element, const Ubase::Variant& value) const = 0;
 
+  /// Whether the attribute may be removed.
   virtual bool isRemovable(const PlotElement& element) const = 0;
 
   /// The member, which holds the resolved value; empty for a list form.

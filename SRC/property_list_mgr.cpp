@@ -1,6 +1,7 @@
 #include "SRC/property_list_mgr.h"
 
 #include <algorithm>
+#include <cassert>
 #include <mutex>
 
 namespace PlotDom {
@@ -35,6 +36,7 @@ void PropertyListMgr::add(std::unique_ptr<const Property> property) {
   const Ubase::Token name = property->name();
   const auto place = std::find_if(entries_.begin(), entries_.end(),
                                   [name](const auto& entry) { return name < entry.first; });
+  assert(Ubase::wordOf(name) != Ubase::WordId::none);
   byWord_[static_cast<std::size_t>(Ubase::wordOf(name))] = property.get();
   entries_.emplace(place, name, std::move(property));
 }

@@ -33,6 +33,7 @@ class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
   const PlotElement* styleOfCanvas() const;
 };
 
+/// A scene in the plane.
 class Scene2d final : public ElementOf<Scene2d, SceneBase> {
  public:
   static constexpr Token tag = Word::Scene2d;
@@ -44,6 +45,7 @@ class Scene2d final : public ElementOf<Scene2d, SceneBase> {
   const Property* findProperty(Token name) const override;
 };
 
+/// A scene in space, with lights and cameras.
 class Scene3d final : public ElementOf<Scene3d, SceneBase> {
  public:
   static constexpr Token tag = Word::Scene3d;

@@ -36,7 +36,7 @@ bool hasSiblingOfSameName(const Arbor::Node& node) {
 /// Deselects the selected ranges from `range` on. What observers select meanwhile stays.
 void deselectFrom(const PlotDocument& document, Range* range) {
   std::vector<Ref<Range>> selected;
-  for (; range; range = document.nextSelectedRange(range)) selected.push_back(range);
+  for (; range; range = document.nextSelectedRange(range)) selected.emplace_back(range);
   for (const Ref<Range>& each : selected) each->deselect();
 }
 

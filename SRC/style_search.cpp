@@ -1,6 +1,7 @@
 #include "SRC/style_search.h"
 
 #include <atomic>
+#include <utility>
 
 #include "SRC/obj_style.h"
 
@@ -50,31 +51,37 @@ StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned 
   return change;
 }
 
-void StyleIndex::afterReplace(const Change& change, const Arbor::Node* firstChild) {
+void StyleIndex::afterReplace(const Change& change) {
   if (!change.isMixed && !change.appended) return;
-  if (change.isMixed) styles_ = nullptr;
-  addStyles(change.isMixed ? firstChild : change.appended);
+  if (!styles_) styles_ = std::make_unique<Styles>();
+  if (change.isMixed) styles_->isOutdated = true;
+  if (!styles_->isOutdated) addStyles(change.appended, styles_->byType);
   ++currentStamp;
 }
 
-void StyleIndex::typeChanged(const Arbor::Node* firstChild) const {
-  styles_ = nullptr;
-  addStyles(firstChild);
+void StyleIndex::typeChanged() const {
+  if (styles_) styles_->isOutdated = true;
 }
 
-void StyleIndex::addStyles(const Arbor::Node* node) const {
+void StyleIndex::addStyles(const Arbor::Node* node, StylesByType& byType) {
   for (; node; node = node->nextSibling()) {
     if (!isStyle(*node)) continue;
     const auto* style = static_cast<const ObjStyle*>(node);
-    if (!styles_) styles_ = std::make_unique<StylesByType>();
-    (*styles_)[style->localType()].push_back(style);
+    byType[style->localType()].push_back(style);
   }
 }
 
-std::span<const ObjStyle* const> StyleIndex::stylesOf(Token type) const {
+std::span<const ObjStyle* const> StyleIndex::stylesOf(const Arbor::Node& container,
+                                                      Token type) const {
   if (!styles_) return {};
-  const auto found = styles_->find(type);
-  if (found == styles_->end()) return {};
+  if (styles_->isOutdated) {
+    StylesByType byType;
+    addStyles(container.firstChild(), byType);
+    styles_->byType = std::move(byType);
+    styles_->isOutdated = false;
+  }
+  const auto found = styles_->byType.find(type);
+  if (found == styles_->byType.end()) return {};
   return found->second;
 }
 
@@ -105,14 +112,18 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
 
 namespace {
 
-// Calls `use` with what each container around `start` knows, from the inside out, until it returns
+// Calls `use` with each container of styles around `start`, from the inside out, until it returns
 // true.
 template <class Use>
-void forEachIndex(const Arbor::Node& start, Use use) {
+void forEachContainer(const Arbor::Node& start, Use use) {
   const PlotElement* container = StyleIndex::nearestStyled(start.parent());
-  while (container && !use(*container->styleIndex())) {
+  while (container && !use(*container)) {
     container = StyleIndex::nearestStyled(container->parent());
   }
+}
+
+std::span<const ObjStyle* const> stylesIn(const PlotElement& container, Token type) {
+  return container.styleIndex()->stylesOf(container, type);
 }
 
 void append(std::span<const ObjStyle* const> styles, StyleChain& chain) {
@@ -124,8 +135,8 @@ void append(std::span<const ObjStyle* const> styles, StyleChain& chain) {
 const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;
   if (!key) return found;  // no style is for those who have no type
-  forEachIndex(start, [&](const StyleIndex& index) {
-    for (const ObjStyle* style : index.stylesOf(key)) {
+  forEachContainer(start, [&](const PlotElement& container) {
+    for (const ObjStyle* style : stylesIn(container, key)) {
       if (!style->hasAttribute(name)) continue;
       found = style;
       break;
@@ -137,8 +148,8 @@ const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name)
 
 void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   if (!key) return;
-  forEachIndex(start, [&](const StyleIndex& index) {
-    append(index.stylesOf(key), chain);
+  forEachContainer(start, [&](const PlotElement& container) {
+    append(stylesIn(container, key), chain);
     return false;
   });
 }
@@ -150,9 +161,9 @@ const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token nam
 
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   StyleChain defaults;
-  forEachIndex(start, [&](const StyleIndex& index) {
-    if (key) append(index.stylesOf(key), chain);
-    append(index.stylesOf(Word::Default), defaults);
+  forEachContainer(start, [&](const PlotElement& container) {
+    if (key) append(stylesIn(container, key), chain);
+    append(stylesIn(container, Word::Default), defaults);
     return false;
   });
   chain.insert(chain.end(), defaults.begin(), defaults.end());

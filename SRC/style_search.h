@@ -37,21 +37,22 @@ class StyleIndex {
 
   /// What a change of children means for the styles among them.
   struct Change {
-    bool isMixed = false;                   // the list is to be made anew
+    bool isMixed = false;                   // the styles are to be sorted anew
     const Arbor::Node* appended = nullptr;  // or else, these are to be added
   };
 
   /// To be called before a change of children, with what goes and comes.
   static Change beforeReplace(const Arbor::Node* first, unsigned count,
                               const Arbor::Node* newChildren);
-  /// To be called after it, with the first child that there is then.
-  void afterReplace(const Change& change, const Arbor::Node* firstChild);
+  /// To be called after it.
+  void afterReplace(const Change& change);
 
   /// To be called when a child has got another type.
-  void typeChanged(const Arbor::Node* firstChild) const;
+  void typeChanged() const;
 
-  /// The ObjStyle children of that type, in document order.
-  std::span<const ObjStyle* const> stylesOf(Token type) const;
+  /// The ObjStyle children of that type, in document order. `container` is the element whose index
+  /// this is.
+  std::span<const ObjStyle* const> stylesOf(const Arbor::Node& container, Token type) const;
 
   /// The nearest container with styles: the element `node` or an ancestor of it. Null if there is
   /// none.
@@ -60,9 +61,14 @@ class StyleIndex {
  private:
   using StylesByType = std::map<Token, std::vector<const ObjStyle*>>;
 
-  void addStyles(const Arbor::Node* node) const;
+  struct Styles {
+    StylesByType byType;
+    bool isOutdated = false;  // the next search sorts the children anew
+  };
 
-  mutable std::unique_ptr<StylesByType> styles_;  // null for none
+  static void addStyles(const Arbor::Node* node, StylesByType& byType);
+
+  std::unique_ptr<Styles> styles_;  // null for a container that never had any
 
   // For a container without styles: the nearest around it that has some, as long as the stamp is
   // the current one.
@@ -82,7 +88,7 @@ class StyleScope : public Base {
   void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override {
     const StyleIndex::Change change = StyleIndex::beforeReplace(first, count, newChildren);
     Base::doReplaceChildren(first, count, newChildren);
-    if constexpr (hasStyles) index_.afterReplace(change, this->firstChild());
+    if constexpr (hasStyles) index_.afterReplace(change);
   }
 
  protected:

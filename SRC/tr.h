@@ -28,6 +28,7 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
   FrameTime frameTime_;
 };
 
+/// A map of the plane: a matrix of two rows, and a shift.
 class Tr2d final : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr2d;
@@ -41,6 +42,7 @@ class Tr2d final : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
   Stored<P2> row2;
 };
 
+/// A map of space: a matrix of three rows, and a shift.
 class Tr3d final : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr3d;

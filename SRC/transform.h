@@ -38,6 +38,7 @@ class TransformBase
   TransformBase(const TransformBase&) = default;
 };
 
+/// A transform of objects in the plane.
 class Transform2d final : public ElementOf<Transform2d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform2d;
@@ -46,6 +47,7 @@ class Transform2d final : public ElementOf<Transform2d, TransformBase> {
   bool isContentName(Token child) const override;
 };
 
+/// A transform of objects in space.
 class Transform3d final : public ElementOf<Transform3d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform3d;

@@ -11,7 +11,9 @@ class Operation {
   Operation& operator=(const Operation&) = delete;
   virtual ~Operation() = default;
 
+  /// Does the change.
   virtual void execute() = 0;
+  /// Takes it back. To be called in the state that execute() or redo() left.
   virtual void undo() = 0;
 
   /// Does the change again after undo().

@@ -26,8 +26,14 @@ class PointAsDecimalMark {
  public:
   PointAsDecimalMark() {
     if (*nl_langinfo(RADIXCHAR) == '.') return;
-    withPoint_ = newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr)));
-    if (withPoint_) before_ = uselocale(withPoint_);
+    const locale_t present = duplocale(uselocale(nullptr));
+    if (!present) return;
+    withPoint_ = newlocale(LC_NUMERIC_MASK, "C", present);
+    if (withPoint_) {
+      before_ = uselocale(withPoint_);
+    } else {
+      freelocale(present);
+    }
   }
   PointAsDecimalMark(const PointAsDecimalMark&) = delete;
   PointAsDecimalMark& operator=(const PointAsDecimalMark&) = delete;
@@ -190,8 +196,10 @@ bool scanOnlyShortDecimals(const char* text, std::span<double> numbers) {
   };
   for (double& number : numbers) {
     skipBlanks();
-    text = readShortDecimal(text, number);
+    double value = 0;
+    text = readShortDecimal(text, value);
     if (!text || !isNumberEnd(*text)) return false;
+    number = value;
   }
   skipBlanks();
   return *text == '\0';

@@ -50,6 +50,16 @@ const char* TokenTable::find(const char* text) {
   return findUnlocked(text);
 }
 
+std::int32_t TokenTable::count() const {
+  const std::lock_guard lock(mutex_);
+  return count_;
+}
+
+std::int32_t TokenTable::capacity() const {
+  const std::lock_guard lock(mutex_);
+  return static_cast<std::int32_t>(slots_.size() / 2);
+}
+
 const char* TokenTable::findUnlocked(const char* text) const {
   return slots_.empty() ? nullptr : slots_[slotOf(text)];
 }

@@ -26,9 +26,9 @@ class TokenTable {
   /// The interned text that equals `text`, or null.
   const char* find(const char* text);
 
-  std::int32_t count() const { return count_; }
+  std::int32_t count() const;
   /// The number of texts for which there is room; it doubles when they are more.
-  std::int32_t capacity() const { return static_cast<std::int32_t>(slots_.size() / 2); }
+  std::int32_t capacity() const;
 
   /// Guards the whole table. Recursive, so that an operation may call another.
   std::recursive_mutex& mutex() { return mutex_; }
@@ -38,7 +38,7 @@ class TokenTable {
   std::size_t slotOf(const char* text) const;
   void reserveOne();
 
-  std::recursive_mutex mutex_;
+  mutable std::recursive_mutex mutex_;
   std::vector<const char*> slots_;  // hashed, with open addressing; at most half of them are taken
   std::int32_t count_ = 0;
   std::vector<char*> owned_;

@@ -1,5 +1,6 @@
 #include "base/vocabulary.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -13,8 +14,20 @@ constexpr std::array<std::string_view, wordCount + 1> texts = {
 #include "base/vocabulary.def"
 };
 
-constexpr std::size_t shortestWord = 2;
-constexpr std::size_t longestWord = 25;
+struct Lengths {
+  std::size_t shortest = texts[1].size();
+  std::size_t longest = 0;
+};
+
+constexpr Lengths lengths = [] {
+  Lengths found;
+  for (std::size_t id = 1; id < texts.size(); ++id) {
+    found.shortest = std::min(found.shortest, texts[id].size());
+    found.longest = std::max(found.longest, texts[id].size());
+  }
+  return found;
+}();
+static_assert(lengths.shortest >= 2, "the hash looks at the last two characters");
 
 // Open addressing in a table four times the size of the vocabulary: nearly every word, and nearly
 // every text that is no word, is settled by its first slot.
@@ -45,7 +58,7 @@ constexpr auto slots = [] {
 }  // namespace
 
 WordId findWord(std::string_view text) {
-  if (text.size() < shortestWord || text.size() > longestWord) return WordId::none;
+  if (text.size() < lengths.shortest || text.size() > lengths.longest) return WordId::none;
   for (std::size_t slot = firstSlot(text); slots[slot] != 0; slot = (slot + 1) % slotCount) {
     if (texts[slots[slot]] == text) return static_cast<WordId>(slots[slot]);
   }

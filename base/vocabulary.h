@@ -15,9 +15,10 @@ enum class WordId : int {
   none = 0,
 #define WORD(name, text) name,
 #include "base/vocabulary.def"
+  pastLast
 };
 
-inline constexpr int wordCount = 528;
+inline constexpr int wordCount = static_cast<int>(WordId::pastLast) - 1;
 
 /// The texts of all words in rows of one size, by number, with an empty one at 0. A token holds the
 /// address of its text, so its row tells its number, and tokens of words stand in the order of

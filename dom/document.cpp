@@ -138,15 +138,9 @@ void Document::endBatch() {
 
 void Document::execute(std::unique_ptr<Ubase::Operation> operation) {
   if (!operation) return;
-  ++executionDepth_;
+  beforeExecution();
   operation->execute();
   history_.add(std::move(operation));
-  afterExecution();
-}
-
-void Document::executeUnrecorded(Ubase::Operation& operation) {
-  ++executionDepth_;
-  operation.execute();
   afterExecution();
 }
 

@@ -72,8 +72,9 @@ class Document : public InnerNode {
   template <class Operation, class... Arguments>
   void perform(const Arguments&... arguments) {
     if (isInBatch()) {
-      Operation operation(arguments...);
-      executeUnrecorded(operation);
+      beforeExecution();
+      Operation(arguments...).execute();
+      afterExecution();
     } else {
       execute(std::make_unique<Operation>(arguments...));
     }
@@ -125,7 +126,7 @@ class Document : public InnerNode {
   void nodeMade() { ++nodeCount_; }
   void nodeGone();
 
-  void executeUnrecorded(Ubase::Operation& operation);
+  void beforeExecution() { ++executionDepth_; }
   void afterExecution();
 
   /// The first selected and live range from `range` on, or null.

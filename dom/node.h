@@ -83,7 +83,8 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// The parent's call comes before those of its children.
   virtual void attachedToDocument() {}
 
-  /// Writes the node with all below it as XML, and returns the stream.
+  /// Writes the node with all below it as XML, and returns the stream. Throws
+  /// Ubase::BadUnicodeString for a text that the locale cannot hold.
   virtual std::ostream& writeXml(std::ostream& out) const = 0;
 
   /// A read-only node refuses every change with NoModificationAllowed.

@@ -9,6 +9,7 @@ namespace PlotDom {
 
 // A field with fewer vectors than its grid has nodes is not written; surplus vectors are ignored.
 
+/// Writes the vectors as arrows from the nodes of the grid.
 void emitField3d(GeometryOutput& out, const Field3d& field);
 void emitField2d(GeometryOutput& out, const Field2d& field);
 

@@ -55,10 +55,10 @@ bool isConstrained(const CoordinateSystemBase& coordinateSystem) {
 double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                        const Bounds& bounds) {
   if (!bounds.isKnown2d()) return 1;
-  const PlotElement* canvas = coordinateSystem.plotDocument()->documentElement();
-  if (!canvas || canvas->tagName() != Word::Canvas) return 1;
-  double width = propertyValue<double>(*canvas, Word::Width);
-  double height = propertyValue<double>(*canvas, Word::Height);
+  const PlotElement* root = coordinateSystem.plotDocument()->documentElement();
+  if (!root || !root->hasProperty(Word::Width) || !root->hasProperty(Word::Height)) return 1;
+  double width = propertyValue<double>(*root, Word::Width);
+  double height = propertyValue<double>(*root, Word::Height);
   if (!(width > 0 && height > 0)) {
     width = 1;
     height = defaultAspect;

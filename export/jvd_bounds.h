@@ -19,6 +19,7 @@ struct AxisRange {
   double size() const { return std::abs(max - min); }
 };
 
+/// The viewing box as far as the document tells it.
 struct Bounds {
   AxisRange x;
   AxisRange y;

@@ -7,6 +7,7 @@
 
 namespace PlotDom {
 
+/// Writes one scene: its visible objects, each with the image and under the transforms of the time.
 class JVXWriter : public JavaViewWriter {
  public:
   using JavaViewWriter::JavaViewWriter;
@@ -14,7 +15,8 @@ class JVXWriter : public JavaViewWriter {
   /// Writes a document with a time range as a series of files, from its begin on with `frames`
   /// (above 0) files to a unit of time, the last one at its end. Their number stands before the
   /// last dot of `fileName`: "movie.jvx" becomes "movie.1.jvx" and so on. Throws
-  /// JavaViewExportError; the files of earlier frames stay then.
+  /// JavaViewExportError, and Ubase::BadUnicodeString for a text that the locale cannot hold; the
+  /// files of earlier frames stay then.
   void writeAnimation(int frames, const char* fileName);
 
   /// Asked before a file that exists is replaced; false ends the animation. When `overwriteAll` is

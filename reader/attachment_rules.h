@@ -23,6 +23,7 @@ enum class Content {
   words  ///< a list of colours or numbers
 };
 
+/// What the reader does with the elements of a class.
 struct AttachmentRule {
   Place place = Place::append;
   Required required = Required::nothing;

@@ -47,14 +47,16 @@ bool scanPlainPoint(const char* text, P3& point) {
   return true;
 }
 
-// A mesh says how many points it has. Room is made in that direction, but never for more than the
-// points so far vouch for.
+// A mesh says how many points it has. Room is made in that direction, but never for more than a few
+// times the points that have come.
 void makeRoom(P3List& list) {
+  constexpr std::size_t largestGrowth = 4;
   std::vector<P3>& points = list.points;
   if (points.size() < points.capacity() || list.tagName() != Word::Mesh3d) return;
   const auto& mesh = static_cast<const Mesh3d&>(list);
   const auto countOf = [](std::int32_t n) { return static_cast<std::size_t>(std::max(n, 0)); };
-  points.reserve(std::min(countOf(mesh.uMesh()) * countOf(mesh.vMesh()), points.size() * 16));
+  points.reserve(
+      std::min(countOf(mesh.uMesh()) * countOf(mesh.vMesh()), points.size() * largestGrowth));
 }
 
 bool isFormOf(const P3List& list, const WordCounts& words) {

@@ -245,6 +245,27 @@ TEST_F(GrammarTest, RemovingAnOptionMakesRoomForAnother) {
   EXPECT_EQ(takeComplaints(), "");
 }
 
+TEST_F(GrammarTest, AnOptionIsFoundAsLongAsItIsThere) {
+  const Ref<PlotElement> system(document->createElement(Word::CoordinateSystem2d));
+  const Ref<PlotElement> object(document->createElement(Word::Obj2d));
+  const Ref<PlotElement> title(document->createElement(Word::XAxisTitle));
+  const Ref<PlotElement> other(document->createElement(Word::XAxisTitle));
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), nullptr);
+  system->appendChild(object.get());
+  system->appendChild(title.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), title.get());
+  EXPECT_EQ(system->firstChildByName(Word::YAxisTitle), nullptr);
+  EXPECT_EQ(system->firstChildByName(Word::Obj2d), object.get());
+
+  const Ref<Arbor::Node> copy = system->cloneNode(true);
+  EXPECT_EQ(copy->firstChildByName(Word::XAxisTitle), copy->lastChild());
+
+  system->replaceChild(other.get(), title.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), other.get());
+  system->removeChild(other.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), nullptr);
+}
+
 TEST_F(GrammarTest, OptionsOfOtherClassesOfTheFamilyAreIllegal) {
   const auto answer = [this](Token parent, Token child) {
     return answerOf(*make(parent), make(child).get());

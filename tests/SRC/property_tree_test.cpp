@@ -1,10 +1,14 @@
 // The description of properties for a host.
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
+#include <thread>
+#include <vector>
 
 #include "SRC/property_categories.h"
 #include "SRC/property_info.h"
+#include "SRC/property_tree.h"
 #include "catalogue.h"
 #include "plot_test.h"
 
@@ -293,6 +297,17 @@ TEST_F(PropertyTreeTest, AnExample) {
   EXPECT_EQ(textOfString(surface[1]->enumWords()), "Flat Smooth");
   EXPECT_FALSE(surface[1]->recalc());
   EXPECT_EQ(surface[1]->opt(), Word::Shading);
+}
+
+TEST(PropertyInfoTree, ThreadsThatAskAtOnceGetTheSameTree) {
+  std::array<const ObjType*, 4> found{};
+  std::vector<std::thread> threads;
+  for (const ObjType*& tree : found) {
+    threads.emplace_back([&tree] { tree = PlotDom::findPropertyInfo(Word::Mesh3d); });
+  }
+  for (std::thread& thread : threads) thread.join();
+  ASSERT_NE(found[0], nullptr);
+  for (const ObjType* tree : found) EXPECT_EQ(tree, found[0]);
 }
 
 }  // namespace

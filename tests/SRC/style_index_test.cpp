@@ -68,6 +68,34 @@ TEST_F(StyleIndexes, FollowStylesThatComeAndGo) {
   EXPECT_EQ(object->lineWidth(), 0.5);
 }
 
+TEST_F(StyleIndexes, FollowTypesThatChange) {
+  const Ref<Obj2d> object = make<Obj2d>();
+  object->setAttributeFromString(Word::Type, "Curve2d");
+  system_->appendChild(object.get());
+  const Ref<ObjStyle> first = style("1");
+  const Ref<ObjStyle> second = style("2");
+  system_->appendChild(first.get());
+  system_->appendChild(second.get());
+  EXPECT_EQ(object->lineWidth(), 1);
+
+  document_->startUndoGroup();
+  second->setAttributeFromString(Word::Type, "Curve2d");
+  EXPECT_EQ(object->lineWidth(), 2) << "the style of the type comes before the default";
+  document_->startUndoGroup();
+  first->setAttributeFromString(Word::Type, "Curve2d");
+  EXPECT_EQ(object->lineWidth(), 1) << "the first in document order wins";
+  document_->startUndoGroup();
+  first->setAttributeFromString(Word::Type, "Surface");
+  EXPECT_EQ(object->lineWidth(), 2);
+  document_->undo();
+  EXPECT_EQ(object->lineWidth(), 1);
+  document_->undo();
+  document_->undo();
+  EXPECT_EQ(object->lineWidth(), 1);
+  document_->redo();
+  EXPECT_EQ(object->lineWidth(), 2);
+}
+
 TEST_F(StyleIndexes, FollowContainersThatMove) {
   const Ref<Group2d> styled = make<Group2d>();
   const Ref<Group2d> moving = make<Group2d>();

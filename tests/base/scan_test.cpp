@@ -120,6 +120,17 @@ TEST(Scan, LeavesTheTargetAloneWithoutANumber) {
   EXPECT_STREQ(word.data(), "seven");
 }
 
+TEST(Scan, LeavesTheTargetAloneWhereATextOnlyBeginsLikeANumber) {
+  for (const char* text : {"0xg", "0x", "-0x"}) {
+    std::array<double, 2> numbers{7, 8};
+    EXPECT_EQ(scanDoubles(text, numbers), 0) << text;
+    EXPECT_EQ(numbers[0], 7) << text;
+  }
+  std::array<double, 3> numbers{7, 8, 9};
+  EXPECT_EQ(scanDoubles("1 2 0xg", numbers), 2);
+  EXPECT_EQ(numbers[2], 9);
+}
+
 TEST(Scan, SaturatesLongsAt32Bits) {
   std::int32_t number = 0;
   EXPECT_TRUE(scanLong("2147483647", number));

@@ -209,6 +209,18 @@ TEST(TokenTable, LetsItsOwnThreadInAgain) {
 
 // ---- The vocabulary ----
 
+TEST(Vocabulary, TellsTheNumberOfATokenAndNoneForAllOthers) {
+  for (int id = 1; id <= wordCount; ++id) {
+    EXPECT_EQ(wordOf(tokenById(id)), static_cast<WordId>(id));
+    EXPECT_EQ(wordOf(Token(std::string(tokenById(id).str()).c_str(), true)),
+              static_cast<WordId>(id));
+  }
+  for (const Token other :
+       {Token(), Token("", true), Token("#text", false), Token("radius", true)}) {
+    EXPECT_EQ(wordOf(other), WordId::none);
+  }
+}
+
 TEST(Vocabulary, HasItsWordsInTheOrderOfTheirNumbers) {
   EXPECT_EQ(wordCount, 528);
   for (int id = 2; id <= wordCount; ++id) {

@@ -1,5 +1,9 @@
 #include "dom/text.h"
 
+#include <clocale>
+#include <string>
+
+#include "base/text_errors.h"
 #include "test_document.h"
 
 namespace {
@@ -167,6 +171,16 @@ TEST_F(TextTest, IsWrittenWithEntities) {
   EXPECT_EQ(toXml(*document->text("a<b & \"c\" > 'd'")),
             "a&lt;b &amp; &quot;c&quot; &gt; &apos;d&apos;");
   EXPECT_EQ(toXml(*document->text("")), "");
+}
+
+TEST_F(TextTest, IsWrittenInUtf8OrRefused) {
+  const std::string before = std::setlocale(LC_CTYPE, nullptr);
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  EXPECT_EQ(toXml(*document->text("\xC3\xA9<")), "\xC3\xA9&lt;");
+  EXPECT_THROW(toXml(*document->text("\xFF")), Ubase::BadUnicodeString);
+  std::setlocale(LC_CTYPE, "C");
+  EXPECT_THROW(toXml(*document->text("\xC3\xA9")), Ubase::BadUnicodeString);
+  std::setlocale(LC_CTYPE, before.c_str());
 }
 
 TEST_F(TextTest, SplitsInTheDocumentSoThatItCanBeUndone) {

@@ -103,6 +103,13 @@ TEST(ColorWriterTest, FindsTheHueOfTies) {
   EXPECT_EQ(rainbow(magenta, red, 1), entry(255, 0, 255));
 }
 
+TEST(ColorWriterTest, TakesHuesOutsideOfTheCircleForTheLastSector) {
+  // -240 degrees, full and saturated.
+  EXPECT_EQ(rainbow(red, blue, 2), entry(255, 0, 255));
+  // A sector that no integer holds, and channels that none holds either.
+  EXPECT_EQ(rainbow(red, RGBA(128, 64, 64), 1e300), entry(0, 0, 0));
+}
+
 TEST(ColorWriterTest, TakesTheLongWayRound) {
   // From 120 degrees on to 60 and a full turn.
   EXPECT_EQ(rainbow(green, yellow, 1), entry(0, 255, 0));

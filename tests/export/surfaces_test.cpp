@@ -790,20 +790,23 @@ TEST(Surf3dTest, RefusesUnknownTypesAfterThePoints) {
       }
     });
   };
-  for (const char* type : {"Lines", "Spheres"}) {
+  for (const char* type : {"Lines", "Spheres", ""}) {  // none is "Lines"
+    const auto typed = [type](const Attributes& attributes) {
+      return *type ? ofType(type, attributes) : attributes;
+    };
     std::string error;
-    const std::string filled = convertDirectly(ofType(type, {{Word::Filled, "true"}}), error);
+    const std::string filled = convertDirectly(typed({{Word::Filled, "true"}}), error);
     EXPECT_EQ(error, "unknown Surf3d type");
     EXPECT_TRUE(filled.ends_with("</points>\n</pointSet>\n"));
 
     error.clear();
-    const std::string wire = convertDirectly(ofType(type, wireOnly), error);
+    const std::string wire = convertDirectly(typed(wireOnly), error);
     EXPECT_EQ(error, "unknown Surf3d type");
     EXPECT_TRUE(wire.ends_with("</points>\n</pointSet>\n"));
 
     error.clear();
-    const std::string points = convertDirectly(
-        ofType(type, {{Word::Filled, "false"}, {Word::MeshVisible, "false"}}), error);
+    const std::string points =
+        convertDirectly(typed({{Word::Filled, "false"}, {Word::MeshVisible, "false"}}), error);
     EXPECT_EQ(error, "");
     EXPECT_TRUE(points.ends_with("</geometry>\n"));
   }

@@ -246,6 +246,24 @@ TEST(DataParsing, RefusesBadArrays) {
   }
 }
 
+TEST(DataParsing, AMeshHasRoomForThePointsThatItAnnounces) {
+  std::string points;
+  for (int i = 0; i < 300; ++i) points += "<P3>1 2 3</P3>";
+  const auto meshOf = [&points](const std::string& size) {
+    return inSpace("<Mesh3d " + size + ">" + points + "</Mesh3d>");
+  };
+  Reading announced(meshOf("UMesh=\"20\" VMesh=\"15\""));
+  EXPECT_EQ(announced.first<Mesh3d>().points.size(), 300u);
+  EXPECT_EQ(announced.first<Mesh3d>().points.capacity(), 300u);
+
+  for (const char* size :
+       {"UMesh=\"2147483647\" VMesh=\"2147483647\"", "UMesh=\"2\" VMesh=\"2\"", ""}) {
+    Reading reading(meshOf(size));
+    EXPECT_EQ(reading.first<Mesh3d>().points.size(), 300u) << size;
+    EXPECT_LE(reading.first<Mesh3d>().points.capacity(), 4 * 300u) << size;
+  }
+}
+
 TEST(DataParsing, WritesPointsBackInTheirForm) {
   const std::string points =
       "<P3>1 2.5 3 0 0 1 #ff0000 #00ff0080</P3><P3>4 5 6 0 1 0 #000000 #ffffff</P3>";

@@ -46,6 +46,12 @@ TEST(XmlParser, SplitsNamespaceAndLocalName) {
             "<{urn:one}a x=1 {urn:two}y=2><{urn:two}b></{urn:two}b></{urn:one}a>");
 }
 
+TEST(XmlParser, TellsNamespacesApartThatBeginAlike) {
+  EXPECT_EQ(
+      eventsOf("<p:a xmlns:p='urn:a' xmlns:q='urn:ab' p:x='1' q:x='2'><q:b/><p:c/></p:a>"),
+      "<{urn:a}a {urn:a}x=1 {urn:ab}x=2><{urn:ab}b></{urn:ab}b><{urn:a}c></{urn:a}c></{urn:a}a>");
+}
+
 TEST(XmlParser, ElementWithoutNamespaceWithinOneThatHasIt) {
   EXPECT_EQ(eventsOf("<a xmlns='urn:one'><b xmlns=''/></a>"), "<{urn:one}a><b></b></{urn:one}a>");
 }
@@ -227,6 +233,21 @@ class ThrowingHandler : public RecordingHandler {
 class XmlParserThrows : public testing::TestWithParam<ThrowAt> {};
 
 }  // namespace
+
+TEST(XmlParser, AHandlerMayBeginToSkipByItself) {
+  class SkippingHandler : public RecordingHandler {
+   public:
+    void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
+                      const Xml::AttributeList& attributes) override {
+      RecordingHandler::startElement(namespaceId, elementId, attributes);
+      if (!attributes.empty()) enterSkipped();
+    }
+  };
+  SkippingHandler handler;
+  Xml::Parser parser(&handler, true, nullptr);
+  parseWhole(parser, "<a><b x='1'><c/></b><d/></a>");
+  EXPECT_EQ(handler.log, "<a><b x=1><d></d></a>");
+}
 
 TEST_P(XmlParserThrows, ExceptionOfTheHandlerLeavesParse) {
   ThrowingHandler handler(GetParam());

@@ -9,6 +9,7 @@
 #include "SRC/object.h"
 #include "SRC/poly2d.h"
 #include "SRC/scene.h"
+#include "reader/zrd_names.h"
 #include "reading.h"
 
 namespace {
@@ -97,6 +98,22 @@ TEST(ZrdParserHandler, TakesElementsWithoutANamespace) {
   Reading reading("<z:Canvas xmlns:z=\"urn:x/xml/Corvane\"><Scene2d/><z:Scene2d/></z:Canvas>");
   EXPECT_EQ(reading.first<Canvas>().length(), 2u);
   EXPECT_EQ(reading.complaints(), "");
+}
+
+TEST(ZrdParserHandler, TakesAttributesOfTheFormatsNamespace) {
+  Reading reading("<z:Canvas xmlns:z=\"urn:x/xml/Corvane\" z:Width=\"7\"/>");
+  EXPECT_EQ(reading.first<Canvas>().width(), 7);
+  EXPECT_EQ(reading.complaints(), "");
+}
+
+TEST(ZrdNames, NamespaceOfTheFormatIsToldByItsEnd) {
+  EXPECT_TRUE(isFormatNamespace("http://www.example.org/xml/Corvane"));
+  EXPECT_TRUE(isFormatNamespace("/xml/Corvane"));
+  EXPECT_FALSE(isFormatNamespace("fooxml/Corvane"));
+  EXPECT_FALSE(isFormatNamespace("xml/Corvane"));
+  EXPECT_FALSE(isFormatNamespace("http://www.example.org/xml/corvane"));
+  EXPECT_FALSE(isFormatNamespace("http://www.example.org/xml/Corvane/"));
+  EXPECT_FALSE(isFormatNamespace(""));
 }
 
 TEST(ZrdParserHandler, SkipsWhatHasAnotherNamespace) {
