@@ -6,6 +6,7 @@
 #include <functional>
 #include <set>
 
+#include "../locale_guard.h"
 #include "SRC/cmd_writer.h"
 #include "SRC/element_factory.h"
 #include "SRC/stored.h"
@@ -82,6 +83,8 @@ const char* someText(ValueType type) {
 }
 
 class CatalogueTest : public PlotTest {
+  LocaleGuard numbers_{LC_NUMERIC, "C"};  // for the texts of the expected values
+
  protected:
   /// Calls `check(element, expected)` for every property of every class, with a new element.
   void forEachProperty(

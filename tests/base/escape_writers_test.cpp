@@ -6,8 +6,8 @@
 #include <sstream>
 #include <string>
 
+#include "../locale_guard.h"
 #include "base/text_errors.h"
-#include "locale_guard.h"
 
 namespace {
 

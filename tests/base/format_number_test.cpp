@@ -14,6 +14,7 @@
 #include <string>
 #include <utility>
 
+#include "../locale_guard.h"
 #include "samples.h"
 
 namespace {
@@ -44,6 +45,11 @@ double decimal(std::string digits, int exponent) {
 }
 
 // Compares with the C library, which is the slow part: hence no std::string on the way.
+/// The library that is compared with has the decimal mark of its locale.
+class FormatDouble : public testing::Test {
+  LocaleGuard numbers_{LC_NUMERIC, "C"};
+};
+
 void expectAsPrintf(double number) {
   std::array<char, 40> expected;
   std::array<char, 40> actual;
@@ -65,7 +71,7 @@ void expectAsPrintfWithNeighbours(double number) {
   }
 }
 
-TEST(FormatDouble, KeepsSixSignificantDigits) {
+TEST_F(FormatDouble, KeepsSixSignificantDigits) {
   const std::pair<double, const char*> cases[] = {
       {0.0, "0"},
       {-0.0, "-0"},
@@ -96,7 +102,7 @@ TEST(FormatDouble, KeepsSixSignificantDigits) {
   for (const auto& [number, expected] : cases) EXPECT_EQ(text(number), expected);
 }
 
-TEST(FormatDouble, RoundsUpIntoAnotherDigit) {
+TEST_F(FormatDouble, RoundsUpIntoAnotherDigit) {
   EXPECT_EQ(text(999999.4), "999999");
   EXPECT_EQ(text(999999.6), "1e+06");
   EXPECT_EQ(text(99999.96), "100000");
@@ -106,7 +112,7 @@ TEST(FormatDouble, RoundsUpIntoAnotherDigit) {
   EXPECT_EQ(text(9.9999996e99), "1e+100");
 }
 
-TEST(FormatDouble, TakesTheEvenDigitHalfWay) {
+TEST_F(FormatDouble, TakesTheEvenDigitHalfWay) {
   EXPECT_EQ(text(100000.5), "100000");
   EXPECT_EQ(text(100001.5), "100002");
   EXPECT_EQ(text(999999.5), "1e+06");
@@ -119,7 +125,7 @@ TEST(FormatDouble, TakesTheEvenDigitHalfWay) {
   EXPECT_EQ(text(1.000015e20), "1.00002e+20");
 }
 
-TEST(FormatDouble, NamesWhatIsNoNumber) {
+TEST_F(FormatDouble, NamesWhatIsNoNumber) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double infinity = std::numeric_limits<double>::infinity();
   EXPECT_EQ(text(nan), "nan");
@@ -131,12 +137,12 @@ TEST(FormatDouble, NamesWhatIsNoNumber) {
 
 // ---- Comparison with printf; VANTRY_SAMPLES=400 makes it more than 160 million numbers ----
 
-TEST(FormatDouble, WritesAnyBitsAsPrintf) {
+TEST_F(FormatDouble, WritesAnyBitsAsPrintf) {
   std::mt19937_64 random(1);
   for (long i = samples(100'000); i > 0; --i) expectAsPrintf(std::bit_cast<double>(random()));
 }
 
-TEST(FormatDouble, WritesPlotCoordinatesAsPrintf) {
+TEST_F(FormatDouble, WritesPlotCoordinatesAsPrintf) {
   std::mt19937_64 random(2);
   std::uniform_real_distribution<double> mantissa(-10, 10);
   std::uniform_int_distribution<int> magnitude(-7, 7);
@@ -145,7 +151,7 @@ TEST(FormatDouble, WritesPlotCoordinatesAsPrintf) {
   }
 }
 
-TEST(FormatDouble, WritesShortDecimalsAsPrintf) {
+TEST_F(FormatDouble, WritesShortDecimalsAsPrintf) {
   std::mt19937_64 random(3);
   std::uniform_int_distribution<int> digits(-9'999'999, 9'999'999);
   std::uniform_int_distribution<int> places(0, 12);
@@ -156,7 +162,7 @@ TEST(FormatDouble, WritesShortDecimalsAsPrintf) {
 
 // n + 1/2 with six digits in front, scaled by powers of ten while it stays exact, is half way
 // between two texts.
-TEST(FormatDouble, WritesHalfWaysAsPrintf) {
+TEST_F(FormatDouble, WritesHalfWaysAsPrintf) {
   std::mt19937_64 random(4);
   std::uniform_int_distribution<int> sixDigits(100'000, 999'999);
   std::uniform_int_distribution<int> scale(0, 15);
@@ -170,7 +176,7 @@ TEST(FormatDouble, WritesHalfWaysAsPrintf) {
   }
 }
 
-TEST(FormatDouble, WritesSubnormalsAsPrintf) {
+TEST_F(FormatDouble, WritesSubnormalsAsPrintf) {
   std::mt19937_64 random(5);
   for (long i = samples(30'000); i > 0; --i) {
     const std::uint64_t bits = random() >> (12 + random() % 52);
@@ -178,7 +184,7 @@ TEST(FormatDouble, WritesSubnormalsAsPrintf) {
   }
 }
 
-TEST(FormatDouble, WritesPowersOfTenAndTheirNeighboursAsPrintf) {
+TEST_F(FormatDouble, WritesPowersOfTenAndTheirNeighboursAsPrintf) {
   for (int exponent = -324; exponent <= 308; ++exponent) {
     const double power = decimal("1", exponent);
     double below = power;
@@ -196,14 +202,14 @@ TEST(FormatDouble, WritesPowersOfTenAndTheirNeighboursAsPrintf) {
   }
 }
 
-TEST(FormatDouble, WritesPowersOfTwoAndTheirNeighboursAsPrintf) {
+TEST_F(FormatDouble, WritesPowersOfTwoAndTheirNeighboursAsPrintf) {
   for (int exponent = -1074; exponent <= 1023; ++exponent) {
     expectAsPrintfWithNeighbours(std::ldexp(1.0, exponent));
   }
 }
 
 // Seven digits that end in 5 are half way as decimals; the double next to them hardly ever is.
-TEST(FormatDouble, WritesAlmostHalfWaysAsPrintf) {
+TEST_F(FormatDouble, WritesAlmostHalfWaysAsPrintf) {
   std::mt19937_64 random(7);
   std::uniform_int_distribution<int> sixDigits(100'000, 999'999);
   std::uniform_int_distribution<int> exponent(-330, 302);
@@ -215,7 +221,7 @@ TEST(FormatDouble, WritesAlmostHalfWaysAsPrintf) {
 
 // The closest that a double times a power of ten comes to half way without being there: less than
 // 2^-60 of the sixth digit away from it.
-TEST(FormatDouble, WritesTheNarrowestCasesAsPrintf) {
+TEST_F(FormatDouble, WritesTheNarrowestCasesAsPrintf) {
   for (const double number :
        {1.263005e+125, 1.263005e+126, 2.920845e+234, 3.789015e+125, 2.052025e+45, 9.088115e+112,
         9.088115e+113, 9.088115e+114, 1.448835e-173, 1.792115e+279, 1.049505e-06, 4.463855e-208,

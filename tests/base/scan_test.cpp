@@ -17,7 +17,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "locale_guard.h"
+#include "../locale_guard.h"
 #include "samples.h"
 
 namespace {
@@ -407,7 +407,10 @@ Outcome scanByScanPoint(const char* text, const PointFormat& format) {
   return result;
 }
 
-class ScanComparison : public testing::TestWithParam<PointFormat> {};
+/// The library that is compared with has the decimal mark of its locale.
+class ScanComparison : public testing::TestWithParam<PointFormat> {
+  LocaleGuard numbers_{LC_NUMERIC, "C"};
+};
 
 TEST_P(ScanComparison, ReadsGeneratedTextsAsTheLibrary) {
   const PointFormat format = GetParam();
@@ -432,6 +435,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PointFormat{" %lf %lf %lf %lf %lf %lf #%10s #%10s ", 6, 2}));
 
 TEST(ScanOfShortDecimals, ReadsGeneratedTextsAsTheLibraryOrNotAtAll) {
+  const LocaleGuard numbers(LC_NUMERIC, "C");
   const PointFormat format{" %lf %lf ", 2, 0};
   TextMaker maker(99);
   long taken = 0;

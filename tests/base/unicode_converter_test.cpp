@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "locale_guard.h"
+#include "../locale_guard.h"
 
 namespace {
 

@@ -8,6 +8,9 @@ class LocaleGuard {
  public:
   explicit LocaleGuard(int category)
       : category_(category), before_(std::setlocale(category, nullptr)) {}
+  LocaleGuard(int category, const char* name) : LocaleGuard(category) {
+    std::setlocale(category, name);
+  }
   LocaleGuard(const LocaleGuard&) = delete;
   LocaleGuard& operator=(const LocaleGuard&) = delete;
   ~LocaleGuard() { std::setlocale(category_, before_.c_str()); }
