@@ -7,6 +7,31 @@ namespace {
 
 using namespace ArborTest;
 
+/// Expects each live range to have both containers, in whatever trees of its document they are. Of
+/// the offsets nothing is said: changes of a detached tree are not told.
+void checkContainers(const std::vector<Ref<Range>>& ranges) {
+  for (const Ref<Range>& range : ranges) {
+    if (range->isDetached()) continue;
+    ASSERT_TRUE(range->startContainer() && range->endContainer());
+    EXPECT_EQ(range->startContainer()->ownerDocument(), range->ownerDocument());
+    EXPECT_EQ(range->endContainer()->ownerDocument(), range->ownerDocument());
+  }
+}
+
+/// Expects ranges that were set within the tree of the document to be there still, for what is
+/// taken out leaves them behind. Of the start offset nothing is said: an insertion before the end
+/// point moves the start point on, even behind the end of its container.
+void checkRangesInTree(const std::vector<Ref<Range>>& ranges) {
+  checkContainers(ranges);
+  for (const Ref<Range>& range : ranges) {
+    EXPECT_FALSE(range->isDetached());
+    for (const Node* container : {range->startContainer(), range->endContainer()}) {
+      EXPECT_TRUE(container == range->ownerDocument() || container->isInDocument());
+    }
+    EXPECT_LE(range->endOffset(), range->endContainer()->length());
+  }
+}
+
 class RandomChangeTest : public TreeTest, public testing::WithParamInterface<unsigned> {
  protected:
   unsigned below(unsigned bound) { return static_cast<unsigned>(random_() % bound); }
@@ -88,14 +113,21 @@ TEST_P(RandomChangeTest, AllIsUndoneAndRedone) {
     changeSomething();
     if (i % 50 == 0) checkLinks(*document);
     if (i % 10 == 0) document->undo();
+    checkRangesInTree(ranges);
   }
   const std::string after = xml();
 
   for (int round = 0; round < 3; ++round) {
-    while (document->canUndo()) document->undo();
+    while (document->canUndo()) {
+      document->undo();
+      checkRangesInTree(ranges);
+    }
     EXPECT_EQ(xml(), before);
     checkLinks(*document);
-    while (document->canRedo()) document->redo();
+    while (document->canRedo()) {
+      document->redo();
+      checkRangesInTree(ranges);
+    }
     EXPECT_EQ(xml(), after);
     checkLinks(*document);
   }
@@ -170,6 +202,8 @@ class RandomMischiefTest : public RandomChangeTest {
     if (!document->firstChild()) document->appendChild(document->createElement(token("r")));
   }
 
+  const std::vector<Ref<Range>>& ranges() const { return ranges_; }
+
  private:
   std::vector<Ref<Node>> aside_;
   std::vector<Ref<Range>> ranges_;
@@ -190,6 +224,7 @@ TEST_P(RandomMischiefTest, TheTreeStaysWhole) {
   for (int i = 0; i < 1000; ++i) {
     doMischief();
     checkLinks(*document);
+    checkContainers(ranges());
   }
   document->removeObserver(&meddler);
 }
