@@ -1,6 +1,6 @@
 // Random changes of a drawing, all undone and all redone.
+#include "../random_changes.h"
 #include "plot_test.h"
-#include "random_changes.h"
 
 namespace PlotDomTest {
 namespace {

@@ -3,9 +3,9 @@
 #include <tuple>
 #include <vector>
 
+#include "../random_changes.h"
 #include "dom/tree_walk.h"
 #include "examples.h"
-#include "random_changes.h"
 #include "reading.h"
 #include "tree_difference.h"
 
