@@ -547,7 +547,7 @@ TEST_F(StyleTest, TheColourInTheLegendIsThePropertyThatIsNamed) {
 }
 
 TEST_F(StyleTest, TheParameterRangeOfAnObject) {
-  const auto rangeOf = [this](Obj2d& element) {
+  const auto rangeOf = [](Obj2d& element) {
     double begin = 77;
     double end = 88;
     const bool isThere = element.parameterRange(begin, end);
