@@ -49,12 +49,11 @@ class NullStream : private std::streambuf, public std::ostream {
 
 /// Times `work` on each of `values`, and counts in numbers.
 template <class Values, class Work>
-void each(benchmark::State& state, const Values& values, std::size_t numbersEach, Work work) {
+void each(benchmark::State& state, const Values& values, std::int64_t numbersEach, Work work) {
   for (auto _ : state) {
     for (const auto& value : values) work(value);
   }
-  state.SetItemsProcessed(
-      static_cast<std::int64_t>(state.iterations() * values.size() * numbersEach));
+  state.SetItemsProcessed(state.iterations() * std::ssize(values) * numbersEach);
 }
 
 void scanPoint(benchmark::State& state) {
