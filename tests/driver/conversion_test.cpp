@@ -158,7 +158,7 @@ TEST_F(Conversion, AnimationWritesNumberedFilesOnly) {
 }
 
 TEST_F(Conversion, AnimationFileThatCannotBeOpened) {
-  std::filesystem::create_directory(folder_ / "out.2.jvx");
+  std::filesystem::create_directory(folder_.path() / "out.2.jvx");
   const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, kNoOutput);
@@ -333,7 +333,7 @@ TEST_F(Conversion, FullDiskIsNoSuccess) {
 }
 
 TEST_F(Conversion, FullDiskUnderAnAnimationIsNoSuccess) {
-  std::filesystem::create_symlink("/dev/full", folder_ / "out.2.jvx");
+  std::filesystem::create_symlink("/dev/full", folder_.path() / "out.2.jvx");
   const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, kNotWritten);

@@ -31,6 +31,12 @@ const std::string kLine =
     "<Obj2d Type=\"Line2d\"><Img2d><Line2d From=\"0 0\" To=\"3 4\"/></Img2d></Obj2d>";
 const std::string kLineOutput = "<p>0 0</p>\n<p>3 4</p>\n";
 
+/// An object with that text at (1, 2).
+std::string textObject(const std::string& text) {
+  return "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">" + text +
+         "</Text2d></Img2d></Obj2d>";
+}
+
 std::string repeated(const std::string& text, std::size_t count) {
   std::string all;
   all.reserve(text.size() * count);
@@ -188,9 +194,7 @@ TEST_F(HostileDocument, UnknownAttributeOfFiftyMegabytes) {
 
 TEST_F(HostileDocument, TextOfFiftyMegabytes) {
   const std::string text(50 * kMegabyte, 'y');
-  const Outcome outcome =
-      convert(kBegin + "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">" + text +
-              "</Text2d></Img2d></Obj2d>" + kEnd);
+  const Outcome outcome = convert(kBegin + textObject(text) + kEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   const std::string point = "<p name=\"" + text + "\">1 2</p>\n";
@@ -244,9 +248,7 @@ TEST_F(HostileDocument, RastersOfMoreCellsThanCanBeCounted) {
 TEST_F(HostileDocument, EntitiesExpandInTexts) {
   const Outcome outcome =
       convert("<!DOCTYPE Canvas [<!ENTITY two '&one; and &one;'><!ENTITY one 'lemon'>]>" + kBegin +
-              "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">&two;</Text2d></Img2d>"
-              "</Obj2d>" +
-              kEnd);
+              textObject("&two;") + kEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("<p name=\"lemon and lemon\">1 2</p>\n", outcome.out), 1U);
 }
@@ -270,11 +272,8 @@ TEST_F(HostileDocument, EntityThatHoldsItself) {
 
 TEST_F(HostileDocument, EntitiesOfOtherFilesAreNotRead) {
   write("secret.txt", "secret");
-  const Outcome outcome =
-      convert("<!DOCTYPE Canvas [<!ENTITY e SYSTEM 'secret.txt'>]>" + kBegin +
-              "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">&e;</Text2d></Img2d>"
-              "</Obj2d>" +
-              kEnd);
+  const Outcome outcome = convert("<!DOCTYPE Canvas [<!ENTITY e SYSTEM 'secret.txt'>]>" + kBegin +
+                                  textObject("&e;") + kEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("secret", outcome.out), 0U);
 }
@@ -293,10 +292,8 @@ TEST_F(HostileDocument, Utf16) {
 
 TEST_F(HostileDocument, Latin1) {
   setEnvironment("LC_ALL", "C.UTF-8");
-  const Outcome outcome = convert(
-      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + kBegin +
-      "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"1 2\">\xE9</Text2d></Img2d></Obj2d>" +
-      kEnd);
+  const Outcome outcome = convert("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + kBegin +
+                                  textObject("\xE9") + kEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("<p name=\"\xC3\xA9\">1 2</p>\n", outcome.out), 1U);
 }

@@ -44,14 +44,6 @@ std::string contentOf(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-ProgramTest::ProgramTest() {
-  std::string name = std::filesystem::temp_directory_path() / "vantry-test-XXXXXX";
-  if (!mkdtemp(name.data())) throw std::system_error(errno, std::generic_category(), name);
-  folder_ = name;
-}
-
-ProgramTest::~ProgramTest() { std::filesystem::remove_all(folder_); }
-
 Outcome ProgramTest::run(const std::vector<std::string>& arguments) const {
   return runInto(kCapturedOutput, arguments);
 }
@@ -65,7 +57,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   const pid_t child = fork();
   if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
   if (child == 0) {
-    if (chdir(folder_.c_str()) != 0) _exit(127);
+    if (chdir(folder_.path().c_str()) != 0) _exit(127);
     for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
     for (const auto& [resource, limit] : limits_) limitTo(resource, limit);
     redirect(STDERR_FILENO, kCapturedErrors);
@@ -83,20 +75,22 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
 }
 
 void ProgramTest::write(const std::string& name, std::string_view text) const {
-  std::ofstream file(folder_ / name, std::ios::binary);
+  std::ofstream file(folder_.path() / name, std::ios::binary);
   file << text;
   if (!file.flush()) throw std::runtime_error("can not write " + name);
 }
 
-std::string ProgramTest::read(const std::string& name) const { return contentOf(folder_ / name); }
+std::string ProgramTest::read(const std::string& name) const {
+  return contentOf(folder_.path() / name);
+}
 
 bool ProgramTest::exists(const std::string& name) const {
-  return std::filesystem::exists(folder_ / name);
+  return std::filesystem::exists(folder_.path() / name);
 }
 
 std::string ProgramTest::files() const {
   std::set<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
     names.insert(entry.path().filename());
   }
   names.erase(kCapturedOutput);

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "../temporary_folder.h"
+
 /// The content of a file.
 std::string contentOf(const std::filesystem::path& file);
 
@@ -24,9 +26,6 @@ struct Outcome {
 /// Each test has an empty folder, which is the program's current one.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest();
-  ~ProgramTest() override;
-
   /// Stands for a name of standard output: the program is started without one.
   static constexpr const char* kClosed = "";
 
@@ -52,7 +51,7 @@ class ProgramTest : public testing::Test {
   /// The names in the folder but for the captured output, sorted, with a blank between them.
   std::string files() const;
 
-  std::filesystem::path folder_;
+  const TemporaryFolder folder_;
 
  private:
   std::map<std::string, std::string> environment_;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "../temporary_folder.h"
 #include "conversion.h"
 
 namespace PlotDom {
@@ -13,23 +14,15 @@ namespace {
 namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 
-/// A new folder, which goes with all that is in it.
-class Folder {
+/// A folder of its own for the files of an animation.
+class Folder : public TemporaryFolder {
  public:
-  Folder() {
-    std::string name = testing::TempDir() + "animation_XXXXXX";
-    path_ = mkdtemp(name.data());
-  }
-  ~Folder() { fs::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  std::string operator/(const std::string& name) const { return path_ / name; }
+  std::string operator/(const std::string& name) const { return path() / name; }
 
   /// The files, in the order of their names; those below folders are not counted.
   Strings files() const {
     Strings names;
-    for (const auto& entry : fs::directory_iterator(path_)) {
+    for (const auto& entry : fs::directory_iterator(path())) {
       if (!entry.is_directory()) names.push_back(entry.path().filename());
     }
     std::sort(names.begin(), names.end());
@@ -38,16 +31,13 @@ class Folder {
 
   std::string read(const std::string& name) const {
     std::ostringstream content;
-    content << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+    content << std::ifstream(path() / name, std::ios::binary).rdbuf();
     return content.str();
   }
 
   void write(const std::string& name, const std::string& content) const {
-    std::ofstream(path_ / name) << content;
+    std::ofstream(path() / name) << content;
   }
-
- private:
-  fs::path path_;
 };
 
 /// A writer that tells what it is asked, and in place of a document writes the time.
