@@ -1,14 +1,13 @@
 // Elements that decide which children may stand below them.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <vector>
 
 #include "SRC/plot_element.h"
-#include "base/vocabulary.h"
+#include "base/word_table.h"
 
 namespace PlotDom {
 
@@ -40,16 +39,14 @@ class OptionTable {
   };
 
   constexpr OptionTable(std::initializer_list<Option> options) {
-    for (const Option& option : options) bits_[static_cast<std::size_t>(option.name)] = option.bit;
+    for (const Option& option : options) bits_[option.name] = option.bit;
   }
 
   /// The bit of `name`, 0 for any other name.
-  std::uint32_t bit(Token name) const {
-    return bits_[static_cast<std::size_t>(Ubase::wordOf(name))];
-  }
+  std::uint32_t bit(Token name) const { return bits_[name]; }
 
  private:
-  std::array<std::uint32_t, Ubase::wordCount + 1> bits_{};
+  Ubase::WordTable<std::uint32_t> bits_;
 };
 
 /// An element with option children, each of which may stand once, beside the plain ones.

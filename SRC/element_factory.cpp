@@ -48,6 +48,7 @@
 #include "SRC/transform.h"
 #include "SRC/vertical_asymptote.h"
 #include "SRC/view.h"
+#include "base/word_table.h"
 
 namespace PlotDom {
 
@@ -171,12 +172,12 @@ constexpr std::array elementClasses = {
     classOf<ZTicksDistance>(),
 };
 
-// The classes by the numbers of their names.
+// The classes by their names.
 const auto& classesByWord() {
   static const auto table = [] {
-    std::array<const ElementClass*, Ubase::wordCount + 1> classes{};
+    Ubase::WordTable<const ElementClass*> classes;
     for (const ElementClass& elementClass : elementClasses) {
-      classes[static_cast<std::size_t>(Ubase::wordOf(elementClass.name))] = &elementClass;
+      classes[elementClass.name] = &elementClass;
     }
     return classes;
   }();
@@ -186,7 +187,7 @@ const auto& classesByWord() {
 }  // namespace
 
 PlotElement* makeElement(Token name, PlotDocument& document) {
-  const ElementClass* found = classesByWord()[static_cast<std::size_t>(Ubase::wordOf(name))];
+  const ElementClass* found = classesByWord()[name];
   return found ? found->make(document) : nullptr;
 }
 

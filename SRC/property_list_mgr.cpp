@@ -37,13 +37,13 @@ void PropertyListMgr::add(std::unique_ptr<const Property> property) {
   const auto place = std::find_if(entries_.begin(), entries_.end(),
                                   [name](const auto& entry) { return name < entry.first; });
   assert(Ubase::wordOf(name) != Ubase::WordId::none);
-  byWord_[static_cast<std::size_t>(Ubase::wordOf(name))] = property.get();
+  byWord_[name] = property.get();
   entries_.emplace(place, name, std::move(property));
 }
 
 const Property* PropertyListMgr::find(Ubase::Token name) {
   ensureBuilt();
-  return byWord_[static_cast<std::size_t>(Ubase::wordOf(name))];
+  return byWord_[name];
 }
 
 const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>&

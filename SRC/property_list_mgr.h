@@ -1,7 +1,6 @@
 // The table of the properties of an element class.
 #pragma once
 
-#include <array>
 #include <atomic>
 #include <iosfwd>
 #include <memory>
@@ -9,7 +8,7 @@
 #include <vector>
 
 #include "SRC/property_impl.h"
-#include "base/vocabulary.h"
+#include "base/word_table.h"
 
 namespace PlotDom {
 
@@ -89,8 +88,8 @@ class PropertyListMgr {
 
   std::atomic<State> state_ = State::notBegun;
   std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
-  std::array<const Property*, Ubase::wordCount + 1> byWord_{};  // the entries again
-  std::vector<const Property*> inherited_;                      // those of them that inherit
+  Ubase::WordTable<const Property*> byWord_;  // the entries again
+  std::vector<const Property*> inherited_;    // those of them that inherit
   std::vector<const Property*> notInherited_;
 };
 

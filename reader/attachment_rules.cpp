@@ -1,7 +1,8 @@
 #include "reader/attachment_rules.h"
 
-#include <array>
 #include <initializer_list>
+
+#include "base/word_table.h"
 
 namespace PlotDom {
 
@@ -87,17 +88,15 @@ constexpr Row rows[] = {
 };
 
 constexpr auto rules = [] {
-  std::array<AttachmentRule, Ubase::wordCount + 1> table{};
+  Ubase::WordTable<AttachmentRule> table;
   for (const Row& row : rows) {
-    for (const WordId element : row.elements) table[static_cast<std::size_t>(element)] = row.rule;
+    for (const WordId element : row.elements) table[element] = row.rule;
   }
   return table;
 }();
 
 }  // namespace
 
-const AttachmentRule& attachmentRule(WordId element) {
-  return rules[static_cast<std::size_t>(element)];
-}
+const AttachmentRule& attachmentRule(WordId element) { return rules[element]; }
 
 }  // namespace PlotDom

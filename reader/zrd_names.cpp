@@ -1,8 +1,7 @@
 #include "reader/zrd_names.h"
 
-#include <array>
-
 #include "SRC/element_factory.h"
+#include "base/word_table.h"
 
 namespace PlotDom {
 
@@ -10,9 +9,7 @@ using Ubase::WordId;
 
 namespace {
 
-using WordSet = std::array<bool, Ubase::wordCount + 1>;
-
-std::size_t indexOf(WordId word) { return static_cast<std::size_t>(word); }
+using WordSet = Ubase::WordTable<bool>;
 
 constexpr WordId attributeNames[] = {
     WordId::AdaptiveMesh,
@@ -242,16 +239,16 @@ constexpr WordId attributeNames[] = {
 };
 
 const WordSet elements = [] {
-  WordSet set{};
-  for (const Ubase::Token name : elementNames()) set[indexOf(Ubase::findWord(name.str()))] = true;
-  set[indexOf(WordId::P2)] = true;
-  set[indexOf(WordId::P3)] = true;
+  WordSet set;
+  for (const Ubase::Token name : elementNames()) set[name] = true;
+  set[WordId::P2] = true;
+  set[WordId::P3] = true;
   return set;
 }();
 
 const WordSet attributes = [] {
-  WordSet set{};
-  for (const WordId name : attributeNames) set[indexOf(name)] = true;
+  WordSet set;
+  for (const WordId name : attributeNames) set[name] = true;
   return set;
 }();
 
@@ -259,8 +256,8 @@ const WordSet attributes = [] {
 
 bool isFormatNamespace(std::string_view uri) { return uri.ends_with("/xml/Corvane"); }
 
-bool isElementName(WordId word) { return elements[indexOf(word)]; }
+bool isElementName(WordId word) { return elements[word]; }
 
-bool isAttributeName(WordId word) { return attributes[indexOf(word)]; }
+bool isAttributeName(WordId word) { return attributes[word]; }
 
 }  // namespace PlotDom

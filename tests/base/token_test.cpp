@@ -15,6 +15,7 @@
 
 #include "base/token_table.h"
 #include "base/vocabulary.h"
+#include "base/word_table.h"
 
 namespace {
 
@@ -219,6 +220,20 @@ TEST(Vocabulary, TellsTheNumberOfATokenAndNoneForAllOthers) {
        {Token(), Token("", true), Token("#text", false), Token("radius", true)}) {
     EXPECT_EQ(wordOf(other), WordId::none);
   }
+}
+
+TEST(WordTable, HasAValueForEachWordAndOneForAllThatIsNone) {
+  WordTable<int> table;
+  for (int id = 0; id <= wordCount; ++id) EXPECT_EQ(table[static_cast<WordId>(id)], 0) << id;
+
+  for (int id = 1; id <= wordCount; ++id) table[tokenById(id)] = id;
+  const WordTable<int>& values = table;
+  for (int id = 1; id <= wordCount; ++id) {
+    EXPECT_EQ(values[static_cast<WordId>(id)], id);
+    EXPECT_EQ(values[tokenById(id)], id);
+  }
+  EXPECT_EQ(values[Token()], 0);
+  EXPECT_EQ(values[Token("radius", true)], 0);
 }
 
 TEST(Vocabulary, HasItsWordsInTheOrderOfTheirNumbers) {

@@ -1,0 +1,27 @@
+// A table with a value for each word of the vocabulary.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "base/vocabulary.h"
+
+namespace Ubase {
+
+/// A value for each word, and one more under WordId::none, which is what every token finds that
+/// is no word of the vocabulary. All begin as `Value()`. Nothing is searched.
+template <class Value>
+class WordTable {
+ public:
+  constexpr Value& operator[](WordId word) { return values_[static_cast<std::size_t>(word)]; }
+  constexpr const Value& operator[](WordId word) const {
+    return values_[static_cast<std::size_t>(word)];
+  }
+  Value& operator[](Token token) { return (*this)[wordOf(token)]; }
+  const Value& operator[](Token token) const { return (*this)[wordOf(token)]; }
+
+ private:
+  std::array<Value, wordCount + 1> values_{};
+};
+
+}  // namespace Ubase
