@@ -29,9 +29,9 @@ double ImgBase::frameTime() const {
   return frameTime_.of(*this, param(), isAnimatable);
 }
 
-void ImgBase::attachedToDocument() {
+void ImgBase::onAttached() {
   frameTime_.forget();
-  ContainerWithMembers::attachedToDocument();
+  ContainerWithMembers::onAttached();
 }
 
 bool ImgBase::parentPropertyChanged(PlotElement& source, Token name) {

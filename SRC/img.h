@@ -15,7 +15,7 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
   /// The time from which on the object looks like this; NaN if it is not animated.
   double frameTime() const;
 
-  void attachedToDocument() override;
+  void onAttached() override;
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
   static PropertyListMgr& propertyList();

@@ -12,7 +12,9 @@ ObjStyle::ObjStyle(const ObjStyle& other)
 
 void ObjStyle::doSetAttribute(Token name, const Variant& value) {
   ElementOf::doSetAttribute(name, value);
-  if (name == Word::Type) setLocalType(value.as<Ubase::TokenVariant>()->get());
+  if (name != Word::Type) return;
+  const auto* type = value.as<Ubase::TokenVariant>();
+  setLocalType(type ? type->get() : Token());
 }
 
 void ObjStyle::doRemoveAttribute(Token name) {

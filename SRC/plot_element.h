@@ -73,7 +73,8 @@ class PlotElement : public Arbor::Element {
   virtual bool parentPropertyChanged(PlotElement& source, Token name);
   /// `source` has a new value of `name`: a local value that has become the same may go.
   virtual void propertyChanged(PlotElement& source, Token name);
-  /// Removes all local values that are the same as what would be inherited, down the tree.
+  /// Removes all local values that are the same as what would be inherited, save mandatory ones;
+  /// an element with an attribute list then lets its children do so.
   virtual void dropInheritedProperties();
 
   // What a host may build on.

@@ -68,6 +68,7 @@ void PropertyListMgr::inheritAll(PlotElement& element) {
 
 void PropertyListMgr::dropAllInherited(PlotElement& element) {
   for (const auto& [name, property] : entries()) {
+    if (!property->isRemovable(element)) continue;
     const PlotElement* parent = element.styleParent(name);
     if (parent) property->dropIfInherited(element, *parent);
   }

@@ -33,7 +33,7 @@ class PropertyListMgr {
   /// Resolves each inherited member that is not set, through the element's style chain.
   void inheritAll(PlotElement& element);
 
-  /// Removes each local value that the element would inherit anyway.
+  /// Removes each local value that the element would inherit anyway and can do without.
   void dropAllInherited(PlotElement& element);
 
   /// Writes the attributes that the element has.

@@ -1,9 +1,12 @@
 #include "SRC/style_search.h"
 
+#include <algorithm>
 #include <atomic>
+#include <new>
 #include <utility>
 
 #include "SRC/obj_style.h"
+#include "dom/document.h"
 
 namespace PlotDom {
 
@@ -23,7 +26,7 @@ bool isStyle(const Arbor::Node& node) { return node.nodeName() == Word::ObjStyle
 }  // namespace
 
 StyleIndex::~StyleIndex() {
-  if (styles_) ++currentStamp;
+  if (state_ != State::none) ++currentStamp;
 }
 
 StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned count,
@@ -51,16 +54,22 @@ StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned 
   return change;
 }
 
-void StyleIndex::afterReplace(const Change& change) {
+void StyleIndex::afterReplace(const Change& change) noexcept {
   if (!change.isMixed && !change.appended) return;
-  if (!styles_) styles_ = std::make_unique<Styles>();
-  if (change.isMixed) styles_->isOutdated = true;
-  if (!styles_->isOutdated) addStyles(change.appended, styles_->byType);
-  ++currentStamp;
+  if (state_ == State::none && isPassed_) ++currentStamp;
+  const bool isSorted = state_ != State::outdated && !change.isMixed;
+  state_ = State::outdated;
+  if (!isSorted) return;
+  try {
+    addStyles(change.appended, byType_);
+    state_ = State::sorted;
+  } catch (const std::bad_alloc&) {
+    // The children are changed already. The next search tries again.
+  }
 }
 
 void StyleIndex::typeChanged() const {
-  if (styles_) styles_->isOutdated = true;
+  if (state_ == State::sorted) state_ = State::outdated;
 }
 
 void StyleIndex::addStyles(const Arbor::Node* node, StylesByType& byType) {
@@ -73,15 +82,14 @@ void StyleIndex::addStyles(const Arbor::Node* node, StylesByType& byType) {
 
 std::span<const ObjStyle* const> StyleIndex::stylesOf(const Arbor::Node& container,
                                                       Token type) const {
-  if (!styles_) return {};
-  if (styles_->isOutdated) {
+  if (state_ == State::outdated) {
     StylesByType byType;
     addStyles(container.firstChild(), byType);
-    styles_->byType = std::move(byType);
-    styles_->isOutdated = false;
+    byType_ = std::move(byType);
+    state_ = State::sorted;
   }
-  const auto found = styles_->byType.find(type);
-  if (found == styles_->byType.end()) return {};
+  const auto found = byType_.find(type);
+  if (found == byType_.end()) return {};
   return found->second;
 }
 
@@ -92,7 +100,7 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
   for (; end; end = end->parent()) {
     const StyleIndex* index = indexOf(*end);
     if (!index) continue;
-    if (index->styles_) {
+    if (index->state_ != State::none) {
       found = PlotElement::from(end);
       break;
     }
@@ -101,33 +109,61 @@ const PlotElement* StyleIndex::nearestStyled(const Arbor::Node* node) {
       break;
     }
   }
+  bool isPassed = false;
   for (; node != end; node = node->parent()) {
-    if (const StyleIndex* index = indexOf(*node)) {
-      index->outer_ = found;
-      index->stamp_ = stamp;
-    }
+    const StyleIndex* index = indexOf(*node);
+    if (!index) continue;
+    index->outer_ = found;
+    index->stamp_ = stamp;
+    index->isPassed_ |= isPassed;
+    isPassed = true;
   }
+  if (end) indexOf(*end)->isPassed_ |= isPassed;
   return found;
 }
 
 namespace {
 
+// The top of the tree that `node` is in.
+const Arbor::Node& rootOf(const Arbor::Node& node) {
+  if (node.isInDocument()) return *node.ownerDocument();
+  const Arbor::Node* root = &node;
+  while (root->parent()) root = root->parent();
+  return *root;
+}
+
 // Calls `use` with each container of styles around `start`, from the inside out, until it returns
-// true.
+// true. A document or fragment at the top is one as well, though it has no index.
 template <class Use>
 void forEachContainer(const Arbor::Node& start, Use use) {
   const PlotElement* container = StyleIndex::nearestStyled(start.parent());
-  while (container && !use(*container)) {
-    container = StyleIndex::nearestStyled(container->parent());
+  for (; container; container = StyleIndex::nearestStyled(container->parent())) {
+    if (use(*container)) return;
   }
+  const Arbor::Node& root = rootOf(start);
+  if (!root.asElement()) use(root);
 }
 
-std::span<const ObjStyle* const> stylesIn(const PlotElement& container, Token type) {
-  return container.styleIndex()->stylesOf(container, type);
+// Calls `use` with each style of that type in `container` until it returns true. The result says
+// whether it did.
+template <class Use>
+bool forEachStyle(const Arbor::Node& container, Token type, Use use) {
+  if (const StyleIndex* index = indexOf(container)) {
+    return std::ranges::any_of(index->stylesOf(container, type), use);
+  }
+  for (const Arbor::Node* child = container.firstChild(); child; child = child->nextSibling()) {
+    if (!isStyle(*child)) continue;
+    const auto* style = static_cast<const ObjStyle*>(child);
+    if (style->localType() == type && use(style)) return true;
+  }
+  return false;
 }
 
-void append(std::span<const ObjStyle* const> styles, StyleChain& chain) {
-  chain.insert(chain.end(), styles.begin(), styles.end());
+void collect(const Arbor::Node& container, Token type, StyleChain& chain) {
+  forEachStyle(container, type, [&chain](const ObjStyle* style) {
+    chain.push_back(style);
+    return false;
+  });
 }
 
 }  // namespace
@@ -135,21 +171,19 @@ void append(std::span<const ObjStyle* const> styles, StyleChain& chain) {
 const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;
   if (!key) return found;  // no style is for those who have no type
-  forEachContainer(start, [&](const PlotElement& container) {
-    for (const ObjStyle* style : stylesIn(container, key)) {
-      if (!style->hasAttribute(name)) continue;
-      found = style;
-      break;
-    }
-    return found != nullptr;
+  forEachContainer(start, [&](const Arbor::Node& container) {
+    return forEachStyle(container, key, [&](const ObjStyle* style) {
+      if (style->hasAttribute(name)) found = style;
+      return found != nullptr;
+    });
   });
   return found;
 }
 
 void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   if (!key) return;
-  forEachContainer(start, [&](const PlotElement& container) {
-    append(stylesIn(container, key), chain);
+  forEachContainer(start, [&](const Arbor::Node& container) {
+    collect(container, key, chain);
     return false;
   });
 }
@@ -161,9 +195,9 @@ const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token nam
 
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   StyleChain defaults;
-  forEachContainer(start, [&](const PlotElement& container) {
-    if (key) append(stylesIn(container, key), chain);
-    append(stylesIn(container, Word::Default), defaults);
+  forEachContainer(start, [&](const Arbor::Node& container) {
+    if (key) collect(container, key, chain);
+    collect(container, Word::Default, defaults);
     return false;
   });
   chain.insert(chain.end(), defaults.begin(), defaults.end());

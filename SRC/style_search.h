@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -45,7 +44,7 @@ class StyleIndex {
   static Change beforeReplace(const Arbor::Node* first, unsigned count,
                               const Arbor::Node* newChildren);
   /// To be called after it.
-  void afterReplace(const Change& change);
+  void afterReplace(const Change& change) noexcept;
 
   /// To be called when a child has got another type.
   void typeChanged() const;
@@ -61,19 +60,22 @@ class StyleIndex {
  private:
   using StylesByType = std::map<Token, std::vector<const ObjStyle*>>;
 
-  struct Styles {
-    StylesByType byType;
-    bool isOutdated = false;  // the next search sorts the children anew
+  enum class State {
+    none,      // there never was any
+    outdated,  // the next search sorts the children anew
+    sorted
   };
 
   static void addStyles(const Arbor::Node* node, StylesByType& byType);
 
-  std::unique_ptr<Styles> styles_;  // null for a container that never had any
+  mutable StylesByType byType_;
+  mutable State state_ = State::none;
 
   // For a container without styles: the nearest around it that has some, as long as the stamp is
   // the current one.
   mutable const PlotElement* outer_ = nullptr;
   mutable std::uint64_t stamp_ = 0;
+  mutable bool isPassed_ = false;  // a container in it remembers one that is further out
 };
 
 /// A container through which a search for object styles goes. Its ObjStyle children are styles for

@@ -51,9 +51,9 @@ double TrBase::frameTime() const {
   return frameTime_.of(*this, param(), isAnimatable);
 }
 
-void TrBase::attachedToDocument() {
+void TrBase::onAttached() {
   frameTime_.forget();
-  WithMembers::attachedToDocument();
+  WithMembers::onAttached();
 }
 
 bool TrBase::parentPropertyChanged(PlotElement& source, Token name) {

@@ -14,7 +14,7 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
 
-  void attachedToDocument() override;
+  void onAttached() override;
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
   static PropertyListMgr& propertyList();

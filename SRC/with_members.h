@@ -18,8 +18,8 @@ class WithMembers : public Base {
     return own ? own : Base::findProperty(name);
   }
 
-  void attachedToDocument() override {
-    Base::attachedToDocument();
+  void onAttached() override {
+    Base::onAttached();
     Self::propertyList().inheritAll(*this);
   }
 

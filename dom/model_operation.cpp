@@ -46,10 +46,7 @@ void ReplaceChildrenOperation::execute() {
   node()->doReplaceChildren(first_.get(), count_, newChildren_.get());
   Node* attached = newChildren_.get();
   for (unsigned i = 0; i < newCount; ++i, attached = attached->nextSibling()) {
-    walkSubtree(*attached, [](Node& child) {
-      child.attachedToDocument();
-      return true;
-    });
+    attached->attachedToDocument();
   }
 
   first_ = std::move(anchor);

@@ -204,6 +204,13 @@ void Node::setParents(Node* chain, InnerNode* parent) {
   for (; chain; chain = chain->nextSibling()) chain->parent_ = parent;
 }
 
+void Node::attachedToDocument() {
+  walkSubtree(*this, [](Node& node) {
+    node.onAttached();
+    return true;
+  });
+}
+
 void Node::markInDocument(bool inDocument) {
   if (isInDocument() == inDocument) return;
   walkSubtree(*this, [inDocument](Node& node) {

@@ -79,9 +79,10 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// Whether this is a text that takes this change, see Text::replaceData().
   virtual bool canReplaceText(unsigned offset, unsigned count, const char* text) const;
 
-  /// Called for this one node after it has come into the document, alone or as part of a subtree.
-  /// The parent's call comes before those of its children.
-  virtual void attachedToDocument() {}
+  /// Tells this node and all below it that they have come into the document, in document order.
+  /// The operations that are recorded for undo do so by themselves. It is for who puts in the
+  /// outermost element, which is not recorded.
+  void attachedToDocument();
 
   /// Writes the node with all below it as XML, and returns the stream. Throws
   /// Ubase::BadUnicodeString for a text that the locale cannot hold.
@@ -131,6 +132,10 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   void cloneChildrenInto(Node& target) const;
 
  protected:
+  /// Called for this one node after it has come into the document, alone or as part of a subtree.
+  /// The parent's call comes before those of its children.
+  virtual void onAttached() {}
+
   explicit Node(Document* owner);
   /// A new node in no tree, of the same document.
   Node(const Node& other);

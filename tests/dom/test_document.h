@@ -55,7 +55,7 @@ class TestElement : public Element {
   Token tagName() const override { return tag_; }
   bool isReadOnly() const override { return readOnly; }
   bool canReplaceChildren(Node*, unsigned, Node*) const override { return takesChildren; }
-  void attachedToDocument() override { note("attached"); }
+  void onAttached() override { note("attached"); }
 
   Variant getAttribute(Token name) const override {
     const auto found = attributes.find(name);

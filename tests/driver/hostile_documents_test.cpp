@@ -169,6 +169,16 @@ TEST_F(HostileDocument, StylesForEachOfManyObjects) {
   EXPECT_EQ(countOf(kLineOutput, outcome.out), 50'000U);
 }
 
+TEST_F(HostileDocument, StylesInEachOfManyGroupsThatAreDeepDown) {
+  const std::string document =
+      kBegin + repeated("<Group2d>", 100'000) +
+      repeated("<Group2d><ObjStyle Type=\"Line2d\"/>" + kLine + "</Group2d>", 50'000) +
+      repeated("</Group2d>", 100'000) + kEnd;
+  const Outcome outcome = convert(document);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf(kLineOutput, outcome.out), 50'000U);
+}
+
 TEST_F(HostileDocument, TypesThatDiffer) {
   expectTheLine(kBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) + kLine +
                 kEnd);
