@@ -45,8 +45,7 @@ class PlotDocument : public Arbor::Document {
   /// Selects the first element whose property `id` is this; no id or an empty one ends the
   /// selection, and so does one that no element has. Tells whether an element was found.
   virtual bool selectById(const char* id);
-  /// The selected element, or null unless the selection is exactly one child of one parent. Throws
-  /// DomException InvalidState for a range that is detached.
+  /// The selected element, or null unless the selection is exactly one child of one parent.
   virtual PlotElement* selectedElement() const;
   /// Deselects all ranges that are selected now. What an observer selects meanwhile stays.
   virtual void clearSelection();

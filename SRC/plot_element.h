@@ -18,8 +18,7 @@ class PlotDocument;
 class StyleIndex;
 
 /// An element with properties. Errors of its operations are DomException, after a message to the
-/// reporter of its document, and Ubase::BadUnicodeString for a text that the locale cannot hold;
-/// nothing has changed then.
+/// reporter of its document; nothing has changed then.
 class PlotElement : public Arbor::Element {
  public:
   explicit PlotElement(Arbor::Document* document) : Element(document) {}

@@ -52,7 +52,7 @@ struct Utf8StringParser {
   static bool parse(Ubase::FixedString& out, const char* text);
 };
 
-/// Any text, converted from UTF-8 to the native encoding. Throws Ubase::BadUnicodeString.
+/// Any text, converted from UTF-8 to the native encoding.
 struct MStringParser {
   static bool parse(Ubase::FixedString& out, const char* text);
 };

@@ -76,8 +76,7 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
 };
 
 /// A parser for hosts that load documents into a running program: a DomException of the handler
-/// ends the document as an XML error does. All other exceptions pass, such as
-/// Ubase::BadUnicodeString for a text that the locale cannot hold.
+/// ends the document as an XML error does. All other exceptions pass.
 class ZrdParser : public Xml::Parser {
  public:
   ZrdParser(ZrdParserHandler* handler, bool namespaces, const char* encoding)
