@@ -21,10 +21,16 @@ if(VANTRY_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-# vantry_lto(<target>): lets the program be optimised across this target. The objects are fat, so
-# that everything else, tests and other programs too, links them as usual.
+set(vantry_has_lto FALSE)
+if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  set(vantry_has_lto TRUE)
+  add_link_options(-fno-lto)
+endif()
+
+# vantry_lto(<target>): lets the program be optimised across this target, where the build is made so.
+# The objects are fat, so that everything else, tests and other programs too, links them as usual.
 function(vantry_lto target)
-  if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  if(vantry_has_lto)
     target_compile_options(${target} PRIVATE -flto=auto -ffat-lto-objects)
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "EXECUTABLE")
@@ -32,9 +38,6 @@ function(vantry_lto target)
     endif()
   endif()
 endfunction()
-if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  add_link_options(-fno-lto)
-endif()
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)

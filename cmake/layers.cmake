@@ -46,11 +46,13 @@ function(vantry_layer folder)
   endforeach()
 
   install(TARGETS ${target} EXPORT vantry ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-  if(sources AND VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  if(sources AND vantry_has_lto)
     # What only this version of the compiler can read does not belong into a package.
-    install(CODE "execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.gnu.lto_*
-      \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:${target}>\"
-      COMMAND_ERROR_IS_FATAL ANY)")
+    install(CODE "
+      set(library \"${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:${target}>\")
+      cmake_path(ABSOLUTE_PATH library BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+      execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.gnu.lto_*
+        \"\$ENV{DESTDIR}\${library}\" COMMAND_ERROR_IS_FATAL ANY)")
   endif()
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry
