@@ -61,7 +61,7 @@ struct Workload {
   std::size_t points;  ///< the points that are written
 };
 
-constexpr Workload kWorkloads[] = {
+constexpr Workload workloads[] = {
     {"mesh", 2, 4, 4},
     {"mesh", 100, 1e4, 10'000},
     {"mesh", 200, 4e4, 40'000},
@@ -137,7 +137,7 @@ int main(int argc, char** argv) try {
   }
   std::puts("kind            n     in MB    out MB  floor ms vantry ms  ratio   ns/item peak MB");
   const Measurement measurement(argv[1], argv[2], runs);
-  for (const Workload& workload : kWorkloads) measurement.measure(workload);
+  for (const Workload& workload : workloads) measurement.measure(workload);
   return 0;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "%s\n", error.what());

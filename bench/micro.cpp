@@ -14,12 +14,12 @@
 
 namespace {
 
-constexpr std::size_t kCount = 1024;  // as many values as stay in the nearest cache
+constexpr std::size_t valueCount = 1024;  // as many values as stay in the nearest cache
 
 /// Coordinates as a plot has them.
 std::vector<double> numbers() {
   std::vector<double> result;
-  for (std::size_t i = 0; i < kCount; ++i) {
+  for (std::size_t i = 0; i < valueCount; ++i) {
     const double x = static_cast<double>(i) / 100;
     result.push_back(std::sin(x) * std::exp(x / 8));
   }

@@ -31,23 +31,23 @@ using JVX_Writer = WarningWriter<PlotDom::JVXWriter>;
 using JVD_Writer = WarningWriter<PlotDom::JVDWriter>;
 
 /// The input is parsed in blocks of this size: the number of parser warnings depends on it.
-constexpr int kBlockSize = 512;
+constexpr int blockSize = 512;
 
 /// The input is read from the system in pieces of this size.
-constexpr int kReadSize = 64 * 1024;
+constexpr int readSize = 64 * 1024;
 
 /// Parses the whole input. An error of the parser is no reason to stop: each block that follows
 /// repeats it.
 void parse(std::istream& in, Xml::Parser& parser) {
-  std::array<char, kBlockSize> block;
+  std::array<char, blockSize> block;
   int count;
   do {
-    in.read(block.data(), kBlockSize);
+    in.read(block.data(), blockSize);
     count = static_cast<int>(in.gcount());
-    if (!parser.parse(block.data(), count, count < kBlockSize)) {
+    if (!parser.parse(block.data(), count, count < blockSize)) {
       parserWarning(parser.errorCode(), parser.lineNumber(), parser.columnNumber());
     }
-  } while (count == kBlockSize);
+  } while (count == blockSize);
 }
 
 /// Writes the geometry. An animation has no `output`, for it opens a file for each frame.
@@ -81,9 +81,9 @@ void convert(Options options) {
     options.frames = 0;
   }
 
-  std::array<char, kReadSize> readBuffer;
+  std::array<char, readSize> readBuffer;
   std::ifstream in;
-  in.rdbuf()->pubsetbuf(readBuffer.data(), kReadSize);
+  in.rdbuf()->pubsetbuf(readBuffer.data(), readSize);
   in.open(options.inName, std::ios::binary);
   if (!in) error("Can not open input file.");
 

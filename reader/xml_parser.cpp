@@ -9,7 +9,7 @@ namespace Xml {
 namespace {
 
 /// Stands between namespace and local part in the names that expat gives. No document can hold it.
-constexpr char kNameSeparator = '\x01';
+constexpr char nameSeparator = '\x01';
 
 }  // namespace
 
@@ -43,7 +43,7 @@ struct Parser::Callbacks {
 void Parser::ParserDeleter::operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
 
 Parser::Parser(Handler* handler, bool namespaces, const char* encoding)
-    : parser_(namespaces ? XML_ParserCreateNS(encoding, kNameSeparator)
+    : parser_(namespaces ? XML_ParserCreateNS(encoding, nameSeparator)
                          : XML_ParserCreate(encoding)),
       handler_(handler),
       namespaces_(namespaces) {
@@ -77,9 +77,9 @@ std::int32_t Parser::columnNumber() const {
 Parser::Name Parser::splitName(const char* name) {
   const std::size_t size = namespace_.size();
   if (size > 0 && std::strncmp(name, namespace_.c_str(), size) == 0) {
-    if (name[size] == kNameSeparator) return {namespace_.c_str(), name + size + 1};
+    if (name[size] == nameSeparator) return {namespace_.c_str(), name + size + 1};
   }
-  const char* separator = namespaces_ ? std::strrchr(name, kNameSeparator) : nullptr;
+  const char* separator = namespaces_ ? std::strrchr(name, nameSeparator) : nullptr;
   if (!separator) return {nullptr, name};
   namespace_.assign(name, separator);
   return {namespace_.c_str(), separator + 1};

@@ -21,7 +21,7 @@ class BrokenDocument : public ProgramTest {
     const Outcome outcome = run({"in.zrd"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(std::regex_match(outcome.err, complaints)) << outcome.err;
-    EXPECT_EQ(undated(outcome.out), kJvxHeader);
+    EXPECT_EQ(undated(outcome.out), jvxHeader);
   }
 
   /// Tries all that `change` makes of an example at every `step`th place inside its root element.

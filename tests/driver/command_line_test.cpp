@@ -8,7 +8,7 @@
 
 namespace {
 
-const std::string kUsage =
+const std::string usage =
     "usage: vantry [-d] [-h] [-v] [-t #] [-o #] <in-file>\n"
     "         -d   ouput JVD file instead of JVX\n"
     "         -t # time\n"
@@ -18,14 +18,14 @@ const std::string kUsage =
     "         -h   this help\n"
     "\n";
 
-const std::string kNoInput = "Error: Can not open input file. (exiting)\n";
+const std::string noInput = "Error: Can not open input file. (exiting)\n";
 
 class CommandLine : public ProgramTest {
  protected:
   void expectUsage(const std::vector<std::string>& arguments) const {
     const Outcome outcome = run(arguments);
     EXPECT_EQ(outcome.status, 1) << testing::PrintToString(arguments);
-    EXPECT_EQ(outcome.err, kUsage) << testing::PrintToString(arguments);
+    EXPECT_EQ(outcome.err, usage) << testing::PrintToString(arguments);
     EXPECT_EQ(outcome.out, "") << testing::PrintToString(arguments);
   }
 
@@ -71,7 +71,7 @@ TEST_F(CommandLine, VersionAfterAnOutputNameCreatesNoFile) {
   EXPECT_EQ(files(), "");
 }
 
-TEST_F(CommandLine, DisplayModeMayBeRepeated) { expectError({"-d", "-d", "none.zrd"}, kNoInput); }
+TEST_F(CommandLine, DisplayModeMayBeRepeated) { expectError({"-d", "-d", "none.zrd"}, noInput); }
 
 TEST_F(CommandLine, TimeNeedsANumber) {
   expectUsage({"in.zrd", "-t"});
@@ -81,12 +81,12 @@ TEST_F(CommandLine, TimeNeedsANumber) {
 
 TEST_F(CommandLine, TimeIsWhatScansAsANumber) {
   for (const char* time : {"1", "-2.5e3", " 7", "0x1p3", "nan", "inf", "3rest"}) {
-    expectError({"-t", time, "none.zrd"}, kNoInput);
+    expectError({"-t", time, "none.zrd"}, noInput);
   }
 }
 
 TEST_F(CommandLine, LastTimeWins) {
-  write("in.zrd", kStaticDocument);
+  write("in.zrd", staticDocument);
   EXPECT_EQ(run({"-t", "nan", "-t", "1", "in.zrd"}).err, "Warning: not an animation\n");
   EXPECT_EQ(run({"-t", "1", "-t", "nan", "in.zrd"}).err, "");
 }
@@ -98,12 +98,12 @@ TEST_F(CommandLine, FramesNeedAPositiveInteger) {
 
 TEST_F(CommandLine, FramesAreWhatScansAsAnInteger) {
   for (const char* frames : {"5", "+5", " 5", "5.9", "5x"}) {
-    expectError({"-f", frames, "-o", "out.jvx", "none.zrd"}, kNoInput);
+    expectError({"-f", frames, "-o", "out.jvx", "none.zrd"}, noInput);
   }
 }
 
 TEST_F(CommandLine, LastFramesWin) {
-  write("in.zrd", kAnimatedDocument);
+  write("in.zrd", animatedDocument);
   EXPECT_EQ(run({"-f", "9", "-f", "1", "-o", "out.jvx", "in.zrd"}).status, 0);
   EXPECT_EQ(files(), "in.zrd out.1.jvx out.2.jvx");
 }
@@ -120,9 +120,9 @@ TEST_F(CommandLine, OutputNameIsGivenOnce) {
 }
 
 TEST_F(CommandLine, OperandIsTakenWhateverItLooksLike) {
-  write("in.zrd", kStaticDocument);
+  write("in.zrd", staticDocument);
   EXPECT_EQ(run({"-o", "-d", "in.zrd"}).status, 0);
-  EXPECT_EQ(undated(read("-d")), kEmptyJvx);
+  EXPECT_EQ(undated(read("-d")), emptyJvx);
   expectUsage({"-t", "-h", "in.zrd"});
 }
 
@@ -133,14 +133,14 @@ TEST_F(CommandLine, SecondInputNamePrintsTheUsage) {
 
 TEST_F(CommandLine, WhatIsNoOptionIsTheInputName) {
   for (const char* name : {"-x", "-dv", "-t5", "-", "--", "--help", "-D", ""}) {
-    expectError({name}, kNoInput);
+    expectError({name}, noInput);
   }
-  write("-x", kStaticDocument);
-  EXPECT_EQ(undated(run({"-x"}).out), kEmptyJvx);
+  write("-x", staticDocument);
+  EXPECT_EQ(undated(run({"-x"}).out), emptyJvx);
 }
 
 TEST_F(CommandLine, OptionsMayFollowTheInputName) {
-  write("in.zrd", kStaticDocument);
+  write("in.zrd", staticDocument);
   EXPECT_EQ(run({"in.zrd", "-o", "out.jvx"}).status, 0);
-  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+  EXPECT_EQ(undated(read("out.jvx")), emptyJvx);
 }

@@ -13,19 +13,19 @@
 
 namespace {
 
-const std::string kNoInput = "Error: Can not open input file. (exiting)\n";
-const std::string kNoOutput = "Error: Can not open output file. (exiting)\n";
-const std::string kNoScene = "Error: no scene (exiting)\n";
-const std::string kNotWritten = "Error: Can not write output file. (exiting)\n";
-const std::string kDisplayNotAnimated = "Warning: Only JVX files can be animated, '-f' ignored.\n";
-const std::string kNotAnimated = "Warning: No animation, '-f' ignored.\n";
+const std::string noInput = "Error: Can not open input file. (exiting)\n";
+const std::string noOutput = "Error: Can not open output file. (exiting)\n";
+const std::string noScene = "Error: no scene (exiting)\n";
+const std::string notWritten = "Error: Can not write output file. (exiting)\n";
+const std::string displayNotAnimated = "Warning: Only JVX files can be animated, '-f' ignored.\n";
+const std::string notAnimated = "Warning: No animation, '-f' ignored.\n";
 
 class Conversion : public ProgramTest {
  protected:
   Conversion() {
-    write("static.zrd", kStaticDocument);
-    write("animated.zrd", kAnimatedDocument);
-    write("corrupted.zrd", kCorruptedDocument);
+    write("static.zrd", staticDocument);
+    write("animated.zrd", animatedDocument);
+    write("corrupted.zrd", corruptedDocument);
   }
 };
 
@@ -37,7 +37,7 @@ std::string brokenDocument(std::size_t length) {
 }
 
 /// A document with the text "é" at a point whose coordinates have fractions.
-const std::string kTextDocument =
+const std::string textDocument =
     "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene2d><CoordinateSystem2d>"
     "<Obj2d Type=\"Text2d\"><Img2d><Text2d Position=\"0.5 +2.25\">\xc3\xa9</Text2d>"
     "<Pts2d><P2>+1.5 -0.75</P2></Pts2d></Img2d></Obj2d>"
@@ -66,7 +66,7 @@ std::size_t countOf(const std::string& line, const std::string& text) {
 TEST_F(Conversion, WritesToStandardOutput) {
   const Outcome outcome = run({"static.zrd"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+  EXPECT_EQ(undated(outcome.out), emptyJvx);
   EXPECT_EQ(outcome.err, "");
 }
 
@@ -76,7 +76,7 @@ TEST_F(Conversion, WritesToTheNamedFile) {
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "");
-  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+  EXPECT_EQ(undated(read("out.jvx")), emptyJvx);
 }
 
 TEST_F(Conversion, DisplayModeWritesADisplayDocument) {
@@ -90,7 +90,7 @@ TEST_F(Conversion, DisplayModeWritesADisplayDocument) {
 TEST_F(Conversion, MissingInput) {
   const Outcome outcome = run({"none.zrd", "-o", "out.jvx"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, kNoInput);
+  EXPECT_EQ(outcome.err, noInput);
   EXPECT_FALSE(exists("out.jvx"));
 }
 
@@ -98,12 +98,12 @@ TEST_F(Conversion, OutputThatCannotBeOpened) {
   for (const char* name : {"none/out.jvx", ".", ""}) {
     const Outcome outcome = run({"static.zrd", "-o", name});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, kNoOutput);
+    EXPECT_EQ(outcome.err, noOutput);
   }
 }
 
 TEST_F(Conversion, MissingInputIsReportedBeforeAMissingOutputName) {
-  EXPECT_EQ(run({"-f", "5", "none.zrd"}).err, kNoInput);
+  EXPECT_EQ(run({"-f", "5", "none.zrd"}).err, noInput);
   const Outcome outcome = run({"-f", "5", "animated.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "Error: No output file name given. (exiting)\n");
@@ -118,7 +118,7 @@ TEST_F(Conversion, MissingOutputNameIsReportedBeforeAnyParsing) {
 TEST_F(Conversion, DisplayModeIgnoresFrames) {
   const Outcome outcome = run({"-d", "-f", "5", "animated.zrd"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.err, kDisplayNotAnimated);
+  EXPECT_EQ(outcome.err, displayNotAnimated);
   EXPECT_NE(outcome.out.find("<!DOCTYPE jv-disp SYSTEM"), std::string::npos);
 
   EXPECT_EQ(run({"-d", "-f", "5", "-o", "out.jvd", "animated.zrd"}).status, 0);
@@ -128,21 +128,21 @@ TEST_F(Conversion, DisplayModeIgnoresFrames) {
 TEST_F(Conversion, WarningOfIgnoredFramesComesBeforeTheInputError) {
   const Outcome outcome = run({"-d", "-f", "5", "none.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, kDisplayNotAnimated + kNoInput);
+  EXPECT_EQ(outcome.err, displayNotAnimated + noInput);
 }
 
 TEST_F(Conversion, FramesWithoutTimeRangeGiveTheOneNamedFile) {
   const Outcome outcome = run({"-f", "5", "-o", "out.jvx", "static.zrd"});
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.err, kNotAnimated);
-  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
+  EXPECT_EQ(outcome.err, notAnimated);
+  EXPECT_EQ(undated(read("out.jvx")), emptyJvx);
   EXPECT_FALSE(exists("out.1.jvx"));
 }
 
 TEST_F(Conversion, FramesWithoutTimeRangeNeedAFileThatCanBeOpened) {
   const Outcome outcome = run({"-f", "5", "-o", "none/out.jvx", "static.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, kNotAnimated + kNoOutput);
+  EXPECT_EQ(outcome.err, notAnimated + noOutput);
 }
 
 TEST_F(Conversion, AnimationWritesNumberedFilesOnly) {
@@ -152,7 +152,7 @@ TEST_F(Conversion, AnimationWritesNumberedFilesOnly) {
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "");
   for (const char* name : {"out.1.jvx", "out.2.jvx", "out.3.jvx"}) {
-    EXPECT_EQ(undated(read(name)), kEmptyJvx);
+    EXPECT_EQ(undated(read(name)), emptyJvx);
   }
   EXPECT_EQ(files(), "animated.zrd corrupted.zrd out.1.jvx out.2.jvx out.3.jvx static.zrd");
 }
@@ -161,8 +161,8 @@ TEST_F(Conversion, AnimationFileThatCannotBeOpened) {
   std::filesystem::create_directory(folder_.path() / "out.2.jvx");
   const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, kNoOutput);
-  EXPECT_EQ(undated(read("out.1.jvx")), kEmptyJvx);
+  EXPECT_EQ(outcome.err, noOutput);
+  EXPECT_EQ(undated(read("out.1.jvx")), emptyJvx);
   EXPECT_FALSE(exists("out.3.jvx"));
 }
 
@@ -170,7 +170,7 @@ TEST_F(Conversion, TimeOnAStillDocumentIsWarnedOf) {
   const Outcome outcome = run({"-t", "1", "static.zrd"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "Warning: not an animation\n");
-  EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+  EXPECT_EQ(undated(outcome.out), emptyJvx);
   EXPECT_EQ(run({"-t", "nan", "static.zrd"}).err, "");
   EXPECT_EQ(run({"-d", "-t", "1", "static.zrd"}).err, "Warning: not an animation\n");
 }
@@ -179,28 +179,28 @@ TEST_F(Conversion, EmptyInput) {
   write("empty.zrd", "");
   const Outcome outcome = run({"empty.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
-  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + noScene);
+  EXPECT_EQ(undated(outcome.out), jvxHeader);
 }
 
 TEST_F(Conversion, DirectoryReadsAsEmpty) {
   const Outcome outcome = run({"."});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + noScene);
 }
 
 TEST_F(Conversion, FileThatIsInputAndOutputIsEmptiedFirst) {
   const Outcome outcome = run({"static.zrd", "-o", "static.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + kNoScene);
+  EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + noScene);
 }
 
 TEST_F(Conversion, ParserErrorTellsItsPlace) {
   write("broken.zrd", "<Canvas>\n<Scene3d>\n   </Scene2d></Canvas>\n");
   const Outcome outcome = run({"broken.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 3 column 5]\n" + kNoScene);
-  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 3 column 5]\n" + noScene);
+  EXPECT_EQ(undated(outcome.out), jvxHeader);
 }
 
 TEST_F(Conversion, EveryBlockAfterAParserErrorRepeatsTheWarning) {
@@ -215,35 +215,35 @@ TEST_F(Conversion, EveryBlockAfterAParserErrorRepeatsTheWarning) {
     const std::string first = "Warning: parser error '7' [line 1 column 10]\n";
     EXPECT_EQ(outcome.err.substr(0, first.size()), first);
     EXPECT_EQ(countOf("Warning: parser error '7'", outcome.err), blocks) << length << " bytes";
-    EXPECT_EQ(outcome.err.substr(outcome.err.size() - kNoScene.size()), kNoScene);
-    EXPECT_EQ(undated(outcome.out), kJvxHeader);
+    EXPECT_EQ(outcome.err.substr(outcome.err.size() - noScene.size()), noScene);
+    EXPECT_EQ(undated(outcome.out), jvxHeader);
   }
 }
 
 TEST_F(Conversion, WholeBlocksEndWithAnEmptyOne) {
   for (const std::size_t length : {512u, 1024u, 65536u, 65537u}) {
-    std::string document = kStaticDocument;
+    std::string document = staticDocument;
     document.resize(length, '\n');
     write("long.zrd", document);
     const Outcome outcome = run({"long.zrd"});
     EXPECT_EQ(outcome.status, 0) << length << " bytes";
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(undated(outcome.out), kEmptyJvx);
+    EXPECT_EQ(undated(outcome.out), emptyJvx);
   }
 }
 
 TEST_F(Conversion, NothingOfADocumentWithAnErrorIsExported) {
-  write("broken.zrd", kStaticDocument + "<");
+  write("broken.zrd", staticDocument + "<");
   const Outcome outcome = run({"broken.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(undated(outcome.out), kJvxHeader);
+  EXPECT_EQ(undated(outcome.out), jvxHeader);
 }
 
 TEST_F(Conversion, DocumentWithErrorIsNotAnimated) {
-  write("broken.zrd", kAnimatedDocument + "<");
+  write("broken.zrd", animatedDocument + "<");
   const Outcome outcome = run({"-f", "5", "-o", "out.jvx", "broken.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_NE(outcome.err.find(kNotAnimated + kNoScene), std::string::npos);
+  EXPECT_NE(outcome.err.find(notAnimated + noScene), std::string::npos);
   EXPECT_TRUE(exists("out.jvx"));
 }
 
@@ -259,7 +259,7 @@ TEST_F(Conversion, DisplayDocumentWithoutSceneIsAnErrorToo) {
   write("broken.zrd", brokenDocument(20));
   const Outcome outcome = run({"-d", "broken.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 1 column 10]\n" + kNoScene);
+  EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 1 column 10]\n" + noScene);
 }
 
 TEST_F(Conversion, BadDataEndsTheProcessAbnormally) {
@@ -273,7 +273,7 @@ TEST_F(Conversion, BadDataEndsTheProcessAbnormally) {
 }
 
 TEST_F(Conversion, TextThatTheLocaleCannotReadEndsTheProcessAbnormally) {
-  write("text.zrd", kTextDocument);
+  write("text.zrd", textDocument);
   setEnvironment("LC_ALL", "C.UTF-8");
   const Outcome readable = run({"text.zrd"});
   EXPECT_EQ(readable.status, 0);
@@ -289,7 +289,7 @@ TEST_F(Conversion, TextThatTheLocaleCannotReadEndsTheProcessAbnormally) {
 // Where the machine has the locale, its decimal mark is a comma; elsewhere naming it changes
 // nothing.
 TEST_F(Conversion, DecimalMarkOfTheLocaleIsNotUsed) {
-  write("text.zrd", kTextDocument);
+  write("text.zrd", textDocument);
   setEnvironment("LC_ALL", "C.UTF-8");
   const std::string expected = run({"text.zrd"}).out;
   for (const std::string point : {">0.5 2.25</p>\n", ">1.5 -0.75</p>\n"}) {
@@ -322,37 +322,37 @@ TEST_F(Conversion, DateIsThatOfTheTimeZone) {
 TEST_F(Conversion, FullDiskIsNoSuccess) {
   const Outcome file = run({"static.zrd", "-o", "/dev/full"});
   EXPECT_EQ(file.status, 2);
-  EXPECT_EQ(file.err, kNotWritten);
+  EXPECT_EQ(file.err, notWritten);
 
   for (const char* mode : {"static.zrd", "-v"}) {
     const Outcome standardOutput = runInto("/dev/full", {mode});
     EXPECT_EQ(standardOutput.status, 2);
-    EXPECT_EQ(standardOutput.err, kNotWritten);
+    EXPECT_EQ(standardOutput.err, notWritten);
   }
-  EXPECT_EQ(runInto("/dev/full", {"-d", "static.zrd"}).err, kNotWritten);
+  EXPECT_EQ(runInto("/dev/full", {"-d", "static.zrd"}).err, notWritten);
 }
 
 TEST_F(Conversion, FullDiskUnderAnAnimationIsNoSuccess) {
   std::filesystem::create_symlink("/dev/full", folder_.path() / "out.2.jvx");
   const Outcome outcome = run({"-f", "2", "-o", "out.jvx", "animated.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, kNotWritten);
-  EXPECT_EQ(undated(read("out.1.jvx")), kEmptyJvx);
+  EXPECT_EQ(outcome.err, notWritten);
+  EXPECT_EQ(undated(read("out.1.jvx")), emptyJvx);
   EXPECT_FALSE(exists("out.3.jvx"));
 }
 
 TEST_F(Conversion, ClosedStandardOutputIsNoSuccess) {
   for (const std::vector<std::string>& arguments :
        {std::vector<std::string>{"static.zrd"}, {"-d", "static.zrd"}, {"-v"}}) {
-    const Outcome outcome = runInto(kClosed, arguments);
+    const Outcome outcome = runInto(closedStream, arguments);
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, kNotWritten);
+    EXPECT_EQ(outcome.err, notWritten);
   }
 }
 
 TEST_F(Conversion, ClosedStandardOutputIsNotMissedWhereNothingGoesToIt) {
-  EXPECT_EQ(runInto(kClosed, {"static.zrd", "-o", "out.jvx"}).status, 0);
-  EXPECT_EQ(undated(read("out.jvx")), kEmptyJvx);
-  EXPECT_EQ(runInto(kClosed, {"-f", "1", "-o", "out.jvx", "animated.zrd"}).status, 0);
-  EXPECT_EQ(undated(read("out.2.jvx")), kEmptyJvx);
+  EXPECT_EQ(runInto(closedStream, {"static.zrd", "-o", "out.jvx"}).status, 0);
+  EXPECT_EQ(undated(read("out.jvx")), emptyJvx);
+  EXPECT_EQ(runInto(closedStream, {"-f", "1", "-o", "out.jvx", "animated.zrd"}).status, 0);
+  EXPECT_EQ(undated(read("out.2.jvx")), emptyJvx);
 }

@@ -4,22 +4,22 @@
 #include <regex>
 #include <string>
 
-inline const std::string kStaticDocument =
+inline const std::string staticDocument =
     "<Canvas xmlns=\"http://plots.example/xml/Corvane\">"
     "<Scene3d><CoordinateSystem3d/></Scene3d></Canvas>\n";
 
-inline const std::string kAnimatedDocument =
+inline const std::string animatedDocument =
     "<Canvas xmlns=\"http://plots.example/xml/Corvane\">"
     "<TimeRange TimeBegin=\"0\" TimeEnd=\"1\"/>"
     "<Scene3d><CoordinateSystem3d/></Scene3d></Canvas>\n";
 
 /// Holds a point of two coordinates where three are needed.
-inline const std::string kCorruptedDocument =
+inline const std::string corruptedDocument =
     "<Canvas xmlns=\"http://plots.example/xml/Corvane\">"
     "<Scene3d><CoordinateSystem3d><Obj3d Type=\"Function3d\"><Img3d><Poly3d><P3>1 2</P3>"
     "</Poly3d></Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>\n";
 
-inline const std::string kJvxHeader =
+inline const std::string jvxHeader =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
 <!DOCTYPE jvx-model SYSTEM "http://www.javaview.de/rsrc/jvx.dtd">
 <jvx-model>
@@ -57,7 +57,7 @@ inline const std::string kJvxHeader =
 )";
 
 /// The output of a document without objects.
-inline const std::string kEmptyJvx = kJvxHeader + "<geometries>\n</geometries>\n</jvx-model>\n";
+inline const std::string emptyJvx = jvxHeader + "<geometries>\n</geometries>\n</jvx-model>\n";
 
 /// An output with "DATE" in the place of its date.
 inline std::string undated(const std::string& output) {

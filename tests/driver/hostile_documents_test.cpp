@@ -13,23 +13,23 @@
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr bool kSanitized = true;
+constexpr bool isSanitized = true;
 #elif defined(__has_feature)
-constexpr bool kSanitized = __has_feature(address_sanitizer);
+constexpr bool isSanitized = __has_feature(address_sanitizer);
 #else
-constexpr bool kSanitized = false;
+constexpr bool isSanitized = false;
 #endif
 
 const std::filesystem::path source = VANTRY_SOURCE_DIR;
 
-constexpr std::uint64_t kMegabyte = 1024 * 1024;
+constexpr std::uint64_t megabyte = 1024 * 1024;
 
-const std::string kBegin =
+const std::string documentBegin =
     "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene2d><CoordinateSystem2d>";
-const std::string kEnd = "</CoordinateSystem2d></Scene2d></Canvas>";
-const std::string kLine =
+const std::string documentEnd = "</CoordinateSystem2d></Scene2d></Canvas>";
+const std::string lineObject =
     "<Obj2d Type=\"Line2d\"><Img2d><Line2d From=\"0 0\" To=\"3 4\"/></Img2d></Obj2d>";
-const std::string kLineOutput = "<p>0 0</p>\n<p>3 4</p>\n";
+const std::string lineOutput = "<p>0 0</p>\n<p>3 4</p>\n";
 
 /// An object with that text at (1, 2).
 std::string textObject(const std::string& text) {
@@ -67,8 +67,8 @@ class HostileDocument : public ProgramTest {
   // many minutes, and is killed.
   HostileDocument() {
     setLimit(RLIMIT_CPU, 100);
-    setLimit(RLIMIT_STACK, 8 * kMegabyte);
-    if (!kSanitized) setLimit(RLIMIT_AS, 600 * kMegabyte);
+    setLimit(RLIMIT_STACK, 8 * megabyte);
+    if (!isSanitized) setLimit(RLIMIT_AS, 600 * megabyte);
   }
 
   Outcome convert(const std::string& document, const std::string& mode = "") const {
@@ -81,7 +81,7 @@ class HostileDocument : public ProgramTest {
     const Outcome model = convert(document);
     EXPECT_EQ(model.status, 0);
     EXPECT_EQ(model.err, "");
-    EXPECT_EQ(countOf(kLineOutput, model.out), 1U);
+    EXPECT_EQ(countOf(lineOutput, model.out), 1U);
     EXPECT_EQ(countOf("<geometry>", model.out), 1U);
 
     const Outcome display = convert(document, "-d");
@@ -103,7 +103,7 @@ class HostileDocument : public ProgramTest {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(outcome.err.starts_with("Warning: parser error '" + number + "' [")) << outcome.err;
     EXPECT_TRUE(outcome.err.ends_with("Error: no scene (exiting)\n")) << outcome.err;
-    EXPECT_EQ(undated(outcome.out), kJvxHeader);
+    EXPECT_EQ(undated(outcome.out), jvxHeader);
   }
 };
 
@@ -124,87 +124,90 @@ std::string utf16(const std::string& text, bool bigEndian) {
 // ---- Size ----
 
 TEST_F(HostileDocument, NestedGroups) {
-  expectTheLine(kBegin + repeated("<Group2d>", 100'000) + kLine + repeated("</Group2d>", 100'000) +
-                kEnd);
+  expectTheLine(documentBegin + repeated("<Group2d>", 100'000) + lineObject +
+                repeated("</Group2d>", 100'000) + documentEnd);
 }
 
 TEST_F(HostileDocument, NestedTransforms) {
-  expectTheLine(kBegin + repeated("<Transform2d Type=\"Translate2d\"><Tr2d/>", 50'000) + kLine +
-                repeated("</Transform2d>", 50'000) + kEnd);
+  expectTheLine(documentBegin + repeated("<Transform2d Type=\"Translate2d\"><Tr2d/>", 50'000) +
+                lineObject + repeated("</Transform2d>", 50'000) + documentEnd);
 }
 
 TEST_F(HostileDocument, NestedUnknownElements) {
-  expectTheLine(kBegin + repeated("<Unknown>", 300'000) + repeated("</Unknown>", 300'000) + kLine +
-                kEnd);
+  expectTheLine(documentBegin + repeated("<Unknown>", 300'000) + repeated("</Unknown>", 300'000) +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, Siblings) {
-  expectTheLine(kBegin + repeated("<Group2d/>", 1'000'000) + kLine + kEnd);
+  expectTheLine(documentBegin + repeated("<Group2d/>", 1'000'000) + lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, OptionsThatAreReplacedBehindManySiblings) {
-  expectTheLine(kBegin + kLine + repeated("<Group2d/>", 50'000) +
-                repeated("<XAxisTitle>x</XAxisTitle><YAxisTitle>y</YAxisTitle>", 25'000) + kEnd);
+  expectTheLine(documentBegin + lineObject + repeated("<Group2d/>", 50'000) +
+                repeated("<XAxisTitle>x</XAxisTitle><YAxisTitle>y</YAxisTitle>", 25'000) +
+                documentEnd);
 }
 
 TEST_F(HostileDocument, TicksWithTitles) {
-  expectTheLine(kBegin + kLine + "<XTicksAt>" +
+  expectTheLine(documentBegin + lineObject + "<XTicksAt>" +
                 repeated("<TickPos><VExpr>1</VExpr><Title>t</Title></TickPos>", 100'000) +
-                "</XTicksAt>" + kEnd);
+                "</XTicksAt>" + documentEnd);
 }
 
 TEST_F(HostileDocument, StylesThatDiffer) {
-  expectTheLine(kBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"1#\"/>", 20'000) + kLine +
-                kEnd);
+  expectTheLine(documentBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"1#\"/>", 20'000) +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, StylesForEachOfManyObjects) {
   const std::string document =
-      kBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"2\"/>", 50'000) +
+      documentBegin + numbered("<ObjStyle Type=\"K#\" LineWidth=\"2\"/>", 50'000) +
       numbered("<Obj2d Type=\"K#\"><Img2d><Line2d From=\"0 0\" To=\"3 4\"/></Img2d></Obj2d>",
                50'000) +
-      kEnd;
+      documentEnd;
   const Outcome outcome = convert(document);
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(countOf(kLineOutput, outcome.out), 50'000U);
+  EXPECT_EQ(countOf(lineOutput, outcome.out), 50'000U);
 }
 
 TEST_F(HostileDocument, StylesInEachOfManyGroupsThatAreDeepDown) {
   const std::string document =
-      kBegin + repeated("<Group2d>", 100'000) +
-      repeated("<Group2d><ObjStyle Type=\"Line2d\"/>" + kLine + "</Group2d>", 50'000) +
-      repeated("</Group2d>", 100'000) + kEnd;
+      documentBegin + repeated("<Group2d>", 100'000) +
+      repeated("<Group2d><ObjStyle Type=\"Line2d\"/>" + lineObject + "</Group2d>", 50'000) +
+      repeated("</Group2d>", 100'000) + documentEnd;
   const Outcome outcome = convert(document);
   EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(countOf(kLineOutput, outcome.out), 50'000U);
+  EXPECT_EQ(countOf(lineOutput, outcome.out), 50'000U);
 }
 
 TEST_F(HostileDocument, TypesThatDiffer) {
-  expectTheLine(kBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) + kLine +
-                kEnd);
+  expectTheLine(documentBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, UnknownAttributes) {
-  expectTheLine(kBegin + "<Group2d " + numbered(" a#='1'", 100'000) + "/>" + kLine + kEnd);
+  expectTheLine(documentBegin + "<Group2d " + numbered(" a#='1'", 100'000) + "/>" + lineObject +
+                documentEnd);
 }
 
 TEST_F(HostileDocument, NamespacesThatDiffer) {
-  expectTheLine(kBegin + numbered("<x#:Foo xmlns:x#='urn:#'/>", 100'000) + kLine + kEnd);
+  expectTheLine(documentBegin + numbered("<x#:Foo xmlns:x#='urn:#'/>", 100'000) + lineObject +
+                documentEnd);
 }
 
 TEST_F(HostileDocument, AttributeOfFiftyMegabytes) {
-  expectTheLine(kBegin + "<Group2d Name=\"" + std::string(50 * kMegabyte, 'x') + "\"/>" + kLine +
-                kEnd);
+  expectTheLine(documentBegin + "<Group2d Name=\"" + std::string(50 * megabyte, 'x') + "\"/>" +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, UnknownAttributeOfFiftyMegabytes) {
-  expectTheLine(kBegin + "<Group2d Unknown=\"" + std::string(50 * kMegabyte, 'x') + "\"/>" + kLine +
-                kEnd);
+  expectTheLine(documentBegin + "<Group2d Unknown=\"" + std::string(50 * megabyte, 'x') + "\"/>" +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, TextOfFiftyMegabytes) {
-  const std::string text(50 * kMegabyte, 'y');
-  const Outcome outcome = convert(kBegin + textObject(text) + kEnd);
+  const std::string text(50 * megabyte, 'y');
+  const Outcome outcome = convert(documentBegin + textObject(text) + documentEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   const std::string point = "<p name=\"" + text + "\">1 2</p>\n";
@@ -212,18 +215,19 @@ TEST_F(HostileDocument, TextOfFiftyMegabytes) {
 }
 
 TEST_F(HostileDocument, TextThatNobodyTakes) {
-  expectTheLine(kBegin + std::string(50 * kMegabyte, 'y') + kLine + kEnd);
+  expectTheLine(documentBegin + std::string(50 * megabyte, 'y') + lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, CommentOfFiftyMegabytes) {
-  expectTheLine(kBegin + "<!--" + std::string(50 * kMegabyte, 'c') + "-->" + kLine + kEnd);
+  expectTheLine(documentBegin + "<!--" + std::string(50 * megabyte, 'c') + "-->" + lineObject +
+                documentEnd);
 }
 
 TEST_F(HostileDocument, PointBehindThirtyMegabytesOfBlanks) {
   const Outcome outcome = convert(
       "<Canvas xmlns=\"http://plots.example/xml/Corvane\"><Scene3d><CoordinateSystem3d>"
       "<Obj3d Type=\"PointList3d\"><Img3d><Pts3d><P3>" +
-      std::string(30 * kMegabyte, ' ') +
+      std::string(30 * megabyte, ' ') +
       "1 2 3</P3></Pts3d></Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("<p>1 2 3</p>\n", outcome.out), 1U);
@@ -246,9 +250,10 @@ TEST_F(HostileDocument, RastersOfMoreCellsThanCanBeCounted) {
     for (const char* raster : {"DensityArray2d", "ColorArray2d"}) {
       SCOPED_TRACE(std::string(raster) + " " + mesh);
       const std::string tag = raster;
-      expectAbnormalEnd(kBegin + "<Obj2d Type=\"Density\"><Img2d><" + tag + " XMesh=\"" + mesh +
-                        "\" YMesh=\"" + mesh + "\" XMin=\"0\" XMax=\"1\" YMin=\"0\" YMax=\"1\">" +
-                        "1 #000000</" + tag + "></Img2d></Obj2d>" + kEnd);
+      expectAbnormalEnd(documentBegin + "<Obj2d Type=\"Density\"><Img2d><" + tag + " XMesh=\"" +
+                        mesh + "\" YMesh=\"" + mesh +
+                        "\" XMin=\"0\" XMax=\"1\" YMin=\"0\" YMax=\"1\">" + "1 #000000</" + tag +
+                        "></Img2d></Obj2d>" + documentEnd);
     }
   }
 }
@@ -257,8 +262,8 @@ TEST_F(HostileDocument, RastersOfMoreCellsThanCanBeCounted) {
 
 TEST_F(HostileDocument, EntitiesExpandInTexts) {
   const Outcome outcome =
-      convert("<!DOCTYPE Canvas [<!ENTITY two '&one; and &one;'><!ENTITY one 'lemon'>]>" + kBegin +
-              textObject("&two;") + kEnd);
+      convert("<!DOCTYPE Canvas [<!ENTITY two '&one; and &one;'><!ENTITY one 'lemon'>]>" +
+              documentBegin + textObject("&two;") + documentEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("<p name=\"lemon and lemon\">1 2</p>\n", outcome.out), 1U);
 }
@@ -269,21 +274,21 @@ TEST_F(HostileDocument, EntitiesThatExpandWithoutMeasureAreRefused) {
     entities += "<!ENTITY e" + std::to_string(i) + " '" +
                 repeated("&e" + std::to_string(i - 1) + ";", 10) + "'>";
   }
-  expectParserError(
-      "<!DOCTYPE Canvas [" + entities + "]>" + kBegin + "<XAxisTitle>&e9;</XAxisTitle>" + kEnd,
-      "43");
+  expectParserError("<!DOCTYPE Canvas [" + entities + "]>" + documentBegin +
+                        "<XAxisTitle>&e9;</XAxisTitle>" + documentEnd,
+                    "43");
 }
 
 TEST_F(HostileDocument, EntityThatHoldsItself) {
-  expectParserError(
-      "<!DOCTYPE Canvas [<!ENTITY e '&e;'>]>" + kBegin + "<XAxisTitle>&e;</XAxisTitle>" + kEnd,
-      "12");
+  expectParserError("<!DOCTYPE Canvas [<!ENTITY e '&e;'>]>" + documentBegin +
+                        "<XAxisTitle>&e;</XAxisTitle>" + documentEnd,
+                    "12");
 }
 
 TEST_F(HostileDocument, EntitiesOfOtherFilesAreNotRead) {
   write("secret.txt", "secret");
-  const Outcome outcome = convert("<!DOCTYPE Canvas [<!ENTITY e SYSTEM 'secret.txt'>]>" + kBegin +
-                                  textObject("&e;") + kEnd);
+  const Outcome outcome = convert("<!DOCTYPE Canvas [<!ENTITY e SYSTEM 'secret.txt'>]>" +
+                                  documentBegin + textObject("&e;") + documentEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("secret", outcome.out), 0U);
 }
@@ -291,33 +296,37 @@ TEST_F(HostileDocument, EntitiesOfOtherFilesAreNotRead) {
 // ---- Encodings ----
 
 TEST_F(HostileDocument, ByteOrderMarkIsNoText) {
-  expectTheLine("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + kBegin + kLine + kEnd);
+  expectTheLine("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + documentBegin +
+                lineObject + documentEnd);
 }
 
 TEST_F(HostileDocument, Utf16) {
-  expectTheLine(utf16("<?xml version=\"1.0\"?>" + kBegin + kLine + kEnd, true));
-  expectTheLine(
-      utf16("<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + kBegin + kLine + kEnd, false));
+  expectTheLine(utf16("<?xml version=\"1.0\"?>" + documentBegin + lineObject + documentEnd, true));
+  expectTheLine(utf16(
+      "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + documentBegin + lineObject + documentEnd,
+      false));
 }
 
 TEST_F(HostileDocument, Latin1) {
   setEnvironment("LC_ALL", "C.UTF-8");
-  const Outcome outcome = convert("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + kBegin +
-                                  textObject("\xE9") + kEnd);
+  const Outcome outcome = convert("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" +
+                                  documentBegin + textObject("\xE9") + documentEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("<p name=\"\xC3\xA9\">1 2</p>\n", outcome.out), 1U);
 }
 
 TEST_F(HostileDocument, UnknownEncoding) {
-  expectParserError("<?xml version=\"1.0\" encoding=\"KOI8-Z\"?>" + kBegin + kLine + kEnd, "18");
+  expectParserError(
+      "<?xml version=\"1.0\" encoding=\"KOI8-Z\"?>" + documentBegin + lineObject + documentEnd,
+      "18");
 }
 
 TEST_F(HostileDocument, BytesThatAreNoUtf8) {
-  expectParserError(kBegin + "\xC3\x28" + kLine + kEnd, "4");
+  expectParserError(documentBegin + "\xC3\x28" + lineObject + documentEnd, "4");
 }
 
 TEST_F(HostileDocument, Utf16CutInTheMiddleOfACharacter) {
-  const std::string whole = utf16(kBegin + kLine + kEnd, true);
+  const std::string whole = utf16(documentBegin + lineObject + documentEnd, true);
   const Outcome outcome = convert(whole.substr(0, whole.size() - 1));
   EXPECT_EQ(outcome.status, 2);
 }
@@ -337,13 +346,13 @@ TEST_F(Shortage, FileThatCannotGrowIsNoSuccess) {
 
 // Under the address sanitizer, which keeps terabytes of addresses, nothing can be limited.
 TEST_F(Shortage, FailingAllocationIsNoSuccess) {
-  if (kSanitized) return;
-  write("in.zrd", kBegin + repeated(kLine, 20'000) + kEnd);
+  if (isSanitized) return;
+  write("in.zrd", documentBegin + repeated(lineObject, 20'000) + documentEnd);
   const std::string whole = undated(run({"in.zrd"}).out);
   bool hasFailed = false;
   bool hasSucceeded = false;
   for (std::uint64_t limit = 8; limit <= 64; limit += 2) {
-    setLimit(RLIMIT_AS, limit * kMegabyte);
+    setLimit(RLIMIT_AS, limit * megabyte);
     const Outcome outcome = run({"in.zrd"});
     if (outcome.status == 0) {
       EXPECT_EQ(undated(outcome.out), whole);

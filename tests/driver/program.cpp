@@ -16,8 +16,8 @@
 
 namespace {
 
-const std::string kCapturedOutput = ".stdout";
-const std::string kCapturedErrors = ".stderr";
+const std::string capturedOutput = ".stdout";
+const std::string capturedErrors = ".stderr";
 
 /// In the child: opens `file` as `descriptor`, or closes that if there is no name.
 void redirect(int descriptor, const std::string& file) {
@@ -45,7 +45,7 @@ std::string contentOf(const std::filesystem::path& file) {
 }
 
 Outcome ProgramTest::run(const std::vector<std::string>& arguments) const {
-  return runInto(kCapturedOutput, arguments);
+  return runInto(capturedOutput, arguments);
 }
 
 Outcome ProgramTest::runInto(const std::string& standardOutput,
@@ -60,7 +60,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
     if (chdir(folder_.path().c_str()) != 0) _exit(127);
     for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
     for (const auto& [resource, limit] : limits_) limitTo(resource, limit);
-    redirect(STDERR_FILENO, kCapturedErrors);
+    redirect(STDERR_FILENO, capturedErrors);
     redirect(STDOUT_FILENO, standardOutput);
     execv(VANTRY_PROGRAM, argv.data());
     _exit(127);
@@ -71,7 +71,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
     if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "waitpid");
   }
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-          standardOutput == kCapturedOutput ? read(kCapturedOutput) : "", read(kCapturedErrors)};
+          standardOutput == capturedOutput ? read(capturedOutput) : "", read(capturedErrors)};
 }
 
 void ProgramTest::write(const std::string& name, std::string_view text) const {
@@ -93,8 +93,8 @@ std::string ProgramTest::files() const {
   for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
     names.insert(entry.path().filename());
   }
-  names.erase(kCapturedOutput);
-  names.erase(kCapturedErrors);
+  names.erase(capturedOutput);
+  names.erase(capturedErrors);
   std::string list;
   for (const std::string& name : names) list.append(list.empty() ? "" : " ").append(name);
   return list;

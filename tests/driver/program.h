@@ -27,7 +27,7 @@ struct Outcome {
 class ProgramTest : public testing::Test {
  protected:
   /// Stands for a name of standard output: the program is started without one.
-  static constexpr const char* kClosed = "";
+  static constexpr const char* closedStream = "";
 
   /// Sets a variable in the environment of the runs that follow.
   void setEnvironment(const std::string& name, const std::string& value) {
@@ -40,7 +40,7 @@ class ProgramTest : public testing::Test {
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
 
-  /// Runs the program with the file `standardOutput`, or kClosed, as its standard output.
+  /// Runs the program with the file `standardOutput`, or closedStream, as its standard output.
   Outcome runInto(const std::string& standardOutput,
                   const std::vector<std::string>& arguments) const;
 
