@@ -161,6 +161,18 @@ TEST_F(StyleTest, ADefaultStyleAsksNoSearchForItsOwnType) {
   EXPECT_EQ(chainOf(*style), StyleChain{outer}) << "once, not twice";
 }
 
+// Twice, as the style of its type and as a style for all.
+TEST_F(StyleTest, WhatIsOfTheTypeDefaultHasEachDefaultStyleTwice) {
+  const ObjStyle* inner = addStyle(*system, "Default", {{Word::LineWidth, "1"}});
+  const ObjStyle* outer = addStyle(*canvas, "Default", {{Word::Frames, "2"}});
+  const Obj2d* plain = add<Obj2d>(*system, {{Word::Type, "Default"}});
+  EXPECT_EQ(chainOf(*plain), (StyleChain{inner, outer, inner, outer}));
+  EXPECT_EQ(plain->styleParent(Word::Frames), outer);
+  const Transform2d* transform = add<Transform2d>(*system, {{Word::Type, "Default"}});
+  EXPECT_EQ(chainOf(*transform), (StyleChain{inner, outer, inner, outer}));
+  EXPECT_EQ(transform->frames(), 2);
+}
+
 TEST_F(StyleTest, AStyleWithoutAParentHasNoStyleParent) {
   const Ref<ObjStyle> style = make<ObjStyle>({{Word::Type, "Curve2d"}});
   EXPECT_EQ(style->styleParent(Word::LineWidth), nullptr);
@@ -297,6 +309,47 @@ TEST_F(StyleTest, The3dFormsKeepToTheirOwnStyles) {
   EXPECT_EQ(system3d->styleParent(Word::Axes), ofCanvas);
   EXPECT_EQ(system3d->styleParent(Word::Scaling), ofScene);
   EXPECT_EQ(ofScene->styleParent(Word::Axes), ofCanvas);
+  EXPECT_EQ(ofScene->styleParent(Word::Scaling), nullptr) << "not itself";
+  EXPECT_EQ(ofCanvas->styleParent(Word::Axes), nullptr);
+  EXPECT_EQ(chainOf(*system3d), (StyleChain{ofScene, ofCanvas}));
+  EXPECT_EQ(chainOf(*ofScene), StyleChain{ofCanvas});
+  EXPECT_TRUE(chainOf(*ofCanvas).empty());
+}
+
+TEST_F(StyleTest, ATransformInSpaceInheritsByItsOwnType) {
+  CoordinateSystem3d* system3d = add<CoordinateSystem3d>(*add<Scene3d>(*canvas));
+  const ObjStyle* forAll =
+      addStyle(*system3d, "Default", {{Word::TimeEnd, "9"}, {Word::Frames, "8"}});
+  const ObjStyle* typed = addStyle(*canvas, "Rotate3d", {{Word::Frames, "7"}});
+  addStyle(*canvas, "Rotate2d", {{Word::Frames, "6"}});
+  const Transform3d* transform = add<Transform3d>(*system3d, {{Word::Type, "Rotate3d"}});
+  EXPECT_EQ(transform->styleParent(Word::Frames), typed);
+  EXPECT_EQ(transform->styleParent(Word::TimeEnd), forAll);
+  EXPECT_EQ(transform->styleParent(Word::TimeBegin), nullptr);
+  EXPECT_EQ(chainOf(*transform), (StyleChain{typed, forAll}));
+}
+
+TEST_F(StyleTest, AStyleInAFragmentHoldsForWhatIsInTheFragment) {
+  const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+  const ObjStyle* style = addStyle(*fragment, "Curve2d", {{Word::LineWidth, "2"}});
+  const Obj2d* beside = add<Obj2d>(*fragment, {{Word::Type, "Curve2d"}});
+  const Obj2d* inside = add<Obj2d>(*add<Group2d>(*fragment), {{Word::Type, "Curve2d"}});
+  for (const Obj2d* each : {beside, inside}) {
+    EXPECT_EQ(each->lineWidth(), 2);
+    EXPECT_EQ(each->styleParent(Word::LineWidth), style);
+    EXPECT_EQ(chainOf(*each), StyleChain{style});
+  }
+  EXPECT_EQ(object->lineWidth(), 0.5) << "in another tree";
+}
+
+TEST_F(StyleTest, AStyleBesideTheCanvasHoldsForAll) {
+  const ObjStyle* style = addStyle(*document, "Default", {{Word::LineWidth, "2"}});
+  EXPECT_EQ(object->lineWidth(), 2);
+  EXPECT_EQ(chainOf(*object), StyleChain{style});
+  const ObjStyle* nearer = addStyle(*canvas, "Default", {{Word::LineWidth, "3"}});
+  EXPECT_EQ(object->lineWidth(), 3);
+  EXPECT_EQ(chainOf(*object), (StyleChain{nearer, style}));
+  EXPECT_EQ(chainOf(*nearer), StyleChain{style});
 }
 
 TEST_F(StyleTest, AllOthersInheritFromNobody) {
@@ -522,6 +575,36 @@ TEST_F(StyleTest, AllLocalValuesThatAreTheSameCanBeDropped) {
   EXPECT_TRUE(scene->hasAttribute(Word::Width));
 }
 
+TEST_F(StyleTest, ATransformDropsWhatItInheritsButItsType) {
+  addStyle(*canvas, "Rotate2d", {{Word::TimeEnd, "7"}});
+  Transform2d* transform =
+      add<Transform2d>(*system, {{Word::Type, "Rotate2d"}, {Word::TimeEnd, "7"}});
+  canvas->dropInheritedProperties();
+  EXPECT_FALSE(transform->hasAttribute(Word::TimeEnd));
+  EXPECT_EQ(transform->timeEnd(), 7);
+  EXPECT_TRUE(transform->hasAttribute(Word::Type)) << "mandatory values stay";
+  EXPECT_EQ(transform->type(), Word::Rotate2d);
+}
+
+TEST_F(StyleTest, WhatIsInAGroupDropsNothing) {
+  addStyle(*canvas, "Curve2d", {{Word::LineWidth, "4"}});
+  object->setAttributeFromString(Word::LineWidth, "4");
+  canvas->dropInheritedProperties();
+  EXPECT_TRUE(object->hasAttribute(Word::LineWidth)) << "a group does not pass the call on";
+}
+
+// The style has lost its value by then, so it is not from there that the object inherits.
+TEST_F(StyleTest, ALocalValueStaysWhenTheStyleComesToInheritTheSame) {
+  addStyle(*canvas, "Curve2d", {{Word::LineWidth, "1"}});
+  ObjStyle* ofScene = addStyle(*scene, "Curve2d", {{Word::LineWidth, "2"}});
+  Obj2d* direct = add<Obj2d>(*system, {{Word::Type, "Curve2d"}, {Word::LineWidth, "1"}});
+  ofScene->setPropertyValue(Word::LineWidth, DoubleVariant(1));
+  EXPECT_FALSE(ofScene->hasAttribute(Word::LineWidth));
+  EXPECT_EQ(ofScene->lineWidth(), 1);
+  EXPECT_TRUE(direct->hasAttribute(Word::LineWidth));
+  EXPECT_EQ(direct->lineWidth(), 1);
+}
+
 // Typed access.
 
 TEST_F(StyleTest, TheColourInTheLegendIsThePropertyThatIsNamed) {
@@ -538,6 +621,8 @@ TEST_F(StyleTest, TheColourInTheLegendIsThePropertyThatIsNamed) {
   EXPECT_FALSE(object->legendColor(color)) << "no colour";
   object->setAttributeFromString(Word::LegendColor, "Radius");
   EXPECT_FALSE(object->legendColor(color)) << "no property";
+  object->setAttributeFromString(Word::LegendColor, "Type");
+  EXPECT_FALSE(object->legendColor(color)) << "a word";
   EXPECT_EQ(color, blue);
 
   addStyle(*canvas, "Curve2d", {{Word::LegendColor, "FillColor"}, {Word::FillColor, "#ffff00"}});
@@ -565,6 +650,12 @@ TEST_F(StyleTest, TheParameterRangeOfAnObject) {
   begin->setAttributeFromString(Word::Val, "2");
   end->setAttributeFromString(Word::Val, "nan");
   EXPECT_TRUE(isNone(rangeOf(*object)));
+
+  Obj2d* other = add<Obj2d>(*group);
+  add(*other, Word::ParameterBegin, {{Word::Val, "3"}});
+  EXPECT_TRUE(isNone(rangeOf(*other)));
+  add(*other, Word::ParameterEnd, {{Word::Val, "1"}});
+  EXPECT_EQ(rangeOf(*other), std::pair(3.0, 1.0)) << "backwards too";
 }
 
 }  // namespace
