@@ -1,5 +1,6 @@
 // Expressions, texts, tuples and lists; elements as XML; copies.
 #include <cmath>
+#include <limits>
 #include <typeinfo>
 
 #include "SRC/color_array2d.h"
@@ -11,6 +12,7 @@
 #include "SRC/obj_style.h"
 #include "SRC/object.h"
 #include "SRC/poly2d.h"
+#include "SRC/tr.h"
 #include "SRC/transform.h"
 #include "plot_test.h"
 
@@ -36,6 +38,18 @@ TEST_F(ElementTest, AVExprHasOneAttribute) {
   EXPECT_EQ(element->value(), 3);
   element->setPropertyValue(Word::Val, DoubleVariant(4));
   EXPECT_EQ(element->value(), 4);
+  EXPECT_EQ(takeComplaints(), "");
+}
+
+TEST_F(ElementTest, AVExprTakesNumbersInEachNotationOfTheCLibrary) {
+  const Ref<VExpr> element = make<VExpr>({{Word::Val, "0x10"}});
+  EXPECT_EQ(element->value(), 16);
+  element->setAttributeFromString(Word::Val, "inf");
+  EXPECT_EQ(element->value(), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(xmlOf(*element), "<VExpr Val=\"inf\"></VExpr>");
+  element->setAttributeFromString(Word::Val, "nan");
+  EXPECT_TRUE(std::isnan(element->value()));
+  EXPECT_EQ(xmlOf(*element), "<VExpr></VExpr>");
   EXPECT_EQ(takeComplaints(), "");
 }
 
@@ -312,6 +326,35 @@ TEST_F(ElementTest, TheTimeOfAFrameIsForgottenWhenItMayHaveChanged) {
   EXPECT_EQ(image->frameTime(), 6);
   image->setAttributeFromString(Word::Param, "10");
   EXPECT_EQ(image->frameTime(), 8);
+
+  PlotElement* other = add(*system, Word::Obj2d);
+  add(*other, Word::ParameterBegin, {{Word::Val, "0"}});
+  add(*other, Word::ParameterEnd, {{Word::Val, "20"}});
+  other->appendChild(image);
+  EXPECT_EQ(image->frameTime(), 2) << "half of 0 to 4";
+}
+
+TEST_F(ElementTest, TheTimeOfAMapIsForgottenWhenItMayHaveChanged) {
+  PlotElement* canvas = add(*document, Word::Canvas);
+  PlotElement* system = add(*add(*canvas, Word::Scene2d), Word::CoordinateSystem2d);
+  ObjStyle* style = add<ObjStyle>(*canvas, {{Word::Type, "Rotate2d"}});
+  const auto addTransform = [&](const char* parameterEnd) {
+    PlotElement* transform = add(*system, Word::Transform2d, {{Word::Type, "Rotate2d"}});
+    add(*transform, Word::ParameterBegin, {{Word::Val, "0"}});
+    add(*transform, Word::ParameterEnd, {{Word::Val, parameterEnd}});
+    return transform;
+  };
+  PlotElement* transform = addTransform("10");
+  Tr2d* map = add<Tr2d>(*transform, {{Word::Param, "5"}});
+  EXPECT_EQ(map->frameTime(), 2) << "half of 0 to 4";
+  style->setAttributeFromString(Word::TimeEnd, "8");
+  EXPECT_EQ(map->frameTime(), 4);
+  transform->setAttributeFromString(Word::TimeEnd, "16");
+  EXPECT_EQ(map->frameTime(), 8);
+  map->setAttributeFromString(Word::Param, "10");
+  EXPECT_EQ(map->frameTime(), 16);
+  addTransform("20")->appendChild(map);
+  EXPECT_EQ(map->frameTime(), 4) << "half of 0 to 8";
 }
 
 }  // namespace

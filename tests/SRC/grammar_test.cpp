@@ -305,6 +305,18 @@ TEST_F(GrammarTest, SeveralChildrenAtOnceAreAllLookedAt) {
             "PlotDom error: illegal option child [parent 'Scene2d']\n");
 }
 
+TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsTold) {
+  const auto complaint = [this](Token parent, std::initializer_list<Token> children) {
+    const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    for (const Token child : children) add(*fragment, child);
+    return answerOf(*make(parent), fragment->firstChild());
+  };
+  EXPECT_EQ(complaint(Word::Group2d, {Word::Obj2d, Word::Obj3d, Word::Canvas}),
+            "PlotDom error: not a valid content child 'Obj3d' [parent 'Group2d']\n");
+  EXPECT_EQ(complaint(Word::Img2d, {Word::Poly2d, Word::Mesh3d, Word::Obj2d}),
+            "PlotDom error: not a valid content child 'Mesh3d' [parent 'Img2d']\n");
+}
+
 TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
   const Ref<PlotElement> canvas = make(Word::Canvas);
   Ref<Arbor::DocumentFragment> both(document->createDocumentFragment());
@@ -312,6 +324,10 @@ TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
   add(*both, Word::ObjStyle);
   add(*both, Word::Scene3d);
   EXPECT_EQ(answerOf(*canvas, both->firstChild()), "no");
+  EXPECT_EQ(codeOf([&] { canvas->appendChild(both.get()); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(), "");
+  EXPECT_EQ(canvas->length(), 0U);
+  EXPECT_EQ(both->length(), 3U);
 
   add(*canvas, Word::Scene3d);
   add(*canvas, Word::Scene2d);

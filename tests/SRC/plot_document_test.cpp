@@ -101,7 +101,20 @@ TEST_F(PlotDocumentTest, BothCallsGetTheSameArguments) {
 TEST_F(PlotDocumentTest, WithoutAReporterComplaintsAreSilent) {
   document->setErrorReporter(nullptr);
   EXPECT_EQ(codeOf([&] { make(Word::Sphere, {{Word::XMesh, "1"}}); }), DomException::InvalidAccess);
+  EXPECT_EQ(codeOf([&] { make(Word::Sphere, {{Word::Radius, "wide"}}); }), DomException::Syntax);
+  const Ref<PlotElement> scene = make(Word::Scene2d);
+  EXPECT_EQ(codeOf([&] { add(*scene, Word::View3d); }), DomException::HierarchyRequest);
   EXPECT_EQ(takeComplaints(), "");
+}
+
+TEST_F(PlotDocumentTest, ComplaintsOfAnElementWithoutADocumentAreSilent) {
+  const Ref<Sphere> sphere(new Sphere(nullptr));
+  EXPECT_EQ(codeOf([&] { sphere->setAttributeFromString(Word::XMesh, "1"); }),
+            DomException::InvalidAccess);
+  EXPECT_EQ(takeComplaints(), "");
+  sphere->attachedToDocument();
+  EXPECT_EQ(sphere->shading(), Word::Flat);
+  EXPECT_EQ(sphere->fillColor(), black);
 }
 
 // Visits.

@@ -1,7 +1,9 @@
 // How properties are set, resolved, removed and told: for values in members, and in lists.
+#include <array>
 #include <cmath>
 #include <map>
 #include <sstream>
+#include <thread>
 
 #include "SRC/box.h"
 #include "SRC/canvas.h"
@@ -62,6 +64,14 @@ TEST_F(PropertyTest, AnUnknownPropertyIsRefusedEverywhere) {
   EXPECT_EQ(codeOf([&] { sphere->setAttribute(Word::XMesh, value); }),
             DomException::HierarchyRequest);
   EXPECT_EQ(takeComplaints(), "");
+}
+
+TEST_F(PropertyTest, AWordThatNoClassHasAsAPropertyIsUnknown) {
+  const Ref<Sphere> sphere = make<Sphere>();
+  EXPECT_EQ(sphere->findProperty(token("Wobbly")), nullptr);
+  EXPECT_EQ(codeOf([&] { sphere->setAttributeFromString(token("Wobbly"), "1"); }),
+            DomException::InvalidAccess);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: unknown property 'Wobbly' [node 'Sphere']\n");
 }
 
 TEST_F(PropertyTest, AnElementWithoutPropertiesKnowsNone) {
@@ -139,6 +149,47 @@ TEST_F(PropertyTest, ARefusedValueLeavesTheElementAsItWas) {
   EXPECT_EQ(takeComplaints(), "PlotDom error: illegal value [attribute 'Width']\n");
 }
 
+TEST_F(PropertyTest, AVariantOfAnotherKindLeavesTheElementAsItWas) {
+  const Ref<Sphere> sphere = make<Sphere>({{Word::Radius, "2.5"}});
+  EXPECT_EQ(codeOf([&] { sphere->setAttribute(Word::Radius, LongVariant(3)); }),
+            DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: illegal value [attribute 'Radius']\n");
+  EXPECT_EQ(sphere->radius(), 2.5);
+
+  object->setAttributeFromString(Word::LineWidth, "2.5");
+  EXPECT_EQ(codeOf([&] { object->setAttribute(Word::LineWidth, LongVariant(3)); }),
+            DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: illegal value [attribute 'LineWidth']\n");
+  EXPECT_EQ(object->lineWidth(), 2.5);
+}
+
+/// A transform of which nothing can be changed once it is locked.
+class LockableTransform final : public ElementOf<LockableTransform, TransformBase> {
+ public:
+  static constexpr Token tag = Word::Transform2d;
+  using ElementOf::ElementOf;
+  std::uint32_t allowedOptions() const override { return 0; }
+  bool isContentName(Token) const override { return true; }
+  bool isReadOnly() const override { return isLocked; }
+
+  bool isLocked = false;
+};
+
+TEST_F(PropertyTest, AReadOnlyElementRefusesEachValueInSilence) {
+  const Ref<LockableTransform> transform(new LockableTransform(document.get()));
+  transform->setAttributeFromString(Word::Frames, "3");
+  transform->isLocked = true;
+  const auto refuse = [&](const char* text, int code, const std::string& complaint) {
+    EXPECT_EQ(codeOf([&] { transform->setAttributeFromString(Word::Frames, text); }), code);
+    EXPECT_EQ(takeComplaints(), complaint);
+    EXPECT_EQ(transform->frames(), 3);
+  };
+  refuse("7", DomException::NoModificationAllowed, "");
+  refuse("-1", DomException::NoModificationAllowed, "");
+  refuse("many", DomException::Syntax,
+         "PlotDom error: illegal value string [attribute 'Frames']\n");
+}
+
 TEST_F(PropertyTest, AMandatoryMemberIsThereFromTheStartAndNeverGoes) {
   const Ref<Box> box = make<Box>();
   for (const Token name :
@@ -198,6 +249,24 @@ TEST_F(PropertyTest, AMemberIsResolvedWhenTheElementMeetsTheDocument) {
   EXPECT_EQ(mesh->lineColor(), RGBA(0, 255, 0));
 }
 
+// The outermost element comes into the document by a way of its own.
+TEST_F(PropertyTest, AWholeTreeIsResolvedWhenItIsToldThatItIsAttached) {
+  document->removeChild(canvas);
+  const Ref<Canvas> whole = make<Canvas>();
+  add<ObjStyle>(*whole, {{Word::Type, "Surface"}, {Word::LineWidth, "3"}});
+  CoordinateSystem3d* axes = add<CoordinateSystem3d>(*add<Scene3d>(*whole));
+  Obj3d* surface = add<Obj3d>(*axes, {{Word::Type, "Surface"}});
+  const Mesh3d* mesh = add<Mesh3d>(*add<Img3d>(*surface));
+  document->appendChild(whole.get());
+  EXPECT_TRUE(mesh->isInDocument());
+  EXPECT_EQ(mesh->shading(), Token());
+  EXPECT_EQ(mesh->lineWidth(), 0);
+
+  whole->attachedToDocument();
+  EXPECT_EQ(mesh->shading(), Word::Flat);
+  EXPECT_EQ(mesh->lineWidth(), 3);
+}
+
 TEST_F(PropertyTest, OnlyInheritedMembersAreFilledFromStyles) {
   add<ObjStyle>(*canvas, {{Word::Type, "Default"},
                           {Word::USubmesh, "5"},
@@ -219,6 +288,55 @@ TEST_F(PropertyTest, ARemovedMemberHoldsWhatTheStyleParentHas) {
   mesh->removeAttribute(Word::LineColor);
   EXPECT_EQ(mesh->lineColor(), black) << "nobody has it: the default";
   mesh->removeAttribute(Word::LineColor);  // not there: nothing happens
+}
+
+// Only what is removed asks the style parent; what comes later does not reach it.
+TEST_F(PropertyTest, AnOptionalMemberThatIsRemovedHoldsWhatTheStyleParentHas) {
+  Mesh3d* mesh = add<Mesh3d>(*image);
+  object->setAttribute(Word::USubmesh, LongVariant(5));
+  EXPECT_EQ(mesh->uSubmesh(), 0);
+  mesh->setAttribute(Word::USubmesh, LongVariant(1));
+  mesh->removeAttribute(Word::USubmesh);
+  EXPECT_EQ(mesh->uSubmesh(), 5);
+  EXPECT_FALSE(mesh->hasAttribute(Word::USubmesh));
+}
+
+TEST_F(PropertyTest, UndoGivesAMemberBackWhatItInherited) {
+  object->setAttributeFromString(Word::LineWidth, "3");
+  Mesh3d* mesh = add<Mesh3d>(*image);
+  document->startUndoGroup();
+  mesh->setAttributeFromString(Word::LineWidth, "5");
+  document->undo();
+  EXPECT_EQ(mesh->lineWidth(), 3);
+  EXPECT_FALSE(mesh->hasAttribute(Word::LineWidth));
+  document->redo();
+  EXPECT_EQ(mesh->lineWidth(), 5);
+  EXPECT_TRUE(mesh->hasAttribute(Word::LineWidth));
+}
+
+/// Keeps of which properties it is told, as "tag.property".
+class ListeningObject final : public ElementOf<ListeningObject, PlotElement> {
+ public:
+  static constexpr Token tag = Word::Obj2d;
+  using ElementOf::ElementOf;
+  void propertyChanged(PlotElement& source, Token name) override {
+    log.push_back(std::string(source.tagName().str()) + "." + name.str());
+  }
+
+  Log log;
+};
+
+TEST_F(PropertyTest, AnElementWithMembersTellsItsChildrenWhatItWasGiven) {
+  const Ref<PlotElement> group = make(Word::Group2d);
+  const Ref<ListeningObject> child(new ListeningObject(document.get()));
+  const Ref<ListeningObject> deeper(new ListeningObject(document.get()));
+  add(*group, Word::Group2d)->appendChild(deeper.get());
+  group->appendChild(child.get());
+  group->setPropertyValue(Word::Visible, BoolVariant(false));
+  EXPECT_EQ(child->log, Log{"Group2d.Visible"});
+  EXPECT_EQ(deeper->log, Log{}) << "only its children";
+  group->setAttribute(Word::Visible, BoolVariant(true));
+  EXPECT_EQ(child->log.size(), 1U) << "an attribute is not told that way";
 }
 
 TEST_F(PropertyTest, SettingWhatTheStyleParentHasLeavesTheMemberUnset) {
@@ -280,6 +398,13 @@ TEST_F(PropertyTest, AMemberThatEqualsTheInheritedValueCanBeDropped) {
   EXPECT_FALSE(mesh->hasAttribute(Word::PointSize));
 }
 
+TEST_F(PropertyTest, TheZerosOfBothSignsAreTheSameWhenDropped) {
+  object->setAttributeFromString(Word::LineColorDirectionX, "0");
+  Mesh3d* mesh = add<Mesh3d>(*image, {{Word::LineColorDirectionX, "-0"}});
+  mesh->dropInheritedProperties();
+  EXPECT_FALSE(mesh->hasAttribute(Word::LineColorDirectionX));
+}
+
 TEST_F(PropertyTest, WhatIsToldAboutMembers) {
   Mesh3d* mesh = add<Mesh3d>(*image);
   PropertyObserver observer(*document);
@@ -310,6 +435,13 @@ TEST_F(PropertyTest, AttachingTellsAboutEachInheritedMember) {
   PropertyObserver observer(*document);
   add<Sphere>(*image, {{Word::FillColor, "#123456"}});
   EXPECT_EQ(observer.take(), Log{"Sphere.Shading"});
+}
+
+TEST_F(PropertyTest, WhatAnElementInNoTreeInheritsIsToldToo) {
+  const Ref<Mesh3d> mesh = make<Mesh3d>();
+  PropertyObserver observer(*document);
+  EXPECT_TRUE(mesh->findProperty(Word::LineWidth)->inheritFrom(*mesh, {}));
+  EXPECT_EQ(observer.take(), Log{"Mesh3d.LineWidth"});
 }
 
 TEST_F(PropertyTest, AnEventHoldsElementAndName) {
@@ -348,6 +480,28 @@ TEST_F(PropertyTest, AListHoldsOnlyWhatWasSet) {
   EXPECT_EQ(object->getAttribute(Word::LineWidth), DoubleVariant(3));
   object->removeAttribute(Word::LineWidth);
   EXPECT_FALSE(object->hasAttribute(Word::LineWidth));
+}
+
+TEST_F(PropertyTest, AListPropertyLeavesAllToTheElement) {
+  const ObjStyle* style = add<ObjStyle>(*canvas, {{Word::Type, "Surface"}, {Word::LineWidth, "2"}});
+  object->setAttributeFromString(Word::LineWidth, "2");
+  const Property& property = *object->findProperty(Word::LineWidth);
+  PropertyObserver observer(*document);
+  EXPECT_FALSE(property.inheritFrom(*object, {style}));
+  EXPECT_FALSE(property.parentChanged(*object, *canvas));
+  EXPECT_FALSE(property.parentChanged(*object, *object));
+  property.store(*object, DoubleVariant(5));
+  property.setValue(*object, DoubleVariant(5));
+  property.clear(*object);
+  property.dropIfInherited(*object, *style);
+  EXPECT_EQ(object->getAttribute(Word::LineWidth), DoubleVariant(2));
+  EXPECT_EQ(observer.take(), Log{});
+
+  std::ostringstream out;
+  CmdWriter writer(out, Word::MM);
+  property.putXmlMember(out, *object);
+  property.putCmdMember(writer, *object);
+  EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(PropertyTest, AnUnknownPropertyOfAListElement) {
@@ -533,6 +687,20 @@ TEST(PropertyListMgr, BuildingMayAskAnotherList) {
   outer.other = &inner;
   outer.find(Word::Type);
   EXPECT_EQ(inner.filled, 1);
+}
+
+TEST(PropertyListMgr, ThreadsThatAskAtOnceBuildItOnce) {
+  for (int round = 0; round < 50; ++round) {
+    CountingList list;
+    std::array<const Property*, 4> found{};
+    std::vector<std::thread> threads;
+    for (const Property*& property : found) {
+      threads.emplace_back([&list, &property] { property = list.find(Word::Type); });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(list.filled, 1);
+    for (const Property* property : found) EXPECT_EQ(property, list.find(Word::Type));
+  }
 }
 
 TEST(PropertyListMgr, TheFirstListThatHasTheNameAnswers) {
