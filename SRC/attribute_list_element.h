@@ -1,6 +1,7 @@
 // Elements that keep their own values in a list and resolve the others at each read.
 #pragma once
 
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -22,6 +23,10 @@ class AttributeListElement : public OptionedPlotElement {
 
   const Variant* findAttribute(Token name) const final;
   bool hasProperty(Token name) const override;
+
+  /// The attributes that are set.
+  std::span<const std::pair<Token, Variant>> attributes() const { return attributes_; }
+
   /// Throws 15 also for a mandatory property that has no value.
   Variant getPropertyValue(Token name) const override;
   void setPropertyValue(Token name, const Variant& value) override;

@@ -3,7 +3,7 @@
 
 #include "SRC/library_element.h"
 #include "SRC/style_getter.h"
-#include "SRC/style_search.h"
+#include "SRC/style_index.h"
 
 namespace PlotDom {
 

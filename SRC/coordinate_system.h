@@ -3,7 +3,7 @@
 
 #include "SRC/coordinate_system_style_getter.h"
 #include "SRC/library_element.h"
-#include "SRC/style_search.h"
+#include "SRC/style_index.h"
 
 namespace PlotDom {
 

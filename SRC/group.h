@@ -2,7 +2,7 @@
 #pragma once
 
 #include "SRC/content_element.h"
-#include "SRC/style_search.h"
+#include "SRC/style_index.h"
 #include "SRC/with_members.h"
 
 namespace PlotDom {

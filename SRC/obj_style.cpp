@@ -1,6 +1,7 @@
 #include "SRC/obj_style.h"
 
 #include "SRC/object_properties.h"
+#include "SRC/style_index.h"
 #include "SRC/style_search.h"
 
 namespace PlotDom {
@@ -11,6 +12,9 @@ ObjStyle::ObjStyle(const ObjStyle& other)
     : ElementOf(other), ObjectStyleGetter(this), localType_(other.localType_) {}
 
 void ObjStyle::doSetAttribute(Token name, const Variant& value) {
+  if (const StyleIndex* index = indexAround(); index && !hasAttribute(name)) {
+    index->attributesChanged();
+  }
   ElementOf::doSetAttribute(name, value);
   if (name != Word::Type) return;
   const auto* type = value.as<Ubase::TokenVariant>();
@@ -18,15 +22,19 @@ void ObjStyle::doSetAttribute(Token name, const Variant& value) {
 }
 
 void ObjStyle::doRemoveAttribute(Token name) {
+  if (const StyleIndex* index = indexAround()) index->attributesChanged();
   ElementOf::doRemoveAttribute(name);
   if (name == Word::Type) setLocalType(Token());
 }
 
 void ObjStyle::setLocalType(Token type) {
   localType_ = type;
+  if (const StyleIndex* index = indexAround()) index->typeChanged();
+}
+
+const StyleIndex* ObjStyle::indexAround() const {
   const PlotElement* container = from(parent());
-  const StyleIndex* index = container ? container->styleIndex() : nullptr;
-  if (index) index->typeChanged();
+  return container ? container->styleIndex() : nullptr;
 }
 
 const PlotElement* ObjStyle::styleParent(Token name) const {

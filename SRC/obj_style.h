@@ -33,6 +33,8 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
 
  private:
   void setLocalType(Token type);
+  /// What the container around knows of its styles; null outside of a container.
+  const StyleIndex* indexAround() const;
 
   Token localType_;
 };

@@ -2,6 +2,7 @@
 
 #include "SRC/object_properties.h"
 #include "SRC/parameter_range.h"
+#include "SRC/style_search.h"
 
 namespace PlotDom {
 
@@ -43,6 +44,10 @@ const PlotElement* ObjectBase::styleParent(Token name) const {
 
 void ObjectBase::collectStyleChain(StyleChain& chain) const {
   collectTypedStyles(*this, localType(), chain);
+}
+
+void ObjectBase::collectEffectiveStyles(StyleChain& chain) const {
+  PlotDom::collectEffectiveStyles(*this, localType(), chain);
 }
 
 void ObjectBase::notifyPropertyChanged(Token name) {

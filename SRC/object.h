@@ -3,7 +3,6 @@
 
 #include "SRC/library_element.h"
 #include "SRC/object_style_getter.h"
-#include "SRC/style_search.h"
 
 namespace PlotDom {
 
@@ -26,6 +25,7 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
   bool isContentName(Token name) const override;
   const PlotElement* styleParent(Token name) const override;
   void collectStyleChain(StyleChain& chain) const override;
+  void collectEffectiveStyles(StyleChain& chain) const override;
   void notifyPropertyChanged(Token name) override;
 
  protected:

@@ -4,6 +4,7 @@
 #include <cstdarg>
 
 #include "SRC/plot_element.h"
+#include "SRC/style_path.h"
 #include "dom/document.h"
 
 namespace PlotDom {
@@ -36,6 +37,9 @@ class PlotDocument : public Arbor::Document {
 
   /// Calls visit() of each element, from the root down.
   virtual void visitElements();
+
+  /// For searches for styles: what holds at the place that was searched last.
+  StylePath& stylePath() { return stylePath_; }
 
   // The selection: what the selected ranges of the document hold.
 
@@ -77,6 +81,7 @@ class PlotDocument : public Arbor::Document {
 
  private:
   ErrorReporter errorReporter_ = nullptr;
+  StylePath stylePath_;
 };
 
 }  // namespace PlotDom

@@ -59,6 +59,8 @@ class PlotElement : public Arbor::Element {
   virtual const PlotElement* styleParent(Token name) const;
   /// Adds all elements from which this one inherits, the nearest first.
   virtual void collectStyleChain(StyleChain& chain) const;
+  /// The same, but may leave out those that nearer ones hide.
+  virtual void collectEffectiveStyles(StyleChain& chain) const { collectStyleChain(chain); }
   /// The local value in the attribute list, null if there is none. It lives until the next change.
   virtual const Variant* findAttribute(Token name) const;
   /// The description of a property of this class, or null.

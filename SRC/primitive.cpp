@@ -19,4 +19,11 @@ void PrimitiveBase::collectStyleChain(StyleChain& chain) const {
   object->collectStyleChain(chain);
 }
 
+void PrimitiveBase::collectEffectiveStyles(StyleChain& chain) const {
+  const PlotElement* object = this->object();
+  if (!object) return;
+  chain.push_back(object);
+  object->collectEffectiveStyles(chain);
+}
+
 }  // namespace PlotDom

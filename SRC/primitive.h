@@ -14,6 +14,7 @@ class PrimitiveBase : public LeafElement {
 
   const PlotElement* styleParent(Token name) const override;
   void collectStyleChain(StyleChain& chain) const override;
+  void collectEffectiveStyles(StyleChain& chain) const override;
 
  protected:
   PrimitiveBase(const PrimitiveBase&) = default;

@@ -195,7 +195,7 @@ class PropertyImpl : public TypedProperty<Trait> {
       return true;
     }
     StyleChain chain;
-    element.collectStyleChain(chain);
+    element.collectEffectiveStyles(chain);
     return inheritFrom(element, chain);
   }
 

@@ -62,7 +62,7 @@ void PropertyListMgr::inheritAll(PlotElement& element) {
   if (inherited_.empty()) return;
   StyleChain chain;
   chain.reserve(8);  // more than most elements have
-  element.collectStyleChain(chain);
+  element.collectEffectiveStyles(chain);
   for (const Property* property : inherited_) property->inheritFrom(element, chain);
 }
 

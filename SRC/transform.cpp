@@ -1,6 +1,7 @@
 #include "SRC/transform.h"
 
 #include "SRC/group.h"
+#include "SRC/style_search.h"
 
 namespace PlotDom {
 
@@ -42,6 +43,10 @@ const PlotElement* TransformBase::styleParent(Token key) const {
 
 void TransformBase::collectStyleChain(StyleChain& chain) const {
   collectTypedStyles(*this, type(), chain);
+}
+
+void TransformBase::collectEffectiveStyles(StyleChain& chain) const {
+  PlotDom::collectEffectiveStyles(*this, type(), chain);
 }
 
 bool TransformBase::beginCommand(CmdWriter& writer) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "SRC/content_element.h"
-#include "SRC/style_search.h"
+#include "SRC/style_index.h"
 #include "SRC/with_members.h"
 
 namespace PlotDom {
@@ -19,6 +19,7 @@ class TransformBase
   std::uint32_t optionBit(Token child) const override;
   const PlotElement* styleParent(Token key) const override;
   void collectStyleChain(StyleChain& chain) const override;
+  void collectEffectiveStyles(StyleChain& chain) const override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;
