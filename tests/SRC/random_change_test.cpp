@@ -60,17 +60,24 @@ StyleChain expectedChain(const PlotElement& element) {
   return chain;
 }
 
+const PlotElement* firstWith(Token name, const StyleChain& styles) {
+  const auto first = std::ranges::find_if(
+      styles, [name](const PlotElement* style) { return style->hasAttribute(name); });
+  return first == styles.end() ? nullptr : *first;
+}
+
 void expectItsStyles(const PlotElement& element) {
   const StyleChain expected = expectedChain(element);
   StyleChain chain;
   element.collectStyleChain(chain);
   EXPECT_EQ(chain, expected) << xmlOf(element);
+  StyleChain effective;
+  element.collectEffectiveStyles(effective);
   for (const Token name : {Word::LineWidth, Word::LineColor, Word::FillColor, Word::Visible,
                            Word::Frames, Word::Type}) {
-    const auto first = std::ranges::find_if(
-        expected, [name](const PlotElement* style) { return style->hasAttribute(name); });
-    const PlotElement* parent = first == expected.end() ? nullptr : *first;
+    const PlotElement* parent = firstWith(name, expected);
     EXPECT_EQ(element.styleParent(name), parent) << name.str() << " of " << xmlOf(element);
+    EXPECT_EQ(firstWith(name, effective), parent) << name.str() << " of " << xmlOf(element);
   }
 }
 
@@ -153,6 +160,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   void changeSomething() {
     if (!canvas_->firstChild()) addGroups();
     canBeUndone_ = true;
+    searchSomewhere();
     try {
       change();
     } catch (const DomException&) {
@@ -176,6 +184,12 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   unsigned undoes() const { return undoes_; }
 
  private:
+  /// What is remembered of the last search must not outlive the next change.
+  void searchSomewhere() {
+    const PlotElement* element = someElement();
+    if (element && isStyled(*element)) expectItsStyles(*element);
+  }
+
   unsigned below(std::size_t bound) { return static_cast<unsigned>(random_() % bound); }
 
   template <class T>

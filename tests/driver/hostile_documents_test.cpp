@@ -180,6 +180,24 @@ TEST_F(HostileDocument, StylesInEachOfManyGroupsThatAreDeepDown) {
   EXPECT_EQ(countOf(lineOutput, outcome.out), 50'000U);
 }
 
+TEST_F(HostileDocument, StylesInEachOfNestedGroups) {
+  const std::string group = "<Group2d><ObjStyle Type=\"Line2d\" LineWidth=\"1\"/>" + lineObject;
+  const Outcome outcome = convert(documentBegin + repeated(group, 50'000) +
+                                  repeated("</Group2d>", 50'000) + documentEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf(lineOutput, outcome.out), 50'000U);
+}
+
+TEST_F(HostileDocument, StylesBehindGroupsThatAreDeepDown) {
+  const std::string group = "<Group2d><Group2d>" + lineObject +
+                            "</Group2d><ObjStyle Type=\"Line2d\"/>" + lineObject + "</Group2d>";
+  const Outcome outcome =
+      convert(documentBegin + repeated("<Group2d>", 50'000) + repeated(group, 25'000) +
+              repeated("</Group2d>", 50'000) + documentEnd);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(countOf(lineOutput, outcome.out), 50'000U);
+}
+
 TEST_F(HostileDocument, TypesThatDiffer) {
   expectTheLine(documentBegin + numbered("<Group2d><ObjStyle Type=\"K#\"/></Group2d>", 200'000) +
                 lineObject + documentEnd);
