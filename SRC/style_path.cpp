@@ -1,7 +1,6 @@
 #include "SRC/style_path.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "SRC/obj_style.h"
@@ -72,7 +71,7 @@ std::size_t StylePath::enter(const PlotElement& container) {
   }
   if (missing.empty()) return container.styleIndex()->level_;
   cutAt(known ? known->styleIndex()->level_ + 1 : 0);
-  for (const PlotElement* next : std::views::reverse(missing)) push(*next);
+  for (; !missing.empty(); missing.pop_back()) push(*missing.back());
   return levels_.size() - 1;
 }
 
