@@ -156,4 +156,21 @@ TEST_F(StyleIndexes, ACopyHasTheStylesThatWereCopied) {
   EXPECT_EQ(static_cast<const Obj2d*>(copy->firstChildByName(Word::Obj2d))->lineWidth(), 9);
 }
 
+TEST(StylesWithoutTheirDocument, AreFoundInWhatIsLeft) {
+  Ref<PlotDocument> document(new PlotDocument);
+  const Ref<Group2d> group(new Group2d(document.get()));
+  const Ref<ObjStyle> style(new ObjStyle(document.get()));
+  style->setAttributeFromString(Word::Type, "Default");
+  style->setAttributeFromString(Word::LineWidth, "2");
+  const Ref<Obj2d> object(new Obj2d(document.get()));
+  document->appendChild(group.get());
+  group->appendChild(style.get());
+  group->appendChild(object.get());
+  EXPECT_EQ(object->lineWidth(), 2);
+  document = nullptr;
+  EXPECT_EQ(object->lineWidth(), 2);
+  group->removeChild(style.get());
+  EXPECT_EQ(object->lineWidth(), 0.5);
+}
+
 }  // namespace
