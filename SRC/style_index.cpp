@@ -70,6 +70,7 @@ void StyleIndex::afterReplace(const Change& change) noexcept {
 }
 
 void StyleIndex::typeChanged() const {
+  if (byType_.empty()) return;  // none of the children counts as a style
   isOutdated_ = true;
   leavePath();
 }

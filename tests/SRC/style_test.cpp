@@ -114,6 +114,10 @@ TEST_F(StyleTest, ATransformIsPassedThrough) {
   transform->doReplaceChildren(nullptr, 0, hidden.get());
   EXPECT_EQ(inside->styleParent(Word::LineWidth), style);
   EXPECT_EQ(chainOf(*inside), StyleChain{style});
+  hidden->setAttributeFromString(Word::Type, "Default");
+  hidden->setAttributeFromString(Word::LineColor, "#0000ff");
+  EXPECT_EQ(inside->styleParent(Word::LineColor), nullptr);
+  EXPECT_EQ(chainOf(*inside), StyleChain{style});
 }
 
 TEST_F(StyleTest, ATransformInheritsByItsOwnType) {
