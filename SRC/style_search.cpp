@@ -23,9 +23,9 @@ const Arbor::Node* holderOf(const Arbor::Node& node) {
 // Calls `use` with each style of that type that stands in a document or fragment itself, until it
 // returns true.
 template <class Use>
-void forEachStyleBeside(const Arbor::Node& start, Token type, Use use) {
+void forEachOutermostStyle(const Arbor::Node& start, Token type, Use use) {
   const Arbor::Node* holder = holderOf(start);
-  if (!holder) return;
+  if (!holder || holder == &start) return;
   for (const Arbor::Node* child = holder->firstChild(); child; child = child->nextSibling()) {
     if (child->nodeName() != ObjStyle::tag) continue;
     const auto* style = static_cast<const ObjStyle*>(child);
@@ -33,15 +33,35 @@ void forEachStyleBeside(const Arbor::Node& start, Token type, Use use) {
   }
 }
 
-// Calls `use` with each style of that type that can be found from `start`, until it returns true.
+// Calls `use` with each style of that type around `start`, until it returns true.
+template <class Use>
+void forEachStyle(const Arbor::Node& start, Token type, Use use) {
+  if (!type) return;  // no style is for those who have no type
+  const PlotElement* container = StyleIndex::containerAround(start);
+  for (; container; container = StyleIndex::containerAround(*container)) {
+    const auto& stylesByType = container->styleIndex()->stylesByType(*container);
+    const auto styles = stylesByType.find(type);
+    if (styles != stylesByType.end() && std::ranges::any_of(styles->second, use)) return;
+  }
+  forEachOutermostStyle(start, type, use);
+}
+
+// The same, without those that nearer ones hide.
 template <class Use>
 void forEachEffectiveStyle(const Arbor::Node& start, Token type, Use use) {
-  if (!type) return;  // no style is for those who have no type
-  if (const PlotElement* container = StyleIndex::containerAround(start)) {
-    StylePath& path = container->plotDocument()->stylePath();
-    if (std::ranges::any_of(path.stylesIn(*container, type), use)) return;
-  }
-  forEachStyleBeside(start, type, use);
+  const PlotElement* container = StyleIndex::containerAround(start);
+  if (!type || !container || !container->plotDocument()) return forEachStyle(start, type, use);
+  StylePath& path = container->plotDocument()->stylePath();
+  if (std::ranges::any_of(path.stylesIn(*container, type), use)) return;
+  forEachOutermostStyle(start, type, use);
+}
+
+// What takes each style that it is called with into the chain.
+auto addTo(StyleChain& chain) {
+  return [&chain](const ObjStyle* style) {
+    chain.push_back(style);
+    return false;
+  };
 }
 
 }  // namespace
@@ -56,18 +76,7 @@ const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name)
 }
 
 void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
-  if (!key) return;
-  const auto collect = [&chain](const ObjStyle* style) {
-    chain.push_back(style);
-    return false;
-  };
-  const PlotElement* container = StyleIndex::containerAround(start);
-  for (; container; container = StyleIndex::containerAround(*container)) {
-    const auto& stylesByType = container->styleIndex()->stylesByType(*container);
-    const auto styles = stylesByType.find(key);
-    if (styles != stylesByType.end()) std::ranges::for_each(styles->second, collect);
-  }
-  forEachStyleBeside(start, key, collect);
+  forEachStyle(start, key, addTo(chain));
 }
 
 const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token name) {
@@ -82,10 +91,7 @@ void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) 
 
 void collectEffectiveStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   for (const Token type : {key, Word::Default}) {
-    forEachEffectiveStyle(start, type, [&chain](const ObjStyle* style) {
-      chain.push_back(style);
-      return false;
-    });
+    forEachEffectiveStyle(start, type, addTo(chain));
   }
 }
 

@@ -32,8 +32,7 @@ StyleChain stylesAround(const Arbor::Node& start, Token type) {
 
 /// Whether the element inherits from styles of objects.
 bool isStyled(const PlotElement& element) {
-  if (element.tagName() == Word::ObjStyle) return PlotElement::from(element.parent());
-  return isOneOf(element.tagName(), Word::Obj2d, Word::Obj3d, Word::Transform2d,
+  return isOneOf(element.tagName(), Word::ObjStyle, Word::Obj2d, Word::Obj3d, Word::Transform2d,
                  Word::Transform3d) ||
          dynamic_cast<const PrimitiveBase*>(&element);
 }

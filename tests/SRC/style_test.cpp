@@ -356,6 +356,31 @@ TEST_F(StyleTest, AStyleBesideTheCanvasHoldsForAll) {
   EXPECT_EQ(chainOf(*nearer), StyleChain{style});
 }
 
+TEST_F(StyleTest, AnOutermostStyleInheritsFromNobody) {
+  const ObjStyle* besideTheCanvas = addStyle(*document, "Default", {{Word::LineWidth, "2"}});
+  const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+  addStyle(*fragment, "Default", {{Word::LineWidth, "1"}});
+  ObjStyle* inFragment = addStyle(*fragment, "Default", {{Word::LineWidth, "1"}});
+  for (const ObjStyle* style : {besideTheCanvas, static_cast<const ObjStyle*>(inFragment)}) {
+    EXPECT_EQ(style->styleParent(Word::LineWidth), nullptr);
+    EXPECT_TRUE(chainOf(*style).empty());
+  }
+  inFragment->dropInheritedProperties();
+  EXPECT_TRUE(inFragment->hasAttribute(Word::LineWidth));
+}
+
+TEST_F(StyleTest, ElementsWithoutADocumentHaveStylesToo) {
+  const Ref<Group2d> container(new Group2d(nullptr));
+  const Ref<ObjStyle> style(new ObjStyle(nullptr));
+  const Ref<Obj2d> inside(new Obj2d(nullptr));
+  style->setAttributeFromString(Word::Type, "Default");
+  style->setAttributeFromString(Word::LineWidth, "2");
+  container->appendChild(style.get());
+  container->appendChild(inside.get());
+  EXPECT_EQ(inside->lineWidth(), 2);
+  EXPECT_EQ(chainOf(*inside), StyleChain{style.get()});
+}
+
 TEST_F(StyleTest, AllOthersInheritFromNobody) {
   addStyle(*canvas, "Default", {{Word::LineWidth, "1"}});
   for (const PlotElement* element : std::initializer_list<PlotElement*>{canvas, group, image}) {
