@@ -8,10 +8,11 @@
 namespace PlotDom {
 
 /// The axes of a scene and the objects within them.
-class CoordinateSystemBase : public StyleScope<LibraryElement>, public CoordinateSystemStyleGetter {
+class CoordinateSystemBase : public StyleContainer<LibraryElement>,
+                             public CoordinateSystemStyleGetter {
  public:
   explicit CoordinateSystemBase(Arbor::Document* document)
-      : StyleScope(document), CoordinateSystemStyleGetter(this) {}
+      : StyleContainer(document), CoordinateSystemStyleGetter(this) {}
 
   /// The tag of the style elements that this class inherits from.
   virtual Token styleTag() const = 0;
@@ -22,7 +23,7 @@ class CoordinateSystemBase : public StyleScope<LibraryElement>, public Coordinat
 
  protected:
   CoordinateSystemBase(const CoordinateSystemBase& other)
-      : StyleScope(other), CoordinateSystemStyleGetter(this) {}
+      : StyleContainer(other), CoordinateSystemStyleGetter(this) {}
 };
 
 /// The axes of a scene in the plane.

@@ -9,7 +9,7 @@ namespace PlotDom {
 
 /// Objects, groups and transforms that are shown or hidden together; styles in a group are for
 /// what is in it.
-class GroupBase : public ContainerWithMembers<GroupBase, StyleScope<ContentPlotElement>>,
+class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentPlotElement>>,
                   public MemberValues {
  public:
   explicit GroupBase(Arbor::Document* document);

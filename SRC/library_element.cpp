@@ -17,6 +17,7 @@ enum class Reaction {
 
 Reaction reactionTo(const PlotElement& element, const PlotElement& source, Token name) {
   if (&source == &element) return Reaction::changed;
+  if (!source.isStyle()) return Reaction::unrelated;  // it would inherit from styles only
   StyleChain chain;
   element.collectStyleChain(chain);
   if (std::find(chain.begin(), chain.end(), &source) == chain.end()) return Reaction::unrelated;

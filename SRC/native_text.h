@@ -5,8 +5,8 @@
 
 namespace PlotDom {
 
-/// `utf8` in the native multibyte encoding. The converter has UTF-8 for it, and then any text passes
-/// as it is; what the locale cannot hold is found out when it is written.
+/// `utf8` in the native multibyte encoding. The converter has UTF-8 for it, and then any text
+/// passes as it is; what the locale cannot hold is found out when it is written.
 std::string nativeText(const char* utf8);
 
 }  // namespace PlotDom

@@ -12,19 +12,22 @@ ObjStyle::ObjStyle(const ObjStyle& other)
     : ElementOf(other), ObjectStyleGetter(this), localType_(other.localType_) {}
 
 void ObjStyle::doSetAttribute(Token name, const Variant& value) {
-  if (const StyleIndex* index = indexAround(); index && !hasAttribute(name)) {
-    index->attributesChanged();
-  }
+  const bool isNew = !hasAttribute(name);
   ElementOf::doSetAttribute(name, value);
+  if (isNew) attributesChanged();
   if (name != Word::Type) return;
   const auto* type = value.as<Ubase::TokenVariant>();
   setLocalType(type ? type->get() : Token());
 }
 
 void ObjStyle::doRemoveAttribute(Token name) {
-  if (const StyleIndex* index = indexAround()) index->attributesChanged();
   ElementOf::doRemoveAttribute(name);
+  attributesChanged();
   if (name == Word::Type) setLocalType(Token());
+}
+
+void ObjStyle::attributesChanged() {
+  if (const StyleIndex* index = indexAround()) index->leavePath();
 }
 
 void ObjStyle::setLocalType(Token type) {

@@ -32,11 +32,17 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
                     const Variant& value) const override;
 
  private:
+  void attributesChanged();
   void setLocalType(Token type);
   /// What the container around knows of its styles; null outside of a container.
   const StyleIndex* indexAround() const;
 
   Token localType_;
 };
+
+/// The node as the object style that it is, or null.
+inline const ObjStyle* asObjStyle(const Arbor::Node& node) {
+  return node.nodeName() == ObjStyle::tag ? static_cast<const ObjStyle*>(&node) : nullptr;
+}
 
 }  // namespace PlotDom

@@ -47,7 +47,7 @@ void ObjectBase::collectStyleChain(StyleChain& chain) const {
 }
 
 void ObjectBase::collectEffectiveStyles(StyleChain& chain) const {
-  PlotDom::collectEffectiveStyles(*this, localType(), chain);
+  collectEffectiveTypedStyles(*this, localType(), chain);
 }
 
 void ObjectBase::notifyPropertyChanged(Token name) {

@@ -183,9 +183,9 @@ class PropertyImpl : public TypedProperty<Trait> {
   }
 
   void clear(PlotElement& element) const final {
-    cast(element).setBits &= ~bit_;
     const PlotElement* source = element.styleParent(name());
     const Ubase::Variant inherited = source ? source->getPropertyValue(name()) : Ubase::Variant();
+    cast(element).setBits &= ~bit_;
     resolve(element, &inherited);
   }
 

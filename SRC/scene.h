@@ -8,9 +8,10 @@
 namespace PlotDom {
 
 /// One plot area of a canvas.
-class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
+class SceneBase : public StyleContainer<LibraryElement>, public SceneStyleGetter {
  public:
-  explicit SceneBase(Arbor::Document* document) : StyleScope(document), SceneStyleGetter(this) {}
+  explicit SceneBase(Arbor::Document* document)
+      : StyleContainer(document), SceneStyleGetter(this) {}
 
   // The place in the canvas, in millimetres, or in parts of the canvas if its layout is Relative.
   PLOT_GETTER(double, bottom, Bottom)
@@ -24,7 +25,7 @@ class SceneBase : public StyleScope<LibraryElement>, public SceneStyleGetter {
   void collectStyleChain(StyleChain& chain) const override;
 
  protected:
-  SceneBase(const SceneBase& other) : StyleScope(other), SceneStyleGetter(this) {}
+  SceneBase(const SceneBase& other) : StyleContainer(other), SceneStyleGetter(this) {}
 
   void putAttribute(CmdWriter& writer, const Property& property,
                     const Variant& value) const override;

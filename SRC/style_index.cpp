@@ -9,20 +9,13 @@ namespace PlotDom {
 
 namespace {
 
-bool isStyle(const Arbor::Node& node) { return node.nodeName() == Word::ObjStyle; }
-
-const StyleIndex* indexOf(const Arbor::Node& node) {
+void takeOffPath(const Arbor::Node& node) {
   const PlotElement* element = PlotElement::from(&node);
-  return element ? element->styleIndex() : nullptr;
+  const StyleIndex* index = element ? element->styleIndex() : nullptr;
+  if (index) index->leavePath();
 }
 
 }  // namespace
-
-const PlotElement* StyleIndex::containerAround(const Arbor::Node& node) {
-  const Arbor::Node* ancestor = node.parent();
-  while (ancestor && !indexOf(*ancestor)) ancestor = ancestor->parent();
-  return PlotElement::from(ancestor);
-}
 
 const StyleIndex::StylesByType& StyleIndex::stylesByType(const PlotElement& container) const {
   if (isOutdated_) {
@@ -35,27 +28,24 @@ const StyleIndex::StylesByType& StyleIndex::stylesByType(const PlotElement& cont
 
 StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned count,
                                              const Arbor::Node* newChildren) {
-  const auto leavePath = [](const Arbor::Node& child) {
-    if (const StyleIndex* index = indexOf(child)) index->leavePath();
-  };
   Change change;
   for (const Arbor::Node* child = first; child && count > 0; child = child->nextSibling()) {
-    leavePath(*child);
-    if (isStyle(*child)) change.isMixed = true;
+    takeOffPath(*child);
+    if (asObjStyle(*child)) change.isInside = true;
     --count;
   }
   for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
-    leavePath(*child);
-    if (!isStyle(*child)) continue;
-    if (first) change.isMixed = true;
+    takeOffPath(*child);
+    if (!asObjStyle(*child)) continue;
+    if (first) change.isInside = true;
     if (!change.appended) change.appended = child;
   }
   return change;
 }
 
 void StyleIndex::afterReplace(const Change& change) noexcept {
-  if (!change.isMixed && !change.appended) return;
-  if (change.isMixed || isOutdated_) {
+  if (!change.isInside && !change.appended) return;
+  if (change.isInside || isOutdated_) {
     isOutdated_ = true;
     leavePath();
     return;
@@ -69,7 +59,7 @@ void StyleIndex::afterReplace(const Change& change) noexcept {
   }
 }
 
-void StyleIndex::typeChanged() const {
+void StyleIndex::typeChanged() const noexcept {
   if (byType_.empty()) return;  // none of the children counts as a style
   isOutdated_ = true;
   leavePath();
@@ -77,14 +67,14 @@ void StyleIndex::typeChanged() const {
 
 void StyleIndex::addStyles(const Arbor::Node* node) const {
   for (; node; node = node->nextSibling()) {
-    if (!isStyle(*node)) continue;
-    const auto* style = static_cast<const ObjStyle*>(node);
+    const ObjStyle* style = asObjStyle(*node);
+    if (!style) continue;
     byType_[style->localType()].push_back(style);
     if (path_) path_->append(level_, *style);
   }
 }
 
-void StyleIndex::leavePath() const {
+void StyleIndex::leavePath() const noexcept {
   if (path_) path_->cutAt(level_);
 }
 

@@ -23,16 +23,13 @@ class StyleIndex {
   StyleIndex& operator=(const StyleIndex&) = delete;
   ~StyleIndex() { leavePath(); }
 
-  /// The nearest container around `node`, or null.
-  static const PlotElement* containerAround(const Arbor::Node& node);
-
   /// The ObjStyle children by type, in document order. `container` is the element whose index this
   /// is.
   const StylesByType& stylesByType(const PlotElement& container) const;
 
   /// What a change of children means for the styles among them.
   struct Change {
-    bool isMixed = false;                   // the styles are to be sorted anew
+    bool isInside = false;                  // the styles are to be collected anew
     const Arbor::Node* appended = nullptr;  // or else, these are to be added
   };
 
@@ -43,18 +40,19 @@ class StyleIndex {
   void afterReplace(const Change& change) noexcept;
 
   /// To be called when a style among the children has got another type.
-  void typeChanged() const;
-  /// To be called when one of them has got an attribute more or less.
-  void attributesChanged() const { leavePath(); }
+  void typeChanged() const noexcept;
+  /// To be called when one of them has got an attribute more or less, and when other containers may
+  /// be around this one.
+  void leavePath() const noexcept;
 
  private:
   friend class StylePath;
 
   void addStyles(const Arbor::Node* node) const;
-  void leavePath() const;
 
+  // All that is here is found in the tree again when it is missing, hence the changes by searches.
   mutable StylesByType byType_;
-  mutable bool isOutdated_ = false;  // the next search sorts the children anew
+  mutable bool isOutdated_ = false;  // the next search collects the styles anew
 
   // The place on the path of the document; null if the container is not on it.
   mutable StylePath* path_ = nullptr;
@@ -62,9 +60,9 @@ class StyleIndex {
 };
 
 /// A container through which a search for object styles goes. Its ObjStyle children are styles for
-/// what is in it, unless it only passes searches on. Only containers may hold containers.
+/// what is in it, unless it only passes searches on.
 template <class Base, bool hasStyles = true>
-class StyleScope : public Base {
+class StyleContainer : public Base {
  public:
   using Base::Base;
 
@@ -77,7 +75,7 @@ class StyleScope : public Base {
   }
 
  protected:
-  StyleScope(const StyleScope&) = default;
+  StyleContainer(const StyleContainer&) = default;
 
  private:
   StyleIndex index_;

@@ -5,19 +5,37 @@
 
 #include "SRC/obj_style.h"
 #include "SRC/style_index.h"
+#include "base/word_table.h"
 
 namespace PlotDom {
 
 namespace {
 
-// Adds the style unless those before it have all of its attributes.
-void addUnlessHidden(StylePath::Styles& styles, const ObjStyle* style) {
-  const bool isHidden = std::ranges::all_of(style->attributes(), [&styles](const auto& attribute) {
-    return std::ranges::any_of(
-        styles, [&](const ObjStyle* before) { return before->hasAttribute(attribute.first); });
-  });
-  if (!isHidden) styles.push_back(style);
-}
+/// Takes styles that have attributes which those before them have not.
+class StyleSieve {
+ public:
+  void add(std::span<const ObjStyle* const> styles) {
+    for (const ObjStyle* style : styles) {
+      if (hasNewAttribute(*style)) passed_.push_back(style);
+    }
+  }
+
+  StylePath::Styles& passed() { return passed_; }
+
+ private:
+  bool hasNewAttribute(const ObjStyle& style) {
+    bool isNew = false;
+    for (const auto& [name, value] : style.attributes()) {
+      // The table cannot tell names apart that are no words.
+      if (std::exchange(seen_[name], true) && Ubase::wordOf(name) != WordId::none) continue;
+      isNew = true;
+    }
+    return isNew;
+  }
+
+  StylePath::Styles passed_;
+  Ubase::WordTable<bool> seen_;
+};
 
 }  // namespace
 
@@ -32,29 +50,29 @@ std::span<const ObjStyle* const> StylePath::stylesIn(const PlotElement& containe
 }
 
 void StylePath::append(std::size_t level, const ObjStyle& style) {
-  cutAt(level + 1);
+  cutAt(level + 1);  // what holds further in was made of the styles that change here
   const Token type = style.localType();
   Scopes& scopes = scopesByType_[type];
-  const bool isFirst = scopes.empty() || scopes.back().level != level;
-  if (isFirst) {
+  if (scopes.empty() || scopes.back().level != level) {
     levels_[level].types.push_back(type);
-    scopes.push_back(makeScope(level, {&style}, scopes));
+    const ObjStyle* const own[] = {&style};
+    scopes.push_back(makeScope(level, own, scopes));
     return;
   }
-  Scope& scope = scopes.back();
-  const auto ownEnd = scope.styles.begin() + static_cast<std::ptrdiff_t>(scope.ownCount);
-  Styles own(scope.styles.begin(), ownEnd);
-  addUnlessHidden(own, &style);
-  if (own.size() == scope.ownCount) return;
-  scope = makeScope(level, std::move(own), std::span(scopes).first(scopes.size() - 1));
+  Scope& last = scopes.back();
+  Styles own(last.styles.begin(), last.styles.begin() + static_cast<std::ptrdiff_t>(last.ownCount));
+  own.push_back(&style);
+  last = makeScope(level, own, std::span(scopes).first(scopes.size() - 1));
 }
 
 void StylePath::cutAt(std::size_t level) noexcept {
   while (levels_.size() > level) {
     const Level& last = levels_.back();
     for (const Token type : last.types) {
-      Scopes& scopes = scopesByType_.find(type)->second;
+      const auto found = scopesByType_.find(type);
+      Scopes& scopes = found->second;
       if (!scopes.empty() && scopes.back().level == levels_.size() - 1) scopes.pop_back();
+      if (scopes.empty()) scopesByType_.erase(found);
     }
     last.index->path_ = nullptr;
     levels_.pop_back();
@@ -64,13 +82,14 @@ void StylePath::cutAt(std::size_t level) noexcept {
 // Sees to it that the container is on the path, and tells its level.
 std::size_t StylePath::enter(const PlotElement& container) {
   std::vector<const PlotElement*> missing;
-  const PlotElement* known = &container;
-  while (known && !known->styleIndex()->path_) {
-    missing.push_back(known);
-    known = StyleIndex::containerAround(*known);
+  const StyleIndex* known = container.styleIndex();
+  for (const PlotElement* next = &container; known && !known->path_;) {
+    missing.push_back(next);
+    next = PlotElement::from(next->parent());
+    known = next ? next->styleIndex() : nullptr;
   }
-  if (missing.empty()) return container.styleIndex()->level_;
-  cutAt(known ? known->styleIndex()->level_ + 1 : 0);
+  if (missing.empty()) return known->level_;
+  cutAt(known ? known->level_ + 1 : 0);
   for (; !missing.empty(); missing.pop_back()) push(*missing.back());
   return levels_.size() - 1;
 }
@@ -79,16 +98,14 @@ void StylePath::push(const PlotElement& container) {
   const StyleIndex* index = container.styleIndex();
   const StyleIndex::StylesByType& stylesByType = index->stylesByType(container);
   const std::size_t level = levels_.size();
-  levels_.push_back({index, {}});
+  levels_.push_back({&container, index, {}});
   index->path_ = this;
   index->level_ = level;
   try {
     for (const auto& [type, styles] : stylesByType) {
-      Styles own;
-      for (const ObjStyle* style : styles) addUnlessHidden(own, style);
       Scopes& scopes = scopesByType_[type];
       levels_.back().types.push_back(type);
-      scopes.push_back(makeScope(level, std::move(own), scopes));
+      scopes.push_back(makeScope(level, styles, scopes));
     }
   } catch (...) {
     cutAt(level);
@@ -96,12 +113,13 @@ void StylePath::push(const PlotElement& container) {
   }
 }
 
-StylePath::Scope StylePath::makeScope(std::size_t level, Styles own, std::span<const Scope> outer) {
-  const std::size_t ownCount = own.size();
-  if (!outer.empty()) {
-    for (const ObjStyle* style : outer.back().styles) addUnlessHidden(own, style);
-  }
-  return {level, std::move(own), ownCount};
+StylePath::Scope StylePath::makeScope(std::size_t level, std::span<const ObjStyle* const> own,
+                                      std::span<const Scope> outer) {
+  StyleSieve sieve;
+  sieve.add(own);
+  const std::size_t ownCount = sieve.passed().size();
+  if (!outer.empty()) sieve.add(outer.back().styles);
+  return {level, std::move(sieve.passed()), ownCount};
 }
 
 }  // namespace PlotDom

@@ -12,9 +12,9 @@ namespace PlotDom {
 
 class ObjStyle;
 
-/// The containers around the place that was last searched for object styles, from the outside in,
-/// with the styles that hold in them. A search at the same place, or near to it in the order of the
-/// document, need not walk outwards again. Each document has one path.
+/// The containers around the place that was last searched for object styles, each a child of the
+/// one before it, with the styles that hold in them. A search at the same place, or near to it in
+/// the order of the document, need not walk outwards again. Each document has one path.
 ///
 /// A container on the path knows so, see StyleIndex, and takes itself off when something changes by
 /// which other styles may hold in it. What is not on the path need not be told of any change.
@@ -27,10 +27,14 @@ class StylePath {
   StylePath& operator=(const StylePath&) = delete;
   ~StylePath() { cutAt(0); }
 
-  /// The styles of that type that hold in `container`, its own first, then those further out. One
-  /// is left out if the styles before it have all of its attributes. The result lives until the
-  /// next search or change.
+  /// The styles of that type that hold in `container`, its own first, then those of the containers
+  /// around it. One is left out if the styles before it have all of its attributes. The result
+  /// lives until the next search or change.
   std::span<const ObjStyle* const> stylesIn(const PlotElement& container, Token type);
+
+  /// The outermost of the containers that the last answer was about. What is around it is no
+  /// container.
+  const PlotElement& outermost() const { return *levels_.front().container; }
 
   /// Adds a style that has come behind the other children of the container on that level.
   void append(std::size_t level, const ObjStyle& style);
@@ -41,6 +45,7 @@ class StylePath {
  private:
   /// A container, with the types of its own styles.
   struct Level {
+    const PlotElement* container;
     const StyleIndex* index;
     std::vector<Token> types;
   };
@@ -55,7 +60,8 @@ class StylePath {
 
   std::size_t enter(const PlotElement& container);
   void push(const PlotElement& container);
-  static Scope makeScope(std::size_t level, Styles own, std::span<const Scope> outer);
+  static Scope makeScope(std::size_t level, std::span<const ObjStyle* const> own,
+                         std::span<const Scope> outer);
 
   std::vector<Level> levels_;
   std::map<Token, Scopes> scopesByType_;

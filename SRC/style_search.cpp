@@ -1,7 +1,6 @@
 #include "SRC/style_search.h"
 
 #include <algorithm>
-#include <span>
 
 #include "SRC/obj_style.h"
 #include "SRC/plot_document.h"
@@ -12,48 +11,45 @@ namespace PlotDom {
 
 namespace {
 
-// The document or the fragment that holds the tree of `node`. Null for a tree that is in neither.
-const Arbor::Node* holderOf(const Arbor::Node& node) {
-  if (node.isInDocument()) return node.ownerDocument();
-  const Arbor::Node* root = &node;
-  while (root->parent()) root = root->parent();
-  return root->asElement() ? nullptr : root;
-}
-
-// Calls `use` with each style of that type that stands in a document or fragment itself, until it
-// returns true.
+// Whether `use` gives true for a style of that type in `node` itself.
 template <class Use>
-void forEachOutermostStyle(const Arbor::Node& start, Token type, Use use) {
-  const Arbor::Node* holder = holderOf(start);
-  if (!holder || holder == &start) return;
-  for (const Arbor::Node* child = holder->firstChild(); child; child = child->nextSibling()) {
-    if (child->nodeName() != ObjStyle::tag) continue;
-    const auto* style = static_cast<const ObjStyle*>(child);
-    if (style->localType() == type && use(style)) return;
+bool anyStyleIn(const Arbor::Node& node, Token type, Use use) {
+  const PlotElement* element = PlotElement::from(&node);
+  if (const StyleIndex* index = element ? element->styleIndex() : nullptr) {
+    const auto& stylesByType = index->stylesByType(*element);
+    const auto styles = stylesByType.find(type);
+    return styles != stylesByType.end() && std::ranges::any_of(styles->second, use);
   }
+  for (const Arbor::Node* child = node.firstChild(); child; child = child->nextSibling()) {
+    const ObjStyle* style = asObjStyle(*child);
+    if (style && style->localType() == type && use(style)) return true;
+  }
+  return false;
 }
 
 // Calls `use` with each style of that type around `start`, until it returns true.
 template <class Use>
 void forEachStyle(const Arbor::Node& start, Token type, Use use) {
   if (!type) return;  // no style is for those who have no type
-  const PlotElement* container = StyleIndex::containerAround(start);
-  for (; container; container = StyleIndex::containerAround(*container)) {
-    const auto& stylesByType = container->styleIndex()->stylesByType(*container);
-    const auto styles = stylesByType.find(type);
-    if (styles != stylesByType.end() && std::ranges::any_of(styles->second, use)) return;
-  }
-  forEachOutermostStyle(start, type, use);
+  const Arbor::Node* around = start.parent();
+  while (around && !anyStyleIn(*around, type, use)) around = around->parent();
 }
 
-// The same, without those that nearer ones hide.
+// The same, without those that nearer ones hide. Where containers stand in containers, what is
+// known of all of them is used.
 template <class Use>
 void forEachEffectiveStyle(const Arbor::Node& start, Token type, Use use) {
-  const PlotElement* container = StyleIndex::containerAround(start);
-  if (!type || !container || !container->plotDocument()) return forEachStyle(start, type, use);
-  StylePath& path = container->plotDocument()->stylePath();
-  if (std::ranges::any_of(path.stylesIn(*container, type), use)) return;
-  forEachOutermostStyle(start, type, use);
+  if (!type) return;
+  for (const Arbor::Node* around = start.parent(); around; around = around->parent()) {
+    const PlotElement* element = PlotElement::from(around);
+    if (element && element->styleIndex() && element->plotDocument()) {
+      StylePath& path = element->plotDocument()->stylePath();
+      if (std::ranges::any_of(path.stylesIn(*element, type), use)) return;
+      around = &path.outermost();
+    } else if (anyStyleIn(*around, type, use)) {
+      return;
+    }
+  }
 }
 
 // What takes each style that it is called with into the chain.
@@ -89,7 +85,7 @@ void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) 
   collectObjStyles(start, Word::Default, chain);
 }
 
-void collectEffectiveStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
+void collectEffectiveTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
   for (const Token type : {key, Word::Default}) {
     forEachEffectiveStyle(start, type, addTo(chain));
   }

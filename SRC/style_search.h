@@ -19,7 +19,8 @@ const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token nam
 void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain);
 
 /// The same without styles that cannot be found, since others of their type that are nearer have
-/// all of their attributes. The cost does not grow with the number of containers.
-void collectEffectiveStyles(const Arbor::Node& start, Token key, StyleChain& chain);
+/// all of their attributes. After a search near by, the cost does not grow with the number of
+/// containers.
+void collectEffectiveTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain);
 
 }  // namespace PlotDom

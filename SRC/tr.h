@@ -14,7 +14,6 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
 
-  void onAttached() override;
   bool parentPropertyChanged(PlotElement& source, Token name) override;
 
   static PropertyListMgr& propertyList();
@@ -23,6 +22,8 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
 
  protected:
   TrBase(const TrBase&) = default;
+
+  void onAttached() override;
 
  private:
   FrameTime frameTime_;

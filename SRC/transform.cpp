@@ -46,7 +46,7 @@ void TransformBase::collectStyleChain(StyleChain& chain) const {
 }
 
 void TransformBase::collectEffectiveStyles(StyleChain& chain) const {
-  PlotDom::collectEffectiveStyles(*this, type(), chain);
+  collectEffectiveTypedStyles(*this, type(), chain);
 }
 
 bool TransformBase::beginCommand(CmdWriter& writer) const {

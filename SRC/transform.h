@@ -11,7 +11,7 @@ namespace PlotDom {
 /// its times from the object styles around it, by its type.
 class TransformBase
     : public ContainerWithMembers<TransformBase,
-                                  StyleScope<OptionedPlotElement, /*hasStyles=*/false>>,
+                                  StyleContainer<OptionedPlotElement, /*hasStyles=*/false>>,
       public MemberValues {
  public:
   explicit TransformBase(Arbor::Document* document);

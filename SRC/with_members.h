@@ -18,11 +18,6 @@ class WithMembers : public Base {
     return own ? own : Base::findProperty(name);
   }
 
-  void onAttached() override {
-    Base::onAttached();
-    Self::propertyList().inheritAll(*this);
-  }
-
   std::ostream& writeAttributes(std::ostream& out) const override {
     Base::writeAttributes(out);
     Self::propertyList().putXml(out, *this);
@@ -32,6 +27,12 @@ class WithMembers : public Base {
   void dropInheritedProperties() override {
     Base::dropInheritedProperties();
     Self::propertyList().dropAllInherited(*this);
+  }
+
+ protected:
+  void onAttached() override {
+    Base::onAttached();
+    Self::propertyList().inheritAll(*this);
   }
 };
 

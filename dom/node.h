@@ -80,8 +80,8 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   virtual bool canReplaceText(unsigned offset, unsigned count, const char* text) const;
 
   /// Tells this node and all below it that they have come into the document, in document order.
-  /// The operations that are recorded for undo do so by themselves. It is for who puts in the
-  /// outermost element, which is not recorded.
+  /// Changes of nodes in the document do so by themselves. To be called after the root element was
+  /// put in, which is no recorded change.
   void attachedToDocument();
 
   /// Writes the node with all below it as XML, and returns the stream. Throws

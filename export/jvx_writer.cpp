@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <fstream>
 #include <limits>
 #include <span>
@@ -183,7 +184,7 @@ void JVXWriter::writeObj2d(const Obj2d& object) {
 namespace {
 
 /// "movie.jvx" with its number before the last dot: "movie.1.jvx".
-std::string numberedName(std::string_view fileName, int number) {
+std::string numberedName(std::string_view fileName, std::int64_t number) {
   const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
   std::string name(fileName.substr(0, dot));
   name += '.';
@@ -205,16 +206,15 @@ void JVXWriter::writeAnimation(int frames, const char* fileName) {
   const double almostEnd = timeEnd - std::numeric_limits<double>::epsilon();
   bool isLast = false;
   bool overwriteAll = false;
-  for (int frameNumber = 1;; ++frameNumber) {
+  for (std::int64_t frameNumber = 1;; ++frameNumber) {
     const std::string name = numberedName(fileName, frameNumber);
     if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
     writeFrame(time, name.c_str());
     if (isLast || !(time < almostEnd)) return;
-    time += step;
-    if (time > almostEnd) {
-      time = timeEnd;
-      isLast = true;
-    }
+    const double next = time + step;
+    const bool isStepLost = !(next > time);  // as there are no times in between
+    isLast = isStepLost || next > almostEnd;
+    time = isLast ? timeEnd : next;
   }
 }
 

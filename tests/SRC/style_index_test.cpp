@@ -148,6 +148,35 @@ TEST_F(StyleIndexes, LookThroughATransform) {
   EXPECT_EQ(object->lineWidth(), 7) << "a style that got into a transform is for nobody";
 }
 
+// Behind a text, a header takes whatever comes with it.
+TEST_F(StyleIndexes, FollowAHeaderThatHoldsAContainer) {
+  const Ref<Scene2d> otherScene = make<Scene2d>();
+  canvas_->appendChild(otherScene.get());
+  scene_->appendChild(style("1").get());
+  otherScene->appendChild(style("2").get());
+
+  const Ref<PlotElement> header(document_->createElement(Word::Header));
+  const auto putIn = [&](const Ref<PlotElement>& element) {
+    const Ref<Arbor::DocumentFragment> content(document_->createDocumentFragment());
+    content->appendChild(document_->createTextNode("text"));
+    content->appendChild(element.get());
+    header->appendChild(content.get());
+  };
+  const Ref<Obj2d> object = make<Obj2d>();
+  const Ref<Group2d> group = make<Group2d>();
+  group->appendChild(object.get());
+  putIn(group);
+
+  scene_->appendChild(header.get());
+  EXPECT_EQ(object->lineWidth(), 1);
+  otherScene->appendChild(header.get());
+  EXPECT_EQ(object->lineWidth(), 2);
+  otherScene->removeChild(header.get());
+  EXPECT_EQ(object->lineWidth(), 0.5);
+  putIn(style("3"));
+  EXPECT_EQ(object->lineWidth(), 3);
+}
+
 TEST_F(StyleIndexes, ACopyHasTheStylesThatWereCopied) {
   const Ref<Group2d> group = make<Group2d>();
   group->appendChild(style("9").get());

@@ -130,6 +130,13 @@ TEST(AnimationTest, SumsTimesUpStepByStep) {
   EXPECT_EQ(times[101], 10);
 }
 
+// Where the next time would be the same, there is nothing between it and the end.
+TEST(AnimationTest, EndsWhereTheStepIsTooSmallForTheTimes) {
+  EXPECT_EQ(timesOf("1e17", "2e17", 1), (std::vector<double>{1e17, 2e17}));
+  EXPECT_EQ(timesOf("9007199254740991", "9007199254740996", 1),
+            (std::vector<double>{9007199254740991, 9007199254740992, 9007199254740996}));
+}
+
 TEST(AnimationTest, WritesOneFileForARangeWithoutLength) {
   EXPECT_EQ(timesOf("3", "3", 25), std::vector<double>{3});
   EXPECT_EQ(timesOf("3", "1", 25), std::vector<double>{3});
