@@ -5,27 +5,25 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <set>
 #include <stdexcept>
 #include <system_error>
 
 namespace {
 
 const std::string capturedOutput = ".stdout";
-const std::string capturedErrors = ".stderr";
 
-/// In the child: opens `file` as `descriptor`, or closes that if there is no name.
-void redirect(int descriptor, const std::string& file) {
-  if (file.empty()) {
-    close(descriptor);
-    return;
-  }
-  const int opened = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+[[noreturn]] void fail(const char* call) {
+  throw std::system_error(errno, std::generic_category(), call);
+}
+
+/// In the child: makes the file behind `opened` that of `descriptor`.
+void redirect(int descriptor, int opened) {
   if (opened < 0 || dup2(opened, descriptor) < 0) _exit(127);
 }
 
@@ -34,6 +32,19 @@ void limitTo(int resource, std::uint64_t limit) {
   const rlimit limits{limit, limit};
   signal(SIGXFSZ, SIG_IGN);
   if (setrlimit(static_cast<__rlimit_resource_t>(resource), &limits) != 0) _exit(127);
+}
+
+/// All that comes out of a pipe until its last writer has closed it.
+std::string drained(int pipe) {
+  std::string all;
+  std::array<char, 4096> block;
+  for (;;) {
+    const ssize_t count = read(pipe, block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) fail("read");
+    if (count == 0) return all;
+    all.append(block.data(), static_cast<std::size_t>(count));
+  }
 }
 
 }  // namespace
@@ -54,24 +65,32 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
 
+  // Errors come through a pipe, which no limit on the size of files cuts off.
+  int errors[2];
+  if (pipe2(errors, O_CLOEXEC) < 0) fail("pipe2");
   const pid_t child = fork();
-  if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
+  if (child < 0) fail("fork");
   if (child == 0) {
     if (chdir(folder_.path().c_str()) != 0) _exit(127);
     for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
     for (const auto& [resource, limit] : limits_) limitTo(resource, limit);
-    redirect(STDERR_FILENO, capturedErrors);
-    redirect(STDOUT_FILENO, standardOutput);
+    redirect(STDERR_FILENO, errors[1]);
+    redirect(STDOUT_FILENO,
+             open(standardOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    for (const int descriptor : closed_) close(descriptor);
     execv(VANTRY_PROGRAM, argv.data());
     _exit(127);
   }
 
+  close(errors[1]);
+  const std::string err = drained(errors[0]);
+  close(errors[0]);
   int status = 0;
   while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "waitpid");
+    if (errno != EINTR) fail("waitpid");
   }
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-          standardOutput == capturedOutput ? read(capturedOutput) : "", read(capturedErrors)};
+          standardOutput == capturedOutput ? read(capturedOutput) : "", err};
 }
 
 void ProgramTest::write(const std::string& name, std::string_view text) const {
@@ -94,7 +113,6 @@ std::string ProgramTest::files() const {
     names.insert(entry.path().filename());
   }
   names.erase(capturedOutput);
-  names.erase(capturedErrors);
   std::string list;
   for (const std::string& name : names) list.append(list.empty() ? "" : " ").append(name);
   return list;

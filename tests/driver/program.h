@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,9 +27,6 @@ struct Outcome {
 /// Each test has an empty folder, which is the program's current one.
 class ProgramTest : public testing::Test {
  protected:
-  /// Stands for a name of standard output: the program is started without one.
-  static constexpr const char* closedStream = "";
-
   /// Sets a variable in the environment of the runs that follow.
   void setEnvironment(const std::string& name, const std::string& value) {
     environment_[name] = value;
@@ -37,10 +35,13 @@ class ProgramTest : public testing::Test {
   /// Limits what the runs that follow may use of a resource, one of the RLIMIT constants.
   void setLimit(int resource, std::uint64_t limit) { limits_[resource] = limit; }
 
+  /// Starts the runs that follow without these of the three standard streams.
+  void setClosed(const std::set<int>& descriptors) { closed_ = descriptors; }
+
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
 
-  /// Runs the program with the file `standardOutput`, or closedStream, as its standard output.
+  /// Runs the program with the file `standardOutput` as its standard output.
   Outcome runInto(const std::string& standardOutput,
                   const std::vector<std::string>& arguments) const;
 
@@ -56,4 +57,5 @@ class ProgramTest : public testing::Test {
  private:
   std::map<std::string, std::string> environment_;
   std::map<int, std::uint64_t> limits_;
+  std::set<int> closed_;
 };
