@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 
@@ -162,7 +163,10 @@ TEST_F(EscapeWriters, QuoteWithBackslashes) {
 // converted. In the POSIX locale the C library refuses them already.
 TEST_F(EscapeWriters, RefuseNativeTextInALocaleOfSingleBytes) {
   for (const char* name : {"C", "de_DE", "de_DE.ISO-8859-1", "en_US.ISO-8859-1"}) {
-    if (!std::setlocale(LC_CTYPE, name)) continue;
+    if (!std::setlocale(LC_CTYPE, name)) {
+      EXPECT_STRNE(std::getenv("LC_ALL"), name) << "these tests should run under it";
+      continue;
+    }
     EXPECT_EQ(escapedLocaleText("a<b"), "a&lt;b") << name;
     EXPECT_EQ(
         writtenBeforeRefusal<char>(writeEscapedLocaleText, writeEscapedLocaleText, "a\xC3\xA9"),
