@@ -35,19 +35,28 @@ void forEachStyle(const Arbor::Node& start, Token type, Use use) {
   while (around && !anyStyleIn(*around, type, use)) around = around->parent();
 }
 
+// Whether the element is all that its document holds, so that there are no styles around it.
+bool isAllOfItsDocument(const Arbor::Node& element) {
+  return element.parent() == element.ownerDocument() && !element.previousSibling() &&
+         !element.nextSibling();
+}
+
 // The same, without those that nearer ones hide. Where containers stand in containers, what is
 // known of all of them is used.
 template <class Use>
 void forEachEffectiveStyle(const Arbor::Node& start, Token type, Use use) {
   if (!type) return;
-  for (const Arbor::Node* around = start.parent(); around; around = around->parent()) {
+  const Arbor::Node* around = start.parent();
+  while (around) {
     const PlotElement* element = PlotElement::from(around);
     if (element && element->styleIndex() && element->plotDocument()) {
       StylePath& path = element->plotDocument()->stylePath();
       if (std::ranges::any_of(path.stylesIn(*element, type), use)) return;
-      around = &path.outermost();
-    } else if (anyStyleIn(*around, type, use)) {
-      return;
+      if (isAllOfItsDocument(path.outermost())) return;
+      around = path.outermost().parent();
+    } else {
+      if (anyStyleIn(*around, type, use)) return;
+      around = around->parent();
     }
   }
 }

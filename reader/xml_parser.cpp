@@ -85,48 +85,48 @@ Parser::Name Parser::splitName(const char* name) {
   return {namespace_.c_str(), separator + 1};
 }
 
-// Elements of one name come in runs, so the last one is kept.
-bool Parser::lookupElement(const char* name, ElementCodes& codes) {
-  if (std::strcmp(name, lastElement_.c_str()) != 0) {
-    const Name element = splitName(name);
-    ElementCodes found;
-    if (!handler_->lookupElement(element.namespaceUri, element.localName, found.namespaceId,
-                                 found.elementId)) {
-      return false;
-    }
-    lastElement_ = name;
-    lastCodes_ = found;
-  }
-  codes = lastCodes_;
-  return true;
+// The codes of an element, null for one that the handler does not know.
+const NameCodes* Parser::lookupElement(const char* name) {
+  if (const NameCodes* known = elementNames_.find(name)) return known;
+  const Name element = splitName(name);
+  NameCodes codes;
+  const bool isKnown = handler_->lookupElement(element.namespaceUri, element.localName,
+                                               codes.namespaceId, codes.nameId);
+  return isKnown ? elementNames_.add(name, codes) : nullptr;
+}
+
+const NameCodes* Parser::lookupAttribute(const char* name) {
+  if (const NameCodes* known = attributeNames_.find(name)) return known;
+  const Name attribute = splitName(name);
+  NameCodes codes;
+  const bool isKnown = handler_->lookupAttribute(attribute.namespaceUri, attribute.localName,
+                                                 codes.namespaceId, codes.nameId);
+  return isKnown ? attributeNames_.add(name, codes) : nullptr;
 }
 
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
   open_.emplace_back();
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
-  ElementCodes codes;
-  if (!lookupElement(name, codes)) return handler_->enterSkipped();
-  open_.back() = codes;
+  const NameCodes* element = lookupElement(name);
+  if (!element) return handler_->enterSkipped();
+  open_.back() = *element;
 
   attributes_.clear();
   for (; *namesAndValues; namesAndValues += 2) {
-    const Name attribute = splitName(namesAndValues[0]);
-    Attribute record{0, 0, namesAndValues[1]};
-    if (handler_->lookupAttribute(attribute.namespaceUri, attribute.localName, record.namespaceId,
-                                  record.attributeId)) {
-      attributes_.push_back(record);
+    if (const NameCodes* attribute = lookupAttribute(namesAndValues[0])) {
+      attributes_.push_back({attribute->namespaceId, attribute->nameId, namesAndValues[1]});
     }
   }
-  handler_->startElement(codes.namespaceId, codes.elementId, attributes_);
+  handler_->startElement(element->namespaceId, element->nameId, attributes_);
 }
 
 void Parser::endElement() {
-  const std::optional<ElementCodes> element = open_.back();
+  const std::optional<NameCodes> element = open_.back();
   open_.pop_back();
   if (handler_->isSkipping()) return handler_->leaveSkipped();
 
-  if (element) handler_->finishElement(element->namespaceId, element->elementId);
+  if (element) handler_->finishElement(element->namespaceId, element->nameId);
 }
 
 void Parser::characters(const char* data, int length) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "reader/recent_names.h"
 #include "reader/xml_handler.h"
 
 struct XML_ParserStruct;  // expat's parser
@@ -54,24 +55,19 @@ class Parser {
     void operator()(XML_ParserStruct* parser) const;
   };
 
-  /// The codes of an element in the handler's numbering.
-  struct ElementCodes {
-    std::uint32_t namespaceId = 0;
-    std::uint32_t elementId = 0;
-  };
-
   Name splitName(const char* name);
-  bool lookupElement(const char* name, ElementCodes& codes);
+  const NameCodes* lookupElement(const char* name);
+  const NameCodes* lookupAttribute(const char* name);
   void startElement(const char* name, const char* const* namesAndValues);
   void endElement();
   void characters(const char* data, int length);
 
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   Handler* handler_;
-  std::string namespace_;    // the one that was met last
-  std::string lastElement_;  // the element name that was accepted last, and its codes
-  ElementCodes lastCodes_;
-  std::vector<std::optional<ElementCodes>> open_;  // the open elements; those skipped have no codes
+  std::string namespace_;  // the one that was met last
+  RecentNames elementNames_;
+  RecentNames attributeNames_;
+  std::vector<std::optional<NameCodes>> open_;  // the open elements; those skipped have no codes
   AttributeList attributes_;
   bool namespaces_;
   std::exception_ptr failure_;
