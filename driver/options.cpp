@@ -13,7 +13,7 @@ namespace {
 
 [[noreturn]] void version() {
   Output output(nullptr);
-  output.stream() << "vantry version 1.5\n";
+  output.stream() << "vantry version " VANTRY_VERSION "\n";
   output.close();
   std::exit(0);
 }

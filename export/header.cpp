@@ -6,7 +6,7 @@ void beginHeader(JavaViewOutput& out, const DocumentType& type, std::string_view
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>\n"
       << "<!DOCTYPE " << type.root << " SYSTEM \"" << type.systemIdentifier << "\">\n"
       << "<" << type.root << ">\n"
-      << "<meta generator=\"vantry vers 1.5\"/>\n"
+      << "<meta generator=\"vantry vers " VANTRY_VERSION "\"/>\n"
       << "<meta date=\"" << date << "\"/>\n"
       << "<meta dtd=\"" << type.dtdVersion << "\"/>\n"
       << R"(<version></version>

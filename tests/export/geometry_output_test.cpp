@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "../locale_guard.h"
 #include "SRC/plot_variants.h"
 #include "base/text_errors.h"
 #include "base/vocabulary.h"
-#include "in_locale.h"
 #include "written.h"
 
 namespace PlotDom {
@@ -135,7 +135,7 @@ TEST(GeometryOutputTest, RefusesAFamilyThatIsNoText) {
   FontStyle font;
   font.family = "\xff";
   for (const char* locale : {"C.UTF-8", "C"}) {
-    const InLocale here(locale);
+    const LocaleGuard here(LC_CTYPE, locale);
     EXPECT_THROW(label(font, Word::Center, Word::Top), Ubase::BadUnicodeString) << locale;
   }
 }

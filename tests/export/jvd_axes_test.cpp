@@ -6,10 +6,10 @@
 
 #include <array>
 
+#include "../locale_guard.h"
 #include "SRC/string_elements.h"
 #include "base/text_errors.h"
 #include "display.h"
-#include "in_locale.h"
 
 namespace PlotDom {
 namespace {
@@ -340,13 +340,13 @@ TEST(JvdAxes, ATitleWithoutChildrenIsNone) {
 }
 
 TEST(JvdAxes, ATitleMayHoldAnyLetters) {
-  const InLocale utf8("C.UTF-8");
+  const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   EXPECT_EQ(titleOf(plot2d("<XAxisTitle>größe α → ∞</XAxisTitle>")),
             " label=\"show\" name=\"größe α → ∞\"");
 }
 
 TEST(JvdAxes, ATitleThatTheLocaleDoesNotKnowEndsTheTextBeforeTheLetter) {
-  const InLocale ascii("C");
+  const LocaleGuard ascii(LC_CTYPE, "C");
   const ReadDocument plot(plot2d("<XAxisTitle>gr&#246;&#223;e</XAxisTitle>"));
   JVDWriter writer(plot.get());
   std::ostringstream out;

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "../locale_guard.h"
 #include "base/text_errors.h"
-#include "in_locale.h"
 #include "property_effect.h"
 #include "written.h"
 
@@ -758,12 +758,12 @@ TEST(Text2dTest, EscapesItsText) {
 }
 
 TEST(Text2dTest, KeepsLettersBeyondAscii) {
-  const InLocale utf8("C.UTF-8");
+  const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   EXPECT_EQ(convert<Text2d>({{}, "α² ≤ ½ 𝛑"}), label("α² ≤ ½ 𝛑", "0 0"));
 }
 
 TEST(Text2dTest, RefusesLettersThatTheLocaleCannotRead) {
-  const InLocale ascii("C");
+  const LocaleGuard ascii(LC_CTYPE, "C");
   EXPECT_THROW(convert<Text2d>({{}, "é"}), Ubase::BadUnicodeString);
 }
 

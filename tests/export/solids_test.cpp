@@ -5,9 +5,9 @@
 #include <cmath>
 #include <sstream>
 
+#include "../locale_guard.h"
 #include "SRC/plane.h"
 #include "base/text_errors.h"
-#include "in_locale.h"
 #include "property_effect.h"
 
 namespace PlotDom {
@@ -609,7 +609,7 @@ TEST(Text3dTest, EscapesItsText) {
 }
 
 TEST(Text3dTest, WritesUtf8) {
-  const InLocale utf8("C.UTF-8");
+  const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   EXPECT_EQ(convert<Text3d>({at123, "\u00e9\u03c0"}), label("\u00e9\u03c0"));
 }
 
@@ -618,7 +618,7 @@ TEST(Text3dTest, JoinsItsTextNodes) {
 }
 
 TEST(Text3dTest, ThrowsForATextThatIsNotValid) {
-  const InLocale utf8("C.UTF-8");
+  const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   EXPECT_THROW(emitted({"\xff"}), Ubase::BadUnicodeString);
 }
 
