@@ -85,36 +85,29 @@ Parser::Name Parser::splitName(const char* name) {
   return {namespace_.c_str(), separator + 1};
 }
 
-// The codes of an element, null for one that the handler does not know.
-const NameCodes* Parser::lookupElement(const char* name) {
-  if (const NameCodes* known = elementNames_.find(name)) return known;
-  const Name element = splitName(name);
+// The codes of a name, null for one that the handler does not know.
+const NameCodes* Parser::lookUp(const char* name, RecentNames& recent, HandlerLookup lookup) {
+  if (const NameCodes* known = recent.find(name)) return known;
+  const Name split = splitName(name);
   NameCodes codes;
-  const bool isKnown = handler_->lookupElement(element.namespaceUri, element.localName,
-                                               codes.namespaceId, codes.nameId);
-  return isKnown ? elementNames_.add(name, codes) : nullptr;
-}
-
-const NameCodes* Parser::lookupAttribute(const char* name) {
-  if (const NameCodes* known = attributeNames_.find(name)) return known;
-  const Name attribute = splitName(name);
-  NameCodes codes;
-  const bool isKnown = handler_->lookupAttribute(attribute.namespaceUri, attribute.localName,
-                                                 codes.namespaceId, codes.nameId);
-  return isKnown ? attributeNames_.add(name, codes) : nullptr;
+  const bool isKnown =
+      (handler_->*lookup)(split.namespaceUri, split.localName, codes.namespaceId, codes.nameId);
+  return isKnown ? recent.add(name, codes) : nullptr;
 }
 
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
   open_.emplace_back();
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
-  const NameCodes* element = lookupElement(name);
+  const NameCodes* element = lookUp(name, elementNames_, &Handler::lookupElement);
   if (!element) return handler_->enterSkipped();
   open_.back() = *element;
 
   attributes_.clear();
   for (; *namesAndValues; namesAndValues += 2) {
-    if (const NameCodes* attribute = lookupAttribute(namesAndValues[0])) {
+    const NameCodes* attribute =
+        lookUp(namesAndValues[0], attributeNames_, &Handler::lookupAttribute);
+    if (attribute) {
       attributes_.push_back({attribute->namespaceId, attribute->nameId, namesAndValues[1]});
     }
   }

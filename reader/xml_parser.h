@@ -56,8 +56,9 @@ class Parser {
   };
 
   Name splitName(const char* name);
-  const NameCodes* lookupElement(const char* name);
-  const NameCodes* lookupAttribute(const char* name);
+  using HandlerLookup = bool (Handler::*)(const char* namespaceUri, const char* localName,
+                                          std::uint32_t& namespaceId, std::uint32_t& nameId);
+  const NameCodes* lookUp(const char* name, RecentNames& recent, HandlerLookup lookup);
   void startElement(const char* name, const char* const* namesAndValues);
   void endElement();
   void characters(const char* data, int length);

@@ -30,14 +30,8 @@ inline const std::string noScene = "Error: no scene (exiting)\n";
 inline const std::string notAnimated = "Warning: No animation, '-f' ignored.\n";
 inline const std::string notWritten = "Error: Can not write output file. (exiting)\n";
 
-inline const std::string jvxHeader =
-    R"(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
-<!DOCTYPE jvx-model SYSTEM "http://www.javaview.de/rsrc/jvx.dtd">
-<jvx-model>
-<meta generator="vantry vers 1.5"/>
-<meta date="DATE"/>
-<meta dtd="1.10.000"/>
-<version></version>
+/// What both kinds of output begin with, from their version to their abstract.
+inline const std::string headerTexts = R"(<version></version>
 <title></title>
 <authors>
   <author>
@@ -55,7 +49,17 @@ inline const std::string jvxHeader =
 </authors>
 <description>
   <abstract></abstract>
-  <detail></detail>
+)";
+
+inline const std::string jvxHeader =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
+<!DOCTYPE jvx-model SYSTEM "http://www.javaview.de/rsrc/jvx.dtd">
+<jvx-model>
+<meta generator="vantry vers 1.5"/>
+<meta date="DATE"/>
+<meta dtd="1.10.000"/>
+)" + headerTexts +
+    R"(  <detail></detail>
   <msc2000>
     <primary></primary>
   </msc2000>
@@ -77,26 +81,8 @@ inline const std::string jvdHeader =
 <meta generator="vantry vers 1.5"/>
 <meta date="DATE"/>
 <meta dtd="1.04.000"/>
-<version></version>
-<title></title>
-<authors>
-  <author>
-   <firstname></firstname>
-   <lastname></lastname>
-   <affiliation>
-     <organization></organization>
-     <address>
-       <line></line>
-     </address>
-   </affiliation>
-   <email></email>
-   <url></url>
-  </author>
-</authors>
-<description>
-  <abstract></abstract>
-</description>
-)";
+)" + headerTexts +
+    "</description>\n";
 
 /// An output with "DATE" in the place of its date.
 inline std::string undated(const std::string& output) {
