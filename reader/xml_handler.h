@@ -30,8 +30,8 @@ class Handler {
   /// any number of pieces.
   virtual void characters(const char* data, std::size_t length) = 0;
 
-  /// Finds the codes of the name of an element that starts. The answer depends on the name alone,
-  /// and an accepted name is not asked for twice in a row.
+  /// Finds the codes of the name of an element that starts. The answer depends on the name alone: a
+  /// name that was accepted is not asked for again while it is remembered.
   /// `namespaceUri` is null for a name without a namespace. False skips the element with all that
   /// lies inside. Both texts live until the call returns.
   virtual bool lookupElement(const char* namespaceUri, const char* localName,
