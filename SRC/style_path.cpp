@@ -82,14 +82,14 @@ void StylePath::cutAt(std::size_t level) noexcept {
 // Sees to it that the container is on the path, and tells its level.
 std::size_t StylePath::enter(const PlotElement& container) {
   std::vector<const PlotElement*> missing;
-  const StyleIndex* known = container.styleIndex();
-  for (const PlotElement* next = &container; known && !known->path_;) {
+  const StyleIndex* index = container.styleIndex();
+  for (const PlotElement* next = &container; index && index->path_ != this;) {
     missing.push_back(next);
     next = PlotElement::from(next->parent());
-    known = next ? next->styleIndex() : nullptr;
+    index = next ? next->styleIndex() : nullptr;
   }
-  if (missing.empty()) return known->level_;
-  cutAt(known ? known->level_ + 1 : 0);
+  if (missing.empty()) return index->level_;
+  cutAt(index ? index->level_ + 1 : 0);
   for (; !missing.empty(); missing.pop_back()) push(*missing.back());
   return levels_.size() - 1;
 }
@@ -98,6 +98,7 @@ void StylePath::push(const PlotElement& container) {
   const StyleIndex* index = container.styleIndex();
   const StyleIndex::StylesByType& stylesByType = index->stylesByType(container);
   const std::size_t level = levels_.size();
+  index->leavePath();  // of another document, should it have come into this tree unchecked
   levels_.push_back({&container, index, {}});
   index->path_ = this;
   index->level_ = level;

@@ -46,7 +46,7 @@ class StylePath {
   /// A container, with the types of its own styles.
   struct Level {
     const PlotElement* container;
-    const StyleIndex* index;
+    const StyleIndex* index;  // which a container that is about to go can no longer be asked for
     std::vector<Token> types;
   };
 

@@ -27,18 +27,18 @@ bool anyStyleIn(const Arbor::Node& node, Token type, Use use) {
   return false;
 }
 
+// Whether the element is all that its document holds, so that there are no styles around it.
+bool isAllOfItsDocument(const Arbor::Node& element) {
+  return element.parent() == element.ownerDocument() && !element.previousSibling() &&
+         !element.nextSibling();
+}
+
 // Calls `use` with each style of that type around `start`, until it returns true.
 template <class Use>
 void forEachStyle(const Arbor::Node& start, Token type, Use use) {
   if (!type) return;  // no style is for those who have no type
   const Arbor::Node* around = start.parent();
   while (around && !anyStyleIn(*around, type, use)) around = around->parent();
-}
-
-// Whether the element is all that its document holds, so that there are no styles around it.
-bool isAllOfItsDocument(const Arbor::Node& element) {
-  return element.parent() == element.ownerDocument() && !element.previousSibling() &&
-         !element.nextSibling();
 }
 
 // The same, without those that nearer ones hide. Where containers stand in containers, what is

@@ -100,8 +100,15 @@ class Playground {
 
   // Their places.
 
-  void append() { node().appendChild(&node()); }
-  void insert() { node().insertBefore(&node(), &node()); }
+  void append() {
+    Arbor::Node& parent = node();
+    parent.appendChild(&node());
+  }
+  void insert() {
+    Arbor::Node& parent = node();
+    Arbor::Node& child = node();
+    parent.insertBefore(&child, &node());
+  }
   void replace() {
     if (Arbor::Node* child = node().firstChild()) child->parent()->replaceChild(&node(), child);
   }

@@ -88,7 +88,7 @@ void printLikeTheLibrary(double value) {
   demand(stream.str() == expected);
 }
 
-// What was parsed prints as a text that parses as the same value and prints alike.
+// What was parsed prints as a text that can be parsed and then prints alike.
 template <class Parser, class Value>
 void parsePrintParse(const std::string& text) {
   Value value{};

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace fs = std::filesystem;
 
 void run(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
+  if (!in) throw std::runtime_error("cannot read " + file.string());
   const std::vector<char> bytes{std::istreambuf_iterator<char>(in), {}};
   std::printf("%s\n", file.c_str());
   LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
