@@ -13,7 +13,8 @@ class TemporaryFolder {
  public:
   TemporaryFolder() {
     // mkdtemp() puts a name that is not taken in the place of the six letters.
-    std::string name = std::filesystem::temp_directory_path() / "vantry-test-XXXXXX";
+    std::string name = std::filesystem::temp_directory_path() / "vantry-test-";
+    name.append(6, 'X');
     if (!mkdtemp(name.data())) throw std::system_error(errno, std::generic_category(), name);
     path_ = name;
   }
