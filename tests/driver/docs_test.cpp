@@ -1,48 +1,123 @@
-// The code that the documentation shows is code that is built and run.
+// What the documentation shows is what is built and run: code and documents.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "documents.h"
+#include "program.h"
+
 namespace {
 
-const std::filesystem::path source = VANTRY_SOURCE_DIR;
+namespace fs = std::filesystem;
 
-/// The lines of a file without the blanks before them.
-std::vector<std::string> linesOf(const std::filesystem::path& path) {
-  std::ifstream in(path);
+const fs::path source = VANTRY_SOURCE_DIR;
+const fs::path docs = source / "docs";
+
+/// A line without the blanks before it.
+std::string withoutIndent(const std::string& line) {
+  return line.substr(std::min(line.find_first_not_of(' '), line.size()));
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::istringstream in(text);
   std::vector<std::string> lines;
-  for (std::string line; std::getline(in, line);) {
-    lines.push_back(line.substr(std::min(line.find_first_not_of(' '), line.size())));
-  }
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }
 
-/// The lines that stand in blocks of C++.
-std::vector<std::string> codeIn(const std::filesystem::path& path) {
-  std::vector<std::string> code;
-  bool isCode = false;
-  for (const std::string& line : linesOf(path)) {
+/// The fenced blocks of a page that are in the language.
+std::vector<std::string> blocksOf(const fs::path& page, const std::string& language) {
+  std::vector<std::string> blocks;
+  bool isInBlock = false;
+  bool isWanted = false;
+  for (const std::string& line : linesOf(contentOf(page))) {
     if (line.starts_with("```")) {
-      isCode = line == "```cpp";
-    } else if (isCode && line != "// ...") {
-      code.push_back(line);
+      isInBlock = !isInBlock;
+      isWanted = isInBlock && line == "```" + language;
+      if (isWanted) blocks.emplace_back();
+    } else if (isWanted) {
+      blocks.back() += line + "\n";
     }
   }
-  return code;
+  return blocks;
+}
+
+/// The documents of the manual.
+std::vector<std::string> exampleNames() {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(docs / "examples")) {
+    names.push_back(entry.path().filename());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 }  // namespace
 
 TEST(Documentation, ShowsTheCodeOfTheExample) {
-  const std::vector<std::string> lines = linesOf(source / "examples/host/host.cpp");
-  const std::set<std::string> example(lines.begin(), lines.end());
-  const std::vector<std::string> shown = codeIn(source / "docs/model.md");
-  EXPECT_GT(shown.size(), 50U);
-  for (const std::string& line : shown) EXPECT_TRUE(example.contains(line)) << line;
+  std::set<std::string> example;
+  for (const std::string& line : linesOf(contentOf(source / "examples/host/host.cpp"))) {
+    example.insert(withoutIndent(line));
+  }
+  std::size_t count = 0;
+  for (const std::string& block : blocksOf(docs / "model.md", "cpp")) {
+    for (const std::string& line : linesOf(block)) {
+      const std::string code = withoutIndent(line);
+      if (code == "// ...") continue;
+      EXPECT_TRUE(example.contains(code)) << code;
+      ++count;
+    }
+  }
+  EXPECT_GT(count, 50U);
 }
+
+TEST(Documentation, ShowsEachDocumentOfTheManualOnce) {
+  std::vector<std::string> shown;
+  for (const std::string& block : blocksOf(docs / "format.md", "xml")) {
+    static const std::regex firstLine(R"(<!-- (\w+\.zrd): .+ -->)");
+    std::smatch parts;
+    const std::string line = linesOf(block).at(0);
+    ASSERT_TRUE(std::regex_match(line, parts, firstLine)) << line;
+    EXPECT_EQ(block, contentOf(docs / "examples" / parts[1].str()));
+    shown.push_back(parts[1]);
+  }
+  std::sort(shown.begin(), shown.end());
+  EXPECT_EQ(shown, exampleNames());
+  EXPECT_GT(shown.size(), 30U);
+}
+
+class DocumentOfTheManual : public ProgramTest, public testing::WithParamInterface<std::string> {
+ protected:
+  DocumentOfTheManual() { setEnvironment("LC_ALL", "C.UTF-8"); }
+
+  /// What the document is converted to.
+  std::string outputOf(std::vector<std::string> arguments) const {
+    arguments.push_back(docs / "examples" / GetParam());
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
+  }
+};
+
+TEST_P(DocumentOfTheManual, HasGeometry) {
+  const std::string output = outputOf({});
+  EXPECT_NE(output.find("<geometry>\n<pointSet"), std::string::npos) << output;
+  EXPECT_GT(countOf("</p>\n", output), 0U) << output;
+  EXPECT_TRUE(output.ends_with("</jvx-model>\n")) << output;
+}
+
+TEST_P(DocumentOfTheManual, HasADisplay) {
+  EXPECT_TRUE(outputOf({"-d"}).ends_with("</jv-disp>\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DocumentOfTheManual, testing::ValuesIn(exampleNames()),
+                         [](const auto& test) { return fs::path(test.param).stem().string(); });
