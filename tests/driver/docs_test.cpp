@@ -1,4 +1,4 @@
-// What the documentation shows is what is built and run: code and documents.
+// What the documentation shows is what is built and run: code, documents and output.
 
 #include <gtest/gtest.h>
 
@@ -121,3 +121,21 @@ TEST_P(DocumentOfTheManual, HasADisplay) {
 
 INSTANTIATE_TEST_SUITE_P(All, DocumentOfTheManual, testing::ValuesIn(exampleNames()),
                          [](const auto& test) { return fs::path(test.param).stem().string(); });
+
+class DocumentationOfOutput : public ProgramTest {
+ protected:
+  DocumentationOfOutput() { setEnvironment("LC_ALL", "C.UTF-8"); }
+};
+
+TEST_F(DocumentationOfOutput, ShowsPiecesOfWhatTheDocumentsOfTheManualBecome) {
+  std::string outputs;
+  for (const std::string& name : exampleNames()) {
+    const std::string document = docs / "examples" / name;
+    outputs += undated(run({document}).out) + undated(run({"-d", document}).out);
+  }
+  const std::vector<std::string> pieces = blocksOf(docs / "javaview.md", "xml");
+  EXPECT_GT(pieces.size(), 5U);
+  for (const std::string& piece : pieces) {
+    EXPECT_NE(outputs.find(piece), std::string::npos) << piece;
+  }
+}
