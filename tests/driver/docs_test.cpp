@@ -1,8 +1,9 @@
-// What the documentation shows is what is built and run: code, documents and output.
+// What the documentation shows is what is built and run: code, documents, output and links.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -58,6 +59,38 @@ std::vector<std::string> exampleNames() {
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+/// The pages for people.
+std::vector<fs::path> pages() {
+  std::vector<fs::path> pages;
+  for (const fs::path& folder : {source, docs}) {
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      if (entry.path().extension() == ".md") pages.push_back(entry.path());
+    }
+  }
+  return pages;
+}
+
+/// The targets of the headings of a page: in small letters, with a hyphen for each blank, and
+/// without punctuation.
+std::set<std::string> anchorsOf(const fs::path& page) {
+  std::set<std::string> anchors;
+  for (const std::string& line : linesOf(contentOf(page))) {
+    const std::size_t begin = line.find_first_not_of('#');
+    if (begin == 0 || begin == std::string::npos || line[begin] != ' ') continue;
+    std::string anchor = "#";
+    for (const char letter : line.substr(begin + 1)) {
+      const auto byte = static_cast<unsigned char>(letter);
+      if (letter == ' ') {
+        anchor += '-';
+      } else if (std::isalnum(byte) || letter == '-' || letter == '_') {
+        anchor += static_cast<char>(std::tolower(byte));
+      }
+    }
+    anchors.insert(anchor);
+  }
+  return anchors;
 }
 
 }  // namespace
@@ -138,4 +171,21 @@ TEST_F(DocumentationOfOutput, ShowsPiecesOfWhatTheDocumentsOfTheManualBecome) {
   for (const std::string& piece : pieces) {
     EXPECT_NE(outputs.find(piece), std::string::npos) << piece;
   }
+}
+
+TEST(Documentation, LinksWithinTheRepositoryLeadSomewhere) {
+  static const std::regex link(R"(\]\((?!\w+:)([^)#\s]*)(#[^)\s]*)?\))");
+  std::size_t count = 0;
+  for (const fs::path& page : pages()) {
+    const std::string text = contentOf(page);
+    for (std::sregex_iterator found(text.begin(), text.end(), link), end; found != end; ++found) {
+      const fs::path target = (*found)[1].length() ? page.parent_path() / (*found)[1].str() : page;
+      EXPECT_TRUE(fs::exists(target)) << page << ": " << (*found)[0];
+      if ((*found)[2].matched) {
+        EXPECT_TRUE(anchorsOf(target).contains((*found)[2])) << page << ": " << (*found)[0];
+      }
+      ++count;
+    }
+  }
+  EXPECT_GT(count, 20U);
 }
