@@ -4,7 +4,7 @@ namespace PlotDom {
 
 namespace {
 
-const Ubase::Token afterPropertyChange("AfterPropertyChange", false);
+constinit const Ubase::StaticToken afterPropertyChange("AfterPropertyChange");
 
 }  // namespace
 

@@ -1,21 +1,38 @@
 #include "base/token.h"
 
 #include "base/token_table.h"
+#include "base/vocabulary.h"
 
 namespace Ubase {
 
-Token::Token(const char* text, bool copy)
-    : str_(text ? TokenTable::instance().intern(text, copy) : nullptr) {}
+namespace {
+
+// Words of the vocabulary are known without the table and its lock.
+const char* internedText(const char* text, bool copy) {
+  const WordId word = findWord(text);
+  return word == WordId::none ? TokenTable::instance().intern(text, copy) : tokenOf(word).str();
+}
+
+}  // namespace
+
+Token::Token(const char* text, bool copy) : str_(text ? internedText(text, copy) : nullptr) {}
 
 Token Token::find(const char* text) {
-  return text ? Token(TokenTable::instance().find(text)) : Token();
+  if (!text) return Token();
+  const WordId word = findWord(text);
+  return word == WordId::none ? Token(TokenTable::instance().find(text)) : tokenOf(word);
 }
 
 void Token::internAll(const char* const* texts, bool copy) {
   if (!texts) return;
-  TokenTable& table = TokenTable::instance();
-  const std::lock_guard lock(table.mutex());
-  for (; *texts; ++texts) table.intern(*texts, copy);
+  const std::lock_guard lock(TokenTable::instance().mutex());
+  for (; *texts; ++texts) Token(*texts, copy);
+}
+
+Token StaticToken::intern() const {
+  const Token token(text_, false);
+  interned_.store(token.str(), std::memory_order_release);
+  return token;
 }
 
 }  // namespace Ubase

@@ -1,12 +1,14 @@
 // Interned strings. Names and keywords of the format are compared as one machine word.
 #pragma once
 
+#include <atomic>
 #include <functional>
 
 namespace Ubase {
 
 /// The address of the one interned copy of a text, or null. A plain value: copying costs a word,
-/// and an interned text lives as long as the process.
+/// and an interned text lives as long as the process. Any thread may make tokens at any time, also
+/// before and after main().
 class Token {
  public:
   /// The null token.
@@ -36,9 +38,32 @@ class Token {
   static constexpr Token ofVocabulary(const char* text) { return Token(text); }
 
  private:
+  friend class StaticToken;
+
   constexpr explicit Token(const char* interned) : str_(interned) {}
 
   const char* str_ = nullptr;
+};
+
+/// A token that is no word of the vocabulary, as a constant that any static initialiser may use:
+/// the text is interned when the token is first asked for.
+class StaticToken {
+ public:
+  /// `text` must have static lifetime.
+  constexpr explicit StaticToken(const char* text) : text_(text) {}
+  StaticToken(const StaticToken&) = delete;
+  StaticToken& operator=(const StaticToken&) = delete;
+
+  operator Token() const {
+    const char* interned = interned_.load(std::memory_order_acquire);
+    return interned ? Token(interned) : intern();
+  }
+
+ private:
+  Token intern() const;
+
+  const char* text_;
+  mutable std::atomic<const char*> interned_ = nullptr;
 };
 
 }  // namespace Ubase

@@ -7,8 +7,6 @@
 #include <new>
 #include <string_view>
 
-#include "base/vocabulary.h"
-
 namespace Ubase {
 
 namespace {
@@ -18,12 +16,7 @@ constexpr std::size_t firstCapacity = 256;
 }  // namespace
 
 TokenTable& TokenTable::instance() {
-  static TokenTable table;
-  static const bool hasVocabulary = [] {
-    for (int id = 1; id <= wordCount; ++id) table.intern(tokenById(id).str(), false);
-    return true;
-  }();
-  (void)hasVocabulary;
+  static TokenTable& table = *new TokenTable;
   return table;
 }
 

@@ -8,10 +8,11 @@
 
 namespace Ubase {
 
-/// An index of interned texts. The process has one, see instance(); it begins with the vocabulary.
-/// Safe for any number of threads.
+/// An index of interned texts. The process has one, see instance(), for all that are no words of
+/// the vocabulary. Safe for any number of threads.
 class TokenTable {
  public:
+  /// Never destroyed, as the destructors of static objects may still use tokens.
   static TokenTable& instance();
 
   TokenTable() = default;

@@ -8,22 +8,18 @@ namespace Ubase {
 
 namespace {
 
-constexpr std::array<std::string_view, wordCount + 1> texts = {
-    std::string_view(),
-#define WORD(name, text) std::string_view(text),
-#include "base/vocabulary.def"
-};
+constexpr std::string_view textOf(int id) { return wordTexts[id]; }
 
 struct Lengths {
-  std::size_t shortest = texts[1].size();
+  std::size_t shortest = textOf(1).size();
   std::size_t longest = 0;
 };
 
 constexpr Lengths lengths = [] {
   Lengths found;
-  for (std::size_t id = 1; id < texts.size(); ++id) {
-    found.shortest = std::min(found.shortest, texts[id].size());
-    found.longest = std::max(found.longest, texts[id].size());
+  for (int id = 1; id <= wordCount; ++id) {
+    found.shortest = std::min(found.shortest, textOf(id).size());
+    found.longest = std::max(found.longest, textOf(id).size());
   }
   return found;
 }();
@@ -47,8 +43,8 @@ constexpr std::size_t firstSlot(std::string_view text) {
 
 constexpr auto slots = [] {
   std::array<std::uint16_t, slotCount> table{};
-  for (std::size_t id = 1; id < texts.size(); ++id) {
-    std::size_t slot = firstSlot(texts[id]);
+  for (int id = 1; id <= wordCount; ++id) {
+    std::size_t slot = firstSlot(textOf(id));
     while (table[slot] != 0) slot = (slot + 1) % slotCount;
     table[slot] = static_cast<std::uint16_t>(id);
   }
@@ -60,7 +56,7 @@ constexpr auto slots = [] {
 WordId findWord(std::string_view text) {
   if (text.size() < lengths.shortest || text.size() > lengths.longest) return WordId::none;
   for (std::size_t slot = firstSlot(text); slots[slot] != 0; slot = (slot + 1) % slotCount) {
-    if (texts[slots[slot]] == text) return static_cast<WordId>(slots[slot]);
+    if (textOf(slots[slot]) == text) return static_cast<WordId>(slots[slot]);
   }
   return WordId::none;
 }

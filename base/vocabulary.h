@@ -38,18 +38,18 @@ namespace Word {
 #include "base/vocabulary.def"
 }  // namespace Word
 
-/// The tokens of all words by number, with the null token at 0.
-inline constexpr std::array<Token, wordCount + 1> wordTokens = {
-    Token(),
-#define WORD(name, text) Word::name,
-#include "base/vocabulary.def"
-};
-
 /// The token of a word's number; the null token for 0 and for all numbers above 528.
 constexpr Token tokenById(int id) {
-  return id >= 0 && id <= wordCount ? wordTokens[static_cast<std::size_t>(id)] : Token();
+  return id > 0 && id <= wordCount ? Token::ofVocabulary(wordTexts[id]) : Token();
 }
 constexpr Token tokenOf(WordId id) { return tokenById(static_cast<int>(id)); }
+
+/// The tokens of all words by number, with the null token at 0.
+inline constexpr auto wordTokens = [] {
+  std::array<Token, wordCount + 1> tokens;
+  for (int id = 0; id <= wordCount; ++id) tokens[static_cast<std::size_t>(id)] = tokenById(id);
+  return tokens;
+}();
 
 /// The number of the word that the token stands for; WordId::none for the null token and for any
 /// other text.

@@ -6,6 +6,7 @@
 
 namespace Arbor {
 
+using Ubase::StaticToken;
 using Ubase::Token;
 using Ubase::Variant;
 
@@ -14,17 +15,17 @@ class Range;
 
 /// The type of each event; an observer may subscribe to one of them.
 namespace EventType {
-inline const Token BeforeReplaceChildren("BeforeReplaceChildren", false);
-inline const Token AfterReplaceChildren("AfterReplaceChildren", false);
-inline const Token BeforeReplaceText("BeforeReplaceText", false);
-inline const Token AfterReplaceText("AfterReplaceText", false);
-inline const Token BeforeSetAttribute("BeforeSetAttribute", false);
-inline const Token AfterSetAttribute("AfterSetAttribute", false);
-inline const Token BeforeRemoveAttribute("BeforeRemoveAttribute", false);
-inline const Token AfterRemoveAttribute("AfterRemoveAttribute", false);
-inline const Token BeforeSelectionChange("BeforeSelectionChange", false);
-inline const Token AfterSelectionChange("AfterSelectionChange", false);
-inline const Token BeforeDeselect("BeforeDeselect", false);
+inline constinit const StaticToken BeforeReplaceChildren("BeforeReplaceChildren");
+inline constinit const StaticToken AfterReplaceChildren("AfterReplaceChildren");
+inline constinit const StaticToken BeforeReplaceText("BeforeReplaceText");
+inline constinit const StaticToken AfterReplaceText("AfterReplaceText");
+inline constinit const StaticToken BeforeSetAttribute("BeforeSetAttribute");
+inline constinit const StaticToken AfterSetAttribute("AfterSetAttribute");
+inline constinit const StaticToken BeforeRemoveAttribute("BeforeRemoveAttribute");
+inline constinit const StaticToken AfterRemoveAttribute("AfterRemoveAttribute");
+inline constinit const StaticToken BeforeSelectionChange("BeforeSelectionChange");
+inline constinit const StaticToken AfterSelectionChange("AfterSelectionChange");
+inline constinit const StaticToken BeforeDeselect("BeforeDeselect");
 }  // namespace EventType
 
 /// Something that happens at `target`. Events live on the stack for the time of one notification.

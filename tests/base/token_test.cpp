@@ -28,6 +28,9 @@ const Token radiusAtStart = Word::Radius;
 const Token radiusByIdAtStart = tokenById(static_cast<int>(WordId::Radius));
 const Token radiusByTextAtStart("Radius", false);
 
+constinit const StaticToken beyondTheVocabulary("a constant beyond the vocabulary");
+const Token beyondTheVocabularyAtStart = beyondTheVocabulary;
+
 }  // namespace
 
 // Found before that of the C library, which it calls unless a test wants memory to be short.
@@ -66,6 +69,27 @@ TEST(Token, OfTheVocabularyIsReadyForStaticInitialisers) {
   EXPECT_EQ(radiusAtStart, Word::Radius);
   EXPECT_EQ(radiusByIdAtStart, Word::Radius);
   EXPECT_EQ(radiusByTextAtStart, Word::Radius);
+}
+
+TEST(StaticToken, IsReadyForStaticInitialisers) {
+  EXPECT_STREQ(beyondTheVocabularyAtStart.str(), "a constant beyond the vocabulary");
+  EXPECT_EQ(beyondTheVocabularyAtStart, beyondTheVocabulary);
+  EXPECT_EQ(Token("a constant beyond the vocabulary", true), beyondTheVocabulary);
+}
+
+TEST(StaticToken, IsTheTokenOfATextThatWasInternedBefore) {
+  const Token earlier("a text from earlier on", true);
+  static constinit const StaticToken constant("a text from earlier on");
+  EXPECT_EQ(constant, earlier);
+  EXPECT_EQ(constant, earlier) << "and is so the second time";
+}
+
+TEST(Token, OfTheVocabularyNeedsNoTable) {
+  const std::int32_t count = TokenTable::instance().count();
+  for (int id = 1; id <= wordCount; ++id) {
+    EXPECT_EQ(Token(std::string(tokenById(id).str()).c_str(), true), tokenById(id));
+  }
+  EXPECT_EQ(TokenTable::instance().count(), count);
 }
 
 TEST(Token, KeepsItsTextWhenTheBufferChanges) {
