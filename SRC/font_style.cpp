@@ -13,7 +13,8 @@ bool operator<(const FontStyle& a, const FontStyle& b) {
 }
 
 const FontStyle& FontStyle::standard() {
-  static const FontStyle font{"Times", 11, false, black, false, Ubase::Word::Left};
+  static const FontStyle& font = *new FontStyle{
+      Ubase::FixedString::permanent("Times"), 11, false, black, false, Ubase::Word::Left};
   return font;
 }
 

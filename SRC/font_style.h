@@ -22,7 +22,8 @@ struct FontStyle {
   friend bool operator==(const FontStyle& a, const FontStyle& b) = default;
   friend bool operator<(const FontStyle& a, const FontStyle& b);
 
-  /// Times in 11 points, upright, black, to the left: the one shared default of all fonts.
+  /// Times in 11 points, upright, black, to the left: the one default of all fonts, which the
+  /// documents of all threads share. Never destroyed.
   static const FontStyle& standard();
 };
 

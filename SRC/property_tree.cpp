@@ -1,6 +1,5 @@
 #include "SRC/property_tree.h"
 
-#include <mutex>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,6 +40,11 @@ constexpr TypesOfClass typesOfClasses[] = {
     {Word::Transform3d, transformTypes3d},
 };
 
+/// The texts of the tree are permanent, as all threads read them.
+Variant textForAllThreads(const char* text) {
+  return Ubase::FixedStringVariant(Ubase::FixedString::permanent(text));
+}
+
 template <class T>
 Ref<T> make(PlotDocument& tree) {
   return static_cast<T*>(tree.createElement(T::tag));
@@ -61,7 +65,7 @@ Ref<PropInfo> describe(const Property& property, Recalculation recalculation, Pl
     words += word.str();
   }
   if (!words.empty()) {
-    info->setAttribute(Word::Enum, Ubase::FixedStringVariant(words.c_str()));
+    info->setAttribute(Word::Enum, textForAllThreads(words.c_str()));
   }
   return info;
 }
@@ -87,7 +91,7 @@ Ref<ObjType> describeClass(Token type, Token elementClass, PlotDocument& tree) {
     if (nameOfCategory != row.category) {
       nameOfCategory = row.category;
       category = make<PropCat>(tree);
-      category->setAttribute(Word::Name, Ubase::FixedStringVariant(row.category));
+      category->setAttribute(Word::Name, textForAllThreads(row.category));
     }
     addProperties(*category, row, *element, tree);
     if (category->firstChild() && !category->parent()) description->appendChild(category.get());
@@ -111,11 +115,9 @@ Ref<PlotDocument> buildTree() {
   return tree;
 }
 
+// Never destroyed, as the destructors of static objects may still ask for it.
 const PlotDocument& propertyTree() {
-  static std::recursive_mutex mutex;
-  static Ref<PlotDocument> tree;
-  const std::lock_guard lock(mutex);
-  if (!tree) tree = buildTree();
+  static const auto& tree = *new Ref<PlotDocument>(buildTree());
   return *tree;
 }
 

@@ -15,7 +15,7 @@ namespace PlotDom {
 /// which it is edited, `enumWords` the words that it may take, with a blank between them, and
 /// `recalc` tells whether a change makes a new calculation necessary. `name` and `info` are not
 /// set: texts for the user are the host's, in the user's language. The description of all classes
-/// is made at the first call. It must not be changed.
+/// is made at the first call, for all threads. It must not be changed, nor copied by cloneNode().
 const ObjType* findPropertyInfo(Token name);
 
 }  // namespace PlotDom

@@ -7,27 +7,38 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace Ubase {
 
-/// A reference-counted, NUL-terminated text that never changes in place. A copy shares the text.
-/// The default-constructed string is the null string, which is not the empty one.
+/// A reference-counted, NUL-terminated text that never changes in place. A copy shares the text,
+/// and all that share one are for one thread at a time, unless the text is permanent. The
+/// default-constructed string is the null string, which is not the empty one.
 template <class Char>
 class FixedStringBase {
  public:
   FixedStringBase() = default;
 
   /// Copies `text`; null gives the null string. Throws std::bad_alloc.
-  FixedStringBase(const Char* text) : block_(text ? makeBlock(text) : nullptr) {}
+  FixedStringBase(const Char* text) : block_(text ? makeBlock(text, 1) : nullptr) {}
+
+  /// A copy of `text`, which is not null, that lives as long as the process. As its copies are not
+  /// counted, any thread may make and drop some. For what all documents share. Throws
+  /// std::bad_alloc.
+  static FixedStringBase permanent(const Char* text) {
+    FixedStringBase string;
+    string.block_ = makeBlock(text, permanentCount);
+    return string;
+  }
 
   FixedStringBase(const FixedStringBase& other) : block_(other.block_) {
-    if (block_) ++block_->refCount;
+    if (isCounted()) ++count();
   }
   FixedStringBase(FixedStringBase&& other) noexcept
       : block_(std::exchange(other.block_, nullptr)) {}
   ~FixedStringBase() {
-    if (block_ && --block_->refCount < 1) freeBlock(block_);
+    if (isCounted() && --count() == 0) freeBlock(block_);
   }
   FixedStringBase& operator=(FixedStringBase other) noexcept {
     std::swap(block_, other.block_);
@@ -35,10 +46,12 @@ class FixedStringBase {
   }
 
   /// The text, null for the null string.
-  const Char* c_str() const { return block_ ? block_->text() : nullptr; }
+  const Char* c_str() const {
+    return block_ ? std::launder(reinterpret_cast<const Char*>(block_ + sizeof(Count))) : nullptr;
+  }
 
-  /// How many strings share the text, 0 for the null string.
-  std::int32_t useCount() const { return block_ ? block_->refCount : 0; }
+  /// How many strings share the text, 0 for the null string and for a permanent text.
+  std::int32_t useCount() const { return isCounted() ? count() : 0; }
 
   /// One and the same text, or two texts that are alike. A null string equals no other text.
   friend bool operator==(const FixedStringBase& a, const FixedStringBase& b) {
@@ -51,31 +64,34 @@ class FixedStringBase {
   }
 
  private:
-  struct Block {
-    std::int32_t refCount;
-    Char* text() { return reinterpret_cast<Char*>(this + 1); }
-  };
-
+  using Count = std::int32_t;
   using Traits = std::char_traits<Char>;
+
+  static constexpr Count permanentCount = 0;
 
   static int compare(const Char* a, const Char* b) {
     while (*a != Char() && Traits::eq(*a, *b)) ++a, ++b;
     return Traits::lt(*b, *a) - Traits::lt(*a, *b);
   }
 
-  static Block* makeBlock(const Char* text) {
+  // A block is a count with the text behind it.
+  static std::byte* makeBlock(const Char* text, Count count) {
+    static_assert(std::is_trivially_copyable_v<Char> && alignof(Char) <= alignof(Count));
     const std::size_t bytes = (Traits::length(text) + 1) * sizeof(Char);
-    void* memory = std::malloc(sizeof(Block) + bytes);
-    if (!memory) throw std::bad_alloc();
-    Block* block = new (memory) Block{1};
-    std::memcpy(block->text(), text, bytes);
+    auto* const block = static_cast<std::byte*>(std::malloc(sizeof(Count) + bytes));
+    if (!block) throw std::bad_alloc();
+    new (block) Count(count);
+    std::memcpy(block + sizeof(Count), text, bytes);
     return block;
   }
 
   // Not inlined, since g++ 12 would not see that the count decides, and warn of a use after free.
-  [[gnu::noinline]] static void freeBlock(Block* block) { std::free(block); }
+  [[gnu::noinline]] static void freeBlock(std::byte* block) { std::free(block); }
 
-  Block* block_ = nullptr;
+  Count& count() const { return *std::launder(reinterpret_cast<Count*>(block_)); }
+  bool isCounted() const { return block_ && count() != permanentCount; }
+
+  std::byte* block_ = nullptr;
 };
 
 using FixedString = FixedStringBase<char>;

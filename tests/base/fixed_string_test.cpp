@@ -7,7 +7,9 @@
 #include <limits>
 #include <new>
 #include <string>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -89,6 +91,31 @@ TEST(FixedString, IsOrderedAsStrcmpOrders) {
                 std::strcmp(a.c_str(), b.c_str()) < 0);
     }
   }
+}
+
+TEST(FixedString, IsNotCountedIfItIsPermanent) {
+  const char* text = nullptr;
+  {
+    const FixedString permanent = FixedString::permanent("for ever");
+    text = permanent.c_str();
+    const FixedString copy = permanent;
+    EXPECT_EQ(copy.c_str(), text);
+    EXPECT_EQ(permanent.useCount(), 0);
+    EXPECT_EQ(permanent, FixedString("for ever"));
+  }
+  EXPECT_STREQ(text, "for ever") << "it outlives its last copy";
+}
+
+// The thread sanitizer sees whether they touch anything in common.
+TEST(FixedString, IsSharedByThreadsIfItIsPermanent) {
+  const FixedString permanent = FixedString::permanent("for all");
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&permanent] {
+      for (int k = 0; k < 1000; ++k) EXPECT_EQ(FixedString(permanent).c_str(), permanent.c_str());
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 TEST(FixedString, TellsNullFromEmpty) {
