@@ -23,7 +23,8 @@ class Arc2dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>         (Word::Closed,       false,       4096, &E::closed);
     // clang-format on
   }
-} arc2dPropertyList;
+};
+constinit Arc2dPropertyListMgr arc2dPropertyList;
 
 }  // namespace
 

@@ -18,7 +18,8 @@ class Arrow2dPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>            (Word::LineColor, black,              128, &E::lineColor);
     // clang-format on
   }
-} arrow2dPropertyList;
+};
+constinit Arrow2dPropertyListMgr arrow2dPropertyList;
 
 }  // namespace
 

@@ -20,7 +20,8 @@ class Arrow3dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>            (Word::Tubular,      true,                256, &E::tubular);
     // clang-format on
   }
-} arrow3dPropertyList;
+};
+constinit Arrow3dPropertyListMgr arrow3dPropertyList;
 
 }  // namespace
 

@@ -22,7 +22,8 @@ class BoxPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::FillColor,    black,       1024, &E::fillColor);
     // clang-format on
   }
-} boxPropertyList;
+};
+constinit BoxPropertyListMgr boxPropertyList;
 
 }  // namespace
 

@@ -16,7 +16,8 @@ class CameraPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>   (Word::KeepUpVector,         true,               32, &E::keepUpVector);
     // clang-format on
   }
-} cameraPropertyList;
+};
+constinit CameraPropertyListMgr cameraPropertyList;
 
 }  // namespace
 

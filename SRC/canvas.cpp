@@ -47,7 +47,8 @@ class CanvasPropertyListMgr final : public PropertyListMgr {
     optional<BoolTrait>                (Word::AutoPlay,        false);
     // clang-format on
   }
-} canvasPropertyList;
+};
+constinit CanvasPropertyListMgr canvasPropertyList;
 
 bool isAnyNamed(const Arbor::Node* node, Token name) {
   for (; node; node = node->nextSibling()) {

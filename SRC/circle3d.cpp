@@ -19,7 +19,8 @@ class Circle3dPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::FillColor,    black,       128, &E::fillColor);
     // clang-format on
   }
-} circle3dPropertyList;
+};
+constinit Circle3dPropertyListMgr circle3dPropertyList;
 
 }  // namespace
 

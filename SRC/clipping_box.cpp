@@ -16,7 +16,8 @@ class ClippingBoxPropertyListMgr final : public PropertyListMgr {
     mandatory<RangeBoundType> (Word::ZMin, -1,  4, &E::zMin);
     // clang-format on
   }
-} clippingBoxPropertyList;
+};
+constinit ClippingBoxPropertyListMgr clippingBoxPropertyList;
 
 }  // namespace
 

@@ -19,7 +19,8 @@ class ColorArray2dPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::LineColor,    black, 256, &E::lineColor);
     // clang-format on
   }
-} colorArray2dPropertyList;
+};
+constinit ColorArray2dPropertyListMgr colorArray2dPropertyList;
 
 }  // namespace
 

@@ -21,7 +21,8 @@ class ConePropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::FillColor,    black,        256, &E::fillColor);
     // clang-format on
   }
-} conePropertyList;
+};
+constinit ConePropertyListMgr conePropertyList;
 
 }  // namespace
 

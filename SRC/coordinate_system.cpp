@@ -31,7 +31,8 @@ class CoordinateSystemPropertyListMgr final : public PropertyListMgr {
     optional<AutoViewingBoxType>     (Word::AutoViewingBox, 31);
     // clang-format on
   }
-} coordinateSystemPropertyList;
+};
+constinit CoordinateSystemPropertyListMgr coordinateSystemPropertyList;
 
 class CoordinateSystemStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -70,7 +71,8 @@ class CoordinateSystemStylePropertyListMgr final : public PropertyListMgr {
     inherited<PosOutputSizeType>      (Word::SubgridLineWidth,    0.2);
     // clang-format on
   }
-} coordinateSystemStylePropertyList;
+};
+constinit CoordinateSystemStylePropertyListMgr coordinateSystemStylePropertyList;
 
 class CoordinateSystem2dStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -81,7 +83,8 @@ class CoordinateSystem2dStylePropertyListMgr final : public PropertyListMgr {
     inherited<GridBoolProperty>          (Word::GridInFront,           false);
     // clang-format on
   }
-} coordinateSystem2dStylePropertyList;
+};
+constinit CoordinateSystem2dStylePropertyListMgr coordinateSystem2dStylePropertyList;
 
 class CoordinateSystem3dStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -97,7 +100,8 @@ class CoordinateSystem3dStylePropertyListMgr final : public PropertyListMgr {
     inherited<GridBoolProperty>       (Word::ZSubgridVisible,     false);
     // clang-format on
   }
-} coordinateSystem3dStylePropertyList;
+};
+constinit CoordinateSystem3dStylePropertyListMgr coordinateSystem3dStylePropertyList;
 
 // The style with the given tag among the children of `container`, or null.
 const PlotElement* styleIn(const Arbor::Node* container, Token tag) {

@@ -22,7 +22,8 @@ class DensityArray2dPropertyListMgr final : public PropertyListMgr {
     inherited<ColorType>         (Word::FillColorType, Word::Flat, 1024, &E::fillColorType);
     // clang-format on
   }
-} densityArray2dPropertyList;
+};
+constinit DensityArray2dPropertyListMgr densityArray2dPropertyList;
 
 }  // namespace
 

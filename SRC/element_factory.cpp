@@ -1,6 +1,7 @@
 #include "SRC/element_factory.h"
 
 #include <array>
+#include <cstdint>
 
 #include "SRC/arc2d.h"
 #include "SRC/arrow2d.h"
@@ -55,13 +56,20 @@ namespace PlotDom {
 namespace {
 
 struct ElementClass {
-  Token name;
+  WordId name;
   PlotElement* (*make)(PlotDocument& document);
 };
 
+// wordOf() for the compiler.
+constexpr WordId wordIdOf(Token word) {
+  int id = 1;
+  while (Ubase::tokenById(id) != word) ++id;
+  return static_cast<WordId>(id);
+}
+
 template <class Element>
 constexpr ElementClass classOf() {
-  return {Element::tag,
+  return {wordIdOf(Element::tag),
           [](PlotDocument& document) -> PlotElement* { return new Element(&document); }};
 }
 
@@ -172,29 +180,29 @@ constexpr std::array elementClasses = {
     classOf<ZTicksDistance>(),
 };
 
-// The classes by their names.
-const auto& classesByWord() {
-  static const auto table = [] {
-    Ubase::WordTable<const ElementClass*> classes;
-    for (const ElementClass& elementClass : elementClasses) {
-      classes[elementClass.name] = &elementClass;
-    }
-    return classes;
-  }();
-  return table;
-}
+// The place of each class in the list, from 1, by its name; 0 for a word that is no class.
+constexpr auto classNumbers = [] {
+  static_assert(elementClasses.size() < 256);
+  Ubase::WordTable<std::uint8_t> numbers;
+  for (std::size_t i = 0; i < elementClasses.size(); ++i) {
+    numbers[elementClasses[i].name] = static_cast<std::uint8_t>(i + 1);
+  }
+  return numbers;
+}();
 
 }  // namespace
 
 PlotElement* makeElement(Token name, PlotDocument& document) {
-  const ElementClass* found = classesByWord()[name];
-  return found ? found->make(document) : nullptr;
+  const std::size_t number = classNumbers[name];
+  return number > 0 ? elementClasses[number - 1].make(document) : nullptr;
 }
+
+bool isElementClass(WordId name) { return classNumbers[name] != 0; }
 
 std::vector<Token> elementNames() {
   std::vector<Token> names;
   names.reserve(elementClasses.size());
-  for (const ElementClass& elementClass : elementClasses) names.push_back(elementClass.name);
+  for (const ElementClass& each : elementClasses) names.push_back(Ubase::tokenOf(each.name));
   return names;
 }
 

@@ -12,6 +12,9 @@ class PlotDocument;
 /// A new element of the class with that name; null for any other name.
 PlotElement* makeElement(Token name, PlotDocument& document);
 
+/// Whether there is an element class with that name.
+bool isElementClass(WordId name);
+
 /// The names of all element classes, in the order of their tokens.
 std::vector<Token> elementNames();
 

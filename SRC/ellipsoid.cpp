@@ -16,7 +16,8 @@ class EllipsoidPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>    (Word::FillColor, black,      16, &E::fillColor);
     // clang-format on
   }
-} ellipsoidPropertyList;
+};
+constinit EllipsoidPropertyListMgr ellipsoidPropertyList;
 
 }  // namespace
 

@@ -40,7 +40,8 @@ class WithAttribute : public Base {
     this->setAttribute(key, value);
   }
   const Property* findProperty(Token key) const override {
-    static const MandatoryListPropertyImpl<Trait> property(attributeName, Trait::absent);
+    static const auto& property =
+        *new MandatoryListPropertyImpl<Trait>(attributeName, Trait::absent);  // for ever
     return key == attributeName ? &property : nullptr;
   }
 

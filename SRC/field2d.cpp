@@ -24,7 +24,8 @@ class Field2dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>          (Word::LineColorDirectionY, 1,                  8192, &E::lineColorDirectionY);
     // clang-format on
   }
-} field2dPropertyList;
+};
+constinit Field2dPropertyListMgr field2dPropertyList;
 
 }  // namespace
 

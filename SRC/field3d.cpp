@@ -26,7 +26,8 @@ class Field3dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::LineColorDirectionZ, 1,             32768, &E::lineColorDirectionZ);
     // clang-format on
   }
-} field3dPropertyList;
+};
+constinit Field3dPropertyListMgr field3dPropertyList;
 
 }  // namespace
 

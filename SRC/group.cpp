@@ -16,7 +16,8 @@ class GroupPropertyListMgr final : public PropertyListMgr {
     optional<BoolTrait>              (Word::Visible,    true,  16, &E::visible);
     // clang-format on
   }
-} groupPropertyList;
+};
+constinit GroupPropertyListMgr groupPropertyList;
 
 }  // namespace
 
@@ -51,7 +52,7 @@ bool isMovable3d(const Arbor::Node& node) {
   const auto& object = static_cast<const Obj3d&>(node);
   if (!object.hasAttribute(Word::Type)) return false;
   const Variant type = object.getAttribute(Word::Type);
-  const auto* token = type.as<Ubase::TokenVariant>();
+  const auto token = type.as<Ubase::TokenVariant>();
   return token && !isOneOf(token->get(), Word::Camera, Word::AmbientLight, Word::PointLight,
                            Word::DistantLight, Word::SpotLight, Word::ClippingBox);
 }

@@ -8,7 +8,8 @@ class HintsPropertyListMgr final : public PropertyListMgr {
   void fill() override {
     optional<ScalingType>(Word::Scaling, Word::Unconstrained, 1, &Hints::scaling);
   }
-} hintsPropertyList;
+};
+constinit HintsPropertyListMgr hintsPropertyList;
 
 }  // namespace
 

@@ -14,7 +14,8 @@ class ImgPropertyListMgr final : public PropertyListMgr {
     optional<ImgPropDoubleType> (Word::TitlePositionZ, nan, 8, &E::titlePositionZ);
     // clang-format on
   }
-} imgPropertyList;
+};
+constinit ImgPropertyListMgr imgPropertyList;
 
 }  // namespace
 

@@ -12,7 +12,8 @@ class AmbientLightPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>          (Word::LightColor,     white, 2, &E::lightColor);
     // clang-format on
   }
-} ambientLightPropertyList;
+};
+constinit AmbientLightPropertyListMgr ambientLightPropertyList;
 
 class PointLightPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -22,7 +23,8 @@ class PointLightPropertyListMgr final : public PropertyListMgr {
     mandatory<P3Trait>   (Word::Position,          {0, 10, 0}, 8, &E::position);
     // clang-format on
   }
-} pointLightPropertyList;
+};
+constinit PointLightPropertyListMgr pointLightPropertyList;
 
 class DistantLightPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -31,7 +33,8 @@ class DistantLightPropertyListMgr final : public PropertyListMgr {
     mandatory<P3Trait> (Word::Target, {0, 0, 0}, 16, &E::target);
     // clang-format on
   }
-} distantLightPropertyList;
+};
+constinit DistantLightPropertyListMgr distantLightPropertyList;
 
 class SpotLightPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -40,7 +43,8 @@ class SpotLightPropertyListMgr final : public PropertyListMgr {
     mandatory<DoubleTrait> (Word::SpotAngle, 0.26179938779914946, 32, &E::spotAngle);
     // clang-format on
   }
-} spotLightPropertyList;
+};
+constinit SpotLightPropertyListMgr spotLightPropertyList;
 
 }  // namespace
 

@@ -16,7 +16,8 @@ class Line2dPropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::LineColor, black,        32, &E::lineColor);
     // clang-format on
   }
-} line2dPropertyList;
+};
+constinit Line2dPropertyListMgr line2dPropertyList;
 
 }  // namespace
 

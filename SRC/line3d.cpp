@@ -18,7 +18,8 @@ class Line3dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>         (Word::Tubular,      true,          64, &E::tubular);
     // clang-format on
   }
-} line3dPropertyList;
+};
+constinit Line3dPropertyListMgr line3dPropertyList;
 
 }  // namespace
 

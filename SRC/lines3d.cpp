@@ -26,7 +26,8 @@ class Lines3dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::LineColorDirectionZ, 1,             2048, &E::lineColorDirectionZ);
     // clang-format on
   }
-} lines3dPropertyList;
+};
+constinit Lines3dPropertyListMgr lines3dPropertyList;
 
 }  // namespace
 

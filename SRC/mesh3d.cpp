@@ -39,7 +39,8 @@ class Mesh3dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::FillColorDirectionZ, 1,             268435456, &E::fillColorDirectionZ);
     // clang-format on
   }
-} mesh3dPropertyList;
+};
+constinit Mesh3dPropertyListMgr mesh3dPropertyList;
 
 }  // namespace
 

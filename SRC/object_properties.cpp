@@ -15,7 +15,8 @@ class ObjectPropertyListMgr final : public PropertyListMgr {
     optional<BoolTrait>              (Word::Visible,    true);
     // clang-format on
   }
-} objectPropertyList;
+};
+constinit ObjectPropertyListMgr objectPropertyList;
 
 class ObjectStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -66,7 +67,8 @@ class ObjectStylePropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>              (Word::LineColorDirectionX, 0);
     // clang-format on
   }
-} objectStylePropertyList;
+};
+constinit ObjectStylePropertyListMgr objectStylePropertyList;
 
 class Object2dStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -80,7 +82,8 @@ class Object2dStylePropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::LineColorDirectionY,       1);
     // clang-format on
   }
-} object2dStylePropertyList;
+};
+constinit Object2dStylePropertyListMgr object2dStylePropertyList;
 
 class Object3dStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -107,7 +110,8 @@ class Object3dStylePropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::FillColorDirectionZ,  1);
     // clang-format on
   }
-} object3dStylePropertyList;
+};
+constinit Object3dStylePropertyListMgr object3dStylePropertyList;
 
 }  // namespace
 

@@ -18,7 +18,8 @@ class PlanePropertyListMgr final : public PropertyListMgr {
     inherited<MeshType>  (Word::VMesh,        10,         16, &E::vMesh);
     // clang-format on
   }
-} planePropertyList;
+};
+constinit PlanePropertyListMgr planePropertyList;
 
 }  // namespace
 

@@ -26,7 +26,8 @@ class Poly2dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::LineColorDirectionY, 1,             32768, &E::lineColorDirectionY);
     // clang-format on
   }
-} poly2dPropertyList;
+};
+constinit Poly2dPropertyListMgr poly2dPropertyList;
 
 }  // namespace
 

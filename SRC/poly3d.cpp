@@ -27,7 +27,8 @@ class Poly3dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::LineColorDirectionZ, 1,             65536, &E::lineColorDirectionZ);
     // clang-format on
   }
-} poly3dPropertyList;
+};
+constinit Poly3dPropertyListMgr poly3dPropertyList;
 
 }  // namespace
 

@@ -8,11 +8,13 @@ namespace {
 
 class ObjTypePropertyListMgr final : public PropertyListMgr {
   void fill() override { mandatory<TokenTrait>(Word::Type, {}, 1, &ObjType::type); }
-} objTypePropertyList;
+};
+constinit ObjTypePropertyListMgr objTypePropertyList;
 
 class PropCatPropertyListMgr final : public PropertyListMgr {
   void fill() override { mandatory<StringTrait>(Word::Name, {}, 1, &PropCat::name); }
-} propCatPropertyList;
+};
+constinit PropCatPropertyListMgr propCatPropertyList;
 
 class PropInfoPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -27,7 +29,8 @@ class PropInfoPropertyListMgr final : public PropertyListMgr {
     optional<BoolTrait>       (Word::Recalc, false, 32, &E::recalc);
     // clang-format on
   }
-} propInfoPropertyList;
+};
+constinit PropInfoPropertyListMgr propInfoPropertyList;
 
 class PropPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -37,7 +40,8 @@ class PropPropertyListMgr final : public PropertyListMgr {
     mandatory<StringTrait> (Word::Val, {}, 2, &E::val);
     // clang-format on
   }
-} propPropertyList;
+};
+constinit PropPropertyListMgr propPropertyList;
 
 }  // namespace
 

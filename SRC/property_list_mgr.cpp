@@ -16,54 +16,40 @@ std::recursive_mutex& buildingMutex() {
 
 }  // namespace
 
-void PropertyListMgr::ensureBuilt() {
-  if (state_.load(std::memory_order_acquire) == State::complete) return;
+const PropertyListMgr::Table& PropertyListMgr::build() {
   const std::lock_guard lock(buildingMutex());
-  if (state_ == State::complete) return;
-  state_ = State::inProgress;
-  entries_.clear();  // a table that failed half-way is begun anew
-  byWord_ = {};
-  inherited_.clear();
-  notInherited_.clear();
+  if (const Table* built = built_.load(std::memory_order_relaxed)) return *built;
+  auto table = std::make_unique<Table>();  // one that fails half-way is begun anew
+  underWay_ = table.get();
   fill();
-  for (const auto& [name, property] : entries_) {
-    (property->isInherited() ? inherited_ : notInherited_).push_back(property.get());
+  for (const auto& [name, property] : table->entries) {
+    (property->isInherited() ? table->inherited : table->notInherited).push_back(property.get());
   }
-  state_.store(State::complete, std::memory_order_release);
+  built_.store(table.get(), std::memory_order_release);
+  return *table.release();
 }
 
 void PropertyListMgr::add(std::unique_ptr<const Property> property) {
+  Entries& entries = underWay_->entries;
   const Ubase::Token name = property->name();
-  const auto place = std::find_if(entries_.begin(), entries_.end(),
+  const auto place = std::find_if(entries.begin(), entries.end(),
                                   [name](const auto& entry) { return name < entry.first; });
   assert(Ubase::wordOf(name) != Ubase::WordId::none);
-  byWord_[name] = property.get();
-  entries_.emplace(place, name, std::move(property));
-}
-
-const Property* PropertyListMgr::find(Ubase::Token name) {
-  ensureBuilt();
-  return byWord_[name];
-}
-
-const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>&
-PropertyListMgr::entries() {
-  ensureBuilt();
-  return entries_;
+  underWay_->byWord[name] = property.get();
+  entries.emplace(place, name, std::move(property));
 }
 
 void PropertyListMgr::initialise(PlotElement& element) {
-  ensureBuilt();
-  for (const Property* property : notInherited_) property->initialise(element);
+  for (const Property* property : table().notInherited) property->initialise(element);
 }
 
 void PropertyListMgr::inheritAll(PlotElement& element) {
-  ensureBuilt();
-  if (inherited_.empty()) return;
+  const std::vector<const Property*>& inherited = table().inherited;
+  if (inherited.empty()) return;
   StyleChain chain;
   chain.reserve(8);  // more than most elements have
   element.collectEffectiveStyles(chain);
-  for (const Property* property : inherited_) property->inheritFrom(element, chain);
+  for (const Property* property : inherited) property->inheritFrom(element, chain);
 }
 
 void PropertyListMgr::dropAllInherited(PlotElement& element) {

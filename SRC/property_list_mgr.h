@@ -12,20 +12,21 @@
 
 namespace PlotDom {
 
-/// The properties of a class, found by name. A class has one manager, an object that lives as long
-/// as the process; fill() builds the table at its first use.
+/// The properties of a class, found by name. A class has one manager, a constant-initialised object
+/// of static lifetime; fill() builds the table at its first use, by whichever thread that is. The
+/// table is never given up, so that it can be used before and after main() too.
 class PropertyListMgr {
  public:
-  PropertyListMgr() = default;
+  constexpr PropertyListMgr() = default;
   PropertyListMgr(const PropertyListMgr&) = delete;
   PropertyListMgr& operator=(const PropertyListMgr&) = delete;
-  virtual ~PropertyListMgr() = default;
 
   /// The property of that name, or null.
-  const Property* find(Ubase::Token name);
+  const Property* find(Ubase::Token name) { return table().byWord[name]; }
 
   /// All properties, in the order of their tokens.
-  const std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>& entries();
+  using Entries = std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>;
+  const Entries& entries() { return table().entries; }
 
   /// Gives the members of a new element their first values.
   void initialise(PlotElement& element);
@@ -41,8 +42,10 @@ class PropertyListMgr {
   virtual void putCmd(CmdWriter& writer, const PlotElement& element);
 
  protected:
+  ~PropertyListMgr() = default;
+
   /// Adds the properties, one line each, with the operations below. Their names are words of the
-  /// vocabulary.
+  /// vocabulary, and their default texts are permanent, as all documents share them.
   virtual void fill() = 0;
 
   void add(std::unique_ptr<const Property> property);
@@ -82,15 +85,21 @@ class PropertyListMgr {
   }
 
  private:
-  enum class State { notBegun, inProgress, complete };
+  struct Table {
+    Entries entries;
+    Ubase::WordTable<const Property*> byWord;  // the entries again
+    std::vector<const Property*> inherited;    // those of them that inherit
+    std::vector<const Property*> notInherited;
+  };
 
-  void ensureBuilt();
+  const Table& table() {
+    const Table* built = built_.load(std::memory_order_acquire);
+    return built ? *built : build();
+  }
+  const Table& build();
 
-  std::atomic<State> state_ = State::notBegun;
-  std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>> entries_;
-  Ubase::WordTable<const Property*> byWord_;  // the entries again
-  std::vector<const Property*> inherited_;    // those of them that inherit
-  std::vector<const Property*> notInherited_;
+  std::atomic<const Table*> built_ = nullptr;
+  Table* underWay_ = nullptr;  // what fill() adds to
 };
 
 /// The property of that name in the first of the lists that has it, or null.

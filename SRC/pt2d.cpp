@@ -15,7 +15,8 @@ class Pt2dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>         (Word::PointsVisible, true,          16, &E::pointsVisible);
     // clang-format on
   }
-} pt2dPropertyList;
+};
+constinit Pt2dPropertyListMgr pt2dPropertyList;
 
 }  // namespace
 

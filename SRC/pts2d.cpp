@@ -14,7 +14,8 @@ class Pts2dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>         (Word::PointsVisible, true,          8, &E::pointsVisible);
     // clang-format on
   }
-} pts2dPropertyList;
+};
+constinit Pts2dPropertyListMgr pts2dPropertyList;
 
 }  // namespace
 

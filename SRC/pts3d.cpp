@@ -14,7 +14,8 @@ class Pts3dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>         (Word::PointsVisible, true,          8, &E::pointsVisible);
     // clang-format on
   }
-} pts3dPropertyList;
+};
+constinit Pts3dPropertyListMgr pts3dPropertyList;
 
 }  // namespace
 

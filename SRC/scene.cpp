@@ -27,7 +27,8 @@ class ScenePropertyListMgr final : public PropertyListMgr {
     optional<PositionType>           (Word::Left,       0);
     // clang-format on
   }
-} scenePropertyList;
+};
+constinit ScenePropertyListMgr scenePropertyList;
 
 class SceneStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -53,7 +54,8 @@ class SceneStylePropertyListMgr final : public PropertyListMgr {
     inherited<FontStyleTrait>           (Word::LegendFont,            FontStyle::standard());
     // clang-format on
   }
-} sceneStylePropertyList;
+};
+constinit SceneStylePropertyListMgr sceneStylePropertyList;
 
 class Scene3dStylePropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -64,7 +66,8 @@ class Scene3dStylePropertyListMgr final : public PropertyListMgr {
     inherited<NonNegOutputSizeListType> (Word::ZXRatio,          0);
     // clang-format on
   }
-} scene3dStylePropertyList;
+};
+constinit Scene3dStylePropertyListMgr scene3dStylePropertyList;
 
 bool isPlacedRelatively(const SceneBase& scene) {
   const PlotElement* canvas = PlotElement::from(scene.parent());

@@ -14,7 +14,8 @@ class SpherePropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>   (Word::FillColor, black,       8, &E::fillColor);
     // clang-format on
   }
-} spherePropertyList;
+};
+constinit SpherePropertyListMgr spherePropertyList;
 
 }  // namespace
 

@@ -38,7 +38,8 @@ class Surf3dPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>       (Word::FillColorDirectionZ, 1,             2097152, &E::fillColorDirectionZ);
     // clang-format on
   }
-} surf3dPropertyList;
+};
+constinit Surf3dPropertyListMgr surf3dPropertyList;
 
 }  // namespace
 

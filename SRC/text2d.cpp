@@ -17,7 +17,8 @@ class Text2dPropertyListMgr final : public PropertyListMgr {
     inherited<FontStyleTrait>          (Word::TextFont,            FontStyle::standard(), 16, &E::textFont);
     // clang-format on
   }
-} text2dPropertyList;
+};
+constinit Text2dPropertyListMgr text2dPropertyList;
 
 }  // namespace
 

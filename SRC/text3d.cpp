@@ -19,7 +19,8 @@ class Text3dPropertyListMgr final : public PropertyListMgr {
     inherited<BoolTrait>               (Word::Billboarding,        true,                  64, &E::billboarding);
     // clang-format on
   }
-} text3dPropertyList;
+};
+constinit Text3dPropertyListMgr text3dPropertyList;
 
 }  // namespace
 

@@ -12,7 +12,8 @@ class TimeRangePropertyListMgr final : public PropertyListMgr {
     mandatory<DoubleTrait> (Word::TimeEnd,   10, 2, &E::timeEnd);
     // clang-format on
   }
-} timeRangePropertyList;
+};
+constinit TimeRangePropertyListMgr timeRangePropertyList;
 
 }  // namespace
 

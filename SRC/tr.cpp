@@ -6,7 +6,8 @@ namespace {
 
 class TrPropertyListMgr final : public PropertyListMgr {
   void fill() override { optional<DoubleTrait>(Word::Param, nan, 1, &TrBase::param); }
-} trPropertyList;
+};
+constinit TrPropertyListMgr trPropertyList;
 
 class Tr2dPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -17,7 +18,8 @@ class Tr2dPropertyListMgr final : public PropertyListMgr {
     optional<P2Trait> (Word::Row2,  {0, 1}, 8, &E::row2);
     // clang-format on
   }
-} tr2dPropertyList;
+};
+constinit Tr2dPropertyListMgr tr2dPropertyList;
 
 class Tr3dPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -29,7 +31,8 @@ class Tr3dPropertyListMgr final : public PropertyListMgr {
     optional<P3Trait> (Word::Row3,  {0, 0, 1}, 16, &E::row3);
     // clang-format on
   }
-} tr3dPropertyList;
+};
+constinit Tr3dPropertyListMgr tr3dPropertyList;
 
 }  // namespace
 

@@ -25,7 +25,8 @@ class TransformPropertyListMgr final : public PropertyListMgr {
     inherited<DoubleTrait>           (Word::TimeEnd,    4,     64, &E::timeEnd);
     // clang-format on
   }
-} transformPropertyList;
+};
+constinit TransformPropertyListMgr transformPropertyList;
 
 }  // namespace
 

@@ -15,7 +15,8 @@ class VerticalAsymptotePropertyListMgr final : public PropertyListMgr {
     inherited<RGBATrait>         (Word::VerticalAsymptotesColor,   black,        16, &E::verticalAsymptotesColor);
     // clang-format on
   }
-} verticalAsymptotePropertyList;
+};
+constinit VerticalAsymptotePropertyListMgr verticalAsymptotePropertyList;
 
 }  // namespace
 

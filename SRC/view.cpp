@@ -14,7 +14,8 @@ class View2dPropertyListMgr final : public PropertyListMgr {
     optional<ViewParamType> (Word::ViewYMax, nan, 8, &E::viewYMax);
     // clang-format on
   }
-} view2dPropertyList;
+};
+constinit View2dPropertyListMgr view2dPropertyList;
 
 class View3dPropertyListMgr final : public PropertyListMgr {
   void fill() override {
@@ -38,7 +39,8 @@ class View3dPropertyListMgr final : public PropertyListMgr {
     optional<BoolTrait>     (Word::ViewKeepUpVector,         true,  32768, &E::viewKeepUpVector);
     // clang-format on
   }
-} view3dPropertyList;
+};
+constinit View3dPropertyListMgr view3dPropertyList;
 
 }  // namespace
 

@@ -238,15 +238,7 @@ constexpr WordId attributeNames[] = {
     WordId::Id,
 };
 
-const WordSet elements = [] {
-  WordSet set;
-  for (const Ubase::Token name : elementNames()) set[name] = true;
-  set[WordId::P2] = true;
-  set[WordId::P3] = true;
-  return set;
-}();
-
-const WordSet attributes = [] {
+constexpr WordSet attributes = [] {
   WordSet set;
   for (const WordId name : attributeNames) set[name] = true;
   return set;
@@ -256,7 +248,9 @@ const WordSet attributes = [] {
 
 bool isFormatNamespace(std::string_view uri) { return uri.ends_with("/xml/Corvane"); }
 
-bool isElementName(WordId word) { return elements[word]; }
+bool isElementName(WordId word) {
+  return isElementClass(word) || word == WordId::P2 || word == WordId::P3;
+}
 
 bool isAttributeName(WordId word) { return attributes[word]; }
 

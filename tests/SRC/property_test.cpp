@@ -639,7 +639,7 @@ TEST_F(PropertyTest, AMemberElementWritesWhatWasSet) {
       << "what is inherited is not written";
 }
 
-// The tables of properties.
+// The tables of properties. A list is never destroyed, so these are static too.
 
 struct CountingList final : PropertyListMgr {
   int filled = 0;
@@ -657,7 +657,7 @@ struct CountingList final : PropertyListMgr {
 };
 
 TEST(PropertyListMgr, IsBuiltAtItsFirstUseAndOnce) {
-  CountingList list;
+  static CountingList list;
   EXPECT_EQ(list.filled, 0);
   EXPECT_NE(list.find(Word::Type), nullptr);
   EXPECT_EQ(list.find(Word::Name), nullptr);
@@ -667,14 +667,14 @@ TEST(PropertyListMgr, IsBuiltAtItsFirstUseAndOnce) {
 }
 
 TEST(PropertyListMgr, KeepsTheOrderOfTheTokens) {
-  CountingList list;
+  static CountingList list;
   ASSERT_EQ(list.entries().size(), 3U);
   EXPECT_TRUE(list.entries()[0].first < list.entries()[1].first);
   EXPECT_TRUE(list.entries()[1].first < list.entries()[2].first);
 }
 
 TEST(PropertyListMgr, AFailedBuildIsTriedAgain) {
-  CountingList list;
+  static CountingList list;
   list.failures = 1;
   EXPECT_THROW(list.find(Word::Type), std::bad_alloc);
   EXPECT_NE(list.find(Word::Type), nullptr);
@@ -682,16 +682,16 @@ TEST(PropertyListMgr, AFailedBuildIsTriedAgain) {
 }
 
 TEST(PropertyListMgr, BuildingMayAskAnotherList) {
-  CountingList inner;
-  CountingList outer;
+  static CountingList inner;
+  static CountingList outer;
   outer.other = &inner;
   outer.find(Word::Type);
   EXPECT_EQ(inner.filled, 1);
 }
 
 TEST(PropertyListMgr, ThreadsThatAskAtOnceBuildItOnce) {
-  for (int round = 0; round < 50; ++round) {
-    CountingList list;
+  static std::array<CountingList, 50> lists;
+  for (CountingList& list : lists) {
     std::array<const Property*, 4> found{};
     std::vector<std::thread> threads;
     for (const Property*& property : found) {
@@ -704,8 +704,8 @@ TEST(PropertyListMgr, ThreadsThatAskAtOnceBuildItOnce) {
 }
 
 TEST(PropertyListMgr, TheFirstListThatHasTheNameAnswers) {
-  CountingList first;
-  CountingList second;
+  static CountingList first;
+  static CountingList second;
   EXPECT_EQ(findIn(Word::Type, first, second), first.find(Word::Type));
   EXPECT_EQ(findIn(Word::Name, first, second), nullptr);
 }
