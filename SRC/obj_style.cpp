@@ -16,7 +16,7 @@ void ObjStyle::doSetAttribute(Token name, const Variant& value) {
   ElementOf::doSetAttribute(name, value);
   if (isNew) attributesChanged();
   if (name != Word::Type) return;
-  const auto* type = value.as<Ubase::TokenVariant>();
+  const auto type = value.as<Ubase::TokenVariant>();
   setLocalType(type ? type->get() : Token());
 }
 

@@ -21,9 +21,10 @@ bool ObjectBase::legendColor(RGBA& out) const {
   const Token name = ObjectStyleGetter::legendColor();
   if (!name || !hasProperty(name)) return false;
   const Variant value = getPropertyValue(name);
-  const RGBAVariant* color = value.as<RGBAVariant>();
-  if (color) out = color->get();
-  return color;
+  const auto color = value.as<RGBAVariant>();
+  if (!color) return false;
+  out = color->get();
+  return true;
 }
 
 bool ObjectBase::parameterRange(double& begin, double& end) const {

@@ -36,29 +36,29 @@ class TypedProperty : public Property {
   }
 
   bool accepts(const PlotElement& element, const Ubase::Variant& value) const final {
-    const VariantKind* typed = value.template as<VariantKind>();
+    const auto typed = value.template as<VariantKind>();
     if (typed && isValid(typed->get())) return true;
     element.report("illegal value [attribute '%s']\n", name().str());
     return false;
   }
 
   void putXml(std::ostream& out, const Ubase::Variant& value) const final {
-    if (const VariantKind* typed = value.template as<VariantKind>()) writeXml(out, typed->get());
+    if (const auto typed = value.template as<VariantKind>()) writeXml(out, typed->get());
   }
 
   void putCmd(CmdWriter& writer, const Ubase::Variant& value) const final {
-    const VariantKind* typed = value.template as<VariantKind>();
+    const auto typed = value.template as<VariantKind>();
     if (typed) writeCmd(writer, typed->get(), name());
   }
 
   void putCmdQualified(CmdWriter& writer, Ubase::Token className,
                        const Ubase::Variant& value) const final {
-    const VariantKind* typed = value.template as<VariantKind>();
+    const auto typed = value.template as<VariantKind>();
     if (typed) writeCmd(writer, typed->get(), className, name());
   }
 
   Ubase::Variant normalized(const Ubase::Variant& value) const final {
-    const VariantKind* typed = value.template as<VariantKind>();
+    const auto typed = value.template as<VariantKind>();
     return typed ? Ubase::Variant(VariantKind(normalize(typed->get()))) : value;
   }
 
@@ -142,7 +142,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   void dropIfInherited(PlotElement& element, const PlotElement& source) const final {
     if (!isSet(element) || element.styleParent(name()) != &source) return;
     const Ubase::Variant inherited = source.getPropertyValue(name());
-    const VariantKind* typed = inherited.template as<VariantKind>();
+    const auto typed = inherited.template as<VariantKind>();
     if (typed && value(element) == typed->get()) element.removeAttribute(name());
   }
 
@@ -176,7 +176,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   }
 
   void store(PlotElement& element, const Ubase::Variant& newValue) const final {
-    const VariantKind* typed = newValue.template as<VariantKind>();
+    const auto typed = newValue.template as<VariantKind>();
     if (!typed) return;
     value(element) = this->normalize(typed->get());
     cast(element).setBits |= bit_;
@@ -212,7 +212,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   Value& value(PlotElement& element) const { return (cast(element).*member_).value_; }
 
   void resolve(PlotElement& element, const Ubase::Variant* inherited) const {
-    const VariantKind* typed = inherited ? inherited->template as<VariantKind>() : nullptr;
+    const auto typed = inherited ? inherited->template as<VariantKind>() : nullptr;
     value(element) = typed ? typed->get() : this->defaultValue();
   }
 

@@ -19,7 +19,7 @@ namespace {
 bool hasId(const PlotElement& element, const char* id) {
   if (!element.hasProperty(Word::Id)) return false;
   const Variant value = element.getPropertyValue(Word::Id);
-  const auto* string = value.as<Ubase::FixedStringVariant>();
+  const auto string = value.as<Ubase::FixedStringVariant>();
   const char* text = string ? string->get().c_str() : nullptr;
   return text && std::strcmp(text, id) == 0;
 }

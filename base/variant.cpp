@@ -15,8 +15,7 @@ Variant::Variant(const Variant& other) {
   type_ = other.type_;
 }
 
-Variant::Variant(Variant&& other) noexcept
-    : type_(std::exchange(other.type_, nullptr)), value_(std::exchange(other.value_, {})) {}
+Variant::Variant(Variant&& other) noexcept { take(other); }
 
 Variant& Variant::operator=(const Variant& other) {
   if (this != &other) *this = Variant(other);
@@ -24,13 +23,26 @@ Variant& Variant::operator=(const Variant& other) {
 }
 
 Variant& Variant::operator=(Variant&& other) noexcept {
-  std::swap(type_, other.type_);
-  std::swap(value_, other.value_);
+  if (this == &other) return *this;
+  destroy();
+  take(other);
   return *this;
 }
 
-Variant::~Variant() {
+Variant::~Variant() { destroy(); }
+
+void Variant::destroy() noexcept {
   if (type_ && type_->destroy) type_->destroy(value_);
+}
+
+// Gives this variant, which holds no value, that of `other`, which is empty then.
+void Variant::take(Variant& other) noexcept {
+  type_ = std::exchange(other.type_, nullptr);
+  if (type_ && type_->move) {
+    type_->move(value_, other.value_);
+  } else {
+    value_ = std::exchange(other.value_, {});
+  }
 }
 
 bool operator==(const Variant& a, const Variant& b) {
@@ -46,7 +58,7 @@ bool operator<(const Variant& a, const Variant& b) {
 }
 
 const VariantType* TokenVariant::descriptor() {
-  static const VariantType type{
+  static constexpr VariantType type{
       nullptr, nullptr, nullptr,
       [](const VariantValue& a, const VariantValue& b) { return a.as<Token>() < b.as<Token>(); }};
   return &type;
@@ -55,7 +67,8 @@ const VariantType* TokenVariant::descriptor() {
 namespace {
 
 // A fixed string is one pointer and lives in the two words themselves.
-static_assert(sizeof(FixedString) <= sizeof(VariantValue));
+static_assert(sizeof(FixedString) <= sizeof(VariantValue) &&
+              alignof(FixedString) <= alignof(VariantValue));
 
 FixedString& string(VariantValue& value) {
   return *std::launder(reinterpret_cast<FixedString*>(value.bytes.data()));
@@ -67,13 +80,17 @@ const FixedString& string(const VariantValue& value) {
 }  // namespace
 
 const VariantType* FixedStringVariant::descriptor() {
-  static const VariantType type{
+  static constexpr VariantType type{
       [](VariantValue& value) { string(value).~FixedStringBase(); },
       [](VariantValue& to, const VariantValue& from) {
         new (to.bytes.data()) FixedString(string(from));
       },
       [](const VariantValue& a, const VariantValue& b) { return string(a) == string(b); },
-      [](const VariantValue& a, const VariantValue& b) { return string(a) < string(b); }};
+      [](const VariantValue& a, const VariantValue& b) { return string(a) < string(b); },
+      [](VariantValue& to, VariantValue& from) {
+        new (to.bytes.data()) FixedString(std::move(string(from)));
+        string(from).~FixedStringBase();
+      }};
   return &type;
 }
 
@@ -81,6 +98,6 @@ FixedStringVariant::FixedStringVariant(const FixedString& value) : Variant(descr
   new (mutableValue().bytes.data()) FixedString(value);
 }
 
-const FixedString& FixedStringVariant::get() const { return string(value()); }
+const FixedString& FixedStringVariant::read(const VariantValue& value) { return string(value); }
 
 }  // namespace Ubase

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
@@ -13,7 +14,8 @@
 namespace Ubase {
 
 /// The two words in which a variant keeps its value, as bytes: any object of their size can live in
-/// them. Unused bits are zero.
+/// them. Unused bits are zero. A copy of the bytes is a copy of the value only if that is trivially
+/// copyable.
 struct VariantValue {
   alignas(8) std::array<unsigned char, 8> bytes{};
 
@@ -44,6 +46,30 @@ struct VariantType {
   void (*copy)(VariantValue& to, const VariantValue& from) = nullptr;
   bool (*equal)(const VariantValue& a, const VariantValue& b) = nullptr;
   bool (*less)(const VariantValue& a, const VariantValue& b) = nullptr;
+  /// Makes the value anew in `to`, without an exception, and ends it in `from`.
+  void (*move)(VariantValue& to, VariantValue& from) = nullptr;
+};
+
+/// The value of a variant that was asked for a certain kind: used like a pointer to that `Kind`,
+/// and null if the variant is of another one. It lives no longer than the variant's value.
+template <class Kind>
+class Typed {
+ public:
+  Typed(std::nullptr_t) {}
+
+  explicit operator bool() const { return value_ != nullptr; }
+  const Typed* operator->() const { return this; }
+  /// What get() of the kind gives.
+  decltype(auto) get() const { return Kind::read(*value_); }
+
+  friend bool operator==(Typed value, std::nullptr_t) { return !value; }
+
+ private:
+  friend class Variant;
+
+  explicit Typed(const VariantValue* value) : value_(value) {}
+
+  const VariantValue* value_ = nullptr;
 };
 
 /// A tagged value. Two variants are of one kind exactly if they have the same descriptor; the
@@ -63,8 +89,8 @@ class Variant {
 
   /// This variant as a `Kind`, or null if it is of another kind.
   template <class Kind>
-  const Kind* as() const {
-    return type_ == Kind::descriptor() ? static_cast<const Kind*>(this) : nullptr;
+  Typed<Kind> as() const {
+    return Typed<Kind>(type_ == Kind::descriptor() ? &value_ : nullptr);
   }
 
   friend bool operator==(const Variant& a, const Variant& b);
@@ -76,6 +102,9 @@ class Variant {
   VariantValue& mutableValue() { return value_; }
 
  private:
+  void destroy() noexcept;
+  void take(Variant& other) noexcept;
+
   const VariantType* type_ = nullptr;
   VariantValue value_;
 };
@@ -86,10 +115,12 @@ class PlainVariant : public Variant {
  public:
   using Value = T;
   PlainVariant(T value) : Variant(Kind::descriptor(), pack(value)) {}
-  T get() const { return value().template as<T>(); }
+  T get() const { return read(value()); }
+
+  static T read(const VariantValue& value) { return value.template as<T>(); }
 
   static const VariantType* descriptor() {
-    static const VariantType type;
+    static constexpr VariantType type;
     return &type;
   }
 
@@ -107,10 +138,12 @@ class HeapVariant : public Variant {
  public:
   using Value = T;
   HeapVariant(const T& value) : Variant(descriptor(), pack(new T(value))) {}
-  const T& get() const { return *pointer(value()); }
+  const T& get() const { return read(value()); }
+
+  static const T& read(const VariantValue& value) { return *pointer(value); }
 
   static const VariantType* descriptor() {
-    static const VariantType type{
+    static constexpr VariantType type{
         [](VariantValue& value) { delete pointer(value); },
         [](VariantValue& to, const VariantValue& from) { to.set(new T(*pointer(from))); },
         [](const VariantValue& a, const VariantValue& b) {
@@ -153,7 +186,8 @@ class FixedStringVariant : public Variant {
  public:
   using Value = FixedString;
   FixedStringVariant(const FixedString& value);
-  const FixedString& get() const;
+  const FixedString& get() const { return read(value()); }
+  static const FixedString& read(const VariantValue& value);
   static const VariantType* descriptor();
 };
 

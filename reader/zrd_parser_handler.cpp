@@ -114,14 +114,14 @@ namespace {
 
 void requireToken(const PlotElement& element, Token name) {
   const Variant value = element.getAttribute(name);
-  const auto* token = value.as<Ubase::TokenVariant>();
+  const auto token = value.as<Ubase::TokenVariant>();
   if (token && token->get() && token->get().str()[0] != '\0') return;
   throw DomException(DomException::HierarchyRequest);
 }
 
 void requireString(const PlotElement& element, Token name, bool notEmpty) {
   const Variant value = element.getAttribute(name);
-  const auto* string = value.as<Ubase::FixedStringVariant>();
+  const auto string = value.as<Ubase::FixedStringVariant>();
   const char* text = string ? string->get().c_str() : nullptr;
   if (string && (!notEmpty || (text && text[0] != '\0'))) return;
   throw DomException(DomException::HierarchyRequest);

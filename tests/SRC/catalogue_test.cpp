@@ -51,8 +51,8 @@ Variant defaultOf(const ExpectedProperty& expected) {
 
 /// Equal, where two null texts count as equal too.
 bool isSameValue(const Variant& a, const Variant& b) {
-  const auto* textA = a.as<FixedStringVariant>();
-  const auto* textB = b.as<FixedStringVariant>();
+  const auto textA = a.as<FixedStringVariant>();
+  const auto textB = b.as<FixedStringVariant>();
   if (textA && textB) return textA->get() == textB->get();
   return a == b;
 }

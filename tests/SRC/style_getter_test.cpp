@@ -120,7 +120,7 @@ const std::vector<Getter<CoordinateSystemStyleGetter>> systemGetters = {
 
 /// A value of the same type as `value` that is another one.
 const char* otherThan(const Variant& value) {
-  if (const auto* flag = value.as<BoolVariant>()) return flag->get() ? "0" : "1";
+  if (const auto flag = value.as<BoolVariant>()) return flag->get() ? "0" : "1";
   if (value.as<TokenVariant>()) return "Wobbly";
   if (value.as<RGBAVariant>()) return "#010203";
   if (value.as<FontStyleVariant>()) return "Courier 17 Bold";

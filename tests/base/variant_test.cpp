@@ -207,6 +207,29 @@ TEST(Variant, MovesItsValue) {
   EXPECT_STREQ(target.as<FixedStringVariant>()->get().c_str(), "moved");
 }
 
+TEST(Variant, MovesItsValueByAssignment) {
+  const FixedString text("moved");
+  Variant source = FixedStringVariant(text);
+  Variant target = PairVariant(Pair{1, 2});
+  target = std::move(source);
+  EXPECT_EQ(text.useCount(), 2);
+  EXPECT_EQ(target.as<FixedStringVariant>()->get().c_str(), text.c_str());
+  source = PairVariant(Pair{3, 4});
+  EXPECT_EQ(source.as<PairVariant>()->get(), (Pair{3, 4}));
+  target = DoubleVariant(1);
+  EXPECT_EQ(text.useCount(), 1);
+}
+
+// What was found to be of a kind is no variant of that class: any variant may hold the value.
+TEST(Variant, GivesTheValueOfAnyVariantOfTheKind) {
+  const std::vector<Variant> values = {LongVariant(5), FixedStringVariant(FixedString("text"))};
+  const auto number = values[0].as<LongVariant>();
+  ASSERT_TRUE(number);
+  EXPECT_EQ(number->get(), 5);
+  EXPECT_FALSE(values[1].as<LongVariant>());
+  EXPECT_EQ(&values[1].as<FixedStringVariant>()->get(), &values[1].as<FixedStringVariant>()->get());
+}
+
 TEST(Variant, LivesInAList) {
   std::vector<Variant> values;
   for (int i = 0; i < 100; ++i) {

@@ -49,23 +49,23 @@ inline std::string edited(std::string text, const std::vector<Edit>& edits) {
 /// The texts of all other words of an enumeration, or of one other value.
 inline std::vector<std::string> otherValues(const Property& property, const Variant& value) {
   std::vector<Variant> others;
-  if (const auto* flag = value.as<Ubase::BoolVariant>()) {
+  if (const auto flag = value.as<Ubase::BoolVariant>()) {
     others.push_back(Ubase::BoolVariant(!flag->get()));
-  } else if (const auto* number = value.as<Ubase::LongVariant>()) {
+  } else if (const auto number = value.as<Ubase::LongVariant>()) {
     others.push_back(Ubase::LongVariant(number->get() + 1));
-  } else if (const auto* real = value.as<Ubase::DoubleVariant>()) {
+  } else if (const auto real = value.as<Ubase::DoubleVariant>()) {
     others.push_back(Ubase::DoubleVariant(real->get() + 1));
-  } else if (const auto* color = value.as<RGBAVariant>()) {
+  } else if (const auto color = value.as<RGBAVariant>()) {
     others.push_back(RGBAVariant(RGBA(~color->get().word())));
-  } else if (const auto* p2 = value.as<P2Variant>()) {
+  } else if (const auto p2 = value.as<P2Variant>()) {
     others.push_back(P2Variant(P2{p2->get().x + 1, p2->get().y + 2}));
-  } else if (const auto* p3 = value.as<P3Variant>()) {
+  } else if (const auto p3 = value.as<P3Variant>()) {
     others.push_back(P3Variant(P3{p3->get().x + 1, p3->get().y + 2, p3->get().z + 3}));
-  } else if (const auto* font = value.as<FontStyleVariant>()) {
+  } else if (const auto font = value.as<FontStyleVariant>()) {
     FontStyle larger = font->get();
     ++larger.size;
     others.push_back(FontStyleVariant(larger));
-  } else if (const auto* word = value.as<Ubase::TokenVariant>()) {
+  } else if (const auto word = value.as<Ubase::TokenVariant>()) {
     for (const Token other : property.allowedWords()) {
       if (other != word->get()) others.push_back(Ubase::TokenVariant(other));
     }
