@@ -10,7 +10,13 @@ OutputSink::OutputSink(std::ostream* stream)
       at_(buffer_.get()),
       end_(at_ + bufferSize) {}
 
-OutputSink::~OutputSink() { flush(); }
+OutputSink::~OutputSink() {
+  try {
+    flush();
+  } catch (...) {
+    // The state of the stream shows it.
+  }
+}
 
 void OutputSink::attach(std::ostream& stream) {
   flush();

@@ -23,7 +23,7 @@ class OutputSink {
   explicit OutputSink(std::ostream& stream) : OutputSink(&stream) {}
   OutputSink(const OutputSink&) = delete;
   OutputSink& operator=(const OutputSink&) = delete;
-  /// Hands on what is left.
+  /// Hands on what is left. An exception of the stream ends here, as no destructor may throw.
   ~OutputSink();
 
   /// Hands on what is left and goes on with another stream.

@@ -109,6 +109,18 @@ TEST(OutputSink, HandsOnWhatIsLeftAtItsEnd) {
   EXPECT_EQ(stream.str(), "left");
 }
 
+TEST(OutputSink, EndsQuietlyIfItsStreamThrows) {
+  struct FullDisk : std::streambuf {
+  } full;
+  std::ostream stream(&full);
+  stream.exceptions(std::ios::badbit);
+  EXPECT_NO_THROW({ OutputSink(stream) << "lost"; });
+  EXPECT_TRUE(stream.bad());
+  OutputSink sink(stream);
+  sink << "text";
+  EXPECT_THROW(sink.flush(), std::ios_base::failure);
+}
+
 TEST(OutputSink, GoesOnWithAnotherStream) {
   std::ostringstream first;
   std::ostringstream second;
