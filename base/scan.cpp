@@ -7,6 +7,7 @@
 #include <charconv>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <limits>
@@ -110,7 +111,7 @@ class Scanner {
   }
   bool scan(long& number) {
     skipSpace();
-    return scanDecimal(number) || scanByFormat(" %ld%n", &number);
+    return scanDecimal(number) || scanInteger(number);
   }
   bool scan(ScannedWord& word) {
     skipSpace();
@@ -144,6 +145,17 @@ class Scanner {
   template <class Number>
   bool scanDecimal(Number& number) {
     return take(number, [this](Number& value) { return readDecimal(at_, end_, value); });
+  }
+
+  // What sscanf reads as "%ld", but with a meaning for numbers that are too large: the nearest
+  // bound.
+  bool scanInteger(long& number) {
+    char* behind = nullptr;
+    const long value = std::strtol(at_, &behind, 10);
+    if (behind == at_) return false;
+    number = value;
+    at_ = behind;
+    return true;
   }
 
   bool scanAsciiWord(ScannedWord& word) {
@@ -215,7 +227,12 @@ bool scanLong(const char* text, std::int32_t& number) {
   return true;
 }
 
-bool scanInt(const char* text, int& number) { return std::sscanf(text, "%d", &number) == 1; }
+bool scanInt(const char* text, int& number) {
+  long wide;
+  if (!Scanner(text).scan(wide)) return false;
+  number = static_cast<int>(wide);
+  return true;
+}
 
 bool scanWord(const char* text, ScannedWord& word) { return Scanner(text).scan(word); }
 

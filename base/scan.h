@@ -33,7 +33,8 @@ bool scanDouble(const char* text, double& number);
 /// Scans one integer, as " %ld " and "%ld" do. A number beyond 32 bits becomes the nearest bound.
 bool scanLong(const char* text, std::int32_t& number);
 
-/// Scans one integer, as "%d" does.
+/// Scans one integer, as "%d" does. Of a number beyond an int the lower bits are taken, and those
+/// of the nearest bound if it is beyond a long too.
 bool scanInt(const char* text, int& number);
 
 /// Scans the first word of the text, cut at 10 characters, as " %10s " does.

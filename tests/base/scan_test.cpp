@@ -159,6 +159,12 @@ TEST(Scan, ReadsIntsAsTheCommandLineHasThem) {
   int number = 0;
   EXPECT_TRUE(scanInt("25", number));
   EXPECT_EQ(number, 25);
+  EXPECT_TRUE(scanInt("4294967299", number));
+  EXPECT_EQ(number, 3);
+  EXPECT_TRUE(scanInt("99999999999999999999", number));
+  EXPECT_EQ(number, -1);
+  EXPECT_TRUE(scanInt("-99999999999999999999", number));
+  EXPECT_EQ(number, 0);
   EXPECT_TRUE(scanInt(" -3x", number));
   EXPECT_EQ(number, -3);
 }
