@@ -1,20 +1,17 @@
 #include "SRC/text_content.h"
 
-#include <cstdlib>
-#include <cstring>
-
 #include "SRC/value_printers.h"
 #include "base/escape_writers.h"
+#include "base/unicode_converter.h"
 
 namespace PlotDom {
 
 namespace {
 
 bool isWhiteSpace(const char* text) {
-  std::mblen(nullptr, 0);
   while (*text != '\0') {
-    const int length = std::mblen(text, MB_CUR_MAX);
-    if (length != 1 || static_cast<unsigned char>(*text) > 32) return false;
+    if (Ubase::nativeCharacterLength(text) != 1 || static_cast<unsigned char>(*text) > 32)
+      return false;
     ++text;
   }
   return true;

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 #include <ostream>
 #include <span>
 #include <string_view>
@@ -80,7 +79,7 @@ template <class Visit>
 void forEachCharacter(const char* text, const Visit& visit) {
   if (!text) return;
   while (*text != '\0') {
-    const int length = isAscii(*text) ? 1 : std::mblen(text, MB_CUR_MAX);
+    const int length = isAscii(*text) ? 1 : nativeCharacterLength(text);
     if (length < 0) throw BadUnicodeString();
     visit(std::string_view(text, static_cast<std::size_t>(length)));
     text += length;

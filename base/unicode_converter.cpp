@@ -6,10 +6,12 @@
 #include <array>
 #include <bit>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -188,10 +190,16 @@ const char* nativeCodeset() {
   return point ? point + 1 : name;
 }
 
+int nativeCharacterLength(const char* text) {
+  std::mbstate_t start{};
+  const std::size_t length = std::mbrlen(text, MB_CUR_MAX, &start);
+  return length <= MB_LEN_MAX ? static_cast<int>(length) : -1;
+}
+
 // ---- The native encoding ----
 
 UnicodeConverter& UnicodeConverter::instance() {
-  static UnicodeConverter converter(nativeEncoding);
+  static UnicodeConverter& converter = *new UnicodeConverter(nativeEncoding);
   return converter;
 }
 
@@ -274,6 +282,7 @@ std::optional<std::size_t> UnicodeConverter::Direction::run(const void* source,
   char* in = static_cast<char*>(const_cast<void*>(source));  // iconv only reads it
   char* out = static_cast<char*>(target);
   constexpr auto failure = static_cast<std::size_t>(-1);
+  const std::lock_guard lock(mutex_);
   if (iconv(handle_, &in, &sourceBytes, &out, &targetBytes) == failure) return std::nullopt;
   return targetBytes;
 }

@@ -15,6 +15,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 #include <optional>
 #include <span>
 
@@ -34,13 +35,20 @@ std::size_t utf16ToUtf8(const char16_t* source, std::ptrdiff_t sourceLength, cha
 /// The codeset of the process's locale: what stands behind the first "." of its name, or all of it.
 const char* nativeCodeset();
 
+/// How many bytes the first character of a native text has, as the locale of the process divides
+/// it: 0 at the NUL, -1 if it is no character. Unlike std::mblen() it keeps nothing between calls,
+/// which other threads would share.
+int nativeCharacterLength(const char* text);
+
 /// Converts from and to the native encoding, directly where the C library can, otherwise by way of
-/// the other Unicode form. Throws BadLocale where neither is possible.
+/// the other Unicode form. Throws BadLocale where neither is possible. Any number of threads may
+/// use one converter.
 class UnicodeConverter {
  public:
   using OpenConversion = iconv_t (*)(const char* to, const char* from);
 
-  /// The process's converter; its native encoding is UTF-8.
+  /// The process's converter; its native encoding is UTF-8. Never destroyed, as the destructors of
+  /// static objects may still write text.
   static UnicodeConverter& instance();
 
   /// Ends the process, after a message, if nothing converts between `nativeName` and Unicode.
@@ -86,6 +94,7 @@ class UnicodeConverter {
                                    std::size_t targetBytes) const;
 
     iconv_t handle_ = closed();
+    mutable std::mutex mutex_;  // the C library's conversion keeps a state
   };
 
   bool convertsUtf8() const { return nativeToUtf8_.isOpen() && utf8ToNative_.isOpen(); }

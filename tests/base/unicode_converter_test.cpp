@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <clocale>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -152,6 +154,41 @@ TEST(Conversion, MeasuresTextOfAnyLength) {
 TEST(UnicodeConverter, HasUtf8AsItsNativeEncoding) {
   EXPECT_TRUE(UnicodeConverter::instance().nativeIsUtf8());
   EXPECT_EQ(&UnicodeConverter::instance(), &UnicodeConverter::instance());
+}
+
+TEST(UnicodeConverter, ConvertsForAllThreadsAtOnce) {
+  const std::string text = "\xE2\x82\xAC \xF0\x9D\x84\x9E";
+  const std::u16string wide = u"\u20AC \U0001D11E";
+  std::atomic<int> failures = 0;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      const UnicodeConverter& converter = UnicodeConverter::instance();
+      for (int k = 0; k < 5000; ++k) {
+        std::array<char16_t, 4> units{};
+        const std::size_t count =
+            converter.nativeTextToUtf16(text.data(), std::ssize(text), units.data(), units.size());
+        if (std::u16string_view(units.data(), count) != wide) ++failures;
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(failures, 0);
+}
+
+TEST(NativeCharacterLength, FollowsTheLocale) {
+  const LocaleGuard locale(LC_CTYPE, "C.UTF-8");
+  EXPECT_EQ(nativeCharacterLength(""), 0);
+  EXPECT_EQ(nativeCharacterLength("ab"), 1);
+  EXPECT_EQ(nativeCharacterLength("\xC3\xA9t"), 2);
+  EXPECT_EQ(nativeCharacterLength("\xF0\x9D\x84\x9E"), 4);
+}
+
+TEST(NativeCharacterLength, IsBelowZeroForWhatIsNoCharacter) {
+  const LocaleGuard locale(LC_CTYPE, "C.UTF-8");
+  EXPECT_EQ(nativeCharacterLength("\xFF"), -1);
+  EXPECT_EQ(nativeCharacterLength("\xC3"), -1);
+  EXPECT_EQ(nativeCharacterLength("\xC3\xA9"), 2) << "a failure leaves nothing behind";
 }
 
 TEST(UnicodeConverter, CopiesBetweenUtf8AndANativeEncodingThatIsTheSame) {
