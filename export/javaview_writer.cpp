@@ -1,6 +1,8 @@
 #include "export/javaview_writer.h"
 
+#include <array>
 #include <ctime>
+#include <mutex>
 
 #include "export/export_error.h"
 
@@ -89,10 +91,16 @@ bool JavaViewWriter::isVisibleNow(const ObjectBase& object) const {
   return true;
 }
 
+// The time zone is that of the process. The C library has a lock for it too, but one that a thread
+// sanitizer does not see.
 std::string JavaViewWriter::timestamp() {
+  static std::mutex timeZone;
+  const std::lock_guard lock(timeZone);
   const std::time_t now = std::time(nullptr);
   tzset();
-  std::string text = std::asctime(std::localtime(&now));
+  std::tm local{};
+  std::array<char, 26> buffer;
+  std::string text = asctime_r(localtime_r(&now, &local), buffer.data());
   if (text.ends_with('\n')) text.pop_back();
   return text;
 }
