@@ -20,7 +20,8 @@ class IResource {
   virtual ~IResource() = default;
 };
 
-/// Adds a plain, single-threaded counter to the interface `Base`. A new object has count 0.
+/// Adds a plain counter, for one thread at a time, to the interface `Base`. A new object has count
+/// 0.
 template <class Base>
 class RefCounted : public Base {
  public:

@@ -21,6 +21,9 @@ class RangeList;
 /// A document executes and records the changes of its tree, tells its observers about them and owns
 /// its ranges. In a batch nothing is recorded or told.
 ///
+/// A document, with all that belongs to it, is for one thread at a time. Different documents do not
+/// touch each other and may be in use on any number of threads at once.
+///
 /// A document lives on the heap and is given up by release(), like any node. If ranges were made,
 /// tearDown() comes first, since they may hold the document itself. With the last reference the
 /// content goes; the empty document then stays behind for as long as somebody holds a node that was
