@@ -50,9 +50,9 @@ class CanvasPropertyListMgr final : public PropertyListMgr {
 };
 constinit CanvasPropertyListMgr canvasPropertyList;
 
-bool isAnyNamed(const Arbor::Node* node, Token name) {
-  for (; node; node = node->nextSibling()) {
-    if (node->nodeName() == name) return true;
+bool isAnyNamed(Arbor::NewChildren children, Token name) {
+  for (const Arbor::Node& child : children) {
+    if (child.nodeName() == name) return true;
   }
   return false;
 }
@@ -61,7 +61,7 @@ bool isAnyNamed(const Arbor::Node* node, Token name) {
 
 // Scenes of both dimensions cannot come in one change, though one canvas may hold both.
 bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                Arbor::Node* newChildren) const {
+                                Arbor::NewChildren newChildren) const {
   return ElementOf::canReplaceChildren(first, count, newChildren) &&
          !(isAnyNamed(newChildren, Word::Scene2d) && isAnyNamed(newChildren, Word::Scene3d));
 }

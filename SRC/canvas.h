@@ -47,7 +47,7 @@ class Canvas final : public ElementOf<Canvas, StyleContainer<LibraryElement>>, p
   void createDefaultStyles();
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
   std::uint32_t optionBit(Token name) const override;
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;

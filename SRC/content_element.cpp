@@ -14,9 +14,9 @@ bool ContentPlotElement::refuseContent(const Arbor::Node& child) const {
 }
 
 bool ContentPlotElement::canReplaceChildren(Arbor::Node*, unsigned,
-                                            Arbor::Node* newChildren) const {
-  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
-    if (!isContentChild(*child)) return refuseContent(*child);
+                                            Arbor::NewChildren newChildren) const {
+  for (const Arbor::Node& child : newChildren) {
+    if (!isContentChild(child)) return refuseContent(child);
   }
   return true;
 }
@@ -30,16 +30,17 @@ std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigne
 }
 
 bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                             Arbor::Node* newChildren) const {
+                                             Arbor::NewChildren newChildren) const {
   std::uint32_t mask = maskWithout(first, count);
-  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
-    const std::uint32_t bit = optionBit(child->nodeName());
+  if (newChildren.isMovedWithin(*this)) mask &= ~optionBit(newChildren.first()->nodeName());
+  for (const Arbor::Node& child : newChildren) {
+    const std::uint32_t bit = optionBit(child.nodeName());
     if (bit == 0) {
-      if (!isContentChild(*child)) return refuseContent(*child);
+      if (!isContentChild(child)) return refuseContent(child);
       continue;
     }
     if (mask & bit) {
-      report("option child '%s' defined twice [parent '%s']\n", child->nodeName().str(),
+      report("option child '%s' defined twice [parent '%s']\n", child.nodeName().str(),
              tagName().str());
       return false;
     }

@@ -21,7 +21,7 @@ class ContentPlotElement : public PlotElement {
   virtual bool isContentChild(const Arbor::Node& node) const;
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 
  protected:
   ContentPlotElement(const ContentPlotElement&) = default;
@@ -61,7 +61,7 @@ class OptionedPlotElement : public ContentPlotElement {
   virtual std::uint32_t requiredOptions() const { return 0; }
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
   void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override;
   /// Finds an option child without a look at the others. Should there be two of one name, which no
   /// checked operation lets in, it is the one that came first.

@@ -57,7 +57,7 @@ namespace {
 
 struct ElementClass {
   WordId name;
-  PlotElement* (*make)(PlotDocument& document);
+  Ubase::Ref<PlotElement> (*make)(PlotDocument& document);
 };
 
 // wordOf() for the compiler.
@@ -70,7 +70,7 @@ constexpr WordId wordIdOf(Token word) {
 template <class Element>
 constexpr ElementClass classOf() {
   return {wordIdOf(Element::tag),
-          [](PlotDocument& document) -> PlotElement* { return new Element(&document); }};
+          [](PlotDocument& document) -> Ubase::Ref<PlotElement> { return new Element(&document); }};
 }
 
 constexpr std::array elementClasses = {
@@ -192,7 +192,7 @@ constexpr auto classNumbers = [] {
 
 }  // namespace
 
-PlotElement* makeElement(Token name, PlotDocument& document) {
+Ubase::Ref<PlotElement> makeElement(Token name, PlotDocument& document) {
   const std::size_t number = classNumbers[name];
   return number > 0 ? elementClasses[number - 1].make(document) : nullptr;
 }

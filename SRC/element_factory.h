@@ -10,7 +10,7 @@ namespace PlotDom {
 class PlotDocument;
 
 /// A new element of the class with that name; null for any other name.
-PlotElement* makeElement(Token name, PlotDocument& document);
+Ubase::Ref<PlotElement> makeElement(Token name, PlotDocument& document);
 
 /// Whether there is an element class with that name.
 bool isElementClass(WordId name);

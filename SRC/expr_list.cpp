@@ -13,18 +13,19 @@ void addChildren(PlotElement& parent, Token name, unsigned count) {
   }
 }
 
-bool areAllNamed(const Arbor::Node* chain, Token name) {
-  for (; chain; chain = chain->nextSibling()) {
-    if (chain->nodeName() != name) return false;
+bool areAllNamed(Arbor::NewChildren children, Token name) {
+  for (const Arbor::Node& child : children) {
+    if (child.nodeName() != name) return false;
   }
   return true;
 }
 
 bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
-                const Arbor::Node* newChildren, unsigned least, unsigned most) {
+                Arbor::NewChildren newChildren, unsigned least, unsigned most) {
   if (!areAllNamed(newChildren, Word::IExpr)) return false;
-  const unsigned removed = std::min(count, Arbor::countSiblingsFrom(first));
-  const unsigned after = parent.length() - removed + Arbor::countSiblingsFrom(newChildren);
+  const unsigned moved = newChildren.isMovedWithin(parent) ? 1 : 0;
+  const unsigned removed = std::min(count, Arbor::countSiblingsFrom(first)) + moved;
+  const unsigned after = parent.length() - removed + newChildren.count();
   return least <= after && after <= most;
 }
 
@@ -90,7 +91,7 @@ bool ExprSeq::beginCommand(CmdWriter& writer) const {
   return false;
 }
 
-bool ExprSeq::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+bool ExprSeq::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
   return areAllNamed(newChildren, Word::IExpr);
 }
 

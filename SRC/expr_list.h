@@ -14,13 +14,13 @@ namespace PlotDom {
 /// Gives a new element `count` children of that name, unchecked.
 void addChildren(PlotElement& parent, Token name, unsigned count);
 
-/// Whether every node of the chain has that name.
-bool areAllNamed(const Arbor::Node* chain, Token name);
+/// Whether every one of the new children has that name.
+bool areAllNamed(Arbor::NewChildren children, Token name);
 
 /// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
-/// after `count` of them from `first` on were replaced by the chain.
+/// after `count` of them from `first` on were replaced.
 bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
-                const Arbor::Node* newChildren, unsigned least, unsigned most);
+                Arbor::NewChildren newChildren, unsigned least, unsigned most);
 
 /// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
 bool isBlankList(const PlotElement& list);
@@ -49,7 +49,7 @@ class ExprTuple final : public ElementOf<ExprTuple<name, least, most, whenBlank,
   }
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override {
+                          Arbor::NewChildren newChildren) const override {
     return canBeTuple(*this, first, count, newChildren, least, most);
   }
 
@@ -84,7 +84,7 @@ class ExprSeq final : public ElementOf<ExprSeq, Expr> {
   static constexpr Token tag = Word::ExprSeq;
   using ElementOf::ElementOf;
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
   bool beginCommand(CmdWriter& writer) const override;
 };
 
@@ -98,7 +98,7 @@ class ListOf final : public ElementOf<ListOf<name, childName, firstItem>, PlotEl
   static constexpr Token tag = Ubase::tokenOf(name);
   using ElementOf<ListOf, PlotElement>::ElementOf;
 
-  bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const override {
+  bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const override {
     return areAllNamed(newChildren, Ubase::tokenOf(childName));
   }
 

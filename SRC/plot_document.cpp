@@ -11,7 +11,7 @@
 
 namespace PlotDom {
 
-PlotElement* PlotDocument::createElement(Token name) { return makeElement(name, *this); }
+Ubase::Ref<Arbor::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
 
 PlotElement* PlotDocument::documentElement() const {
   return static_cast<PlotElement*>(Document::documentElement());

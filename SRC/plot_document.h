@@ -19,9 +19,11 @@ class PlotDocument : public Arbor::Document {
 
   PlotDocument() = default;
 
-  /// A new element of the class with that name and with a reference count of 0; null for a name
-  /// that is none of the 104 element names.
-  PlotElement* createElement(Token name) override;
+  /// A new element of the class with that name; null for a name that is none of the 104 element
+  /// names.
+  Ubase::Ref<PlotElement> createElement(Token name) {
+    return Ubase::Ref<PlotElement>::cast(newElement(name));
+  }
 
   /// The root element, null without one. All elements of the document must come from
   /// createElement(), or be copies of such: whoever walks the tree takes them for PlotElement.
@@ -78,6 +80,12 @@ class PlotDocument : public Arbor::Document {
 
   /// Passes a complaint on to the reporter, after a call with "PlotDom error: ".
   void reportError(const char* format, va_list arguments) const;
+
+ protected:
+  ~PlotDocument() override = default;
+
+  /// A host that has element classes of its own makes them here, and all others by this one.
+  Ubase::Ref<Arbor::Element> newElement(Token name) override;
 
  private:
   ErrorReporter errorReporter_ = nullptr;

@@ -1,8 +1,6 @@
 // The base of all element classes of the plot model.
 #pragma once
 
-#include <memory>
-
 #include "SRC/property.h"
 #include "base/vocabulary.h"
 #include "dom/element.h"
@@ -123,10 +121,10 @@ class ElementOf : public Base {
 
   Token tagName() const override { return Self::tag; }
 
-  Arbor::Node* cloneNode(bool deep) const override {
-    auto copy = std::make_unique<Self>(static_cast<const Self&>(*this));
+  Ubase::Ref<Arbor::Node> cloneNode(bool deep) const override {
+    Ubase::Ref<Arbor::Node> copy = new Self(static_cast<const Self&>(*this));
     if (deep) this->cloneChildrenInto(*copy);
-    return copy.release();
+    return copy;
   }
 };
 

@@ -64,13 +64,13 @@ PropInfo::PropInfo(Arbor::Document* document) : ElementOf(document) {
 
 Prop::Prop(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-bool ObjType::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+bool ObjType::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
   return areAllNamed(newChildren, Word::PropCat);
 }
 
-bool PropCat::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
-  for (; newChildren; newChildren = newChildren->nextSibling()) {
-    if (!isOneOf(newChildren->nodeName(), Word::PropCat, Word::PropInfo)) return false;
+bool PropCat::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+  for (const Arbor::Node& child : newChildren) {
+    if (!isOneOf(child.nodeName(), Word::PropCat, Word::PropInfo)) return false;
   }
   return true;
 }

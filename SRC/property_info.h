@@ -13,7 +13,7 @@ class ObjType final : public ElementOf<ObjType, WithMembers<ObjType, PlotElement
 
   explicit ObjType(Arbor::Document* document);
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 
   static PropertyListMgr& propertyList();
 
@@ -28,7 +28,7 @@ class PropCat final : public ElementOf<PropCat, WithMembers<PropCat, PlotElement
 
   explicit PropCat(Arbor::Document* document);
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 
   static PropertyListMgr& propertyList();
 

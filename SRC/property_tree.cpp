@@ -47,7 +47,7 @@ Variant textForAllThreads(const char* text) {
 
 template <class T>
 Ref<T> make(PlotDocument& tree) {
-  return static_cast<T*>(tree.createElement(T::tag));
+  return Ref<T>::cast(tree.createElement(T::tag));
 }
 
 Ref<PropInfo> describe(const Property& property, Recalculation recalculation, PlotDocument& tree) {

@@ -28,7 +28,7 @@ Text2d::Text2d(Arbor::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-bool Text2d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+bool Text2d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 

@@ -21,7 +21,7 @@ class Text2d final : public Primitive<Text2d> {
   Stored<FontStyle> textFont;
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 };
 
 }  // namespace PlotDom

@@ -30,7 +30,7 @@ Text3d::Text3d(Arbor::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-bool Text3d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+bool Text3d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 

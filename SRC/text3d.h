@@ -23,7 +23,7 @@ class Text3d final : public Primitive<Text3d> {
   Stored<bool> billboarding;
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 };
 
 }  // namespace PlotDom

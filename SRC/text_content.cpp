@@ -19,13 +19,14 @@ bool isWhiteSpace(const char* text) {
 
 }  // namespace
 
-bool acceptsOnlyText(const PlotElement& element, const Arbor::Node* newChildren) {
-  if (!newChildren || newChildren->nodeType() == Arbor::Node::TextNode) return true;
+bool acceptsOnlyText(const PlotElement& element, Arbor::NewChildren newChildren) {
+  if (!newChildren || newChildren.first()->nodeType() == Arbor::Node::TextNode) return true;
   element.report("not a text node child [parent '%s']\n", element.tagName().str());
   return false;
 }
 
-bool PCDataElement::canReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newChildren) const {
+bool PCDataElement::canReplaceChildren(Arbor::Node*, unsigned,
+                                       Arbor::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 

@@ -7,7 +7,7 @@ namespace PlotDom {
 
 /// The rule of an element with text: the first new child must be a text node, which is all that is
 /// looked at. Reports a refusal.
-bool acceptsOnlyText(const PlotElement& element, const Arbor::Node* newChildren);
+bool acceptsOnlyText(const PlotElement& element, Arbor::NewChildren newChildren);
 
 /// An element with text children.
 class PCDataElement : public PlotElement {
@@ -15,7 +15,7 @@ class PCDataElement : public PlotElement {
   using PlotElement::PlotElement;
 
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 
   /// Whether there is no text; with `allowWhiteSpace` also whether there are only characters up to
   /// the blank. A child that is no text makes it false.

@@ -3,7 +3,7 @@
 namespace PlotDom {
 
 bool LeafElement::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                     Arbor::Node* newChildren) const {
+                                     Arbor::NewChildren newChildren) const {
   const bool removes = first && count > 0;
   return !newChildren && !removes;
 }

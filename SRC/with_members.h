@@ -54,7 +54,7 @@ class LeafElement : public PlotElement, public MemberValues {
  public:
   using PlotElement::PlotElement;
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::Node* newChildren) const override;
+                          Arbor::NewChildren newChildren) const override;
 
  protected:
   LeafElement(const LeafElement&) = default;

@@ -58,6 +58,8 @@ class Ref {
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class U>
   Ref(const Ref<U>& other) : Ref(other.get()) {}
+  template <class U>
+  Ref(Ref<U>&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   ~Ref() {
     if (object_) object_->release();
   }
@@ -75,7 +77,18 @@ class Ref {
   friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
   friend bool operator==(const Ref& a, const T* b) { return a.object_ == b; }
 
+  /// The same reference to an object of which the caller knows that it is a `T`.
+  template <class U>
+  static Ref cast(Ref<U>&& other) {
+    Ref result;
+    result.object_ = static_cast<T*>(std::exchange(other.object_, nullptr));
+    return result;
+  }
+
  private:
+  template <class U>
+  friend class Ref;
+
   T* object_ = nullptr;
 };
 

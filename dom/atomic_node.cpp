@@ -4,7 +4,7 @@
 
 namespace Arbor {
 
-bool AtomicNode::canReplaceChildren(Node*, unsigned, Node*) const { return false; }
+bool AtomicNode::canReplaceChildren(Node*, unsigned, NewChildren) const { return false; }
 
 void AtomicNode::doReplaceChildren(Node*, unsigned, Node*) {
   throw DomException(DomException::HierarchyRequest);

@@ -10,7 +10,7 @@ class AtomicNode : public Node {
  public:
   Node* firstChild() const override { return nullptr; }
   Node* lastChild() const override { return nullptr; }
-  bool canReplaceChildren(Node* first, unsigned count, Node* newChildren) const override;
+  bool canReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const override;
   /// Throws DomException HierarchyRequest.
   void doReplaceChildren(Node* first, unsigned count, Node* newChildren) override;
 

@@ -47,7 +47,7 @@ Token Document::nodeName() const {
   return name;
 }
 
-Node* Document::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
+Ref<Node> Document::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
 
 std::ostream& Document::writeXml(std::ostream& out) const {
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
@@ -63,9 +63,9 @@ void Document::doReplaceChildren(Node* first, unsigned count, Node* newChildren)
   if (firstChild()) firstChild()->markInDocument(true);
 }
 
-Text* Document::createTextNode(const char* text) { return new Text(this, text); }
+Ref<Text> Document::createTextNode(const char* text) { return new Text(this, text); }
 
-DocumentFragment* Document::createDocumentFragment() { return new DocumentFragment(this); }
+Ref<DocumentFragment> Document::createDocumentFragment() { return new DocumentFragment(this); }
 
 Ref<Range> Document::createRange(bool selected) {
   if (!ranges_) return nullptr;

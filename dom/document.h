@@ -24,30 +24,29 @@ class RangeList;
 /// A document, with all that belongs to it, is for one thread at a time. Different documents do not
 /// touch each other and may be in use on any number of threads at once.
 ///
-/// A document lives on the heap and is given up by release(), like any node. If ranges were made,
-/// tearDown() comes first, since they may hold the document itself. With the last reference the
+/// A document lives on the heap, in a Ref. No document can be made anywhere else, as destructors
+/// are protected: a derived class keeps to that. If ranges were made, tearDown() comes before the
+/// last reference goes, since they may hold the document itself. With the last reference the
 /// content goes; the empty document then stays behind for as long as somebody holds a node that was
 /// made for it, so that ownerDocument() of that node can be used.
 class Document : public InnerNode {
  public:
-  ~Document() override;
   void release() override;
 
   int nodeType() const override { return DocumentNode; }
   Token nodeName() const override;
   /// Throws DomException NotSupported.
-  Node* cloneNode(bool deep) const override;
+  Ref<Node> cloneNode(bool deep) const override;
   /// Writes the XML declaration, the root element and a newline.
   std::ostream& writeXml(std::ostream& out) const override;
   void doReplaceChildren(Node* first, unsigned count, Node* newChildren) override;
 
   /// A new element, or null for an unknown name.
-  virtual Element* createElement(Token tagName) = 0;
-  /// A new text, with a reference count of 0. A null `text` makes an empty one.
-  Text* createTextNode(const char* text);
-  /// A new, empty fragment, with a reference count of 0: it carries nodes that shall go in
-  /// together.
-  DocumentFragment* createDocumentFragment();
+  Ref<Element> createElement(Token tagName) { return newElement(tagName); }
+  /// A new text. A null `text` makes an empty one.
+  Ref<Text> createTextNode(const char* text);
+  /// A new, empty fragment: it carries nodes that shall go in together.
+  Ref<DocumentFragment> createDocumentFragment();
   /// A range with both points at the start of the document; null after tearDown().
   Ref<Range> createRange(bool selected);
 
@@ -116,6 +115,10 @@ class Document : public InnerNode {
 
  protected:
   Document();
+  ~Document() override;
+
+  /// What createElement() returns. Each kind of document has its own elements.
+  virtual Ref<Element> newElement(Token tagName) = 0;
 
  private:
   friend class Node;

@@ -7,8 +7,8 @@ Token DocumentFragment::nodeName() const {
   return name;
 }
 
-Node* DocumentFragment::cloneNode(bool deep) const {
-  auto* copy = new DocumentFragment(*this);
+Ref<Node> DocumentFragment::cloneNode(bool deep) const {
+  Ref<Node> copy = new DocumentFragment(*this);
   if (deep) cloneChildrenInto(*copy);
   return copy;
 }

@@ -15,7 +15,7 @@ class DocumentFragment : public InnerNode {
   Token nodeName() const override;
   DocumentFragment* asDocumentFragment() override { return this; }
   using Node::asDocumentFragment;
-  Node* cloneNode(bool deep) const override;
+  Ref<Node> cloneNode(bool deep) const override;
   /// Writes nothing.
   std::ostream& writeXml(std::ostream& out) const override;
 };

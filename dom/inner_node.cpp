@@ -8,7 +8,7 @@ InnerNode::~InnerNode() { destroyChildren(); }
 
 unsigned InnerNode::length() const { return countSiblingsFrom(firstChild()); }
 
-bool InnerNode::canReplaceChildren(Node*, unsigned, Node*) const { return true; }
+bool InnerNode::canReplaceChildren(Node*, unsigned, NewChildren) const { return true; }
 
 void InnerNode::doReplaceChildren(Node* first, unsigned count, Node* newChildren) {
   if (!newChildren && (!first || count == 0)) return;

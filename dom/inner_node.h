@@ -13,7 +13,7 @@ class InnerNode : public Node {
   Node* firstChild() const override { return firstChild_.get(); }
   Node* lastChild() const override { return lastChild_; }
   unsigned length() const override;
-  bool canReplaceChildren(Node* first, unsigned count, Node* newChildren) const override;
+  bool canReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const override;
 
   /// The run that is taken out stays chained, so that a reference to its head keeps it all.
   void doReplaceChildren(Node* first, unsigned count, Node* newChildren) override;

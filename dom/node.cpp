@@ -12,6 +12,12 @@ namespace Arbor {
 
 namespace {
 
+/// Whether a node of this type may be a child, as far as the parent takes it.
+bool isTypeOfChild(int type) {
+  return type != Node::DocumentNode && type != Node::DocumentFragmentNode &&
+         type != Node::RangeNode && type != Node::RangeListNode;
+}
+
 /// A change that puts nothing in and takes nothing out.
 bool isNothing(const Node* first, unsigned count, const Node* newChildren) {
   return !newChildren && (!first || count == 0);
@@ -54,15 +60,20 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newChildren) {
   performReplaceChildren(first, count, newChildren);
 }
 
-void Node::checkReplaceChildren(Node* first, unsigned count, Node* newChildren) const {
+void Node::checkReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const {
   if (first && first->parent() != this) throw DomException(DomException::NotFound);
-  if (newChildren && newChildren->ownerDocument() != ownerDocument()) {
+  if (newChildren && newChildren.first()->ownerDocument() != ownerDocument()) {
     throw DomException(DomException::WrongDocument);
   }
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
-  const bool isMisplaced =
-      newChildren && (newChildren->parent() || chainHoldsAncestorOf(newChildren, *this));
-  if (isMisplaced || !canReplaceChildren(first, count, newChildren)) {
+  if (newChildren && newChildren.first()->parent()) {
+    throw DomException(DomException::HierarchyRequest);
+  }
+  for (const Node& child : newChildren) {
+    if (!isTypeOfChild(child.nodeType())) throw DomException(DomException::HierarchyRequest);
+  }
+  if (chainHoldsAncestorOf(newChildren.first(), *this) ||
+      !canReplaceChildren(first, count, newChildren)) {
     throw DomException(DomException::HierarchyRequest);
   }
 }
@@ -217,6 +228,12 @@ void Node::markInDocument(bool inDocument) {
     node.setFlag(InDocument, inDocument);
     return true;
   });
+}
+
+unsigned NewChildren::count() const { return isSingle_ ? 1 : countSiblingsFrom(first_); }
+
+bool NewChildren::isMovedWithin(const Node& parent) const {
+  return first_ && first_->parent() == &parent;
 }
 
 unsigned countSiblingsFrom(const Node* node) {

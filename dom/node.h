@@ -16,6 +16,7 @@ class Document;
 class DocumentFragment;
 class Element;
 class InnerNode;
+class NewChildren;
 class Text;
 
 /// A node of a document tree.
@@ -24,8 +25,7 @@ class Text;
 /// owns the whole run of siblings behind it; parent and previous sibling are plain back pointers. A
 /// node that outlives its parent, because somebody else holds it, has no parent from then on.
 ///
-/// A new node has reference count 0 and is in no tree. Whoever makes one keeps it in a Ref until a
-/// parent has taken it.
+/// A new node is in no tree. Whoever asked for it holds it in a Ref until a parent has taken it.
 ///
 /// Every change of a node that is in its document (see isInDocument()) runs through an operation of
 /// the document, which can take it back and tells the observers. Other nodes change directly.
@@ -54,7 +54,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
   /// A new node in no tree with the same values; with `deep` it has copies of all descendants.
   /// A class copies its own fields in its copy constructor and the rest by cloneChildrenInto().
-  virtual Node* cloneNode(bool deep) const = 0;
+  virtual Ref<Node> cloneNode(bool deep) const = 0;
 
   virtual int nodeType() const = 0;
   virtual Token nodeName() const = 0;
@@ -92,7 +92,9 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   virtual bool isReadOnly() const { return false; }
 
   /// Whether the node takes this change of its children. What it refuses ends in HierarchyRequest.
-  virtual bool canReplaceChildren(Node* first, unsigned count, Node* newChildren) const = 0;
+  /// Nothing has moved yet: a new child may still have another parent, or be a child of this node
+  /// that is to change its place.
+  virtual bool canReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const = 0;
 
   /// Does what replaceChildren() has checked, without checks, record or events.
   virtual void doReplaceChildren(Node* first, unsigned count, Node* newChildren) = 0;
@@ -101,7 +103,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// siblings behind it. A null `first` stands for the end of the list; with count 0 nothing is
   /// taken out. Throws DomException NotFound (`first` is no child of this node), WrongDocument,
   /// NoModificationAllowed or HierarchyRequest (refused by canReplaceChildren(); or a new child is
-  /// in a tree already, or holds this node).
+  /// a document, a fragment or a range, is in a tree already, or holds this node).
   void replaceChildren(Node* first, unsigned count, Node* newChildren);
 
   /// The following put a node in, after taking it out of the place that it had before; a fragment
@@ -152,7 +154,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
   enum Flag : unsigned { AncestorMark = 0, InDocument = 15 };
 
-  void checkReplaceChildren(Node* first, unsigned count, Node* newChildren) const;
+  void checkReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const;
   void performReplaceChildren(Node* first, unsigned count, Node* newChildren);
 
   // Put in a node that may be in a tree, one that is, and the children of a fragment. A refusal
@@ -180,6 +182,41 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
 // 8 virtual table, 4 reference count, 2 flags (and 2 free), 8 each for owner, parent and siblings.
 static_assert(sizeof(void*) != 8 || sizeof(Node) == 48);
+
+/// The nodes that a change of children puts in.
+class NewChildren {
+ public:
+  /// A node with all siblings behind it; null for none.
+  NewChildren(Node* first) : first_(first) {}
+  /// A single node, whatever siblings it has at its present place.
+  static NewChildren only(Node& node) { return {&node, true}; }
+
+  Node* first() const { return first_; }
+  explicit operator bool() const { return first_ != nullptr; }
+  unsigned count() const;
+  /// Whether this is a child of `parent` that is to get another place there.
+  bool isMovedWithin(const Node& parent) const;
+
+  class Iterator {
+   public:
+    Iterator(Node* node, bool isSingle) : node_(node), isSingle_(isSingle) {}
+    Node& operator*() const { return *node_; }
+    void operator++() { node_ = isSingle_ ? nullptr : node_->nextSibling(); }
+    bool operator!=(const Iterator& other) const { return node_ != other.node_; }
+
+   private:
+    Node* node_;
+    bool isSingle_;
+  };
+  Iterator begin() const { return {first_, isSingle_}; }
+  Iterator end() const { return {nullptr, isSingle_}; }
+
+ private:
+  NewChildren(Node* first, bool isSingle) : first_(first), isSingle_(isSingle) {}
+
+  Node* first_;
+  bool isSingle_ = false;
+};
 
 /// The number of nodes from `node` to the end of its siblings, 0 for null.
 unsigned countSiblingsFrom(const Node* node);

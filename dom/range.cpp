@@ -25,7 +25,7 @@ Token Range::nodeName() const {
   return name;
 }
 
-Node* Range::cloneNode(bool) const { return cloneRange(isSelected()).get(); }
+Ref<Node> Range::cloneNode(bool) const { return cloneRange(isSelected()); }
 
 std::ostream& Range::writeXml(std::ostream& out) const { return out; }
 

@@ -23,7 +23,7 @@ class Range : public AtomicNode, public IDocObserver {
   Token nodeName() const override;
   unsigned length() const override { return 0; }
   /// cloneRange() with the selection of this range.
-  Node* cloneNode(bool deep) const override;
+  Ref<Node> cloneNode(bool deep) const override;
   /// Writes nothing.
   std::ostream& writeXml(std::ostream& out) const override;
 

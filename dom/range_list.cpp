@@ -13,7 +13,7 @@ Token RangeList::nodeName() const {
   return name;
 }
 
-Node* RangeList::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
+Ref<Node> RangeList::cloneNode(bool) const { throw DomException(DomException::NotSupported); }
 
 std::ostream& RangeList::writeXml(std::ostream& out) const { return out; }
 

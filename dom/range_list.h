@@ -16,7 +16,7 @@ class RangeList : public InnerNode, public IDocObserver {
   int nodeType() const override { return RangeListNode; }
   Token nodeName() const override;
   /// Throws DomException NotSupported.
-  Node* cloneNode(bool deep) const override;
+  Ref<Node> cloneNode(bool deep) const override;
   /// Writes nothing.
   std::ostream& writeXml(std::ostream& out) const override;
 

@@ -16,7 +16,7 @@ Token Text::nodeName() const {
   return name;
 }
 
-Node* Text::cloneNode(bool) const { return new Text(*this); }
+Ref<Node> Text::cloneNode(bool) const { return new Text(*this); }
 
 std::ostream& Text::writeXml(std::ostream& out) const {
   return Ubase::writeEscapedLocaleText(out, nodeValue());

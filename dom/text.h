@@ -20,7 +20,7 @@ class Text : public AtomicNode {
   Text* asText() override { return this; }
   using Node::asText;
   unsigned length() const override { return static_cast<unsigned>(data_.size()); }
-  Node* cloneNode(bool deep) const override;
+  Ref<Node> cloneNode(bool deep) const override;
   std::ostream& writeXml(std::ostream& out) const override;
 
   const char* nodeValue() const override { return data_.empty() ? nullptr : data_.c_str(); }

@@ -2,8 +2,10 @@
 
 #include <string>
 #include <tuple>
+#include <type_traits>
 #include <vector>
 
+#include "SRC/element_factory.h"
 #include "SRC/expr_list.h"
 #include "SRC/sphere.h"
 #include "dom/text.h"
@@ -35,10 +37,15 @@ TEST_F(PlotDocumentTest, NamesThatMakeNoElement) {
   EXPECT_EQ(takeComplaints(), "");
 }
 
-TEST_F(PlotDocumentTest, ANewElementHasNoReference) {
-  PlotElement* element = document->createElement(Word::Sphere);
-  EXPECT_EQ(element->refCount(), 0U);
-  element->release();
+TEST_F(PlotDocumentTest, ANewElementBelongsToWhoeverAskedForIt) {
+  const Ref<PlotElement> element = document->createElement(Word::Sphere);
+  EXPECT_EQ(element->refCount(), 1U);
+  EXPECT_EQ(makeElement(Word::Sphere, *document)->refCount(), 1U);
+  EXPECT_EQ(element->cloneNode(true)->refCount(), 1U);
+}
+
+TEST_F(PlotDocumentTest, ADocumentCannotBeMadeOnTheStack) {
+  EXPECT_FALSE(std::is_destructible_v<PlotDocument>);
 }
 
 TEST_F(PlotDocumentTest, SomeElementsAreMadeWithChildren) {
@@ -130,14 +137,18 @@ class HostDocument : public PlotDocument {
    public:
     using PlotElement::PlotElement;
     Token tagName() const override { return Word::Group2d; }
-    Arbor::Node* cloneNode(bool) const override { return nullptr; }
+    Ref<Arbor::Node> cloneNode(bool) const override { return nullptr; }
     bool visit() override {
       VisitLog::names.push_back(std::to_string(length()));
       return length() != 1;
     }
   };
-  PlotElement* createElement(Token name) override {
-    return name == Word::Group2d ? new HostGroup(this) : PlotDocument::createElement(name);
+
+ protected:
+  ~HostDocument() override = default;
+  Ref<Arbor::Element> newElement(Token name) override {
+    if (name == Word::Group2d) return new HostGroup(this);
+    return PlotDocument::newElement(name);
   }
 };
 

@@ -98,7 +98,7 @@ class PlotTest : public testing::Test {
   }
 
   void addText(Arbor::Node& parent, const char* text) {
-    parent.appendChild(document->createTextNode(text));
+    parent.appendChild(document->createTextNode(text).get());
   }
 
   /// All complaints since the last call, one behind the other.

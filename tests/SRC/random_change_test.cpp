@@ -350,7 +350,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   void moveThroughFragment() {
     const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
     // Behind a text, a header takes anything.
-    if (below(4) == 0) fragment->appendChild(document->createTextNode("text"));
+    if (below(4) == 0) fragment->appendChild(document->createTextNode("text").get());
     for (unsigned i = 1 + below(3); i > 0; --i) {
       if (PlotElement* element = someElement()) put(*element, *fragment);
     }

@@ -320,14 +320,18 @@ class TimedDocument : public PlotDocument {
    public:
     using PlotElement::PlotElement;
     Token tagName() const override { return Word::Canvas; }
-    Arbor::Node* cloneNode(bool) const override { return nullptr; }
+    Ref<Arbor::Node> cloneNode(bool) const override { return nullptr; }
     void timeStep(double time, bool forward, double& result) override {
       EXPECT_TRUE(std::isnan(result));
       result = forward ? time + 1 : time - 1;
     }
   };
-  PlotElement* createElement(Token name) override {
-    return name == Word::Canvas ? new TimedCanvas(this) : PlotDocument::createElement(name);
+
+ protected:
+  ~TimedDocument() override = default;
+  Ref<Arbor::Element> newElement(Token name) override {
+    if (name == Word::Canvas) return new TimedCanvas(this);
+    return PlotDocument::newElement(name);
   }
 };
 

@@ -158,7 +158,7 @@ TEST_F(StyleIndexes, FollowAHeaderThatHoldsAContainer) {
   const Ref<PlotElement> header(document_->createElement(Word::Header));
   const auto putIn = [&](const Ref<PlotElement>& element) {
     const Ref<Arbor::DocumentFragment> content(document_->createDocumentFragment());
-    content->appendChild(document_->createTextNode("text"));
+    content->appendChild(document_->createTextNode("text").get());
     content->appendChild(element.get());
     header->appendChild(content.get());
   };

@@ -27,7 +27,7 @@ TEST_F(DocumentTest, MakesNodesThatNobodyRefersToYet) {
 }
 
 TEST_F(DocumentTest, ARootThatIsNoElementIsNoDocumentElement) {
-  document->appendChild(document->createTextNode("x"));
+  document->appendChild(document->createTextNode("x").get());
   EXPECT_EQ(document->documentElement(), nullptr);
 }
 
@@ -393,10 +393,10 @@ TEST_F(DocumentTest, ADeferredOperationMayChangeTheTree) {
   CallObserver observer([&](const DomEvent& event) {
     if (event.target->length() > 3) return;
     document->executeDeferred(
-        callOperation([&] { root->appendChild(document->createElement(token("more"))); }));
+        callOperation([&] { root->appendChild(document->createElement(token("more")).get()); }));
   });
   document->addObserver(&observer, EventType::AfterReplaceChildren);
-  root->appendChild(document->createElement(token("a")));
+  root->appendChild(document->createElement(token("a")).get());
   EXPECT_EQ(xml(), "<r><a></a><more></more><more></more><more></more></r>");
   document->removeObserver(&observer);
 }
@@ -499,7 +499,7 @@ TEST_F(DocumentTest, TheLastReleaseTearsDown) {
 
 TEST_F(DocumentTest, ADocumentThatWasNeverReferencedDiesOnItsFirstRelease) {
   auto* unheld = new TestDocument;
-  unheld->appendChild(unheld->createElement(token("r")));
+  unheld->appendChild(unheld->createElement(token("r")).get());
   unheld->release();
   EXPECT_EQ(TestElement::alive, 0);
 }
@@ -534,7 +534,7 @@ TEST_F(DocumentTest, ADocumentThatWasGivenUpCanBeHeldAgain) {
   again = element->ownerDocument();
   element = nullptr;
   EXPECT_EQ(TestElement::alive, 0);
-  again->appendChild(again->createElement(token("new")));
+  again->appendChild(again->createElement(token("new")).get());
   again = nullptr;
   EXPECT_EQ(TestElement::alive, 0);
 }

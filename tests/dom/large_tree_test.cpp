@@ -34,7 +34,7 @@ class LargeTreeTest : public TreeTest {
     Ref<TestElement> top = document->element("d");
     Node* bottom = top.get();
     for (int i = 1; i < levels; ++i) {
-      bottom = bottom->appendChild(document->createElement(token("d")));
+      bottom = bottom->appendChild(document->createElement(token("d")).get());
     }
     return top;
   }
@@ -42,7 +42,7 @@ class LargeTreeTest : public TreeTest {
   Ref<TestElement> longTree() {
     Ref<TestElement> top = document->element("l");
     const Token tag = token("c");
-    for (unsigned i = 0; i < siblings; ++i) top->appendChild(document->createElement(tag));
+    for (unsigned i = 0; i < siblings; ++i) top->appendChild(document->createElement(tag).get());
     return top;
   }
 };
@@ -156,7 +156,7 @@ TEST_F(LargeTreeTest, ALongListOfDeepTreesIsDestroyed) {
 
 TEST_F(LargeTreeTest, ATextOfFiftyMegabytes) {
   const std::string large(50000000, 'x');
-  load("<r></r>")->appendChild(document->createTextNode(large.c_str()));
+  load("<r></r>")->appendChild(document->createTextNode(large.c_str()).get());
   EXPECT_EQ(text()->length(), large.size());
   const Ref<Text> tail = text()->splitText(49999990);
   EXPECT_STREQ(tail->nodeValue(), "xxxxxxxxxx");

@@ -33,7 +33,8 @@ TEST_F(ModelOperationTest, EveryChangeOfChildrenIsItsOwnInverse) {
       for (unsigned added = 0; added <= 2; ++added) {
         TestElement* root = load(before);
         const Ref<DocumentFragment> fragment = document->fragment();
-        for (unsigned i = 0; i < added; ++i) fragment->appendChild(document->createElement(x));
+        for (unsigned i = 0; i < added; ++i)
+          fragment->appendChild(document->createElement(x).get());
         const Ref<Node> chain = fragment->firstChild();
         if (chain) fragment->replaceChildren(chain.get(), added, nullptr);
         document->clearUndo();
@@ -105,7 +106,7 @@ TEST_F(ModelOperationTest, WhatWasPutElsewhereInBetweenIsTakenBack) {
   const Ref<TestElement> elsewhere = document->element("e");
   const Ref<Node> a = root->removeChild(node("a"));
   elsewhere->appendChild(a.get());
-  elsewhere->appendChild(document->createElement(x));
+  elsewhere->appendChild(document->createElement(x).get());
   document->undo();
   EXPECT_EQ(xml(), "<r><a></a><b></b></r>");
   EXPECT_EQ(toXml(*elsewhere), "<e><x></x></e>");
@@ -122,7 +123,7 @@ TEST_F(ModelOperationTest, UndoDoesWhatIsLeftToDoAfterDeferredChanges) {
   EXPECT_EQ(xml(), "<r><c></c><a></a></r>");
   checkLinks(*document);
 
-  root->appendChild(document->createElement(x));  // its undo is to remove that
+  root->appendChild(document->createElement(x).get());  // its undo is to remove that
   document->executeDeferred(
       std::make_unique<ReplaceChildrenOperation>(root, node("x"), 1U, nullptr));
   document->undo();
@@ -133,7 +134,7 @@ TEST_F(ModelOperationTest, UndoDoesWhatIsLeftToDoAfterDeferredChanges) {
 TEST_F(ModelOperationTest, WithoutAHistoryNothingCanBeUndone) {
   TestElement* root = load("<r></r>");
   document->setUndoLimit(0);
-  root->appendChild(document->createElement(x));
+  root->appendChild(document->createElement(x).get());
   EXPECT_FALSE(document->canUndo());
   document->undo();
   EXPECT_EQ(xml(), "<r><x></x></r>");
@@ -294,7 +295,7 @@ TEST_F(ModelOperationTest, AnObserverMayChangeTheTreeDuringAnUndo) {
   TestElement* root = load("<r></r>");
   root->setAttribute(x, LongVariant(1));
   CallObserver observer([&](const DomEvent&) {
-    root->appendChild(document->createElement(token("noted")));
+    root->appendChild(document->createElement(token("noted")).get());
     document->undo();
   });
   document->addObserver(&observer, EventType::AfterRemoveAttribute);

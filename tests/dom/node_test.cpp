@@ -23,7 +23,7 @@ TEST_F(NodeTest, ANewNodeIsNowhereAndNobodyRefersToIt) {
 }
 
 TEST_F(NodeTest, ANodeThatWasNeverReferencedDiesOnItsFirstRelease) {
-  TestElement* element = document->createElement(token("a"));
+  auto* element = new TestElement(document.get(), token("a"));
   EXPECT_EQ(element->refCount(), 0U);
   EXPECT_EQ(TestElement::alive, 1);
   element->release();
@@ -145,8 +145,8 @@ TEST_F(NodeTest, WhatIsPutInLeavesItsFormerPlace) {
 }
 
 TEST_F(NodeTest, AParentThatNobodyRefersToSurvivesAMove) {
-  TestElement* unheld = document->createElement(token("u"));
-  unheld->appendChild(document->createElement(token("a")));
+  auto* unheld = new TestElement(document.get(), token("u"));
+  unheld->appendChild(document->createElement(token("a")).get());
   const Ref<TestElement> target = document->element("t");
   target->appendChild(unheld->firstChild());
   EXPECT_EQ(unheld->length(), 0U);
@@ -175,6 +175,40 @@ TEST_F(NodeTest, RefusalsHaveTheirCodes) {
   EXPECT_DOM_ERROR(7, root->appendChild(fresh.get()));
   EXPECT_DOM_ERROR(7, root->removeChild(root->firstChild()));
   EXPECT_EQ(xml(), "<r><a></a></r>");
+}
+
+TEST_F(NodeTest, WhatIsNewBelongsToWhoeverAskedForIt) {
+  const Ref<Element> element = document->createElement(token("a"));
+  EXPECT_EQ(element->refCount(), 1U);
+  EXPECT_EQ(document->createTextNode("x")->refCount(), 1U);
+  EXPECT_EQ(document->createDocumentFragment()->refCount(), 1U);
+  for (const bool deep : {false, true}) {
+    EXPECT_EQ(element->cloneNode(deep)->refCount(), 1U);
+    EXPECT_EQ(document->text("x")->cloneNode(deep)->refCount(), 1U);
+    EXPECT_EQ(document->fragment()->cloneNode(deep)->refCount(), 1U);
+  }
+  const Ref<Range> range = document->createRange(false);
+  EXPECT_EQ(range->cloneNode(false)->refCount(), 2U) << "the list of ranges has the other";
+}
+
+TEST_F(NodeTest, DocumentsAndRangesAreNobodysChildren) {
+  TestElement* root = load("<r></r>");
+  const Ref<TestElement> apart = document->element("a");
+  const Ref<Range> range = document->createRange(false);
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (Node* parent : {static_cast<Node*>(root), static_cast<Node*>(apart.get()),
+                       static_cast<Node*>(document.get()), static_cast<Node*>(fragment.get())}) {
+    EXPECT_DOM_ERROR(3, parent->appendChild(document.get()));
+    EXPECT_DOM_ERROR(3, parent->replaceChildren(nullptr, 0, document.get()));
+    EXPECT_DOM_ERROR(3, parent->appendChild(range.get()));
+    EXPECT_DOM_ERROR(3, parent->replaceChildren(nullptr, 0, range.get()));
+    EXPECT_DOM_ERROR(3, parent->appendChild(range->parent()));
+    EXPECT_DOM_ERROR(3, parent->replaceChildren(nullptr, 0, fragment.get()));
+  }
+  EXPECT_EQ(document->firstChild(), root);
+  EXPECT_EQ(document->length(), 1U);
+  EXPECT_EQ(range->parent()->nodeType(), Node::RangeListNode);
+  EXPECT_FALSE(range->isDetached());
 }
 
 TEST_F(NodeTest, TheChecksHaveAnOrder) {
@@ -310,7 +344,7 @@ TEST_F(FragmentTest, NothingFollowsTheLastChildOfAnEmptiedFragment) {
 
   const Ref<Node> copy = fragment->cloneNode(true);
   EXPECT_EQ(copy->firstChild(), nullptr);
-  fragment->appendChild(document->createElement(token("c")));
+  fragment->appendChild(document->createElement(token("c")).get());
   checkLinks(*fragment);
 }
 
@@ -398,11 +432,11 @@ TEST_F(NodeTest, ListSurgeryDoesWhatAStringReplacementDoes) {
         for (unsigned added = 0; added <= 3; ++added) {
           const Ref<TestElement> parent = document->element("p");
           for (unsigned i = 0; i < length; ++i) {
-            parent->appendChild(document->createElement(token(olds.substr(i, 1))));
+            parent->appendChild(document->createElement(token(olds.substr(i, 1))).get());
           }
           const Ref<DocumentFragment> chain = document->fragment();
           for (unsigned i = 0; i < added; ++i) {
-            chain->appendChild(document->createElement(token(news.substr(i, 1))));
+            chain->appendChild(document->createElement(token(news.substr(i, 1))).get());
           }
           const Ref<Node> newChildren = chain->firstChild();
           if (newChildren) chain->doReplaceChildren(newChildren.get(), added, nullptr);

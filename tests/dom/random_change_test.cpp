@@ -199,7 +199,7 @@ class RandomMischiefTest : public RandomChangeTest {
     } catch (const DomException&) {
     } catch (const RangeException&) {
     }
-    if (!document->firstChild()) document->appendChild(document->createElement(token("r")));
+    if (!document->firstChild()) document->appendChild(document->createElement(token("r")).get());
   }
 
   const std::vector<Ref<Range>>& ranges() const { return ranges_; }

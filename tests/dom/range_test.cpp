@@ -291,7 +291,8 @@ TEST_F(RangeTest, TearDownDetachesAllRangesWithoutEvents) {
 TEST_F(RangeTest, TheListDetachesItsRangesWhenItDies) {
   const Ref<Range> range = document->createRange(true);
   Ref<RangeList> list = new RangeList(document.get());
-  list->appendChild(range.get());
+  range->parent()->doReplaceChildren(range.get(), 1, nullptr);
+  list->doReplaceChildren(nullptr, 0, range.get());
   list = nullptr;
   EXPECT_TRUE(range->isDetached());
   EXPECT_FALSE(range->isSelected());
@@ -572,8 +573,8 @@ TEST_F(RangeTest, AnInsertionMovesTheStartPointOnly) {
     load("<r><b><x></x><y></y><z></z></b></r>");
     const Ref<Range> range = this->range(node("b"), each.start, node("b"), each.end);
     const Ref<DocumentFragment> fragment = document->fragment();
-    fragment->appendChild(document->createElement(token("n")));
-    fragment->appendChild(document->createElement(token("n")));
+    fragment->appendChild(document->createElement(token("n")).get());
+    fragment->appendChild(document->createElement(token("n")).get());
     node("b")->insertBefore(fragment.get(), node("y"));
     EXPECT_EQ(range->startOffset(), each.newStart);
     EXPECT_EQ(range->endOffset(), each.newEnd);
@@ -582,19 +583,19 @@ TEST_F(RangeTest, AnInsertionMovesTheStartPointOnly) {
 
 TEST_F(RangeTest, AnInsertionMovesAStartPointThatIsElsewhere) {
   const Ref<Range> range = this->range(node("a"), 0, node("b"), 2);
-  node("b")->insertBefore(document->createElement(token("n")), node("x"));
+  node("b")->insertBefore(document->createElement(token("n")).get(), node("x"));
   EXPECT_EQ(bounds(*range), "a 1, b 2");
 }
 
 TEST_F(RangeTest, AppendingMovesNothing) {
   const Ref<Range> range = this->range(node("b"), 0, node("b"), 3);
-  node("b")->appendChild(document->createElement(token("n")));
+  node("b")->appendChild(document->createElement(token("n")).get());
   EXPECT_EQ(bounds(*range), "b 0, b 3");
 }
 
 TEST_F(RangeTest, AReplacementTakesOutAndPutsIn) {
   const Ref<Range> range = this->range(node("y"), 0, node("b"), 3);
-  node("b")->replaceChild(document->createElement(token("n")), node("y"));
+  node("b")->replaceChild(document->createElement(token("n")).get(), node("y"));
   EXPECT_EQ(bounds(*range), "b 2, b 2");  // the start rises for the end, which fell by one
 }
 

@@ -47,14 +47,14 @@ class TestElement : public Element {
 
   using Element::hasFlag;
 
-  Node* cloneNode(bool deep) const override {
-    auto* copy = new TestElement(*this);
+  Ref<Node> cloneNode(bool deep) const override {
+    Ref<Node> copy = new TestElement(*this);
     if (deep) cloneChildrenInto(*copy);
     return copy;
   }
   Token tagName() const override { return tag_; }
   bool isReadOnly() const override { return readOnly; }
-  bool canReplaceChildren(Node*, unsigned, Node*) const override { return takesChildren; }
+  bool canReplaceChildren(Node*, unsigned, NewChildren) const override { return takesChildren; }
   void onAttached() override { note("attached"); }
 
   Variant getAttribute(Token name) const override {
@@ -108,11 +108,13 @@ class TestElement : public Element {
 
 class TestDocument : public Document {
  public:
-  TestElement* createElement(Token tagName) override { return new TestElement(this, tagName); }
-
-  Ref<TestElement> element(const std::string& tag) { return createElement(token(tag)); }
+  Ref<TestElement> element(const std::string& tag) { return new TestElement(this, token(tag)); }
   Ref<Text> text(const char* data) { return createTextNode(data); }
   Ref<DocumentFragment> fragment() { return createDocumentFragment(); }
+
+ protected:
+  ~TestDocument() override = default;
+  Ref<Element> newElement(Token tagName) override { return new TestElement(this, tagName); }
 };
 
 /// An operation that does what it is told.
@@ -177,7 +179,7 @@ inline Ref<TestElement> readXml(TestDocument& document, const std::string& xml) 
     const std::string piece = xml.substr(at, end - at);
     at = end;
     if (piece[0] != '<') {
-      current->appendChild(document.createTextNode(piece.c_str()));
+      current->appendChild(document.createTextNode(piece.c_str()).get());
     } else if (piece[1] == '/') {
       current = current->parent();
     } else {

@@ -326,7 +326,8 @@ TEST(JvdAxes, ATitleIsAllItsTextsWithoutASeparator) {
   const ReadDocument plot(plot2d("<XAxisTitle/>"));
   PlotDocument& document = *plot.get();
   auto& title = first<XAxisTitle>(plot);
-  for (const char* text : {"a", "", "b c", "<"}) title.appendChild(document.createTextNode(text));
+  for (const char* text : {"a", "", "b c", "<"})
+    title.appendChild(document.createTextNode(text).get());
   const std::string text = Display(&document).text;
   EXPECT_NE(text.find("<ruler visible=\"show\" label=\"show\" name=\"ab c&lt;\" numbers="),
             std::string::npos);

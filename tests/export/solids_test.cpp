@@ -587,7 +587,7 @@ std::string emitted(std::initializer_list<const char*> texts) {
   const Ubase::Ref<Text3d> element(new Text3d(document.get()));
   element->setAttributeFromString(Word::Position, "1 2 3");
   element->setAttributeFromString(Word::TextFont, "'Times' 11");
-  for (const char* text : texts) element->appendChild(document->createTextNode(text));
+  for (const char* text : texts) element->appendChild(document->createTextNode(text).get());
   std::ostringstream stream;
   GeometryOutput out;
   out.attach(stream);

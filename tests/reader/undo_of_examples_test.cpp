@@ -35,7 +35,7 @@ class UndoOfAnExample : public AllLettersTest,
   const std::string& example() const { return std::get<std::string>(GetParam()); }
   static unsigned seed() { return std::get<unsigned>(GetParam()); }
 
-  State state() { return {static_cast<PlotElement*>(root().cloneNode(true)), resolvedValues()}; }
+  State state() { return {Ref<PlotElement>::cast(root().cloneNode(true)), resolvedValues()}; }
 
   /// A whole style that comes or goes does not reach the members which hold inherited values; so
   /// these are compared only if there were no such changes.
