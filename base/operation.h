@@ -3,7 +3,7 @@
 
 namespace Ubase {
 
-/// A change as an object.
+/// A change as an object. If one of the following throws, nothing has changed.
 class Operation {
  public:
   Operation() = default;

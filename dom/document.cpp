@@ -120,34 +120,80 @@ void Document::beginBatch() {
   }
   savedHistoryLimit_ = history_.limit();
   history_.setLimit(0);
-  for (const Subscription& subscription : observers_) {
-    if (subscription.observer) subscription.observer->beforeBatch();
+  for (auto told = observers_.begin(); told != observers_.end(); ++told) {
+    try {
+      if (told->observer) told->observer->beforeBatch();
+    } catch (...) {
+      history_.setLimit(savedHistoryLimit_);
+      tellEndOfBatch(told);
+      throw;
+    }
   }
   removeUnreferencedRanges();
   batchDepth_ = 1;
 }
 
+/// Tells the observers before `end`, all of them, and returns what the first one threw.
+std::exception_ptr Document::tellEndOfBatch(std::list<Subscription>::iterator end) {
+  std::exception_ptr error;
+  for (auto told = observers_.begin(); told != end; ++told) {
+    try {
+      if (told->observer) told->observer->afterBatch();
+    } catch (...) {
+      if (!error) error = std::current_exception();
+    }
+  }
+  return error;
+}
+
 void Document::endBatch() {
   if (batchDepth_ == 0 || --batchDepth_ > 0) return;
   history_.setLimit(savedHistoryLimit_);
-  for (const Subscription& subscription : observers_) {
-    if (subscription.observer) subscription.observer->afterBatch();
-  }
+  const std::exception_ptr error = tellEndOfBatch(observers_.end());
   removeUnreferencedRanges();
+  if (error) std::rethrow_exception(error);
 }
 
 void Document::execute(std::unique_ptr<Ubase::Operation> operation) {
   if (!operation) return;
-  beforeExecution();
-  operation->execute();
-  history_.add(std::move(operation));
-  afterExecution();
+  run([&] {
+    Recording recording(*this);
+    operation->execute();
+    recording.keep(std::move(operation));
+    removeUnreferencedRanges();
+  });
 }
 
-void Document::afterExecution() {
-  --executionDepth_;
-  removeUnreferencedRanges();
-  runPending();
+void Document::Recording::takePlace() {
+  if (hasPlace_) return;
+  hasPlace_ = true;
+  place_ = document_.changes_.size();
+  document_.changes_.emplace_back();
+}
+
+void Document::Recording::keep(std::unique_ptr<Ubase::Operation> operation) {
+  if (document_.history_.isReplaying()) return;
+  takePlace();
+  document_.changes_[place_] = std::move(operation);
+}
+
+void Document::holdBack() {
+  if (!heldBack_) heldBack_ = std::current_exception();
+}
+
+void Document::finishExecution() {
+  std::exception_ptr error = std::exchange(heldBack_, nullptr);
+  for (auto& change : std::exchange(changes_, {})) history_.add(std::move(change));
+  while (executionDepth_ == 0 && !pendingOperations_.empty()) {
+    const std::unique_ptr<Ubase::Operation> operation = std::move(pendingOperations_.front());
+    pendingOperations_.pop_front();
+    try {
+      operation->execute();
+    } catch (...) {
+      if (!error) error = std::current_exception();
+    }
+  }
+  if (error) std::rethrow_exception(error);
 }
 
 void Document::executeDeferred(std::unique_ptr<Ubase::Operation> operation) {
@@ -159,15 +205,12 @@ void Document::executeDeferred(std::unique_ptr<Ubase::Operation> operation) {
   }
 }
 
-void Document::undo() { replay(&OperationHistory::undo); }
+void Document::undo() {
+  run([this] { history_.undo(); });
+}
 
-void Document::redo() { replay(&OperationHistory::redo); }
-
-void Document::replay(void (OperationHistory::*direction)()) {
-  ++executionDepth_;
-  (history_.*direction)();
-  --executionDepth_;
-  runPending();
+void Document::redo() {
+  run([this] { history_.redo(); });
 }
 
 void Document::setUndoLimit(unsigned limit) {
@@ -175,14 +218,6 @@ void Document::setUndoLimit(unsigned limit) {
     savedHistoryLimit_ = limit;
   } else {
     history_.setLimit(limit);
-  }
-}
-
-void Document::runPending() {
-  while (executionDepth_ == 0 && !pendingOperations_.empty()) {
-    const std::unique_ptr<Ubase::Operation> operation = std::move(pendingOperations_.front());
-    pendingOperations_.pop_front();
-    operation->execute();
   }
 }
 

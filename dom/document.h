@@ -3,8 +3,11 @@
 
 #include <cstddef>
 #include <deque>
+#include <exception>
 #include <list>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "dom/document_fragment.h"
 #include "dom/element.h"
@@ -61,22 +64,26 @@ class Document : public InnerNode {
   virtual void removeObserver(IDocObserver* observer);
   virtual void removeObserver(IDocObserver* observer, Token eventType);
 
-  /// Between these two nothing is recorded or told. They nest. A batch empties the undo history.
+  /// Between these two nothing is recorded or told. They nest. A batch empties the undo history. If
+  /// an observer throws at its begin there is no batch, and those who were told of it already are
+  /// told of its end.
   virtual void beginBatch();
   virtual void endBatch();
   bool isInBatch() const { return batchDepth_ > 0; }
 
-  /// Runs the operation and records it. An exception passes through, and the document then counts
-  /// as executing from there on: later deferred operations wait for ever.
+  /// Runs the operation and records it. An operation that throws is not recorded. What an observer
+  /// throws before a change prevents it; what one throws after a change passes on when all is done
+  /// and recorded, deferred operations as well.
   void execute(std::unique_ptr<Ubase::Operation> operation);
 
   /// Makes an operation and executes it. In a batch, where nothing is recorded, it is not kept.
   template <class Operation, class... Arguments>
   void perform(const Arguments&... arguments) {
     if (isInBatch()) {
-      beforeExecution();
-      Operation(arguments...).execute();
-      afterExecution();
+      run([&] {
+        Operation(arguments...).execute();
+        removeUnreferencedRanges();
+      });
     } else {
       execute(std::make_unique<Operation>(arguments...));
     }
@@ -86,8 +93,23 @@ class Document : public InnerNode {
   /// recording it.
   virtual void executeDeferred(std::unique_ptr<Ubase::Operation> operation);
 
+  /// An operation calls this with what follows its change, such as events. The operation is
+  /// recorded behind those that made their changes before. What `report` throws is thrown when the
+  /// execution has ended.
+  template <class Report>
+  void afterChange(Report report) {
+    if (recording_) recording_->takePlace();
+    try {
+      report();
+    } catch (...) {
+      holdBack();
+    }
+  }
+
   /// Take back the last group of changes, and do it again; nothing where there is none. Observers
-  /// hear of each change. What an observer changes meanwhile is not recorded.
+  /// hear of each change. What an observer changes meanwhile is not recorded. If one throws before
+  /// a change, the group is divided there: what is undone by then can be redone, and the rest can
+  /// still be undone.
   void undo();
   void redo();
   bool canUndo() const { return history_.canUndo(); }
@@ -122,6 +144,7 @@ class Document : public InnerNode {
 
  private:
   friend class Node;
+  friend class Text;
 
   struct Subscription {
     Token eventType;         // null: all events
@@ -132,15 +155,57 @@ class Document : public InnerNode {
   void nodeMade() { ++nodeCount_; }
   void nodeGone();
 
-  void beforeExecution() { ++executionDepth_; }
-  void afterExecution();
+  class Execution {
+   public:
+    explicit Execution(Document& document) : document_(document) { ++document_.executionDepth_; }
+    Execution(const Execution&) = delete;
+    Execution& operator=(const Execution&) = delete;
+    ~Execution() { --document_.executionDepth_; }
+
+   private:
+    Document& document_;
+  };
+
+  /// The place of an operation that executes in the order of changes.
+  class Recording {
+   public:
+    explicit Recording(Document& document)
+        : document_(document), outer_(std::exchange(document.recording_, this)) {}
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+    ~Recording() { document_.recording_ = outer_; }
+
+    void takePlace();
+    void keep(std::unique_ptr<Ubase::Operation> operation);
+
+   private:
+    Document& document_;
+    Recording* outer_;
+    bool hasPlace_ = false;
+    std::size_t place_ = 0;
+  };
+
+  /// Does the work as one execution, or as part of the one under way: deferred operations wait for
+  /// its end.
+  template <class Work>
+  void run(Work work) {
+    try {
+      const Execution execution(*this);
+      work();
+    } catch (...) {
+      if (executionDepth_ > 0) throw;
+      holdBack();
+    }
+    if (executionDepth_ == 0) finishExecution();
+  }
+  void holdBack();
+  void finishExecution();
 
   /// The first selected and live range from `range` on, or null.
   static Range* selectedFrom(Range* range);
 
   void endSubscription(Subscription& subscription);
-  void replay(void (OperationHistory::*direction)());
-  void runPending();
+  std::exception_ptr tellEndOfBatch(std::list<Subscription>::iterator end);
   void removeUnreferencedRanges();
 
   OperationHistory history_;
@@ -148,6 +213,9 @@ class Document : public InnerNode {
   std::list<Subscription> observers_;
   std::deque<std::unique_ptr<Ubase::Operation>> pendingOperations_;
   Ref<RangeList> ranges_;
+  std::vector<std::unique_ptr<Ubase::Operation>> changes_;  // of the execution, in their order
+  Recording* recording_ = nullptr;                          // the innermost
+  std::exception_ptr heldBack_;
   std::size_t nodeCount_ = 0;
   unsigned batchDepth_ = 0;
   unsigned savedHistoryLimit_ = 0;

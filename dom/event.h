@@ -147,8 +147,10 @@ class IDocObserver {
   /// A batch begins or has ended: until then nothing is recorded or told.
   virtual void beforeBatch() = 0;
   virtual void afterBatch() = 0;
-  /// An observer may subscribe, unsubscribe and read here; changes of the tree it defers by
-  /// Document::executeDeferred(). What it throws passes through the mutator.
+  /// An observer may subscribe, unsubscribe and read here. Changes of the tree are best deferred by
+  /// Document::executeDeferred(); one that is made here comes in the midst of the change that is
+  /// told of, which then does what is left to do. What an observer throws passes through the
+  /// mutator, see Document::execute().
   virtual void handleEvent(const DomEvent& event) = 0;
 };
 

@@ -73,9 +73,9 @@ void InnerNode::destroyChildren() {
   }
 }
 
-Ref<Node> InnerNode::takeChain() {
+void InnerNode::dropChain() {
   setParents(firstChild(), nullptr);
-  return cut(firstChild_);
+  cut(firstChild_);
 }
 
 void InnerNode::giveBackChain(Ref<Node> chain) {

@@ -30,7 +30,7 @@ class InnerNode : public Node {
   friend class Node;
 
   // Empty a fragment whose children go elsewhere, and undo that. The last child keeps its value.
-  Ref<Node> takeChain();
+  void dropChain();
   void giveBackChain(Ref<Node> chain);
 
   Ref<Node> firstChild_;

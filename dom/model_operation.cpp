@@ -29,30 +29,71 @@ unsigned countUpTo(unsigned count, const Node* first) {
 
 ModelOperation::ModelOperation(Node* node) : document_(node->ownerDocument()), node_(node) {}
 
+NodeRun::NodeRun(Node* first, unsigned count) : first_(count > 0 ? first : nullptr) {
+  for (Node* node = first; node && count > 1; --count) {
+    node = node->nextSibling();
+    if (node) others_.emplace_back(node);
+  }
+}
+
+bool NodeRun::isJoined() const {
+  const Node* before = nullptr;
+  for (unsigned i = 0; i < size(); ++i) {
+    const Node& node = (*this)[i];
+    if (node.previousSibling() != before) return false;
+    before = &node;
+  }
+  return !before || !before->nextSibling();
+}
+
+void NodeRun::join() const {
+  if (isJoined()) return;
+  for (unsigned i = 0; i < size(); ++i) cutOff((*this)[i]);
+  for (unsigned i = 1; i < size(); ++i) {
+    Node& before = (*this)[i - 1];
+    Node::link(before.nextSibling_, &before, &(*this)[i]);
+  }
+}
+
+void NodeRun::cutOff(Node& node) {
+  if (node.previousSibling()) Node::cut(node.previousSibling()->nextSibling_);
+  Node::cut(node.nextSibling_);
+}
+
 ReplaceChildrenOperation::ReplaceChildrenOperation(Node* node, Node* first, unsigned count,
-                                                   Node* newChildren)
+                                                   NewChildren newChildren)
     : ModelOperation(node),
       first_(first),
       count_(countUpTo(count, first)),
-      newChildren_(newChildren) {}
+      coming_(newChildren.first(), newChildren.count()) {}
 
 void ReplaceChildrenOperation::execute() {
-  allowForUnrecordedChanges();
-  document().notify(BeforeReplaceChildrenEvent(node(), first_.get(), newChildren_.get(), count_));
-  const unsigned newCount = countSiblingsFrom(newChildren_.get());
-  Ref<Node> removed = count_ != 0 ? first_ : nullptr;
-  Ref<Node> anchor = newChildren_ ? newChildren_ : nodeBehindRun();
-
-  node()->doReplaceChildren(first_.get(), count_, newChildren_.get());
-  Node* attached = newChildren_.get();
-  for (unsigned i = 0; i < newCount; ++i, attached = attached->nextSibling()) {
-    attached->attachedToDocument();
+  Places origins = gatherWhatComes();
+  NodeRun going;
+  Ref<Node> behind;
+  try {
+    document().notify(BeforeReplaceChildrenEvent(node(), first_.get(), coming_.first(), count_));
+    gatherWhatComes();  // an observer may have changed the tree
+    going = NodeRun(first_.get(), count_);
+    behind = nodeBehindRun();
+    node()->doReplaceChildren(first_.get(), count_, coming_.first());
+  } catch (...) {
+    putBack(coming_, origins);
+    throw;
   }
+  putBack(going, placesOfRun_);
 
-  first_ = std::move(anchor);
-  count_ = newCount;
-  newChildren_ = std::move(removed);
-  document().notify(AfterReplaceChildrenEvent(node()));
+  const NodeRun arrived = std::exchange(coming_, std::move(going));
+  first_ = arrived.first() ? arrived.first() : std::move(behind);
+  count_ = arrived.size();
+  placesOfRun_ = std::move(origins);
+  for (Place& place : placesOfRun_) {
+    if (place.parent == &document()) place.parent = nullptr;  // its record must not hold it
+  }
+  document().afterChange([&] {
+    for (unsigned i = 0; i < arrived.size(); ++i) arrived[i].attachedToDocument();
+    document().notify(AfterReplaceChildrenEvent(node()));
+  });
 }
 
 Node* ReplaceChildrenOperation::nodeBehindRun() const {
@@ -61,17 +102,55 @@ Node* ReplaceChildrenOperation::nodeBehindRun() const {
   return behind;
 }
 
-/// Changes of detached trees are not recorded, nor are deferred operations. Between an execution
-/// and its undo they may have put elsewhere what shall come in now or what shall go, or even put
-/// the node itself below what shall come in. What can be done still is done.
-void ReplaceChildrenOperation::allowForUnrecordedChanges() {
-  if (newChildren_ && newChildren_->parent()) {
-    newChildren_->parent()->doReplaceChildren(newChildren_.get(), 1, nullptr);
-  }
-  if (chainHoldsAncestorOf(newChildren_.get(), *node())) newChildren_ = nullptr;
+/// Makes a row of what comes in, wherever it is, and returns where it was. Deferred operations,
+/// observers and changes outside of the document are not recorded: they may have put elsewhere what
+/// shall go, or even put the node itself below what shall come. What can be done still is done.
+ReplaceChildrenOperation::Places ReplaceChildrenOperation::gatherWhatComes() {
+  Places places = gather(coming_);
+  bool isCycle = false;
+  for (unsigned i = 0; i < coming_.size(); ++i) isCycle |= isOrHolds(coming_[i], *node());
+  if (isCycle) coming_ = NodeRun();
   if (first_ && first_->parent() != node()) {
     first_ = nullptr;
     count_ = 0;
+  }
+  return places;
+}
+
+ReplaceChildrenOperation::Places ReplaceChildrenOperation::gather(const NodeRun& nodes) {
+  Places places;
+  for (unsigned i = 0; i < nodes.size(); ++i) {
+    InnerNode* parent = nodes[i].parent();
+    if (!parent) continue;
+    places.resize(nodes.size());
+    // One that nobody refers to yet would die with this reference.
+    if (parent->refCount() > 0) places[i] = {&nodes[i], parent, nodes[i].nextSibling()};
+    replaceUnrecorded(*parent, &nodes[i], 1, nullptr);
+  }
+  nodes.join();
+  return places;
+}
+
+/// Puts nodes back that were gathered, the last one first, as far as they and their places are
+/// free.
+void ReplaceChildrenOperation::putBack(const NodeRun& nodes, const Places& places) {
+  if (places.empty()) return;
+  for (unsigned i = nodes.size(); i-- > 0;) {
+    const auto& [node, parent, next] = places[i];
+    if (node != &nodes[i] || !parent || node->parent() || isOrHolds(nodes[i], *parent)) continue;
+    NodeRun::cutOff(nodes[i]);
+    const bool hasNext = next && next->parent() == parent.get();
+    replaceUnrecorded(*parent, hasNext ? next.get() : nullptr, 0, &nodes[i]);
+  }
+}
+
+/// A change of whatever tree. Only within the document is there somebody to be told.
+void ReplaceChildrenOperation::replaceUnrecorded(Node& parent, Node* first, unsigned count,
+                                                 Node* newChild) {
+  if (parent.isInDocument()) {
+    ReplaceChildrenOperation(&parent, first, count, newChild).execute();
+  } else {
+    parent.doReplaceChildren(first, count, newChild);
   }
 }
 
@@ -86,7 +165,7 @@ void ReplaceTextOperation::execute() {
   std::optional<std::string> old = target.substringData(offset_, count_);
   target.doReplaceText(offset_, count_, text);
   text_ = std::move(old).value_or(std::string());
-  document().notify(AfterReplaceTextEvent(&target));
+  document().afterChange([&] { document().notify(AfterReplaceTextEvent(&target)); });
 }
 
 AttributeOperation::AttributeOperation(Element* node, Token name)
@@ -99,9 +178,11 @@ void AttributeOperation::announceSet(const Variant& value) {
 }
 
 void AttributeOperation::reportSet() {
-  Element& origin = element();
-  tellDown(origin, [&](Element& e) { return e.afterSetAttribute(origin, name_); });
-  document().notify(AfterSetAttributeEvent(&origin, name_));
+  document().afterChange([this] {
+    Element& origin = element();
+    tellDown(origin, [&](Element& e) { return e.afterSetAttribute(origin, name_); });
+    document().notify(AfterSetAttributeEvent(&origin, name_));
+  });
 }
 
 void AttributeOperation::removeAndTell() {
@@ -109,8 +190,10 @@ void AttributeOperation::removeAndTell() {
   tellDown(origin, [&](Element& e) { return e.beforeRemoveAttribute(origin, name_); });
   document().notify(BeforeRemoveAttributeEvent(&origin, name_));
   origin.doRemoveAttribute(name_);
-  tellDown(origin, [&](Element& e) { return e.afterRemoveAttribute(origin, name_); });
-  document().notify(AfterRemoveAttributeEvent(&origin, name_));
+  document().afterChange([&] {
+    tellDown(origin, [&](Element& e) { return e.afterRemoveAttribute(origin, name_); });
+    document().notify(AfterRemoveAttributeEvent(&origin, name_));
+  });
 }
 
 SetAttributeOperation::SetAttributeOperation(Element* node, Token name, const Variant& value)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/operation.h"
 #include "base/variant.h"
@@ -23,21 +24,58 @@ class ModelOperation : public Ubase::Operation {
   Ref<Node> node_;
 };
 
-/// Replaces `count` children of `node` from `first` on by the chain `newChildren`. When done it has
-/// become its own inverse, so undo is the same call.
+/// Nodes in a row. It keeps each of them, so that none is lost when they part.
+class NodeRun {
+ public:
+  NodeRun() = default;
+  /// Up to `count` siblings from `first` on.
+  NodeRun(Node* first, unsigned count);
+
+  Node* first() const { return first_.get(); }
+  unsigned size() const { return first_ ? 1 + static_cast<unsigned>(others_.size()) : 0; }
+  Node& operator[](unsigned i) const { return i == 0 ? *first_ : *others_[i - 1]; }
+
+  /// Makes siblings without a parent of the nodes, in their order and with no other among them.
+  void join() const;
+  /// Cuts a node without a parent off from what siblings it has.
+  static void cutOff(Node& node);
+
+ private:
+  bool isJoined() const;
+
+  Ref<Node> first_;
+  std::vector<Ref<Node>> others_;  // a single node, as most are, needs none
+};
+
+/// Replaces `count` children of `node` from `first` on by the new children. When done it has become
+/// its own inverse, so undo is the same call.
+///
+/// Changes outside of the document are not recorded. So what comes in may be in a tree by then: it
+/// is taken out of there, and goes back to that place when the operation turns the other way.
 class ReplaceChildrenOperation final : public ModelOperation {
  public:
-  ReplaceChildrenOperation(Node* node, Node* first, unsigned count, Node* newChildren);
+  ReplaceChildrenOperation(Node* node, Node* first, unsigned count, NewChildren newChildren);
   void execute() override;
   void undo() override { execute(); }
 
  private:
+  struct Place {
+    const Node* node = nullptr;
+    Ref<Node> parent;  // null: in no tree
+    Ref<Node> next;
+  };
+  using Places = std::vector<Place>;  // empty if none of the nodes was in a tree
+
+  static Places gather(const NodeRun& nodes);
+  static void putBack(const NodeRun& nodes, const Places& places);
+  static void replaceUnrecorded(Node& parent, Node* first, unsigned count, Node* newChild);
+  Places gatherWhatComes();
   Node* nodeBehindRun() const;
-  void allowForUnrecordedChanges();
 
   Ref<Node> first_;
   unsigned count_;
-  Ref<Node> newChildren_;
+  NodeRun coming_;
+  Places placesOfRun_;  // where those that go came from
 };
 
 /// Replaces `count` bytes from `offset` on by `text`. Undo is the same call with the old text; it

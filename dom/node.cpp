@@ -23,11 +23,11 @@ bool isNothing(const Node* first, unsigned count, const Node* newChildren) {
   return !newChildren && (!first || count == 0);
 }
 
-const Node* topOf(const Node& node) {
-  if (node.isInDocument()) return node.ownerDocument();
-  const Node* top = &node;
-  while (top->parent()) top = top->parent();
-  return top;
+/// The node that follows in document order within the subtree of `top`, or null.
+const Node* nextBelow(const Node& top, const Node* node) {
+  if (node->firstChild()) return node->firstChild();
+  while (node != &top && !node->nextSibling()) node = node->parent();
+  return node == &top ? nullptr : node->nextSibling();
 }
 
 /// A reference to `node`, unless nobody refers to it yet: the end of this one would destroy it.
@@ -57,79 +57,80 @@ bool Node::canReplaceText(unsigned, unsigned, const char*) const { return false;
 void Node::replaceChildren(Node* first, unsigned count, Node* newChildren) {
   if (isNothing(first, count, newChildren)) return;
   checkReplaceChildren(first, count, newChildren);
+  if (newChildren && newChildren->parent()) throw DomException(DomException::HierarchyRequest);
   performReplaceChildren(first, count, newChildren);
 }
 
 void Node::checkReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const {
-  if (first && first->parent() != this) throw DomException(DomException::NotFound);
+  const bool goesBeforeItself = first && newChildren.isSingle() && newChildren.first() == first;
+  if (goesBeforeItself || (first && first->parent() != this)) {
+    throw DomException(DomException::NotFound);
+  }
   if (newChildren && newChildren.first()->ownerDocument() != ownerDocument()) {
     throw DomException(DomException::WrongDocument);
   }
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
-  if (newChildren && newChildren.first()->parent()) {
-    throw DomException(DomException::HierarchyRequest);
-  }
   for (const Node& child : newChildren) {
-    if (!isTypeOfChild(child.nodeType())) throw DomException(DomException::HierarchyRequest);
+    if (!isTypeOfChild(child.nodeType()) || isOrHolds(child, *this)) {
+      throw DomException(DomException::HierarchyRequest);
+    }
   }
-  if (chainHoldsAncestorOf(newChildren.first(), *this) ||
-      !canReplaceChildren(first, count, newChildren)) {
+  if (!canReplaceChildren(first, count, newChildren)) {
     throw DomException(DomException::HierarchyRequest);
   }
 }
 
-void Node::performReplaceChildren(Node* first, unsigned count, Node* newChildren) {
+void Node::performReplaceChildren(Node* first, unsigned count, NewChildren newChildren) {
   if (isInDocument()) {
     ownerDocument()->perform<ReplaceChildrenOperation>(this, first, count, newChildren);
-  } else {
-    doReplaceChildren(first, count, newChildren);
+    return;
   }
+  const Ref<Node> kept = newChildren.first();
+  if (newChildren.isSingle()) kept->parent()->doReplaceChildren(kept.get(), 1, nullptr);
+  doReplaceChildren(first, count, kept.get());
 }
 
 Node* Node::putIn(Node* first, unsigned count, Node* newChild) {
   DocumentFragment* fragment = newChild ? newChild->asDocumentFragment() : nullptr;
   if (fragment) return putChildrenIn(first, count, *fragment);
-  if (newChild && newChild->parent()) return moveIn(first, count, newChild);
-  replaceChildren(first, count, newChild);
+  if (newChild && newChild->parent()) {
+    moveIn(first, count, *newChild);
+  } else {
+    replaceChildren(first, count, newChild);
+  }
   return newChild;
 }
 
 Node* Node::putChildrenIn(Node* first, unsigned count, DocumentFragment& fragment) {
-  const Ref<Node> chain = fragment.takeChain();
+  const Ref<Node> chain = fragment.firstChild();
   if (isNothing(first, count, chain.get())) return nullptr;
+  if (&fragment == this) throw DomException(DomException::HierarchyRequest);
+  checkReplaceChildren(first, count, chain.get());
+  fragment.dropChain();
   try {
-    checkReplaceChildren(first, count, chain.get());
+    performReplaceChildren(first, count, chain.get());
   } catch (...) {
-    fragment.giveBackChain(chain);
+    if (!chain->parent()) fragment.giveBackChain(chain);
     throw;
   }
-  performReplaceChildren(first, count, chain.get());
   return chain.get();
 }
 
-/// Taking the node out comes before the checks, as the rules for children may depend on it.
-Node* Node::moveIn(Node* first, unsigned count, Node* newChild) {
-  // Taking it out may run operations that observers deferred. Nothing here may die of them.
-  InnerNode* formerParent = newChild->parent();
-  Node* formerNext = newChild->nextSibling();
-  const Ref<Node> kept[] = {keep(this), keep(first), keep(formerParent), keep(formerNext)};
-  const Ref<Node> moved = formerParent->removeChild(newChild);
-  try {
-    checkReplaceChildren(first, count, newChild);
-  } catch (...) {
-    formerParent->putBack(newChild, formerNext);
-    throw;
-  }
-  performReplaceChildren(first, count, newChild);
-  return newChild;
-}
+void Node::moveIn(Node* first, unsigned count, Node& newChild) {
+  InnerNode& formerParent = *newChild.parent();
+  const NewChildren moved = NewChildren::only(newChild);
+  formerParent.checkReplaceChildren(&newChild, 1, nullptr);
+  checkReplaceChildren(first, count, moved);
+  if (!formerParent.isInDocument()) return performReplaceChildren(first, count, moved);
 
-/// Undoes that `child` was taken out from before `formerNext`, unless deferred operations have
-/// given it another place or put this node below it.
-void Node::putBack(Node* child, Node* formerNext) {
-  if (child->parent() || chainHoldsAncestorOf(child, *this)) return;
-  const bool hasNext = formerNext && formerNext->parent() == this;
-  performReplaceChildren(hasNext ? formerNext : nullptr, 0, child);
+  // Observers are told in between. Nothing here may die of what they do.
+  const Ref<Node> kept[] = {keep(this), keep(first), &newChild};
+  ownerDocument()->run([&] {
+    formerParent.performReplaceChildren(&newChild, 1, nullptr);
+    const NewChildren arriving = newChild.parent() ? moved : NewChildren(&newChild);
+    checkReplaceChildren(first, count, arriving);
+    performReplaceChildren(first, count, arriving);
+  });
 }
 
 Node* Node::appendChild(Node* newChild) { return putIn(nullptr, 0, newChild); }
@@ -242,13 +243,15 @@ unsigned countSiblingsFrom(const Node* node) {
   return count;
 }
 
-bool chainHoldsAncestorOf(const Node* chain, const Node& node) {
-  const Node* top = nullptr;
-  for (; chain; chain = chain->nextSibling()) {
-    const bool isBareLeaf = chain != &node && !chain->firstChild();
-    if (isBareLeaf) continue;
-    if (!top) top = topOf(node);
-    if (chain == top) return true;
+bool isOrHolds(const Node& top, const Node& node) {
+  if (&top == &node) return true;
+  if (top.isInDocument() != node.isInDocument()) return false;
+  const Node* below = nextBelow(top, &top);
+  const Node* above = node.parent();
+  while (below && above) {
+    if (below == &node || above == &top) return true;
+    below = nextBelow(top, below);
+    above = above->parent();
   }
   return false;
 }

@@ -108,9 +108,9 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
   /// The following put a node in, after taking it out of the place that it had before; a fragment
   /// stands for its children, and is empty and used up afterwards. A null `newChild` puts nothing
-  /// in. They raise what replaceChildren() raises, and then the node is where it was: one that had
-  /// a place in the document was taken out and put back, so observers have heard of both and what
-  /// could be redone is lost. The first two return the first node put in.
+  /// in. They raise what removeChild() of the former parent raises, and replaceChildren() of this
+  /// one, before anything has changed. A move within the document is two changes; deferred
+  /// operations wait for both. The first two return the first node put in.
   Node* appendChild(Node* newChild);
   /// A null `refChild` means append.
   Node* insertBefore(Node* newChild, Node* refChild);
@@ -149,20 +149,19 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
  private:
   friend class Document;
   friend class InnerNode;
+  friend class NodeRun;
   friend class Text;
   friend Node* commonAncestor(Node* a, Node* b);
 
   enum Flag : unsigned { AncestorMark = 0, InDocument = 15 };
 
   void checkReplaceChildren(Node* first, unsigned count, NewChildren newChildren) const;
-  void performReplaceChildren(Node* first, unsigned count, Node* newChildren);
+  void performReplaceChildren(Node* first, unsigned count, NewChildren newChildren);
 
-  // Put in a node that may be in a tree, one that is, and the children of a fragment. A refusal
-  // leaves each where it was.
+  // Put in a node that may be in a tree, one that is, and the children of a fragment.
   Node* putIn(Node* first, unsigned count, Node* newChild);
-  Node* moveIn(Node* first, unsigned count, Node* newChild);
+  void moveIn(Node* first, unsigned count, Node& newChild);
   Node* putChildrenIn(Node* first, unsigned count, DocumentFragment& fragment);
-  void putBack(Node* child, Node* formerNext);
 
   // All links between siblings are made and cut, and all parents set, by these three. A slot is the
   // place that owns a chain: the `nextSibling_` of the node before it or its parent's first child.
@@ -192,6 +191,7 @@ class NewChildren {
   static NewChildren only(Node& node) { return {&node, true}; }
 
   Node* first() const { return first_; }
+  bool isSingle() const { return isSingle_; }
   explicit operator bool() const { return first_ != nullptr; }
   unsigned count() const;
   /// Whether this is a child of `parent` that is to get another place there.
@@ -224,7 +224,8 @@ unsigned countSiblingsFrom(const Node* node);
 /// The innermost node that holds both, where each node holds itself; null for separate trees.
 Node* commonAncestor(Node* a, Node* b);
 
-/// Whether a node of `chain`, which is in no tree, is `node` or one of its ancestors.
-bool chainHoldsAncestorOf(const Node* chain, const Node& node);
+/// Whether `node` is `top` or below it. Costs no more than the smaller of two numbers: of the nodes
+/// below `top`, and of the ancestors of `node`.
+bool isOrHolds(const Node& top, const Node& node);
 
 }  // namespace Arbor

@@ -1,5 +1,6 @@
 #include "dom/operation_history.h"
 
+#include <iterator>
 #include <utility>
 
 namespace Arbor {
@@ -22,28 +23,43 @@ class OperationHistory::Replay {
 
 void OperationHistory::add(std::unique_ptr<Ubase::Operation> operation) {
   if (!operation || limit_ == 0 || replaying_) return;
-  if (canRedo()) dropRedoable();
+  if (canRedo()) {
+    groups_.resize(position_);
+    startNewGroup_ = true;
+  }
   if (startNewGroup_) {
-    groupStarts_.push_back(operations_.size());
+    groups_.emplace_back();
     ++position_;
     startNewGroup_ = false;
-    if (groupStarts_.size() > limit_) dropOldestGroup();
   }
-  operations_.push_back(std::move(operation));
+  groups_.back().push_back(std::move(operation));
+  for (; groups_.size() > limit_; --position_) groups_.pop_front();
 }
 
 void OperationHistory::undo() {
   if (!canUndo() || replaying_) return;
   const Replay replay(*this);
   const std::size_t group = --position_;
-  for (std::size_t i = groupEnd(group); i > groupStarts_[group]; --i) operations_[i - 1]->undo();
+  std::size_t done = groups_[group].size();
+  try {
+    for (; done > 0; --done) groups_[group][done - 1]->undo();
+  } catch (...) {
+    divide(group, done);
+    throw;
+  }
 }
 
 void OperationHistory::redo() {
   if (!canRedo() || replaying_) return;
   const Replay replay(*this);
-  const std::size_t end = groupEnd(position_);
-  for (std::size_t i = groupStarts_[position_]; i < end; ++i) operations_[i]->redo();
+  const std::size_t group = position_;
+  std::size_t done = 0;
+  try {
+    for (; done < groups_[group].size(); ++done) groups_[group][done]->redo();
+  } catch (...) {
+    divide(group, done);
+    throw;
+  }
   ++position_;
 }
 
@@ -55,28 +71,22 @@ void OperationHistory::setLimit(unsigned limit) {
 void OperationHistory::clear() {
   clearAfterReplay_ = replaying_;
   if (replaying_) return;
-  operations_.clear();
-  groupStarts_.clear();
+  groups_.clear();
   position_ = 0;
   startNewGroup_ = true;
 }
 
-std::size_t OperationHistory::groupEnd(std::size_t group) const {
-  return group + 1 < groupStarts_.size() ? groupStarts_[group + 1] : operations_.size();
-}
-
-void OperationHistory::dropRedoable() {
-  operations_.resize(groupStarts_[position_]);
-  groupStarts_.resize(position_);
-  startNewGroup_ = true;
-}
-
-void OperationHistory::dropOldestGroup() {
-  const std::size_t count = groupEnd(0);
-  operations_.erase(operations_.begin(), operations_.begin() + static_cast<std::ptrdiff_t>(count));
-  groupStarts_.pop_front();
-  for (std::size_t& start : groupStarts_) start -= count;
-  --position_;
+/// Only the first `done` operations of the group are done. They and the others part.
+void OperationHistory::divide(std::size_t group, std::size_t done) {
+  position_ = group;
+  if (done == 0) return;
+  Group& whole = groups_[group];
+  const auto firstUndone = whole.begin() + static_cast<std::ptrdiff_t>(done);
+  Group undone(std::make_move_iterator(firstUndone), std::make_move_iterator(whole.end()));
+  whole.erase(firstUndone, whole.end());
+  ++position_;
+  if (undone.empty()) return;
+  groups_.insert(groups_.begin() + static_cast<std::ptrdiff_t>(position_), std::move(undone));
 }
 
 }  // namespace Arbor

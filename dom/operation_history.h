@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <memory>
+#include <vector>
 
 #include "base/operation.h"
 
@@ -21,11 +22,14 @@ class OperationHistory {
 
   /// Undo the last group that is done, its last operation first, and do the first one that is
   /// undone again. Nothing happens without such a group, nor while one of the two is under way. An
-  /// exception of an operation passes through, and the rest of the group is left as it is.
+  /// exception of an operation passes through; what is done and what is undone by then are a group
+  /// each.
   void undo();
   void redo();
   bool canUndo() const { return position_ > 0; }
-  bool canRedo() const { return position_ < groupStarts_.size(); }
+  bool canRedo() const { return position_ < groups_.size(); }
+  /// Whether undo() or redo() is under way.
+  bool isReplaying() const { return replaying_; }
 
   /// The largest number of groups kept; with 0 nothing is recorded. Empties the history.
   void setLimit(unsigned limit);
@@ -37,14 +41,12 @@ class OperationHistory {
   void startGroup() { startNewGroup_ = true; }
 
  private:
+  using Group = std::vector<std::unique_ptr<Ubase::Operation>>;
   class Replay;
 
-  std::size_t groupEnd(std::size_t group) const;
-  void dropRedoable();
-  void dropOldestGroup();
+  void divide(std::size_t group, std::size_t done);
 
-  std::deque<std::unique_ptr<Ubase::Operation>> operations_;
-  std::deque<std::size_t> groupStarts_;
+  std::deque<Group> groups_;
   std::size_t position_ = 0;  // number of groups that are done
   unsigned limit_ = 100;
   bool startNewGroup_ = true;

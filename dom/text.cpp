@@ -57,7 +57,13 @@ Ref<Text> Text::splitText(unsigned offset) {
   const unsigned tailLength = length() - offset;
   if (parent()) checkReplaceData(offset, tailLength, nullptr);  // before the tail is put in
   Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
-  if (parent()) {
+  if (isInDocument()) {
+    const Ref<Text> self = this;  // an observer may take it out
+    ownerDocument()->run([&] {
+      parent()->insertBefore(tail.get(), nextSibling());
+      deleteData(offset, tailLength);
+    });
+  } else if (parent()) {
     parent()->insertBefore(tail.get(), nextSibling());
     deleteData(offset, tailLength);
   } else {

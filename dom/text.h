@@ -38,7 +38,8 @@ class Text : public AtomicNode {
   void appendData(const char* text) { replaceData(length(), 0, text); }
   void deleteData(unsigned offset, unsigned count) { replaceData(offset, count, nullptr); }
 
-  /// Moves the text from `offset` on into a new node behind this one, and returns that. Throws
+  /// Moves the text from `offset` on into a new node behind this one, and returns that. In the
+  /// document these are two changes, and deferred operations wait for both. Throws
   /// DomException IndexSize or NoModificationAllowed; with a parent also what its insertBefore()
   /// raises, and HierarchyRequest if canReplaceText() refuses to have the text cut.
   Ref<Text> splitText(unsigned offset);

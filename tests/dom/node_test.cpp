@@ -270,21 +270,81 @@ TEST_F(NodeTest, ARefusedMoveLeavesTheNodeWhereItWas) {
   checkLinks(*detached);
 }
 
-TEST_F(NodeTest, ARefusedMoveIsTwoChanges) {
-  load("<r><a><x></x><y></y></a><b></b></r>");
+TEST_F(NodeTest, ARefusedMoveLeavesNothingBehind) {
+  TestElement* root = load("<r><a><x></x><y></y></a><b></b><c></c></r>");
+  const Ref<TestDocument> otherDocument = new TestDocument;
+  const Ref<TestElement> foreign = otherDocument->element("f");
+  const Ref<TestElement> detached = document->element("d");
+  otherDocument->appendChild(foreign.get());
+  const Ref<DocumentFragment> fragment = document->fragment();
+  fragment->appendChild(document->element("n").get());
   element("b")->takesChildren = false;
-  element("r")->setAttribute(token("z"), LongVariant(1));
+  detached->takesChildren = false;
+  element("c")->readOnly = true;
+  root->setAttribute(token("z"), LongVariant(1));
   document->undo();
+
   Recorder recorder;
   document->addObserver(&recorder);
+  otherDocument->addObserver(&recorder);
+  const Ref<Range> range = document->createRange(true);
+  range->setEnd(node("y"), 0);
+  range->setStart(node("x"), 0);
+  recorder.log.clear();
   EXPECT_DOM_ERROR(3, node("b")->appendChild(node("x")));
-  EXPECT_EQ(recorder.log, (Log{"BeforeReplaceChildren a", "AfterReplaceChildren a",
-                               "BeforeReplaceChildren a", "AfterReplaceChildren a"}));
-  EXPECT_FALSE(document->canRedo());
-  document->undo();
-  EXPECT_EQ(xml(), "<r><a><x></x><y></y></a><b></b></r>");
+  EXPECT_DOM_ERROR(3, detached->appendChild(node("x")));
+  EXPECT_DOM_ERROR(3, node("b")->appendChild(fragment.get()));
+  EXPECT_DOM_ERROR(7, node("c")->appendChild(node("x")));
+  EXPECT_DOM_ERROR(4, foreign->appendChild(node("x")));
+  EXPECT_DOM_ERROR(8, node("a")->insertBefore(node("x"), node("x")));
+  EXPECT_DOM_ERROR(8, node("a")->insertBefore(node("x"), node("b")));
+  EXPECT_DOM_ERROR(8, node("a")->replaceChild(node("x"), node("b")));
+  EXPECT_DOM_ERROR(3, node("x")->appendChild(node("a")));
+  element("a")->takesChildren = false;
+  EXPECT_DOM_ERROR(3, root->appendChild(node("x")));
+
+  EXPECT_EQ(recorder.log, Log());
+  EXPECT_EQ(xml(), "<r><a><x></x><y></y></a><b></b><c></c></r>");
+  EXPECT_EQ(range->startContainer(), node("x"));
+  EXPECT_EQ(range->endContainer(), node("y"));
+  EXPECT_TRUE(range->isSelected());
   EXPECT_FALSE(document->canUndo());
+  EXPECT_TRUE(document->canRedo());
   document->removeObserver(&recorder);
+  otherDocument->removeObserver(&recorder);
+}
+
+TEST_F(NodeTest, AParentIsAskedAboutASingleNodeThatIsStillInItsPlace) {
+  class AskedElement : public TestElement {
+   public:
+    using TestElement::TestElement;
+    bool canReplaceChildren(Node*, unsigned, NewChildren newChildren) const override {
+      for (const Node& child : newChildren) asked.push_back(child.nodeName().str());
+      isMovedWithin = newChildren.isMovedWithin(*this);
+      return true;
+    }
+    mutable Log asked;
+    mutable bool isMovedWithin = false;
+  };
+  TestElement* root = load("<r><a></a><b></b><c></c></r>");
+  const Ref<AskedElement> parent = new AskedElement(document.get(), token("p"));
+  root->appendChild(parent.get());
+  parent->appendChild(node("a"));
+  EXPECT_EQ(parent->asked, (Log{"a", "a"})) << "before and after it has left its former place";
+  EXPECT_FALSE(parent->isMovedWithin);
+
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (const char* name : {"m", "n"}) fragment->appendChild(document->element(name).get());
+  parent->asked.clear();
+  parent->appendChild(fragment.get());
+  EXPECT_EQ(parent->asked, (Log{"m", "n"}));
+
+  const Ref<AskedElement> detached = new AskedElement(document.get(), token("d"));
+  for (const char* name : {"m", "n"}) detached->appendChild(document->element(name).get());
+  detached->asked.clear();
+  detached->appendChild(detached->firstChild());
+  EXPECT_EQ(detached->asked, (Log{"m"})) << "and nothing about the removal";
+  EXPECT_TRUE(detached->isMovedWithin);
 }
 
 TEST_F(NodeTest, ANodeCannotStandBeforeOrReplaceItself) {
@@ -369,6 +429,17 @@ TEST_F(FragmentTest, ARefusedOneKeepsItsChildren) {
   root->takesChildren = false;
   const Ref<DocumentFragment> fragment = filled("<a></a><b></b>");
   EXPECT_DOM_ERROR(3, root->appendChild(fragment.get()));
+  EXPECT_EQ(fragment->length(), 2U);
+  checkLinks(*fragment);
+}
+
+TEST_F(FragmentTest, IsNotPutIntoItself) {
+  const Ref<DocumentFragment> fragment = filled("<a></a><b><c></c></b>");
+  Node* b = fragment->lastChild();
+  EXPECT_DOM_ERROR(3, fragment->appendChild(fragment.get()));
+  EXPECT_DOM_ERROR(3, fragment->insertBefore(fragment.get(), b));
+  EXPECT_DOM_ERROR(3, fragment->replaceChild(fragment.get(), b));
+  EXPECT_DOM_ERROR(3, b->firstChild()->appendChild(fragment.get()));
   EXPECT_EQ(fragment->length(), 2U);
   checkLinks(*fragment);
 }

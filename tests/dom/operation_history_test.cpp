@@ -202,12 +202,40 @@ TEST_F(OperationHistoryTest, AfterAnExceptionTheHistoryRecordsAgain) {
   thrower->onUndo = [] { throw 1; };
   history.add(std::move(thrower));
   EXPECT_THROW(history.undo(), int);
-  EXPECT_TRUE(history.canRedo());
+  EXPECT_TRUE(history.canUndo()) << "it is not undone";
+  EXPECT_FALSE(history.canRedo());
   takeLog();
   add("a");
-  EXPECT_EQ(takeLog(), "~t");
+  EXPECT_EQ(takeLog(), "");
   history.undo();
   EXPECT_EQ(takeLog(), "-a");
+}
+
+TEST_F(OperationHistoryTest, AnExceptionDividesTheGroup) {
+  bool throws = true;
+  auto thrower = std::make_unique<NotingOperation>(log, 't');
+  thrower->onUndo = [&] {
+    if (throws) throw 1;
+  };
+  add("z a");
+  history.add(std::move(thrower));
+  add("bc");
+  EXPECT_THROW(history.undo(), int);
+  EXPECT_EQ(takeLog(), "-c-b-t");
+  history.redo();
+  EXPECT_EQ(takeLog(), "+b+c");
+  EXPECT_FALSE(history.canRedo());
+  history.undo();
+  EXPECT_EQ(takeLog(), "-c-b");
+  throws = false;
+  history.undo();
+  EXPECT_EQ(takeLog(), "-t-a");
+  history.undo();
+  EXPECT_EQ(takeLog(), "-z");
+  for (const char* group : {"+z", "+a+t", "+b+c", ""}) {
+    history.redo();
+    EXPECT_EQ(takeLog(), group);
+  }
 }
 
 }  // namespace

@@ -1,0 +1,366 @@
+// Observers and operations that throw, and observers that change the tree in the midst of a change.
+#include <cstring>
+
+#include "snapshot.h"
+
+namespace {
+
+using namespace ArborTest;
+
+struct Thrown {};
+
+class UnrulyObserverTest : public TreeTest {
+ protected:
+  const Token x = token("x");
+
+  /// Calls `statement` with an observer of this type of event that throws. Expects that to pass.
+  template <class Statement>
+  void expectThrown(Token eventType, Statement statement) {
+    CallObserver thrower([](const DomEvent&) { throw Thrown(); });
+    document->addObserver(&thrower, eventType);
+    EXPECT_THROW(statement(), Thrown);
+    document->removeObserver(&thrower);
+  }
+
+  /// Expects the document to be outside of any execution: what is deferred runs at once.
+  void expectAtRest() {
+    bool hasRun = false;
+    document->executeDeferred(callOperation([&] { hasRun = true; }));
+    EXPECT_TRUE(hasRun);
+    EXPECT_FALSE(document->isInBatch());
+  }
+};
+
+// Exceptions
+
+TEST_F(UnrulyObserverTest, WhatIsThrownBeforeAChangePreventsIt) {
+  TestElement* root = load("<r><a></a>text</r>");
+  const Snapshot before(*document);
+  const Ref<TestElement> detached = readXml(*document, "<d><y></y><z></z></d>");
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (const char* name : {"m", "n"}) fragment->appendChild(document->element(name).get());
+
+  expectThrown(EventType::BeforeSetAttribute, [&] { root->setAttribute(x, LongVariant(1)); });
+  expectThrown(EventType::BeforeReplaceText, [&] { text()->replaceData(0, 1, "T"); });
+  expectThrown(EventType::BeforeReplaceChildren, [&] { root->removeChild(node("a")); });
+  expectThrown(EventType::BeforeReplaceChildren,
+               [&] { root->appendChild(detached->firstChild()); });
+  expectThrown(EventType::BeforeReplaceChildren, [&] { root->appendChild(fragment.get()); });
+  before.expectIn(*document);
+  EXPECT_EQ(toXml(*detached), "<d><y></y><z></z></d>");
+  EXPECT_EQ(fragment->length(), 2U);
+  checkLinks(*fragment);
+  EXPECT_FALSE(document->canUndo());
+  expectAtRest();
+}
+
+TEST_F(UnrulyObserverTest, WhatIsThrownAfterAChangeLeavesItDoneAndRecorded) {
+  TestElement* root = load("<r y=\"1\"><a></a><b></b>text</r>");
+  const Snapshot before(*document);
+  expectThrown(EventType::AfterSetAttribute, [&] { root->setAttribute(x, LongVariant(1)); });
+  expectThrown(EventType::AfterRemoveAttribute, [&] { root->removeAttribute(token("y")); });
+  expectThrown(EventType::AfterReplaceText, [&] { text()->replaceData(0, 1, "T"); });
+  expectThrown(EventType::AfterReplaceChildren, [&] { node("a")->appendChild(node("b")); });
+  expectThrown(EventType::AfterReplaceChildren, [&] { text()->splitText(2); });
+  EXPECT_EQ(xml(), "<r x=\"1\"><a><b></b></a>Text</r>");
+  EXPECT_EQ(root->length(), 3U);
+  expectAtRest();
+  document->undo();
+  before.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, AHookThatThrowsAfterAChangeLeavesItRecorded) {
+  class ThrowingElement : public TestElement {
+   public:
+    using TestElement::TestElement;
+    bool afterSetAttribute(Element&, Token) override { throw Thrown(); }
+    void onAttached() override { throw Thrown(); }
+  };
+  TestElement* root = load("<r></r>");
+  const Ref<ThrowingElement> element = new ThrowingElement(document.get(), token("t"));
+  EXPECT_THROW(root->appendChild(element.get()), Thrown);
+  EXPECT_THROW(element->setAttribute(x, LongVariant(1)), Thrown);
+  EXPECT_EQ(xml(), "<r><t x=\"1\"></t></r>");
+  expectAtRest();
+  document->undo();
+  EXPECT_EQ(xml(), "<r></r>");
+}
+
+TEST_F(UnrulyObserverTest, AnOperationThatThrowsIsNotRecorded) {
+  load("<r></r>");
+  EXPECT_THROW(document->execute(callOperation([] { throw Thrown(); })), Thrown);
+  EXPECT_FALSE(document->canUndo());
+  expectAtRest();
+}
+
+TEST_F(UnrulyObserverTest, ADeferredOperationThatThrowsKeepsNoOtherFromRunning) {
+  TestElement* root = load("<r></r>");
+  Log log;
+  EXPECT_THROW(document->execute(callOperation([&] {
+    document->executeDeferred(callOperation([] { throw Thrown(); }));
+    document->executeDeferred(callOperation([&] {
+      root->setAttribute(x, LongVariant(1));
+      log.push_back("second");
+    }));
+  })),
+               Thrown);
+  EXPECT_EQ(log, (Log{"second"}));
+  EXPECT_TRUE(root->hasAttribute(x));
+  EXPECT_THROW(document->executeDeferred(callOperation([] { throw Thrown(); })), Thrown);
+  expectAtRest();
+}
+
+TEST_F(UnrulyObserverTest, DeferredOperationsRunThoughAnObserverThrows) {
+  TestElement* root = load("<r></r>");
+  int runs = 0;
+  CallObserver observer([&](const DomEvent&) {
+    document->executeDeferred(callOperation([&] { ++runs; }));
+    throw Thrown();
+  });
+  document->addObserver(&observer);
+  EXPECT_THROW(root->setAttribute(x, LongVariant(1)), Thrown);
+  EXPECT_EQ(runs, 1);
+  document->removeObserver(&observer);
+  expectAtRest();
+}
+
+TEST_F(UnrulyObserverTest, AnUndoThatIsPreventedHalfwayLeavesTwoGroups) {
+  TestElement* root = load("<r><a></a></r>");
+  const Snapshot before(*document);
+  root->setAttribute(x, LongVariant(1));
+  root->removeChild(node("a"));
+  root->appendChild(document->text("text").get());
+  const Snapshot after(*document);
+  expectThrown(EventType::BeforeRemoveAttribute, [&] { document->undo(); });
+  EXPECT_EQ(xml(), "<r x=\"1\"><a></a></r>");
+  EXPECT_TRUE(document->canUndo());
+  EXPECT_TRUE(document->canRedo());
+  expectAtRest();
+  document->redo();
+  after.expectIn(*document);
+  EXPECT_FALSE(document->canRedo());
+  while (document->canUndo()) document->undo();
+  before.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, ARedoThatIsPreventedHalfwayLeavesTwoGroups) {
+  TestElement* root = load("<r><a></a></r>");
+  const Snapshot before(*document);
+  root->setAttribute(x, LongVariant(1));
+  root->removeChild(node("a"));
+  const Snapshot after(*document);
+  document->undo();
+  expectThrown(EventType::BeforeReplaceChildren, [&] { document->redo(); });
+  EXPECT_EQ(xml(), "<r x=\"1\"><a></a></r>");
+  EXPECT_TRUE(document->canRedo());
+  document->undo();
+  before.expectIn(*document);
+  EXPECT_FALSE(document->canUndo());
+  while (document->canRedo()) document->redo();
+  after.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, AnUndoIsCompleteThoughAnObserverThrowsAfterAChange) {
+  TestElement* root = load("<r><a></a></r>");
+  const Snapshot before(*document);
+  root->setAttribute(x, LongVariant(1));
+  root->removeChild(node("a"));
+  const Snapshot after(*document);
+  expectThrown(EventType::AfterReplaceChildren, [&] { document->undo(); });
+  before.expectIn(*document);
+  EXPECT_FALSE(document->canUndo());
+  expectThrown(EventType::AfterReplaceChildren, [&] { document->redo(); });
+  after.expectIn(*document);
+  EXPECT_FALSE(document->canRedo());
+  expectAtRest();
+}
+
+/// Throws at the begin or the end of a batch.
+class BatchThrower final : public Recorder {
+ public:
+  bool throwsBefore = false;
+  bool throwsAfter = false;
+  void beforeBatch() override {
+    Recorder::beforeBatch();
+    if (throwsBefore) throw Thrown();
+  }
+  void afterBatch() override {
+    Recorder::afterBatch();
+    if (throwsAfter) throw Thrown();
+  }
+};
+
+TEST_F(UnrulyObserverTest, ABatchThatAnObserverPreventsHasNotBegun) {
+  TestElement* root = load("<r><a></a></r>");
+  document->setUndoLimit(7);
+  const Ref<Range> range = document->createRange(false);
+  Recorder first;
+  BatchThrower thrower;
+  Recorder last;
+  for (IDocObserver* each :
+       {static_cast<IDocObserver*>(&first), static_cast<IDocObserver*>(&thrower),
+        static_cast<IDocObserver*>(&last)}) {
+    document->addObserver(each, EventType::AfterSetAttribute);
+  }
+  thrower.throwsBefore = true;
+  EXPECT_THROW(document->beginBatch(), Thrown);
+  EXPECT_EQ(first.log, (Log{"beforeBatch", "afterBatch"}));
+  EXPECT_EQ(thrower.log, (Log{"beforeBatch"}));
+  EXPECT_TRUE(last.log.empty());
+  EXPECT_FALSE(range->isFrozen());
+  expectAtRest();
+  for (int i = 0; i < 9; ++i) {
+    document->startUndoGroup();
+    root->setAttribute(x, LongVariant(i));
+  }
+  int undone = 0;
+  for (; document->canUndo(); ++undone) document->undo();
+  EXPECT_EQ(undone, 7);
+
+  thrower.throwsBefore = false;
+  document->beginBatch();
+  EXPECT_TRUE(document->isInBatch());
+  document->endBatch();
+  expectAtRest();
+  for (IDocObserver* each :
+       {static_cast<IDocObserver*>(&first), static_cast<IDocObserver*>(&thrower),
+        static_cast<IDocObserver*>(&last)}) {
+    document->removeObserver(each);
+  }
+}
+
+TEST_F(UnrulyObserverTest, TheEndOfABatchIsToldToAll) {
+  TestElement* root = load("<r></r>");
+  BatchThrower thrower;
+  thrower.throwsAfter = true;
+  Recorder last;
+  document->addObserver(&thrower);
+  document->addObserver(&last);
+  const Ref<Range> range = document->createRange(false);
+  document->beginBatch();
+  EXPECT_THROW(document->endBatch(), Thrown);
+  EXPECT_EQ(last.log, (Log{"beforeBatch", "afterBatch"}));
+  EXPECT_FALSE(range->isFrozen());
+  root->setAttribute(x, LongVariant(1));
+  EXPECT_TRUE(document->canUndo());
+  expectAtRest();
+  document->removeObserver(&thrower);
+  document->removeObserver(&last);
+}
+
+// Changes in the midst of a change
+
+TEST_F(UnrulyObserverTest, ATargetThatIsPutBelowWhatComesInStaysThere) {
+  TestElement* root = load("<r><a></a></r>");
+  Node* const a = node("a");
+  const Ref<TestElement> fresh = document->element("f");
+  CallObserver observer([&](const DomEvent& event) {
+    if (event.target == a && a->parent() == root) fresh->appendChild(a);
+  });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  a->appendChild(fresh.get());
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r></r>");
+  EXPECT_EQ(toXml(*fresh), "<f><a></a></f>");
+  checkLinks(*fresh);
+}
+
+TEST_F(UnrulyObserverTest, WhatComesInIsTakenFromWhereAnObserverPutIt) {
+  TestElement* root = load("<r></r>");
+  const Snapshot before(*document);
+  const Ref<TestElement> fresh = document->element("f");
+  const Ref<TestElement> thief = document->element("t");
+  CallObserver observer([&](const DomEvent&) { thief->appendChild(fresh.get()); });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  root->appendChild(fresh.get());
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><f></f></r>");
+  EXPECT_EQ(thief->length(), 0U);
+  document->undo();
+  before.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, WhatAnObserverHasTakenOutNeedsNoRemoval) {
+  TestElement* root = load("<r><a></a><b></b><c></c></r>");
+  const Snapshot before(*document);
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent&) {
+    if (std::exchange(isFirst, false)) root->replaceChildren(node("a"), 2, nullptr);
+  });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  root->replaceChild(document->element("n").get(), node("a"));
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><c></c><n></n></r>");
+  const Snapshot after(*document);
+  document->undo();
+  before.expectIn(*document);
+  document->redo();
+  after.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, ChangesOfObserversAreUndoneInTheirOrder) {
+  TestElement* root = load("<r><a></a>text</r>");
+  const Snapshot before(*document);
+  unsigned calls = 0;
+  bool isMeddling = false;
+  CallObserver observer([&](const DomEvent& event) {
+    if (std::exchange(isMeddling, true)) return;
+    if (std::strncmp(event.type.str(), "Before", 6) == 0) {
+      root->insertBefore(document->element("n").get(), root->firstChild());
+    } else {
+      root->appendChild(document->element("m").get());
+      text()->replaceData(0, 2, ++calls % 2 == 0 ? "01" : "23");
+    }
+    isMeddling = false;
+  });
+  document->addObserver(&observer);
+  root->appendChild(document->element("b").get());
+  root->removeChild(node("a"));
+  text()->replaceData(1, 2, "XY");
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><n></n><n></n><n></n>23Yt<b></b><m></m><m></m><m></m></r>");
+  const Snapshot after(*document);
+  for (int round = 0; round < 2; ++round) {
+    document->undo();
+    before.expectIn(*document);
+    document->redo();
+    after.expectIn(*document);
+  }
+}
+
+TEST_F(UnrulyObserverTest, AMoveWhoseTargetAnObserverTakesAwayEndsWithARefusal) {
+  load("<r><a><x></x></a></r>");
+  const Ref<TestElement> target = document->element("t");
+  Node* const moved = node("x");
+  CallObserver observer([&](const DomEvent&) { moved->appendChild(target.get()); });
+  document->addObserver(&observer, EventType::AfterReplaceChildren);
+  EXPECT_DOM_ERROR(3, target->appendChild(moved));
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><a></a></r>");
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a><x><t></t></x></a></r>");
+}
+
+TEST_F(UnrulyObserverTest, ATextThatIsTakenOutWhileItIsSplitIsSplitAllTheSame) {
+  for (const bool isDeferred : {true, false}) {
+    TestElement* root = load("<r>abcdef</r>");
+    document->setUndoLimit(0);
+    bool isFirst = true;
+    CallObserver observer([&](const DomEvent&) {
+      if (!std::exchange(isFirst, false)) return;
+      const auto remove = [root] { root->removeChild(root->firstChild()); };
+      if (isDeferred) {
+        document->executeDeferred(callOperation(remove));
+      } else {
+        remove();
+      }
+    });
+    document->addObserver(&observer, EventType::AfterReplaceChildren);
+    const Ref<Text> tail = text()->splitText(2);
+    document->removeObserver(&observer);
+    EXPECT_STREQ(tail->nodeValue(), "cdef");
+    EXPECT_EQ(xml(), "<r>cdef</r>");
+  }
+}
+
+}  // namespace
