@@ -59,6 +59,7 @@ void Document::doReplaceChildren(Node* first, unsigned count, Node* newChildren)
   const Ref<Node> formerRoot = firstChild();
   InnerNode::doReplaceChildren(first, count, newChildren);
   if (formerRoot == firstChild()) return;
+  if (ranges_) ranges_->rootChanged();
   if (formerRoot) formerRoot->markInDocument(false);
   if (firstChild()) firstChild()->markInDocument(true);
 }

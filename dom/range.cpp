@@ -18,7 +18,9 @@ Node* childTowards(const Node* ancestor, Node* node) {
 
 }  // namespace
 
-Range::Range(Document* owner) : AtomicNode(owner), startContainer_(owner), endContainer_(owner) {}
+Range::Range(Document* owner) : AtomicNode(owner), startContainer_(owner), endContainer_(owner) {
+  setFlag(Within, true);
+}
 
 Token Range::nodeName() const {
   static const Token name("#range", false);
@@ -130,7 +132,7 @@ void Range::beforeBatch() {
   if (isDetached() || isFrozen()) return;
   setFlag(Frozen, true);
   const Point top{ownerDocument(), 0};
-  storeBounds(top, top);
+  storeBounds(top, top, true);
 }
 
 void Range::afterBatch() {
@@ -200,12 +202,21 @@ void Range::dropSelection() {
 
 void Range::detachSilently() {
   if (isDetached()) return;
-  storeBounds({}, {});
+  storeBounds({}, {}, false);
   setFlag(Detached, true);
   dropSelection();
 }
 
+bool Range::isWithin(const Point& point) {
+  if (point.offset == 0) return true;
+  return point.container->isInDocument() && point.offset <= point.container->length();
+}
+
 void Range::setBounds(const Point& newStart, const Point& newEnd) {
+  setBounds(newStart, newEnd, isWithin(newStart) && isWithin(newEnd));
+}
+
+void Range::setBounds(const Point& newStart, const Point& newEnd, bool areWithin) {
   if (isFrozen()) return;
   if (newStart == start() && newEnd == end()) return;
 
@@ -219,11 +230,12 @@ void Range::setBounds(const Point& newStart, const Point& newEnd) {
                                                newEnd.container, newEnd.offset));
     if (isDetached() || isFrozen()) return;
   }
-  storeBounds(newStart, newEnd);
+  storeBounds(newStart, newEnd, areWithin);
   if (isSelected()) document.notify(AfterSelectionChangeEvent(this));
 }
 
-void Range::storeBounds(const Point& newStart, const Point& newEnd) {
+void Range::storeBounds(const Point& newStart, const Point& newEnd, bool areWithin) {
+  setFlag(Within, areWithin);
   startContainer_ = newStart.container;
   endContainer_ = newEnd.container;
   startOffset_ = newStart.offset;
@@ -242,10 +254,12 @@ void Range::adjustForText(const BeforeReplaceTextEvent& event) {
     }
     return point;
   };
-  setBounds(adjusted(start()), adjusted(end()));
+  setBounds(adjusted(start()), adjusted(end()), hasFlag(Within));
 }
 
 void Range::adjustForChildren(const BeforeReplaceChildrenEvent& event) {
+  // What comes behind all children moves no point among them.
+  if (!event.first && hasFlag(Within)) return;
   Node* const parent = event.target;
   const bool removes = event.first && event.count != 0;
   const auto isConcerned = [&](const Point& point) {
@@ -273,7 +287,8 @@ void Range::adjustForChildren(const BeforeReplaceChildrenEvent& event) {
   const bool isBeforeEnd = newEnd.container == parent && newEnd.offset > index;
   if (isBeforeStart) newStart.offset += inserted;
   if (isBeforeEnd) newStart.offset += inserted;
-  setBounds(newStart, newEnd);
+  const bool isPutOff = isBeforeEnd && (isBeforeStart || newStart.container != parent);
+  setBounds(newStart, newEnd, hasFlag(Within) && !isPutOff);
 }
 
 /// Where a point lies relative to `count` children of `parent` from `index` on: 0 if within them, 1

@@ -79,7 +79,7 @@ class Range : public AtomicNode, public IDocObserver {
   friend class Document;
   friend class RangeList;
 
-  enum Flag : unsigned { Detached = 1, Selected = 2, Frozen = 3 };
+  enum Flag : unsigned { Detached = 1, Selected = 2, Frozen = 3, Within = 4 };
 
   struct Point {
     Node* container = nullptr;
@@ -88,6 +88,9 @@ class Range : public AtomicNode, public IDocObserver {
   };
 
   explicit Range(Document* owner);
+
+  /// Whether the container has that offset, and no change of it goes untold.
+  static bool isWithin(const Point& point);
 
   static int comparePoints(const Point& a, const Point& b);
   static int relation(const Point& point, const Node* parent, unsigned index, unsigned count);
@@ -105,7 +108,9 @@ class Range : public AtomicNode, public IDocObserver {
   void dropSelection();
   void detachSilently();
   void setBounds(const Point& newStart, const Point& newEnd);
-  void storeBounds(const Point& newStart, const Point& newEnd);
+  void setBounds(const Point& newStart, const Point& newEnd, bool areWithin);
+  void storeBounds(const Point& newStart, const Point& newEnd, bool areWithin);
+  void forgetPlaces() { setFlag(Within, false); }
   void adjustForText(const BeforeReplaceTextEvent& event);
   void adjustForChildren(const BeforeReplaceChildrenEvent& event);
 

@@ -28,6 +28,10 @@ void RangeList::removeUnreferenced() {
   }
 }
 
+void RangeList::rootChanged() {
+  forEachRange([](Range& range) { range.forgetPlaces(); });
+}
+
 void RangeList::observerDetached(Token eventType) {
   forEachRange([eventType](Range& range) { range.observerDetached(eventType); });
 }

@@ -23,6 +23,9 @@ class RangeList : public InnerNode, public IDocObserver {
   Range* firstRange() const { return static_cast<Range*>(firstChild()); }
   static Range* nextRange(const Range& range) { return static_cast<Range*>(range.nextSibling()); }
 
+  /// The root of the document is another one, which nobody is told of.
+  void rootChanged();
+
   /// Detaches, without events, and drops each range that nobody but the list holds.
   void removeUnreferenced();
 

@@ -593,6 +593,29 @@ TEST_F(RangeTest, AppendingMovesNothing) {
   EXPECT_EQ(bounds(*range), "b 0, b 3");
 }
 
+TEST_F(RangeTest, AppendingMovesAStartThatIsBehindTheEndOfItsContainer) {
+  const Ref<Range> range = this->range(node("b"), 2, node("b"), 3);
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (int i = 0; i < 2; ++i) fragment->appendChild(document->element("n").get());
+  node("b")->insertBefore(fragment.get(), node("x"));
+  EXPECT_EQ(bounds(*range), "b 6, b 3");  // of five children
+  node("b")->appendChild(document->element("n").get());
+  EXPECT_EQ(bounds(*range), "b 7, b 3");
+  range->collapse(false);
+  node("b")->appendChild(document->element("n").get());
+  EXPECT_EQ(bounds(*range), "b 3, b 3");
+}
+
+TEST_F(RangeTest, AppendingMovesAStartWhoseContainerGotShorterUntold) {
+  const Ref<Range> range = this->range(node("b"), 1, node("b"), 3);
+  const Ref<Node> root = document->removeChild(document->firstChild());
+  Node* const b = range->startContainer();
+  b->replaceChildren(b->firstChild(), 3, nullptr);
+  document->appendChild(root.get());
+  b->appendChild(document->element("n").get());
+  EXPECT_EQ(bounds(*range), "b 3, b 3");  // both were behind the end, so the start rose twice
+}
+
 TEST_F(RangeTest, AReplacementTakesOutAndPutsIn) {
   const Ref<Range> range = this->range(node("y"), 0, node("b"), 3);
   node("b")->replaceChild(document->createElement(token("n")).get(), node("y"));
