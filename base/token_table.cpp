@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <new>
-#include <string_view>
+
+#include "base/salted_hash.h"
 
 namespace Ubase {
 
@@ -60,7 +60,7 @@ const char* TokenTable::findUnlocked(const char* text) const {
 // Where the text stands, or the free slot in which it would stand.
 std::size_t TokenTable::slotOf(const char* text) const {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = std::hash<std::string_view>()(text) & mask;
+  std::size_t slot = saltedHash(text) & mask;
   while (slots_[slot] && std::strcmp(slots_[slot], text) != 0) slot = (slot + 1) & mask;
   return slot;
 }
