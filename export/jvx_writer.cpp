@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <fstream>
 #include <limits>
@@ -193,29 +194,62 @@ std::string numberedName(std::string_view fileName, std::int64_t number) {
   return name;
 }
 
+/// The times of the frames: from the begin on in steps, the last one at the end.
+class FrameTimes {
+ public:
+  FrameTimes(double begin, double end, int frames) : now_(begin), end_(end), step_(1.0 / frames) {}
+
+  double now() const { return now_; }
+  bool isFinite() const { return std::isfinite(end_ - now_); }
+
+  /// Goes on to the next time; false if there is none.
+  bool goOn() {
+    const double almostEnd = end_ - std::numeric_limits<double>::epsilon();
+    if (isLast_ || !(now_ < almostEnd)) return false;
+    const double next = now_ + step_;
+    const bool isStepLost = !(next > now_);  // as there are no times in between
+    isLast_ = isStepLost || next > almostEnd;
+    now_ = isLast_ ? end_ : next;
+    return true;
+  }
+
+ private:
+  double now_;
+  double end_;
+  double step_;
+  bool isLast_ = false;
+};
+
+// The steps are gone through, since rounding has its part in their number.
+bool isWithinLimits(FrameTimes times) {
+  constexpr int mostFrames = 1'000'000;
+  if (!times.isFinite()) return false;
+  for (int frames = 1; times.goOn(); ++frames) {
+    if (frames == mostFrames) return false;
+  }
+  return true;
+}
+
 bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
 
 }  // namespace
 
 void JVXWriter::writeAnimation(int frames, const char* fileName) {
-  const double step = 1.0 / frames;
-  double time = nan;
-  double timeEnd = nan;
-  if (!timeRange(time, timeEnd)) throw JavaViewExportError("not an animation");
-
-  const double almostEnd = timeEnd - std::numeric_limits<double>::epsilon();
-  bool isLast = false;
-  bool overwriteAll = false;
-  for (std::int64_t frameNumber = 1;; ++frameNumber) {
-    const std::string name = numberedName(fileName, frameNumber);
-    if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
-    writeFrame(time, name.c_str());
-    if (isLast || !(time < almostEnd)) return;
-    const double next = time + step;
-    const bool isStepLost = !(next > time);  // as there are no times in between
-    isLast = isStepLost || next > almostEnd;
-    time = isLast ? timeEnd : next;
+  double begin = nan;
+  double end = nan;
+  if (!timeRange(begin, end)) throw JavaViewExportError("not an animation");
+  if (!isWithinLimits(FrameTimes(begin, end, frames))) {
+    throw JavaViewExportError("time range too large");
   }
+
+  FrameTimes times(begin, end, frames);
+  bool overwriteAll = false;
+  std::int64_t frameNumber = 1;
+  do {
+    const std::string name = numberedName(fileName, frameNumber++);
+    if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
+    writeFrame(times.now(), name.c_str());
+  } while (times.goOn());
 }
 
 void JVXWriter::writeFrame(double time, const char* fileName) {

@@ -141,7 +141,44 @@ TEST(AnimationTest, WritesOneFileForARangeWithoutLength) {
   EXPECT_EQ(timesOf("3", "3", 25), std::vector<double>{3});
   EXPECT_EQ(timesOf("3", "1", 25), std::vector<double>{3});
   EXPECT_EQ(timesOf("0", "1e-16", 25), std::vector<double>{0});
-  EXPECT_EQ(timesOf("0", "nan", 25), std::vector<double>{0});
+}
+
+TEST(AnimationTest, RefusesARangeThatIsNotFinite) {
+  const Folder folder;
+  for (const auto& [begin, end] :
+       {std::pair("0", "inf"), std::pair("-inf", "0"), std::pair("-inf", "inf"),
+        std::pair("inf", "inf"), std::pair("0", "-inf"), std::pair("0", "nan"),
+        std::pair("nan", "0")}) {
+    const ReadDocument document(documentWith(begin, end));
+    JVXWriter writer(document.get());
+    EXPECT_EQ(errorOf(writer, folder / "film"), "time range too large") << begin << " to " << end;
+  }
+  EXPECT_EQ(folder.files(), Strings());
+}
+
+// A file that may not be replaced ends the animation before a million files are written.
+TEST(AnimationTest, RefusesARangeOfMoreThanAMillionFrames) {
+  const struct {
+    const char* begin;
+    const char* end;
+    const char* error;
+  } rows[] = {{"0", "999999", ""},
+              {"0", "999999.5", "time range too large"},
+              {"0", "1000000", "time range too large"},
+              {"0", "1e9", "time range too large"},
+              {"-1e308", "1e308", "time range too large"},
+              {"1e9", "0", ""}};
+  for (const auto& [begin, end, error] : rows) {
+    const Folder folder;
+    folder.write("film.1", "precious");
+    const ReadDocument document(documentWith(begin, end));
+    Listener writer(document.get());
+    writer.agrees = false;
+    EXPECT_EQ(errorOf(writer, folder / "film"), error) << begin << " to " << end;
+    EXPECT_EQ(writer.asked.size(), *error ? 0U : 1U);
+    EXPECT_EQ(folder.files(), Strings{"film.1"});
+    EXPECT_EQ(folder.read("film.1"), "precious");
+  }
 }
 
 TEST(AnimationTest, ReplacesFilesAndAsksOnce) {
