@@ -36,8 +36,11 @@ const char* nameOf(const char* const (&names)[size], int code) {
 
 }  // namespace
 
-const char* DomException::name() const { return nameOf(domErrors, code_); }
+DomException::DomException(int code, const std::string& about)
+    : code_(code), text_(std::make_shared<const std::string>(name() + (": " + about))) {}
 
-const char* RangeException::name() const { return nameOf(rangeErrors, code_); }
+const char* DomException::name() const noexcept { return nameOf(domErrors, code_); }
+
+const char* RangeException::name() const noexcept { return nameOf(rangeErrors, code_); }
 
 }  // namespace Arbor

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <exception>
+#include <memory>
+#include <string>
 
 namespace Arbor {
 
@@ -27,13 +29,24 @@ class DomException : public std::exception {
   };
 
   explicit DomException(int code) : code_(code) {}
+
+  /// `about` says in words what was refused: which element, which attribute, which value.
+  DomException(int code, const std::string& about);
+
   int code() const { return code_; }
 
   /// "INDEX_SIZE_ERR" and so on; "<<invalid>>" for a number that is no code.
-  const char* name() const;
+  const char* name() const noexcept;
+
+  /// The name, and what was refused where that is known: "SYNTAX_ERR: element 'Canvas'".
+  const char* what() const noexcept override { return text_ ? text_->c_str() : name(); }
+
+  /// Whether what() says more than name().
+  bool saysWhatWasRefused() const noexcept { return text_ != nullptr; }
 
  private:
   int code_;
+  std::shared_ptr<const std::string> text_;  // shared, for an exception must be copied without fail
 };
 
 /// A pair of boundary points that makes no range.
@@ -45,7 +58,9 @@ class RangeException : public std::exception {
   int code() const { return code_; }
 
   /// "BAD_BOUNDARYPOINTS_ERR" or "INVALID_NODE_TYPE_ERR"; "<<invalid>>" for any other number.
-  const char* name() const;
+  const char* name() const noexcept;
+
+  const char* what() const noexcept override { return name(); }
 
  private:
   int code_;

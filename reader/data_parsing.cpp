@@ -184,10 +184,10 @@ void ZrdParserHandler::endArray(WordId elementId) {
   const char* tag = current_->tagName().str();
   if (elementId == WordId::ColorArray2d) {
     const auto& array = static_cast<const ColorArray2d&>(*current_);
-    if (isShort(array, array.colors.size())) corrupted(tag, "colors missing");
+    if (isShort(array, array.colors.size())) incomplete(tag, "colors missing");
   } else {
     const auto& array = static_cast<const DensityArray2d&>(*current_);
-    if (isShort(array, array.values.size())) corrupted(tag, "values missing");
+    if (isShort(array, array.values.size())) incomplete(tag, "values missing");
   }
 }
 

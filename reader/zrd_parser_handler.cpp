@@ -5,6 +5,7 @@
 #include "SRC/native_text.h"
 #include "dom/dom_exception.h"
 #include "reader/attachment_rules.h"
+#include "reader/in_quotes.h"
 #include "reader/zrd_names.h"
 
 namespace PlotDom {
@@ -35,12 +36,23 @@ void ZrdParserHandler::report(const char* format, ...) const {
 
 void ZrdParserHandler::corrupted(const char* what, const char* text) const {
   report("%s data corrupted: '%s'\n", what, text);
-  throw DomException(DomException::InvalidAccess);
+  throw DomException(DomException::InvalidAccess,
+                     "element " + inQuotes(what) + ", data " + inQuotes(text));
+}
+
+void ZrdParserHandler::incomplete(const char* what, const char* missing) const {
+  report("%s data corrupted: '%s'\n", what, missing);
+  throw DomException(DomException::InvalidAccess, "element " + inQuotes(what) + ", " + missing);
 }
 
 void ZrdParserHandler::illegal(const char* what) const {
   report("illegal %s [parent %s]\n", what, current_ ? current_->tagName().str() : "");
-  throw DomException(DomException::InvalidAccess);
+  throw DomException(DomException::InvalidAccess, inParent(what));
+}
+
+std::string ZrdParserHandler::inParent(const char* tag) const {
+  return "element " + inQuotes(tag) +
+         (current_ ? " in " + inQuotes(current_->tagName().str()) : "");
 }
 
 // Names.
@@ -81,9 +93,30 @@ bool ZrdParserHandler::lookupAttribute(const char* namespaceUri, const char* loc
 
 // Start tags.
 
+namespace {
+
+/// Does something of which the model may refuse a part, and has its refusal say what that was
+/// about.
+template <class Action, class About>
+void sayingAbout(About about, Action action) {
+  try {
+    action();
+  } catch (const DomException& refusal) {
+    if (refusal.saysWhatWasRefused()) throw;
+    throw DomException(refusal.code(), about());
+  }
+}
+
+}  // namespace
+
 void ZrdParserHandler::startElement(std::uint32_t, std::uint32_t elementId,
                                     const Xml::AttributeList& attributes) {
   const auto word = static_cast<WordId>(elementId);
+  sayingAbout([&] { return inParent(Ubase::tokenOf(word).str()); },
+              [&] { addElement(word, attributes); });
+}
+
+void ZrdParserHandler::addElement(WordId word, const Xml::AttributeList& attributes) {
   if (word == WordId::P2 || word == WordId::P3) {
     collectText();
     childIndex_ = 0;
@@ -105,26 +138,44 @@ Ref<PlotElement> ZrdParserHandler::makeElement(Token name, const Xml::AttributeL
   for (const Xml::Attribute& attribute : attributes) {
     const Token attributeName = Ubase::tokenById(static_cast<int>(attribute.attributeId));
     if (!keepIds_ && attributeName == Word::Id) continue;
-    element->setAttributeFromString(attributeName, attribute.value);
+    sayingAbout(
+        [&] {
+          return "element " + inQuotes(name.str()) + ", attribute " +
+                 inQuotes(attributeName.str()) + ", value " + inQuotes(attribute.value);
+        },
+        [&] { element->setAttributeFromString(attributeName, attribute.value); });
   }
   return element;
 }
 
 namespace {
 
+/// Refuses an element whose attribute is missing or does not hold what it must.
+template <class Condition>
+void requireAttribute(const PlotElement& element, Token name, Condition holds) {
+  sayingAbout(
+      [&] {
+        return "element " + inQuotes(element.tagName().str()) + " needs attribute " +
+               inQuotes(name.str());
+      },
+      [&] {
+        if (!holds(element.getAttribute(name))) throw DomException(DomException::HierarchyRequest);
+      });
+}
+
 void requireToken(const PlotElement& element, Token name) {
-  const Variant value = element.getAttribute(name);
-  const auto token = value.as<Ubase::TokenVariant>();
-  if (token && token->get() && token->get().str()[0] != '\0') return;
-  throw DomException(DomException::HierarchyRequest);
+  requireAttribute(element, name, [](const Variant& value) {
+    const auto token = value.as<Ubase::TokenVariant>();
+    return token && token->get() && token->get().str()[0] != '\0';
+  });
 }
 
 void requireString(const PlotElement& element, Token name, bool notEmpty) {
-  const Variant value = element.getAttribute(name);
-  const auto string = value.as<Ubase::FixedStringVariant>();
-  const char* text = string ? string->get().c_str() : nullptr;
-  if (string && (!notEmpty || (text && text[0] != '\0'))) return;
-  throw DomException(DomException::HierarchyRequest);
+  requireAttribute(element, name, [notEmpty](const Variant& value) {
+    const auto string = value.as<Ubase::FixedStringVariant>();
+    const char* text = string ? string->get().c_str() : nullptr;
+    return string && (!notEmpty || (text && text[0] != '\0'));
+  });
 }
 
 }  // namespace
@@ -199,6 +250,11 @@ void ZrdParserHandler::attachRoot(PlotElement& element) {
 
 void ZrdParserHandler::endElement(std::uint32_t, std::uint32_t elementId) {
   const auto word = static_cast<WordId>(elementId);
+  sayingAbout([&] { return "end of element " + inQuotes(Ubase::tokenOf(word).str()); },
+              [&] { closeElement(word); });
+}
+
+void ZrdParserHandler::closeElement(WordId word) {
   switch (word) {
     case WordId::P2:
       return endP2();

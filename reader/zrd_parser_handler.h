@@ -44,9 +44,13 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
  private:
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
   [[noreturn]] void corrupted(const char* what, const char* text) const;
+  [[noreturn]] void incomplete(const char* what, const char* missing) const;
   [[noreturn]] void illegal(const char* what) const;
+  std::string inParent(const char* tag) const;
 
   bool isFormatName(const char* namespaceUri) const;
+  void addElement(Ubase::WordId word, const Xml::AttributeList& attributes);
+  void closeElement(Ubase::WordId word);
   Ubase::Ref<PlotElement> makeElement(Token name, const Xml::AttributeList& attributes);
   void require(const PlotElement& element, Ubase::WordId elementId) const;
   void attach(PlotElement& element, Ubase::WordId elementId);

@@ -30,6 +30,7 @@ class Reading {
       }
     } catch (const Arbor::DomException& error) {
       code_ = error.code();
+      what_ = error.what();
     }
   }
   ~Reading() {
@@ -44,6 +45,9 @@ class Reading {
 
   /// The code of the DomException that ended the reading, 0 if it came to its end.
   int code() const { return code_; }
+
+  /// What that exception says; empty if there was none.
+  const std::string& what() const { return what_; }
 
   /// All messages, one after the other, with the prefixes that come before them.
   const std::string& complaints() const { return messages(); }
@@ -86,4 +90,5 @@ class Reading {
   std::optional<PlotDom::ZrdParserHandler> handler_;
   int failures_ = 0;
   int code_ = 0;
+  std::string what_;
 };

@@ -199,6 +199,36 @@ TEST(ZrdParserHandler, StopsAtBadData) {
   }
 }
 
+TEST(ZrdParserHandler, SaysWhatWasRefused) {
+  const struct {
+    std::string text;
+    const char* what;
+  } rows[] = {
+      {"<Canvas Width=\"wide\"/>", "SYNTAX_ERR: element 'Canvas', attribute 'Width', value 'wide'"},
+      {"<Canvas Width=\"0\"/>",
+       "HIERARCHY_REQUEST_ERR: element 'Canvas', attribute 'Width', value '0'"},
+      {"<Canvas Radius=\"1\"/>",
+       "INVALID_ACCESS_ERR: element 'Canvas', attribute 'Radius', value '1'"},
+      {"<Scene2d/>", "HIERARCHY_REQUEST_ERR: element 'Scene2d'"},
+      {"<Canvas><Line2d From=\"0 0\" To=\"1 1\"/></Canvas>",
+       "HIERARCHY_REQUEST_ERR: element 'Line2d' in 'Canvas'"},
+      {plane("<Obj2d/>"), "INVALID_ACCESS_ERR: element 'Obj2d' needs attribute 'Type'"},
+      {object("<Prop Val=\"1\"/>"), "HIERARCHY_REQUEST_ERR: element 'Prop' needs attribute 'Opt'"},
+      {"<Canvas><P2>1 2</P2></Canvas>", "INVALID_ACCESS_ERR: element 'P2' in 'Canvas'"},
+      {"<P3>1 2</P3>", "INVALID_ACCESS_ERR: element 'P3'"},
+      {object("<Img2d><Pts2d><P2>1\nx</P2></Pts2d></Img2d>"),
+       "INVALID_ACCESS_ERR: element 'P2', data '1 x'"},
+      {object("<Img2d><DensityArray2d>1 x 2</DensityArray2d></Img2d>"),
+       "INVALID_ACCESS_ERR: element 'DensityArray2d', data 'x'"},
+      {object("<Img2d><ColorArray2d XMesh=\"2\" YMesh=\"1\">#ffffff</ColorArray2d></Img2d>"),
+       "INVALID_ACCESS_ERR: element 'ColorArray2d', colors missing"},
+      {"<Canvas><Scene2d><Canvas/></Scene2d></Canvas>",
+       "HIERARCHY_REQUEST_ERR: end of element 'Scene2d'"},
+      {object("<Title><Header/></Title>"), "HIERARCHY_REQUEST_ERR: element 'Header' in 'Title'"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(Reading(row.text).what(), row.what) << row.text;
+}
+
 TEST(ZrdParserHandler, AcceptsAPropWithoutAValueAndATypeThatHasADefault) {
   EXPECT_EQ(Reading(object("<Prop Opt=\"Color\"/>")).code(), 0);
   EXPECT_EQ(Reading(space("<Obj3d Type=\"x\"><Img3d><Lines3d/><Surf3d/></Img3d></Obj3d>")).code(),

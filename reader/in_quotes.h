@@ -1,0 +1,13 @@
+// Texts of a document within sentences.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace PlotDom {
+
+/// The text in quotation marks, fit for one line: a long one is cut, and a control character
+/// becomes a blank.
+std::string inQuotes(std::string_view text);
+
+}  // namespace PlotDom
