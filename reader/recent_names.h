@@ -16,14 +16,14 @@ struct NameCodes {
   std::uint32_t nameId = 0;
 };
 
-/// The few names that were added last, with their codes. Names are as the parser writes them, and
-/// not empty.
+/// The few names that were added last, with their codes. Names are not empty.
 class RecentNames {
  public:
-  /// The codes of the name, or null if it is not among the last ones.
-  const NameCodes* find(const char* name) {
-    const auto isIt = [name](const Entry& entry) {
-      return std::strcmp(name, entry.name.c_str()) == 0;
+  /// The codes of the name, or null if it is not among the last ones. `space` stands for the
+  /// namespace; null is none, or one that is part of the name.
+  const NameCodes* find(const char* name, const void* space = nullptr) {
+    const auto isIt = [=](const Entry& entry) {
+      return space == entry.space && std::strcmp(name, entry.name.c_str()) == 0;
     };
     if (!isIt(entries_[found_])) {
       const auto entry = std::ranges::find_if(entries_, isIt);
@@ -34,16 +34,17 @@ class RecentNames {
   }
 
   /// Adds a name that is not among them, in the place of the oldest.
-  const NameCodes* add(const char* name, NameCodes codes) {
+  const NameCodes* add(const char* name, NameCodes codes, const void* space = nullptr) {
     found_ = oldest_;
     oldest_ = (oldest_ + 1) % entries_.size();
-    entries_[found_] = {name, codes};
+    entries_[found_] = {name, space, codes};
     return &entries_[found_].codes;
   }
 
  private:
   struct Entry {
     std::string name;
+    const void* space = nullptr;
     NameCodes codes;
   };
 

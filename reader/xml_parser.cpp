@@ -1,15 +1,33 @@
 #include "reader/xml_parser.h"
 
+#define XML_DTD  // for the operations that bound what entities make of a document
 #include <expat.h>
 
 #include <cstring>
+#include <string_view>
+
+#include "reader/error_end.h"
 
 namespace Xml {
 
 namespace {
 
-/// Stands between namespace and local part in the names that expat gives. No document can hold it.
-constexpr char nameSeparator = '\x01';
+/// What a document may make of itself: so many times its own size, from so many bytes on.
+constexpr float largestAmplification = 10;
+constexpr std::uint32_t freeBytes = 1024 * 1024;
+
+/// A token is read again with each block until it is as long as this.
+constexpr std::int64_t longToken = 16 * 1024;
+
+/// Reads a token that is not complete only when it has grown to twice its size, or with each block.
+/// Without the former a long token would cost the square of its length, which it does with a parser
+/// that does not know of it. The latter finds an error in the block in which it is.
+template <class Handle>
+void deferReparsing(Handle parser, bool isDeferred) {
+  if constexpr (requires { XML_SetReparseDeferralEnabled(parser, XML_TRUE); }) {
+    XML_SetReparseDeferralEnabled(parser, isDeferred ? XML_TRUE : XML_FALSE);
+  }
+}
 
 }  // namespace
 
@@ -28,14 +46,25 @@ struct Parser::Callbacks {
     guard(parser, [=](Parser& self) { self.characters(data, length); });
   }
 
+  static void XMLCALL startNamespace(void* parser, const char*, const char* uri) {
+    guard(parser, [=](Parser& self) {
+      if (!uri || self.countUnwritten(std::strlen(uri))) self.namespaces_.declare(uri);
+    });
+  }
+
+  static void XMLCALL endNamespace(void* parser, const char*) {
+    guard(parser, [](Parser& self) { self.namespaces_.endDeclaration(); });
+  }
+
   template <class Event>
   static void guard(void* parser, Event event) {
     Parser& self = *static_cast<Parser*>(parser);
-    if (self.failure_) return;
+    if (self.failure_ || self.isTooLarge_) return;
     try {
       event(self);
     } catch (...) {
       self.failure_ = std::current_exception();
+      self.stop();
     }
   }
 };
@@ -43,71 +72,124 @@ struct Parser::Callbacks {
 void Parser::ParserDeleter::operator()(XML_ParserStruct* parser) const { XML_ParserFree(parser); }
 
 Parser::Parser(Handler* handler, bool namespaces, const char* encoding)
-    : parser_(namespaces ? XML_ParserCreateNS(encoding, nameSeparator)
+    : parser_(namespaces ? XML_ParserCreateNS(encoding, Namespaces::separator)
                          : XML_ParserCreate(encoding)),
-      handler_(handler),
-      namespaces_(namespaces) {
-  if (!parser_ || !handler_) return;
+      handler_(handler) {
+  if (!parser_) return;
+  deferReparsing(parser_.get(), false);
+  XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser_.get(), largestAmplification);
+  XML_SetBillionLaughsAttackProtectionActivationThreshold(parser_.get(), freeBytes);
+  if (!handler_) return;
   XML_SetUserData(parser_.get(), this);
   XML_SetElementHandler(parser_.get(), Callbacks::start, Callbacks::end);
   XML_SetCharacterDataHandler(parser_.get(), Callbacks::characters);
+  XML_SetNamespaceDeclHandler(parser_.get(), Callbacks::startNamespace, Callbacks::endNamespace);
 }
 
 Parser::~Parser() = default;
 
+// A parser that ran out of memory is left as it was then, and must not be used any more.
 bool Parser::parse(const char* buffer, int length, bool isFinal) {
-  const bool accepted =
-      parser_ && XML_Parse(parser_.get(), buffer, length, isFinal) == XML_STATUS_OK;
-  if (failure_) std::rethrow_exception(failure_);
-  if (!accepted && handler_) handler_->parseFailed();
-  return accepted;
-}
-
-std::int32_t Parser::errorCode() const { return parser_ ? XML_GetErrorCode(parser_.get()) : -1; }
-
-std::int32_t Parser::lineNumber() const {
-  return parser_ ? static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser_.get())) : 0;
-}
-
-std::int32_t Parser::columnNumber() const {
-  return parser_ ? static_cast<std::int32_t>(XML_GetCurrentColumnNumber(parser_.get())) : 0;
-}
-
-// Names of one namespace come in runs, so the last one is kept.
-Parser::Name Parser::splitName(const char* name) {
-  const std::size_t size = namespace_.size();
-  if (size > 0 && std::strncmp(name, namespace_.c_str(), size) == 0) {
-    if (name[size] == nameSeparator) return {namespace_.c_str(), name + size + 1};
+  bool isAccepted = false;
+  if (parser_ && XML_GetErrorCode(parser_.get()) != XML_ERROR_NO_MEMORY) {
+    size_ += length;
+    isAccepted = XML_Parse(parser_.get(), buffer, length, isFinal) == XML_STATUS_OK;
+    if (isAccepted) noteToken();
+    deferReparsing(parser_.get(), isAccepted && size_ - tokenBegin_ >= longToken);
   }
-  const char* separator = namespaces_ ? std::strrchr(name, nameSeparator) : nullptr;
-  if (!separator) return {nullptr, name};
-  namespace_.assign(name, separator);
-  return {namespace_.c_str(), separator + 1};
+  if (failure_) std::rethrow_exception(failure_);
+  if (!isAccepted && handler_) handler_->parseFailed();
+  return isAccepted;
+}
+
+// Where the parser has not looked at the token again, it does not say where that begins.
+void Parser::noteToken() {
+  const std::int64_t begin = XML_GetCurrentByteIndex(parser_.get());
+  if (begin >= 0) tokenBegin_ = begin;
+}
+
+std::int32_t Parser::errorCode() const {
+  if (!parser_) return -1;
+  return isTooLarge_ ? XML_ERROR_AMPLIFICATION_LIMIT_BREACH : XML_GetErrorCode(parser_.get());
+}
+
+std::int64_t Parser::errorEnd() const {
+  return parser_ ? endOfError(parser_.get(), tokenBegin_, size_) : size_;
+}
+
+std::int32_t Parser::lineNumber() const { return place().line; }
+
+std::int32_t Parser::columnNumber() const { return place().column; }
+
+Parser::Place Parser::place() const {
+  if (!parser_) return {};
+  if (stoppedAt_) return *stoppedAt_;
+  return {static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser_.get())),
+          static_cast<std::int32_t>(XML_GetCurrentColumnNumber(parser_.get()))};
+}
+
+// A parser that is stopped goes on to the end of what it was about.
+void Parser::stop() {
+  stoppedAt_ = place();
+  XML_StopParser(parser_.get(), XML_FALSE);
 }
 
 // The codes of a name, null for one that the handler does not know.
-const NameCodes* Parser::lookUp(const char* name, RecentNames& recent, HandlerLookup lookup) {
-  if (const NameCodes* known = recent.find(name)) return known;
-  const Name split = splitName(name);
+const NameCodes* Parser::lookUpElement(const char* name) {
+  const SplitName split = namespaces_.splitElement(name);
+  if (const NameCodes* known = elementNames_.find(split.localName, split.space)) return known;
   NameCodes codes;
-  const bool isKnown =
-      (handler_->*lookup)(split.namespaceUri, split.localName, codes.namespaceId, codes.nameId);
-  return isKnown ? recent.add(name, codes) : nullptr;
+  const bool isKnown = handler_->lookupElement(split.namespaceUri(), split.localName,
+                                               codes.namespaceId, codes.nameId);
+  return isKnown ? elementNames_.add(split.localName, codes, split.space) : nullptr;
+}
+
+const NameCodes* Parser::lookUpAttribute(const char* name) {
+  if (const NameCodes* known = attributeNames_.find(name)) return known;
+  if (unknownAttributes_.contains(std::string_view(name))) return nullptr;
+  const SplitName split = namespaces_.splitAttribute(name);
+  NameCodes codes;
+  const bool isKnown = handler_->lookupAttribute(split.namespaceUri(), split.localName,
+                                                 codes.namespaceId, codes.nameId);
+  if (isKnown) return attributeNames_.add(name, codes);
+  unknownAttributes_.emplace(name);
+  return nullptr;
+}
+
+// Default attributes come behind all others.
+bool Parser::countUnwritten(const char* const* namesAndValues) {
+  std::size_t bytes = 0;
+  for (namesAndValues += XML_GetSpecifiedAttributeCount(parser_.get()); *namesAndValues;
+       ++namesAndValues) {
+    bytes += std::strlen(*namesAndValues);
+  }
+  return bytes == 0 || countUnwritten(bytes);
+}
+
+// False ends the parsing: there are too many of these bytes for those that the document has. A
+// namespace counts in either case, since nothing says whether its declaration is a default; those
+// that are written change the sum little.
+bool Parser::countUnwritten(std::size_t bytes) {
+  unwritten_ += static_cast<double>(bytes);
+  const auto written = static_cast<double>(XML_GetCurrentByteIndex(parser_.get()));
+  const double all = written + unwritten_;
+  isTooLarge_ = all >= freeBytes && all > largestAmplification * written;
+  if (isTooLarge_) stop();
+  return !isTooLarge_;
 }
 
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
+  if (!countUnwritten(namesAndValues)) return;
   open_.emplace_back();
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
-  const NameCodes* element = lookUp(name, elementNames_, &Handler::lookupElement);
+  const NameCodes* element = lookUpElement(name);
   if (!element) return handler_->enterSkipped();
   open_.back() = *element;
 
   attributes_.clear();
   for (; *namesAndValues; namesAndValues += 2) {
-    const NameCodes* attribute =
-        lookUp(namesAndValues[0], attributeNames_, &Handler::lookupAttribute);
-    if (attribute) {
+    if (const NameCodes* attribute = lookUpAttribute(namesAndValues[0])) {
       attributes_.push_back({attribute->namespaceId, attribute->nameId, namesAndValues[1]});
     }
   }

@@ -1,13 +1,17 @@
 // The XML parser: bytes in, calls of a handler out.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "reader/namespaces.h"
 #include "reader/recent_names.h"
 #include "reader/xml_handler.h"
 
@@ -17,6 +21,10 @@ namespace Xml {
 
 /// Takes one document in blocks and tells its elements and text to a handler. Comments, processing
 /// instructions and the document type reach nobody; CDATA sections arrive as text.
+///
+/// What a document makes of itself is bounded: once its entities come to a megabyte, they may make
+/// it ten times as long as it is, and the same holds for its default attributes and namespaces. A
+/// document beyond that is refused with the parser's error 43.
 class Parser {
  public:
   /// `handler` may be null; it is not owned and must outlive the parser. With `namespaces` true a
@@ -29,12 +37,18 @@ class Parser {
 
   /// Takes the next `length` bytes of the document; `isFinal` is true for the last block, which may
   /// be empty. Returns false, after the handler's parseFailed(), when the document is not well
-  /// formed; so does each later call. An exception of the handler leaves this operation; the
-  /// document cannot be parsed on after it, and each later call throws it again.
+  /// formed; so does each later call. An exception of the handler leaves this operation, and the
+  /// parser stands where it was thrown; the document cannot be parsed on after it, and each later
+  /// call throws it again.
   bool parse(const char* buffer, int length, bool isFinal);
 
   /// The number of the parser's last error, 0 for none; -1 if no parser could be created.
   std::int32_t errorCode() const;
+
+  /// To be asked when parse() has failed for the first time: how many bytes of the document show
+  /// the error. They may be less than it took by several blocks, for a long token is not read again
+  /// until it has grown; and more if the document is wrong in that it ends.
+  std::int64_t errorEnd() const;
 
   /// Where the parser stands, counted from line 1; 0 if no parser could be created.
   std::int32_t lineNumber() const;
@@ -45,33 +59,41 @@ class Parser {
  private:
   struct Callbacks;
 
-  /// A name as the handler gets it. The namespace lives until the next split.
-  struct Name {
-    const char* namespaceUri;
-    const char* localName;
+  struct Place {
+    std::int32_t line = 0;
+    std::int32_t column = 0;
   };
 
   struct ParserDeleter {
     void operator()(XML_ParserStruct* parser) const;
   };
 
-  Name splitName(const char* name);
-  using HandlerLookup = bool (Handler::*)(const char* namespaceUri, const char* localName,
-                                          std::uint32_t& namespaceId, std::uint32_t& nameId);
-  const NameCodes* lookUp(const char* name, RecentNames& recent, HandlerLookup lookup);
   void startElement(const char* name, const char* const* namesAndValues);
   void endElement();
   void characters(const char* data, int length);
 
+  const NameCodes* lookUpElement(const char* name);
+  const NameCodes* lookUpAttribute(const char* name);
+  bool countUnwritten(const char* const* namesAndValues);
+  bool countUnwritten(std::size_t bytes);
+  void noteToken();
+  Place place() const;
+  void stop();
+
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   Handler* handler_;
-  std::string namespace_;  // the one that was met last
+  Namespaces namespaces_;
   RecentNames elementNames_;
   RecentNames attributeNames_;
+  std::set<std::string, std::less<>> unknownAttributes_;
   std::vector<std::optional<NameCodes>> open_;  // the open elements; those skipped have no codes
   AttributeList attributes_;
-  bool namespaces_;
+  double unwritten_ = 0;  // bytes of attributes and namespaces that the document did not write
+  bool isTooLarge_ = false;
+  std::int64_t size_ = 0;        // of all blocks
+  std::int64_t tokenBegin_ = 0;  // of the token that is not yet complete
   std::exception_ptr failure_;
+  std::optional<Place> stoppedAt_;
 };
 
 }  // namespace Xml

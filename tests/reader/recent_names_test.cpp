@@ -38,6 +38,17 @@ TEST(RecentNames, KnowTheFourThatWereAddedLast) {
   EXPECT_EQ(idOf(names, "a"), 60U);
 }
 
+TEST(RecentNames, TellNamespacesApart) {
+  RecentNames names;
+  const int one = 1;
+  const int two = 2;
+  names.add("a", {0, 10}, &one);
+  names.add("a", {0, 20}, &two);
+  EXPECT_EQ(names.find("a"), nullptr);
+  EXPECT_EQ(names.find("a", &one)->nameId, 10U);
+  EXPECT_EQ(names.find("a", &two)->nameId, 20U);
+}
+
 }  // namespace
 
 }  // namespace Xml

@@ -1,17 +1,31 @@
 #include "reader/xml_parser.h"
 
-#include <dlfcn.h>
 #include <expat.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "recording_handler.h"
 
 namespace {
 
 bool refuseToCreate = false;
+
+/// The memory of the parsers that are created: how many more allocations succeed before one fails.
+constexpr long everything = -1;
+long allocationsToCome = everything;
+
+bool mayAllocate() { return allocationsToCome == everything || allocationsToCome-- != 0; }
+
+const XML_Memory_Handling_Suite memory = {
+    [](size_t size) { return mayAllocate() ? std::malloc(size) : nullptr; },
+    [](void* block, size_t size) { return mayAllocate() ? std::realloc(block, size) : nullptr; },
+    std::free};
 
 /// The events of a document that is passed as one block.
 std::string eventsOf(std::string_view document, bool namespaces = true) {
@@ -28,11 +42,10 @@ bool parseWhole(Xml::Parser& parser, std::string_view document) {
 
 }  // namespace
 
-// Found before expat's own, which it calls unless a test wants the creation to fail.
+// Found before expat's own. The parser has a memory that fails when a test wants it to.
 extern "C" XML_Parser XML_ParserCreateNS(const XML_Char* encoding, XML_Char separator) {
-  static const auto create =
-      reinterpret_cast<decltype(&XML_ParserCreateNS)>(dlsym(RTLD_NEXT, "XML_ParserCreateNS"));
-  return refuseToCreate ? nullptr : create(encoding, separator);
+  const XML_Char namespaceSeparator[] = {separator, '\0'};
+  return refuseToCreate ? nullptr : XML_ParserCreate_MM(encoding, &memory, namespaceSeparator);
 }
 
 TEST(XmlParser, TellsElementsAndAttributesInOrder) {
@@ -69,6 +82,13 @@ TEST(XmlParser, RefusedRootSkipsTheDocument) { EXPECT_EQ(eventsOf("<X><a/></X>")
 
 TEST(XmlParser, RefusedAttributeIsLeftOut) {
   EXPECT_EQ(eventsOf("<a x='1' Y='2' z='3'/>"), "?Y;<a x=1 z=3></a>");
+}
+
+TEST(XmlParser, UnknownAttributeIsLookedUpOnce) {
+  EXPECT_EQ(eventsOf("<a Y='1'><b Y='2' Z='3' y='4'/><c Z='5' Y='6'/></a>"),
+            "?Y;<a>?Z;<b y=4></b><c></c></a>");
+  EXPECT_EQ(eventsOf("<a xmlns:p='urn:one' p:Y='1'><b p:Y='2' Y='3'/></a>"), "?Y;<a>?Y;<b></b></a>")
+      << "with a namespace and without one are two names";
 }
 
 TEST(XmlParser, AttributesDoNotOutliveTheirElement) {
@@ -159,6 +179,172 @@ TEST(XmlParser, EveryBlockAfterAnErrorFailsAgain) {
   EXPECT_FALSE(parser.parse("", 0, true));
   EXPECT_EQ(handler.log, "<a>failed;failed;failed;");
   EXPECT_EQ(parser.lineNumber(), 1);
+}
+
+// Each place at which memory can run out is tried. Nothing is fed to the parser after it.
+TEST(XmlParser, AfterItRanOutOfMemoryEveryBlockFails) {
+  const std::string document =
+      "<!DOCTYPE a [<!ENTITY e 'text'><!ATTLIST a x CDATA 'default'>]>"
+      "<a xmlns='urn:one' xmlns:p='urn:two' y='&e;'><p:b p:z='" +
+      std::string(3000, 'z') + "'>&e;</p:b></a>";
+  bool isEnough = false;
+  for (long allocations = 0; !isEnough; ++allocations) {
+    RecordingHandler handler;
+    Xml::Parser parser(&handler, true, nullptr);
+    allocationsToCome = allocations;
+    isEnough = parseInBlocks(parser, document, 512);
+    allocationsToCome = everything;
+    if (isEnough) continue;
+    SCOPED_TRACE(testing::Message() << allocations << " allocations");
+    const std::int32_t code =
+        parser.errorCode();  // at one place expat takes it for an unbound prefix
+    EXPECT_TRUE(code == XML_ERROR_NO_MEMORY || code == XML_ERROR_UNBOUND_PREFIX) << code;
+    const std::int32_t line = parser.lineNumber();
+    for (const char* block : {document.c_str(), "<a/>", ""}) {
+      handler.log.clear();
+      EXPECT_FALSE(parser.parse(block, static_cast<int>(std::strlen(block)), *block == '\0'));
+      EXPECT_EQ(handler.log, "failed;");
+      EXPECT_EQ(parser.errorCode(), code);
+      EXPECT_EQ(parser.lineNumber(), line);
+    }
+    ASSERT_LT(allocations, 1000);
+  }
+}
+
+// ---- What a document makes of itself ----
+
+namespace {
+
+/// A document whose elements have a default attribute of that size.
+std::string withDefaults(std::size_t size, int elements) {
+  std::string document = "<!DOCTYPE a [<!ATTLIST b x CDATA '" + std::string(size, 'x') + "'>]><a>";
+  for (int i = 0; i < elements; ++i) document += "<b/>";
+  return document + "</a>";
+}
+
+}  // namespace
+
+TEST(XmlParser, DefaultAttributesAreTakenUpToAMegabyte) {
+  RecordingHandler handler;
+  Xml::Parser parser(&handler, true, nullptr);
+  EXPECT_TRUE(parseInBlocks(parser, withDefaults(10'000, 100), 512));
+  EXPECT_TRUE(handler.log.ends_with("<b x=" + std::string(10'000, 'x') + "></b></a>"));
+}
+
+// Ten times the document: five bytes of it are an element, with a default of 45 bytes at most.
+TEST(XmlParser, DefaultAttributesAreTakenUpToTenTimesTheDocument) {
+  const std::string name = "x";
+  for (const std::size_t size : {30u, 34u, 36u, 60u}) {
+    RecordingHandler handler;
+    Xml::Parser parser(&handler, true, nullptr);
+    EXPECT_EQ(parseInBlocks(parser, withDefaults(size - name.size(), 100'000), 512),
+              4 * 10 >= 4 + size)
+        << size;
+  }
+}
+
+TEST(XmlParser, MoreDefaultAttributesAreRefusedLikeMoreEntities) {
+  const std::string byDefaults = withDefaults(10'000, 1000);
+  const std::string byEntities = "<!DOCTYPE a [<!ENTITY e '" + std::string(10'000, 'x') +
+                                 "'>]><a>" +
+                                 [] {
+                                   std::string all;
+                                   for (int i = 0; i < 1000; ++i) all += "&e;";
+                                   return all;
+                                 }() +
+                                 "</a>";
+  for (const std::string& document : {byDefaults, byEntities}) {
+    RecordingHandler handler;
+    Xml::Parser parser(&handler, true, nullptr);
+    EXPECT_FALSE(parseInBlocks(parser, document, 512));
+    EXPECT_EQ(parser.errorCode(), XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
+    EXPECT_EQ(parser.lineNumber(), 1);
+    EXPECT_GT(parser.columnNumber(), 10'000);
+    EXPECT_LT(parser.columnNumber(), 11'000);
+    EXPECT_LT(handler.log.size(), 1'200'000U);
+    handler.log.clear();
+    EXPECT_FALSE(parser.parse("<b/>", 4, false));
+    EXPECT_FALSE(parser.parse("", 0, true));
+    EXPECT_EQ(handler.log, "failed;failed;");
+    EXPECT_EQ(parser.errorCode(), XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
+  }
+}
+
+TEST(XmlParser, DefaultsCountOfSkippedElementsAndOfNamespacesToo) {
+  for (const std::string attribute : {"X x", "b xmlns", "b xmlns:p"}) {
+    std::string document =
+        "<!DOCTYPE a [<!ATTLIST " + attribute + " CDATA '" + std::string(10'000, 'x') + "'>]><a>";
+    for (int i = 0; i < 1000; ++i) document.append("<").append(attribute, 0, 1).append("/>");
+    RecordingHandler handler;
+    Xml::Parser parser(&handler, true, nullptr);
+    EXPECT_FALSE(parseInBlocks(parser, document + "</a>", 512)) << attribute;
+    EXPECT_EQ(parser.errorCode(), XML_ERROR_AMPLIFICATION_LIMIT_BREACH) << attribute;
+  }
+}
+
+// ---- Where an error shows ----
+
+namespace {
+
+/// The block in which the parser finds the error, and the one that shows it; blocks have 512 bytes.
+std::pair<std::int64_t, std::int64_t> blocksOfError(const std::string& document) {
+  RecordingHandler handler;
+  Xml::Parser parser(&handler, true, nullptr);
+  std::int64_t blocks = 0;
+  for (std::size_t at = 0;; at += 512) {
+    const std::string block = document.substr(at, 512);
+    ++blocks;
+    const bool isLast = block.size() < 512;
+    if (!parser.parse(block.data(), static_cast<int>(block.size()), isLast)) {
+      return {blocks, std::min((parser.errorEnd() + 511) / 512, blocks)};
+    }
+    if (isLast) return {0, 0};
+  }
+}
+
+}  // namespace
+
+// `before` and the filling are in front of `error`, whose last byte shows that it is one.
+TEST(XmlParser, TellsTheBlockInWhichALongTokenIsWrong) {
+  const struct {
+    const char* before;
+    const char* error;
+    const char* behind;
+  } rows[] = {{"<a b='", "<", "'/>"},
+              {"<a b='>", "' b=''>", ""},
+              {"<a b='\">", "&none;'>", ""},
+              {"<a><!-- ", "--x", "-->"},
+              {"<a></b", ">", ""},
+              {"<a b='", "\x01", "'/>"},
+              {"<a b='", "\xe2\x82(", "'/>"},
+              {"<a><?p ", "\x02", "?>"},
+              {"<a>&n", ";", "</a>"},
+              {"<a/><!-- ", "--x", "-->"},
+              {"<!DOCTYPE a [<!ENTITY e '", "&#0;'", ">]>"},
+              {"<!DOCTYPE a [<!ENTITY e '", "\x03", "'>]>"},
+              {"<!DOCTYPE a [<!-- ", "--x", "-->]>"}};
+  for (const auto& [before, error, behind] : rows) {
+    for (const std::size_t filling : {10u, 700u, 5'000u, 16'383u, 40'000u, 40'001u, 300'000u}) {
+      const std::string start = before + std::string(filling, 'n') + error;
+      const auto expected = static_cast<std::int64_t>((start.size() + 511) / 512);
+      const auto [found, shown] = blocksOfError(start + behind + std::string(700'000, ' '));
+      EXPECT_EQ(shown, expected) << before << " ... " << error << ", " << filling;
+      if (filling < 16'000) {
+        EXPECT_EQ(found, expected) << before << ", " << filling;
+      }
+    }
+  }
+}
+
+TEST(XmlParser, TellsThatTheEndIsWrong) {
+  for (const std::size_t size : {511u, 512u, 513u, 51'200u}) {
+    for (const char* start : {"<a>", "<a b='", "<a><!--", "<a><![CDATA["}) {
+      std::string document = start;
+      document.resize(size, ' ');
+      const auto blocks = static_cast<std::int64_t>(size / 512 + 1);
+      EXPECT_EQ(blocksOfError(document), std::pair(blocks, blocks)) << start << " of " << size;
+    }
+  }
 }
 
 TEST(XmlParser, UnknownEncodingFails) {
@@ -253,7 +439,7 @@ TEST_P(XmlParserThrows, ExceptionOfTheHandlerLeavesParse) {
   ThrowingHandler handler(GetParam());
   Xml::Parser parser(&handler, true, nullptr);
   try {
-    parseWhole(parser, "<a><b x='1'>t</b><c/></a></oops>");
+    parseWhole(parser, "\n<a><b x='1'>t</b><c/></a>\n</oops>");
     FAIL() << "nothing was thrown";
   } catch (const std::runtime_error& error) {
     EXPECT_STREQ(error.what(), "from the handler");
@@ -261,6 +447,9 @@ TEST_P(XmlParserThrows, ExceptionOfTheHandlerLeavesParse) {
   const std::string before =
       GetParam() == ThrowAt::text || GetParam() == ThrowAt::end ? "<a><b x=1>" : "<a>";
   EXPECT_EQ(handler.log, before) << "no event and no parseFailed() after the exception";
+  EXPECT_EQ(parser.lineNumber(), 2);
+  const int column = GetParam() == ThrowAt::text ? 12 : GetParam() == ThrowAt::end ? 13 : 3;
+  EXPECT_EQ(parser.columnNumber(), column);
 
   EXPECT_THROW(parser.parse("", 0, true), std::runtime_error);
   EXPECT_EQ(handler.log, before);
