@@ -1,12 +1,14 @@
 #include "driver/conversion.h"
 
-#include <array>
 #include <clocale>
-#include <fstream>
+#include <cstdint>
 #include <optional>
+#include <span>
 
 #include "SRC/plot_document.h"
 #include "base/ref_counted.h"
+#include "driver/input.h"
+#include "driver/last_words.h"
 #include "driver/output.h"
 #include "driver/reporting.h"
 #include "export/export_error.h"
@@ -30,24 +32,33 @@ class WarningWriter : public Writer {
 using JVX_Writer = WarningWriter<PlotDom::JVXWriter>;
 using JVD_Writer = WarningWriter<PlotDom::JVDWriter>;
 
-/// The input is parsed in blocks of this size: the number of parser warnings depends on it.
-constexpr int blockSize = 512;
+void warnOfParserError(const Xml::Parser& parser) {
+  parserWarning(parser.errorCode(), parser.lineNumber(), parser.columnNumber());
+}
 
-/// The input is read from the system in pieces of this size.
-constexpr int readSize = 64 * 1024;
-
-/// Parses the whole input. An error of the parser is no reason to stop: each block that follows
-/// repeats it.
-void parse(std::istream& in, Xml::Parser& parser) {
-  std::array<char, blockSize> block;
-  int count;
-  do {
-    in.read(block.data(), blockSize);
-    count = static_cast<int>(in.gcount());
-    if (!parser.parse(block.data(), count, count < blockSize)) {
-      parserWarning(parser.errorCode(), parser.lineNumber(), parser.columnNumber());
+/// Parses the whole input. An error of the parser is no reason to stop: each block from the one
+/// that shows it on is warned of, and so are blocks that were read before the parser looked at
+/// them.
+void parse(Input& in, Xml::Parser& parser) {
+  const PlaceInInput place(parser);
+  constexpr auto blockSize = static_cast<std::int64_t>(Input::blockSize);
+  std::int64_t blocks = 0;
+  bool isWellFormed = true;
+  bool isLast = false;
+  while (!isLast) {
+    const std::span<const char> block = in.nextBlock();
+    isLast = block.size() < Input::blockSize;
+    ++blocks;
+    if (parser.parse(block.data(), static_cast<int>(block.size()), isLast)) continue;
+    const std::int64_t first =
+        isWellFormed ? (parser.errorEnd() + blockSize - 1) / blockSize : blocks;
+    isWellFormed = false;
+    warnOfParserError(parser);
+    for (std::int64_t missed = first; missed < blocks; ++missed) {
+      parser.parse("", 0, true);
+      warnOfParserError(parser);
     }
-  } while (count == blockSize);
+  }
 }
 
 /// Writes the geometry. An animation has no `output`, for it opens a file for each frame.
@@ -81,12 +92,7 @@ void convert(Options options) {
     options.frames = 0;
   }
 
-  std::array<char, readSize> readBuffer;
-  std::ifstream in;
-  in.rdbuf()->pubsetbuf(readBuffer.data(), readSize);
-  in.open(options.inName, std::ios::binary);
-  if (!in) error("Can not open input file.");
-
+  Input in(options.inName);
   if (!options.outName && options.frames > 0) error("No output file name given.");
   std::optional<Output> output;
   if (options.frames == 0) output.emplace(options.outName);

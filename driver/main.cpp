@@ -4,6 +4,7 @@
 #include <ios>
 
 #include "driver/conversion.h"
+#include "driver/last_words.h"
 #include "driver/options.h"
 
 namespace {
@@ -22,6 +23,7 @@ void occupyStandardDescriptors() {
 
 int main(int argc, char** argv) {
   occupyStandardDescriptors();
+  Driver::announceAbnormalEnds();
   std::ios::sync_with_stdio(false);
   Driver::convert(Driver::parseOptions(argc, argv));
   return 0;

@@ -1,5 +1,7 @@
 #include "driver/output.h"
 
+#include <unistd.h>
+
 #include <iostream>
 
 #include "driver/reporting.h"
@@ -13,12 +15,14 @@ Output::Output(const char* name) : stream_(name ? file_ : std::cout) {
 }
 
 void Output::close() {
+  bool isClosed = true;
   if (file_.is_open()) {
     file_.close();
   } else {
     stream_.flush();
+    isClosed = ::close(STDOUT_FILENO) == 0;
   }
-  if (!stream_) error("Can not write output file.");
+  if (!stream_ || !isClosed) error("Can not write output file.");
 }
 
 }  // namespace Driver

@@ -14,8 +14,9 @@ class Output {
 
   std::ostream& stream() { return stream_; }
 
-  /// Hands all that was written on to the system. Without this call the end of the program leaves
-  /// behind what the file's buffer still holds.
+  /// Hands all that was written on to the system and closes the file or standard output, for some
+  /// systems say only then that it could not be written. Without this call the end of the program
+  /// leaves behind what the file's buffer still holds.
   void close();
 
  private:

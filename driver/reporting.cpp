@@ -30,4 +30,12 @@ void parserWarning(int code, int line, int column) {
   std::fprintf(stderr, "Warning: parser error '%d' [line %d column %d]\n", code, line, column);
 }
 
+void badData(const char* reason) { std::fprintf(stderr, "vantry: bad data: %s\n", reason); }
+
+void badData(const char* reason, int line, int column) {
+  std::fprintf(stderr, "vantry: bad data in line %d, column %d: %s\n", line, column, reason);
+}
+
+void outOfMemory() { std::fputs("vantry: out of memory\n", stderr); }
+
 }  // namespace Driver

@@ -16,4 +16,10 @@ void warning(const char* message);
 /// place, in lines from 1 and columns from 0.
 void parserWarning(int code, int line, int column);
 
+/// Says why the program is about to end abnormally, and at which place of the input if that is
+/// known, in lines from 1 and columns from 0.
+void badData(const char* reason);
+void badData(const char* reason, int line, int column);
+void outOfMemory();
+
 }  // namespace Driver

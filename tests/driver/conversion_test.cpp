@@ -20,6 +20,7 @@ namespace {
 const std::string noInput = "Error: Can not open input file. (exiting)\n";
 const std::string noOutput = "Error: Can not open output file. (exiting)\n";
 const std::string badText = "Ubase::BadUnicodeString";
+const std::string badTextAnnounced = "vantry: bad data: incomplete Unicode string";
 const std::string displayNotAnimated = "Warning: Only JVX files can be animated, '-f' ignored.\n";
 
 class Conversion : public ProgramTest {
@@ -29,21 +30,27 @@ class Conversion : public ProgramTest {
     write("animated.zrd", animatedDocument);
   }
 
-  /// The run ends by an exception that nobody catches. Nothing is written, and all that is said are
-  /// the last words of the language.
-  void expectAbnormalEnd(const std::vector<std::string>& arguments,
+  /// The run ends by an exception that nobody catches. Nothing is written. All that is said is one
+  /// line of the program, and the last words of the language.
+  void expectAbnormalEnd(const std::vector<std::string>& arguments, const std::string& announcement,
                          const std::string& exception) const {
     const Outcome outcome = run(arguments);
     EXPECT_EQ(outcome.signal, SIGABRT);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_TRUE(outcome.err.starts_with("terminate called after throwing an instance of '" +
-                                        exception + "'\n"))
+    EXPECT_TRUE(outcome.err.starts_with(
+        announcement + "\nterminate called after throwing an instance of '" + exception + "'\n"))
         << outcome.err;
     for (const char* word : {"Error:", "Warning:", "Sanitizer"}) {
       EXPECT_EQ(countOf(word, outcome.err), 0U) << outcome.err;
     }
   }
 };
+
+/// What the program says of bad data at a place.
+std::string badDataIn(std::size_t line, std::size_t column, const std::string& reason) {
+  return "vantry: bad data in line " + std::to_string(line) + ", column " + std::to_string(column) +
+         ": " + reason;
+}
 
 /// A document that is broken from its 11th byte on, filled up to a length.
 std::string brokenDocument(std::size_t length) {
@@ -237,6 +244,18 @@ TEST_F(Conversion, NothingOfADocumentWithAnErrorIsExported) {
   EXPECT_EQ(undated(outcome.out), jvxHeader);
 }
 
+TEST_F(Conversion, AnimationBeyondAllMeasureEndsBeforeItsFirstFile) {
+  for (const char* end : {"inf", "nan", "1e9", "1000000"}) {
+    write("long.zrd", "<Canvas><TimeRange TimeBegin='0' TimeEnd='" + std::string(end) +
+                          "'/><Scene3d><CoordinateSystem3d/></Scene3d></Canvas>");
+    const Outcome outcome = run({"-f", "1", "-o", "out.jvx", "long.zrd"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "Error: time range too large (exiting)\n");
+    EXPECT_EQ(files(), "animated.zrd long.zrd static.zrd");
+    EXPECT_EQ(run({"-t", "5", "long.zrd"}).status, 0) << "one frame of it is none of these";
+  }
+}
+
 TEST_F(Conversion, DocumentWithErrorIsNotAnimated) {
   write("broken.zrd", animatedDocument + "<");
   const Outcome outcome = run({"-f", "5", "-o", "out.jvx", "broken.zrd"});
@@ -260,45 +279,90 @@ TEST_F(Conversion, DisplayDocumentWithoutSceneIsAnErrorToo) {
   EXPECT_EQ(outcome.err, "Warning: parser error '7' [line 1 column 10]\n" + noScene);
 }
 
+// The place is that of the tag at which the data are found to be bad.
 TEST_F(Conversion, BadDataEndsTheProcessAbnormally) {
   const struct {
     const char* name;
     std::string document;
+    const char* place;
+    const char* reason;
   } rows[] = {
-      {"outermost element other than Canvas", "<Scene3d/>"},
-      {"outermost point", "<P3>1 2 3</P3>"},
-      {"mandatory Type missing", inPlane("<Obj2d/>")},
-      {"mandatory Type empty", inPlane("<Obj2d Type=''/>")},
-      {"mandatory Opt missing", inPlane("<Obj2d Type='F'><Expr>x</Expr></Obj2d>")},
-      {"child that is refused", "<Canvas><Line2d From='0 0' To='1 1'/></Canvas>"},
+      {"outermost element other than Canvas", "<Scene3d/>", "<Scene3d",
+       "HIERARCHY_REQUEST_ERR: element 'Scene3d'"},
+      {"outermost point", "<P3>1 2 3</P3>", "</P3>", "INVALID_ACCESS_ERR: element 'P3'"},
+      {"mandatory Type missing", inPlane("<Obj2d/>"), "<Obj2d",
+       "INVALID_ACCESS_ERR: element 'Obj2d' needs attribute 'Type'"},
+      {"mandatory Type empty", inPlane("<Obj2d Type=''/>"), "<Obj2d",
+       "SYNTAX_ERR: element 'Obj2d', attribute 'Type', value ''"},
+      {"mandatory Opt missing", inPlane("<Obj2d Type='F'><Expr>x</Expr></Obj2d>"), "<Expr",
+       "HIERARCHY_REQUEST_ERR: element 'Expr' needs attribute 'Opt'"},
+      {"child that is refused", "<Canvas><Line2d From='0 0' To='1 1'/></Canvas>", "<Line2d",
+       "HIERARCHY_REQUEST_ERR: element 'Line2d' in 'Canvas'"},
       {"expression beyond a matrix",
        inPlane("<Transform2d Type='T'><Matrix2d><IExpr/><IExpr/><IExpr/><IExpr/><IExpr/></Matrix2d>"
-               "</Transform2d>")},
-      {"element behind a nested Canvas", "<Canvas><Canvas/><Scene3d/></Canvas>"},
-      {"attribute of other elements", "<Canvas UMesh='2'/>"},
-      {"text of an integer", inImage("<ColorArray2d XMesh='two' YMesh='1'/>")},
-      {"text of a length", "<Canvas Width='wide'/>"},
-      {"text of a point", inImage("<Line2d From='0' To='1 1'/>")},
-      {"text of a colour", inImage("<Line2d From='0 0' To='1 1' LineColor='red'/>")},
-      {"text of a truth value", inPlane("<Obj2d Type='F' Visible='perhaps'/>")},
-      {"point with too few numbers", corruptedDocument},
-      {"point with no numbers", inImage("<Pts2d><P2/></Pts2d>")},
-      {"point where none belongs", inImage("<P2>1 2</P2>")},
-      {"plain point behind a coloured", inImage("<Pts2d><P2>1 2 #ff0000</P2><P2>1 2</P2></Pts2d>")},
-      {"colour with too few digits", inImage("<Pts2d><P2>1 2 #ff00</P2></Pts2d>")},
+               "</Transform2d>"),
+       "<IExpr/></Matrix2d>", "HIERARCHY_REQUEST_ERR: element 'IExpr' in 'Matrix2d'"},
+      {"element behind a nested Canvas", "<Canvas><Canvas/><Scene3d/></Canvas>", "<Scene3d",
+       "HIERARCHY_REQUEST_ERR: element 'Scene3d'"},
+      {"attribute of other elements", "<Canvas UMesh='2'/>", "<Canvas",
+       "INVALID_ACCESS_ERR: element 'Canvas', attribute 'UMesh', value '2'"},
+      {"text of an integer", inImage("<ColorArray2d XMesh='two' YMesh='1'/>"), "<ColorArray2d",
+       "SYNTAX_ERR: element 'ColorArray2d', attribute 'XMesh', value 'two'"},
+      {"text of a length", "<Canvas Width='wide'/>", "<Canvas",
+       "SYNTAX_ERR: element 'Canvas', attribute 'Width', value 'wide'"},
+      {"text of a point", inImage("<Line2d From='0' To='1 1'/>"), "<Line2d",
+       "SYNTAX_ERR: element 'Line2d', attribute 'From', value '0'"},
+      {"text of a colour", inImage("<Line2d From='0 0' To='1 1' LineColor='red'/>"), "<Line2d",
+       "SYNTAX_ERR: element 'Line2d', attribute 'LineColor', value 'red'"},
+      {"text of a truth value", inPlane("<Obj2d Type='F' Visible='perhaps'/>"), "<Obj2d",
+       "SYNTAX_ERR: element 'Obj2d', attribute 'Visible', value 'perhaps'"},
+      {"point with too few numbers", corruptedDocument, "</P3>",
+       "INVALID_ACCESS_ERR: element 'P3', data '1 2'"},
+      {"point with no numbers", inImage("<Pts2d><P2/></Pts2d>"), "</Pts2d>",
+       "INVALID_ACCESS_ERR: element 'P2', data ''"},
+      {"point where none belongs", inImage("<P2>1 2</P2>"), "</P2>",
+       "INVALID_ACCESS_ERR: element 'P2' in 'Img2d'"},
+      {"plain point behind a coloured", inImage("<Pts2d><P2>1 2 #ff0000</P2><P2>1 2</P2></Pts2d>"),
+       "</P2></Pts2d>", "INVALID_ACCESS_ERR: element 'P2' in 'Pts2d'"},
+      {"colour with too few digits", inImage("<Pts2d><P2>1 2 #ff00</P2></Pts2d>"), "</P2>",
+       "INVALID_ACCESS_ERR: element 'P2', data '1 2 #ff00'"},
       {"word that is no number",
-       inImage("<DensityArray2d XMesh='1' YMesh='1'>abc</DensityArray2d>")},
-      {"values missing", inImage("<DensityArray2d XMesh='2' YMesh='2'>1 2 3</DensityArray2d>")},
-      {"colours missing", inImage("<ColorArray2d XMesh='2' YMesh='1'>#ff0000</ColorArray2d>")},
+       inImage("<DensityArray2d XMesh='1' YMesh='1'>abc</DensityArray2d>"), "</DensityArray2d>",
+       "INVALID_ACCESS_ERR: element 'DensityArray2d', data 'abc'"},
+      {"values missing", inImage("<DensityArray2d XMesh='2' YMesh='2'>1 2 3</DensityArray2d>"),
+       "</DensityArray2d>", "INVALID_ACCESS_ERR: element 'DensityArray2d', values missing"},
+      {"colours missing", inImage("<ColorArray2d XMesh='2' YMesh='1'>#ff0000</ColorArray2d>"),
+       "</ColorArray2d>", "INVALID_ACCESS_ERR: element 'ColorArray2d', colors missing"},
   };
-  for (const auto& [name, document] : rows) {
+  for (const auto& [name, document, place, reason] : rows) {
     SCOPED_TRACE(name);
+    const std::string announcement = badDataIn(1, document.find(place), reason);
     write("in.zrd", document);
-    expectAbnormalEnd({"in.zrd"}, "Arbor::DomException");
+    expectAbnormalEnd({"in.zrd"}, announcement, "Arbor::DomException");
     write("out.jvx", "what was there before");
-    expectAbnormalEnd({"in.zrd", "-o", "out.jvx"}, "Arbor::DomException");
+    expectAbnormalEnd({"in.zrd", "-o", "out.jvx"}, announcement, "Arbor::DomException");
     EXPECT_EQ(read("out.jvx"), "");
   }
+}
+
+TEST_F(Conversion, BadDataHaveAPlaceInALongDocument) {
+  write("in.zrd", "<Canvas>\n\n" + std::string(100'000, '\n') + "   <Scene2d/><Scene2d Foo='\n'\n" +
+                      " Layout='\n" + std::string(1000, 'x') + "'/>\n<Bar></Foo></Canvas>\n");
+  expectAbnormalEnd({"in.zrd"},
+                    badDataIn(100'003, 13,
+                              "INVALID_ACCESS_ERR: element 'Scene2d', attribute "
+                              "'Layout', value ' " +
+                                  std::string(59, 'x') + "...'"),
+                    "Arbor::DomException");
+}
+
+TEST_F(Conversion, ExceptionSaysWhatTheAnnouncementSays) {
+  write("in.zrd", "<Canvas Width='wide'/>");
+  EXPECT_EQ(run({"in.zrd"}).err,
+            "vantry: bad data in line 1, column 0: SYNTAX_ERR: element 'Canvas', attribute "
+            "'Width', value 'wide'\n"
+            "terminate called after throwing an instance of 'Arbor::DomException'\n"
+            "  what():  SYNTAX_ERR: element 'Canvas', attribute 'Width', value 'wide'\n");
 }
 
 TEST_F(Conversion, TextThatTheLocaleCannotReadEndsTheProcessAbnormally) {
@@ -309,7 +373,7 @@ TEST_F(Conversion, TextThatTheLocaleCannotReadEndsTheProcessAbnormally) {
   EXPECT_NE(readable.out.find("\xc3\xa9"), std::string::npos);
 
   setEnvironment("LC_ALL", "C");
-  expectAbnormalEnd({"text.zrd"}, badText);
+  expectAbnormalEnd({"text.zrd"}, badTextAnnounced, badText);
 }
 
 // A locale of single bytes divides a character of more bytes, also one that its set has. Where the
@@ -322,7 +386,7 @@ TEST_F(Conversion, TextBeyondAsciiEndsTheProcessUnderALocaleOfSingleBytesToo) {
   setEnvironment("LC_ALL", singleBytes);
   for (const char* text : {"\xc3\xa9", "\xce\xb2", "a\xe2\x82\xac"}) {
     write("text.zrd", inImage("<Text2d Position='1 2'>" + std::string(text) + "</Text2d>"));
-    expectAbnormalEnd({"text.zrd"}, badText);
+    expectAbnormalEnd({"text.zrd"}, badTextAnnounced, badText);
   }
   write("text.zrd", inImage("<Text2d Position='1 2'>a &lt; b</Text2d>"));
   const Outcome outcome = run({"text.zrd"});

@@ -28,6 +28,7 @@ inline const std::string textDocument =
 
 inline const std::string noScene = "Error: no scene (exiting)\n";
 inline const std::string notAnimated = "Warning: No animation, '-f' ignored.\n";
+inline const std::string notRead = "Error: Can not read input file. (exiting)\n";
 inline const std::string notWritten = "Error: Can not write output file. (exiting)\n";
 
 /// What both kinds of output begin with, from their version to their abstract.

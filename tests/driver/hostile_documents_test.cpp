@@ -247,6 +247,37 @@ TEST_F(HostileDocument, PointBehindThirtyMegabytesOfBlanks) {
   EXPECT_EQ(countOf("<p>1 2 3</p>\n", outcome.out), 1U);
 }
 
+// The number of warnings is that of the blocks from the one on that shows the error, however the
+// parser looks for it, and so are their places.
+TEST_F(HostileDocument, ErrorInALongTokenIsWarnedOfFromItsBlockOn) {
+  const struct {
+    const char* before;
+    const char* error;  // its last character shows it
+    const char* number;
+  } rows[] = {{"<Canvas>\n<Group2d Name='", "<", "4"},
+              {"<Canvas>\n<Group2d Name='", "' Name=''>", "8"},
+              {"<Canvas>\n<!-- ", "--x", "4"},
+              {"<Canvas>\n</Canva", ">", "7"}};
+  for (const auto& [before, error, number] : rows) {
+    for (const std::size_t length : {20u, 2'000u, 15'000u, 60'000u, 800'000u}) {
+      SCOPED_TRACE(testing::Message() << before << " " << length << " " << error);
+      const std::string start = before + std::string(length, 's') + error;
+      const std::string document = start + std::string(100'000, ' ');
+      const std::size_t blocks = document.size() / 512 + 1 - (start.size() - 1) / 512;
+      const Outcome outcome = convert(document);
+      EXPECT_EQ(
+          countOf("Warning: parser error '" + std::string(number) + "' [line 2 ", outcome.err),
+          blocks);
+      EXPECT_EQ(countOf("Warning", outcome.err), blocks);
+      EXPECT_EQ(outcome.status, 2);
+
+      setFailing("READ_TOKENS_AGAIN", "1");
+      EXPECT_EQ(outcome.err, convert(document).err);
+      setEnvironment("LD_PRELOAD", "");
+    }
+  }
+}
+
 // ---- Sizes that are not true ----
 
 TEST_F(HostileDocument, MeshOfNearlyAllPointsThatThereCanBe) {
@@ -305,6 +336,32 @@ TEST_F(HostileDocument, EntitiesOfOtherFilesAreNotRead) {
                                   documentBegin + textObject("&e;") + documentEnd);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(countOf("secret", outcome.out), 0U);
+}
+
+TEST_F(HostileDocument, EntitiesMakeTenTimesTheDocumentAtMost) {
+  const auto document = [](std::size_t size) {
+    return "<!DOCTYPE Canvas [<!ENTITY e '" + std::string(size, 'e') + "'>]>" + documentBegin +
+           lineObject + repeated("&e;", 100'000) + documentEnd;
+  };
+  expectTheLine(document(26));
+  expectParserError(document(28), "43");
+  EXPECT_EQ(convert("<!DOCTYPE Canvas [<!ENTITY e '" + std::string(10'000, 'e') + "'>]>" +
+                    documentBegin + lineObject + repeated("&e;", 100) + documentEnd)
+                .status,
+            0)
+      << "a megabyte of them is always taken";
+}
+
+TEST_F(HostileDocument, DefaultAttributesMakeTenTimesTheDocumentAtMost) {
+  const auto document = [](std::size_t size, int count) {
+    return "<!DOCTYPE Canvas [<!ATTLIST Group2d Name CDATA '" + std::string(size, 'x') + "'>]>" +
+           documentBegin + lineObject + repeated("<Group2d/>", static_cast<std::size_t>(count)) +
+           documentEnd;
+  };
+  expectTheLine(document(10'000, 100));
+  expectTheLine(document(84, 50'000));
+  expectParserError(document(88, 50'000), "43");
+  expectParserError(document(333'000, 33'000), "43");
 }
 
 // ---- Encodings ----
@@ -397,6 +454,28 @@ TEST_F(Shortage, FrameThatCannotGrowIsNoSuccess) {
   EXPECT_EQ(undated(read("out.1.jvx")), undated(first));
   EXPECT_EQ(undated(read("out.2.jvx")), undated(first));
   EXPECT_LE(read("out.3.jvx").size(), first.size());
+}
+
+// Nothing that depends on the document, nor any large buffer, lies on the stack.
+TEST_F(Shortage, SmallStackIsEnough) {
+  constexpr std::uint64_t kilobyte = 1024;
+  setLimit(RLIMIT_STACK, (isSanitized ? 512 : 128) * kilobyte);
+  setEnvironment("LC_ALL", "C.UTF-8");
+  for (const auto& entry : std::filesystem::directory_iterator(source / "examples")) {
+    if (entry.path().extension() != ".zrd") continue;
+    for (const std::vector<std::string>& mode : {std::vector<std::string>{}, {"-d"}}) {
+      std::vector<std::string> arguments = mode;
+      arguments.push_back(entry.path());
+      const Outcome outcome = run(arguments);
+      EXPECT_EQ(outcome.status, 0) << entry.path();
+      EXPECT_EQ(outcome.err, "") << entry.path();
+    }
+  }
+  write("deep.zrd", documentBegin + repeated("<Group2d>", 100'000) + lineObject +
+                        repeated("</Group2d>", 100'000) + documentEnd);
+  EXPECT_EQ(run({"deep.zrd"}).status, 0);
+  write("bad.zrd", "<Canvas Width='wide'/>");
+  EXPECT_EQ(run({"bad.zrd"}).signal, SIGABRT);
 }
 
 // Under the address sanitizer, which keeps terabytes of addresses, nothing can be limited.

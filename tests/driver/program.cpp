@@ -55,14 +55,24 @@ std::string contentOf(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+// The sanitizer's library wants to be the first one otherwise.
+void ProgramTest::setFailing(const std::string& name, const std::string& value) {
+  setEnvironment("LD_PRELOAD", FAILING_CALLS);
+  setEnvironment("ASAN_OPTIONS", "verify_asan_link_order=0");
+  setEnvironment(name, value);
+}
+
 Outcome ProgramTest::run(const std::vector<std::string>& arguments) const {
   return runInto(capturedOutput, arguments);
 }
 
 Outcome ProgramTest::runInto(const std::string& standardOutput,
                              const std::vector<std::string>& arguments) const {
-  std::vector<char*> argv = {const_cast<char*>(VANTRY_PROGRAM)};
-  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  std::vector<std::string> command = wrapper_;
+  command.emplace_back(VANTRY_PROGRAM);
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  std::vector<char*> argv;
+  for (std::string& word : command) argv.push_back(word.data());
   argv.push_back(nullptr);
 
   // Errors come through a pipe, which no limit on the size of files cuts off.
@@ -78,7 +88,7 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
     redirect(STDOUT_FILENO,
              open(standardOutput.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     for (const int descriptor : closed_) close(descriptor);
-    execv(VANTRY_PROGRAM, argv.data());
+    execv(argv[0], argv.data());
     _exit(127);
   }
 
@@ -86,11 +96,13 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   const std::string err = drained(errors[0]);
   close(errors[0]);
   int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) fail("waitpid");
+  rusage usage{};
+  while (wait4(child, &status, 0, &usage) < 0) {
+    if (errno != EINTR) fail("wait4");
   }
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-          standardOutput == capturedOutput ? read(capturedOutput) : "", err};
+          standardOutput == capturedOutput ? read(capturedOutput) : "", err,
+          std::int64_t{usage.ru_maxrss} * 1024};
 }
 
 void ProgramTest::write(const std::string& name, std::string_view text) const {

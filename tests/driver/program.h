@@ -22,6 +22,7 @@ struct Outcome {
   int signal;  ///< that signal, or 0
   std::string out;
   std::string err;
+  std::int64_t memory;  ///< the most bytes that it held at once
 };
 
 /// Each test has an empty folder, which is the program's current one.
@@ -32,11 +33,17 @@ class ProgramTest : public testing::Test {
     environment_[name] = value;
   }
 
+  /// Lets calls of the runs that follow fail; preloaded/failing_calls.cpp has the names.
+  void setFailing(const std::string& name, const std::string& value);
+
   /// Limits what the runs that follow may use of a resource, one of the RLIMIT constants.
   void setLimit(int resource, std::uint64_t limit) { limits_[resource] = limit; }
 
   /// Starts the runs that follow without these of the three standard streams.
   void setClosed(const std::set<int>& descriptors) { closed_ = descriptors; }
+
+  /// Runs the program under another one in the runs that follow: its path and its arguments.
+  void setWrapper(const std::vector<std::string>& command) { wrapper_ = command; }
 
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
@@ -58,4 +65,5 @@ class ProgramTest : public testing::Test {
   std::map<std::string, std::string> environment_;
   std::map<int, std::uint64_t> limits_;
   std::set<int> closed_;
+  std::vector<std::string> wrapper_;
 };

@@ -94,9 +94,36 @@ TEST_F(Streams, EmptyInput) {
   expectNoScene({"empty.zrd"}, "'3' [line 1 column 0]");
 }
 
-TEST_F(Streams, InputThatCannotBeReadIsEmpty) {
-  expectNoScene({"."}, "'3' [line 1 column 0]");
-  expectNoScene({"/proc/self/mem"}, "'3' [line 1 column 0]");
+TEST_F(Streams, FolderIsEmpty) { expectNoScene({"."}, "'3' [line 1 column 0]"); }
+
+TEST_F(Streams, InputThatCannotBeRead) {
+  const Outcome outcome = run({"/proc/self/mem", "-o", "out.jvx"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, notRead);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(read("out.jvx"), "");
+}
+
+TEST_F(Streams, InputThatCannotBeReadToItsEnd) {
+  write("long.zrd", staticDocument + std::string(200'000, '\n'));
+  EXPECT_EQ(run({"long.zrd"}).status, 0);
+  for (const char* size : {"0", "1", "512", "100000", "200000"}) {
+    setFailing("FAIL_READ_AFTER", size);
+    const Outcome outcome = run({"long.zrd"});
+    EXPECT_EQ(outcome.status, 2) << size;
+    EXPECT_EQ(outcome.err, notRead) << size;
+    EXPECT_EQ(outcome.out, "") << size;
+  }
+}
+
+// What was read is a document with an error in it, which is warned of before the reading fails.
+TEST_F(Streams, InputThatCannotBeReadBehindAnError) {
+  write("broken.zrd", "<Canvas></Scene>" + std::string(200'000, '\n'));
+  setFailing("FAIL_READ_AFTER", "65536");
+  const Outcome outcome = run({"broken.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(countOf("Warning: parser error '7'", outcome.err), 128U);
+  EXPECT_TRUE(outcome.err.ends_with(notRead)) << outcome.err;
 }
 
 TEST_F(Streams, PipeThatIsClosedAtOnceIsEmpty) {
@@ -160,6 +187,19 @@ TEST_F(Streams, ClosedStandardOutputIsNoSuccess) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, notWritten);
   }
+}
+
+TEST_F(Streams, StandardOutputThatCannotBeClosedIsNoSuccess) {
+  for (const std::vector<std::string>& arguments : toStandardOutput) {
+    EXPECT_EQ(run(arguments).status, 0);
+  }
+  setFailing("FAIL_CLOSE", "1");
+  for (const std::vector<std::string>& arguments : toStandardOutput) {
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, notWritten);
+  }
+  EXPECT_EQ(run({"static.zrd", "-o", "out.jvx"}).status, 0);
 }
 
 TEST_F(Streams, ClosedStandardOutputIsNotMissedWhereNothingGoesToIt) {

@@ -1,0 +1,21 @@
+// What is said before the program ends by an exception that nobody catches.
+#pragma once
+
+#include "reader/xml_parser.h"
+
+namespace Driver {
+
+/// From now on an end by an exception is announced: one line on standard error says in words what
+/// was wrong with the document. Everything else about the end stays as it is.
+void announceAbnormalEnds();
+
+/// While this lives, the announcement names the place at which the parser stands.
+class PlaceInInput {
+ public:
+  explicit PlaceInInput(const Xml::Parser& parser);
+  PlaceInInput(const PlaceInInput&) = delete;
+  PlaceInInput& operator=(const PlaceInInput&) = delete;
+  ~PlaceInInput();
+};
+
+}  // namespace Driver
