@@ -259,15 +259,15 @@ TEST_F(HostileDocument, ErrorInALongTokenIsWarnedOfFromItsBlockOn) {
               {"<Canvas>\n<!-- ", "--x", "4"},
               {"<Canvas>\n</Canva", ">", "7"}};
   for (const auto& [before, error, number] : rows) {
-    for (const std::size_t length : {20u, 2'000u, 15'000u, 60'000u, 800'000u}) {
+    for (const std::size_t length : {20u, 2'000u, 15'000u, 16'500u, 60'000u, 300'000u}) {
       SCOPED_TRACE(testing::Message() << before << " " << length << " " << error);
       const std::string start = before + std::string(length, 's') + error;
       const std::string document = start + std::string(100'000, ' ');
       const std::size_t blocks = document.size() / 512 + 1 - (start.size() - 1) / 512;
       const Outcome outcome = convert(document);
-      EXPECT_EQ(
-          countOf("Warning: parser error '" + std::string(number) + "' [line 2 ", outcome.err),
-          blocks);
+      const std::string warning = "Warning: parser error '" + std::string(number) + "' [line ";
+      EXPECT_TRUE(outcome.err.starts_with(warning + "2 column ")) << outcome.err.substr(0, 80);
+      EXPECT_EQ(countOf(warning, outcome.err), blocks);
       EXPECT_EQ(countOf("Warning", outcome.err), blocks);
       EXPECT_EQ(outcome.status, 2);
 

@@ -128,11 +128,6 @@ std::vector<Shape> siblingShapes() {
        [](std::size_t n) {
          return space(repeated("<Obj3d Type='Box'><Img3d><Box/></Img3d></Obj3d>", n));
        }},
-      {"Scenes", 1000,
-       [](std::size_t n) {
-         return canvas("<Scene2d><CoordinateSystem2d/></Scene2d>" + repeated("<Scene3d/>", 1) +
-                       repeated("<Unknown/>", n));
-       }},
       {"OptionsThatAreReplaced", 500,
        [](std::size_t n) {
          return plane(object + repeated("<Group2d/>", n) +
