@@ -83,7 +83,10 @@ constexpr auto digitGroups = [] {
   return groups;
 }();
 
-constexpr std::uint32_t textOf(std::uint32_t group) { return digitGroups[group] & 0xFF'FFFF; }
+// Every group is below 1000. The library's check of the index costs more than the look-up.
+constexpr std::uint32_t lookUp(std::uint32_t group) { return digitGroups.data()[group]; }
+
+constexpr std::uint32_t textOf(std::uint32_t group) { return lookUp(group) & 0xFF'FFFF; }
 
 template <class Bytes>
 void store(char* out, Bytes bytes) {
@@ -101,7 +104,7 @@ char* writeGroup(char* out, std::uint32_t group) {
 }
 
 char* writeGroupWithoutZeros(char* out, std::uint32_t group) {
-  const std::uint32_t leadingZeros = digitGroups[group] >> 24;
+  const std::uint32_t leadingZeros = lookUp(group) >> 24;
   store(out, textOf(group) >> 8 * leadingZeros);
   return out + 3 - leadingZeros;
 }
@@ -154,7 +157,10 @@ char* formatDouble(char* out, double value) {
 
 char* formatInteger(char* out, std::uint64_t value) {
   if (value < 1000) return writeGroupWithoutZeros(out, static_cast<std::uint32_t>(value));
-  return writeGroup(formatInteger(out, value / 1000), static_cast<std::uint32_t>(value % 1000));
+  const std::uint64_t groups = value / 1000;
+  out = groups < 1000 ? writeGroupWithoutZeros(out, static_cast<std::uint32_t>(groups))
+                      : formatInteger(out, groups);
+  return writeGroup(out, static_cast<std::uint32_t>(value % 1000));
 }
 
 char* formatInteger(char* out, std::int64_t value) {

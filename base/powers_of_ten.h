@@ -80,8 +80,7 @@ inline constexpr auto powersOfTen = [] {
   return table;
 }();
 
-constexpr const PowerOfTen& powerOfTen(int k) {
-  return powersOfTen[static_cast<std::size_t>(k - firstPower)];
-}
+/// Of a power in that range. Nothing checks it: each number that is printed takes two of them.
+constexpr const PowerOfTen& powerOfTen(int k) { return powersOfTen.data()[k - firstPower]; }
 
 }  // namespace Ubase

@@ -82,7 +82,7 @@ const char* readShortDecimal(const char* at, double& number) {
   if (*at == 'e' || *at == 'E') return nullptr;
 
   const double size = static_cast<double>(digits);
-  const double value = size / exactPowersOfTen[static_cast<std::size_t>(decimals)];
+  const double value = size / exactPowersOfTen.data()[decimals];  // at most safeDigits
   number = isNegative ? -value : value;
   return at;
 }
