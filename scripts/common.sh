@@ -3,6 +3,9 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
+# What to build.
+preset=release
+
 # What a build and its tests need of Debian.
 build_packages=(cmake ninja-build libexpat1-dev libgtest-dev)
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
@@ -58,9 +61,41 @@ may_become_root() {
   sudo -n true 2>/dev/null || { [[ -t 0 ]] && sudo -v; }
 }
 
-# build <preset> [<target>]: configures and builds.
+# build <target>: configures and builds. Prints nothing if there is nothing to do.
 build() {
   (
-    cd "$root" && cmake --preset "$1" && cmake --build --preset "$1" ${2:+--target "$2"}
+    cd "$root" && cmake --preset "$preset" >/dev/null &&
+      cmake --build --preset "$preset" --target "$1" |
+      sed -u '/Re-checking globbed directories/d; /^ninja: no work to do/d'
   ) >&2
+}
+
+# run_tests [<argument of ctest>...]: runs them, and prints those that fail as they do, a line
+# for each folder of tests, and the summary. ctest keeps the output of all of them.
+run_tests() {
+  local log=build/$preset/Testing/Temporary/LastTest.log
+  (
+    cd "$root" && ctest --preset "$preset" "$@" | awk -v log_file="$log" '
+      / +Start +[0-9]+: / { next }
+      / Test +#[0-9]+: .* sec *$/ {
+        match($0, /#[0-9]+: [^.]+/)
+        folder = substr($0, RSTART, RLENGTH)
+        sub(/.* /, "", folder)
+        if (!(folder in tests)) folders[++count] = folder
+        ++tests[folder]
+        seconds[folder] += $(NF - 1)
+        if (/ Passed +[0-9.]+ sec *$/) next
+        ++failed[folder]
+      }
+      / tests passed, / {
+        for (i = 1; i <= count; ++i) {
+          folder = folders[i]
+          printf "%-10s %5d tests %4d failed %8.1f s\n", folder, tests[folder], failed[folder],
+                 seconds[folder]
+        }
+        print "All output is in " log_file
+      }
+      { print; fflush() }
+    '
+  )
 }
