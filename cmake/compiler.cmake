@@ -5,9 +5,6 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   add_compile_options(-Wno-restrict)  # a false alarm at "text" + std::string, GCC bug 105651
 endif()
-if(VANTRY_WARNINGS_AS_ERRORS)
-  add_compile_options(-Werror)
-endif()
 
 if(VANTRY_SANITIZE)
   add_compile_options(

@@ -3,8 +3,8 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# What to build.
-preset=release
+# What to build. CI chooses the preset in which warnings are errors.
+preset=${VANTRY_PRESET:-release}
 
 # What a build and its tests need of Debian.
 build_packages=(cmake ninja-build libexpat1-dev libgtest-dev)
