@@ -53,16 +53,21 @@ void StyleElement::notifyPropertyChanged(Token name) {
 bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
   if (reactionTo(*this, source, name) != Reaction::changed) return false;
   notifyPropertyChange(*this, name);
-  if (!parent()) return false;
+  if (&source == this) tellWhatIsAround(name);
+  return false;
+}
+
+// All who inherit from this style are below its siblings, those that are styles again included.
+void StyleElement::tellWhatIsAround(Token name) {
+  if (!parent()) return;
   for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
     PlotElement* sibling = from(node);
     if (!sibling || sibling->isStyle()) continue;
     Arbor::walkSubtree(*node, [&](Arbor::Node& below) {
       PlotElement* element = from(&below);
-      return element && element->parentPropertyChanged(source, name);
+      return element && element->parentPropertyChanged(*this, name);
     });
   }
-  return false;
 }
 
 bool StyleElement::beginCommand(CmdWriter& writer) const {

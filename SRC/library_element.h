@@ -42,6 +42,10 @@ class StyleElement : public AttributeListElement {
 
   void putAttribute(CmdWriter& writer, const Property& property,
                     const Variant& value) const override;
+
+ private:
+  /// Tells each element around that may inherit from this one of the change, once.
+  void tellWhatIsAround(Token name);
 };
 
 }  // namespace PlotDom
