@@ -47,7 +47,8 @@ class PlotElement : public Arbor::Element {
   virtual bool hasProperty(Token name) const;
   virtual Variant getPropertyValue(Token name) const;
 
-  /// Gives the property a value; one that equals the inherited value is not kept as local.
+  /// Gives the property a value; one that equals the inherited value is not kept as local, unless
+  /// the property is mandatory.
   virtual void setPropertyValue(Token name, const Variant& value);
   virtual bool isWritableProperty(Token name) const;
 

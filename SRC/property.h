@@ -79,7 +79,7 @@ class Property {
 
   virtual bool isWritable(const PlotElement&) const { return true; }
 
-  /// Sets the attribute, or removes it if `value` is what the style parent has.
+  /// Sets the attribute, or removes it if `value` is what the style parent has and it may go.
   virtual void setValue(PlotElement& element, const Ubase::Variant& value) const = 0;
 
   /// Writes the member and sets its bit, unchecked.

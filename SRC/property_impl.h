@@ -167,7 +167,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   }
 
   void setValue(PlotElement& element, const Ubase::Variant& newValue) const final {
-    const PlotElement* parent = element.styleParent(name());
+    const PlotElement* parent = this->isMandatory() ? nullptr : element.styleParent(name());
     if (parent && parent->getPropertyValue(name()) == newValue) {
       element.removeAttribute(name());
     } else {

@@ -364,15 +364,22 @@ TEST_F(PropertyTest, ANanEqualsTheNanOfTheStyleParent) {
   EXPECT_TRUE(mesh->hasAttribute(Word::LineColorDirectionX));
 }
 
-// The rule does not ask for the kind of the property, and a mandatory one cannot be removed.
-TEST_F(PropertyTest, AMandatoryMemberRefusesTheValueOfTheStyleParent) {
+// It must have a value of its own, so this cannot be left to the style parent.
+TEST_F(PropertyTest, AMandatoryMemberKeepsTheValueOfTheStyleParentAsItsOwn) {
   object->setAttributeFromString(Word::UMesh, "25");
   Mesh3d* mesh = add<Mesh3d>(*image);
-  EXPECT_EQ(codeOf([&] { mesh->setPropertyValue(Word::UMesh, LongVariant(25)); }),
-            DomException::HierarchyRequest);
   EXPECT_EQ(mesh->uMesh(), 20);
-  mesh->setPropertyValue(Word::UMesh, LongVariant(26));
-  EXPECT_EQ(mesh->uMesh(), 26);
+  mesh->setPropertyValue(Word::UMesh, LongVariant(25));
+  EXPECT_EQ(mesh->uMesh(), 25);
+  EXPECT_TRUE(mesh->hasAttribute(Word::UMesh));
+  object->setAttributeFromString(Word::UMesh, "26");
+  EXPECT_EQ(mesh->uMesh(), 25);
+
+  add<ObjStyle>(*canvas, {{Word::Type, "Rotate3d"}});
+  auto* transform = add<Transform3d>(*system, {{Word::Type, "Rotate3d"}});
+  transform->setPropertyValue(Word::Type, TokenVariant(Word::Rotate3d));
+  EXPECT_EQ(transform->type(), Word::Rotate3d);
+  EXPECT_EQ(takeComplaints(), "");
 }
 
 TEST_F(PropertyTest, AMemberThatEqualsTheInheritedValueCanBeDropped) {
