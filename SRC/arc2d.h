@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// An arc of an ellipse. Angles are in radians.
-class Arc2d final : public Primitive<Arc2d> {
+class Arc2d : public Primitive<Arc2d> {
  public:
   static constexpr Token tag = Word::Arc2d;
 

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// An arrow between two points. `tipAngle` is in radians.
-class Arrow2d final : public Primitive<Arrow2d> {
+class Arrow2d : public Primitive<Arrow2d> {
  public:
   static constexpr Token tag = Word::Arrow2d;
 

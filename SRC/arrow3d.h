@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// An arrow between two points. `tipAngle` is in radians.
-class Arrow3d final : public Primitive<Arrow3d> {
+class Arrow3d : public Primitive<Arrow3d> {
  public:
   static constexpr Token tag = Word::Arrow3d;
 

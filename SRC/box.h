@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A box along the axes.
-class Box final : public Primitive<Box> {
+class Box : public Primitive<Box> {
  public:
   static constexpr Token tag = Word::Box;
 

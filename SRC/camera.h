@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A view of a 3d scene. `viewingAngle` is in radians.
-class Camera final : public Primitive<Camera> {
+class Camera : public Primitive<Camera> {
  public:
   static constexpr Token tag = Word::Camera;
 

@@ -9,7 +9,7 @@ namespace PlotDom {
 
 /// The root of a document: it holds the scenes with their page layout and the styles for all of
 /// them. Sizes are in millimetres, times in the unit of the document's time range.
-class Canvas final : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private StyleGetter {
+class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private StyleGetter {
  public:
   static constexpr Token tag = Word::Canvas;
 

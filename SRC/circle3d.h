@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A circle in space.
-class Circle3d final : public Primitive<Circle3d> {
+class Circle3d : public Primitive<Circle3d> {
  public:
   static constexpr Token tag = Word::Circle3d;
 

@@ -7,7 +7,7 @@ namespace PlotDom {
 
 /// The box outside of which nothing of a scene is shown. It is unset while no maximum is above
 /// its minimum.
-class ClippingBox final : public Primitive<ClippingBox> {
+class ClippingBox : public Primitive<ClippingBox> {
  public:
   static constexpr Token tag = Word::ClippingBox;
 

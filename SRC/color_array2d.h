@@ -8,7 +8,7 @@
 namespace PlotDom {
 
 /// A raster of `xMesh` by `yMesh` cells, each with a colour; x fastest, the lowest row first.
-class ColorArray2d final : public Primitive<ColorArray2d> {
+class ColorArray2d : public Primitive<ColorArray2d> {
  public:
   static constexpr Token tag = Word::ColorArray2d;
 

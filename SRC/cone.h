@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A cone, or a frustum of one.
-class Cone final : public Primitive<Cone> {
+class Cone : public Primitive<Cone> {
  public:
   static constexpr Token tag = Word::Cone;
 

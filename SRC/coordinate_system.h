@@ -27,7 +27,7 @@ class CoordinateSystemBase : public StyleContainer<LibraryElement>,
 };
 
 /// The axes of a scene in the plane.
-class CoordinateSystem2d final : public ElementOf<CoordinateSystem2d, CoordinateSystemBase> {
+class CoordinateSystem2d : public ElementOf<CoordinateSystem2d, CoordinateSystemBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem2d;
   using ElementOf::ElementOf;
@@ -39,7 +39,7 @@ class CoordinateSystem2d final : public ElementOf<CoordinateSystem2d, Coordinate
 };
 
 /// The axes of a scene in space.
-class CoordinateSystem3d final : public ElementOf<CoordinateSystem3d, CoordinateSystemBase> {
+class CoordinateSystem3d : public ElementOf<CoordinateSystem3d, CoordinateSystemBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem3d;
   using ElementOf::ElementOf;
@@ -65,7 +65,7 @@ class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemSt
 };
 
 /// What coordinate systems in the plane inherit from.
-class CoordinateSystem2dStyle final
+class CoordinateSystem2dStyle
     : public ElementOf<CoordinateSystem2dStyle, CoordinateSystemStyleBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem2dStyle;
@@ -78,7 +78,7 @@ class CoordinateSystem2dStyle final
 };
 
 /// What coordinate systems in space inherit from.
-class CoordinateSystem3dStyle final
+class CoordinateSystem3dStyle
     : public ElementOf<CoordinateSystem3dStyle, CoordinateSystemStyleBase> {
  public:
   static constexpr Token tag = Word::CoordinateSystem3dStyle;

@@ -8,7 +8,7 @@
 namespace PlotDom {
 
 /// A raster of `xMesh` by `yMesh` cells, each with a number; x fastest, the lowest row first.
-class DensityArray2d final : public Primitive<DensityArray2d> {
+class DensityArray2d : public Primitive<DensityArray2d> {
  public:
   static constexpr Token tag = Word::DensityArray2d;
 

@@ -55,8 +55,8 @@ namespace PlotDom {
 
 namespace {
 
-struct ElementClass {
-  WordId name;
+struct FactoryRow {
+  const Arbor::NodeClass& nodeClass;
   Ubase::Ref<PlotElement> (*make)(PlotDocument& document);
 };
 
@@ -68,8 +68,8 @@ constexpr WordId wordIdOf(Token word) {
 }
 
 template <class Element>
-constexpr ElementClass classOf() {
-  return {wordIdOf(Element::tag),
+constexpr FactoryRow classOf() {
+  return {elementClass<Element>,
           [](PlotDocument& document) -> Ubase::Ref<PlotElement> { return new Element(&document); }};
 }
 
@@ -185,24 +185,35 @@ constexpr auto classNumbers = [] {
   static_assert(elementClasses.size() < 256);
   Ubase::WordTable<std::uint8_t> numbers;
   for (std::size_t i = 0; i < elementClasses.size(); ++i) {
-    numbers[elementClasses[i].name] = static_cast<std::uint8_t>(i + 1);
+    numbers[wordIdOf(elementClasses[i].nodeClass.name)] = static_cast<std::uint8_t>(i + 1);
   }
   return numbers;
 }();
 
+// The class with that name, or null.
+const FactoryRow* findClass(Token name) {
+  const std::size_t number = classNumbers[name];
+  return number > 0 ? &elementClasses[number - 1] : nullptr;
+}
+
 }  // namespace
 
 Ubase::Ref<PlotElement> makeElement(Token name, PlotDocument& document) {
-  const std::size_t number = classNumbers[name];
-  return number > 0 ? elementClasses[number - 1].make(document) : nullptr;
+  const FactoryRow* found = findClass(name);
+  return found ? found->make(document) : nullptr;
 }
 
 bool isElementClass(WordId name) { return classNumbers[name] != 0; }
 
+bool isOfItsClass(const Arbor::Element& element) {
+  const FactoryRow* found = findClass(element.tagName());
+  return found && element.nodeClass() == &found->nodeClass;
+}
+
 std::vector<Token> elementNames() {
   std::vector<Token> names;
   names.reserve(elementClasses.size());
-  for (const ElementClass& each : elementClasses) names.push_back(Ubase::tokenOf(each.name));
+  for (const FactoryRow& row : elementClasses) names.push_back(row.nodeClass.name);
   return names;
 }
 

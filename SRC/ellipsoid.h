@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// An ellipsoid along the axes.
-class Ellipsoid final : public Primitive<Ellipsoid> {
+class Ellipsoid : public Primitive<Ellipsoid> {
  public:
   static constexpr Token tag = Word::Ellipsoid;
 

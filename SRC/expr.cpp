@@ -3,7 +3,7 @@
 #include <cmath>
 #include <ostream>
 
-#include "SRC/style_getter.h"
+#include "SRC/coordinate_system.h"
 #include "base/scan.h"
 
 namespace PlotDom {
@@ -60,11 +60,9 @@ bool NamedVExprElement::beginCommand(CmdWriter& writer) const {
 }
 
 bool ViewingBoxExprElement::beginCommand(CmdWriter& writer) const {
-  const PlotElement* system = from(parent());
-  if (system && isOneOf(system->tagName(), Word::CoordinateSystem2d, Word::CoordinateSystem3d)) {
-    const auto computed = propertyValue<std::int32_t>(*system, Word::AutoViewingBox);
-    if (computed & viewingBoxBit()) return false;
-  }
+  const auto* system =
+      elementCast<CoordinateSystemBase, CoordinateSystem2d, CoordinateSystem3d>(parent());
+  if (system && (system->autoViewingBox() & viewingBoxBit())) return false;
   return NamedVExprElement::beginCommand(writer);
 }
 

@@ -30,9 +30,8 @@ bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned co
 }
 
 bool isBlankList(const PlotElement& list) {
-  const Arbor::Node* first = list.firstChild();
-  if (!first || first->nodeName() != Word::IExpr) return true;
-  return static_cast<const PCDataElement*>(first)->isBlank(true);
+  const IExpr* first = elementCast<IExpr>(list.firstChild());
+  return !first || first->isBlank(true);
 }
 
 namespace {

@@ -40,7 +40,7 @@ enum class WhenBlank { itself, nothing };
 
 /// Between `least` and `most` expressions; a new element has `least` blank ones.
 template <WordId name, unsigned least, unsigned most, WhenBlank whenBlank, class Base = PlotElement>
-class ExprTuple final : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>, Base> {
+class ExprTuple : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>, Base> {
  public:
   static constexpr Token tag = Ubase::tokenOf(name);
 
@@ -79,7 +79,7 @@ using TextOrientation = ExprTuple<WordId::TextOrientation, 6, 6, WhenBlank::noth
 using ColorFunc = ExprTuple<WordId::ColorFunc, 1, 4, WhenBlank::nothing, Expr>;
 
 /// A list of expressions that is the value of an option.
-class ExprSeq final : public ElementOf<ExprSeq, Expr> {
+class ExprSeq : public ElementOf<ExprSeq, Expr> {
  public:
   static constexpr Token tag = Word::ExprSeq;
   using ElementOf::ElementOf;
@@ -93,7 +93,7 @@ enum class FirstItem { onNewLine, onSameLine };
 
 /// Any number of children with one name.
 template <WordId name, WordId childName, FirstItem firstItem>
-class ListOf final : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
+class ListOf : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
  public:
   static constexpr Token tag = Ubase::tokenOf(name);
   using ElementOf<ListOf, PlotElement>::ElementOf;
@@ -120,7 +120,7 @@ using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos, FirstItem::onSameLine
 using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos, FirstItem::onSameLine>;
 
 /// A tick mark: its place and, if it has one, its title.
-class TickPos final : public ElementOf<TickPos, OptionedPlotElement> {
+class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
  public:
   static constexpr Token tag = Word::TickPos;
 

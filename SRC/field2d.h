@@ -7,7 +7,7 @@ namespace PlotDom {
 
 /// A vector field on a grid that begins at `anchor`, in steps of `delta`. Its points are the
 /// vectors, x fastest. `tipAngle` is in radians.
-class Field2d final : public Primitive<Field2d, P2List> {
+class Field2d : public Primitive<Field2d, P2List> {
  public:
   static constexpr Token tag = Word::Field2d;
 

@@ -7,7 +7,7 @@ namespace PlotDom {
 
 /// A vector field on a grid that begins at `anchor`, in steps of `delta`. Its points are the
 /// vectors, x fastest.
-class Field3d final : public Primitive<Field3d, P3List> {
+class Field3d : public Primitive<Field3d, P3List> {
  public:
   static constexpr Token tag = Word::Field3d;
 

@@ -47,14 +47,14 @@ bool Group3d::isContentChild(const Arbor::Node& node) const {
   return isContentName(node.nodeName()) && isMovable3d(node);
 }
 
+bool isMovableType3d(Token type) {
+  return type && !isOneOf(type, Word::Camera, Word::AmbientLight, Word::PointLight,
+                          Word::DistantLight, Word::SpotLight, Word::ClippingBox);
+}
+
 bool isMovable3d(const Arbor::Node& node) {
-  if (node.nodeName() != Word::Obj3d) return true;
-  const auto& object = static_cast<const Obj3d&>(node);
-  if (!object.hasAttribute(Word::Type)) return false;
-  const Variant type = object.getAttribute(Word::Type);
-  const auto token = type.as<Ubase::TokenVariant>();
-  return token && !isOneOf(token->get(), Word::Camera, Word::AmbientLight, Word::PointLight,
-                           Word::DistantLight, Word::SpotLight, Word::ClippingBox);
+  const Obj3d* object = elementCast<Obj3d>(&node);
+  return !object || isMovableType3d(object->localType());
 }
 
 }  // namespace PlotDom

@@ -30,7 +30,7 @@ class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentP
 };
 
 /// A group in the plane.
-class Group2d final : public ElementOf<Group2d, GroupBase> {
+class Group2d : public ElementOf<Group2d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group2d;
   using ElementOf::ElementOf;
@@ -38,7 +38,7 @@ class Group2d final : public ElementOf<Group2d, GroupBase> {
 };
 
 /// A group in space.
-class Group3d final : public ElementOf<Group3d, GroupBase> {
+class Group3d : public ElementOf<Group3d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group3d;
   using ElementOf::ElementOf;
@@ -46,9 +46,12 @@ class Group3d final : public ElementOf<Group3d, GroupBase> {
   bool isContentChild(const Arbor::Node& node) const override;
 };
 
-/// Whether a node may stand in a 3d group or transform as far as its type goes. Objects that are
-/// cameras, lights and clipping boxes belong to the whole coordinate system, and so stand directly
-/// in it; an object without a type may be one of them.
+/// Whether objects of that type may stand in a 3d group or transform. Cameras, lights and clipping
+/// boxes belong to the whole coordinate system, and so stand directly in it; an object without a
+/// type may become one of them.
+bool isMovableType3d(Token type);
+
+/// The same for a node, which may be any other than an object as well.
 bool isMovable3d(const Arbor::Node& node);
 
 }  // namespace PlotDom

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// Tells how the axes of a coordinate system are best scaled when that is left to the viewer.
-class Hints final : public ElementOf<Hints, WithMembers<Hints, LeafElement>> {
+class Hints : public ElementOf<Hints, WithMembers<Hints, LeafElement>> {
  public:
   static constexpr Token tag = Word::Hints;
 

@@ -34,7 +34,7 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
 };
 
 /// An image in the plane.
-class Img2d final : public ElementOf<Img2d, ImgBase> {
+class Img2d : public ElementOf<Img2d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img2d;
   using ElementOf::ElementOf;
@@ -43,7 +43,7 @@ class Img2d final : public ElementOf<Img2d, ImgBase> {
 };
 
 /// An image in space.
-class Img3d final : public ElementOf<Img3d, ImgBase> {
+class Img3d : public ElementOf<Img3d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img3d;
   using ElementOf::ElementOf;

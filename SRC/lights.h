@@ -44,7 +44,7 @@ class DistantLight : public Primitive<DistantLight, PointLight> {
 };
 
 /// A cone of light. `spotAngle` is in radians.
-class SpotLight final : public Primitive<SpotLight, DistantLight> {
+class SpotLight : public Primitive<SpotLight, DistantLight> {
  public:
   static constexpr Token tag = Word::SpotLight;
 

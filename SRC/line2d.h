@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A line between two points.
-class Line2d final : public Primitive<Line2d> {
+class Line2d : public Primitive<Line2d> {
  public:
   static constexpr Token tag = Word::Line2d;
 

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A line between two points.
-class Line3d final : public Primitive<Line3d> {
+class Line3d : public Primitive<Line3d> {
  public:
   static constexpr Token tag = Word::Line3d;
 

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// Single lines, or one line through all points, open or closed; `type` says which.
-class Lines3d final : public Primitive<Lines3d, P3List> {
+class Lines3d : public Primitive<Lines3d, P3List> {
  public:
   static constexpr Token tag = Word::Lines3d;
 

@@ -7,7 +7,7 @@ namespace PlotDom {
 
 /// A parametric surface over a grid of `uMesh` by `vMesh` points, each step of which may be refined
 /// by `uSubmesh` and `vSubmesh` points between. The points stand row by row.
-class Mesh3d final : public Primitive<Mesh3d, P3List> {
+class Mesh3d : public Primitive<Mesh3d, P3List> {
  public:
   static constexpr Token tag = Word::Mesh3d;
 

@@ -8,7 +8,7 @@ namespace PlotDom {
 
 /// Gives values to the objects around it whose type is its own, or to all with the type Default. It
 /// has the properties of objects of both dimensions.
-class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGetter {
+class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGetter {
  public:
   static constexpr Token tag = Word::ObjStyle;
 
@@ -41,8 +41,6 @@ class ObjStyle final : public ElementOf<ObjStyle, StyleElement>, public ObjectSt
 };
 
 /// The node as the object style that it is, or null.
-inline const ObjStyle* asObjStyle(const Arbor::Node& node) {
-  return node.nodeName() == ObjStyle::tag ? static_cast<const ObjStyle*>(&node) : nullptr;
-}
+inline const ObjStyle* asObjStyle(const Arbor::Node& node) { return elementCast<ObjStyle>(&node); }
 
 }  // namespace PlotDom

@@ -21,6 +21,9 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
   /// The values of ParameterBegin and ParameterEnd. False unless both are there and are numbers.
   bool parameterRange(double& begin, double& end) const;
 
+  /// The type that was set, or null, for which no style is meant.
+  Token localType() const;
+
   std::uint32_t optionBit(Token name) const override;
   bool isContentName(Token name) const override;
   const PlotElement* styleParent(Token name) const override;
@@ -31,13 +34,11 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
  protected:
   ObjectBase(const ObjectBase& other) : LibraryElement(other), ObjectStyleGetter(this) {}
 
-  /// The type that was set, or null, for which no style is meant.
-  Token localType() const;
   Token className() const override { return localType(); }
 };
 
 /// An object in the plane.
-class Obj2d final : public ElementOf<Obj2d, ObjectBase> {
+class Obj2d : public ElementOf<Obj2d, ObjectBase> {
  public:
   static constexpr Token tag = Word::Obj2d;
   using ElementOf::ElementOf;
@@ -48,7 +49,7 @@ class Obj2d final : public ElementOf<Obj2d, ObjectBase> {
 };
 
 /// An object in space.
-class Obj3d final : public ElementOf<Obj3d, ObjectBase> {
+class Obj3d : public ElementOf<Obj3d, ObjectBase> {
  public:
   static constexpr Token tag = Word::Obj3d;
   using ElementOf::ElementOf;

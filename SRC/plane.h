@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A plane through `position`.
-class Plane final : public Primitive<Plane> {
+class Plane : public Primitive<Plane> {
  public:
   static constexpr Token tag = Word::Plane;
 

@@ -13,8 +13,13 @@ namespace PlotDom {
 
 Ubase::Ref<Arbor::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
 
-PlotElement* PlotDocument::documentElement() const {
-  return static_cast<PlotElement*>(Document::documentElement());
+PlotElement* PlotDocument::documentElement() const { return PlotElement::from(firstChild()); }
+
+bool PlotDocument::knowsClassOf(const Arbor::Node& node) const {
+  const Arbor::Element* element = node.asElement();
+  if (!element || isOfItsClass(*element)) return true;
+  report("not of the class of its name '%s'\n", element->tagName().str());
+  return false;
 }
 
 const ObjType* PlotDocument::propertyInfo(Token name) const { return findPropertyInfo(name); }
@@ -54,6 +59,13 @@ double PlotDocument::nextTime(double time, bool forward) const {
   double result = nan;
   if (PlotElement* root = documentElement()) root->timeStep(time, forward, result);
   return result;
+}
+
+void PlotDocument::report(const char* format, ...) const {
+  va_list arguments;
+  va_start(arguments, format);
+  reportError(format, arguments);
+  va_end(arguments);
 }
 
 void PlotDocument::reportError(const char* format, va_list arguments) const {

@@ -25,10 +25,12 @@ class PlotDocument : public Arbor::Document {
     return Ubase::Ref<PlotElement>::cast(newElement(name));
   }
 
-  /// The root element, null without one. All elements of the document must come from
-  /// createElement(), or be copies of such: whoever walks the tree takes them for PlotElement.
+  /// The root element, null without one.
   PlotElement* documentElement() const;
 
+  /// Knows the classes of the model, and those of a host that derive from them and keep their
+  /// names. Another class is reported.
+  bool knowsClassOf(const Arbor::Node& node) const override;
   /// The description of the properties of an element class or a type of object, see
   /// findPropertyInfo(); null for an unknown name.
   virtual const ObjType* propertyInfo(Token name) const;
@@ -88,6 +90,8 @@ class PlotDocument : public Arbor::Document {
   Ubase::Ref<Arbor::Element> newElement(Token name) override;
 
  private:
+  [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+
   ErrorReporter errorReporter_ = nullptr;
   StylePath stylePath_;
 };

@@ -64,11 +64,13 @@ void PlotElement::doSetAttribute(Token name, const Variant& value) {
 void PlotElement::doRemoveAttribute(Token name) { requireProperty(name).clear(*this); }
 
 bool PlotElement::afterSetAttribute(Element& origin, Token name) {
-  return parentPropertyChanged(static_cast<PlotElement&>(origin), name);
+  PlotElement* source = from(&origin);
+  return source && parentPropertyChanged(*source, name);
 }
 
 bool PlotElement::afterRemoveAttribute(Element& origin, Token name) {
-  return parentPropertyChanged(static_cast<PlotElement&>(origin), name);
+  PlotElement* source = from(&origin);
+  return source && parentPropertyChanged(*source, name);
 }
 
 void PlotElement::setAttributeFromString(Token name, const char* text) {
@@ -120,14 +122,6 @@ void PlotElement::printCommand(CmdWriter& writer) const {
 }
 
 void PlotElement::timeStep(double, bool, double&) {}
-
-PlotElement* PlotElement::from(Arbor::Node* node) {
-  return node ? static_cast<PlotElement*>(node->asElement()) : nullptr;
-}
-
-const PlotElement* PlotElement::from(const Arbor::Node* node) {
-  return node ? static_cast<const PlotElement*>(node->asElement()) : nullptr;
-}
 
 void notifyPropertyChange(PlotElement& element, Token name) {
   Arbor::Document* document = element.ownerDocument();

@@ -15,11 +15,21 @@ using Ubase::WordId;
 class PlotDocument;
 class StyleIndex;
 
+/// What the classes of the model have in common: from PlotElement on, each node with this model is
+/// one.
+inline constexpr Arbor::NodeClass plotModel{&plotModel, Token()};
+
+/// The class `T` of the model, as its elements tell it.
+template <class T>
+inline constexpr Arbor::NodeClass elementClass{&plotModel, T::tag};
+
 /// An element with properties. Errors of its operations are DomException, after a message to the
 /// reporter of its document; nothing has changed then.
 class PlotElement : public Arbor::Element {
  public:
   explicit PlotElement(Arbor::Document* document) : Element(document) {}
+
+  const Arbor::NodeClass* nodeClass() const override { return &plotModel; }
 
   /// The document that the element was made for.
   PlotDocument* plotDocument() const;
@@ -90,9 +100,13 @@ class PlotElement : public Arbor::Element {
   /// Improves `result`, the next point of time at which something changes after (or before) `time`.
   virtual void timeStep(double time, bool forward, double& result);
 
-  /// The document element that a node is, or null for any other node.
-  static PlotElement* from(Arbor::Node* node);
-  static const PlotElement* from(const Arbor::Node* node);
+  /// The element of the model that a node is, or null for any other node.
+  static PlotElement* from(Arbor::Node* node) {
+    return isElement(node) ? static_cast<PlotElement*>(node) : nullptr;
+  }
+  static const PlotElement* from(const Arbor::Node* node) {
+    return isElement(node) ? static_cast<const PlotElement*>(node) : nullptr;
+  }
 
  protected:
   PlotElement(const PlotElement&) = default;
@@ -100,6 +114,12 @@ class PlotElement : public Arbor::Element {
   /// The property `name`. One that does not exist is reported and throws 15.
   const Property& requireProperty(Token name) const;
   [[noreturn]] void throwUnknownProperty(Token name) const;
+
+ private:
+  static bool isElement(const Arbor::Node* node) {
+    const Arbor::NodeClass* nodeClass = node ? node->nodeClass() : nullptr;
+    return nodeClass && nodeClass->model == &plotModel;
+  }
 };
 
 /// Whether `name` is one of the tokens.
@@ -108,19 +128,57 @@ constexpr bool isOneOf(Token name, Tokens... tokens) {
   return ((name == tokens) || ...);
 }
 
-/// The first child with the tag `name`, as the class of that name, or null.
-template <class T>
-const T* firstChildOf(const Arbor::Node& parent) {
-  return static_cast<const T*>(parent.firstChildByName(T::tag));
+/// Whether a node is of one of these classes of the model. An element of a host's class is of the
+/// class that this derives from.
+template <class... Classes>
+bool isElementOf(const Arbor::Node& node) {
+  const Arbor::NodeClass* nodeClass = node.nodeClass();
+  return ((nodeClass == &elementClass<Classes>) || ...);
 }
 
-/// Makes a class of the element named by its `tag`: the name and the copy come from here.
+/// The node as a `T`, or null. It must be of one of the classes, or of `T` if none is given.
+template <class T, class... Classes>
+const T* elementCast(const Arbor::Node* node) {
+  if constexpr (sizeof...(Classes) == 0) {
+    return elementCast<T, T>(node);
+  } else {
+    return node && isElementOf<Classes...>(*node) ? static_cast<const T*>(node) : nullptr;
+  }
+}
+template <class T, class... Classes>
+T* elementCast(Arbor::Node* node) {
+  return const_cast<T*>(elementCast<T, Classes...>(static_cast<const Arbor::Node*>(node)));
+}
+
+/// The first of the siblings from `node` on that is of one of the classes, or null.
+template <class T, class... Classes>
+const T* firstOf(const Arbor::Node* node) {
+  while (node && !isElementOf<Classes...>(*node)) node = node->nextSibling();
+  return elementCast<T, Classes...>(node);
+}
+
+/// The first child with the tag of a class, as an element of that class, or null.
+template <class T>
+const T* firstChildOf(const Arbor::Node& parent) {
+  return elementCast<T>(parent.firstChildByName(T::tag));
+}
+
+/// Makes a class of the element named by its `tag`: the name, the class and the copy come from
+/// here. A host's class can be made of the class of the model with it; it keeps the tag of that.
 template <class Self, class Base>
 class ElementOf : public Base {
  public:
   using Base::Base;
 
   Token tagName() const override { return Self::tag; }
+
+  const Arbor::NodeClass* nodeClass() const override {
+    if constexpr (requires { requires Base::tag == Self::tag; }) {
+      return Base::nodeClass();
+    } else {
+      return &elementClass<Self>;
+    }
+  }
 
   Ubase::Ref<Arbor::Node> cloneNode(bool deep) const override {
     Ubase::Ref<Arbor::Node> copy = new Self(static_cast<const Self&>(*this));
@@ -131,7 +189,7 @@ class ElementOf : public Base {
 
 /// A class that adds nothing to its base but a name.
 template <Ubase::WordId name, class Base>
-class NameOnly final : public ElementOf<NameOnly<name, Base>, Base> {
+class NameOnly : public ElementOf<NameOnly<name, Base>, Base> {
  public:
   static constexpr Token tag = Ubase::tokenOf(name);
   using ElementOf<NameOnly<name, Base>, Base>::ElementOf;

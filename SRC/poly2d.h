@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A polygon or a curve in the plane.
-class Poly2d final : public Primitive<Poly2d, P2List> {
+class Poly2d : public Primitive<Poly2d, P2List> {
  public:
   static constexpr Token tag = Word::Poly2d;
 

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A polygon or a curve in space.
-class Poly3d final : public Primitive<Poly3d, P3List> {
+class Poly3d : public Primitive<Poly3d, P3List> {
  public:
   static constexpr Token tag = Word::Poly3d;
 

@@ -6,8 +6,7 @@
 namespace PlotDom {
 
 /// A type of object, with the categories of its properties.
-class ObjType final : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>,
-                      public MemberValues {
+class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, public MemberValues {
  public:
   static constexpr Token tag = Word::ObjType;
 
@@ -21,8 +20,7 @@ class ObjType final : public ElementOf<ObjType, WithMembers<ObjType, PlotElement
 };
 
 /// A named category of properties.
-class PropCat final : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>,
-                      public MemberValues {
+class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, public MemberValues {
  public:
   static constexpr Token tag = Word::PropCat;
 
@@ -39,7 +37,7 @@ class PropCat final : public ElementOf<PropCat, WithMembers<PropCat, PlotElement
 /// `type` the kind of field with which it is edited, `enumWords` the allowed words, and `recalc`
 /// tells whether a change makes a new calculation necessary. `name` and `info` have room for what a
 /// user is told of the property, its name and an explanation.
-class PropInfo final : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> {
+class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> {
  public:
   static constexpr Token tag = Word::PropInfo;
 
@@ -57,7 +55,7 @@ class PropInfo final : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElem
 };
 
 /// An option of the algebra system with its value.
-class Prop final : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
+class Prop : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
  public:
   static constexpr Token tag = Word::Prop;
 

@@ -126,8 +126,8 @@ const PlotDocument& propertyTree() {
 const ObjType* findPropertyInfo(Token name) {
   const Arbor::Node* child = propertyTree().documentElement()->firstChild();
   for (; child; child = child->nextSibling()) {
-    const auto* description = static_cast<const ObjType*>(child);
-    if (description->type() == name) return description;
+    const auto* description = elementCast<ObjType>(child);
+    if (description && description->type() == name) return description;
   }
   return nullptr;
 }

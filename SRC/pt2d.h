@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A single point.
-class Pt2d final : public Primitive<Pt2d> {
+class Pt2d : public Primitive<Pt2d> {
  public:
   static constexpr Token tag = Word::Pt2d;
 

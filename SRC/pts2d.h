@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// Points in the plane.
-class Pts2d final : public Primitive<Pts2d, P2List> {
+class Pts2d : public Primitive<Pts2d, P2List> {
  public:
   static constexpr Token tag = Word::Pts2d;
 

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// Points in space.
-class Pts3d final : public Primitive<Pts3d, P3List> {
+class Pts3d : public Primitive<Pts3d, P3List> {
  public:
   static constexpr Token tag = Word::Pts3d;
 

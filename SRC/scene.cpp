@@ -1,5 +1,6 @@
 #include "SRC/scene.h"
 
+#include "SRC/canvas.h"
 #include "SRC/property_list_mgr.h"
 #include "SRC/property_types.h"
 
@@ -70,9 +71,8 @@ class Scene3dStylePropertyListMgr final : public PropertyListMgr {
 constinit Scene3dStylePropertyListMgr scene3dStylePropertyList;
 
 bool isPlacedRelatively(const SceneBase& scene) {
-  const PlotElement* canvas = PlotElement::from(scene.parent());
-  return canvas && canvas->tagName() == Word::Canvas &&
-         propertyValue<Token>(*canvas, Word::Layout) == Word::Relative;
+  const auto* canvas = elementCast<Canvas>(scene.parent());
+  return canvas && canvas->layout() == Word::Relative;
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ class SceneBase : public StyleContainer<LibraryElement>, public SceneStyleGetter
 };
 
 /// A scene in the plane.
-class Scene2d final : public ElementOf<Scene2d, SceneBase> {
+class Scene2d : public ElementOf<Scene2d, SceneBase> {
  public:
   static constexpr Token tag = Word::Scene2d;
   using ElementOf::ElementOf;
@@ -47,7 +47,7 @@ class Scene2d final : public ElementOf<Scene2d, SceneBase> {
 };
 
 /// A scene in space, with lights and cameras.
-class Scene3d final : public ElementOf<Scene3d, SceneBase> {
+class Scene3d : public ElementOf<Scene3d, SceneBase> {
  public:
   static constexpr Token tag = Word::Scene3d;
   using ElementOf::ElementOf;
@@ -59,7 +59,7 @@ class Scene3d final : public ElementOf<Scene3d, SceneBase> {
 };
 
 /// What all 2d scenes of a canvas inherit from.
-class Scene2dStyle final : public ElementOf<Scene2dStyle, StyleElement>, public SceneStyleGetter {
+class Scene2dStyle : public ElementOf<Scene2dStyle, StyleElement>, public SceneStyleGetter {
  public:
   static constexpr Token tag = Word::Scene2dStyle;
 
@@ -73,7 +73,7 @@ class Scene2dStyle final : public ElementOf<Scene2dStyle, StyleElement>, public 
 };
 
 /// What all 3d scenes of a canvas inherit from.
-class Scene3dStyle final : public ElementOf<Scene3dStyle, StyleElement>, public SceneStyleGetter {
+class Scene3dStyle : public ElementOf<Scene3dStyle, StyleElement>, public SceneStyleGetter {
  public:
   static constexpr Token tag = Word::Scene3dStyle;
 

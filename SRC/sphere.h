@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A sphere.
-class Sphere final : public Primitive<Sphere> {
+class Sphere : public Primitive<Sphere> {
  public:
   static constexpr Token tag = Word::Sphere;
 

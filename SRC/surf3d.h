@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A surface of triangles or quadrilaterals; `type` says how the points form them.
-class Surf3d final : public Primitive<Surf3d, P3List> {
+class Surf3d : public Primitive<Surf3d, P3List> {
  public:
   static constexpr Token tag = Word::Surf3d;
 

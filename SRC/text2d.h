@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A text at a point; the text itself is a child node. `textRotation` is in radians.
-class Text2d final : public Primitive<Text2d> {
+class Text2d : public Primitive<Text2d> {
  public:
   static constexpr Token tag = Word::Text2d;
 

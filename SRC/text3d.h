@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A text at a point in space; the text itself is a child node.
-class Text3d final : public Primitive<Text3d> {
+class Text3d : public Primitive<Text3d> {
  public:
   static constexpr Token tag = Word::Text3d;
 

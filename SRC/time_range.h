@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// From when to when the drawing moves; a drawing without it stands still.
-class TimeRange final : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement>> {
+class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement>> {
  public:
   static constexpr Token tag = Word::TimeRange;
 

@@ -30,7 +30,7 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
 };
 
 /// A map of the plane: a matrix of two rows, and a shift.
-class Tr2d final : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
+class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr2d;
 
@@ -44,7 +44,7 @@ class Tr2d final : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
 };
 
 /// A map of space: a matrix of three rows, and a shift.
-class Tr3d final : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
+class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr3d;
 

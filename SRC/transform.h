@@ -40,7 +40,7 @@ class TransformBase
 };
 
 /// A transform of objects in the plane.
-class Transform2d final : public ElementOf<Transform2d, TransformBase> {
+class Transform2d : public ElementOf<Transform2d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform2d;
   using ElementOf::ElementOf;
@@ -49,7 +49,7 @@ class Transform2d final : public ElementOf<Transform2d, TransformBase> {
 };
 
 /// A transform of objects in space.
-class Transform3d final : public ElementOf<Transform3d, TransformBase> {
+class Transform3d : public ElementOf<Transform3d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform3d;
   using ElementOf::ElementOf;

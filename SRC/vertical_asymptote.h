@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// A vertical line at the x coordinate `position`.
-class VerticalAsymptote final : public Primitive<VerticalAsymptote> {
+class VerticalAsymptote : public Primitive<VerticalAsymptote> {
  public:
   static constexpr Token tag = Word::VerticalAsymptote;
 

@@ -53,6 +53,10 @@ class Document : public InnerNode {
   /// A range with both points at the start of the document; null after tearDown().
   Ref<Range> createRange(bool selected);
 
+  /// Whether a node is of a class for which the document is made. Any other is refused as a child,
+  /// with HierarchyRequest.
+  virtual bool knowsClassOf(const Node&) const { return true; }
+
   /// The first child, if that is an element, else null.
   Element* documentElement() const;
 

@@ -30,6 +30,15 @@ const Node* nextBelow(const Node& top, const Node* node) {
   return node == &top ? nullptr : node->nextSibling();
 }
 
+/// Whether the document knows the classes of the nodes. Without one there is none to ask.
+bool areKnown(const Document* document, const NewChildren& children) {
+  if (!document) return true;
+  for (const Node& child : children) {
+    if (!document->knowsClassOf(child)) return false;
+  }
+  return true;
+}
+
 /// A reference to `node`, unless nobody refers to it yet: the end of this one would destroy it.
 Ref<Node> keep(Node* node) { return node && node->refCount() > 0 ? node : nullptr; }
 
@@ -75,7 +84,8 @@ void Node::checkReplaceChildren(Node* first, unsigned count, NewChildren newChil
       throw DomException(DomException::HierarchyRequest);
     }
   }
-  if (!canReplaceChildren(first, count, newChildren)) {
+  if (!areKnown(ownerDocument(), newChildren) ||
+      !canReplaceChildren(first, count, newChildren)) {
     throw DomException(DomException::HierarchyRequest);
   }
 }

@@ -19,6 +19,13 @@ class InnerNode;
 class NewChildren;
 class Text;
 
+/// A class of nodes, known by the address of this object. A model that casts nodes has one for each
+/// of its classes: a name proves nothing, since anybody can make a node of any name.
+struct NodeClass {
+  const NodeClass* model;  ///< one and the same for all classes of a model
+  Token name;              ///< the name of the nodes of this class
+};
+
 /// A node of a document tree.
 ///
 /// A parent owns its first child and each child the sibling that follows, so the owner of a node
@@ -58,6 +65,8 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
 
   virtual int nodeType() const = 0;
   virtual Token nodeName() const = 0;
+  /// The class of its model that the node can be cast to; null for a node of no model.
+  virtual const NodeClass* nodeClass() const { return nullptr; }
 
   /// The number of children, or of bytes of a text. Children are counted by walking.
   virtual unsigned length() const = 0;
@@ -103,7 +112,8 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// siblings behind it. A null `first` stands for the end of the list; with count 0 nothing is
   /// taken out. Throws DomException NotFound (`first` is no child of this node), WrongDocument,
   /// NoModificationAllowed or HierarchyRequest (refused by canReplaceChildren(); or a new child is
-  /// a document, a fragment or a range, is in a tree already, or holds this node).
+  /// a document, a fragment or a range, is in a tree already, holds this node, or is of a class that
+  /// the document does not know).
   void replaceChildren(Node* first, unsigned count, Node* newChildren);
 
   /// The following put a node in, after taking it out of the place that it had before; a fragment

@@ -52,31 +52,25 @@ void JavaViewWriter::setTime(double t) {
 
 namespace {
 
-const Arbor::Node* firstNamed(const Arbor::Node* node, Token name, Token otherName) {
-  while (node && !isOneOf(node->nodeName(), name, otherName)) node = node->nextSibling();
-  return node;
-}
+constexpr auto firstScene = firstOf<SceneBase, Scene2d, Scene3d>;
+constexpr auto firstSystem = firstOf<CoordinateSystemBase, CoordinateSystem2d, CoordinateSystem3d>;
 
 }  // namespace
 
 ExportedScene JavaViewWriter::findScene() {
   if (!root()) throw JavaViewExportError("no Canvas");
 
-  const Arbor::Node* scene = firstNamed(root()->firstChild(), Word::Scene2d, Word::Scene3d);
+  const SceneBase* scene = firstScene(root()->firstChild());
   if (!scene) throw JavaViewExportError("no scene");
-  if (firstNamed(scene->nextSibling(), Word::Scene2d, Word::Scene3d)) {
-    warning("more than one scene");
-  }
+  if (firstScene(scene->nextSibling())) warning("more than one scene");
 
-  const bool is2d = scene->nodeName() == Word::Scene2d;
-  const Arbor::Node* system =
-      scene->firstChildByName(is2d ? Word::CoordinateSystem2d : Word::CoordinateSystem3d);
+  const bool is2d = isElementOf<Scene2d>(*scene);
+  const CoordinateSystemBase* system =
+      is2d ? static_cast<const CoordinateSystemBase*>(firstChildOf<CoordinateSystem2d>(*scene))
+           : firstChildOf<CoordinateSystem3d>(*scene);
   if (!system) throw JavaViewExportError("no coordinate system");
-  if (firstNamed(system->nextSibling(), Word::CoordinateSystem2d, Word::CoordinateSystem3d)) {
-    warning("more than one coordinate system");
-  }
-  return {static_cast<const SceneBase&>(*scene), static_cast<const CoordinateSystemBase&>(*system),
-          is2d};
+  if (firstSystem(system->nextSibling())) warning("more than one coordinate system");
+  return {*scene, *system, is2d};
 }
 
 bool JavaViewWriter::isVisibleNow(const ObjectBase& object) const {

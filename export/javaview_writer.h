@@ -91,8 +91,8 @@ const Frame* JavaViewWriter::findTimed(const Arbor::Node& parent) const {
   if (std::isnan(time_)) return firstChildOf<Frame>(parent);
   const Frame* best = nullptr;
   for (const Arbor::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
-    if (child->nodeName() != Frame::tag) continue;
-    const auto* frame = static_cast<const Frame*>(child);
+    const auto* frame = elementCast<Frame>(child);
+    if (!frame) continue;
     const double frameTime = frame->frameTime();
     if (std::isnan(frameTime)) return frame;
     if (frameTime > time_) break;

@@ -103,9 +103,10 @@ void writeMinMax(DisplayOutput& out, const AxisRange& range) {
 void writeTickUnits(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                     Token distanceName, std::int32_t between) {
   if (between < 0) return;
-  const Arbor::Node* child = coordinateSystem.firstChildByName(distanceName);
+  const auto* child = elementCast<VExpr, XTicksDistance, YTicksDistance, ZTicksDistance>(
+      coordinateSystem.firstChildByName(distanceName));
   if (!child) return;
-  const double distance = static_cast<const VExpr*>(child)->value();
+  const double distance = child->value();
   if (!(distance > std::numeric_limits<double>::epsilon())) return;
   out << "<minorUnit>" << distance / (1.0 + between) << "</minorUnit>\n"
       << "<majorUnit>" << distance << "</majorUnit>\n";

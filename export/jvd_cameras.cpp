@@ -88,14 +88,13 @@ bool writeCamera(DisplayOutput& out, const Obj3d& object, const JavaViewWriter& 
                  double span) {
   for (const Arbor::Node* child = writer.requireTimed<Img3d>(object, "no Img3d").firstChild();
        child; child = child->nextSibling()) {
-    if (child->nodeName() != Word::Camera) continue;
-    const auto& camera = static_cast<const Camera&>(*child);
-    if (camera.orthogonalProjection() && std::isnan(span)) continue;
+    const auto* camera = elementCast<Camera>(child);
+    if (!camera || (camera->orthogonalProjection() && std::isnan(span))) continue;
 
     out << "<cameras select=\"Perspective\">\n"
         << "<camera projection=\"Perspective\">\n";
-    writeView(out, camera, span);
-    writeRoll(out, camera);
+    writeView(out, *camera, span);
+    writeRoll(out, *camera);
     out << "</camera>\n</cameras>\n";
     return true;
   }
@@ -122,9 +121,9 @@ void writeCameras3d(DisplayOutput& out, const CoordinateSystemBase& coordinateSy
                     const Bounds& bounds, const JavaViewWriter& writer) {
   for (const Arbor::Node* child = coordinateSystem.firstChild(); child;
        child = child->nextSibling()) {
-    if (child->nodeName() != Word::Obj3d) continue;
-    const auto& object = static_cast<const Obj3d&>(*child);
-    if (object.type() == Word::Camera && writeCamera(out, object, writer, bounds.span)) return;
+    const auto* object = elementCast<Obj3d>(child);
+    if (!object || object->type() != Word::Camera) continue;
+    if (writeCamera(out, *object, writer, bounds.span)) return;
   }
   if (bounds.isKnown3d()) writeDefaultCamera(out, bounds);
 }

@@ -10,19 +10,17 @@ namespace PlotDom {
 
 namespace {
 
-/// How a class of light is written. The same word names the class and the type of its objects.
+/// What a class of light is called. The same word names the class and the type of its objects.
 struct LightKind {
   Token tag;
   const char* type;
-  bool hasPosition;
-  bool hasTarget;
 };
 
 constexpr LightKind lightKinds[] = {
-    {Word::AmbientLight, "ambient", false, false},
-    {Word::PointLight, "point", true, false},
-    {Word::DistantLight, "direction", true, true},
-    {Word::SpotLight, "spot", true, true},
+    {Word::AmbientLight, "ambient"},
+    {Word::PointLight, "point"},
+    {Word::DistantLight, "direction"},
+    {Word::SpotLight, "spot"},
 };
 
 const LightKind* lightKind(Token tag) {
@@ -54,18 +52,18 @@ void writeColorAndIntensity(DisplayOutput& out, RGBA color, double intensity) {
 /// Opens the block at the first light.
 void writeLight(DisplayOutput& out, const Obj3d& object, const JavaViewWriter& writer,
                 bool& started) {
-  const Arbor::Node* child = writer.requireTimed<Img3d>(object, "no Img3d").firstChild();
-  while (child && !lightKind(child->nodeName())) child = child->nextSibling();
-  if (!child) return;
+  const auto* light = firstOf<AmbientLight, AmbientLight, PointLight, DistantLight, SpotLight>(
+      writer.requireTimed<Img3d>(object, "no Img3d").firstChild());
+  if (!light) return;
   if (!started) openLights(out);
   started = true;
 
-  const LightKind& kind = *lightKind(child->nodeName());
-  const auto& light = static_cast<const AmbientLight&>(*child);
-  out << "<light type=\"" << kind.type << "\">\n";
-  if (kind.hasPosition) out.writePosition(static_cast<const PointLight&>(light).position());
-  if (kind.hasTarget) out.writeInterest(static_cast<const DistantLight&>(light).target());
-  writeColorAndIntensity(out, light.lightColor(), light.lightIntensity());
+  const auto* placed = elementCast<PointLight, PointLight, DistantLight, SpotLight>(light);
+  const auto* aimed = elementCast<DistantLight, DistantLight, SpotLight>(light);
+  out << "<light type=\"" << lightKind(light->tagName())->type << "\">\n";
+  if (placed) out.writePosition(placed->position());
+  if (aimed) out.writeInterest(aimed->target());
+  writeColorAndIntensity(out, light->lightColor(), light->lightIntensity());
   out << "</light>\n";
 }
 
@@ -76,9 +74,9 @@ void writeExplicitLights(DisplayOutput& out, const CoordinateSystemBase& coordin
   bool started = false;
   for (const Arbor::Node* child = coordinateSystem.firstChild(); child;
        child = child->nextSibling()) {
-    if (child->nodeName() != Word::Obj3d) continue;
-    const auto& object = static_cast<const Obj3d&>(*child);
-    if (lightKind(object.type()) && object.visible()) writeLight(out, object, writer, started);
+    const auto* object = elementCast<Obj3d>(child);
+    if (!object || !lightKind(object->type()) || !object->visible()) continue;
+    writeLight(out, *object, writer, started);
   }
   if (started) out << "</lights>\n";
 }

@@ -28,15 +28,15 @@ namespace PlotDom {
 
 namespace {
 
-/// How the primitives with one tag are written.
+/// How the primitives of one class are written.
 struct Emitter {
-  Token tag;
+  const Arbor::NodeClass* nodeClass;
   void (*emit)(GeometryOutput& out, const Arbor::Node& primitive);
 };
 
 template <class Primitive, void (*emit)(GeometryOutput&, const Primitive&)>
 constexpr Emitter emitter() {
-  return {Primitive::tag, [](GeometryOutput& out, const Arbor::Node& primitive) {
+  return {&elementClass<Primitive>, [](GeometryOutput& out, const Arbor::Node& primitive) {
             emit(out, static_cast<const Primitive&>(primitive));
           }};
 }
@@ -76,8 +76,9 @@ constexpr Emitter emitters2d[] = {
 void emitChildren(GeometryOutput& out, const Arbor::Node& image,
                   std::span<const Emitter> emitters) {
   for (const Arbor::Node* child = image.firstChild(); child; child = child->nextSibling()) {
+    const Arbor::NodeClass* nodeClass = child->nodeClass();
     for (const Emitter& emitter : emitters) {
-      if (child->nodeName() == emitter.tag) emitter.emit(out, *child);
+      if (nodeClass == emitter.nodeClass) emitter.emit(out, *child);
     }
   }
 }
@@ -145,23 +146,22 @@ void JVXWriter::writeContainer(const Arbor::Node& container) {
 
 /// Writes the node if it is an object, and tells whether to go on with its children.
 bool JVXWriter::enter(const Arbor::Node& node) {
-  const Token name = node.nodeName();
-  if (name == Word::Obj3d) {
-    writeObj3d(static_cast<const Obj3d&>(node));
+  if (const auto* object = elementCast<Obj3d>(&node)) {
+    writeObj3d(*object);
     return false;
   }
-  if (name == Word::Obj2d) {
-    writeObj2d(static_cast<const Obj2d&>(node));
+  if (const auto* object = elementCast<Obj2d>(&node)) {
+    writeObj2d(*object);
     return false;
   }
-  if (isOneOf(name, Word::Group3d, Word::Group2d)) {
-    return static_cast<const GroupBase&>(node).visible();
+  if (const auto* group = elementCast<GroupBase, Group3d, Group2d>(&node)) {
+    return group->visible();
   }
-  if (name == Word::Transform3d) {
+  if (isElementOf<Transform3d>(node)) {
     out_.pushTransform(matrixOf(requireTimed<Tr3d>(node, "no Tr3d")));
     return true;
   }
-  if (name == Word::Transform2d) {
+  if (isElementOf<Transform2d>(node)) {
     out_.pushTransform(matrixOf(requireTimed<Tr2d>(node, "no Tr2d")));
     return true;
   }
@@ -169,7 +169,7 @@ bool JVXWriter::enter(const Arbor::Node& node) {
 }
 
 void JVXWriter::leave(const Arbor::Node& node) {
-  if (isOneOf(node.nodeName(), Word::Transform3d, Word::Transform2d)) out_.popTransform();
+  if (isElementOf<Transform3d, Transform2d>(node)) out_.popTransform();
 }
 
 void JVXWriter::writeObj3d(const Obj3d& object) {

@@ -63,9 +63,8 @@ bool hasEndlessArc(const PlotDocument& document) {
   if (!root) return false;
   bool found = false;
   Arbor::walkSubtree<const Arbor::Node>(*root, [&](const Arbor::Node& node) {
-    if (node.nodeName() == Arc2d::tag) {
-      const auto& arc = static_cast<const Arc2d&>(node);
-      found = found || std::abs(arc.endAngle() - arc.startAngle()) > 10'000;
+    if (const auto* arc = elementCast<Arc2d>(&node)) {
+      found = found || std::abs(arc->endAngle() - arc->startAngle()) > 10'000;
     }
     return true;
   });

@@ -7,14 +7,20 @@
 #include <span>
 #include <vector>
 
+#include "SRC/field2d.h"
+#include "SRC/field3d.h"
+#include "SRC/lines3d.h"
 #include "SRC/mesh3d.h"
+#include "SRC/poly2d.h"
+#include "SRC/poly3d.h"
+#include "SRC/pts2d.h"
+#include "SRC/pts3d.h"
+#include "SRC/surf3d.h"
 #include "SRC/value_parsers.h"
 #include "base/scan.h"
 #include "reader/zrd_parser_handler.h"
 
 namespace PlotDom {
-
-using Ubase::WordId;
 
 namespace {
 
@@ -52,11 +58,12 @@ bool scanPlainPoint(const char* text, P3& point) {
 void makeRoom(P3List& list) {
   constexpr std::size_t largestGrowth = 4;
   std::vector<P3>& points = list.points;
-  if (points.size() < points.capacity() || list.tagName() != Word::Mesh3d) return;
-  const auto& mesh = static_cast<const Mesh3d&>(list);
+  if (points.size() < points.capacity()) return;
+  const auto* mesh = elementCast<Mesh3d>(&list);
+  if (!mesh) return;
   const auto countOf = [](std::int32_t n) { return static_cast<std::size_t>(std::max(n, 0)); };
   points.reserve(
-      std::min(countOf(mesh.uMesh()) * countOf(mesh.vMesh()), points.size() * largestGrowth));
+      std::min(countOf(mesh->uMesh()) * countOf(mesh->vMesh()), points.size() * largestGrowth));
 }
 
 bool isFormOf(const P3List& list, const WordCounts& words) {
@@ -68,18 +75,15 @@ bool isFormOf(const P3List& list, const WordCounts& words) {
 }  // namespace
 
 void ZrdParserHandler::endP2() {
-  const Token tag = current_ ? current_->tagName() : Token();
-  if (!isOneOf(tag, Word::Poly2d, Word::Field2d, Word::Pts2d)) illegal("P2");
-  parseP2(static_cast<P2List&>(*current_));
+  auto* list = elementCast<P2List, Poly2d, Field2d, Pts2d>(current_.get());
+  if (!list) illegal("P2");
+  parseP2(*list);
 }
 
 void ZrdParserHandler::endP3() {
-  const Token tag = current_ ? current_->tagName() : Token();
-  if (!isOneOf(tag, Word::Mesh3d, Word::Poly3d, Word::Pts3d, Word::Lines3d, Word::Field3d,
-               Word::Surf3d)) {
-    illegal("P3");
-  }
-  parseP3(static_cast<P3List&>(*current_));
+  auto* list = elementCast<P3List, Mesh3d, Poly3d, Pts3d, Lines3d, Field3d, Surf3d>(current_.get());
+  if (!list) illegal("P3");
+  parseP3(*list);
 }
 
 // A colour after plain points, and a plain point after coloured ones, are called illegal; in space
@@ -148,11 +152,8 @@ void ZrdParserHandler::flushValue(DensityArray2d& array) {
 
 void ZrdParserHandler::flushWord() {
   if (wordBuffer_.empty()) return;
-  if (current_->tagName() == Word::ColorArray2d) {
-    flushColor(static_cast<ColorArray2d&>(*current_));
-  } else {
-    flushValue(static_cast<DensityArray2d&>(*current_));
-  }
+  if (auto* colors = elementCast<ColorArray2d>(current_.get())) flushColor(*colors);
+  if (auto* values = elementCast<DensityArray2d>(current_.get())) flushValue(*values);
   wordBuffer_.clear();
 }
 
@@ -179,16 +180,13 @@ bool isShort(const Array& array, std::size_t size) {
 
 }  // namespace
 
-void ZrdParserHandler::endArray(WordId elementId) {
+void ZrdParserHandler::endArray() {
   appendText(" ", 1);
   const char* tag = current_->tagName().str();
-  if (elementId == WordId::ColorArray2d) {
-    const auto& array = static_cast<const ColorArray2d&>(*current_);
-    if (isShort(array, array.colors.size())) incomplete(tag, "colors missing");
-  } else {
-    const auto& array = static_cast<const DensityArray2d&>(*current_);
-    if (isShort(array, array.values.size())) incomplete(tag, "values missing");
-  }
+  const auto* colors = elementCast<ColorArray2d>(current_.get());
+  if (colors && isShort(*colors, colors->colors.size())) incomplete(tag, "colors missing");
+  const auto* values = elementCast<DensityArray2d>(current_.get());
+  if (values && isShort(*values, values->values.size())) incomplete(tag, "values missing");
 }
 
 }  // namespace PlotDom

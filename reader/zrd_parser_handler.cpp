@@ -276,7 +276,7 @@ void ZrdParserHandler::closeElement(WordId word) {
       endText();
       break;
     case Content::words:
-      endArray(word);
+      endArray();
       break;
   }
   current_ = PlotElement::from(current_->parent());
@@ -289,8 +289,7 @@ void ZrdParserHandler::endText() {
 }
 
 void ZrdParserHandler::appendText(const char* data, std::size_t length) {
-  const Token tag = current_ ? current_->tagName() : Token();
-  if (tag == Word::ColorArray2d || tag == Word::DensityArray2d) {
+  if (current_ && isElementOf<ColorArray2d, DensityArray2d>(*current_)) {
     appendWords(data, length);
   } else {
     appendTextWithoutReturns(data, length);

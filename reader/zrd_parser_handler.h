@@ -58,7 +58,7 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
   void attachPositional(PlotElement& element);
   void attachRoot(PlotElement& element);
   void endText();
-  void endArray(Ubase::WordId elementId);
+  void endArray();
 
   // Data in text; see data_parsing.cpp.
   void parseP2(P2List& list);

@@ -39,7 +39,7 @@ Ref<PlotDocument> load(const char* path) {
 std::vector<Obj2d*> objectsOf(PlotDocument& document) {
   std::vector<Obj2d*> objects;
   Arbor::walkSubtree<Arbor::Node>(*document.documentElement(), [&](Arbor::Node& node) {
-    if (node.nodeName() == Obj2d::tag) objects.push_back(static_cast<Obj2d*>(&node));
+    if (auto* object = elementCast<Obj2d>(&node)) objects.push_back(object);
     return true;
   });
   return objects;
@@ -116,13 +116,12 @@ void deleteObject(PlotDocument& document, const char* id) {
 /// What a property editor needs to know of the properties of a type of object in one category.
 void printFields(const PlotDocument& document, Token type, std::string_view categoryName) {
   Arbor::walkSubtree<const Arbor::Node>(*document.propertyInfo(type), [&](const Arbor::Node& node) {
-    if (node.nodeName() == PropCat::tag) {
-      return static_cast<const PropCat&>(node).name().c_str() == categoryName;
+    if (const auto* category = elementCast<PropCat>(&node)) {
+      return category->name().c_str() == categoryName;
     }
-    if (node.nodeName() == PropInfo::tag) {
-      const auto& property = static_cast<const PropInfo&>(node);
-      const char* words = property.enumWords().c_str();
-      std::cout << "  " << property.dom().str() << ": " << property.type().str()
+    if (const auto* property = elementCast<PropInfo>(&node)) {
+      const char* words = property->enumWords().c_str();
+      std::cout << "  " << property->dom().str() << ": " << property->type().str()
                 << (words ? std::string(" of ") + words : "") << '\n';
     }
     return true;

@@ -7,6 +7,7 @@
 
 #include "SRC/element_factory.h"
 #include "SRC/expr_list.h"
+#include "SRC/group.h"
 #include "SRC/sphere.h"
 #include "dom/text.h"
 #include "plot_test.h"
@@ -133,11 +134,9 @@ struct VisitLog {
 /// A document of a host that has a class of its own for groups.
 class HostDocument : public PlotDocument {
  public:
-  class HostGroup : public PlotElement {
+  class HostGroup : public Group2d {
    public:
-    using PlotElement::PlotElement;
-    Token tagName() const override { return Word::Group2d; }
-    Ref<Arbor::Node> cloneNode(bool) const override { return nullptr; }
+    using Group2d::Group2d;
     bool visit() override {
       VisitLog::names.push_back(std::to_string(length()));
       return length() != 1;

@@ -315,9 +315,8 @@ TEST_F(PropertyTest, UndoGivesAMemberBackWhatItInherited) {
 }
 
 /// Keeps of which properties it is told, as "tag.property".
-class ListeningObject final : public ElementOf<ListeningObject, PlotElement> {
+class ListeningObject final : public ElementOf<ListeningObject, Obj2d> {
  public:
-  static constexpr Token tag = Word::Obj2d;
   using ElementOf::ElementOf;
   void propertyChanged(PlotElement& source, Token name) override {
     log.push_back(std::string(source.tagName().str()) + "." + name.str());

@@ -316,11 +316,9 @@ TEST_F(SelectionTest, AnEmptyDocumentHasNoTime) {
 /// A document of a host whose canvas knows when something changes.
 class TimedDocument : public PlotDocument {
  public:
-  class TimedCanvas : public PlotElement {
+  class TimedCanvas : public Canvas {
    public:
-    using PlotElement::PlotElement;
-    Token tagName() const override { return Word::Canvas; }
-    Ref<Arbor::Node> cloneNode(bool) const override { return nullptr; }
+    using Canvas::Canvas;
     void timeStep(double time, bool forward, double& result) override {
       EXPECT_TRUE(std::isnan(result));
       result = forward ? time + 1 : time - 1;
