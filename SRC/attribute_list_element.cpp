@@ -43,11 +43,13 @@ void AttributeListElement::doSetAttribute(Token name, const Variant& value) {
   } else {
     attributes_.emplace(entry, name, std::move(stored));
   }
+  noteChange();
 }
 
 void AttributeListElement::doRemoveAttribute(Token name) {
   const auto entry = positionOf(attributes_, name);
   if (entry != attributes_.end() && entry->first == name) attributes_.erase(entry);
+  noteChange();
 }
 
 std::ostream& AttributeListElement::writeAttributes(std::ostream& out) const {

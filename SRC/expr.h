@@ -35,6 +35,7 @@ class WithAttribute : public Base {
     this->requireProperty(key);
     return getAttribute(key);
   }
+    this->noteChange();
   void setPropertyValue(Token key, const Variant& value) override {
     this->requireProperty(key);
     this->setAttribute(key, value);

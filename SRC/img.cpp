@@ -1,5 +1,7 @@
 #include "SRC/img.h"
 
+#include "SRC/object.h"
+
 namespace PlotDom {
 
 namespace {
@@ -26,18 +28,7 @@ ImgBase::ImgBase(Arbor::Document* document) : ContainerWithMembers(document) {
 }
 
 double ImgBase::frameTime() const {
-  const bool isAnimatable = parent() && isOneOf(parent()->nodeName(), Word::Obj2d, Word::Obj3d);
-  return frameTime_.of(*this, param(), isAnimatable);
-}
-
-void ImgBase::onAttached() {
-  frameTime_.forget();
-  ContainerWithMembers::onAttached();
-}
-
-bool ImgBase::parentPropertyChanged(PlotElement& source, Token name) {
-  frameTime_.forget();
-  return ContainerWithMembers::parentPropertyChanged(source, name);
+  return frameTime_.of(*this, param(), elementCast<ObjectBase, Obj2d, Obj3d>(parent()));
 }
 
 bool Img2d::isContentName(Token name) const {

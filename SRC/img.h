@@ -15,8 +15,6 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
   /// The time from which on the object looks like this; NaN if it is not animated.
   double frameTime() const;
 
-  bool parentPropertyChanged(PlotElement& source, Token name) override;
-
   static PropertyListMgr& propertyList();
 
   Stored<double> param;
@@ -26,8 +24,6 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
 
  protected:
   ImgBase(const ImgBase&) = default;
-
-  void onAttached() override;
 
  private:
   FrameTime frameTime_;

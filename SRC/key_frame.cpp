@@ -4,25 +4,37 @@
 #include <limits>
 
 #include "SRC/parameter_range.h"
+#include "SRC/plot_document.h"
 #include "SRC/style_getter.h"
 
 namespace PlotDom {
 
-double FrameTime::of(const PlotElement& frame, double param, bool isAnimatable) const {
-  if (!std::isnan(cached_)) return cached_;
-  if (std::isnan(param) || !isAnimatable) return nan;
+namespace {
 
-  const PlotElement& parent = *PlotElement::from(frame.parent());
-  const auto timeBegin = propertyValue<double>(parent, Word::TimeBegin);
-  const auto timeEnd = propertyValue<double>(parent, Word::TimeEnd);
+double timeOf(double param, const PlotElement* parent) {
+  if (std::isnan(param) || !parent) return nan;
+
+  const auto timeBegin = propertyValue<double>(*parent, Word::TimeBegin);
+  const auto timeEnd = propertyValue<double>(*parent, Word::TimeEnd);
   if (std::isnan(timeBegin) || std::isnan(timeEnd)) return nan;
 
   double begin = nan;
   double end = nan;
-  if (!parameterRange(parent, begin, end)) return nan;
+  if (!parameterRange(*parent, begin, end)) return nan;
   if (std::fabs(begin - end) <= std::numeric_limits<double>::epsilon()) return timeBegin;
-  cached_ = timeBegin + (param - begin) / (end - begin) * (timeEnd - timeBegin);
-  return cached_;
+  return timeBegin + (param - begin) / (end - begin) * (timeEnd - timeBegin);
+}
+
+}  // namespace
+
+double FrameTime::of(const PlotElement& frame, double param, const PlotElement* parent) const {
+  const Arbor::Document* document = frame.ownerDocument();
+  if (!document) return timeOf(param, parent);
+  if (changeCount_ != document->changeCount()) {
+    time_ = timeOf(param, parent);
+    changeCount_ = document->changeCount();
+  }
+  return time_;
 }
 
 }  // namespace PlotDom

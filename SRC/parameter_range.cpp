@@ -7,20 +7,13 @@
 namespace PlotDom {
 
 bool parameterRange(const PlotElement& parent, double& begin, double& end) {
-  const VExpr* beginChild = nullptr;
-  const VExpr* endChild = nullptr;
-  for (const Arbor::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
-    const bool isBegin = child->nodeName() == Word::ParameterBegin;
-    if (!isBegin && child->nodeName() != Word::ParameterEnd) continue;
-    const auto* bound = static_cast<const VExpr*>(child);
-    if (std::isnan(bound->value())) return false;
-    (isBegin ? beginChild : endChild) = bound;
-    if (!beginChild || !endChild) continue;
-    begin = beginChild->value();
-    end = endChild->value();
-    return true;
-  }
-  return false;
+  const auto* beginChild = firstChildOf<ParameterBegin>(parent);
+  const auto* endChild = firstChildOf<ParameterEnd>(parent);
+  if (!beginChild || !endChild) return false;
+  if (std::isnan(beginChild->value()) || std::isnan(endChild->value())) return false;
+  begin = beginChild->value();
+  end = endChild->value();
+  return true;
 }
 
 }  // namespace PlotDom

@@ -6,7 +6,7 @@
 namespace PlotDom {
 
 /// The values of the children ParameterBegin and ParameterEnd. False unless both are there and are
-/// numbers.
+/// numbers. They are options, so the cost does not grow with the number of children.
 bool parameterRange(const PlotElement& parent, double& begin, double& end);
 
 }  // namespace PlotDom

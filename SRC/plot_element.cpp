@@ -59,9 +59,17 @@ bool PlotElement::canRemoveAttribute(Token name) const {
 
 void PlotElement::doSetAttribute(Token name, const Variant& value) {
   requireProperty(name).store(*this, value);
+  noteChange();
 }
 
-void PlotElement::doRemoveAttribute(Token name) { requireProperty(name).clear(*this); }
+void PlotElement::doRemoveAttribute(Token name) {
+  requireProperty(name).clear(*this);
+  noteChange();
+}
+
+void PlotElement::noteChange() {
+  if (ownerDocument()) ownerDocument()->noteChange();
+}
 
 bool PlotElement::afterSetAttribute(Element& origin, Token name) {
   PlotElement* source = from(&origin);

@@ -114,6 +114,8 @@ class PlotElement : public Arbor::Element {
   /// The property `name`. One that does not exist is reported and throws 15.
   const Property& requireProperty(Token name) const;
   [[noreturn]] void throwUnknownProperty(Token name) const;
+  /// To be called by a class that has changed what its attributes are.
+  void noteChange();
 
  private:
   static bool isElement(const Arbor::Node* node) {

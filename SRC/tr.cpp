@@ -1,5 +1,7 @@
 #include "SRC/tr.h"
 
+#include "SRC/transform.h"
+
 namespace PlotDom {
 
 namespace {
@@ -49,19 +51,8 @@ Tr2d::Tr2d(Arbor::Document* document) : ElementOf(document) { propertyList().ini
 Tr3d::Tr3d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 double TrBase::frameTime() const {
-  const bool isAnimatable =
-      parent() && isOneOf(parent()->nodeName(), Word::Transform2d, Word::Transform3d);
-  return frameTime_.of(*this, param(), isAnimatable);
-}
-
-void TrBase::onAttached() {
-  frameTime_.forget();
-  WithMembers::onAttached();
-}
-
-bool TrBase::parentPropertyChanged(PlotElement& source, Token name) {
-  frameTime_.forget();
-  return WithMembers::parentPropertyChanged(source, name);
+  const auto* transform = elementCast<TransformBase, Transform2d, Transform3d>(parent());
+  return frameTime_.of(*this, param(), transform);
 }
 
 }  // namespace PlotDom

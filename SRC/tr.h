@@ -14,16 +14,12 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
 
-  bool parentPropertyChanged(PlotElement& source, Token name) override;
-
   static PropertyListMgr& propertyList();
 
   Stored<double> param;
 
  protected:
   TrBase(const TrBase&) = default;
-
-  void onAttached() override;
 
  private:
   FrameTime frameTime_;

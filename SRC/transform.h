@@ -20,6 +20,7 @@ class TransformBase
   const PlotElement* styleParent(Token key) const override;
   void collectStyleChain(StyleChain& chain) const override;
   void collectEffectiveStyles(StyleChain& chain) const override;
+  bool parentPropertyChanged(PlotElement& source, Token key) override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;
@@ -37,6 +38,8 @@ class TransformBase
 
  protected:
   TransformBase(const TransformBase&) = default;
+
+  void onAttached() override;
 };
 
 /// A transform of objects in the plane.

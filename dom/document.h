@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <exception>
 #include <list>
@@ -59,6 +60,13 @@ class Document : public InnerNode {
 
   /// The first child, if that is an element, else null.
   Element* documentElement() const;
+
+  /// A number that grows with each change of a node that was made for the document, be it in the
+  /// tree of the document or not. What was computed from nodes holds as long as it stays the same.
+  std::uint64_t changeCount() const { return changeCount_; }
+  /// To be called by an element that has changed an attribute. Changes of children count
+  /// themselves.
+  void noteChange() { ++changeCount_; }
 
   /// Subscribes to one type of events, or to all. A null observer is ignored. Observers are told in
   /// the order of subscription, save that a place given up is taken by the next who subscribes.
@@ -221,6 +229,7 @@ class Document : public InnerNode {
   Recording* recording_ = nullptr;                          // the innermost
   std::exception_ptr heldBack_;
   std::size_t nodeCount_ = 0;
+  std::uint64_t changeCount_ = 1;
   unsigned batchDepth_ = 0;
   unsigned savedHistoryLimit_ = 0;
   unsigned executionDepth_ = 0;

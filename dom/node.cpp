@@ -223,6 +223,7 @@ Ref<Node> Node::cut(Ref<Node>& slot) {
 }
 
 void Node::setParents(Node* chain, InnerNode* parent) {
+  if (chain && chain->ownerDocument()) chain->ownerDocument()->noteChange();
   for (; chain; chain = chain->nextSibling()) chain->parent_ = parent;
 }
 
