@@ -59,6 +59,19 @@ std::ostream& AttributeListElement::writeAttributes(std::ostream& out) const {
   return out;
 }
 
+bool AttributeListElement::canBeWritten() const {
+  for (const auto& [name, value] : attributes_) {
+    const Property* property = findProperty(name);
+    if (property && !property->canBeWritten(*this, value)) return false;
+  }
+  const Property* type = findProperty(Word::Type);  // no other is mandatory in a list
+  if (type && type->isMandatory() && !hasAttribute(Word::Type)) {
+    report("mandatory property '%s' missing [node '%s']\n", type->name().str(), tagName().str());
+    return false;
+  }
+  return OptionedPlotElement::canBeWritten();
+}
+
 void AttributeListElement::putAttributes(CmdWriter& writer) const {
   for (const auto& [name, value] : attributes_) {
     if (const Property* property = findProperty(name)) putAttribute(writer, *property, value);

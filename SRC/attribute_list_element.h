@@ -20,6 +20,7 @@ class AttributeListElement : public OptionedPlotElement {
   void doSetAttribute(Token name, const Variant& value) override;
   void doRemoveAttribute(Token name) override;
   std::ostream& writeAttributes(std::ostream& out) const override;
+  bool canBeWritten() const override;
 
   const Variant* findAttribute(Token name) const final;
   bool hasProperty(Token name) const override;

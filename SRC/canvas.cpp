@@ -66,6 +66,10 @@ bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
          !(isAnyNamed(newChildren, Word::Scene2d) && isAnyNamed(newChildren, Word::Scene3d));
 }
 
+bool Canvas::canHoldItsChildren() const {
+  return ElementOf::canReplaceChildren(firstChild(), length(), firstChild());
+}
+
 std::uint32_t Canvas::optionBit(Token name) const { return options.bit(name); }
 
 std::uint32_t Canvas::allowedOptions() const { return 127; }

@@ -52,6 +52,9 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
+
+ protected:
+  bool canHoldItsChildren() const override;
 };
 
 }  // namespace PlotDom

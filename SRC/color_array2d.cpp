@@ -30,6 +30,15 @@ ColorArray2d::ColorArray2d(Arbor::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
+bool ColorArray2d::canBeWritten() const {
+  const std::int64_t cells = std::int64_t{xMesh()} * yMesh();
+  if (static_cast<std::int64_t>(colors.size()) < cells) {
+    report("colors missing [node '%s']\n", tagName().str());
+    return false;
+  }
+  return ElementOf::canBeWritten();
+}
+
 std::ostream& ColorArray2d::writeContent(std::ostream& out) const {
   for (const RGBA color : colors) out << color << ' ';
   return out;

@@ -29,6 +29,7 @@ class ColorArray2d : public Primitive<ColorArray2d> {
   std::vector<RGBA> colors;  ///< a colour a cell
 
   std::ostream& writeContent(std::ostream& out) const override;
+  bool canBeWritten() const override;
 };
 
 }  // namespace PlotDom

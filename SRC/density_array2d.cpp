@@ -33,6 +33,15 @@ DensityArray2d::DensityArray2d(Arbor::Document* document) : ElementOf(document) 
   propertyList().initialise(*this);
 }
 
+bool DensityArray2d::canBeWritten() const {
+  const std::int64_t cells = std::int64_t{xMesh()} * yMesh();
+  if (static_cast<std::int64_t>(values.size()) < cells) {
+    report("values missing [node '%s']\n", tagName().str());
+    return false;
+  }
+  return ElementOf::canBeWritten();
+}
+
 std::ostream& DensityArray2d::writeContent(std::ostream& out) const {
   for (const double value : values) out << value << ' ';
   return out;

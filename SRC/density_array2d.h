@@ -32,6 +32,7 @@ class DensityArray2d : public Primitive<DensityArray2d> {
   std::vector<double> values;  ///< a number a cell
 
   std::ostream& writeContent(std::ostream& out) const override;
+  bool canBeWritten() const override;
 };
 
 }  // namespace PlotDom

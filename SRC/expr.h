@@ -25,17 +25,22 @@ class WithAttribute : public Base {
   }
   bool hasAttribute(Token key) const override { return key == attributeName; }
   bool canSetAttribute(Token key, const Variant& value) const override {
-    return key == attributeName && value.template as<typename Trait::VariantKind>();
+    const auto typed = value.template as<typename Trait::VariantKind>();
+    return key == attributeName && typed && findProperty(key)->accepts(*this, value);
+  }
+  bool canBeWritten() const override {
+    const Property* property = findProperty(attributeName);
+    return property->canBeWritten(*this, getAttribute(attributeName)) && Base::canBeWritten();
   }
   void doSetAttribute(Token key, const Variant& value) override {
     requireName(key);
     attribute_ = value.template as<typename Trait::VariantKind>()->get();
+    this->noteChange();
   }
   Variant getPropertyValue(Token key) const override {
     this->requireProperty(key);
     return getAttribute(key);
   }
-    this->noteChange();
   void setPropertyValue(Token key, const Variant& value) override {
     this->requireProperty(key);
     this->setAttribute(key, value);
@@ -63,6 +68,7 @@ class WithAttribute : public Base {
 
 struct OptionTrait : TokenTrait {
   static constexpr Token absent{};
+  static const char* whyNoText(Token option) { return whyNoOption(option); }
 };
 
 struct ExprValueTrait : DoubleTrait {

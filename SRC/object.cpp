@@ -1,8 +1,10 @@
 #include "SRC/object.h"
 
+#include "SRC/group.h"
 #include "SRC/object_properties.h"
 #include "SRC/parameter_range.h"
 #include "SRC/style_search.h"
+#include "SRC/transform.h"
 
 namespace PlotDom {
 
@@ -65,6 +67,15 @@ bool Obj2d::isContentName(Token name) const {
 
 const Property* Obj2d::findProperty(Token name) const {
   return findIn(name, objectStyleProperties(), object2dStyleProperties(), objectProperties());
+}
+
+bool Obj3d::canSetAttribute(Token name, const Variant& value) const {
+  if (!ElementOf::canSetAttribute(name, value)) return false;
+  if (name != Word::Type || !parent() || !isElementOf<Group3d, Transform3d>(*parent())) return true;
+  const Token type = value.as<Ubase::TokenVariant>()->get();
+  if (isMovableType3d(type)) return true;
+  report("illegal type '%s' [parent '%s']\n", type.str(), parent()->nodeName().str());
+  return false;
 }
 
 std::uint32_t Obj3d::allowedOptions() const { return 7143; }

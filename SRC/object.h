@@ -54,6 +54,9 @@ class Obj3d : public ElementOf<Obj3d, ObjectBase> {
   static constexpr Token tag = Word::Obj3d;
   using ElementOf::ElementOf;
 
+  /// In a group or transform it does not become what may not be there, see isMovableType3d().
+  bool canSetAttribute(Token name, const Variant& value) const override;
+
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;

@@ -1,12 +1,18 @@
 #include "SRC/plot_document.h"
 
 #include <cmath>
+#include <locale>
 #include <ostream>
+#include <sstream>
+#include <string_view>
 
+#include "SRC/canvas.h"
 #include "SRC/cmd_writer.h"
 #include "SRC/element_factory.h"
+#include "SRC/format_limits.h"
 #include "SRC/property_tree.h"
 #include "SRC/style_getter.h"
+#include "dom/dom_exception.h"
 #include "dom/tree_walk.h"
 
 namespace PlotDom {
@@ -20,6 +26,43 @@ bool PlotDocument::knowsClassOf(const Arbor::Node& node) const {
   if (!element || isOfItsClass(*element)) return true;
   report("not of the class of its name '%s'\n", element->tagName().str());
   return false;
+}
+
+bool PlotDocument::canHoldText(const char* text) const {
+  if (isXmlText(text)) return true;
+  report("text with characters that XML does not have\n");
+  return false;
+}
+
+// Whether each element that would be written can be.
+bool PlotDocument::canBeWritten() const {
+  const auto* root = elementCast<Canvas>(firstChild());
+  if (!root || !root->isWritten()) {
+    report("no canvas to be written\n");
+    return false;
+  }
+  bool canAll = true;
+  Arbor::walkSubtree<const Arbor::Node>(*root, [&canAll](const Arbor::Node& node) {
+    const PlotElement* element = PlotElement::from(&node);
+    if (!canAll || !element || !element->isWritten()) return false;
+    canAll = element->canBeWritten();
+    return canAll;
+  });
+  return canAll;
+}
+
+std::ostream& PlotDocument::writeXml(std::ostream& out) const {
+  if (!canBeWritten()) throw Arbor::DomException(Arbor::DomException::InvalidState);
+  std::ostringstream text;  // which is not in the state of `out`, but for this:
+  text.imbue(std::locale::classic());
+  text.precision(out.precision());
+  Document::writeXml(text);
+  const std::string_view written = text.view();
+  if (!isXml(written)) {
+    report("word with characters that XML does not have\n");
+    throw Arbor::DomException(Arbor::DomException::InvalidState);
+  }
+  return out.write(written.data(), std::ssize(written));
 }
 
 const ObjType* PlotDocument::propertyInfo(Token name) const { return findPropertyInfo(name); }

@@ -31,6 +31,15 @@ class PlotDocument : public Arbor::Document {
   /// Knows the classes of the model, and those of a host that derive from them and keep their
   /// names. Another class is reported.
   bool knowsClassOf(const Arbor::Node& node) const override;
+  /// Refuses characters that XML does not have, and reports them.
+  bool canHoldText(const char* text) const override;
+
+  /// Writes what the reader reads, with numbers in the precision of the stream. Throws DomException
+  /// InvalidState for a document that could not be read back, after a message to the reporter that
+  /// says why, and Ubase::BadUnicodeString for a text that the locale cannot hold; nothing is
+  /// written then.
+  std::ostream& writeXml(std::ostream& out) const override;
+
   /// The description of the properties of an element class or a type of object, see
   /// findPropertyInfo(); null for an unknown name.
   virtual const ObjType* propertyInfo(Token name) const;
@@ -91,6 +100,7 @@ class PlotDocument : public Arbor::Document {
 
  private:
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+  bool canBeWritten() const;
 
   ErrorReporter errorReporter_ = nullptr;
   StylePath stylePath_;

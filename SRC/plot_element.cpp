@@ -131,6 +131,21 @@ void PlotElement::printCommand(CmdWriter& writer) const {
 
 void PlotElement::timeStep(double, bool, double&) {}
 
+// The rules of elements with text look at the first child only, but texts and elements never stand
+// together.
+bool PlotElement::canHoldItsChildren() const {
+  const Arbor::Node* child = firstChild();
+  while (child && child->nodeType() == firstChild()->nodeType()) child = child->nextSibling();
+  const bool areAlike = !child;
+  return areAlike && canReplaceChildren(firstChild(), length(), firstChild());
+}
+
+bool PlotElement::canBeWritten() const {
+  if (canHoldItsChildren()) return true;
+  report("children that cannot be written [node '%s']\n", tagName().str());
+  return false;
+}
+
 void notifyPropertyChange(PlotElement& element, Token name) {
   Arbor::Document* document = element.ownerDocument();
   if (!document || document->isInBatch()) return;

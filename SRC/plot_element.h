@@ -87,6 +87,9 @@ class PlotElement : public Arbor::Element {
   /// an element with an attribute list then lets its children do so.
   virtual void dropInheritedProperties();
 
+  /// Whether the input format can hold the element as it is now. What it cannot hold is reported.
+  virtual bool canBeWritten() const;
+
   // What a host may build on.
 
   /// Called by PlotDocument::visitElements(); false leaves out what is below.
@@ -111,11 +114,15 @@ class PlotElement : public Arbor::Element {
  protected:
   PlotElement(const PlotElement&) = default;
 
+  /// To be called by a class that has changed what its attributes are.
+  void noteChange();
+
+  /// Whether the children are such as the element takes.
+  virtual bool canHoldItsChildren() const;
+
   /// The property `name`. One that does not exist is reported and throws 15.
   const Property& requireProperty(Token name) const;
   [[noreturn]] void throwUnknownProperty(Token name) const;
-  /// To be called by a class that has changed what its attributes are.
-  void noteChange();
 
  private:
   static bool isElement(const Arbor::Node* node) {

@@ -17,6 +17,7 @@ class P2List : public PrimitiveBase {
 
   /// Writes each point as a P2 element.
   std::ostream& writeContent(std::ostream& out) const override;
+  bool canBeWritten() const override;
 
  protected:
   P2List(const P2List&) = default;
@@ -34,6 +35,7 @@ class P3List : public PrimitiveBase {
 
   /// Writes each point as a P3 element.
   std::ostream& writeContent(std::ostream& out) const override;
+  bool canBeWritten() const override;
 
  protected:
   P3List(const P3List&) = default;

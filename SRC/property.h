@@ -71,6 +71,10 @@ class Property {
   /// Whether the attribute may become `value`; a refusal is reported through the element.
   virtual bool accepts(const PlotElement& element, const Ubase::Variant& value) const = 0;
 
+  /// Whether the attribute can be written with `value`; what cannot be is reported through the
+  /// element.
+  virtual bool canBeWritten(const PlotElement& element, const Ubase::Variant& value) const = 0;
+
   /// Whether the attribute may be removed.
   virtual bool isRemovable(const PlotElement& element) const = 0;
 

@@ -37,8 +37,20 @@ class TypedProperty : public Property {
 
   bool accepts(const PlotElement& element, const Ubase::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
+    if (const char* reason = typed ? whyNoText(typed->get()) : nullptr) {
+      element.report("illegal value: %s [attribute '%s']\n", reason, name().str());
+      return false;
+    }
     if (typed && isValid(typed->get())) return true;
     element.report("illegal value [attribute '%s']\n", name().str());
+    return false;
+  }
+
+  bool canBeWritten(const PlotElement& element, const Ubase::Variant& value) const final {
+    const auto typed = value.template as<VariantKind>();
+    const char* reason = typed ? whyNotWritten(typed->get()) : nullptr;
+    if (!reason) return true;
+    element.report("value that cannot be written: %s [attribute '%s']\n", reason, name().str());
     return false;
   }
 
@@ -81,6 +93,22 @@ class TypedProperty : public Property {
     } else {
       return true;
     }
+  }
+
+  static const char* whyNoText(const Value& value) {
+    if constexpr (requires { Trait::whyNoText(value); }) {
+      return Trait::whyNoText(value);
+    } else {
+      return nullptr;
+    }
+  }
+
+  static const char* whyNotWritten(const Value& value) {
+    const char* reason = whyNoText(value);
+    if constexpr (requires { Trait::whyNotWritten(value); }) {
+      if (!reason) reason = Trait::whyNotWritten(value);
+    }
+    return reason;
   }
 
   static Value normalize(Value value) {

@@ -68,6 +68,14 @@ bool ObjType::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newC
   return areAllNamed(newChildren, Word::PropCat);
 }
 
+bool PropCat::canBeWritten() const {
+  if (!name().c_str() || *name().c_str() == '\0') {
+    report("category without a name [node '%s']\n", tagName().str());
+    return false;
+  }
+  return ElementOf::canBeWritten();
+}
+
 bool PropCat::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
   for (const Arbor::Node& child : newChildren) {
     if (!isOneOf(child.nodeName(), Word::PropCat, Word::PropInfo)) return false;

@@ -27,6 +27,8 @@ class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, pu
   explicit PropCat(Arbor::Document* document);
   bool canReplaceChildren(Arbor::Node* first, unsigned count,
                           Arbor::NewChildren newChildren) const override;
+  /// A category must have a name.
+  bool canBeWritten() const override;
 
   static PropertyListMgr& propertyList();
 

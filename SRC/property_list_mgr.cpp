@@ -60,6 +60,15 @@ void PropertyListMgr::dropAllInherited(PlotElement& element) {
   }
 }
 
+bool PropertyListMgr::canBeWritten(const PlotElement& element) {
+  return std::ranges::all_of(entries(), [&element](const auto& entry) {
+    const auto& [name, property] = entry;
+    Ubase::Variant value;
+    const bool isThere = element.hasAttribute(name) && property->getIfSet(element, value);
+    return !isThere || property->canBeWritten(element, value);
+  });
+}
+
 void PropertyListMgr::putXml(std::ostream& out, const PlotElement& element) {
   for (const auto& [name, property] : entries()) {
     if (element.hasAttribute(name)) property->putXmlMember(out, element);

@@ -37,6 +37,9 @@ class PropertyListMgr {
   /// Removes each local value that the element would inherit anyway and can do without.
   void dropAllInherited(PlotElement& element);
 
+  /// Whether the attributes that the element has can be written.
+  bool canBeWritten(const PlotElement& element);
+
   /// Writes the attributes that the element has.
   void putXml(std::ostream& out, const PlotElement& element);
   virtual void putCmd(CmdWriter& writer, const PlotElement& element);

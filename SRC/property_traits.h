@@ -1,6 +1,7 @@
 // What the values of properties are: how each type is held, read and written.
 #pragma once
 
+#include "SRC/format_limits.h"
 #include "SRC/plot_variants.h"
 #include "SRC/value_parsers.h"
 #include "SRC/value_printers.h"
@@ -15,7 +16,9 @@ namespace PlotDom {
 ///   normalize(value)  changes a value when it is stored,
 ///   allowed           the words of an enumeration, in their order; they are told to a host and
 ///                     never enforced: any word is accepted and kept,
-///   hiddenInXml, hiddenInCommand   the property is left out of that form.
+///   hiddenInXml, hiddenInCommand   the property is left out of that form,
+///   whyNoText(value)  a reason to refuse a value, which no text gives; null for any other,
+///   whyNotWritten(value)   a reason not to write one that some text gives; null for any other.
 template <class VariantKind_, class Value_, class Parser_, class PutXml_, class PutCmd_>
 struct PropertyValueTrait {
   using VariantKind = VariantKind_;
@@ -48,6 +51,8 @@ struct SizeTrait : PropertyValueTrait<Ubase::DoubleVariant, double, DoubleParser
 struct TokenTrait
     : PropertyValueTrait<Ubase::TokenVariant, Ubase::Token, TokenParser, TokenPutXml, TokenPutCmd> {
   static constexpr Ubase::Token editor = Ubase::Word::Token;
+  static const char* whyNoText(Ubase::Token word) { return PlotDom::whyNoText(word); }
+  static const char* whyNotWritten(Ubase::Token word) { return PlotDom::whyNotWritten(word); }
 };
 
 /// Bytes that are kept as they came.
@@ -60,6 +65,7 @@ struct Utf8StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::Fi
 struct StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::FixedString,
                                         MStringParser, MStringPutXml, MStringPutCmd> {
   static constexpr Ubase::Token editor = Ubase::Word::String;
+  static const char* whyNoText(const Ubase::FixedString& text) { return PlotDom::whyNoText(text); }
 };
 
 struct RGBATrait
@@ -78,6 +84,7 @@ struct P3Trait : PropertyValueTrait<P3Variant, P3, P3Parser, GenericPutXml<P3>, 
 struct FontStyleTrait : PropertyValueTrait<FontStyleVariant, FontStyle, FontStyleParser,
                                            GenericPutXml<FontStyle>, FontStylePutCmd> {
   static constexpr Ubase::Token editor = Ubase::Word::Font;
+  static const char* whyNoText(const FontStyle& font) { return PlotDom::whyNoText(font); }
 };
 
 }  // namespace PlotDom

@@ -1,5 +1,6 @@
 #include "SRC/value_printers.h"
 
+#include "SRC/format_limits.h"
 #include "base/escape_writers.h"
 #include "base/vocabulary.h"
 
@@ -39,9 +40,10 @@ std::ostream& operator<<(std::ostream& out, const P3& point) {
 }
 
 std::ostream& operator<<(std::ostream& out, const FontStyle& font) {
-  out << '\'';
+  const char* quote = isWrittenBare(font.family) ? "" : "'";
+  out << quote;
   Ubase::writeEscapedLocaleText(out, font.family.c_str());
-  out << "' " << font.size;
+  out << quote << ' ' << font.size;
   if (font.italic) out << " Italic";
   if (font.bold) out << " Bold";
   return out << ' ' << font.color << ' ' << textOf(font.alignment);

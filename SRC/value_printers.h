@@ -19,7 +19,8 @@ std::ostream& operator<<(std::ostream& out, RGBA color);
 /// The coordinates with a blank between them.
 std::ostream& operator<<(std::ostream& out, const P2& point);
 std::ostream& operator<<(std::ostream& out, const P3& point);
-/// 'family' size, the styles, colour and alignment, as FontStyleParser reads them.
+/// 'family' size, the styles, colour and alignment, as FontStyleParser reads them. A family with an
+/// apostrophe stands without the quotes.
 std::ostream& operator<<(std::ostream& out, const FontStyle& font);
 
 /// The stream's own format of the value.

@@ -24,6 +24,10 @@ class WithMembers : public Base {
     return out;
   }
 
+  bool canBeWritten() const override {
+    return Base::canBeWritten() && Self::propertyList().canBeWritten(*this);
+  }
+
   void dropInheritedProperties() override {
     Base::dropInheritedProperties();
     Self::propertyList().dropAllInherited(*this);

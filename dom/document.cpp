@@ -64,7 +64,10 @@ void Document::doReplaceChildren(Node* first, unsigned count, Node* newChildren)
   if (firstChild()) firstChild()->markInDocument(true);
 }
 
-Ref<Text> Document::createTextNode(const char* text) { return new Text(this, text); }
+Ref<Text> Document::createTextNode(const char* text) {
+  if (!canHoldText(text)) throw DomException(DomException::InvalidCharacter);
+  return new Text(this, text);
+}
 
 Ref<DocumentFragment> Document::createDocumentFragment() { return new DocumentFragment(this); }
 

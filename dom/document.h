@@ -47,13 +47,16 @@ class Document : public InnerNode {
 
   /// A new element, or null for an unknown name.
   Ref<Element> createElement(Token tagName) { return newElement(tagName); }
-  /// A new text. A null `text` makes an empty one.
+  /// A new text. A null `text` makes an empty one. Throws DomException InvalidCharacter if
+  /// canHoldText() refuses.
   Ref<Text> createTextNode(const char* text);
   /// A new, empty fragment: it carries nodes that shall go in together.
   Ref<DocumentFragment> createDocumentFragment();
   /// A range with both points at the start of the document; null after tearDown().
   Ref<Range> createRange(bool selected);
 
+  /// Whether the format of the document has all characters of a text.
+  virtual bool canHoldText(const char*) const { return true; }
   /// Whether a node is of a class for which the document is made. Any other is refused as a child,
   /// with HierarchyRequest.
   virtual bool knowsClassOf(const Node&) const { return true; }

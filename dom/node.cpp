@@ -245,7 +245,7 @@ void Node::markInDocument(bool inDocument) {
 unsigned NewChildren::count() const { return isSingle_ ? 1 : countSiblingsFrom(first_); }
 
 bool NewChildren::isMovedWithin(const Node& parent) const {
-  return first_ && first_->parent() == &parent;
+  return isSingle_ && first_->parent() == &parent;
 }
 
 unsigned countSiblingsFrom(const Node* node) {

@@ -24,7 +24,9 @@ std::ostream& Text::writeXml(std::ostream& out) const {
 
 void Text::setNodeValue(const char* text) { replaceData(0, length(), text); }
 
-bool Text::canReplaceText(unsigned, unsigned, const char*) const { return true; }
+bool Text::canReplaceText(unsigned, unsigned, const char* text) const {
+  return !ownerDocument() || ownerDocument()->canHoldText(text);
+}
 
 std::optional<std::string> Text::substringData(unsigned offset, unsigned count) const {
   if (offset > length()) throw DomException(DomException::IndexSize);

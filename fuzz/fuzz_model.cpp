@@ -249,8 +249,8 @@ class Playground {
       while (document_->canUndo()) document_->undo();
       while (document_->canRedo()) document_->redo();
       std::ostringstream out;
-      document_->writeXml(out);
       document_->printCommands(out, true);
+      document_->writeXml(out);
     } catch (const Arbor::DomException&) {
     } catch (const Ubase::BadUnicodeString&) {
     }

@@ -89,7 +89,7 @@ class Impostor : public ElementOf<Impostor<Model>, PlotElement> {
 class Stranger : public Arbor::Element {
  public:
   Stranger(Arbor::Document* document, Token tag) : Element(document), tag_(tag) {}
-  Arbor::Node* cloneNode(bool) const override { return new Stranger(*this); }
+  Ref<Arbor::Node> cloneNode(bool) const override { return new Stranger(*this); }
   Token tagName() const override { return tag_; }
   Variant getAttribute(Token) const override { return {}; }
   bool hasAttribute(Token) const override { return false; }
@@ -205,6 +205,7 @@ TEST_F(HostTest, WhatCameInUncheckedIsPassedOver) {
   document->visitElements();
   std::ostringstream out;
   document->printCommands(out, false);
+  EXPECT_EQ(codeOf([&] { document->writeXml(out); }), DomException::InvalidState);
 }
 
 /// A group of a host that overrides what there is to override.
@@ -291,11 +292,12 @@ TEST_F(HostTest, TheHooksOfAHostsClassAreCalled) {
 
 /// A document whose elements are a host's where it has a class for them.
 class HostDocument : public PlotDocument {
- public:
-  PlotElement* createElement(Token name) override {
+ protected:
+  ~HostDocument() override = default;
+  Ref<Arbor::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new HostGroup(this);
     if (name == Word::Title) return new Impostor<Title>(this);
-    return PlotDocument::createElement(name);
+    return PlotDocument::newElement(name);
   }
 };
 

@@ -20,7 +20,8 @@ class PlotDocumentTest : public PlotTest {};
 TEST_F(PlotDocumentTest, ANewDocumentIsEmpty) {
   EXPECT_EQ(document->documentElement(), nullptr);
   EXPECT_EQ(document->firstChild(), nullptr);
-  EXPECT_EQ(xmlOf(*document), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n\n");
+  EXPECT_EQ(codeOf([&] { xmlOf(*document); }), DomException::InvalidState);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: no canvas to be written\n");
 }
 
 TEST_F(PlotDocumentTest, TheRootIsTheDocumentElement) {

@@ -45,9 +45,16 @@ TEST(RangeExceptionTest, EveryCodeHasItsName) {
   EXPECT_EQ(RangeException(2).code(), 2);
 }
 
-TEST(DomExceptionTest, WhatIsTheStandardOne) {
-  EXPECT_STREQ(DomException(3).what(), std::exception().what());
-  EXPECT_STREQ(RangeException(1).what(), std::exception().what());
+TEST(DomExceptionTest, WhatIsTheNameAndWhatWasRefused) {
+  EXPECT_STREQ(DomException(3).what(), "HIERARCHY_REQUEST_ERR");
+  EXPECT_FALSE(DomException(3).saysWhatWasRefused());
+  EXPECT_STREQ(RangeException(1).what(), "BAD_BOUNDARYPOINTS_ERR");
+
+  const DomException withWords(12, "element 'Canvas'");
+  EXPECT_STREQ(withWords.what(), "SYNTAX_ERR: element 'Canvas'");
+  EXPECT_STREQ(withWords.name(), "SYNTAX_ERR");
+  EXPECT_EQ(withWords.code(), 12);
+  EXPECT_TRUE(withWords.saysWhatWasRefused());
 }
 
 }  // namespace

@@ -19,13 +19,14 @@ class Host : public ElementOf<Host<Model>, Model> {
 
 /// A document with some elements of the host.
 class HostDocument : public PlotDocument {
- public:
-  PlotElement* createElement(Token name) override {
+ protected:
+  ~HostDocument() override = default;
+  Ubase::Ref<Arbor::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new Host<Group2d>(this);
     if (name == Word::Obj2d) return new Host<Obj2d>(this);
     if (name == Word::Img2d) return new Host<Img2d>(this);
     if (name == Word::Pt2d) return new Host<Pt2d>(this);
-    return PlotDocument::createElement(name);
+    return PlotDocument::newElement(name);
   }
 };
 
@@ -34,7 +35,7 @@ class FalseGroup : public PlotElement {
  public:
   using PlotElement::PlotElement;
   Token tagName() const override { return Word::Group2d; }
-  Arbor::Node* cloneNode(bool) const override { return new FalseGroup(*this); }
+  Ubase::Ref<Arbor::Node> cloneNode(bool) const override { return new FalseGroup(*this); }
 };
 
 constexpr std::string_view source =
