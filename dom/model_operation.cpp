@@ -68,12 +68,14 @@ ReplaceChildrenOperation::ReplaceChildrenOperation(Node* node, Node* first, unsi
       coming_(newChildren.first(), newChildren.count()) {}
 
 void ReplaceChildrenOperation::execute() {
-  Places origins = gatherWhatComes();
+  Places origins;
   NodeRun going;
   Ref<Node> behind;
   try {
+    gatherWhatComes(origins);
     document().notify(BeforeReplaceChildrenEvent(node(), first_.get(), coming_.first(), count_));
-    gatherWhatComes();  // an observer may have changed the tree
+    Places ignored;
+    gatherWhatComes(ignored);  // an observer may have changed the tree
     going = NodeRun(first_.get(), count_);
     behind = nodeBehindRun();
     node()->doReplaceChildren(first_.get(), count_, coming_.first());
@@ -81,16 +83,16 @@ void ReplaceChildrenOperation::execute() {
     putBack(coming_, origins);
     throw;
   }
-  putBack(going, placesOfRun_);
 
   const NodeRun arrived = std::exchange(coming_, std::move(going));
   first_ = arrived.first() ? arrived.first() : std::move(behind);
   count_ = arrived.size();
-  placesOfRun_ = std::move(origins);
+  const Places home = std::exchange(placesOfRun_, std::move(origins));
   for (Place& place : placesOfRun_) {
     if (place.parent == &document()) place.parent = nullptr;  // its record must not hold it
   }
   document().afterChange([&] {
+    putBack(coming_, home);
     for (unsigned i = 0; i < arrived.size(); ++i) arrived[i].attachedToDocument();
     document().notify(AfterReplaceChildrenEvent(node()));
   });
@@ -102,11 +104,11 @@ Node* ReplaceChildrenOperation::nodeBehindRun() const {
   return behind;
 }
 
-/// Makes a row of what comes in, wherever it is, and returns where it was. Deferred operations,
+/// Makes a row of what comes in, wherever it is, and notes where that was. Deferred operations,
 /// observers and changes outside of the document are not recorded: they may have put elsewhere what
 /// shall go, or even put the node itself below what shall come. What can be done still is done.
-ReplaceChildrenOperation::Places ReplaceChildrenOperation::gatherWhatComes() {
-  Places places = gather(coming_);
+void ReplaceChildrenOperation::gatherWhatComes(Places& places) {
+  gather(coming_, places);
   bool isCycle = false;
   for (unsigned i = 0; i < coming_.size(); ++i) isCycle |= isOrHolds(coming_[i], *node());
   if (isCycle) coming_ = NodeRun();
@@ -114,11 +116,9 @@ ReplaceChildrenOperation::Places ReplaceChildrenOperation::gatherWhatComes() {
     first_ = nullptr;
     count_ = 0;
   }
-  return places;
 }
 
-ReplaceChildrenOperation::Places ReplaceChildrenOperation::gather(const NodeRun& nodes) {
-  Places places;
+void ReplaceChildrenOperation::gather(const NodeRun& nodes, Places& places) {
   for (unsigned i = 0; i < nodes.size(); ++i) {
     InnerNode* parent = nodes[i].parent();
     if (!parent) continue;
@@ -128,7 +128,6 @@ ReplaceChildrenOperation::Places ReplaceChildrenOperation::gather(const NodeRun&
     replaceUnrecorded(*parent, &nodes[i], 1, nullptr);
   }
   nodes.join();
-  return places;
 }
 
 /// Puts nodes back that were gathered, the last one first, as far as they and their places are

@@ -66,10 +66,10 @@ class ReplaceChildrenOperation final : public ModelOperation {
   };
   using Places = std::vector<Place>;  // empty if none of the nodes was in a tree
 
-  static Places gather(const NodeRun& nodes);
+  static void gather(const NodeRun& nodes, Places& places);
   static void putBack(const NodeRun& nodes, const Places& places);
   static void replaceUnrecorded(Node& parent, Node* first, unsigned count, Node* newChild);
-  Places gatherWhatComes();
+  void gatherWhatComes(Places& places);
   Node* nodeBehindRun() const;
 
   Ref<Node> first_;

@@ -143,12 +143,48 @@ class RandomChanges {
 
   void insertSomething() {
     PlotElement& parent = someElement();
-    if (below(4) == 0) {  // a move
-      PlotElement& child = someElement();
-      if (mayMove(child)) parent.insertBefore(&child, parent.childAt(below(4)));
+    if (below(4) == 0) {
+      moveSomething(parent);
     } else if (const Ubase::Ref<Arbor::Node> child = freshChildOf(parent)) {
       parent.insertBefore(child.get(), parent.childAt(below(4)));
     }
+  }
+
+  /// Moves an element, alone, with another one or in a new element.
+  void moveSomething(PlotElement& parent) {
+    PlotElement& child = someElement();
+    if (!mayMove(child) || &child == document_.documentElement()) return;
+    Arbor::Node* place = parent.childAt(below(4));
+    const unsigned way = below(4);
+    if (way > 1) {
+      parent.insertBefore(&child, place);
+    } else if (way == 1) {
+      moveInFragment(parent, child);
+    } else {
+      moveWrapped(parent, child);
+    }
+  }
+
+  /// Whether `parent` would take the element, and does not leave the document with it.
+  static bool fits(const Arbor::Node& parent, PlotElement& child) {
+    return !Arbor::isOrHolds(child, parent) &&
+           parent.canReplaceChildren(nullptr, 0, Arbor::NewChildren::only(child));
+  }
+
+  void moveInFragment(PlotElement& parent, PlotElement& child) {
+    PlotElement& other = someElement();
+    if (!mayMove(other) || !fits(parent, child) || !fits(parent, other)) return;
+    const Ubase::Ref<Arbor::DocumentFragment> fragment = document_.createDocumentFragment();
+    fragment->appendChild(&child);
+    fragment->appendChild(&other);
+    parent.appendChild(fragment.get());
+  }
+
+  void moveWrapped(PlotElement& parent, PlotElement& child) {
+    const Ubase::Ref<Arbor::Node> wrapper = freshChildOf(parent);
+    if (!wrapper || Arbor::isOrHolds(child, parent) || !fits(*wrapper, child)) return;
+    wrapper->appendChild(&child);
+    parent.appendChild(wrapper.get());
   }
 
   /// Whether so little is below the node that the drawing can be without it.

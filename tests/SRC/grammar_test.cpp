@@ -5,6 +5,7 @@
 
 #include "SRC/content_element.h"
 #include "catalogue.h"
+#include "dom/range.h"
 #include "dom/text.h"
 #include "plot_test.h"
 
@@ -341,6 +342,50 @@ TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
   EXPECT_EQ(answerOf(*canvas, wrong->firstChild()),
             "PlotDom error: not a valid content child 'Obj2d' [parent 'Canvas']\n")
       << "the rule for options is asked first";
+}
+
+TEST_F(GrammarTest, AMoveIsJudgedByWhatWouldBeThereAfterIt) {
+  PlotElement* canvas = add(*document, Word::Canvas);
+  PlotElement* scene = add(*canvas, Word::Scene2d);
+  PlotElement* system = add(*scene, Word::CoordinateSystem2d);
+  PlotElement* view = add(*scene, Word::View2d);
+  PlotElement* other = add(*canvas, Word::Scene2d);
+  PlotElement* otherView = add(*other, Word::View2d);
+  document->clearUndo();
+
+  const Ref<Arbor::Range> range = document->createRange(true);
+  range->selectNode(otherView);
+  EXPECT_EQ(codeOf([&] { scene->appendChild(otherView); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(),
+            "PlotDom error: option child 'View2d' defined twice [parent 'Scene2d']\n");
+  EXPECT_EQ(codeOf([&] { view->appendChild(otherView); }), DomException::HierarchyRequest);
+  EXPECT_FALSE(document->canUndo());
+  EXPECT_EQ(document->selectedElement(), otherView);
+
+  scene->insertBefore(view, system);
+  EXPECT_EQ(scene->firstChild(), view) << "it is not there twice";
+  scene->replaceChild(otherView, view);
+  EXPECT_EQ(scene->firstChildByName(Word::View2d), otherView);
+  EXPECT_EQ(takeComplaints(), "");
+  document->undo();
+  EXPECT_EQ(scene->firstChildByName(Word::View2d), view);
+  EXPECT_EQ(other->firstChildByName(Word::View2d), otherView);
+}
+
+TEST_F(GrammarTest, ExpressionsChangePlacesAsLongAsTheirNumberIsRight) {
+  const Ref<PlotElement> point = make(Word::Point2d);
+  Arbor::Node* first = point->firstChild();
+  EXPECT_EQ(codeOf([&] { point->appendChild(first); }), DomException::HierarchyRequest)
+      << "two are the least, and a move takes one out";
+  while (point->length() < 6) add(*point, Word::IExpr);
+  point->appendChild(first);
+  EXPECT_EQ(point->lastChild(), first) << "six are the most, and it is one of them";
+  const Ref<PlotElement> full = make(Word::Point2d);
+  while (full->length() < 6) add(*full, Word::IExpr);
+  EXPECT_EQ(codeOf([&] { full->appendChild(first); }), DomException::HierarchyRequest);
+  full->replaceChild(first, full->firstChild());
+  EXPECT_EQ(point->length(), 5U);
+  EXPECT_EQ(full->length(), 6U);
 }
 
 TEST_F(GrammarTest, ATickMarkHasItsPlaceFromTheStart) {

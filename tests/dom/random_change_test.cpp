@@ -211,14 +211,19 @@ class RandomMischiefTest : public RandomChangeTest {
 
 TEST_P(RandomMischiefTest, TheTreeStaysWhole) {
   load("<r x=\"1\"><a>first text</a><b><c></c>second text</b><d></d></r>");
-  int deferred = 0;
+  int meddling = 0;
   CallObserver meddler([&](const DomEvent&) {
-    if (deferred > 0 || below(10) != 0) return;
-    ++deferred;
-    document->executeDeferred(callOperation([&] {
+    if (meddling > 0 || below(10) != 0) return;
+    ++meddling;
+    const auto meddle = [&] {
       doMischief();
-      --deferred;
-    }));
+      --meddling;
+    };
+    if (below(4) == 0) {
+      meddle();
+    } else {
+      document->executeDeferred(callOperation(meddle));
+    }
   });
   document->addObserver(&meddler);
   for (int i = 0; i < 1000; ++i) {

@@ -166,6 +166,15 @@ TEST_F(UndoOfMovesTest, ATreeThatWasTakenOutAfterWhatWasPutIntoIt) {
   EXPECT_EQ(toXml(*t), "<t><p></p><x></x></t>");
 }
 
+TEST_F(UndoOfMovesTest, WhatIsChangedOutsideOfTheDocumentStaysChanged) {
+  TestElement* root = load("<r><a></a></r>");
+  const Ref<Node> a = root->removeChild(node("a"));
+  a->asElement()->setAttribute(token("x"), LongVariant(1));
+  a->appendChild(document->element("b").get());
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a x=\"1\"><b></b></a></r>");
+}
+
 TEST_F(UndoOfMovesTest, TheDocumentIsNoPlaceToGoBackTo) {
   TestElement* root = load("<r></r>");
   const Ref<TestElement> second = document->element("s");

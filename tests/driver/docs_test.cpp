@@ -93,7 +93,36 @@ std::set<std::string> anchorsOf(const fs::path& page) {
   return anchors;
 }
 
+/// The names of all tests, as "Suite.Test".
+std::set<std::string> testNames() {
+  static const std::regex definition(R"(^TEST(_F|_P)?\((\w+), (\w+)\))");
+  std::set<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(source / "tests")) {
+    if (entry.path().extension() != ".cpp") continue;
+    for (const std::string& line : linesOf(entry.path())) {
+      std::smatch match;
+      if (std::regex_search(line, match, definition))
+        names.insert(match.str(2) + '.' + match.str(3));
+    }
+  }
+  return names;
+}
+
 }  // namespace
+
+TEST(Documentation, NamesTestsThatExist) {
+  static const std::regex named(R"(`(\w+Test\w*\.\w+)`)");
+  const std::set<std::string> tests = testNames();
+  unsigned found = 0;
+  for (const std::string& line : linesOf(source / "docs/model.md")) {
+    if (!line.starts_with("| ")) continue;
+    for (std::sregex_iterator name(line.begin(), line.end(), named), end; name != end; ++name) {
+      EXPECT_TRUE(tests.contains(name->str(1))) << name->str(1);
+      ++found;
+    }
+  }
+  EXPECT_GT(found, 30U);
+}
 
 TEST(Documentation, ShowsTheCodeOfTheExample) {
   std::set<std::string> example;
