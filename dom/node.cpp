@@ -84,8 +84,7 @@ void Node::checkReplaceChildren(Node* first, unsigned count, NewChildren newChil
       throw DomException(DomException::HierarchyRequest);
     }
   }
-  if (!areKnown(ownerDocument(), newChildren) ||
-      !canReplaceChildren(first, count, newChildren)) {
+  if (!areKnown(ownerDocument(), newChildren) || !canReplaceChildren(first, count, newChildren)) {
     throw DomException(DomException::HierarchyRequest);
   }
 }

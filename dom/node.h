@@ -112,8 +112,8 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   /// siblings behind it. A null `first` stands for the end of the list; with count 0 nothing is
   /// taken out. Throws DomException NotFound (`first` is no child of this node), WrongDocument,
   /// NoModificationAllowed or HierarchyRequest (refused by canReplaceChildren(); or a new child is
-  /// a document, a fragment or a range, is in a tree already, holds this node, or is of a class that
-  /// the document does not know).
+  /// a document, a fragment or a range, is in a tree already, holds this node, or is of a class
+  /// that the document does not know).
   void replaceChildren(Node* first, unsigned count, Node* newChildren);
 
   /// The following put a node in, after taking it out of the place that it had before; a fragment

@@ -99,7 +99,7 @@ std::set<std::string> testNames() {
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(source / "tests")) {
     if (entry.path().extension() != ".cpp") continue;
-    for (const std::string& line : linesOf(entry.path())) {
+    for (const std::string& line : linesOf(contentOf(entry.path()))) {
       std::smatch match;
       if (std::regex_search(line, match, definition))
         names.insert(match.str(2) + '.' + match.str(3));
@@ -114,7 +114,7 @@ TEST(Documentation, NamesTestsThatExist) {
   static const std::regex named(R"(`(\w+Test\w*\.\w+)`)");
   const std::set<std::string> tests = testNames();
   unsigned found = 0;
-  for (const std::string& line : linesOf(source / "docs/model.md")) {
+  for (const std::string& line : linesOf(contentOf(source / "docs/model.md"))) {
     if (!line.starts_with("| ")) continue;
     for (std::sregex_iterator name(line.begin(), line.end(), named), end; name != end; ++name) {
       EXPECT_TRUE(tests.contains(name->str(1))) << name->str(1);
