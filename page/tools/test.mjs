@@ -1,0 +1,31 @@
+// Compiles the tests of one folder (unit, browser) and runs them under node's own runner.
+// Further arguments are passed on to it: node tools/test.mjs unit --test-name-pattern=ticks
+import { spawnSync } from 'node:child_process';
+import { readdirSync, rmSync } from 'node:fs';
+import { build } from 'esbuild';
+
+const [folder, ...options] = process.argv.slice(2);
+const outdir = `build/${folder}`;
+rmSync(outdir, { recursive: true, force: true });
+const entryPoints = readdirSync(`tests/${folder}`)
+  .filter((name) => name.endsWith('.test.ts'))
+  .map((name) => `tests/${folder}/${name}`);
+await build({
+  entryPoints,
+  outdir,
+  bundle: true,
+  platform: 'node',
+  format: 'esm',
+  packages: 'external',
+  sourcemap: 'inline',
+  outExtension: { '.js': '.mjs' },
+  logLevel: 'warning',
+});
+const files = readdirSync(outdir).map((name) => `${outdir}/${name}`);
+const concurrency = folder === 'browser' ? ['--test-concurrency=1'] : [];
+const run = spawnSync(
+  process.execPath,
+  ['--enable-source-maps', '--test', ...concurrency, ...options, ...files],
+  { stdio: 'inherit' },
+);
+process.exit(run.status ?? 1);
