@@ -1,6 +1,6 @@
 /** Typed arrays that grow as values come in, since the counts that a file declares are only hints. */
 
-type Numbers = Float64Array | Int32Array | Uint8Array;
+type Numbers = Float64Array | Float32Array | Int32Array | Uint32Array | Uint8Array;
 
 class Growing<T extends Numbers> {
   private array: T;
@@ -21,11 +21,6 @@ class Growing<T extends Numbers> {
 
   set(index: number, value: number): void {
     this.array[index] = value;
-  }
-
-  /** Forgets all values from `length` on. */
-  truncate(length: number): void {
-    this.length = Math.min(this.length, length);
   }
 
   /** The values so far, in an array of exactly their number. */
@@ -55,5 +50,17 @@ export class GrowingInt32 extends Growing<Int32Array> {
 export class GrowingUint8 extends Growing<Uint8Array> {
   constructor() {
     super((n) => new Uint8Array(n));
+  }
+}
+
+export class GrowingFloat32 extends Growing<Float32Array> {
+  constructor() {
+    super((n) => new Float32Array(n));
+  }
+}
+
+export class GrowingUint32 extends Growing<Uint32Array> {
+  constructor() {
+    super((n) => new Uint32Array(n));
   }
 }

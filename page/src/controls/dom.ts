@@ -1,0 +1,118 @@
+/** Small helpers for elements of the page. Text from files only ever becomes text nodes. */
+
+type Child = Node | string | undefined;
+
+interface Properties {
+  class?: string;
+  text?: string;
+  attributes?: Record<string, string>;
+  on?: Record<string, (event: Event) => void>;
+}
+
+export function element<K extends keyof HTMLElementTagNameMap>(
+  tag: K,
+  properties: Properties = {},
+  ...children: Child[]
+): HTMLElementTagNameMap[K] {
+  const made = document.createElement(tag);
+  if (properties.class) made.className = properties.class;
+  if (properties.text !== undefined) made.textContent = properties.text;
+  for (const [name, value] of Object.entries(properties.attributes ?? {}))
+    made.setAttribute(name, value);
+  for (const [name, listener] of Object.entries(properties.on ?? {}))
+    made.addEventListener(name, listener);
+  made.append(...children.filter((child) => child !== undefined));
+  return made;
+}
+
+const SVG = 'http://www.w3.org/2000/svg';
+
+/** A drawing of strokes in a square of 24 units. */
+export function icon(path: string): SVGSVGElement {
+  const svg = document.createElementNS(SVG, 'svg');
+  svg.setAttribute('viewBox', '0 0 24 24');
+  svg.setAttribute('aria-hidden', 'true');
+  svg.setAttribute('focusable', 'false');
+  const line = document.createElementNS(SVG, 'path');
+  line.setAttribute('d', path);
+  svg.append(line);
+  return svg;
+}
+
+export const ICONS = {
+  reset: 'M4 11 12 4l8 7M6 10v10h12V10',
+  view: 'M12 3l8 4.5v9L12 21l-8-4.5v-9zM12 12l8-4.5M12 12v9M12 12 4 7.5',
+  show: 'M2 12s4-7 10-7 10 7 10 7-4 7-10 7S2 12 2 12zM12 9a3 3 0 1 0 0 6 3 3 0 0 0 0-6z',
+  objects: 'M8 6h13M8 12h13M8 18h13M3 6h1M3 12h1M3 18h1',
+  save: 'M12 3v12M7 11l5 5 5-5M4 20h16',
+  full: 'M4 9V4h5M20 9V4h-5M4 15v5h5M20 15v5h-5',
+  play: 'M7 4l13 8-13 8z',
+  pause: 'M8 4v16M16 4v16',
+  back: 'M18 5 8 12l10 7zM6 5v14',
+  forth: 'M6 5l10 7-10 7zM18 5v14',
+} as const;
+
+/** A button that is known by its name, with an icon or a text. */
+export function button(
+  name: string,
+  path: string | undefined,
+  action: () => void,
+): HTMLButtonElement {
+  const made = element('button', {
+    attributes: { type: 'button' },
+    on: { click: () => action() },
+  });
+  if (path === undefined) made.textContent = name;
+  else {
+    made.setAttribute('aria-label', name);
+    made.title = name;
+    made.append(icon(path));
+  }
+  return made;
+}
+
+/** A switch with a name beside it. */
+export function checkbox(
+  name: string,
+  checked: boolean,
+  change: (checked: boolean) => void,
+): HTMLLabelElement {
+  const input = element('input', { attributes: { type: 'checkbox' } });
+  input.checked = checked;
+  input.addEventListener('change', () => change(input.checked));
+  return element('label', { class: 'check' }, input, element('span', { text: name }));
+}
+
+let nextId = 0;
+
+/** A button that opens and closes a box of further controls. */
+export function menu(name: string, path: string, ...contents: Child[]): HTMLElement {
+  const id = `menu-${nextId++}`;
+  const box = element(
+    'div',
+    { class: 'menu', attributes: { id, role: 'group', 'aria-label': name } },
+    ...contents,
+  );
+  box.hidden = true;
+  const opener = button(name, path, () => setOpen(box.hidden === true));
+  opener.setAttribute('aria-expanded', 'false');
+  opener.setAttribute('aria-controls', id);
+  const whole = element('div', { class: 'opener' }, opener, box);
+  const setOpen = (open: boolean): void => {
+    box.hidden = !open;
+    opener.setAttribute('aria-expanded', String(open));
+  };
+  whole.addEventListener('keydown', (event) => {
+    if (event.key !== 'Escape' || box.hidden) return;
+    setOpen(false);
+    opener.focus();
+    event.stopPropagation();
+  });
+  document.addEventListener('pointerdown', (event) => {
+    if (!whole.contains(event.target as Node)) setOpen(false);
+  });
+  whole.addEventListener('focusout', (event) => {
+    if (event.relatedTarget && !whole.contains(event.relatedTarget as Node)) setOpen(false);
+  });
+  return whole;
+}

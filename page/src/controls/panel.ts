@@ -1,0 +1,316 @@
+/** One plot of the page: its drawing, its texts and its buttons. */
+import { Vector3 } from 'three';
+import type { PanelText, TextLine } from '../data/contract';
+import type { Source } from '../data/source';
+import { cssFont } from '../scene/atlas';
+import type { Engine } from '../scene/engine';
+import { Plot, type Content, type Hit, type Surroundings } from '../scene/plot';
+import { describe } from './describe';
+import { ICONS, button, checkbox, element, menu } from './dom';
+import { Gestures, lookAlong } from './gestures';
+import { makeLegend } from './legend';
+import { makeObjectList } from './objects';
+import { makeSaveMenu, type Savable } from './save';
+
+/** So long after the last movement everything is drawn finely, in milliseconds. */
+const REST = 180;
+const TYPICAL_FIELD = 0.3;
+
+export function textLine(line: TextLine | undefined, name: string): HTMLElement | undefined {
+  if (!line || line.text.trim() === '') return undefined;
+  const made = element('p', { class: `line ${name}`, text: line.text });
+  made.style.font = cssFont({ ...line, color: [0, 0, 0] }, 1);
+  made.style.textAlign = line.align;
+  if (line.color !== undefined) made.style.color = line.color;
+  return made;
+}
+
+export interface PanelSources {
+  model: Source;
+  display: Source | undefined;
+}
+
+export class Panel {
+  readonly element: HTMLElement;
+  readonly plot: Plot;
+  private readonly canvas = element('canvas', { attributes: { 'aria-hidden': 'true' } });
+  private readonly stage: HTMLElement;
+  private readonly tip = element('div', { class: 'tip' });
+  private readonly pinned = element('div', { class: 'tip pinned', attributes: { role: 'status' } });
+  private readonly description = element('p', { class: 'unseen' });
+  private pin: Hit | undefined;
+  private requested = false;
+  private rest: ReturnType<typeof setTimeout> | undefined;
+  private moving = false;
+  private readonly observer: ResizeObserver;
+
+  constructor(
+    private readonly engine: Engine,
+    readonly text: PanelText,
+    content: Content,
+    readonly sources: PanelSources,
+    surroundings: Surroundings,
+    private readonly transparent: () => boolean,
+  ) {
+    this.plot = new Plot(engine, text, content, surroundings);
+    this.tip.hidden = true;
+    this.pinned.hidden = true;
+    this.description.id = `description-${text.name || 'plot'}-${Math.random().toString(36).slice(2, 8)}`;
+    this.stage = element(
+      'div',
+      {
+        class: 'stage',
+        attributes: {
+          tabindex: '0',
+          role: 'application',
+          'aria-roledescription': 'plot',
+          'aria-label': text.header?.text || text.name || 'Plot',
+          'aria-describedby': this.description.id,
+        },
+      },
+      this.canvas,
+      this.tip,
+      this.pinned,
+    );
+    const legend = makeLegend(text.legend, this.plot.objects);
+    const above = text.legend.placement === 'top';
+    this.element = element(
+      'section',
+      { class: 'panel', attributes: { 'aria-label': text.name || text.header?.text || 'Plot' } },
+      textLine(text.header, 'header'),
+      above ? legend : undefined,
+      element('div', { class: 'frame' }, this.stage, this.makeTools()),
+      above ? undefined : legend,
+      textLine(text.footer, 'footer'),
+      this.description,
+    );
+    new Gestures(this.stage, this.plot.view, {
+      moved: (moving) => this.moved(moving),
+      hover: (x, y) => this.hover(x, y),
+      leave: () => (this.tip.hidden = true),
+      click: (x, y) => this.click(x, y),
+      doubleClick: (x, y) => this.center(x, y),
+      reset: () => this.reset(),
+    });
+    this.stage.addEventListener('keydown', (event) => {
+      if (event.key === 'Escape') this.unpin();
+    });
+    this.observer = new ResizeObserver(() => this.resize());
+    this.observer.observe(this.stage);
+    this.describe();
+  }
+
+  setContent(content: Content): void {
+    this.plot.setContent(content);
+    this.unpin();
+    this.describe();
+    this.request();
+  }
+
+  setSurroundings(surroundings: Surroundings): void {
+    this.plot.setSurroundings(surroundings);
+    this.request();
+  }
+
+  /** Asks for a new picture before the next frame of the screen. */
+  request(): void {
+    if (this.requested) return;
+    this.requested = true;
+    requestAnimationFrame(() => {
+      this.requested = false;
+      this.draw();
+    });
+  }
+
+  draw(): void {
+    const { clientWidth: width, clientHeight: height } = this.stage;
+    if (width === 0 || height === 0 || this.engine.lost) return;
+    const density = Math.min(
+      window.devicePixelRatio || 1,
+      this.engine.largest / Math.max(width, height),
+    );
+    const picture = this.plot.draw(density, this.moving, this.transparent());
+    if (this.canvas.width !== picture.width || this.canvas.height !== picture.height) {
+      this.canvas.width = picture.width;
+      this.canvas.height = picture.height;
+    }
+    const context = this.canvas.getContext('2d')!;
+    context.clearRect(0, 0, picture.width, picture.height);
+    context.drawImage(picture, 0, 0);
+    this.placePin();
+  }
+
+  /** A picture of the drawing in a multiple of its size. */
+  picture(factor: number, transparent: boolean): HTMLCanvasElement {
+    const { width, height } = this.plot.view.size;
+    const copy = element('canvas');
+    copy.width = Math.round(width * factor);
+    copy.height = Math.round(height * factor);
+    const density = Math.min(factor, this.engine.largest / Math.max(width, height));
+    const drawn = this.plot.draw(density, false, transparent);
+    copy.getContext('2d')!.drawImage(drawn, 0, 0, copy.width, copy.height);
+    this.request();
+    return copy;
+  }
+
+  dispose(): void {
+    this.observer.disconnect();
+    this.plot.dispose();
+    this.element.remove();
+  }
+
+  private get savable(): Savable {
+    return {
+      plot: this.plot,
+      name: this.text.name,
+      sources: this.sources,
+      picture: (f) => this.picture(f, this.transparent()),
+    };
+  }
+
+  private makeTools(): HTMLElement {
+    const { plot } = this;
+    const { view } = plot;
+    const look = (axis: 'x' | 'y' | 'z', sign: 1 | -1) => (): void => {
+      lookAlong(view, axis, sign);
+      this.moved(false);
+    };
+    const views = element(
+      'div',
+      { class: 'grid' },
+      ...(['x', 'y', 'z'] as const).flatMap((axis) => [
+        button(`From +${axis}`, undefined, look(axis, 1)),
+        button(`From \u2212${axis}`, undefined, look(axis, -1)),
+      ]),
+    );
+    const parallel = checkbox('Parallel', view.state.field === 0, (on) => {
+      view.state.field = on ? 0 : TYPICAL_FIELD;
+      this.moved(false);
+    });
+    const toggle = (name: string, key: 'axes' | 'box' | 'labels'): HTMLElement =>
+      checkbox(name, plot.shown[key], (on) => {
+        plot.shown[key] = on;
+        this.request();
+      });
+    return element(
+      'div',
+      { class: 'tools', attributes: { role: 'toolbar', 'aria-label': 'Plot' } },
+      button('Reset the view', ICONS.reset, () => this.reset()),
+      plot.flat ? undefined : menu('View', ICONS.view, views, parallel),
+      menu(
+        'Show',
+        ICONS.show,
+        toggle('Axes', 'axes'),
+        toggle('Box', 'box'),
+        toggle('Labels', 'labels'),
+      ),
+      menu(
+        'Objects',
+        ICONS.objects,
+        makeObjectList(plot, () => {
+          this.describe();
+          this.request();
+        }),
+      ),
+      menu('Save', ICONS.save, ...makeSaveMenu(() => this.savable)),
+      button('Full screen', ICONS.full, () => this.toggleFullScreen()),
+    );
+  }
+
+  private toggleFullScreen(): void {
+    if (document.fullscreenElement) void document.exitFullscreen();
+    else void this.element.requestFullscreen?.().catch(() => undefined);
+  }
+
+  private reset(): void {
+    this.plot.reset();
+    this.moved(false);
+  }
+
+  private moved(moving: boolean): void {
+    this.tip.hidden = true;
+    this.moving = moving;
+    clearTimeout(this.rest);
+    if (moving) this.rest = setTimeout(() => this.moved(false), REST);
+    this.request();
+  }
+
+  private resize(): void {
+    const { clientWidth: width, clientHeight: height } = this.stage;
+    if (width === 0 || height === 0) return;
+    this.plot.resize({ width, height });
+    this.draw();
+  }
+
+  private hover(x: number, y: number): void {
+    const hit = this.plot.pick(x, y);
+    this.tip.hidden = hit === undefined;
+    if (hit) this.fillTip(this.tip, hit, hit.at);
+  }
+
+  private click(x: number, y: number): void {
+    const hit = this.plot.pick(x, y);
+    if (!hit) {
+      this.unpin();
+      return;
+    }
+    this.pin = hit;
+    this.tip.hidden = true;
+    this.pinned.hidden = false;
+    this.placePin();
+  }
+
+  private unpin(): void {
+    this.pin = undefined;
+    this.pinned.hidden = true;
+  }
+
+  private placePin(): void {
+    if (!this.pin) return;
+    const [x, y] = this.plot.view.toPixels(...this.plot.placeOf(this.pin));
+    this.fillTip(this.pinned, this.pin, [x, y]);
+  }
+
+  private center(x: number, y: number): void {
+    const hit = this.plot.pick(x, y);
+    if (!hit) return;
+    this.plot.view.state.target.copy(new Vector3(...this.plot.placeOf(hit)));
+    this.moved(false);
+  }
+
+  private fillTip(tip: HTMLElement, hit: Hit, at: readonly [number, number]): void {
+    const names = this.plot.flat ? ['x', 'y'] : ['x', 'y', 'z'];
+    const rows = names.map((name, i) =>
+      element(
+        'div',
+        { class: 'value' },
+        element('span', { text: name }),
+        element('span', { text: String(hit.coordinates[i]) }),
+      ),
+    );
+    const object = this.plot.objects[hit.object];
+    tip.replaceChildren(
+      element('strong', { text: object?.name ?? '' }),
+      ...rows,
+      ...(tip === this.pinned ? [this.unpinButton()] : []),
+    );
+    const { width, height } = this.plot.view.size;
+    const box = tip.getBoundingClientRect();
+    const left = at[0] + 12 + box.width > width ? at[0] - 12 - box.width : at[0] + 12;
+    const top = height - at[1] - box.height - 8;
+    tip.style.transform = `translate(${Math.round(Math.max(0, left))}px, ${Math.round(Math.max(0, top))}px)`;
+  }
+
+  private unpinButton(): HTMLElement {
+    const made = button('Unpin', 'M6 6l12 12M18 6 6 18', () => {
+      this.unpin();
+      this.stage.focus();
+    });
+    made.classList.add('close');
+    return made;
+  }
+
+  private describe(): void {
+    this.description.textContent = describe(this.plot);
+  }
+}

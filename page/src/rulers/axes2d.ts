@@ -1,0 +1,235 @@
+/** Rulers of a scene of two dimensions: they keep their place while the ticks follow the view. */
+import type { Space } from '../scene/space';
+import type { View } from '../scene/view';
+import type { Axis, FrameLook, RulerLook } from './frame';
+import type { Place, RulerLayout } from './layout';
+import type { Rectangle } from './overlap';
+import { formatTick, makeTicks, type Ticks } from './ticks';
+
+const MAJOR_TICK = 6;
+const MINOR_TICK = 3;
+const LABEL_GAP = 3;
+const PER_LABEL = [75, 45] as const;
+
+/** Rulers lie before everything, lines of the grid behind. */
+const FRONT = 1.2;
+const BACK = 0;
+
+/** The room that numbers and titles need round the drawing, in pixels. */
+export type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
+
+export function margins(look: FrameLook, numberWidth: number): Margins {
+  const [x, y] = look.rulers;
+  if (!look.visible || look.type === 'center') return { left: 12, right: 12, top: 12, bottom: 12 };
+  const beside = (ruler: RulerLook, extent: number): number =>
+    !ruler.visible
+      ? 12
+      : MAJOR_TICK +
+        (ruler.numbers ? extent + LABEL_GAP * 2 : 0) +
+        (ruler.title === '' ? 4 : ruler.titleStyle.size * 1.25 + LABEL_GAP + 2);
+  return {
+    left: beside(y, numberWidth),
+    bottom: beside(x, look.numberStyle.size * 1.25),
+    right: 18,
+    top: 12,
+  };
+}
+
+/** The largest rectangle of the proportions of the box that leaves room for the margins. */
+export function plotRectangle(
+  width: number,
+  height: number,
+  space: Space,
+  room: Margins,
+): Rectangle {
+  const freeWidth = Math.max(width - room.left - room.right, 20);
+  const freeHeight = Math.max(height - room.top - room.bottom, 20);
+  const aspect = Math.min(Math.max(space.half[0] / space.half[1], 0.05), 20);
+  const w = Math.min(freeWidth, freeHeight * aspect);
+  const h = w / aspect;
+  return {
+    left: room.left + (freeWidth - w) / 2,
+    bottom: room.bottom + (freeHeight - h) / 2,
+    width: w,
+    height: h,
+  };
+}
+
+/** Where a pixel lies in the scene, as far as that is seen straight on. */
+export function fromPixels(view: View, x: number, y: number): [number, number] {
+  const { target } = view.state;
+  const unit = view.unitsPerPixel;
+  return [
+    target.x + (x - view.size.width / 2) * unit,
+    target.y + (y - view.size.height / 2) * unit,
+  ];
+}
+
+export class Rulers2d {
+  private readonly low: readonly [number, number];
+  private readonly high: readonly [number, number];
+
+  constructor(
+    private readonly layout: RulerLayout,
+    private readonly look: FrameLook,
+    private readonly space: Space,
+    private readonly rectangle: Rectangle,
+  ) {
+    const { left, bottom, width, height } = rectangle;
+    this.low = fromPixels(layout.view, left, bottom);
+    this.high = fromPixels(layout.view, left + width, bottom + height);
+  }
+
+  draw(): void {
+    const { look } = this;
+    if (look.box) this.drawFrame();
+    if (!look.visible) return;
+    const ticks = [this.ticksOf(0), this.ticksOf(1)] as const;
+    this.drawGrid(0, ticks[0]);
+    this.drawGrid(1, ticks[1]);
+    if (look.rulers[0].visible) this.drawRuler(0, ticks[0]);
+    if (look.rulers[1].visible) this.drawRuler(1, ticks[1]);
+  }
+
+  private place(axis: Axis, along: number, across: number, z: number): Place {
+    return axis === 0 ? [along, across, z] : [across, along, z];
+  }
+
+  private drawFrame(): void {
+    const { boxColor, boxWidth } = this.look;
+    for (const axis of [0, 1] as const) {
+      const other = axis === 0 ? 1 : 0;
+      for (const across of [this.low[other], this.high[other]]) {
+        this.layout.line(
+          this.place(axis, this.low[axis], across, FRONT),
+          this.place(axis, this.high[axis], across, FRONT),
+          boxColor,
+          boxWidth,
+        );
+      }
+    }
+  }
+
+  private ticksOf(axis: 0 | 1): Ticks {
+    const { space, look, rectangle } = this;
+    const pixels = axis === 0 ? rectangle.width : rectangle.height;
+    const ruler = look.rulers[axis];
+    const a = space.toFile(axis, this.low[axis]);
+    const b = space.toFile(axis, this.high[axis]);
+    const count = Math.max(2, pixels / PER_LABEL[axis]);
+    return makeTicks(a, b, count, ruler.majorUnit, ruler.minorUnit);
+  }
+
+  private drawGrid(axis: 0 | 1, ticks: Ticks): void {
+    const { look, layout, space } = this;
+    const ruler = look.rulers[axis];
+    const other = axis === 0 ? 1 : 0;
+    const lines = (values: readonly number[], grid: FrameLook['grid']): void => {
+      for (const value of values) {
+        const at = space.toScene(axis, value);
+        const from = this.place(other, this.low[other], at, BACK);
+        const to = this.place(other, this.high[other], at, BACK);
+        layout.line(from, to, grid.color, grid.width, grid.dash);
+      }
+    };
+    if (ruler.subgrid) lines(ticks.minor, look.subgrid);
+    if (ruler.grid) lines(ticks.major, look.grid);
+  }
+
+  /** Where a ruler lies across its axis: at the low side, or at the origin as far as that is seen. */
+  private across(axis: 0 | 1): number {
+    const other = axis === 0 ? 1 : 0;
+    if (this.look.type !== 'center') return this.low[other];
+    const origin = this.space.toScene(other, 0);
+    return Math.min(Math.max(origin, this.low[other]), this.high[other]);
+  }
+
+  private drawRuler(axis: 0 | 1, ticks: Ticks): void {
+    const { look, layout } = this;
+    const ruler = look.rulers[axis];
+    const across = this.across(axis);
+    const from = this.place(axis, this.low[axis], across, FRONT);
+    const to = this.place(axis, this.high[axis], across, FRONT);
+    if (look.type === 'center') layout.arrow(from, to, ruler.color, ruler.width);
+    else layout.line(from, to, ruler.color, ruler.width);
+    if (ruler.majorTicks) this.drawTicks(axis, ticks.major, MAJOR_TICK, ruler);
+    if (ruler.minorTicks) this.drawTicks(axis, ticks.minor, MINOR_TICK, ruler);
+    this.drawTitle(axis, ruler, ticks);
+    if (ruler.numbers) this.drawNumbers(axis, ticks);
+  }
+
+  private drawTicks(
+    axis: 0 | 1,
+    values: readonly number[],
+    length: number,
+    ruler: RulerLook,
+  ): void {
+    const { layout, space } = this;
+    const across = this.across(axis);
+    const centered = this.look.type === 'center';
+    for (const value of values) {
+      const at = this.place(axis, space.toScene(axis, value), across, FRONT);
+      const out = axis === 0 ? ([0, -length] as const) : ([-length, 0] as const);
+      const start = centered ? layout.beside(at, -out[0] * 0.6, -out[1] * 0.6) : at;
+      const part = centered ? 0.6 : 1;
+      layout.line(start, layout.beside(at, out[0] * part, out[1] * part), ruler.color, ruler.width);
+    }
+  }
+
+  private drawNumbers(axis: 0 | 1, ticks: Ticks): void {
+    const { layout, look, space } = this;
+    const across = this.across(axis);
+    const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
+    const crossing =
+      look.type === 'center' ? space.toFile(axis, this.across(axis === 0 ? 1 : 0)) : NaN;
+    for (const value of ticks.major) {
+      if (Math.abs(value - crossing) < ticks.step / 4) continue;
+      const at = this.place(axis, space.toScene(axis, value), across, FRONT);
+      const label = layout.makeLabel(
+        formatTick(value, ticks.step),
+        at,
+        outward,
+        MAJOR_TICK + LABEL_GAP,
+        look.numberStyle,
+      );
+      layout.addLabel(label);
+    }
+  }
+
+  private drawTitle(axis: 0 | 1, ruler: RulerLook, ticks: Ticks): void {
+    if (ruler.title === '') return;
+    const { layout, look } = this;
+    const across = this.across(axis);
+    if (look.type === 'center') {
+      const end = this.place(axis, this.high[axis], across, FRONT);
+      const label = layout.makeLabel(
+        ruler.title,
+        end,
+        axis === 0 ? [-1, 1] : [1, -1],
+        8,
+        ruler.titleStyle,
+      );
+      layout.addLabel(label);
+      return;
+    }
+    const along = this.low[axis] + (this.high[axis] - this.low[axis]) * ruler.titlePlace;
+    const at = this.place(axis, along, across, FRONT);
+    const extent = ruler.numbers ? this.numberExtent(axis, ticks) + LABEL_GAP : 0;
+    const gap = MAJOR_TICK + LABEL_GAP + extent;
+    const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
+    const label = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle, axis);
+    const anchor: [number, number] =
+      axis === 0 ? [ruler.titlePlace, label.anchor[1]] : [label.anchor[0], 1 - ruler.titlePlace];
+    layout.addLabel({ ...label, anchor });
+  }
+
+  private numberExtent(axis: 0 | 1, ticks: Ticks): number {
+    const { layout, look } = this;
+    const sizes = ticks.major.map((value) => {
+      const text = formatTick(value, ticks.step);
+      const label = layout.makeLabel(text, [0, 0, 0], [0, 0], 0, look.numberStyle);
+      return layout.rectangle(label);
+    });
+    return Math.max(0, ...sizes.map(({ width, height }) => (axis === 0 ? height : width)));
+  }
+}

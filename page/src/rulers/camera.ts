@@ -1,0 +1,63 @@
+/** The view that a display asks for. */
+import { Vector3 } from 'three';
+import type { Camera, Display } from '../javaview/model';
+import type { Space } from '../scene/space';
+import type { ViewState } from '../scene/view';
+
+/** The direction and opening of a view that shows any box well. */
+const DEFAULT_DIRECTION = new Vector3(-9.3, -14.6, 5.9);
+const DEFAULT_FIELD = 0.175;
+
+/** The direction upwards for a view along `toEye`: the z axis where that is seen. */
+export function upright(toEye: Vector3): Vector3 {
+  const z = new Vector3(0, 0, 1);
+  const up = z.clone().addScaledVector(toEye, -z.dot(toEye));
+  return up.length() > 1e-6 ? up.normalize() : new Vector3(0, 1, 0);
+}
+
+export function homeView(display: Display | undefined, space: Space): ViewState {
+  if (space.flat) return flatView();
+  const camera = display?.cameras[0];
+  const view = camera ? cameraView(camera, space) : undefined;
+  return view ?? defaultView(space);
+}
+
+function flatView(): ViewState {
+  return {
+    target: new Vector3(),
+    toEye: new Vector3(0, 0, 1),
+    up: new Vector3(0, 1, 0),
+    span: 2,
+    field: 0,
+  };
+}
+
+function defaultView(space: Space): ViewState {
+  const toEye = DEFAULT_DIRECTION.clone().normalize();
+  return {
+    target: new Vector3(),
+    toEye,
+    up: upright(toEye),
+    span: Math.max(2 * new Vector3(...space.half).length() * 1.05, 0.1),
+    field: DEFAULT_FIELD,
+  };
+}
+
+function cameraView(camera: Camera, space: Space): ViewState | undefined {
+  const target = new Vector3(...space.point(...camera.interest));
+  const offset = new Vector3(...camera.position);
+  // The position of a parallel camera is a direction with the height of the view as its length.
+  if (camera.fieldOfView > 0) offset.sub(new Vector3(...camera.interest));
+  offset.multiply(new Vector3(...space.scale));
+  const span = offset.length();
+  if (!(span > 1e-9) || !Number.isFinite(span)) return undefined;
+  const toEye = offset.normalize();
+  const up = upright(toEye).applyAxisAngle(toEye, (camera.roll * Math.PI) / 180);
+  return {
+    target,
+    toEye,
+    up,
+    span: Math.min(Math.max(span, 1e-3), 50),
+    field: Math.min(camera.fieldOfView, 4),
+  };
+}

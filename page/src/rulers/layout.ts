@@ -1,0 +1,100 @@
+/** What rulers are made of: lines and labels, both in places of the scene. */
+import { SceneBatches, withAlpha, type Label, type TextStyle } from '../scene/batches';
+import type { Rgb } from '../javaview/model';
+import type { View } from '../scene/view';
+import { FreePlaces, type Rectangle } from './overlap';
+
+export type Place = readonly [number, number, number];
+export type Measure = (label: Label) => readonly [number, number];
+
+/** The object that rulers belong to; it is always shown. */
+export const RULER_OBJECT = 0;
+
+/** Lines and labels of the rulers for one view, laid out so that no two labels overlap. */
+export class RulerLayout {
+  readonly batches = new SceneBatches();
+  readonly labels: Label[] = [];
+  readonly rectangles: Rectangle[] = [];
+  private readonly free = new FreePlaces(2);
+
+  constructor(
+    readonly view: View,
+    private readonly measure: Measure,
+  ) {}
+
+  line(a: Place, b: Place, color: Rgb, width: number, dash = 0): void {
+    const rgba = withAlpha(color, 1);
+    const style = { width, object: RULER_OBJECT, dash, tip: false };
+    this.batches.lines.add(a, b, rgba, rgba, style, 0);
+  }
+
+  arrow(a: Place, b: Place, color: Rgb, width: number): void {
+    const rgba = withAlpha(color, 1);
+    const style = { width, object: RULER_OBJECT, dash: 0, tip: true };
+    this.batches.lines.add(a, b, rgba, rgba, style, 0);
+  }
+
+  /** A place `right` and `up` pixels beside another on the screen. */
+  beside(at: Place, right: number, up: number): Place {
+    const { view } = this;
+    const unit = this.unitsPerPixel(at);
+    const r = view.right;
+    const u = view.state.up;
+    return [
+      at[0] + (r.x * right + u.x * up) * unit,
+      at[1] + (r.y * right + u.y * up) * unit,
+      at[2] + (r.z * right + u.z * up) * unit,
+    ];
+  }
+
+  /** The size of a pixel at a place of the scene. */
+  unitsPerPixel(at: Place): number {
+    const { view } = this;
+    if (view.state.field === 0) return view.unitsPerPixel;
+    const { eye } = view;
+    const { toEye, target } = view.state;
+    const distance =
+      (eye.x - at[0]) * toEye.x + (eye.y - at[1]) * toEye.y + (eye.z - at[2]) * toEye.z;
+    return (view.unitsPerPixel * distance) / eye.distanceTo(target);
+  }
+
+  makeLabel(
+    text: string,
+    at: Place,
+    direction: readonly [number, number],
+    gap: number,
+    style: TextStyle,
+    turns = 0,
+  ): Label {
+    return {
+      text,
+      at,
+      style,
+      anchor: [0.5 - direction[0] / 2, 0.5 + direction[1] / 2],
+      shift: [direction[0] * gap, direction[1] * gap],
+      object: RULER_OBJECT,
+      turns,
+    };
+  }
+
+  /** Where a label is on the screen. */
+  rectangle(label: Label): Rectangle {
+    const [width, height] = this.measure(label);
+    const [x, y] = this.view.toPixels(...label.at);
+    return {
+      left: x + label.shift[0] - label.anchor[0] * width,
+      bottom: y + label.shift[1] - (1 - label.anchor[1]) * height,
+      width,
+      height,
+    };
+  }
+
+  /** Adds a label unless another is in its way. */
+  addLabel(label: Label): boolean {
+    const rectangle = this.rectangle(label);
+    if (!this.free.take(rectangle)) return false;
+    this.labels.push(label);
+    this.rectangles.push(rectangle);
+    return true;
+  }
+}

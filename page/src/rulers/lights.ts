@@ -1,0 +1,87 @@
+/** The lights that a display asks for. */
+import type { Display, Light } from '../javaview/model';
+import type { SceneUniforms } from '../scene/materials';
+import { MOST_LIGHTS } from '../scene/shaders';
+import type { Space } from '../scene/space';
+
+/** The share of white light from all sides that materials throw back. */
+const AMBIENT_SHARE = 0.2;
+
+/** How strongly lights shine on shiny materials. */
+const GLOSS = 0.3;
+
+/** The light for files that come without a display: from above, from the left and the right. */
+const DEFAULT_LIGHTS: readonly Light[] = [
+  {
+    type: 'ambient',
+    position: [0, 0, 0],
+    interest: [0, 0, 0],
+    color: [255, 255, 255],
+    intensity: 0.2,
+  },
+  {
+    type: 'direction',
+    position: [-5, -6, 8],
+    interest: [0, 0, 0],
+    color: [255, 255, 255],
+    intensity: 0.65,
+  },
+  {
+    type: 'direction',
+    position: [6, -2, 3],
+    interest: [0, 0, 0],
+    color: [255, 255, 255],
+    intensity: 0.25,
+  },
+  {
+    type: 'direction',
+    position: [0, 8, -5],
+    interest: [0, 0, 0],
+    color: [255, 255, 255],
+    intensity: 0.25,
+  },
+];
+
+export function applyLights(
+  uniforms: SceneUniforms,
+  display: Display | undefined,
+  space: Space,
+): void {
+  const lights = display ? display.lights : DEFAULT_LIGHTS;
+  uniforms.lit.value = !space.flat && lights !== undefined && lights.length > 0;
+  uniforms.ambient.value.setScalar(AMBIENT_SHARE);
+  uniforms.gloss.value = GLOSS;
+  let count = 0;
+  for (const light of lights ?? []) {
+    const strength = Math.min(Math.max(light.intensity, 0), 4);
+    const [r, g, b] = light.color.map((channel) => (channel / 255) * strength) as [
+      number,
+      number,
+      number,
+    ];
+    if (light.type === 'ambient') {
+      uniforms.ambient.value.x += r;
+      uniforms.ambient.value.y += g;
+      uniforms.ambient.value.z += b;
+      continue;
+    }
+    if (count === MOST_LIGHTS) break;
+    placeLight(uniforms, count, light, display ? space : undefined);
+    uniforms.lightColors.value[count]!.set(r, g, b);
+    count++;
+  }
+  uniforms.lightCount.value = count;
+}
+
+function placeLight(
+  uniforms: SceneUniforms,
+  index: number,
+  light: Light,
+  space: Space | undefined,
+): void {
+  const at = space ? space.point(...light.position) : light.position;
+  const to = space ? space.point(...light.interest) : light.interest;
+  const target = uniforms.lightPositions.value[index]!;
+  if (light.type === 'direction') target.set(at[0] - to[0], at[1] - to[1], at[2] - to[2], 0);
+  else target.set(at[0], at[1], at[2], 1);
+}

@@ -1,0 +1,147 @@
+/** One picture of all texts of a scene, from which labels are drawn. */
+import { CanvasTexture, LinearFilter } from 'three';
+import type { Label, TextStyle } from './batches';
+
+/** A place in the picture, in its pixels, and the size of the text there. */
+export interface Glyphs {
+  x: number;
+  y: number;
+  width: number;
+  height: number;
+}
+
+const MARGIN = 2;
+const SAFE_FAMILIES = 'system-ui, "DejaVu Sans", Arial, sans-serif';
+const GENERIC = new Set(['serif', 'sans-serif', 'monospace', 'cursive', 'fantasy', 'system-ui']);
+
+/** A font as style sheets write it; names of families are quoted, whatever they hold. */
+export function cssFont(style: TextStyle, pixelRatio: number): string {
+  const weight = style.bold ? 'bold ' : '';
+  const slant = style.italic ? 'italic ' : '';
+  const size = Math.min(Math.max(style.size, 1), 200) * pixelRatio;
+  const name = style.family.replace(/["\\\n]/g, '').trim();
+  const family = name === '' ? '' : GENERIC.has(name) ? `${name}, ` : `"${name}", `;
+  return `${slant}${weight}${size}px ${family}${SAFE_FAMILIES}`;
+}
+
+export const cssColor = (color: readonly number[]): string =>
+  `rgb(${color.slice(0, 3).map(Math.round).join(' ')})`;
+
+const LONGEST_LABEL = 300;
+
+export class TextAtlas {
+  readonly texture: CanvasTexture;
+  private readonly canvas = document.createElement('canvas');
+  private readonly context: CanvasRenderingContext2D;
+  private readonly places = new Map<string, Glyphs>();
+  private x = 0;
+  private y = 0;
+  private rowHeight = 0;
+  private pixelRatio = 0;
+
+  constructor() {
+    this.canvas.width = 1024;
+    this.canvas.height = 256;
+    this.context = this.canvas.getContext('2d', { willReadFrequently: true })!;
+    this.texture = new CanvasTexture(this.canvas);
+    this.texture.flipY = false;
+    this.texture.premultiplyAlpha = true;
+    this.texture.generateMipmaps = false;
+    this.texture.minFilter = LinearFilter;
+    this.texture.magFilter = LinearFilter;
+  }
+
+  get size(): readonly [number, number] {
+    return [this.canvas.width, this.canvas.height];
+  }
+
+  /** The width and height of a label in pixels of the page. */
+  measure(label: Label): readonly [number, number] {
+    this.context.font = cssFont(label.style, 1);
+    const width = Math.ceil(this.context.measureText(shorten(label.text)).width);
+    const height = Math.ceil(label.style.size * 1.25);
+    return (label.turns ?? 0) % 2 === 0 ? [width, height] : [height, width];
+  }
+
+  /** Places for all labels, drawn anew only where a text is not there yet. */
+  place(labels: readonly Label[], pixelRatio: number): Glyphs[] {
+    if (pixelRatio !== this.pixelRatio) this.clear(pixelRatio);
+    const tried = this.tryPlace(labels);
+    if (tried) return tried;
+    this.clear(pixelRatio);
+    const again = this.tryPlace(labels);
+    if (again) return again;
+    return this.grow() ? this.place(labels, pixelRatio) : labels.map(() => NO_GLYPHS);
+  }
+
+  dispose(): void {
+    this.texture.dispose();
+  }
+
+  private clear(pixelRatio: number): void {
+    this.pixelRatio = pixelRatio;
+    this.places.clear();
+    this.context.clearRect(0, 0, this.canvas.width, this.canvas.height);
+    this.x = 0;
+    this.y = 0;
+    this.rowHeight = 0;
+  }
+
+  private grow(): boolean {
+    const next = Math.max(this.canvas.width, this.canvas.height) * 2;
+    if (next > 8192) return false;
+    this.canvas.width = next;
+    this.canvas.height = next;
+    this.texture.dispose();
+    this.clear(this.pixelRatio);
+    return true;
+  }
+
+  private tryPlace(labels: readonly Label[]): Glyphs[] | undefined {
+    const placed: Glyphs[] = [];
+    for (const label of labels) {
+      const key = `${cssFont(label.style, 1)}|${cssColor(label.style.color)}|${label.turns ?? 0}|${label.text}`;
+      const glyphs = this.places.get(key) ?? this.draw(label, key);
+      if (!glyphs) return undefined;
+      placed.push(glyphs);
+    }
+    return placed;
+  }
+
+  private draw(label: Label, key: string): Glyphs | undefined {
+    const { context, canvas, pixelRatio } = this;
+    const [cssWidth, cssHeight] = this.measure(label);
+    const width = Math.min(Math.ceil(cssWidth * pixelRatio), canvas.width - 2 * MARGIN);
+    const height = Math.ceil(cssHeight * pixelRatio);
+    if (this.x + width + 2 * MARGIN > canvas.width) {
+      this.x = 0;
+      this.y += this.rowHeight;
+      this.rowHeight = 0;
+    }
+    if (this.y + height + 2 * MARGIN > canvas.height) return undefined;
+    const glyphs = { x: this.x + MARGIN, y: this.y + MARGIN, width, height };
+    context.save();
+    context.translate(glyphs.x, glyphs.y);
+    if ((label.turns ?? 0) === 1) {
+      context.translate(0, height);
+      context.rotate(-Math.PI / 2);
+    }
+    context.font = cssFont(label.style, pixelRatio);
+    context.fillStyle = cssColor(label.style.color);
+    context.textBaseline = 'alphabetic';
+    context.fillText(shorten(label.text), 0, label.style.size * pixelRatio * 0.95);
+    context.restore();
+    this.x += width + 2 * MARGIN;
+    this.rowHeight = Math.max(this.rowHeight, height + 2 * MARGIN);
+    this.places.set(key, glyphs);
+    this.texture.needsUpdate = true;
+    return glyphs;
+  }
+}
+
+const NO_GLYPHS: Glyphs = { x: 0, y: 0, width: 0, height: 0 };
+
+function shorten(text: string): string {
+  const line = text.replace(/\s+/g, ' ');
+  return line.length > LONGEST_LABEL ? `${line.slice(0, LONGEST_LABEL - 1)}…` : line;
+}

@@ -1,0 +1,130 @@
+/** Turns geometries into the batches that are drawn. */
+import type { Geometry, PointSet, Rgb } from '../javaview/model';
+import { SceneBatches, withAlpha, type Rgba } from './batches';
+import { addFaces } from './faces';
+import { addField, addLines } from './lines';
+import type { Space } from './space';
+import { POINT_STYLES, type GeometryStyle } from './styles';
+
+/** What the steps for one geometry share. */
+export interface Draft {
+  geometry: Geometry;
+  style: GeometryStyle;
+  batches: SceneBatches;
+  space: Space;
+  /** Drawn coordinates of the points, three each, NaN where one cannot be drawn. */
+  at: Float32Array;
+  /** Opacity by the material, 0 to 1. */
+  alpha: number;
+}
+
+const DEFAULT_POINT_COLOR: Rgb = [255, 0, 0];
+const DEFAULT_POINT_RADIUS = 2;
+const DEFAULT_FONT = { family: 'sans-serif', size: 12, bold: false, italic: false };
+
+/** The colour of entry `i` of a list of colours, or `otherwise` if the list is too short. */
+export function colorAt(colors: Uint8Array, i: number, otherwise: Rgb): Rgb {
+  const at = i * 3;
+  if (at + 2 >= colors.length) return otherwise;
+  return [colors[at]!, colors[at + 1]!, colors[at + 2]!];
+}
+
+/** In two dimensions what comes later lies above what came before. */
+function layer(index: number, total: number): number {
+  return (index + 1) / (total + 1);
+}
+
+function drawnPoints(points: PointSet, space: Space, flatLayer: number): Float32Array {
+  const { coordinates } = points;
+  const at = new Float32Array(coordinates.length);
+  const [cx, cy, cz] = space.center;
+  const [sx, sy, sz] = space.scale;
+  for (let i = 0; i < coordinates.length; i += 3) {
+    const x = (coordinates[i]! - cx) * sx;
+    const y = (coordinates[i + 1]! - cy) * sy;
+    const z = space.flat ? flatLayer : (coordinates[i + 2]! - cz) * sz;
+    // Beyond these sizes the graphics hardware makes stripes of triangles; no plot needs them.
+    const drawable = Math.abs(x) < 1e6 && Math.abs(y) < 1e6 && Math.abs(z) < 1e6;
+    at[i] = drawable ? x : NaN;
+    at[i + 1] = drawable ? y : NaN;
+    at[i + 2] = drawable ? z : NaN;
+  }
+  return at;
+}
+
+function addPoints({ geometry, style, batches, at, alpha }: Draft): void {
+  const { points } = geometry;
+  const radius = points.thickness ?? DEFAULT_POINT_RADIUS;
+  if (!points.visible || radius <= 0) return;
+  const base = points.color ?? DEFAULT_POINT_COLOR;
+  const pointStyle = POINT_STYLES.indexOf(style.point);
+  for (let i = 0; i * 3 < at.length; i++) {
+    batches.counts.points++;
+    if (Number.isNaN(at[i * 3])) continue;
+    const color = points.showColors ? colorAt(points.colors, i, base) : base;
+    const place = at.subarray(i * 3, i * 3 + 3);
+    batches.points.add(place, withAlpha(color, alpha), radius, style.object, pointStyle);
+  }
+}
+
+const HORIZONTAL = { head: 0, center: 0.5, tail: 1 } as const;
+const VERTICAL = { top: 0, middle: 0.5, bottom: 1 } as const;
+
+function addLabels({ geometry, style, batches, at }: Draft): void {
+  const { points } = geometry;
+  if (!points.labelsVisible) return;
+  const font = points.font;
+  for (const [i, text] of points.names) {
+    if (text.trim() === '') continue;
+    batches.counts.labels++;
+    const x = at[i * 3];
+    if (x === undefined || Number.isNaN(x)) continue;
+    batches.labels.push({
+      text,
+      at: [x, at[i * 3 + 1]!, at[i * 3 + 2]!],
+      style: font ?? { ...DEFAULT_FONT, color: points.color ?? [0, 0, 0] },
+      anchor: [HORIZONTAL[font?.horizontal ?? 'head'], VERTICAL[font?.vertical ?? 'bottom']],
+      shift: [0, 0],
+      object: style.object,
+    });
+  }
+}
+
+/** The style of geometry `i`. */
+export type StyleOf = (i: number) => GeometryStyle;
+
+export function buildScene(
+  geometries: readonly Geometry[],
+  space: Space,
+  styleOf: StyleOf,
+): SceneBatches {
+  const batches = new SceneBatches();
+  geometries.forEach((geometry, i) => {
+    if (!geometry.visible) return;
+    const draft: Draft = {
+      geometry,
+      style: styleOf(i),
+      batches,
+      space,
+      at: drawnPoints(geometry.points, space, layer(i, geometries.length)),
+      alpha: 1 - (geometry.material?.transparency ?? 0),
+    };
+    addFaces(draft);
+    addLines(draft);
+    for (const field of geometry.fields) addField(draft, field);
+    addPoints(draft);
+    addLabels(draft);
+    if (isSeen(geometry)) {
+      batches.pickables.push({ geometry: i, object: draft.style.object, positions: draft.at });
+    }
+  });
+  return batches;
+}
+
+function isSeen({ points, lines, faces, fields }: Geometry): boolean {
+  const discs = points.visible && (points.thickness ?? DEFAULT_POINT_RADIUS) > 0;
+  const surface = faces !== undefined && (faces.visible || faces.edgesVisible);
+  return discs || surface || lines?.visible === true || fields.some((field) => field.visible);
+}
+
+export type { Rgba };

@@ -1,0 +1,287 @@
+/** Batches as objects of the graphics library. */
+import {
+  BufferAttribute,
+  BufferGeometry,
+  Group,
+  InstancedBufferAttribute,
+  InstancedBufferGeometry,
+  LineSegments,
+  Mesh,
+  Points,
+  type IUniform,
+  type Object3D,
+  type RawShaderMaterial,
+  type Texture,
+} from 'three';
+import type { TextAtlas } from './atlas';
+import type { FaceBatch, Label, LineBatch, PointBatch, SceneBatches } from './batches';
+import { coarseIndex, FINE_ENOUGH } from './coarse';
+import * as materials from './materials';
+import type { Lift, SceneUniforms } from './materials';
+import { sortTriangles } from './sort';
+import type { View } from './view';
+
+/** So many lines are drawn thin even when nothing moves, and so many wide ones while it does. */
+const MOST_WIDE_LINES = 250_000;
+const MOST_WIDE_LINES_MOVING = 3_000;
+const REACH = 1.5;
+
+/** The order of drawing: what is transparent after what is not, labels last. */
+const ORDER = { faces: 0, lines: 1, tips: 2, points: 3, transparent: 4, labels: 5 } as const;
+
+const LIFT: Lift = { lines: 0.0006, points: 0.0012, labels: 0.004 };
+const NO_LIFT: Lift = { lines: 0, points: 0, labels: 0 };
+
+function add(group: Group, object: Object3D, order: number): void {
+  object.frustumCulled = false;
+  object.matrixAutoUpdate = false;
+  object.renderOrder = order;
+  group.add(object);
+}
+
+function faceGeometry(batch: FaceBatch): BufferGeometry {
+  const geometry = new BufferGeometry();
+  geometry.setAttribute('position', new BufferAttribute(batch.positions.take(), 3));
+  const normals = new Int8Array(batch.normals.take().buffer);
+  geometry.setAttribute('normal', new BufferAttribute(normals, 4, true));
+  geometry.setAttribute('color', new BufferAttribute(batch.colors.take(), 4, true));
+  geometry.setAttribute('tag', new BufferAttribute(batch.tags.take(), 2));
+  geometry.setIndex(new BufferAttribute(batch.index.take(), 1));
+  return geometry;
+}
+
+function instances(batch: LineBatch, corners: number[], index: number[]): InstancedBufferGeometry {
+  const geometry = new InstancedBufferGeometry();
+  geometry.setAttribute('position', new BufferAttribute(Float32Array.from(corners), 3));
+  geometry.setIndex(index);
+  const set = (name: string, values: Float32Array | Uint8Array, size: number): void => {
+    const normalized = values instanceof Uint8Array;
+    geometry.setAttribute(name, new InstancedBufferAttribute(values, size, normalized));
+  };
+  set('start', batch.starts.take(), 3);
+  set('end', batch.ends.take(), 3);
+  set('startColor', batch.startColors.take(), 4);
+  set('endColor', batch.endColors.take(), 4);
+  set('style', batch.styles.take(), 4);
+  geometry.instanceCount = batch.count;
+  return geometry;
+}
+
+const sharing = (
+  geometry: InstancedBufferGeometry,
+  corners: number[],
+  index: number[],
+): InstancedBufferGeometry => {
+  const other = geometry.clone();
+  for (const name of Object.keys(geometry.attributes)) {
+    other.setAttribute(name, geometry.getAttribute(name));
+  }
+  other.setAttribute('position', new BufferAttribute(Float32Array.from(corners), 3));
+  other.setIndex(index);
+  other.instanceCount = geometry.instanceCount;
+  return other;
+};
+
+const QUAD = [0, -1, 0, 1, -1, 0, 1, 1, 0, 0, 1, 0];
+const QUAD_INDEX = [0, 1, 2, 0, 2, 3];
+const SEGMENT = [0, 0, 0, 1, 0, 0];
+const SEGMENT_INDEX = [0, 1];
+const TIP = [0, 0, 0, 1, -1, 0, 1, 1, 0];
+const TIP_INDEX = [0, 1, 2];
+
+function pointGeometry(batch: PointBatch): BufferGeometry {
+  const geometry = new BufferGeometry();
+  geometry.setAttribute('position', new BufferAttribute(batch.positions.take(), 3));
+  geometry.setAttribute('color', new BufferAttribute(batch.colors.take(), 4, true));
+  geometry.setAttribute('tag', new BufferAttribute(batch.tags.take(), 3));
+  return geometry;
+}
+
+interface CoarseFaces {
+  geometry: BufferGeometry;
+  fine: BufferAttribute;
+  coarse: BufferAttribute;
+}
+
+interface SortedFaces {
+  geometry: BufferGeometry;
+  positions: Float32Array;
+  index: Uint32Array;
+}
+
+export class Drawing {
+  readonly group = new Group();
+  private readonly coarse: CoarseFaces[] = [];
+  private readonly sorted: SortedFaces[] = [];
+  private readonly owned: { dispose(): void }[] = [];
+  private wide: Object3D | undefined;
+  private thin: Object3D | undefined;
+  private lineCount = 0;
+  private labels: Mesh | undefined;
+  private readonly lift: Lift;
+
+  constructor(
+    private readonly batches: SceneBatches,
+    private readonly uniforms: SceneUniforms,
+    private readonly atlas: TextAtlas,
+    private readonly texts: IUniform<Texture | null>,
+    flat: boolean,
+  ) {
+    this.lift = flat ? NO_LIFT : LIFT;
+    for (const batch of batches.faces) this.addFaces(batch);
+    if (batches.lines.count > 0) this.addLines(batches.lines);
+    if (batches.points.count > 0) this.addPoints(batches.points);
+  }
+
+  /** Fewer and thinner things while the view moves. */
+  setMoving(moving: boolean): void {
+    for (const { geometry, fine, coarse } of this.coarse) {
+      geometry.setIndex(moving ? coarse : fine);
+    }
+    const most = moving ? MOST_WIDE_LINES_MOVING : MOST_WIDE_LINES;
+    const wide = this.lineCount <= most;
+    if (this.wide) this.wide.visible = wide;
+    if (this.thin) this.thin.visible = !wide;
+  }
+
+  /** Puts transparent triangles in order for the view. */
+  sort(view: View): void {
+    const { toEye } = view.state;
+    const eye = view.eye;
+    const parallel = view.state.field === 0;
+    const depthOf = (x: number, y: number, z: number): number =>
+      parallel
+        ? -(x * toEye.x + y * toEye.y + z * toEye.z)
+        : (x - eye.x) ** 2 + (y - eye.y) ** 2 + (z - eye.z) ** 2;
+    for (const { geometry, positions, index } of this.sorted) {
+      const attribute = geometry.getIndex()!;
+      (attribute.array as Uint32Array).set(sortTriangles(positions, index, depthOf));
+      attribute.needsUpdate = true;
+    }
+  }
+
+  /** Draws the labels for a density of pixels, all of them or those that pass. */
+  setLabels(labels: readonly Label[], pixelRatio: number): void {
+    if (this.labels) {
+      this.group.remove(this.labels);
+      this.labels.geometry.dispose();
+      this.labels = undefined;
+    }
+    if (labels.length === 0) return;
+    const material = this.keep(materials.labelMaterial(this.uniforms, this.lift, this.texts));
+    const geometry = labelGeometry(labels, this.atlas, pixelRatio);
+    this.labels = new Mesh(geometry, material);
+    add(this.group, this.labels, ORDER.labels);
+  }
+
+  get ownLabels(): readonly Label[] {
+    return this.batches.labels;
+  }
+
+  dispose(): void {
+    this.labels?.geometry.dispose();
+    for (const thing of this.owned) thing.dispose();
+    this.group.clear();
+  }
+
+  private keep<T extends { dispose(): void }>(thing: T): T {
+    this.owned.push(thing);
+    return thing;
+  }
+
+  private addFaces(batch: FaceBatch): void {
+    const geometry = this.keep(faceGeometry(batch));
+    const material = this.keep(materials.faceMaterial(this.uniforms, batch.kind));
+    const positions = geometry.getAttribute('position').array as Float32Array;
+    const fine = geometry.getIndex()!;
+    const index = fine.array as Uint32Array;
+    if (batch.kind.transparent) this.sorted.push({ geometry, positions, index: index.slice() });
+    else if (index.length > FINE_ENOUGH * 3) {
+      const coarse = new BufferAttribute(coarseIndex(positions, index, REACH), 1);
+      this.coarse.push({ geometry, fine, coarse });
+    }
+    const order = batch.kind.transparent ? ORDER.transparent : ORDER.faces;
+    add(this.group, new Mesh(geometry, material), order);
+  }
+
+  private addLines(batch: LineBatch): void {
+    this.lineCount = batch.count;
+    const quads = this.keep(instances(batch, QUAD, QUAD_INDEX));
+    const wideMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, false));
+    this.wide = new Mesh(quads, wideMaterial);
+    add(this.group, this.wide, ORDER.lines);
+    const segments = this.keep(sharing(quads, SEGMENT, SEGMENT_INDEX));
+    const thinMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, true));
+    this.thin = new LineSegments(segments, thinMaterial);
+    add(this.group, this.thin, ORDER.lines);
+    const styles = quads.getAttribute('style');
+    const hasTips = Array.from({ length: styles.count }, (_, i) => styles.getZ(i) > 3.5).includes(
+      true,
+    );
+    if (hasTips) {
+      const tips = this.keep(sharing(quads, TIP, TIP_INDEX));
+      add(this.group, new Mesh(tips, this.keep(this.tipMaterial())), ORDER.tips);
+    }
+    this.setMoving(false);
+  }
+
+  private tipMaterial(): RawShaderMaterial {
+    return materials.tipMaterial(this.uniforms, this.lift);
+  }
+
+  private addPoints(batch: PointBatch): void {
+    const material = this.keep(materials.pointMaterial(this.uniforms, this.lift));
+    add(this.group, new Points(this.keep(pointGeometry(batch)), material), ORDER.points);
+  }
+}
+
+function labelGeometry(
+  labels: readonly Label[],
+  atlas: TextAtlas,
+  pixelRatio: number,
+): InstancedBufferGeometry {
+  const places = atlas.place(labels, pixelRatio);
+  const [width, height] = atlas.size;
+  const geometry = new InstancedBufferGeometry();
+  const corners = Float32Array.of(0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0);
+  geometry.setAttribute('position', new BufferAttribute(corners, 3));
+  geometry.setIndex(QUAD_INDEX);
+  const set = (name: string, size: number, values: number[]): void => {
+    geometry.setAttribute(name, new InstancedBufferAttribute(Float32Array.from(values), size));
+  };
+  set(
+    'at',
+    3,
+    labels.flatMap(({ at }) => [...at]),
+  );
+  set(
+    'box',
+    4,
+    labels.flatMap(({ anchor, shift }, i) => {
+      const glyphs = places[i]!;
+      return [
+        shift[0] * pixelRatio - anchor[0] * glyphs.width,
+        shift[1] * pixelRatio - (1 - anchor[1]) * glyphs.height,
+        glyphs.width,
+        glyphs.height,
+      ];
+    }),
+  );
+  set(
+    'source',
+    4,
+    places.flatMap((glyphs) => [
+      glyphs.x / width,
+      (glyphs.y + glyphs.height) / height,
+      (glyphs.x + glyphs.width) / width,
+      glyphs.y / height,
+    ]),
+  );
+  set(
+    'object',
+    1,
+    labels.map(({ object }) => object),
+  );
+  geometry.instanceCount = labels.length;
+  return geometry;
+}

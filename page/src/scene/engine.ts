@@ -1,0 +1,73 @@
+/** One drawing context for all panels of a page; each picture is copied to where it is seen. */
+import { ColorManagement, LinearSRGBColorSpace, Scene, WebGLRenderer, type Object3D } from 'three';
+import type { Rgb } from '../javaview/model';
+import type { View } from './view';
+
+ColorManagement.enabled = false;
+
+export interface Picture {
+  contents: readonly Object3D[];
+  view: View;
+  /** In pixels of the picture. */
+  width: number;
+  height: number;
+  /** Undefined leaves the ground transparent. */
+  background: Rgb | undefined;
+}
+
+export class Engine {
+  private readonly renderer: WebGLRenderer;
+  private readonly scene = new Scene();
+  lost = false;
+
+  /** Throws if the browser has no WebGL. */
+  constructor(onRestored: () => void) {
+    this.renderer = new WebGLRenderer({
+      antialias: true,
+      alpha: true,
+      preserveDrawingBuffer: false,
+    });
+    this.renderer.outputColorSpace = LinearSRGBColorSpace;
+    this.renderer.info.autoReset = false;
+    this.scene.matrixWorldAutoUpdate = false;
+    const canvas = this.renderer.domElement;
+    canvas.addEventListener('webglcontextlost', (event) => {
+      event.preventDefault();
+      this.lost = true;
+    });
+    canvas.addEventListener('webglcontextrestored', () => {
+      this.lost = false;
+      onRestored();
+    });
+  }
+
+  /** For tests: takes the context away and gives it back. */
+  get context(): WebGLRenderingContext | WebGL2RenderingContext {
+    return this.renderer.getContext();
+  }
+
+  get largest(): number {
+    return Math.min(this.renderer.capabilities.maxTextureSize, 8192);
+  }
+
+  /** How many draw calls the last picture took. */
+  get drawCalls(): number {
+    return this.renderer.info.render.calls;
+  }
+
+  /** Draws a picture; the result is valid until the next one. */
+  draw(picture: Picture): HTMLCanvasElement {
+    const { renderer, scene } = this;
+    const canvas = renderer.domElement;
+    if (canvas.width !== picture.width || canvas.height !== picture.height) {
+      renderer.setSize(picture.width, picture.height, false);
+    }
+    const [r, g, b] = picture.background ?? [0, 0, 0];
+    renderer.setClearColor((r << 16) | (g << 8) | b, picture.background ? 1 : 0);
+    renderer.info.reset();
+    scene.clear();
+    if (picture.contents.length > 0) scene.add(...picture.contents);
+    renderer.render(scene, picture.view.camera);
+    return canvas;
+  }
+}

@@ -1,0 +1,350 @@
+/** Faces of any number of corners, and their edges. */
+import type { FaceSet, Rgb } from '../javaview/model';
+import { withAlpha, type FaceBatch } from './batches';
+import { colorAt, type Draft } from './build';
+import { areaNormal, triangulate } from './polygons';
+import { FILL_PATTERNS } from './styles';
+
+const DEFAULT_FACE_COLOR: Rgb = [0, 160, 200];
+const DEFAULT_EDGE_COLOR: Rgb = [0, 0, 0];
+
+/** Above this number of points, coincident ones are no longer found for common normals. */
+const MOST_WELDED = 200_000;
+
+/** Transparent triangles are cut until no side is longer, so that sorting them is right. */
+const LONGEST_TRANSPARENT_SIDE = 0.25;
+
+/** The corners of face `i` that are there; empty if one of them cannot be drawn. */
+function cornersOf(faces: FaceSet, i: number, at: Float32Array): number[] {
+  const { offsets, values } = faces.faces;
+  const corners: number[] = [];
+  for (let k = offsets[i]!; k < offsets[i + 1]!; k++) {
+    const corner = values[k]!;
+    const x = corner < 0 ? undefined : at[corner * 3];
+    if (x === undefined) continue;
+    if (Number.isNaN(x)) return [];
+    if (corner !== corners[corners.length - 1]) corners.push(corner);
+  }
+  if (corners.length > 1 && corners[0] === corners[corners.length - 1]) corners.pop();
+  return corners.length < 3 ? [] : corners;
+}
+
+/** The mean of the colours of points. */
+export function meanColor(colors: Uint8Array, points: readonly number[], otherwise: Rgb): Rgb {
+  const sum = [0, 0, 0];
+  for (const point of points) {
+    const color = colorAt(colors, point, otherwise);
+    for (let i = 0; i < 3; i++) sum[i]! += color[i]!;
+  }
+  return [sum[0]! / points.length, sum[1]! / points.length, sum[2]! / points.length];
+}
+
+/** The colour before it was made lighter to stand in for a pattern. */
+function undoLightening(color: Rgb): Rgb {
+  const darker = (channel: number): number => Math.max(0, 2 * channel - 256);
+  return [darker(color[0]), darker(color[1]), darker(color[2])];
+}
+
+/** Sums of the area normals at each point, points at the same place taken together. */
+function pointNormals(faces: FaceSet, at: Float32Array, given: Float64Array): Float32Array {
+  const count = at.length / 3;
+  if (given.length >= at.length) return Float32Array.from(given);
+  const normals = new Float32Array(at.length);
+  const same = count <= MOST_WELDED ? firstAtSamePlace(at) : undefined;
+  for (let i = 0; i + 1 < faces.faces.offsets.length; i++) {
+    const corners = cornersOf(faces, i, at);
+    if (corners.length === 0) continue;
+    const normal = areaNormal(at, corners);
+    for (const corner of corners) {
+      const target = (same ? same[corner]! : corner) * 3;
+      for (let k = 0; k < 3; k++) normals[target + k]! += normal[k]!;
+    }
+  }
+  if (same) {
+    for (let i = 0; i < count; i++) {
+      const from = same[i]! * 3;
+      if (from !== i * 3) normals.copyWithin(i * 3, from, from + 3);
+    }
+  }
+  return normals;
+}
+
+function firstAtSamePlace(at: Float32Array): Int32Array {
+  const first = new Int32Array(at.length / 3);
+  const seen = new Map<string, number>();
+  const round = (value: number): number => Math.round(value * 1e5);
+  for (let i = 0; i < first.length; i++) {
+    const key = `${round(at[i * 3]!)} ${round(at[i * 3 + 1]!)} ${round(at[i * 3 + 2]!)}`;
+    const known = seen.get(key);
+    if (known === undefined) seen.set(key, i);
+    first[i] = known ?? i;
+  }
+  return first;
+}
+
+/**
+ * Puts opaque faces into a batch. A flat normal or colour is that of the last vertex of a triangle,
+ * so each face needs a vertex of its own there; most faces find one among their corners that no
+ * other face has taken, and vertices stay shared.
+ */
+class OpaqueFaces {
+  private readonly vertexOfPoint: Int32Array;
+  private readonly ownerOfVertex = new Map<number, number>();
+  private readonly shared: boolean;
+
+  constructor(
+    private readonly batch: FaceBatch,
+    private readonly at: Float32Array,
+    private readonly normals: Float32Array | undefined,
+    private readonly pointColor: ((point: number) => Rgb) | undefined,
+    private readonly object: number,
+    private readonly pattern: number,
+  ) {
+    this.vertexOfPoint = new Int32Array(at.length / 3).fill(-1);
+    this.shared = normals !== undefined && pointColor !== undefined;
+  }
+
+  add(
+    face: number,
+    corners: readonly number[],
+    normal: [number, number, number],
+    color: Rgb,
+    cut: 'fan' | number[],
+  ): void {
+    const vertices = corners.map((corner) => this.vertex(corner, color));
+    if (this.shared) {
+      this.addTriangles(vertices, cut === 'fan' ? fan(vertices.length, 0) : cut);
+      return;
+    }
+    if (cut === 'fan') {
+      const apex = this.freeCorner(vertices, face);
+      vertices[apex] = this.claim(vertices[apex]!, face, normal, color);
+      this.addTriangles(vertices, fan(vertices.length, apex));
+      return;
+    }
+    for (let i = 0; i < cut.length; i += 3) {
+      const own = [vertices[cut[i]!]!, vertices[cut[i + 1]!]!, vertices[cut[i + 2]!]!];
+      const apex = this.freeCorner(own, face);
+      own[apex] = this.claim(own[apex]!, face, normal, color);
+      this.addTriangles(own, fan(3, apex));
+    }
+  }
+
+  private vertex(point: number, color: Rgb): number {
+    const known = this.vertexOfPoint[point]!;
+    if (known >= 0) return known;
+    const { at, normals } = this;
+    const k = point * 3;
+    const vertex = this.batch.addVertex(
+      at[k]!,
+      at[k + 1]!,
+      at[k + 2]!,
+      normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : [0, 0, 1],
+      withAlpha(this.pointColor?.(point) ?? color, 1),
+      this.object,
+      this.pattern,
+    );
+    this.vertexOfPoint[point] = vertex;
+    return vertex;
+  }
+
+  private freeCorner(vertices: readonly number[], face: number): number {
+    const free = vertices.findIndex((vertex) => {
+      const owner = this.ownerOfVertex.get(vertex);
+      return owner === undefined || owner === face;
+    });
+    return Math.max(free, 0);
+  }
+
+  private claim(
+    vertex: number,
+    face: number,
+    normal: [number, number, number],
+    color: Rgb,
+  ): number {
+    const owner = this.ownerOfVertex.get(vertex);
+    const own = owner === undefined || owner === face ? vertex : this.batch.copyVertex(vertex);
+    this.ownerOfVertex.set(own, face);
+    if (!this.normals) this.batch.setNormal(own, normal);
+    if (!this.pointColor) this.batch.setColor(own, withAlpha(color, 1));
+    return own;
+  }
+
+  private addTriangles(vertices: readonly number[], places: readonly number[]): void {
+    for (const place of places) this.batch.index.push(vertices[place]!);
+  }
+}
+
+/** Places of the triangles round corner `apex`, which comes last in each. */
+function fan(corners: number, apex: number): number[] {
+  const places: number[] = [];
+  for (let i = 1; i + 1 < corners; i++) {
+    places.push((apex + i) % corners, (apex + i + 1) % corners, apex);
+  }
+  return places;
+}
+
+interface Corner {
+  at: number[];
+  normal: number[];
+  color: Rgb;
+}
+
+const middle = (a: readonly number[], b: readonly number[]): number[] =>
+  a.map((value, i) => (value + b[i]!) / 2);
+
+const halfway = (a: Corner, b: Corner): Corner => ({
+  at: middle(a.at, b.at),
+  normal: middle(a.normal, b.normal),
+  color: middle(a.color, b.color) as unknown as Rgb,
+});
+
+const distance = (a: Corner, b: Corner): number =>
+  Math.hypot(a.at[0]! - b.at[0]!, a.at[1]! - b.at[1]!, a.at[2]! - b.at[2]!);
+
+/** Adds a transparent triangle with vertices of its own, cut in half while a side is too long. */
+function addTransparent(
+  batch: FaceBatch,
+  corners: readonly [Corner, Corner, Corner],
+  alpha: number,
+  tag: readonly [number, number],
+  depth: number,
+): void {
+  const [a, b, c] = corners;
+  const sides = [distance(a, b), distance(b, c), distance(c, a)];
+  const longest = sides.indexOf(Math.max(...sides));
+  if (depth > 0 && sides[longest]! > LONGEST_TRANSPARENT_SIDE) {
+    const p = corners[longest]!;
+    const q = corners[(longest + 1) % 3]!;
+    const r = corners[(longest + 2) % 3]!;
+    const m = halfway(p, q);
+    addTransparent(batch, [p, m, r], alpha, tag, depth - 1);
+    addTransparent(batch, [m, q, r], alpha, tag, depth - 1);
+    return;
+  }
+  for (const { at, normal, color } of corners) {
+    const vertex = batch.addVertex(
+      at[0]!,
+      at[1]!,
+      at[2]!,
+      normal,
+      withAlpha(color, alpha),
+      tag[0],
+      tag[1],
+    );
+    batch.index.push(vertex);
+  }
+}
+
+export function addFaces(draft: Draft): void {
+  const { geometry, style, batches, at, alpha } = draft;
+  const { faces, points, material } = geometry;
+  if (!faces) return;
+  const count = faces.faces.offsets.length - 1;
+  if (faces.edgesVisible) addEdges(draft, faces);
+  batches.counts.faces += faces.visible ? count : 0;
+  if (!faces.visible || alpha <= 0) return;
+
+  const pattern = FILL_PATTERNS.indexOf(style.fill);
+  const given = faces.color ?? DEFAULT_FACE_COLOR;
+  const base = pattern > 0 ? undoLightening(given) : given;
+  const smoothColors = faces.showColors && faces.smoothColors && points.colors.length > 0;
+  const normals = material?.smooth ? pointNormals(faces, at, points.normals) : undefined;
+  const pointColor = smoothColors
+    ? (point: number): Rgb => colorAt(points.colors, point, base)
+    : undefined;
+  const faceColor = (face: number, corners: readonly number[]): Rgb => {
+    if (!faces.showColors) return base;
+    if (faces.colors.length > 0) return colorAt(faces.colors, face, base);
+    return points.colors.length > 0 ? meanColor(points.colors, corners, base) : base;
+  };
+
+  const transparent = alpha < 1;
+  const batch = batches.faceBatch(
+    transparent
+      ? { transparent, smoothColors: true, smoothNormals: true }
+      : { transparent, smoothColors, smoothNormals: normals !== undefined },
+  );
+  const opaque = new OpaqueFaces(batch, at, normals, pointColor, style.object, pattern);
+  for (let face = 0; face < count; face++) {
+    const corners = cornersOf(faces, face, at);
+    if (corners.length === 0) continue;
+    const normal = areaNormal(at, corners);
+    const cut = triangulate(at, corners, normal);
+    const color = faceColor(face, corners);
+    if (!transparent) {
+      opaque.add(face, corners, normal, color, cut);
+      continue;
+    }
+    const full = corners.map((corner): Corner => {
+      const k = corner * 3;
+      return {
+        at: [at[k]!, at[k + 1]!, at[k + 2]!],
+        normal: normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : normal,
+        color: pointColor?.(corner) ?? color,
+      };
+    });
+    const places = cut === 'fan' ? fan(full.length, 0) : cut;
+    const depth = count < 20_000 ? 12 : 0;
+    for (let i = 0; i < places.length; i += 3) {
+      const triangle = [full[places[i]!]!, full[places[i + 1]!]!, full[places[i + 2]!]!] as const;
+      addTransparent(batch, triangle, alpha, [style.object, pattern], depth);
+    }
+  }
+}
+
+/** Pairs of numbers that have been seen, in a table that is kept half empty. */
+class PairSet {
+  private readonly table: Int32Array;
+  private readonly mask: number;
+
+  constructor(most: number) {
+    let size = 64;
+    while (size < most * 2) size *= 2;
+    this.table = new Int32Array(size * 2).fill(-1);
+    this.mask = size - 1;
+  }
+
+  /** Adds a pair; false if it was there. */
+  add(a: number, b: number): boolean {
+    const low = Math.min(a, b);
+    const high = Math.max(a, b);
+    let slot = (Math.imul(low, 0x9e3779b1) ^ Math.imul(high, 0x85ebca6b)) & this.mask;
+    for (;;) {
+      const found = this.table[slot * 2]!;
+      if (found === -1) break;
+      if (found === low && this.table[slot * 2 + 1] === high) return false;
+      slot = (slot + 1) & this.mask;
+    }
+    this.table[slot * 2] = low;
+    this.table[slot * 2 + 1] = high;
+    return true;
+  }
+}
+
+function addEdges({ geometry, style, batches, at }: Draft, faces: FaceSet): void {
+  const { points } = geometry;
+  const width = faces.edgeThickness ?? 1;
+  const base = faces.edgeColor ?? DEFAULT_EDGE_COLOR;
+  const byPoints = faces.colorEdges && points.colors.length > 0;
+  const seen = new PairSet(faces.faces.values.length);
+  const lineStyle = { width, object: style.object, dash: 0, tip: false };
+  for (let face = 0; face + 1 < faces.faces.offsets.length; face++) {
+    const corners = cornersOf(faces, face, at);
+    for (let i = 0; i < corners.length; i++) {
+      const a = corners[i]!;
+      const b = corners[(i + 1) % corners.length]!;
+      if (!seen.add(a, b)) continue;
+      const colorA = byPoints ? colorAt(points.colors, a, base) : base;
+      const colorB = byPoints ? colorAt(points.colors, b, base) : base;
+      batches.lines.add(
+        at.subarray(a * 3, a * 3 + 3),
+        at.subarray(b * 3, b * 3 + 3),
+        withAlpha(colorA, 1),
+        withAlpha(colorB, 1),
+        lineStyle,
+        0,
+      );
+    }
+  }
+}

@@ -1,0 +1,416 @@
+/** One scene with its rulers and its view, drawn into a picture; it knows nothing of the page. */
+import { Vector3, type IUniform, type Texture } from 'three';
+import type { FrameText, ObjectText, PanelText } from '../data/contract';
+import type { Display, Geometry, Rgb } from '../javaview/model';
+import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
+import { Rulers3d } from '../rulers/axes3d';
+import { homeView } from '../rulers/camera';
+import { frameLook, type FrameLook } from '../rulers/frame';
+import { RulerLayout } from '../rulers/layout';
+import { applyLights } from '../rulers/lights';
+import { isInside, type Rectangle } from '../rulers/overlap';
+import { TextAtlas } from './atlas';
+import type { FaceBatch, Label, SceneBatches } from './batches';
+import { buildScene } from './build';
+import { Drawing } from './drawing';
+import type { Engine } from './engine';
+import { makeUniforms, makeVisibility, type SceneUniforms } from './materials';
+import { Space, sceneBox } from './space';
+import type { GeometryStyle } from './styles';
+import { View, type Size } from './view';
+
+/** The colours of the surroundings, for what a plot leaves open. */
+export interface Surroundings {
+  ink: Rgb;
+  ground: Rgb;
+}
+
+export interface Hit {
+  geometry: number;
+  point: number;
+  object: number;
+  /** In pixels from the left and the bottom. */
+  at: readonly [number, number];
+  /** As the file has them. */
+  coordinates: readonly [number, number, number];
+}
+
+export interface Shown {
+  axes: boolean;
+  box: boolean;
+  labels: boolean;
+}
+
+export interface Content {
+  geometries: readonly Geometry[];
+  display: Display | undefined;
+  frame: FrameText;
+}
+
+const PLAIN_STYLE: GeometryStyle = {
+  object: 0,
+  line: 'solid',
+  point: 'filledCircles',
+  fill: 'solid',
+};
+
+/** The style of each geometry; those beyond the runs are objects of their own. */
+function stylesOf(content: Content): GeometryStyle[] {
+  const styles: GeometryStyle[] = [];
+  for (const run of content.frame.runs) {
+    for (let i = 0; i < run.count && styles.length < content.geometries.length; i++)
+      styles.push(run);
+  }
+  let next = styles.reduce((most, style) => Math.max(most, style.object + 1), 0);
+  while (styles.length < content.geometries.length) styles.push({ ...PLAIN_STYLE, object: next++ });
+  return styles;
+}
+
+export class Plot {
+  readonly view: View;
+  readonly space: Space;
+  readonly flat: boolean;
+  look: FrameLook;
+  readonly shown: Shown;
+  objects: ObjectText[] = [];
+  readonly hidden = new Set<number>();
+  batches: SceneBatches;
+  /** Labels of the last picture and where they were. */
+  labels: readonly Label[] = [];
+  rectangles: readonly Rectangle[] = [];
+  plotRectangle: Rectangle | undefined;
+  layout: RulerLayout | undefined;
+  private readonly uniforms: SceneUniforms;
+  private readonly rulerUniforms: SceneUniforms;
+  private readonly atlas = new TextAtlas();
+  private readonly texts: IUniform<Texture | null> = { value: this.atlas.texture };
+  private drawing: Drawing;
+  private rulers: Drawing | undefined;
+  private sortedFor = '';
+  private fitted = false;
+
+  constructor(
+    private readonly engine: Engine,
+    private readonly text: PanelText,
+    private content: Content,
+    private surroundings: Surroundings,
+  ) {
+    const { display, geometries } = content;
+    this.flat = isFlat(display, geometries);
+    this.space = new Space(sceneBox(display, geometries), display?.boxRatio, this.flat);
+    this.view = new View(homeView(display, this.space), this.flat);
+    this.look = frameLook(display, text.axes, surroundings.ink, surroundings.ground);
+    this.shown = { axes: this.look.visible, box: this.look.box, labels: true };
+    this.uniforms = makeUniforms(1);
+    this.rulerUniforms = makeUniforms(1);
+    applyLights(this.uniforms, display, this.space);
+    this.batches = this.build();
+    this.drawing = this.makeDrawing();
+  }
+
+  get background(): Rgb | undefined {
+    return this.content.display?.background;
+  }
+
+  get display(): Display | undefined {
+    return this.content.display;
+  }
+
+  get geometries(): readonly Geometry[] {
+    return this.content.geometries;
+  }
+
+  /** Shows another frame of the same scene. */
+  setContent(content: Content): void {
+    this.content = content;
+    this.drawing.dispose();
+    this.batches = this.build();
+    this.drawing = this.makeDrawing();
+    this.sortedFor = '';
+  }
+
+  setSurroundings(surroundings: Surroundings): void {
+    this.surroundings = surroundings;
+    const { display } = this.content;
+    this.look = frameLook(display, this.text.axes, surroundings.ink, surroundings.ground);
+  }
+
+  setHidden(object: number, hidden: boolean): void {
+    if (hidden) this.hidden.add(object);
+    else this.hidden.delete(object);
+    this.updateVisibility();
+  }
+
+  resize(size: Size): void {
+    this.view.size = size;
+    if (this.flat) this.fitFlat();
+    else this.view.update();
+    if (!this.fitted) {
+      this.fitted = true;
+      this.reset();
+    }
+  }
+
+  /** The view that the display asks for, from so far that no number is cut off. */
+  reset(): void {
+    this.view.setHome(homeView(this.content.display, this.space));
+    this.view.reset();
+    if (this.flat) {
+      this.fitFlat();
+      return;
+    }
+    for (let i = 0; i < 6 && !this.labelsFit(); i++) {
+      this.view.state.span *= 1.06;
+      this.view.update();
+    }
+    this.view.setHome(this.view.state);
+  }
+
+  /** Draws the scene at a density of pixels; the result is valid until the next picture. */
+  draw(pixelRatio: number, moving: boolean, transparent: boolean): HTMLCanvasElement {
+    const { view } = this;
+    view.update();
+    const width = Math.max(1, Math.round(view.size.width * pixelRatio));
+    const height = Math.max(1, Math.round(view.size.height * pixelRatio));
+    this.updateUniforms(width, height, pixelRatio);
+    const layout = this.layOut();
+    this.rulers?.dispose();
+    this.rulers = new Drawing(
+      layout.batches,
+      this.rulerUniforms,
+      this.atlas,
+      this.texts,
+      this.flat,
+    );
+    const own = this.shown.labels ? this.drawing.ownLabels : [];
+    this.atlas.place([...own, ...layout.labels], pixelRatio);
+    this.drawing.setLabels(own, pixelRatio);
+    this.rulers.setLabels(layout.labels, pixelRatio);
+    this.labels = layout.labels;
+    this.rectangles = layout.rectangles;
+    this.drawing.setMoving(moving);
+    this.sort();
+    return this.engine.draw({
+      contents: [this.drawing.group, this.rulers.group],
+      view,
+      width,
+      height,
+      background: transparent ? undefined : this.ground,
+    });
+  }
+
+  get drawCalls(): number {
+    return this.engine.drawCalls;
+  }
+
+  /** The colour behind everything. */
+  get ground(): Rgb {
+    return this.background ?? this.surroundings.ground;
+  }
+
+  /** The colour that light gives to a triangle, for drawings that are not made by the hardware. */
+  lightOf(batch: FaceBatch, corners: readonly number[], color: readonly number[]): number[] {
+    const { lit, ambient, lightCount, lightPositions, lightColors } = this.uniforms;
+    if (!lit.value) return [...color];
+    const places = corners.map(
+      (v) => new Vector3(...[0, 1, 2].map((k) => batch.positions.at(v * 3 + k))),
+    );
+    const [a, b, c] = places as [Vector3, Vector3, Vector3];
+    const normal = b.clone().sub(a).cross(c.clone().sub(a)).normalize();
+    const middle = a.clone().add(b).add(c).divideScalar(3);
+    const toEye = this.view.state.field === 0 ? this.view.state.toEye : this.view.eye.sub(middle);
+    if (normal.dot(toEye) < 0) normal.negate();
+    const light = ambient.value.clone();
+    for (let i = 0; i < lightCount.value; i++) {
+      const position = lightPositions.value[i]!;
+      const toLight = new Vector3(position.x, position.y, position.z);
+      if (position.w > 0.5) toLight.sub(middle);
+      light.addScaledVector(lightColors.value[i]!, Math.max(0, normal.dot(toLight.normalize())));
+    }
+    return [light.x, light.y, light.z].map((share, k) => Math.min(255, color[k]! * share));
+  }
+
+  /** The point of the file that is seen nearest to a place of the screen. */
+  pick(x: number, y: number, reach = 24): Hit | undefined {
+    const { view } = this;
+    const m = view.matrix().elements;
+    const { width, height } = view.size;
+    let best: Hit | undefined;
+    let bestRank = Infinity;
+    for (const { geometry, object, positions } of this.batches.pickables) {
+      if (this.hidden.has(object)) continue;
+      for (let i = 0; i < positions.length; i += 3) {
+        const px = positions[i]!;
+        const py = positions[i + 1]!;
+        const pz = positions[i + 2]!;
+        const w = m[3]! * px + m[7]! * py + m[11]! * pz + m[15]!;
+        if (!(w > 0)) continue;
+        const sx = ((m[0]! * px + m[4]! * py + m[8]! * pz + m[12]!) / w + 1) * 0.5 * width;
+        if (!(Math.abs(sx - x) < reach)) continue;
+        const sy = ((m[1]! * px + m[5]! * py + m[9]! * pz + m[13]!) / w + 1) * 0.5 * height;
+        const distance = Math.hypot(sx - x, sy - y);
+        if (!(distance < reach) || this.isClipped(px, py, pz)) continue;
+        const depth = (m[2]! * px + m[6]! * py + m[10]! * pz + m[14]!) / w;
+        // Among points that are about equally near the one in front is meant.
+        const rank = Math.max(distance, 6) + depth * 4;
+        if (rank >= bestRank) continue;
+        bestRank = rank;
+        best = { geometry, object, point: i / 3, at: [sx, sy], coordinates: [0, 0, 0] };
+      }
+    }
+    return best && { ...best, coordinates: this.coordinates(best.geometry, best.point) };
+  }
+
+  coordinates(geometry: number, point: number): readonly [number, number, number] {
+    const { coordinates } = this.content.geometries[geometry]!.points;
+    const k = point * 3;
+    return [coordinates[k]!, coordinates[k + 1]!, coordinates[k + 2]!];
+  }
+
+  /** Where a point of the file is drawn in the scene. */
+  placeOf(hit: Hit): readonly [number, number, number] {
+    const { positions } = this.batches.pickables.find((some) => some.geometry === hit.geometry)!;
+    const k = hit.point * 3;
+    return [positions[k]!, positions[k + 1]!, positions[k + 2]!];
+  }
+
+  dispose(): void {
+    this.drawing.dispose();
+    this.rulers?.dispose();
+    this.atlas.dispose();
+    this.uniforms.shownObjects.value.dispose();
+    this.rulerUniforms.shownObjects.value.dispose();
+  }
+
+  private build(): SceneBatches {
+    const styles = stylesOf(this.content);
+    const count = styles.reduce(
+      (most, style) => Math.max(most, style.object + 1),
+      this.text.objects.length,
+    );
+    const { geometries } = this.content;
+    if (this.objects.length !== count) {
+      const firstOf = new Map<number, number>();
+      styles.forEach((style, i) => {
+        if (!firstOf.has(style.object)) firstOf.set(style.object, i);
+      });
+      this.objects = Array.from({ length: count }, (_, i) => {
+        const name = geometries[firstOf.get(i) ?? -1]?.name;
+        const plain = { legend: undefined, color: undefined, scale: undefined };
+        return this.text.objects[i] ?? { name: name || `Object ${i + 1}`, ...plain };
+      });
+      this.uniforms.shownObjects.value.dispose();
+      this.uniforms.shownObjects.value = makeVisibility(count);
+      this.updateVisibility();
+    }
+    return buildScene(geometries, this.space, (i) => styles[i] ?? PLAIN_STYLE);
+  }
+
+  private makeDrawing(): Drawing {
+    return new Drawing(this.batches, this.uniforms, this.atlas, this.texts, this.flat);
+  }
+
+  private updateVisibility(): void {
+    const texture = this.uniforms.shownObjects.value;
+    const data = texture.image.data as Uint8Array;
+    for (let i = 0; i < this.objects.length; i++) data[i] = this.hidden.has(i) ? 0 : 255;
+    texture.needsUpdate = true;
+  }
+
+  private updateUniforms(width: number, height: number, pixelRatio: number): void {
+    const { view } = this;
+    for (const uniforms of [this.uniforms, this.rulerUniforms]) {
+      uniforms.viewport.value.set(width, height);
+      uniforms.pixelRatio.value = pixelRatio;
+      uniforms.pixelsPerUnit.value = pixelRatio / view.unitsPerPixel;
+      uniforms.viewDirection.value.copy(view.state.toEye).negate();
+      uniforms.parallel.value = view.state.field === 0;
+    }
+    this.updateClipping();
+  }
+
+  private updateClipping(): void {
+    const { clipMin, clipMax } = this.uniforms;
+    if (this.flat && this.plotRectangle) {
+      const { left, bottom, width, height } = this.plotRectangle;
+      const [x0, y0] = fromPixels(this.view, left, bottom);
+      const [x1, y1] = fromPixels(this.view, left + width, bottom + height);
+      clipMin.value.set(x0, y0, -1e9);
+      clipMax.value.set(x1, y1, 1e9);
+      return;
+    }
+    const ranges = this.content.display?.clip ?? [];
+    ([0, 1, 2] as const).forEach((axis) => {
+      const range = ranges[axis];
+      clipMin.value.setComponent(axis, range ? this.space.toScene(axis, range[0]) - 1e-6 : -1e9);
+      clipMax.value.setComponent(axis, range ? this.space.toScene(axis, range[1]) + 1e-6 : 1e9);
+    });
+  }
+
+  private isClipped(x: number, y: number, z: number): boolean {
+    const low = this.uniforms.clipMin.value;
+    const high = this.uniforms.clipMax.value;
+    return x < low.x || y < low.y || z < low.z || x > high.x || y > high.y || z > high.z;
+  }
+
+  /** Lays the rulers out for the view as it is. */
+  private layOut(): RulerLayout {
+    const layout = new RulerLayout(this.view, (label) => this.atlas.measure(label));
+    const look = { ...this.look, visible: this.shown.axes, box: this.shown.box };
+    if (!this.flat) new Rulers3d(layout, look, this.space).draw();
+    else if (this.plotRectangle) new Rulers2d(layout, look, this.space, this.plotRectangle).draw();
+    this.layout = layout;
+    return layout;
+  }
+
+  private labelsFit(): boolean {
+    const { width, height } = this.view.size;
+    return this.layOut().rectangles.every((rectangle) => isInside(rectangle, width, height));
+  }
+
+  /** Puts the box of a flat scene into its rectangle of the picture. */
+  private fitFlat(): void {
+    const { view, space } = this;
+    const style = this.look.numberStyle;
+    const widest = this.atlas.measure({
+      text: '\u22120.00',
+      at: [0, 0, 0],
+      style,
+      anchor: [0, 0],
+      shift: [0, 0],
+      object: 0,
+    })[0];
+    const look = { ...this.look, visible: this.shown.axes };
+    const rectangle = plotRectangle(
+      view.size.width,
+      view.size.height,
+      space,
+      margins(look, widest + 8),
+    );
+    this.plotRectangle = rectangle;
+    const unit = (2 * space.half[0]) / rectangle.width;
+    const state = homeView(this.content.display, space);
+    state.span = unit * Math.min(view.size.width, view.size.height);
+    state.target.set(
+      (view.size.width / 2 - rectangle.left - rectangle.width / 2) * unit,
+      (view.size.height / 2 - rectangle.bottom - rectangle.height / 2) * unit,
+      0,
+    );
+    view.setHome(state);
+    view.reset();
+  }
+
+  private sort(): void {
+    const { toEye, field } = this.view.state;
+    const { eye } = this.view;
+    const key = [...(field > 0 ? eye : toEye)].map((value) => value.toFixed(2)).join();
+    if (key === this.sortedFor) return;
+    this.sortedFor = key;
+    this.drawing.sort(this.view);
+  }
+}
+
+function isFlat(display: Display | undefined, geometries: readonly Geometry[]): boolean {
+  if (display?.axes) return display.axes.dimension === 2;
+  return geometries.length > 0 && geometries.every(({ dimension }) => dimension === 2);
+}

@@ -1,0 +1,56 @@
+/** Triangles of polygons of any number of corners. */
+import { ShapeUtils, Vector2 } from 'three';
+
+/** Twice the area times the unit normal, by the sum over all corners; robust for bent polygons. */
+export function areaNormal(at: Float32Array, corners: readonly number[]): [number, number, number] {
+  let x = 0;
+  let y = 0;
+  let z = 0;
+  for (let i = 0; i < corners.length; i++) {
+    const a = corners[i]! * 3;
+    const b = corners[i + 1 === corners.length ? 0 : i + 1]! * 3;
+    x += (at[a + 1]! - at[b + 1]!) * (at[a + 2]! + at[b + 2]!);
+    y += (at[a + 2]! - at[b + 2]!) * (at[a]! + at[b]!);
+    z += (at[a]! - at[b]!) * (at[a + 1]! + at[b + 1]!);
+  }
+  return [x, y, z];
+}
+
+/** The corners seen along the largest component of the normal, turning to the left. */
+function project(
+  at: Float32Array,
+  corners: readonly number[],
+  normal: readonly [number, number, number],
+): Vector2[] {
+  const [x, y, z] = normal.map(Math.abs) as [number, number, number];
+  const axis = x >= y && x >= z ? 0 : y >= z ? 1 : 2;
+  const u = (axis + 1) % 3;
+  const v = (axis + 2) % 3;
+  const turn = normal[axis] < 0 ? -1 : 1;
+  return corners.map((corner) => new Vector2(at[corner * 3 + u]! * turn, at[corner * 3 + v]!));
+}
+
+function isConvex(points: readonly Vector2[]): boolean {
+  const n = points.length;
+  return points.every((b, i) => {
+    const a = points[(i + n - 1) % n]!;
+    const c = points[(i + 1) % n]!;
+    return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x) >= -1e-12;
+  });
+}
+
+/**
+ * How a polygon is cut: 'fan' if triangles round any of its corners do, otherwise three places of
+ * `corners` a triangle.
+ */
+export function triangulate(
+  at: Float32Array,
+  corners: readonly number[],
+  normal: readonly [number, number, number],
+): 'fan' | number[] {
+  if (corners.length === 3) return 'fan';
+  const points = project(at, corners, normal);
+  if (isConvex(points)) return 'fan';
+  const triangles = ShapeUtils.triangulateShape(points, []);
+  return triangles.length > 0 ? triangles.flat() : 'fan';
+}

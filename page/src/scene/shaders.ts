@@ -1,0 +1,351 @@
+/** The programs that draw faces, lines, points and labels. Colours are drawn as the file has them. */
+
+export const MOST_LIGHTS = 12;
+
+const HEAD = `
+precision highp float;
+precision highp int;
+`;
+
+/** Whether an object is shown stands in a texture, one texel an object. */
+const VISIBILITY = `
+uniform sampler2D shownObjects;
+bool isShown(float object) {
+  int i = int(object + 0.5);
+  return texelFetch(shownObjects, ivec2(i & 1023, i >> 10), 0).r > 0.5;
+}
+const vec4 NOWHERE = vec4(2.0, 2.0, 2.0, 1.0);
+`;
+
+const CLIPPING = `
+uniform vec3 clipMin;
+uniform vec3 clipMax;
+void clip(vec3 at) {
+  if (any(lessThan(at, clipMin)) || any(greaterThan(at, clipMax))) discard;
+}
+`;
+
+const CAMERA = `
+uniform mat4 projectionMatrix;
+uniform mat4 modelViewMatrix;
+`;
+
+/** `flat` or nothing before each of the two varyings, by the kind of the batch. */
+export const facesVertex = (
+  colors: string,
+  normals: string,
+): string => `${HEAD}${CAMERA}${VISIBILITY}
+in vec3 position;
+in vec4 normal;
+in vec4 color;
+in vec2 tag;
+out vec3 vAt;
+${colors} out vec4 vColor;
+${normals} out vec3 vNormal;
+flat out float vPattern;
+void main() {
+  vAt = position;
+  vColor = color;
+  vNormal = normal.xyz;
+  vPattern = tag.y;
+  gl_Position = isShown(tag.x) ? projectionMatrix * modelViewMatrix * vec4(position, 1.0) : NOWHERE;
+}
+`;
+
+export const facesFragment = (colors: string, normals: string): string => `${HEAD}${CLIPPING}
+uniform vec3 cameraPosition;
+uniform vec3 viewDirection;
+uniform bool parallel;
+uniform bool lit;
+uniform vec3 ambient;
+uniform int lightCount;
+uniform vec4 lightPositions[${MOST_LIGHTS}];
+uniform vec3 lightColors[${MOST_LIGHTS}];
+uniform float gloss;
+uniform float pixelRatio;
+in vec3 vAt;
+${colors} in vec4 vColor;
+${normals} in vec3 vNormal;
+flat in float vPattern;
+out vec4 fragColor;
+
+bool onStroke(float at) {
+  float period = 7.0 * pixelRatio;
+  return mod(at, period) < 1.25 * pixelRatio;
+}
+
+void hatch() {
+  int pattern = int(vPattern + 0.5);
+  if (pattern == 0) return;
+  vec2 p = gl_FragCoord.xy;
+  float down = (p.x + p.y) * 0.70710678;
+  float up = (p.x - p.y) * 0.70710678;
+  bool stroke =
+    pattern == 1 ? onStroke(p.y) :
+    pattern == 2 ? onStroke(p.x) :
+    pattern == 3 ? onStroke(up) :
+    pattern == 4 ? onStroke(down) :
+    pattern == 5 ? onStroke(p.x) || onStroke(p.y) :
+    onStroke(up) || onStroke(down);
+  if (!stroke) discard;
+}
+
+void main() {
+  clip(vAt);
+  hatch();
+  vec3 color = vColor.rgb;
+  if (lit) {
+    vec3 toEye = parallel ? -viewDirection : normalize(cameraPosition - vAt);
+    vec3 n = normalize(vNormal);
+    if (dot(n, toEye) < 0.0) n = -n;
+    vec3 diffuse = ambient;
+    vec3 shine = vec3(0.0);
+    for (int i = 0; i < lightCount; i++) {
+      vec4 position = lightPositions[i];
+      vec3 toLight = normalize(position.w > 0.5 ? position.xyz - vAt : position.xyz);
+      float strength = dot(n, toLight);
+      if (strength <= 0.0) continue;
+      diffuse += lightColors[i] * strength;
+      shine += lightColors[i] * pow(max(dot(n, normalize(toLight + toEye)), 0.0), 50.0);
+    }
+    color = color * diffuse + gloss * shine;
+  }
+  fragColor = vec4(min(color, vec3(1.0)), vColor.a);
+}
+`;
+
+const TO_PIXELS = `
+uniform vec2 viewport;
+uniform float pixelRatio;
+vec2 toPixels(vec4 clipped) { return (clipped.xy / clipped.w * 0.5 + 0.5) * viewport; }
+`;
+
+/** The length of the tip of an arrow by the width of its line. */
+const TIP = `
+float tipLength(float width) { return (7.0 + 3.0 * width) * pixelRatio; }
+`;
+
+/** Lines as rectangles with round ends; positions are divided so that what varies does so evenly. */
+export const linesVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}${TIP}
+uniform float pixelsPerUnit;
+uniform float lift;
+uniform bool thin;
+in vec3 position;
+in vec3 start;
+in vec3 end;
+in vec4 startColor;
+in vec4 endColor;
+in vec4 style;
+out vec3 vAt;
+out vec4 vColor;
+out vec2 vPlace;
+flat out float vLength;
+flat out float vHalf;
+flat out float vStart;
+flat out float vDash;
+
+void main() {
+  vec4 a = projectionMatrix * modelViewMatrix * vec4(start, 1.0);
+  vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
+  bool hasTip = style.z > 3.5;
+  vDash = hasTip ? style.z - 4.0 : style.z;
+  vStart = style.w * pixelsPerUnit;
+  if (!isShown(style.y) || (a.w <= 0.0 && b.w <= 0.0)) {
+    gl_Position = NOWHERE;
+    return;
+  }
+  float from = 0.0;
+  float to = 1.0;
+  const float NEAR = 1e-3;
+  if (a.w < NEAR) from = (NEAR - a.w) / (b.w - a.w);
+  if (b.w < NEAR) to = (NEAR - a.w) / (b.w - a.w);
+  vec4 p = mix(a, b, from);
+  vec4 q = mix(a, b, to);
+  vec2 pixelsA = toPixels(p);
+  vec2 pixelsB = toPixels(q);
+  vec2 along = pixelsB - pixelsA;
+  float length = length(along);
+  vec2 direction = length > 1e-4 ? along / length : vec2(1.0, 0.0);
+  float halfWidth = max(style.x * pixelRatio, 1.0) * 0.5;
+  if (hasTip) {
+    float back = min(tipLength(style.x) * 0.7, length);
+    pixelsB -= direction * back;
+    length -= back;
+  }
+  bool atEnd = position.x > 0.5;
+  vec4 clipped = atEnd ? q : p;
+  vec2 pixels = atEnd ? pixelsB : pixelsA;
+  if (!thin) {
+    pixels += (atEnd ? direction : -direction) * halfWidth;
+    pixels += vec2(-direction.y, direction.x) * position.y * halfWidth;
+  }
+  vColor = atEnd ? endColor : startColor;
+  vAt = mix(start, end, atEnd ? to : from);
+  vPlace = vec2(atEnd ? length + halfWidth : -halfWidth, position.y * halfWidth);
+  vLength = length;
+  vHalf = halfWidth;
+  vec2 ndc = pixels / viewport * 2.0 - 1.0;
+  gl_Position = vec4(ndc, clipped.z / clipped.w - lift, 1.0);
+}
+`;
+
+export const linesFragment = `${HEAD}${CLIPPING}
+uniform bool thin;
+in vec3 vAt;
+in vec4 vColor;
+in vec2 vPlace;
+flat in float vLength;
+flat in float vHalf;
+flat in float vStart;
+flat in float vDash;
+out vec4 fragColor;
+void main() {
+  clip(vAt);
+  if (!thin) {
+    float beyond = vPlace.x < 0.0 ? vPlace.x : max(vPlace.x - vLength, 0.0);
+    if (vHalf > 0.8 && length(vec2(beyond, vPlace.y)) > vHalf) discard;
+    float unit = max(vHalf * 2.0, 1.5);
+    float at = vStart + clamp(vPlace.x, 0.0, vLength);
+    if (vDash > 1.5) {
+      if (mod(at, unit * 3.0) > unit * 1.2) discard;
+    } else if (vDash > 0.5) {
+      if (mod(at, unit * 8.0) > unit * 5.0) discard;
+    }
+  }
+  fragColor = vColor;
+}
+`;
+
+/** Tips of arrows: triangles that face the viewer. */
+export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}${TIP}
+uniform float lift;
+in vec3 position;
+in vec3 start;
+in vec3 end;
+in vec4 endColor;
+in vec4 style;
+out vec3 vAt;
+out vec4 vColor;
+void main() {
+  vec4 a = projectionMatrix * modelViewMatrix * vec4(start, 1.0);
+  vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
+  if (!isShown(style.y) || style.z < 3.5 || a.w <= 0.0 || b.w <= 0.0) {
+    gl_Position = NOWHERE;
+    return;
+  }
+  vec2 tip = toPixels(b);
+  vec2 along = tip - toPixels(a);
+  float length = length(along);
+  vec2 direction = length > 1e-4 ? along / length : vec2(1.0, 0.0);
+  float size = min(tipLength(style.x), max(length, 2.0));
+  vec2 pixels = tip - direction * size * position.x;
+  pixels += vec2(-direction.y, direction.x) * size * 0.35 * position.y;
+  vAt = end;
+  vColor = endColor;
+  gl_Position = vec4(pixels / viewport * 2.0 - 1.0, b.z / b.w - lift, 1.0);
+}
+`;
+
+export const tipsFragment = `${HEAD}${CLIPPING}
+in vec3 vAt;
+in vec4 vColor;
+out vec4 fragColor;
+void main() {
+  clip(vAt);
+  fragColor = vColor;
+}
+`;
+
+export const pointsVertex = `${HEAD}${CAMERA}${VISIBILITY}
+uniform float pixelRatio;
+uniform float lift;
+in vec3 position;
+in vec4 color;
+in vec3 tag;
+out vec3 vAt;
+out vec4 vColor;
+flat out float vRadius;
+flat out float vStyle;
+void main() {
+  vAt = position;
+  vColor = color;
+  vStyle = tag.z;
+  vRadius = max(tag.x * pixelRatio, 0.6);
+  gl_PointSize = vRadius * 2.0 + 2.0;
+  vec4 clipped = projectionMatrix * modelViewMatrix * vec4(position, 1.0);
+  clipped.z -= lift * clipped.w;
+  gl_Position = isShown(tag.y) ? clipped : NOWHERE;
+}
+`;
+
+export const pointsFragment = `${HEAD}${CLIPPING}
+uniform float pixelRatio;
+in vec3 vAt;
+in vec4 vColor;
+flat in float vRadius;
+flat in float vStyle;
+out vec4 fragColor;
+
+/** Distance to the sign of a point in pixels, below 0 inside. */
+float outside(vec2 p) {
+  float square = max(abs(p.x), abs(p.y)) - vRadius * 0.886;
+  float diamond = (abs(p.x) + abs(p.y) - vRadius * 1.25) * 0.70710678;
+  float circle = length(p) - vRadius;
+  float pen = max(0.7 * pixelRatio, vRadius * 0.18);
+  float cross = min(abs(p.x), abs(p.y)) - pen;
+  vec2 turned = vec2(p.x + p.y, p.x - p.y) * 0.70710678;
+  float slanted = min(abs(turned.x), abs(turned.y)) - pen;
+  int style = int(vStyle + 0.5);
+  if (style == 0) return circle;
+  if (style == 1) return abs(circle + pen) - pen;
+  if (style == 2) return square;
+  if (style == 3) return abs(square + pen) - pen;
+  if (style == 4) return diamond;
+  if (style == 5) return abs(diamond + pen) - pen;
+  if (style == 6) return max(cross, circle);
+  if (style == 7) return max(slanted, circle);
+  return max(min(cross, slanted), circle);
+}
+
+void main() {
+  clip(vAt);
+  vec2 p = (gl_PointCoord - 0.5) * (vRadius * 2.0 + 2.0);
+  float cover = clamp(0.5 - outside(p), 0.0, 1.0);
+  if (cover < 0.02) discard;
+  fragColor = vec4(vColor.rgb, vColor.a * cover);
+}
+`;
+
+/** Labels: rectangles out of a picture of all texts, laid on whole pixels. */
+export const labelsVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}
+uniform float lift;
+in vec3 position;
+in vec3 at;
+in vec4 box;
+in vec4 source;
+in float object;
+out vec3 vAt;
+out vec2 vSource;
+void main() {
+  vec4 clipped = projectionMatrix * modelViewMatrix * vec4(at, 1.0);
+  vAt = at;
+  vSource = mix(source.xy, source.zw, position.xy);
+  vec2 corner = floor(toPixels(clipped) + box.xy + 0.5) + position.xy * box.zw;
+  bool shown = clipped.w > 0.0 && isShown(object);
+  gl_Position = shown
+    ? vec4(corner / viewport * 2.0 - 1.0, clipped.z / clipped.w - lift, 1.0)
+    : NOWHERE;
+}
+`;
+
+export const labelsFragment = `${HEAD}${CLIPPING}
+uniform sampler2D texts;
+in vec3 vAt;
+in vec2 vSource;
+out vec4 fragColor;
+void main() {
+  clip(vAt);
+  fragColor = texture(texts, vSource);
+  if (fragColor.a < 0.004) discard;
+}
+`;

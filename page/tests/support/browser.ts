@@ -1,0 +1,82 @@
+/** A browser without a window, and pages opened from files. */
+import { existsSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { chromium, type Browser, type BrowserContextOptions, type Page } from 'playwright-core';
+
+const PROGRAMS = ['/usr/bin/chromium', '/usr/bin/chromium-browser', '/usr/bin/google-chrome'];
+
+export const executable = process.env.CHROMIUM ?? PROGRAMS.find((path) => existsSync(path)) ?? '';
+
+export interface Opened {
+  page: Page;
+  /** Errors and warnings of the console, and errors that nobody caught. */
+  complaints: string[];
+  /** Addresses that the page asked for, but for its own. */
+  requests: string[];
+  close(): Promise<void>;
+}
+
+export class TestBrowser {
+  private readonly folder = mkdtempSync(join(tmpdir(), 'plot-page-'));
+  private opened = 0;
+
+  private constructor(private readonly browser: Browser) {}
+
+  static async launch(args: string[] = ['--enable-unsafe-swiftshader']): Promise<TestBrowser> {
+    const browser = await chromium.launch({
+      executablePath: executable,
+      args: [
+        '--no-sandbox',
+        '--disable-background-networking',
+        '--disable-component-update',
+        '--disable-sync',
+        '--no-first-run',
+        ...args,
+      ],
+    });
+    return new TestBrowser(browser);
+  }
+
+  /** Opens a page from a file and waits until it is drawn. */
+  async open(html: string, options: BrowserContextOptions = {}, hash = ''): Promise<Opened> {
+    const path = join(this.folder, `${this.opened++}.html`);
+    writeFileSync(path, html);
+    const context = await this.browser.newContext({
+      viewport: { width: 800, height: 600 },
+      colorScheme: 'light',
+      ...options,
+    });
+    const page = await context.newPage();
+    const complaints: string[] = [];
+    const requests: string[] = [];
+    page.on('console', (message) => {
+      const text = message.text();
+      const driver =
+        text.includes('GPU stall due to ReadPixels') || text.includes('software WebGL');
+      if (['error', 'warning'].includes(message.type()) && !driver) complaints.push(text);
+    });
+    page.on('pageerror', (error) => complaints.push(String(error)));
+    const url = `file://${path}${hash}`;
+    page.on('request', (request) => {
+      const asked = request.url();
+      if (!asked.startsWith(`file://${path}`) && !asked.startsWith('blob:')) requests.push(asked);
+    });
+    await page.goto(url);
+    await page.waitForSelector('html[data-state=ready]', { state: 'attached', timeout: 60_000 });
+    await this.settle(page);
+    return { page, complaints, requests, close: () => context.close() };
+  }
+
+  /** Waits until the last picture is drawn. */
+  async settle(page: Page): Promise<void> {
+    await page.evaluate(
+      () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))),
+    );
+  }
+
+  async close(): Promise<void> {
+    await this.browser.close();
+    rmSync(this.folder, { recursive: true, force: true });
+  }
+}
