@@ -43,6 +43,22 @@ function defaultView(space: Space): ViewState {
   };
 }
 
+/**
+ * Whether the display leaves the view to the viewer: it has no camera, or the one that is written
+ * where a plot document has none.
+ */
+export function isDefaultView(display: Display | undefined, space: Space): boolean {
+  const camera = display?.cameras[0];
+  if (!camera) return true;
+  if (Math.abs(camera.fieldOfView - DEFAULT_FIELD) > 1e-3) return false;
+  const { min, max } = space.box;
+  const offset = camera.position.map((value, axis) => {
+    const half = (max[axis]! - min[axis]!) / 2;
+    return (value - camera.interest[axis]!) / (half * camera.fieldOfView);
+  });
+  return new Vector3(...(offset as [number, number, number])).distanceTo(DEFAULT_DIRECTION) < 0.05;
+}
+
 function cameraView(camera: Camera, space: Space): ViewState | undefined {
   const target = new Vector3(...space.point(...camera.interest));
   const offset = new Vector3(...camera.position);

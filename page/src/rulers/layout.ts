@@ -15,7 +15,7 @@ export class RulerLayout {
   readonly batches = new SceneBatches();
   readonly labels: Label[] = [];
   readonly rectangles: Rectangle[] = [];
-  private readonly free = new FreePlaces(2);
+  private readonly free = new FreePlaces(4);
 
   constructor(
     readonly view: View,

@@ -7,6 +7,9 @@ import type { Space } from '../scene/space';
 /** The share of white light from all sides that materials throw back. */
 const AMBIENT_SHARE = 0.2;
 
+/** Lights of a plot are made for surfaces that throw back more than they get, as plots do. */
+const GAIN = 1.35;
+
 /** How strongly lights shine on shiny materials. */
 const GLOSS = 0.3;
 
@@ -53,7 +56,7 @@ export function applyLights(
   uniforms.gloss.value = GLOSS;
   let count = 0;
   for (const light of lights ?? []) {
-    const strength = Math.min(Math.max(light.intensity, 0), 4);
+    const strength = GAIN * Math.min(Math.max(light.intensity, 0), 4);
     const [r, g, b] = light.color.map((channel) => (channel / 255) * strength) as [
       number,
       number,

@@ -7,12 +7,13 @@ export interface Rectangle {
   height: number;
 }
 
+/** Whether two rectangles meet, or stand side by side with less than a gap between them. */
 export function overlaps(a: Rectangle, b: Rectangle, gap: number): boolean {
   return (
     a.left < b.left + b.width + gap &&
     b.left < a.left + a.width + gap &&
-    a.bottom < b.bottom + b.height + gap &&
-    b.bottom < a.bottom + a.height + gap
+    a.bottom < b.bottom + b.height &&
+    b.bottom < a.bottom + a.height
   );
 }
 

@@ -62,6 +62,14 @@ export function makeTicks(
   return { major, minor, step };
 }
 
+/** So many decimals show a step to a thousandth of itself. */
+function decimalsOf(step: number): number {
+  for (let decimals = 0; decimals < 12; decimals++) {
+    if (Math.abs(Number(step.toFixed(decimals)) - step) < step * 1e-3) return decimals;
+  }
+  return 12;
+}
+
 /** A number as it stands at a tick, with the digits that the step calls for. */
 export function formatTick(value: number, step: number): string {
   if (Math.abs(value) < step * 1e-6) return '0';
@@ -71,8 +79,7 @@ export function formatTick(value: number, step: number): string {
     const [mantissa, exponent] = value.toExponential(Math.min(digits, 12)).split('e');
     return minus(`${trim(mantissa!)}e${Number(exponent)}`);
   }
-  const decimals = Math.min(12, Math.max(0, Math.ceil(-Math.log10(step) + 1e-9) + 1));
-  return minus(trim(value.toFixed(decimals)));
+  return minus(trim(value.toFixed(decimalsOf(step))));
 }
 
 const trim = (text: string): string =>

@@ -4,7 +4,7 @@ import type { FrameText, ObjectText, PanelText } from '../data/contract';
 import type { Display, Geometry, Rgb } from '../javaview/model';
 import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
 import { Rulers3d } from '../rulers/axes3d';
-import { homeView } from '../rulers/camera';
+import { homeView, isDefaultView } from '../rulers/camera';
 import { frameLook, type FrameLook } from '../rulers/frame';
 import { RulerLayout } from '../rulers/layout';
 import { applyLights } from '../rulers/lights';
@@ -159,10 +159,8 @@ export class Plot {
       this.fitFlat();
       return;
     }
-    for (let i = 0; i < 6 && !this.labelsFit(); i++) {
-      this.view.state.span *= 1.06;
-      this.view.update();
-    }
+    if (isDefaultView(this.content.display, this.space)) this.fitBox();
+    else this.fitLabels();
     this.view.setHome(this.view.state);
   }
 
@@ -335,8 +333,10 @@ export class Plot {
       const { left, bottom, width, height } = this.plotRectangle;
       const [x0, y0] = fromPixels(this.view, left, bottom);
       const [x1, y1] = fromPixels(this.view, left + width, bottom + height);
-      clipMin.value.set(x0, y0, -1e9);
-      clipMax.value.set(x1, y1, 1e9);
+      // A line along the edge is drawn in its full width.
+      const room = 2 * this.view.unitsPerPixel;
+      clipMin.value.set(x0 - room, y0 - room, -1e9);
+      clipMax.value.set(x1 + room, y1 + room, 1e9);
       return;
     }
     const ranges = this.content.display?.clip ?? [];
@@ -363,9 +363,49 @@ export class Plot {
     return layout;
   }
 
-  private labelsFit(): boolean {
-    const { width, height } = this.view.size;
-    return this.layOut().rectangles.every((rectangle) => isInside(rectangle, width, height));
+  /** Steps back until no number is cut off, but not far from the view that is asked for. */
+  private fitLabels(): void {
+    const { view } = this;
+    const inside = (rectangle: Rectangle): boolean =>
+      isInside(rectangle, view.size.width, view.size.height);
+    for (let i = 0; i < 6 && !this.layOut().rectangles.every(inside); i++) {
+      view.state.span *= 1.06;
+      view.update();
+    }
+  }
+
+  /** Fills the picture with the box and the numbers round it. */
+  private fitBox(): void {
+    const { view } = this;
+    for (let i = 0; i < 4; i++) {
+      const { left, bottom, width, height } = this.extent();
+      const share = Math.max(width / (view.size.width - 32), height / (view.size.height - 32));
+      const right = view.size.width / 2 - left - width / 2;
+      const up = view.size.height / 2 - bottom - height / 2;
+      view.pan(right, up);
+      view.state.span = Math.min(Math.max(view.state.span * share, 0.05), 20);
+      view.update();
+    }
+  }
+
+  /** The rectangle of the screen that holds the box and all labels of the rulers. */
+  private extent(): Rectangle {
+    const [hx, hy, hz] = this.space.half;
+    const corners = [-1, 1].flatMap((x) =>
+      [-1, 1].flatMap((y) => [-1, 1].map((z) => this.view.toPixels(x * hx, y * hy, z * hz))),
+    );
+    const spots: Rectangle[] = corners.map(([left, bottom]) => ({
+      left,
+      bottom,
+      width: 0,
+      height: 0,
+    }));
+    const all = [...spots, ...this.layOut().rectangles];
+    const left = Math.min(...all.map((some) => some.left));
+    const bottom = Math.min(...all.map((some) => some.bottom));
+    const right = Math.max(...all.map((some) => some.left + some.width));
+    const top = Math.max(...all.map((some) => some.bottom + some.height));
+    return { left, bottom, width: right - left, height: top - bottom };
   }
 
   /** Puts the box of a flat scene into its rectangle of the picture. */

@@ -28,14 +28,19 @@ export function boxOfPoints(geometries: readonly Geometry[]): Box | undefined {
 
 const UNIT_BOX: Box = { min: [-1, -1, -1], max: [1, 1, 1] };
 
+/** Rulers of a flat scene do not run through the outermost points. */
+const FLAT_ROOM = 0.06;
+
 /** The box that a display names, each axis that it leaves open filled up from the points. */
 export function sceneBox(display: Display | undefined, geometries: readonly Geometry[]): Box {
   const points = boxOfPoints(geometries) ?? UNIT_BOX;
+  const room = display?.axes?.dimension === 2 ? FLAT_ROOM : 0;
   const ranges = AXES.map((axis) => {
     const ruler = display?.axes?.rulers[axis];
     const { min, max } = ruler ?? { min: undefined, max: undefined };
     if (min !== undefined && max !== undefined && min < max) return [min, max] as const;
-    return [points.min[axis], points.max[axis]] as const;
+    const more = (points.max[axis] - points.min[axis]) * room;
+    return [points.min[axis] - more, points.max[axis] + more] as const;
   });
   const widest = Math.max(...ranges.map(([low, high]) => high - low), Number.MIN_VALUE);
   const open = ranges.map(([low, high]) =>

@@ -1,0 +1,60 @@
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { frameAt, playedTime } from '../../src/controls/player';
+import { decodeBase64 } from '../../src/data/base64';
+import { toPageText } from '../../src/data/contract';
+
+test('nothing at all is a page without panels', () => {
+  for (const value of [undefined, null, 3, 'x', [], { panels: 7 }]) {
+    assert.deepEqual(toPageText(value).panels, []);
+  }
+});
+
+test('what has the wrong type counts as absent', () => {
+  const page = toPageText({
+    title: 5,
+    background: 'red; }',
+    aspect: -1,
+    panels: [
+      { name: {}, frames: [{ model: 'm', runs: [{ object: -4, count: 1.5, line: 'wavy' }] }] },
+    ],
+    animation: { times: [0, 'x', null] },
+  });
+  assert.equal(page.title, '');
+  assert.equal(page.background, undefined);
+  assert.equal(page.aspect, undefined);
+  assert.equal(page.animation, undefined);
+  const [panel] = page.panels;
+  assert.equal(panel?.name, '');
+  assert.deepEqual(panel?.frames[0]?.runs, [
+    { object: 0, count: 1, line: 'solid', point: 'filledCircles', fill: 'solid' },
+  ]);
+});
+
+test('the frame of a time is the last one that is not later', () => {
+  const times = [0, 1, 2.5, 4];
+  assert.deepEqual(
+    [-1, 0, 0.9, 1, 3, 4, 9].map((time) => frameAt(times, time)),
+    [0, 0, 0, 1, 2, 3, 3],
+  );
+});
+
+test('an animation ends, begins anew, or turns round', () => {
+  const animation = { times: [1, 3], autoPlay: false, initial: 0 };
+  assert.deepEqual(playedTime({ ...animation, style: 'once' }, 5), { time: 3, ended: true });
+  assert.deepEqual(playedTime({ ...animation, style: 'loop' }, 5), { time: 2, ended: false });
+  assert.deepEqual(playedTime({ ...animation, style: 'backAndForth' }, 3), {
+    time: 2,
+    ended: false,
+  });
+});
+
+test('base64 is decoded in pieces, whatever stands between its letters', () => {
+  const bytes = Uint8Array.from({ length: 2_000_003 }, (_, i) => (i * 7919) & 255);
+  const text = Buffer.from(bytes)
+    .toString('base64')
+    .replace(/(.{76})/g, '$1\n');
+  const pieces = [...decodeBase64(text)];
+  assert.ok(pieces.length > 1);
+  assert.deepEqual(Buffer.concat(pieces), Buffer.from(bytes));
+});
