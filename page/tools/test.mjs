@@ -1,14 +1,17 @@
 // Compiles the tests of one folder (unit, browser) and runs them under node's own runner.
-// Further arguments are passed on to it: node tools/test.mjs unit --test-name-pattern=ticks
+// A third word picks files by their beginning, options are passed on to the runner:
+//   node tools/test.mjs browser controls --test-name-pattern=mouse
 import { spawnSync } from 'node:child_process';
 import { readdirSync, rmSync } from 'node:fs';
 import { build } from 'esbuild';
 
-const [folder, ...options] = process.argv.slice(2);
+const [folder, ...rest] = process.argv.slice(2);
+const options = rest.filter((word) => word.startsWith('-'));
+const beginning = rest.find((word) => !word.startsWith('-')) ?? '';
 const outdir = `build/${folder}`;
 rmSync(outdir, { recursive: true, force: true });
 const entryPoints = readdirSync(`tests/${folder}`)
-  .filter((name) => name.endsWith('.test.ts'))
+  .filter((name) => name.startsWith(beginning) && name.endsWith('.test.ts'))
   .map((name) => `tests/${folder}/${name}`);
 await build({
   entryPoints,

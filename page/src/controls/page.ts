@@ -59,6 +59,10 @@ export class Page {
     return this.panels.map(({ panel }) => panel);
   }
 
+  get drawingEngine(): Engine | undefined {
+    return this.engine;
+  }
+
   async show(): Promise<void> {
     const header = textLine(this.text.header, 'header');
     const footer = textLine(this.text.footer, 'footer');

@@ -197,6 +197,11 @@ export class Plot {
     });
   }
 
+  /** The name of the text that is shown. */
+  get frameName(): string {
+    return this.content.frame.model;
+  }
+
   get drawCalls(): number {
     return this.engine.drawCalls;
   }

@@ -1,0 +1,390 @@
+import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
+import { after, before, test } from 'node:test';
+import axe from 'axe-core';
+import type { Page } from 'playwright-core';
+import type {} from '../../src/main';
+import { PNG } from 'pngjs';
+import { TestBrowser } from '../support/browser';
+import { compose, simplePage } from '../support/compose';
+import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
+import { example } from '../support/examples';
+
+let browser: TestBrowser;
+before(async () => {
+  browser = await TestBrowser.launch();
+});
+after(() => browser.close());
+
+const surface = (): string => simplePage(example('surface.jvx'), example('lights_automatic.jvd'));
+
+/** Parts of the view that a movement changes. */
+const viewOf = (page: Page): Promise<{ toEye: number[]; target: number[]; span: number }> =>
+  page.evaluate(() => {
+    const { toEye, target, span } = window.plotPage!.all[0]!.plot.view.state;
+    return { toEye: [...toEye], target: [...target], span };
+  });
+
+/** Where a point of the file is on the screen. */
+const placeOf = (page: Page, geometry: number, point: number): Promise<[number, number]> =>
+  page.evaluate(
+    ([g, p]) => {
+      const panel = window.plotPage!.all[0]!;
+      const { positions } = panel.plot.batches.pickables.find((some) => some.geometry === g)!;
+      const [x, y] = panel.plot.view.toPixels(
+        positions[p! * 3]!,
+        positions[p! * 3 + 1]!,
+        positions[p! * 3 + 2]!,
+      );
+      const box = document.querySelector('.stage')!.getBoundingClientRect();
+      return [box.left + x, box.bottom - y] as [number, number];
+    },
+    [geometry, point],
+  );
+
+const pixels = async (page: Page): Promise<PNG> => PNG.sync.read(await page.screenshot());
+
+const differing = (a: PNG, b: PNG): number => {
+  let count = 0;
+  for (let i = 0; i < a.data.length; i += 4) {
+    if (a.data[i] !== b.data[i] || a.data[i + 1] !== b.data[i + 1]) count++;
+  }
+  return count;
+};
+
+test('the mouse turns, with Shift moves, the wheel zooms, and a button resets', async () => {
+  const { page, close } = await browser.open(surface());
+  const home = await viewOf(page);
+  await page.mouse.move(400, 300);
+  await page.mouse.down();
+  await page.mouse.move(460, 330, { steps: 4 });
+  await page.mouse.up();
+  const turned = await viewOf(page);
+  assert.notDeepEqual(turned.toEye, home.toEye);
+  assert.deepEqual(turned.target, home.target);
+  await page.keyboard.down('Shift');
+  await page.mouse.down();
+  await page.mouse.move(500, 340, { steps: 4 });
+  await page.mouse.up();
+  await page.keyboard.up('Shift');
+  assert.notDeepEqual((await viewOf(page)).target, turned.target);
+  await page.mouse.wheel(0, -240);
+  await page.waitForFunction(
+    (span) => window.plotPage!.all[0]!.plot.view.state.span < span,
+    home.span,
+  );
+  await page.getByRole('button', { name: 'Reset the view' }).click();
+  const reset = await viewOf(page);
+  reset.toEye.forEach((value, i) => assert.ok(Math.abs(value - home.toEye[i]!) < 1e-9));
+  assert.ok(Math.abs(reset.span - home.span) < 1e-6 * home.span);
+  await close();
+});
+
+test('two fingers zoom and one turns', async () => {
+  const { page, close } = await browser.open(surface(), { hasTouch: true });
+  const home = await viewOf(page);
+  const client = await page.context().newCDPSession(page);
+  const touch = (type: string, points: { x: number; y: number }[]): Promise<unknown> =>
+    client.send('Input.dispatchTouchEvent', {
+      type: type as 'touchStart',
+      touchPoints: points.map((point, id) => ({ ...point, id })),
+    });
+  await touch('touchStart', [
+    { x: 350, y: 300 },
+    { x: 450, y: 300 },
+  ]);
+  for (let i = 1; i <= 5; i++) {
+    await touch('touchMove', [
+      { x: 350 - i * 10, y: 300 },
+      { x: 450 + i * 10, y: 300 },
+    ]);
+  }
+  await touch('touchEnd', []);
+  const pinched = await viewOf(page);
+  assert.ok(Math.abs(home.span / pinched.span - 2) < 0.05, `zoomed by ${home.span / pinched.span}`);
+  await touch('touchStart', [{ x: 400, y: 300 }]);
+  for (let i = 1; i <= 5; i++) await touch('touchMove', [{ x: 400 + i * 10, y: 300 }]);
+  await touch('touchEnd', []);
+  assert.notDeepEqual((await viewOf(page)).toEye, pinched.toEye);
+  await close();
+});
+
+test('everything can be done with the keyboard alone', async () => {
+  const { page, close } = await browser.open(surface());
+  const home = await viewOf(page);
+  await page.keyboard.press('Tab');
+  assert.equal(await page.evaluate(() => document.activeElement?.className), 'stage');
+  await page.keyboard.press('ArrowRight');
+  assert.notDeepEqual((await viewOf(page)).toEye, home.toEye);
+  await page.keyboard.press('+');
+  assert.ok((await viewOf(page)).span < home.span);
+  await page.keyboard.press('z');
+  assert.ok((await viewOf(page)).toEye[2]! > 0.999);
+  await page.keyboard.press('Shift+X');
+  assert.ok((await viewOf(page)).toEye[0]! < -0.999);
+  await page.keyboard.press('Home');
+  assert.ok(Math.abs((await viewOf(page)).span - home.span) < 1e-6 * home.span);
+  for (let i = 0; i < 4; i++) await page.keyboard.press('Tab');
+  await page.keyboard.press('Enter');
+  const list = page.getByRole('group', { name: 'Objects' });
+  assert.ok(await list.isVisible());
+  await page.keyboard.press('Escape');
+  assert.ok(!(await list.isVisible()));
+  await close();
+});
+
+test('hovering shows the coordinates of the file, a click pins them', async () => {
+  const { page, close } = await browser.open(functionPage());
+  const [x, y] = await placeOf(page, 6, 0);
+  const expected = await page.evaluate(() =>
+    [...window.plotPage!.all[0]!.plot.coordinates(6, 0)].slice(0, 2),
+  );
+  await page.mouse.move(x + 1, y + 1);
+  const tip = page.locator('.tip:not(.pinned)');
+  await tip.waitFor();
+  const texts = await tip.locator('.value span:last-child').allTextContents();
+  assert.deepEqual(texts, expected.map(String));
+  assert.equal(await tip.locator('strong').textContent(), 'rest');
+  await page.mouse.click(x, y);
+  await page.mouse.move(x + 200, y - 120);
+  const pinned = page.locator('.tip.pinned');
+  assert.deepEqual(
+    await pinned.locator('.value span:last-child').allTextContents(),
+    expected.map(String),
+  );
+  await page.getByRole('button', { name: 'Unpin' }).click();
+  assert.ok(!(await pinned.isVisible()));
+  await close();
+});
+
+test('a double click brings a point to the middle', async () => {
+  const { page, close } = await browser.open(surface());
+  const [x, y] = await placeOf(page, 0, 0);
+  await page.mouse.dblclick(x, y);
+  await browser.settle(page);
+  const [u, v] = await page.evaluate(() => {
+    const { plot } = window.plotPage!.all[0]!;
+    const { target } = plot.view.state;
+    const { positions } = plot.batches.pickables[0]!;
+    let nearest = Infinity;
+    for (let i = 0; i < positions.length; i += 3) {
+      const d = Math.hypot(
+        positions[i]! - target.x,
+        positions[i + 1]! - target.y,
+        positions[i + 2]! - target.z,
+      );
+      nearest = Math.min(nearest, d);
+    }
+    return [nearest, 0];
+  });
+  assert.ok(u! < 1e-6 && v === 0, 'the middle is a point of the file');
+  await close();
+});
+
+test('objects are hidden, shown alone, and shown again', async () => {
+  const { page, close } = await browser.open(functionPage());
+  const hidden = (): Promise<number[]> =>
+    page.evaluate(() => [...window.plotPage!.all[0]!.plot.hidden].sort());
+  await page.getByRole('button', { name: 'Objects' }).click();
+  const before = await pixels(page);
+  await page.getByRole('checkbox', { name: 'tangent' }).uncheck();
+  await browser.settle(page);
+  assert.deepEqual(await hidden(), [0]);
+  assert.ok(differing(before, await pixels(page)) > 300, 'the curve is gone');
+  await page.getByRole('button', { name: 'Show only area' }).click();
+  assert.deepEqual(await hidden(), [0, 2]);
+  await page.getByRole('button', { name: 'Show all' }).click();
+  assert.deepEqual(await hidden(), []);
+  await close();
+});
+
+test('axes, box and labels are switched', async () => {
+  const { page, close } = await browser.open(surface());
+  const labels = (): Promise<number> =>
+    page.evaluate(() => window.plotPage!.all[0]!.plot.labels.length);
+  assert.ok((await labels()) > 5);
+  await page.getByRole('button', { name: 'Show', exact: true }).click();
+  await page.getByRole('checkbox', { name: 'Axes' }).uncheck();
+  await browser.settle(page);
+  assert.equal(await labels(), 0);
+  await close();
+});
+
+test('the view is parallel or in perspective', async () => {
+  const { page, close } = await browser.open(surface());
+  const field = (): Promise<number> =>
+    page.evaluate(() => window.plotPage!.all[0]!.plot.view.state.field);
+  assert.ok((await field()) > 0);
+  await page.getByRole('button', { name: 'View' }).click();
+  await page.getByRole('checkbox', { name: 'Parallel' }).check();
+  assert.equal(await field(), 0);
+  await page.getByRole('button', { name: 'From +z' }).click();
+  assert.ok((await viewOf(page)).toEye[2]! > 0.999);
+  await close();
+});
+
+test('in two dimensions the ticks follow the zoom', async () => {
+  const { page, close } = await browser.open(functionPage());
+  const texts = (): Promise<string[]> =>
+    page.evaluate(() => window.plotPage!.all[0]!.plot.labels.map(({ text }) => text));
+  const before = await texts();
+  await page.mouse.move(400, 300);
+  for (let i = 0; i < 4; i++) await page.mouse.wheel(0, -800);
+  await page.waitForTimeout(400);
+  const after = await texts();
+  assert.notDeepEqual(after, before);
+  assert.ok(after.length >= 3, after.join());
+  await close();
+});
+
+test('an animation is stepped, sought and played; keys do the same', async () => {
+  const { page, complaints, close } = await browser.open(animatedPage());
+  const slider = page.getByRole('slider', { name: 'Time' });
+  const shown = async (frame: number): Promise<void> => {
+    await page.waitForFunction(
+      (name) => window.plotPage!.all[0]!.plot.frameName === name,
+      `m${frame + 1}`,
+    );
+  };
+  await shown(0);
+  await page.getByRole('button', { name: 'One frame forth' }).click();
+  await shown(1);
+  await slider.fill('4');
+  await shown(4);
+  await page.locator('.stage').focus();
+  await page.keyboard.press('PageUp');
+  await shown(3);
+  await page.keyboard.press(' ');
+  assert.ok(await page.getByRole('button', { name: 'Pause' }).isVisible());
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.frameName !== 'm4');
+  await page.keyboard.press(' ');
+  assert.ok(await page.getByRole('button', { name: 'Play' }).isVisible());
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
+test('reduced motion is respected', async () => {
+  const playing = async (reducedMotion: 'reduce' | 'no-preference'): Promise<boolean> => {
+    const { page, close } = await browser.open(animatedPage(true), { reducedMotion });
+    const result = await page.getByRole('button', { name: 'Pause' }).isVisible();
+    await close();
+    return result;
+  };
+  assert.equal(await playing('no-preference'), true);
+  assert.equal(await playing('reduce'), false);
+});
+
+test('pictures are saved in twice and four times the size', async () => {
+  const { page, close } = await browser.open(surface());
+  await page.getByRole('button', { name: 'Save' }).click();
+  for (const [name, factor] of [
+    ['PNG, twice the size', 2],
+    ['PNG, four times the size', 4],
+  ] as const) {
+    const [download] = await Promise.all([
+      page.waitForEvent('download'),
+      page.getByRole('button', { name }).click(),
+    ]);
+    const { width, height } = PNG.sync.read(readFileSync(await download.path()));
+    assert.deepEqual([width, height], [800 * factor, 600 * factor]);
+    assert.equal(download.suggestedFilename(), 'plot.png');
+  }
+  await close();
+});
+
+test('dark surroundings where the plot sets no background, its own where it does', async () => {
+  const corner = async (html: string): Promise<number[]> => {
+    const { page, close } = await browser.open(html, { colorScheme: 'dark' });
+    const { data } = await pixels(page);
+    const at = (300 * 800 + 2) * 4;
+    await close();
+    return [...data.subarray(at, at + 3)];
+  };
+  assert.deepEqual(await corner(simplePage(example('surface.jvx'))), [24, 24, 28]);
+  assert.deepEqual(await corner(surface()), [255, 255, 255]);
+});
+
+test('a width of 320 pixels holds everything', async () => {
+  for (const html of [twoScenesPage(), animatedPage(), functionPage()]) {
+    const { page, close } = await browser.open(html, { viewport: { width: 320, height: 568 } });
+    assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 320);
+    const stages = page.locator('.stage');
+    for (let i = 0; i < (await stages.count()); i++) {
+      const box = await stages.nth(i).boundingBox();
+      assert.ok(box && box.width > 250 && box.height > 100);
+    }
+    await close();
+  }
+});
+
+test('files that are dropped are shown, with their display', async () => {
+  const { page, complaints, close } = await browser.open(compose({ page: {}, blocks: {} }));
+  assert.ok(await page.getByRole('button', { name: 'Open files' }).isVisible());
+  await page.evaluate(
+    ([model, display]) => {
+      const transfer = new DataTransfer();
+      transfer.items.add(new File([model!], 'mine.jvx'));
+      transfer.items.add(new File([display!], 'mine.jvd'));
+      const event = new DragEvent('drop', { dataTransfer: transfer, bubbles: true });
+      document.querySelector('#page')!.dispatchEvent(event);
+    },
+    ['surface.jvx', 'lights_automatic.jvd'].map((name) => new TextDecoder().decode(example(name))),
+  );
+  await page.locator('.stage').waitFor();
+  await page.waitForFunction(() => window.plotPage!.all[0]?.plot.batches.counts.faces);
+  assert.equal(await page.evaluate(() => window.plotPage!.all[0]!.plot.display?.lights?.length), 7);
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
+test('a lost context comes back', async () => {
+  const { page, close } = await browser.open(surface());
+  const before = await pixels(page);
+  await page.evaluate(async () => {
+    const { context } = window.plotPage!.drawingEngine!;
+    const extension = context.getExtension('WEBGL_lose_context')!;
+    extension.loseContext();
+    await new Promise((done) => setTimeout(done, 300));
+    extension.restoreContext();
+    await new Promise((done) => setTimeout(done, 700));
+    window.plotPage!.all[0]!.request();
+  });
+  await page.waitForTimeout(500);
+  assert.ok(differing(before, await pixels(page)) < 100);
+  await close();
+});
+
+test('a browser without WebGL shows a sentence and the numbers', async () => {
+  const blind = await TestBrowser.launch(['--disable-gpu', '--disable-3d-apis']);
+  const { page, close } = await blind.open(simplePage(example('surface_smallest.jvx')));
+  const text = (await page.textContent('main')) ?? '';
+  assert.match(text, /no WebGL/);
+  assert.match(text, /1 1 1/);
+  await close();
+  await blind.close();
+});
+
+test('nothing is found by the checker of accessibility', async () => {
+  for (const html of [
+    surface(),
+    animatedPage(),
+    twoScenesPage(),
+    compose({ page: { title: 'Viewer' }, blocks: {} }),
+  ]) {
+    for (const colorScheme of ['light', 'dark'] as const) {
+      const { page, close } = await browser.open(html, { colorScheme });
+      const tools = page.getByRole('button', { name: 'Objects' });
+      if ((await tools.count()) > 0) await tools.first().click();
+      const client = await page.context().newCDPSession(page);
+      await client.send('Page.setBypassCSP', { enabled: true });
+      const found = await page.evaluate(async (source) => {
+        (0, eval)(source);
+        const { axe: checker } = window as unknown as { axe: typeof axe };
+        const { violations } = await checker.run();
+        return violations.map(({ id, nodes }) => `${id}: ${nodes[0]?.html}`);
+      }, axe.source);
+      assert.deepEqual(found, []);
+      await close();
+    }
+  }
+});

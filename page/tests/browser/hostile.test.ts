@@ -1,0 +1,143 @@
+import assert from 'node:assert/strict';
+import { gzipSync } from 'node:zlib';
+import { after, before, test } from 'node:test';
+import { TestBrowser } from '../support/browser';
+import { compose, simplePage } from '../support/compose';
+import { example } from '../support/examples';
+
+let browser: TestBrowser;
+before(async () => {
+  browser = await TestBrowser.launch();
+});
+after(() => browser.close());
+
+const model = (inner: string): string => `<jvx-model><geometries>${inner}</geometries></jvx-model>`;
+
+const ATTACKS = [
+  '</script><script>window.broken=1</script>',
+  '<img src=x onerror="window.broken=1">',
+  '"><svg onload=window.broken=1>',
+  '<!--<script>',
+];
+
+const escape = (text: string): string =>
+  text.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/"/g, '&quot;');
+
+test('markup and script in names, titles and attributes never run', async () => {
+  for (const attack of ATTACKS) {
+    const jvx = model(
+      `<geometry name="${escape(attack)}"><pointSet dim="3"><points><p name="${escape(attack)}">0 0 0</p>` +
+        `<p>1 1 1</p><labelAtt visible="show" name="${escape(attack)}"/></points></pointSet></geometry>`,
+    );
+    const jvd =
+      '<jv-disp><displays><display><axes visible="show" dim="3" type="bndbox">' +
+      `<ruler name="${escape(attack)}" label="show"/></axes></display></displays></jv-disp>`;
+    const html = compose({
+      page: {
+        title: attack,
+        header: { text: attack, family: attack, color: attack },
+        background: `red;}${attack}`,
+        panels: [
+          {
+            name: attack,
+            header: attack,
+            legend: { visible: true, font: { family: attack } },
+            objects: [{ name: attack, legend: attack, color: attack }],
+            frames: [{ model: 'm', display: 'd', runs: [{ object: 0, count: 1 }] }],
+          },
+        ],
+      },
+      blocks: { m: jvx, d: jvd },
+    });
+    const { page, complaints, requests, close } = await browser.open(html);
+    await page.getByRole('button', { name: 'Objects' }).click();
+    assert.equal(await page.evaluate(() => 'broken' in window), false);
+    assert.equal(await page.locator('img, #page script').count(), 0);
+    assert.equal(await page.title(), attack.replace(/\s+/g, ' '));
+    assert.deepEqual(complaints, []);
+    assert.deepEqual(requests, []);
+    await close();
+  }
+});
+
+const HOSTILE: Record<string, string> = {
+  'an empty geometry': '<geometry/>',
+  'no geometry': '',
+  'a huge count':
+    '<geometry><pointSet><points num="4000000000"><p>0 0 0</p></points></pointSet></geometry>',
+  'indices out of range':
+    '<geometry><pointSet dim="3"><points><p>0 0 0</p><p>1 0 0</p><p>0 1 0</p></points></pointSet>' +
+    '<lineSet><lines><l>0 99999999 1</l><l>-1 2147483648</l></lines></lineSet>' +
+    '<faceSet><faces><f>0 1 77</f><f>5 6 7</f><f>0 0 0</f><f></f></faces></faceSet></geometry>',
+  'no numbers':
+    '<geometry><pointSet dim="3"><points><p>nan nan nan</p><p>inf -inf 1e999</p><p>x</p><p/></points></pointSet>' +
+    '<faceSet><faces><f>0 1 2</f></faces></faceSet></geometry>',
+  'points of all sizes':
+    '<geometry><pointSet dim="3"><points><p>1e300 0 0</p><p>-1e300 1 1</p><p>0 1e-300 0</p></points></pointSet></geometry>',
+  'a list that is cut off': '<geometry><pointSet dim="3"><points><p>0 0 0</p><p>1 1',
+};
+
+for (const [name, inner] of Object.entries(HOSTILE)) {
+  test(`${name} does no harm`, async () => {
+    const { page, complaints, close } = await browser.open(simplePage(model(inner)));
+    assert.equal(await page.locator('.stage').count(), 1);
+    await page.mouse.move(400, 300);
+    await page.mouse.wheel(0, -100);
+    await browser.settle(page);
+    assert.deepEqual(complaints, []);
+    await close();
+  });
+}
+
+test('what cannot be read is named in a sentence', async () => {
+  const { page, close } = await browser.open(simplePage('<html>no plot</html>'));
+  assert.match(
+    (await page.locator('#page > .message').textContent()) ?? '',
+    /cannot be shown.*"html"/,
+  );
+  await close();
+});
+
+test('a bomb in gzip is refused before it fills the memory', async () => {
+  const { page, close } = await browser.open(compose({ page: {}, blocks: {} }));
+  // A few hundred kilobytes that unpack to 300 megabytes of blanks.
+  const bomb = gzipSync(Buffer.alloc(300 * 2 ** 20, ' '), { level: 9 });
+  assert.ok(bomb.length < 2 ** 19);
+  await page.evaluate((text) => {
+    const bytes = Uint8Array.from(atob(text), (c) => c.charCodeAt(0));
+    void window.plotPage!.openFiles([new File([bytes], 'bomb.jvx.gz')]);
+  }, bomb.toString('base64'));
+  const message = page.locator('#page > .message');
+  await page.waitForFunction(() =>
+    document.querySelector('#page > .message')?.textContent?.includes('cannot'),
+  );
+  assert.match((await message.textContent()) ?? '', /unpacks to more|too long/);
+  await close();
+});
+
+test('100,000 small geometries are few draw calls', async () => {
+  const one = (i: number): string =>
+    `<geometry><pointSet dim="3" point="hide"><points><p>${i % 316} ${Math.floor(i / 316)} 0</p>` +
+    `<p>${(i % 316) + 0.5} ${Math.floor(i / 316)} 1</p><p>${i % 316} ${Math.floor(i / 316) + 0.5} 0</p></points></pointSet>` +
+    '<faceSet edge="hide"><faces><f>0 1 2</f></faces></faceSet></geometry>';
+  const all = Array.from({ length: 100_000 }, (_, i) => one(i)).join('');
+  const { page, complaints, close } = await browser.open(simplePage(model(all)));
+  const { calls, faces } = await page.evaluate(() => {
+    const { plot } = window.plotPage!.all[0]!;
+    return { calls: plot.drawCalls, faces: plot.batches.counts.faces };
+  });
+  assert.equal(faces, 100_000);
+  assert.ok(calls <= 200, `${calls} draw calls`);
+  await page.getByRole('button', { name: 'Objects' }).click();
+  await page.getByRole('searchbox').fill('Object 99999');
+  assert.equal(await page.getByRole('checkbox').count(), 1 + 3 + 1);
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
+test('a page whose data are broken says so', async () => {
+  const html = simplePage(example('surface.jvx')).replace(/(data-name="m">)H4sI/, '$1AAAA');
+  const { page, close } = await browser.open(html);
+  assert.match((await page.locator('#page > .message').textContent()) ?? '', /cannot be shown/);
+  await close();
+});
