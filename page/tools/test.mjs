@@ -8,7 +8,7 @@ import { build } from 'esbuild';
 const [folder, ...rest] = process.argv.slice(2);
 const options = rest.filter((word) => word.startsWith('-'));
 const beginning = rest.find((word) => !word.startsWith('-')) ?? '';
-const outdir = `build/${folder}`;
+const outdir = `build/${folder}${beginning}`;
 rmSync(outdir, { recursive: true, force: true });
 const entryPoints = readdirSync(`tests/${folder}`)
   .filter((name) => name.startsWith(beginning) && name.endsWith('.test.ts'))

@@ -62,6 +62,8 @@ export class Gestures {
   }
 
   private down(event: PointerEvent): void {
+    // A button on the drawing keeps its own clicks.
+    if ((event.target as Element).closest('button')) return;
     this.target.setPointerCapture(event.pointerId);
     const [x, y] = this.place(event);
     this.fingers.set(event.pointerId, { x, y });

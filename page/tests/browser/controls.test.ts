@@ -215,7 +215,7 @@ test('the view is parallel or in perspective', async () => {
   const field = (): Promise<number> =>
     page.evaluate(() => window.plotPage!.all[0]!.plot.view.state.field);
   assert.ok((await field()) > 0);
-  await page.getByRole('button', { name: 'View' }).click();
+  await page.getByRole('button', { name: 'View', exact: true }).click();
   await page.getByRole('checkbox', { name: 'Parallel' }).check();
   assert.equal(await field(), 0);
   await page.getByRole('button', { name: 'From +z' }).click();
