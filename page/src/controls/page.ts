@@ -29,7 +29,7 @@ interface PanelSet {
 }
 
 export class Page {
-  private readonly area = element('main', { class: 'area' });
+  private readonly area = element('div', { class: 'area' });
   private readonly message = element('p', { class: 'message', attributes: { role: 'status' } });
   private panels: PanelSet[] = [];
   private engine: Engine | undefined;

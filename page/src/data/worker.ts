@@ -14,7 +14,9 @@ export type Reply = { id: number; result: ReadResult } | { id: number; error: st
 function buffersOf(result: ReadResult): ArrayBuffer[] {
   const buffers = new Set<ArrayBuffer>();
   const take = (array: { buffer: ArrayBufferLike }): void => {
-    if (array.buffer instanceof ArrayBuffer) buffers.add(array.buffer);
+    const { buffer } = array;
+    // The arrays of what a file has not are shared by all files and stay here.
+    if (buffer instanceof ArrayBuffer && buffer.byteLength > 4) buffers.add(buffer);
   };
   for (const { points, lines, faces, fields } of result.geometries) {
     [points.coordinates, points.colors, points.normals].forEach(take);

@@ -23,9 +23,16 @@ class Growing<T extends Numbers> {
     this.array[index] = value;
   }
 
-  /** The values so far, in an array of exactly their number. */
-  take(): T {
-    return this.array.slice(0, this.length) as T;
+  /** Forgets all values, and keeps the room for new ones. */
+  clear(): void {
+    this.length = 0;
+  }
+
+  /** The values so far, in an array of exactly their number that `make` gives. */
+  take(make: (length: number) => T = this.make): T {
+    const taken = make(this.length);
+    taken.set(this.array.subarray(0, this.length));
+    return taken;
   }
 
   private reserve(capacity: number): void {
@@ -62,5 +69,34 @@ export class GrowingFloat32 extends Growing<Float32Array> {
 export class GrowingUint32 extends Growing<Uint32Array> {
   constructor() {
     super((n) => new Uint32Array(n));
+  }
+}
+
+const POOL_BYTES = 1 << 20;
+const LARGE_BYTES = 1 << 14;
+
+/**
+ * Gives out typed arrays, small ones side by side in common buffers: a hundred thousand buffers of
+ * a few bytes would take seconds to make and to hand over.
+ */
+export class Arena {
+  private pool = new ArrayBuffer(0);
+  private used = 0;
+
+  readonly float64 = (length: number): Float64Array =>
+    new Float64Array(...this.place(length * 8), length);
+  readonly int32 = (length: number): Int32Array =>
+    new Int32Array(...this.place(length * 4), length);
+  readonly uint8 = (length: number): Uint8Array => new Uint8Array(...this.place(length), length);
+
+  private place(bytes: number): [ArrayBuffer, number] {
+    if (bytes > LARGE_BYTES) return [new ArrayBuffer(bytes), 0];
+    if (this.used + bytes > this.pool.byteLength) {
+      this.pool = new ArrayBuffer(POOL_BYTES);
+      this.used = 0;
+    }
+    const at = this.used;
+    this.used += (bytes + 7) & ~7;
+    return [this.pool, at];
   }
 }

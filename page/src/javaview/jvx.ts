@@ -1,5 +1,5 @@
 /** Geometries out of a JVX text. */
-import { GrowingFloat64, GrowingInt32, GrowingUint8 } from './growing';
+import { Arena, GrowingFloat64, GrowingInt32, GrowingUint8 } from './growing';
 import type {
   FaceSet,
   Font,
@@ -16,13 +16,14 @@ import type { Attributes, ItemList } from './scanner';
 
 /** Numbers of a fixed count an item; what is missing counts as `missing[i]`. */
 class TupleList implements ItemList {
-  readonly values = new GrowingFloat64();
-
   constructor(
+    readonly values: GrowingFloat64,
     readonly item: string,
     private readonly missing: readonly number[],
     private readonly dimension = missing.length,
-  ) {}
+  ) {
+    values.clear();
+  }
 
   get count(): number {
     return this.values.length / this.missing.length;
@@ -38,7 +39,10 @@ class TupleList implements ItemList {
 
 class ColorList implements ItemList {
   readonly item = 'c';
-  readonly values = new GrowingUint8();
+
+  constructor(readonly values: GrowingUint8) {
+    values.clear();
+  }
 
   add(numbers: NumberScanner): void {
     for (let i = 0; i < 3; i++) this.values.push(numbers.next() ? channel(numbers.value) : 0);
@@ -47,11 +51,14 @@ class ColorList implements ItemList {
 
 /** Lists of numbers of points; what is no such number becomes -1. */
 class IndexLists implements ItemList {
-  private readonly offsets = new GrowingInt32();
-  private readonly values = new GrowingInt32();
-
-  constructor(readonly item: string) {
-    this.offsets.push(0);
+  constructor(
+    private readonly offsets: GrowingInt32,
+    private readonly values: GrowingInt32,
+    readonly item: string,
+  ) {
+    offsets.clear();
+    values.clear();
+    offsets.push(0);
   }
 
   add(numbers: NumberScanner): void {
@@ -62,8 +69,8 @@ class IndexLists implements ItemList {
     this.offsets.push(this.values.length);
   }
 
-  take(): Lists {
-    return { offsets: this.offsets.take(), values: this.values.take() };
+  take(arena: Arena): Lists {
+    return { offsets: this.offsets.take(arena.int32), values: this.values.take(arena.int32) };
   }
 }
 
@@ -88,18 +95,18 @@ export function shown(attributes: Attributes, name: string, otherwise: boolean):
   return value === 'show' ? true : value === 'hide' ? false : otherwise;
 }
 
-const emptyLists = (): Lists => ({
-  offsets: new Int32Array(1),
-  values: new Int32Array(0),
-});
+/** What a geometry has before anything is read; never written to. */
+const NO_NUMBERS = new Float64Array(0);
+const NO_COLORS = new Uint8Array(0);
+const NO_LISTS: Lists = { offsets: new Int32Array(1), values: new Int32Array(0) };
 
 const newPoints = (attributes: Attributes): PointSet => ({
   visible: shown(attributes, 'point', true),
   showColors: shown(attributes, 'color', false),
-  coordinates: new Float64Array(0),
+  coordinates: NO_NUMBERS,
   names: new Map(),
-  colors: new Uint8Array(0),
-  normals: new Float64Array(0),
+  colors: NO_COLORS,
+  normals: NO_NUMBERS,
   color: undefined,
   thickness: undefined,
   labelsVisible: false,
@@ -112,8 +119,8 @@ const newLines = (attributes: Attributes): LineSet => ({
   colorFromPoints: shown(attributes, 'colorFromPoints', false),
   smoothColors: shown(attributes, 'colorSmooth', false),
   arrows: shown(attributes, 'arrow', false),
-  lines: emptyLists(),
-  colors: new Uint8Array(0),
+  lines: NO_LISTS,
+  colors: NO_COLORS,
   color: undefined,
   thickness: undefined,
 });
@@ -125,8 +132,8 @@ const newFaces = (attributes: Attributes): FaceSet => ({
   colorFromPoints: shown(attributes, 'colorFromPoints', false),
   smoothColors: shown(attributes, 'colorSmooth', false),
   colorEdges: shown(attributes, 'colorEdge', false),
-  faces: emptyLists(),
-  colors: new Uint8Array(0),
+  faces: NO_LISTS,
+  colors: NO_COLORS,
   color: undefined,
   edgeColor: undefined,
   edgeThickness: undefined,
@@ -136,8 +143,8 @@ const newField = (attributes: Attributes): VectorField => ({
   visible: shown(attributes, 'vector', true),
   arrows: shown(attributes, 'arrow', false),
   showColors: shown(attributes, 'color', false),
-  vectors: new Float64Array(0),
-  colors: new Uint8Array(0),
+  vectors: NO_NUMBERS,
+  colors: NO_COLORS,
   color: undefined,
   thickness: undefined,
   length: undefined,
@@ -174,12 +181,14 @@ const newGeometry = (attributes: Attributes): Geometry => ({
   name: attributes.get('name') ?? '',
   visible: shown(attributes, 'visible', true),
   dimension: 3,
-  points: newPoints(new Map()),
+  points: newPoints(NO_ATTRIBUTES),
   lines: undefined,
   faces: undefined,
   fields: [],
   material: undefined,
 });
+
+const NO_ATTRIBUTES: Attributes = new Map();
 
 const slowNumbers = new NumberScanner();
 
@@ -191,15 +200,20 @@ export class JvxHandler {
   list: ItemList | undefined;
   title = '';
   readonly geometries: Geometry[] = [];
-  private geometry = newGeometry(new Map());
-  private field = newField(new Map());
-  private font = newFont(new Map());
-  private material = newMaterial(new Map());
+  private geometry = newGeometry(NO_ATTRIBUTES);
+  private field = newField(NO_ATTRIBUTES);
+  private font = newFont(NO_ATTRIBUTES);
+  private material = newMaterial(NO_ATTRIBUTES);
   private transparencyVisible = true;
+  private readonly arena = new Arena();
+  private readonly numbers = new GrowingFloat64();
+  private readonly colors = new GrowingUint8();
+  private readonly offsets = new GrowingInt32();
+  private readonly indices = new GrowingInt32();
 
   private readonly points = (): PointSet => this.geometry.points;
-  private readonly lines = (): LineSet => (this.geometry.lines ??= newLines(new Map()));
-  private readonly faces = (): FaceSet => (this.geometry.faces ??= newFaces(new Map()));
+  private readonly lines = (): LineSet => (this.geometry.lines ??= newLines(NO_ATTRIBUTES));
+  private readonly faces = (): FaceSet => (this.geometry.faces ??= newFaces(NO_ATTRIBUTES));
 
   open(name: string, attributes: Attributes, path: readonly string[]): void {
     const parent = path[path.length - 2] ?? '';
@@ -246,17 +260,17 @@ export class JvxHandler {
       this.transparencyVisible = shown(attributes, 'visible', true);
     },
     'pointSet/points': () =>
-      this.openList(new TupleList('p', [NaN, NaN, 0], this.geometry.dimension)),
-    'pointSet/normals': () => this.openList(new TupleList('n', [NaN, NaN, NaN])),
-    'pointSet/colors': () => this.openList(new ColorList()),
-    'lineSet/lines': () => this.openList(new IndexLists('l')),
-    'lineSet/colors': () => this.openList(new ColorList()),
-    'faceSet/faces': () => this.openList(new IndexLists('f')),
-    'faceSet/colors': () => this.openList(new ColorList()),
+      this.openList(new TupleList(this.numbers, 'p', [NaN, NaN, 0], this.geometry.dimension)),
+    'pointSet/normals': () => this.openList(new TupleList(this.numbers, 'n', [NaN, NaN, NaN])),
+    'pointSet/colors': () => this.openList(new ColorList(this.colors)),
+    'lineSet/lines': () => this.openList(new IndexLists(this.offsets, this.indices, 'l')),
+    'lineSet/colors': () => this.openList(new ColorList(this.colors)),
+    'faceSet/faces': () => this.openList(new IndexLists(this.offsets, this.indices, 'f')),
+    'faceSet/colors': () => this.openList(new ColorList(this.colors)),
     'vectorField/vectors': () => {
-      this.openList(new TupleList('v', [NaN, NaN, 0], this.geometry.dimension));
+      this.openList(new TupleList(this.numbers, 'v', [NaN, NaN, 0], this.geometry.dimension));
     },
-    'vectorField/colors': () => this.openList(new ColorList()),
+    'vectorField/colors': () => this.openList(new ColorList(this.colors)),
   };
 
   private readonly closers: Record<string, Closer> = {
@@ -318,18 +332,18 @@ export class JvxHandler {
   private takeNumbers(): Float64Array {
     const { list } = this;
     this.list = undefined;
-    return list instanceof TupleList ? list.values.take() : new Float64Array(0);
+    return list instanceof TupleList ? list.values.take(this.arena.float64) : NO_NUMBERS;
   }
 
   private takeColors(): Uint8Array {
     const { list } = this;
     this.list = undefined;
-    return list instanceof ColorList ? list.values.take() : new Uint8Array(0);
+    return list instanceof ColorList ? list.values.take(this.arena.uint8) : NO_COLORS;
   }
 
   private takeLists(): Lists {
     const { list } = this;
     this.list = undefined;
-    return list instanceof IndexLists ? list.take() : emptyLists();
+    return list instanceof IndexLists ? list.take(this.arena) : NO_LISTS;
   }
 }

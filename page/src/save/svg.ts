@@ -1,5 +1,4 @@
 /** A plot as a drawing of lines and areas, the farthest first. */
-import { FILL_PATTERNS } from '../scene/styles';
 import { cssColor, cssFont } from '../scene/atlas';
 import type { FaceBatch, Label, LineBatch, PointBatch } from '../scene/batches';
 import type { Plot } from '../scene/plot';
@@ -22,7 +21,43 @@ const escape = (text: string): string => text.replace(/[&<>"]/g, (c) => `&#${c.c
 
 const short = (value: number): string => String(Math.round(value * 100) / 100);
 
-function triangles(batch: FaceBatch, project: Project, hidden: Set<number>, lit: Lit): Shape[] {
+/** Strokes of the fill patterns, in a square of seven pixels, by their places in the list of names. */
+const STROKES = [
+  '',
+  'M0 0H7',
+  'M0 0V7',
+  'M0 7 7 0',
+  'M0 0 7 7',
+  'M0 0H7M0 0V7',
+  'M0 7 7 0M0 0 7 7',
+];
+
+/** The patterns that a drawing uses, each defined once. */
+class Patterns {
+  private readonly defined = new Map<string, string>();
+
+  use(pattern: number, color: string): string {
+    const name = `p${pattern}-${color.replace(/\D+/g, '-')}`;
+    this.defined.set(
+      name,
+      `<pattern id="${name}" width="7" height="7" patternUnits="userSpaceOnUse">` +
+        `<path d="${STROKES[pattern] ?? ''}" stroke="${color}" stroke-width="1.25"/></pattern>`,
+    );
+    return `url(#${name})`;
+  }
+
+  toString(): string {
+    return [...this.defined.values()].join('');
+  }
+}
+
+function triangles(
+  batch: FaceBatch,
+  project: Project,
+  hidden: Set<number>,
+  lit: Lit,
+  patterns: Patterns,
+): Shape[] {
   const shapes: Shape[] = [];
   for (let i = 0; i < batch.index.length; i += 3) {
     const corners = [0, 1, 2].map((k) => batch.index.at(i + k));
@@ -42,16 +77,18 @@ function triangles(batch: FaceBatch, project: Project, hidden: Set<number>, lit:
     );
     const color = cssColor(lit(batch, corners, rgb));
     const alpha = batch.colors.at(last * 4 + 3) / 255;
+    const pattern = batch.tags.at(last * 2 + 1);
+    const fill = pattern > 0 ? patterns.use(pattern, color) : color;
     const opacity =
-      alpha < 1 ? ` fill-opacity="${short(alpha)}"` : ` stroke="${color}" stroke-width="0.4"`;
+      pattern > 0
+        ? ''
+        : alpha < 1
+          ? ` fill-opacity="${short(alpha)}"`
+          : ` stroke="${color}" stroke-width="0.4"`;
     const points = places.map(([x, y]) => `${short(x)},${short(y)}`).join(' ');
-    const pattern =
-      batch.tags.at(last * 2 + 1) > 0
-        ? ` class="${FILL_PATTERNS[batch.tags.at(last * 2 + 1)]}"`
-        : '';
     shapes.push({
       depth: (places[0]![2] + places[1]![2] + places[2]![2]) / 3,
-      svg: `<polygon points="${points}" fill="${color}"${opacity}${pattern}/>`,
+      svg: `<polygon points="${points}" fill="${fill}"${opacity}/>`,
     });
   }
   return shapes;
@@ -152,8 +189,9 @@ export function toSvg(plot: Plot): string {
   };
   const lit: Lit = (batch, corners, color) => plot.lightOf(batch, corners, color);
   const none = new Set<number>();
+  const patterns = new Patterns();
   const scene = [
-    ...batches.faces.flatMap((batch) => triangles(batch, project, hidden, lit)),
+    ...batches.faces.flatMap((batch) => triangles(batch, project, hidden, lit, patterns)),
     ...lines(batches.lines, project, hidden),
     ...discs(batches.points, project, hidden),
     ...(plot.shown.labels ? batches.labels : [])
@@ -164,7 +202,7 @@ export function toSvg(plot: Plot): string {
     ...(layout ? lines(layout.batches.lines, project, none) : []),
     ...plot.labels.map((label, i) => text(label, project, plot.rectangles[i]!.width)),
   ].sort((a, b) => b.depth - a.depth);
-  const inFront = rulers.filter(({ depth }) => plot.flat && depth < 0);
+  const inFront = rulers.filter(({ depth }) => plot.flat && depth < -0.1);
   const clip = plot.plotRectangle;
   const background = cssColor(plot.ground);
   const clipPath = clip
@@ -181,7 +219,7 @@ export function toSvg(plot: Plot): string {
     : [...scene, ...rulers].sort((a, b) => b.depth - a.depth).map(({ svg }) => svg);
   return [
     `<svg xmlns="http://www.w3.org/2000/svg" width="${width}" height="${height}" viewBox="0 0 ${width} ${height}">`,
-    clipPath,
+    `<defs>${clipPath}${patterns}</defs>`,
     `<rect width="100%" height="100%" fill="${background}"/>`,
     '<g stroke-linecap="round" stroke-linejoin="round">',
     ...all,

@@ -63,7 +63,7 @@ export class TestBrowser {
       if (!asked.startsWith(`file://${path}`) && !asked.startsWith('blob:')) requests.push(asked);
     });
     await page.goto(url);
-    await page.waitForSelector('html[data-state=ready]', { state: 'attached', timeout: 60_000 });
+    await page.waitForSelector('html[data-state=ready]', { state: 'attached', timeout: 180_000 });
     await this.settle(page);
     return { page, complaints, requests, close: () => context.close() };
   }
