@@ -91,10 +91,12 @@ Ref<ObjType> describeClass(Token type, Token elementClass, PlotDocument& tree) {
     if (nameOfCategory != row.category) {
       nameOfCategory = row.category;
       category = make<PropCat>(tree);
-      category->setAttribute(Word::Name, textForAllThreads(row.category));
     }
     addProperties(*category, row, *element, tree);
-    if (category->firstChild() && !category->parent()) description->appendChild(category.get());
+    if (category->firstChild() && !category->parent()) {
+      category->setAttribute(Word::Name, textForAllThreads(row.category));
+      description->appendChild(category.get());
+    }
   }
   return description;
 }
