@@ -20,9 +20,10 @@ class PlotDocument : public Arbor::Document {
   PlotDocument() = default;
 
   /// A new element of the class with that name; null for a name that is none of the 104 element
-  /// names.
+  /// names, or where newElement() has made what is no element of the model.
   Ubase::Ref<PlotElement> createElement(Token name) {
-    return Ubase::Ref<PlotElement>::cast(newElement(name));
+    const Ubase::Ref<Arbor::Element> made = newElement(name);
+    return PlotElement::from(made.get());
   }
 
   /// The root element, null without one.

@@ -135,6 +135,7 @@ void ZrdParserHandler::addElement(WordId word, const Xml::AttributeList& attribu
 
 Ref<PlotElement> ZrdParserHandler::makeElement(Token name, const Xml::AttributeList& attributes) {
   Ref<PlotElement> element(document_->createElement(name));
+  if (!element) throw DomException(DomException::HierarchyRequest);  // a host made something else
   for (const Xml::Attribute& attribute : attributes) {
     const Token attributeName = Ubase::tokenById(static_cast<int>(attribute.attributeId));
     if (!keepIds_ && attributeName == Word::Id) continue;

@@ -297,6 +297,7 @@ class HostDocument : public PlotDocument {
   Ref<Arbor::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new HostGroup(this);
     if (name == Word::Title) return new Impostor<Title>(this);
+    if (name == Word::Header) return new Stranger(this, name);
     return PlotDocument::newElement(name);
   }
 };
@@ -309,6 +310,7 @@ TEST_F(HostTest, AHostsDocumentMakesTheHostsElements) {
   group->appendChild(object.get());
   EXPECT_EQ(group->firstChild(), object.get());
   EXPECT_EQ(codeOf([&] { object->appendChild(title.get()); }), DomException::HierarchyRequest);
+  EXPECT_FALSE(own->createElement(Word::Header)) << "no element of the model";
 }
 
 }  // namespace
