@@ -87,8 +87,8 @@ std::size_t characterSize(std::string_view utf8) {
                            : first < 0xF5 ? 4
                                           : 0;
   if (size > utf8.size()) return 0;
-  for (const unsigned char byte : utf8.substr(1, size > 0 ? size - 1 : 0)) {
-    if ((byte & 0xC0) != 0x80) return 0;
+  for (const char byte : utf8.substr(1, size > 0 ? size - 1 : 0)) {
+    if ((static_cast<unsigned char>(byte) & 0xC0) != 0x80) return 0;
   }
   if (size < 3) return size;
   const auto second = static_cast<unsigned char>(utf8[1]);
