@@ -1,6 +1,6 @@
 #include "base/salted_hash.h"
 
-#include <sys/auxv.h>
+#include <unistd.h>
 
 #include <bit>
 #include <cstdint>
@@ -15,13 +15,10 @@ struct Key {
   std::uint64_t high = 0;
 };
 
-/// The random bytes that the system gives each process at its start.
+/// Random bytes of the system; always the same ones on a system that has none.
 Key keyOfProcess() {
   Key key;
-  if (const auto* bytes = reinterpret_cast<const void*>(getauxval(AT_RANDOM))) {
-    std::memcpy(&key, bytes, sizeof key);
-  }
-  return key;
+  return getentropy(&key, sizeof key) == 0 ? key : Key();
 }
 
 struct SipState {

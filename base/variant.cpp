@@ -67,8 +67,8 @@ const VariantType* TokenVariant::descriptor() {
 namespace {
 
 // A fixed string is one pointer and lives in the two words themselves.
-static_assert(sizeof(FixedString) <= sizeof(VariantValue) &&
-              alignof(FixedString) <= alignof(VariantValue));
+static_assert(sizeof(FixedString) <= sizeof(VariantValue));
+static_assert(alignof(FixedString) <= alignof(VariantValue));
 
 FixedString& string(VariantValue& value) {
   return *std::launder(reinterpret_cast<FixedString*>(value.bytes.data()));
