@@ -140,12 +140,13 @@ std::vector<Shape> siblingShapes() {
        }},
       {"ExpressionsInAList", 1000,
        [](std::size_t n) {
-         return plane("<Obj2d Type='F'><ExprSeq Opt='o'>" + repeated("<IExpr>1</IExpr>", n) +
-                      "</ExprSeq></Obj2d>");
+         return plane("<Obj2d Type='F'><Img2d/><ExprSeq Opt='o'>" +
+                      repeated("<IExpr>1</IExpr>", n) + "</ExprSeq></Obj2d>");
        }},
       {"ExpressionsOfAnObject", 1000,
        [](std::size_t n) {
-         return plane("<Obj2d Type='F'>" + numbered("<Expr Opt='o#'>x</Expr>", n) + "</Obj2d>");
+         return plane("<Obj2d Type='F'><Img2d/>" + numbered("<Expr Opt='o#'>x</Expr>", n) +
+                      "</Obj2d>");
        }},
       {"TicksOnDisplay", 300,
        [](std::size_t n) {
@@ -234,29 +235,11 @@ std::vector<Shape> keyFrameShapes() {
 
 std::vector<Shape> nameShapes() {
   return {
-      {"LongNamespace",
-       1000,
-       [](std::size_t n) { return longNamespace(50 * n, "xmlns:p", repeated("<p:Unknown/>", n)); },
-       {},
-       End::success},
       {"LongDefaultNamespace", 1000,
        [](std::size_t n) {
          return longNamespace(50 * n, "xmlns",
                               "<Scene2d><CoordinateSystem2d>" + repeated("<Group2d/>", n) +
                                   "</CoordinateSystem2d></Scene2d>");
-       }},
-      {"LongNamespacesInTurn", 1000,
-       [](std::size_t n) {
-         return longNamespace(
-             50 * n, "xmlns:p='urn:q" + std::string(50 * n, 'q') + "' xmlns",
-             "<Scene2d><CoordinateSystem2d/></Scene2d>" + repeated("<p:a/><Unknown/>", n));
-       }},
-      {"LongNamespaceOfTwoPrefixes", 1000,
-       [](std::size_t n) {
-         const std::string uri = "urn:q" + std::string(50 * n, 'q');
-         return longNamespace(
-             0, "xmlns:p='" + uri + "' xmlns:q='" + uri + "' xmlns",
-             "<Scene2d><CoordinateSystem2d/></Scene2d>" + repeated("<p:a/><q:a/>", n));
        }},
       {"LongNamespaceAroundShortOnes", 1000,
        [](std::size_t n) {
