@@ -64,6 +64,7 @@ export class Page {
   }
 
   async show(): Promise<void> {
+    this.root.append(element('h1', { class: 'unseen', text: document.title }));
     const header = textLine(this.text.header, 'header');
     const footer = textLine(this.text.footer, 'footer');
     this.root.append(
