@@ -171,7 +171,8 @@ bool Parser::countUnwritten(const char* const* namesAndValues) {
 // that are written change the sum little.
 bool Parser::countUnwritten(std::size_t bytes) {
   unwritten_ += static_cast<double>(bytes);
-  const auto written = static_cast<double>(XML_GetCurrentByteIndex(parser_.get()));
+  const auto written = static_cast<double>(XML_GetCurrentByteIndex(parser_.get()) +
+                                           XML_GetCurrentByteCount(parser_.get()));
   const double all = written + unwritten_;
   isTooLarge_ = all >= freeBytes && all > largestAmplification * written;
   if (isTooLarge_) stop();
