@@ -1,7 +1,7 @@
 #include <span>
 
 #include "SRC/canvas.h"
-#include "SRC/plot_document.h"
+#include "SRC/element_document.h"
 
 namespace PlotDom {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "SRC/plot_document.h"
+#include "SRC/element_document.h"
 
 namespace PlotDom {
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "SRC/element_document.h"
 #include "SRC/parameter_range.h"
-#include "SRC/plot_document.h"
 #include "SRC/style_getter.h"
 
 namespace PlotDom {

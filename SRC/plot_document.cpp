@@ -10,7 +10,6 @@
 #include "SRC/cmd_writer.h"
 #include "SRC/element_factory.h"
 #include "SRC/format_limits.h"
-#include "SRC/property_tree.h"
 #include "SRC/style_getter.h"
 #include "dom/dom_exception.h"
 #include "dom/tree_walk.h"
@@ -18,8 +17,6 @@
 namespace PlotDom {
 
 Ubase::Ref<Arbor::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
-
-PlotElement* PlotDocument::documentElement() const { return PlotElement::from(firstChild()); }
 
 bool PlotDocument::knowsClassOf(const Arbor::Node& node) const {
   const Arbor::Element* element = node.asElement();
@@ -65,8 +62,6 @@ std::ostream& PlotDocument::writeXml(std::ostream& out) const {
   return out.write(written.data(), std::ssize(written));
 }
 
-const ObjType* PlotDocument::propertyInfo(Token name) const { return findPropertyInfo(name); }
-
 void PlotDocument::printCommands(std::ostream& out, bool replot) const {
   const PlotElement* root = documentElement();
   if (!root) return;
@@ -109,15 +104,6 @@ void PlotDocument::report(const char* format, ...) const {
   va_start(arguments, format);
   reportError(format, arguments);
   va_end(arguments);
-}
-
-void PlotDocument::reportError(const char* format, va_list arguments) const {
-  if (!errorReporter_) return;
-  va_list again;
-  va_copy(again, arguments);
-  errorReporter_("PlotDom error: ", arguments);
-  errorReporter_(format, again);
-  va_end(again);
 }
 
 }  // namespace PlotDom

@@ -1,33 +1,15 @@
 // The document of the plot model.
 #pragma once
 
-#include <cstdarg>
-
-#include "SRC/plot_element.h"
+#include "SRC/element_document.h"
 #include "SRC/style_path.h"
-#include "dom/document.h"
 
 namespace PlotDom {
 
-class ObjType;
-
-/// A document whose elements are those of a plot. Its root is a Canvas.
-class PlotDocument : public Arbor::Document {
+/// The document of a plot. Its root is a Canvas.
+class PlotDocument : public ElementDocument {
  public:
-  /// Takes a format and arguments in the manner of vprintf.
-  using ErrorReporter = int (*)(const char* format, va_list arguments);
-
   PlotDocument() = default;
-
-  /// A new element of the class with that name; null for a name that is none of the 104 element
-  /// names, or where newElement() has made what is no element of the model.
-  Ubase::Ref<PlotElement> createElement(Token name) {
-    const Ubase::Ref<Arbor::Element> made = newElement(name);
-    return PlotElement::from(made.get());
-  }
-
-  /// The root element, null without one.
-  PlotElement* documentElement() const;
 
   /// Knows the classes of the model, and those of a host that derive from them and keep their
   /// names. Another class is reported.
@@ -41,10 +23,6 @@ class PlotDocument : public Arbor::Document {
   /// written then.
   std::ostream& writeXml(std::ostream& out) const override;
 
-  /// The description of the properties of an element class or a type of object, see
-  /// findPropertyInfo(); null for an unknown name.
-  virtual const ObjType* propertyInfo(Token name) const;
-
   /// Writes the drawing as a call of the algebra system's plot command, or of the command that
   /// draws a plot again. Nothing is written for a document without a root.
   virtual void printCommands(std::ostream& out, bool replot) const;
@@ -52,8 +30,7 @@ class PlotDocument : public Arbor::Document {
   /// Calls visit() of each element, from the root down.
   virtual void visitElements();
 
-  /// For searches for styles: what holds at the place that was searched last.
-  StylePath& stylePath() { return stylePath_; }
+  StylePath& stylePath() override { return stylePath_; }
 
   // The selection: what the selected ranges of the document hold.
 
@@ -87,12 +64,6 @@ class PlotDocument : public Arbor::Document {
   /// The next time after (or before) `time` at which something changes; NaN if there is none.
   virtual double nextTime(double time, bool forward) const;
 
-  /// Takes the complaints of the elements from now on; null for none.
-  void setErrorReporter(ErrorReporter reporter) { errorReporter_ = reporter; }
-
-  /// Passes a complaint on to the reporter, after a call with "PlotDom error: ".
-  void reportError(const char* format, va_list arguments) const;
-
  protected:
   ~PlotDocument() override = default;
 
@@ -103,7 +74,6 @@ class PlotDocument : public Arbor::Document {
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
   bool canBeWritten() const;
 
-  ErrorReporter errorReporter_ = nullptr;
   StylePath stylePath_;
 };
 

@@ -2,7 +2,7 @@
 
 #include <cstdarg>
 
-#include "SRC/plot_document.h"
+#include "SRC/element_document.h"
 #include "SRC/property_change_event.h"
 #include "dom/dom_exception.h"
 #include "dom/tree_walk.h"
@@ -11,8 +11,8 @@ namespace PlotDom {
 
 using Arbor::DomException;
 
-PlotDocument* PlotElement::plotDocument() const {
-  return static_cast<PlotDocument*>(ownerDocument());
+ElementDocument* PlotElement::plotDocument() const {
+  return static_cast<ElementDocument*>(ownerDocument());
 }
 
 void PlotElement::report(const char* format, ...) const {

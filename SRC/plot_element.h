@@ -12,7 +12,7 @@ using Ubase::Token;
 using Ubase::Variant;
 using Ubase::WordId;
 
-class PlotDocument;
+class ElementDocument;
 class StyleIndex;
 
 /// What the classes of the model have in common: from PlotElement on, each node with this model is
@@ -32,7 +32,7 @@ class PlotElement : public Arbor::Element {
   const Arbor::NodeClass* nodeClass() const override { return &plotModel; }
 
   /// The document that the element was made for.
-  PlotDocument* plotDocument() const;
+  ElementDocument* plotDocument() const;
 
   /// Sends a message in the manner of printf to the document's reporter.
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;

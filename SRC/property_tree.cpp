@@ -125,7 +125,7 @@ const PlotDocument& propertyTree() {
 
 }  // namespace
 
-const ObjType* findPropertyInfo(Token name) {
+const ObjType* propertyInfo(Token name) {
   const Arbor::Node* child = propertyTree().documentElement()->firstChild();
   for (; child; child = child->nextSibling()) {
     const auto* description = elementCast<ObjType>(child);

@@ -16,6 +16,6 @@ namespace PlotDom {
 /// `recalc` tells whether a change makes a new calculation necessary. `name` and `info` are not
 /// set: texts for the user are the host's, in the user's language. The description of all classes
 /// is made at the first call, for all threads. It must not be changed, nor copied by cloneNode().
-const ObjType* findPropertyInfo(Token name);
+const ObjType* propertyInfo(Token name);
 
 }  // namespace PlotDom

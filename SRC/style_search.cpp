@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "SRC/element_document.h"
 #include "SRC/obj_style.h"
-#include "SRC/plot_document.h"
 #include "SRC/style_index.h"
 #include "SRC/style_path.h"
 

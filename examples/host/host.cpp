@@ -14,6 +14,7 @@
 #include "SRC/plot_variants.h"
 #include "SRC/property_change_event.h"
 #include "SRC/property_info.h"
+#include "SRC/property_tree.h"
 #include "dom/tree_walk.h"
 #include "export/jvx_writer.h"
 #include "reader/zrd_parser_handler.h"
@@ -114,8 +115,8 @@ void deleteObject(PlotDocument& document, const char* id) {
 }
 
 /// What a property editor needs to know of the properties of a type of object in one category.
-void printFields(const PlotDocument& document, Token type, std::string_view categoryName) {
-  Arbor::walkSubtree<const Arbor::Node>(*document.propertyInfo(type), [&](const Arbor::Node& node) {
+void printFields(Token type, std::string_view categoryName) {
+  Arbor::walkSubtree<const Arbor::Node>(*propertyInfo(type), [&](const Arbor::Node& node) {
     if (const auto* category = elementCast<PropCat>(&node)) {
       return category->name().c_str() == categoryName;
     }
@@ -153,7 +154,7 @@ void run(const char* inName, const char* outName) {
   printStyles(*document);
 
   std::cout << "What can be said of the points of a curve:\n";
-  printFields(*document, Word::Curve2d, "Points");
+  printFields(Word::Curve2d, "Points");
 
   std::cout << "The drawing:\n";
   document->writeXml(std::cout);

@@ -121,7 +121,7 @@ class PropertyTreeTest : public PlotTest {
   /// The properties that the description of a name holds, by category.
   std::map<std::string, std::vector<const PropInfo*>> propertiesOf(const std::string& name) {
     std::map<std::string, std::vector<const PropInfo*>> result;
-    const ObjType* description = document->propertyInfo(token(name));
+    const ObjType* description = propertyInfo(token(name));
     if (!description) return result;
     for (const Arbor::Node* node = description->firstChild(); node; node = node->nextSibling()) {
       const auto& category = dynamic_cast<const PropCat&>(*node);
@@ -149,7 +149,7 @@ class PropertyTreeTest : public PlotTest {
 TEST_F(PropertyTreeTest, EachClassHasADescriptionOfAllItsProperties) {
   for (const std::string& elementClass : expectedElements) {
     SCOPED_TRACE(elementClass);
-    const ObjType* description = document->propertyInfo(token(elementClass));
+    const ObjType* description = propertyInfo(token(elementClass));
     ASSERT_TRUE(description);
     EXPECT_EQ(description->type(), token(elementClass));
 
@@ -204,7 +204,7 @@ TEST_F(PropertyTreeTest, TheCategoriesStandInTheirOrder) {
   std::set<std::string> seen;
   for (const std::string& elementClass : expectedElements) {
     auto next = categories.begin();
-    const Arbor::Node* node = document->propertyInfo(token(elementClass))->firstChild();
+    const Arbor::Node* node = propertyInfo(token(elementClass))->firstChild();
     for (; node; node = node->nextSibling()) {
       const std::string name = textOfString(dynamic_cast<const PropCat&>(*node).name());
       next = std::find(next, categories.end(), name);
@@ -247,7 +247,7 @@ TEST_F(PropertyTreeTest, ATypeOfObjectHasThePropertiesOfTheClass) {
   for (const auto& [elementClass, names] : types) {
     for (const std::string& name : names) {
       SCOPED_TRACE(name);
-      const ObjType* description = document->propertyInfo(token(name));
+      const ObjType* description = propertyInfo(token(name));
       ASSERT_TRUE(description);
       EXPECT_EQ(description->type(), token(name));
       const auto expected = allPropertiesOf(elementClass);
@@ -265,16 +265,14 @@ TEST_F(PropertyTreeTest, ANameOfBothStandsForTheClass) {
 
 TEST_F(PropertyTreeTest, OtherNamesHaveNone) {
   for (const char* name : {"P2", "LineWidth", "Flat", "Nonsense", ""}) {
-    EXPECT_EQ(document->propertyInfo(token(name)), nullptr) << name;
+    EXPECT_EQ(propertyInfo(token(name)), nullptr) << name;
   }
-  EXPECT_EQ(document->propertyInfo(Token()), nullptr);
+  EXPECT_EQ(propertyInfo(Token()), nullptr);
 }
 
 TEST_F(PropertyTreeTest, ItIsBuiltOnceAndIsADocumentOfItsOwn) {
-  const ObjType* description = document->propertyInfo(Word::Sphere);
-  EXPECT_EQ(description, document->propertyInfo(Word::Sphere));
-  const Ref<PlotDocument> other = new PlotDocument;
-  EXPECT_EQ(description, other->propertyInfo(Word::Sphere));
+  const ObjType* description = propertyInfo(Word::Sphere);
+  EXPECT_EQ(description, propertyInfo(Word::Sphere));
   EXPECT_NE(description->ownerDocument(), document.get());
   EXPECT_TRUE(description->isInDocument());
 }
@@ -303,7 +301,7 @@ TEST(PropertyInfoTree, ThreadsThatAskAtOnceGetTheSameTree) {
   std::array<const ObjType*, 4> found{};
   std::vector<std::thread> threads;
   for (const ObjType*& tree : found) {
-    threads.emplace_back([&tree] { tree = PlotDom::findPropertyInfo(Word::Mesh3d); });
+    threads.emplace_back([&tree] { tree = PlotDom::propertyInfo(Word::Mesh3d); });
   }
   for (std::thread& thread : threads) thread.join();
   ASSERT_NE(found[0], nullptr);

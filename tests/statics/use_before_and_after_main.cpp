@@ -114,7 +114,7 @@ void useTheModel() {
           "words are interned");
   require(Mesh3d::propertyList().find(Word::UMesh) != nullptr, "a property list is filled");
   require(FontStyle::standard().family == Ubase::FixedString("Times"), "there is a default font");
-  require(findPropertyInfo(Word::Mesh3d) != nullptr, "properties are described");
+  require(propertyInfo(Word::Mesh3d) != nullptr, "properties are described");
   makeDefaultStyles();
   const Ref<PlotDocument> document = load();
   const Line2d* line = lineIn(*document);

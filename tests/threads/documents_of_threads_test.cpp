@@ -146,7 +146,7 @@ TEST_F(DocumentsOfThreads, ShareTheDescriptionOfTheProperties) {
   std::array<std::string, threadCount> seen;
   onAllThreads([&](unsigned number) {
     for (const Token name : {Word::Mesh3d, Word::Canvas, Word::Text2d}) {
-      Arbor::walkSubtree<const Arbor::Node>(*findPropertyInfo(name), [&](const Arbor::Node& node) {
+      Arbor::walkSubtree<const Arbor::Node>(*propertyInfo(name), [&](const Arbor::Node& node) {
         const PlotElement& element = *PlotElement::from(&node);
         for (const Token property : {Word::Name, Word::Enum}) {
           if (!element.hasAttribute(property)) continue;
