@@ -1,4 +1,4 @@
-#include "base/escape_writers.h"
+#include "vantry/base/escape_writers.h"
 
 #include <array>
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "base/unicode_converter.h"
+#include "vantry/base/unicode_converter.h"
 
 namespace Ubase {
 namespace {

@@ -9,7 +9,7 @@
 
 #include <iosfwd>
 
-#include "base/output_sink.h"
+#include "vantry/base/output_sink.h"
 
 namespace Ubase {
 

@@ -1,4 +1,4 @@
-#include "base/format_number.h"
+#include "vantry/base/format_number.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "base/powers_of_ten.h"
+#include "vantry/base/powers_of_ten.h"
 
 // Six digits of a double, exactly.
 //

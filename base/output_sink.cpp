@@ -1,4 +1,4 @@
-#include "base/output_sink.h"
+#include "vantry/base/output_sink.h"
 
 #include <ostream>
 

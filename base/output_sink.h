@@ -9,7 +9,7 @@
 #include <memory>
 #include <string_view>
 
-#include "base/format_number.h"
+#include "vantry/base/format_number.h"
 
 namespace Ubase {
 

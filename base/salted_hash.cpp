@@ -1,4 +1,4 @@
-#include "base/salted_hash.h"
+#include "vantry/base/salted_hash.h"
 
 #include <unistd.h>
 

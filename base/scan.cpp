@@ -1,4 +1,4 @@
-#include "base/scan.h"
+#include "vantry/base/scan.h"
 
 #include <langinfo.h>
 

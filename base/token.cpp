@@ -1,7 +1,7 @@
-#include "base/token.h"
+#include "vantry/base/token.h"
 
-#include "base/token_table.h"
-#include "base/vocabulary.h"
+#include "vantry/base/token_table.h"
+#include "vantry/base/vocabulary.h"
 
 namespace Ubase {
 

@@ -1,11 +1,11 @@
-#include "base/token_table.h"
+#include "vantry/base/token_table.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 
-#include "base/salted_hash.h"
+#include "vantry/base/salted_hash.h"
 
 namespace Ubase {
 

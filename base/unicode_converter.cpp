@@ -1,4 +1,4 @@
-#include "base/unicode_converter.h"
+#include "vantry/base/unicode_converter.h"
 
 #include <langinfo.h>
 

@@ -19,7 +19,7 @@
 #include <optional>
 #include <span>
 
-#include "base/text_errors.h"
+#include "vantry/base/text_errors.h"
 
 namespace Ubase {
 

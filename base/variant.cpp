@@ -1,4 +1,4 @@
-#include "base/variant.h"
+#include "vantry/base/variant.h"
 
 #include <functional>
 #include <new>

@@ -8,8 +8,8 @@
 #include <cstring>
 #include <type_traits>
 
-#include "base/fixed_string.h"
-#include "base/token.h"
+#include "vantry/base/fixed_string.h"
+#include "vantry/base/token.h"
 
 namespace Ubase {
 

@@ -1,4 +1,4 @@
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 #include <algorithm>
 #include <array>

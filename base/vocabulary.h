@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/token.h"
+#include "vantry/base/token.h"
 
 namespace Ubase {
 
@@ -14,7 +14,7 @@ namespace Ubase {
 enum class WordId : int {
   none = 0,
 #define WORD(name, text) name,
-#include "base/vocabulary.def"
+#include "vantry/base/vocabulary.def"
   pastLast
 };
 
@@ -26,7 +26,7 @@ inline constexpr int wordCount = static_cast<int>(WordId::pastLast) - 1;
 inline constexpr char wordTexts[wordCount + 1][32] = {
     "",
 #define WORD(name, text) text,
-#include "base/vocabulary.def"
+#include "vantry/base/vocabulary.def"
 };
 
 /// The token of each word, under the word itself as its name ("true", "false" and "id" are True,
@@ -35,7 +35,7 @@ namespace Word {
 #define WORD(name, text)               \
   inline constexpr Ubase::Token name = \
       Ubase::Token::ofVocabulary(wordTexts[static_cast<int>(WordId::name)]);
-#include "base/vocabulary.def"
+#include "vantry/base/vocabulary.def"
 }  // namespace Word
 
 /// The token of a word's number; the null token for 0 and for all numbers above 528.

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 namespace Ubase {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "base/output_sink.h"
-#include "base/scan.h"
+#include "vantry/base/output_sink.h"
+#include "vantry/base/scan.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "dom/document.h"
-#include "dom/range.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/range.h"
 
 namespace {
 

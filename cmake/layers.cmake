@@ -1,22 +1,27 @@
-# vantry_layer(<folder> [NAME <name>] [LINKS <layer or target>...])
+# vantry_layer(<folder> [LINKS <layer or target>...])
 #
 # Makes the static library vantry_<name> of the sources in <folder> (a layer without sources is its
 # headers), with the alias vantry::<name>, and installs it with its headers as part of the package.
-# Its headers are included as "<folder>/file.h". They are reached through a folder of links that
-# holds this one layer, so that a header of a layer that is not linked cannot be found. The tests of
-# the layers hold both that and that no include climbs out of its folder.
+# The name is that of the folder, with "_" for "/". Headers are included as "vantry/<folder>/file.h".
+# They are reached through a folder of links that holds this one layer, so that a header of a layer
+# that is not linked cannot be found. The tests of the layers hold both that and that no include
+# climbs out of its folder.
 function(vantry_layer folder)
-  cmake_parse_arguments(LAYER "" "NAME" "LINKS" ${ARGN})
-  if(NOT LAYER_NAME)
-    set(LAYER_NAME ${folder})
-  endif()
-  set(target vantry_${LAYER_NAME})
+  cmake_parse_arguments(LAYER "" "" "LINKS" ${ARGN})
+  string(REPLACE "/" "_" name ${folder})
+  set(target vantry_${name})
 
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/${folder}/*.h ${PROJECT_SOURCE_DIR}/${folder}/*.def)
 
-  set(view ${PROJECT_BINARY_DIR}/include/${folder})
-  file(MAKE_DIRECTORY ${view})
-  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${view}/${folder} SYMBOLIC)
+  set(view ${PROJECT_BINARY_DIR}/include/${name})
+  file(REMOVE_RECURSE ${view})
+  file(MAKE_DIRECTORY ${view}/vantry/${folder})
+  foreach(header IN LISTS headers)
+    cmake_path(GET header FILENAME file)
+    file(CREATE_LINK ${header} ${view}/vantry/${folder}/${file} SYMBOLIC)
+  endforeach()
 
   if(sources)
     add_library(${target} STATIC ${sources})
@@ -26,11 +31,11 @@ function(vantry_layer folder)
     add_library(${target} INTERFACE)
     set(scope INTERFACE)
   endif()
-  add_library(vantry::${LAYER_NAME} ALIAS ${target})
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${LAYER_NAME})
+  add_library(vantry::${name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
   target_compile_features(${target} ${scope} cxx_std_20)
   target_include_directories(${target} ${scope}
-    $<BUILD_INTERFACE:${view}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vantry>)
+    $<BUILD_INTERFACE:${view}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   foreach(link IN LISTS LAYER_LINKS)
     if(TARGET vantry_${link})
       set(link vantry_${link})
@@ -47,7 +52,5 @@ function(vantry_layer folder)
       execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.gnu.lto_*
         \"\$ENV{DESTDIR}\${library}\" COMMAND_ERROR_IS_FATAL ANY)")
   endif()
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder}
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry
-    FILES_MATCHING PATTERN *.h PATTERN *.def)
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry/${folder})
 endfunction()

@@ -1,4 +1,4 @@
-# The package that find_package(vantry) finds: the layers as vantry::base to vantry::export.
+# The package that find_package(vantry) finds: the layers as vantry::base to vantry::javaview.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantry)

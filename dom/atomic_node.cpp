@@ -1,6 +1,6 @@
-#include "dom/atomic_node.h"
+#include "vantry/dom/atomic_node.h"
 
-#include "dom/dom_exception.h"
+#include "vantry/dom/dom_exception.h"
 
 namespace Arbor {
 

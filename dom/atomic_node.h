@@ -1,7 +1,7 @@
 // Nodes that have no children.
 #pragma once
 
-#include "dom/node.h"
+#include "vantry/dom/node.h"
 
 namespace Arbor {
 

@@ -1,10 +1,10 @@
-#include "dom/document.h"
+#include "vantry/dom/document.h"
 
 #include <ostream>
 #include <utility>
 
-#include "dom/dom_exception.h"
-#include "dom/range_list.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/range_list.h"
 
 namespace Arbor {
 

@@ -10,11 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "dom/document_fragment.h"
-#include "dom/element.h"
-#include "dom/event.h"
-#include "dom/operation_history.h"
-#include "dom/text.h"
+#include "vantry/dom/document_fragment.h"
+#include "vantry/dom/element.h"
+#include "vantry/dom/event.h"
+#include "vantry/dom/operation_history.h"
+#include "vantry/dom/text.h"
 
 namespace Arbor {
 

@@ -1,4 +1,4 @@
-#include "dom/document_fragment.h"
+#include "vantry/dom/document_fragment.h"
 
 namespace Arbor {
 

@@ -1,7 +1,7 @@
 // Fragments: a bundle of nodes to be put in together.
 #pragma once
 
-#include "dom/inner_node.h"
+#include "vantry/dom/inner_node.h"
 
 namespace Arbor {
 

@@ -1,8 +1,8 @@
 // Elements: named inner nodes with attributes.
 #pragma once
 
-#include "base/variant.h"
-#include "dom/inner_node.h"
+#include "vantry/base/variant.h"
+#include "vantry/dom/inner_node.h"
 
 namespace Arbor {
 

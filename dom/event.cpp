@@ -1,6 +1,6 @@
-#include "dom/event.h"
+#include "vantry/dom/event.h"
 
-#include "dom/range.h"
+#include "vantry/dom/range.h"
 
 namespace Arbor {
 

@@ -1,8 +1,8 @@
 // What a document tells its observers.
 #pragma once
 
-#include "base/token.h"
-#include "base/variant.h"
+#include "vantry/base/token.h"
+#include "vantry/base/variant.h"
 
 namespace Arbor {
 

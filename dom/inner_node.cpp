@@ -1,4 +1,4 @@
-#include "dom/inner_node.h"
+#include "vantry/dom/inner_node.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // Nodes that can have children.
 #pragma once
 
-#include "dom/node.h"
+#include "vantry/dom/node.h"
 
 namespace Arbor {
 

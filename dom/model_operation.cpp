@@ -1,9 +1,9 @@
-#include "dom/model_operation.h"
+#include "vantry/dom/model_operation.h"
 
 #include <utility>
 
-#include "dom/document.h"
-#include "dom/tree_walk.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/tree_walk.h"
 
 namespace Arbor {
 

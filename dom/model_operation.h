@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "base/operation.h"
-#include "base/variant.h"
-#include "dom/element.h"
-#include "dom/text.h"
+#include "vantry/base/operation.h"
+#include "vantry/base/variant.h"
+#include "vantry/dom/element.h"
+#include "vantry/dom/text.h"
 
 namespace Arbor {
 

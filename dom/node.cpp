@@ -1,12 +1,12 @@
-#include "dom/node.h"
+#include "vantry/dom/node.h"
 
 #include <memory>
 #include <utility>
 
-#include "dom/document.h"
-#include "dom/dom_exception.h"
-#include "dom/model_operation.h"
-#include "dom/tree_walk.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/model_operation.h"
+#include "vantry/dom/tree_walk.h"
 
 namespace Arbor {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <iosfwd>
 
-#include "base/ref_counted.h"
-#include "base/token.h"
+#include "vantry/base/ref_counted.h"
+#include "vantry/base/token.h"
 
 namespace Arbor {
 

@@ -1,4 +1,4 @@
-#include "dom/operation_history.h"
+#include "vantry/dom/operation_history.h"
 
 #include <iterator>
 #include <utility>

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "base/operation.h"
+#include "vantry/base/operation.h"
 
 namespace Arbor {
 

@@ -1,9 +1,9 @@
-#include "dom/range.h"
+#include "vantry/dom/range.h"
 
 #include <cstring>
 
-#include "dom/document.h"
-#include "dom/dom_exception.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/dom_exception.h"
 
 namespace Arbor {
 

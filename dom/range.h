@@ -1,8 +1,8 @@
 // Ranges: pairs of boundary points that follow the changes of the tree.
 #pragma once
 
-#include "dom/atomic_node.h"
-#include "dom/event.h"
+#include "vantry/dom/atomic_node.h"
+#include "vantry/dom/event.h"
 
 namespace Arbor {
 

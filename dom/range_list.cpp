@@ -1,6 +1,6 @@
-#include "dom/range_list.h"
+#include "vantry/dom/range_list.h"
 
-#include "dom/dom_exception.h"
+#include "vantry/dom/dom_exception.h"
 
 namespace Arbor {
 

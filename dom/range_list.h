@@ -1,8 +1,8 @@
 // All ranges of a document.
 #pragma once
 
-#include "dom/inner_node.h"
-#include "dom/range.h"
+#include "vantry/dom/inner_node.h"
+#include "vantry/dom/range.h"
 
 namespace Arbor {
 

@@ -1,11 +1,11 @@
-#include "dom/text.h"
+#include "vantry/dom/text.h"
 
 #include <algorithm>
 
-#include "base/escape_writers.h"
-#include "dom/document.h"
-#include "dom/dom_exception.h"
-#include "dom/model_operation.h"
+#include "vantry/base/escape_writers.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/model_operation.h"
 
 namespace Arbor {
 

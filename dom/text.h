@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "dom/atomic_node.h"
+#include "vantry/dom/atomic_node.h"
 
 namespace Arbor {
 

@@ -1,7 +1,7 @@
 // Walks over a subtree in document order. They use no stack, so a tree may be of any depth.
 #pragma once
 
-#include "dom/inner_node.h"
+#include "vantry/dom/inner_node.h"
 
 namespace Arbor {
 

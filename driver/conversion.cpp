@@ -5,17 +5,17 @@
 #include <optional>
 #include <span>
 
-#include "SRC/plot_document.h"
-#include "base/ref_counted.h"
 #include "driver/input.h"
 #include "driver/last_words.h"
 #include "driver/output.h"
 #include "driver/reporting.h"
-#include "export/export_error.h"
-#include "export/jvd_writer.h"
-#include "export/jvx_writer.h"
-#include "reader/xml_parser.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/base/ref_counted.h"
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/jvd_writer.h"
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/document.h"
+#include "vantry/reader/xml_parser.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 namespace Driver {
 

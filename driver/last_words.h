@@ -1,7 +1,7 @@
 // What is said before the program ends by an exception that nobody catches.
 #pragma once
 
-#include "reader/xml_parser.h"
+#include "vantry/reader/xml_parser.h"
 
 namespace Driver {
 

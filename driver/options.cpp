@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "base/scan.h"
 #include "driver/output.h"
 #include "driver/reporting.h"
+#include "vantry/base/scan.h"
 
 namespace Driver {
 

@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 int main() {
   for (int id = 1; id <= Ubase::wordCount; ++id) {

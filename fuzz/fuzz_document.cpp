@@ -6,17 +6,17 @@
 #include <ostream>
 #include <streambuf>
 
-#include "SRC/arc2d.h"
-#include "SRC/plot_document.h"
-#include "base/text_errors.h"
-#include "dom/dom_exception.h"
-#include "dom/tree_walk.h"
-#include "export/export_error.h"
-#include "export/jvd_writer.h"
-#include "export/jvx_writer.h"
 #include "fuzz_input.h"
-#include "reader/xml_parser.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/base/text_errors.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/jvd_writer.h"
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/elements/arc2d.h"
+#include "vantry/reader/xml_parser.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 namespace {
 

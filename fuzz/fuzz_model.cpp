@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "SRC/element_factory.h"
-#include "SRC/plot_document.h"
-#include "base/text_errors.h"
-#include "dom/dom_exception.h"
-#include "dom/range.h"
 #include "fuzz_input.h"
+#include "vantry/base/text_errors.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/range.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/element_factory.h"
 
 namespace {
 

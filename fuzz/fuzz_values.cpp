@@ -9,12 +9,12 @@
 #include <sstream>
 #include <string>
 
-#include "SRC/value_parsers.h"
-#include "SRC/value_printers.h"
-#include "base/output_sink.h"
-#include "base/scan.h"
-#include "base/text_errors.h"
 #include "fuzz_input.h"
+#include "vantry/base/output_sink.h"
+#include "vantry/base/scan.h"
+#include "vantry/base/text_errors.h"
+#include "vantry/plot/values/value_parsers.h"
+#include "vantry/plot/values/value_printers.h"
 
 namespace {
 

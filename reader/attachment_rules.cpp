@@ -1,8 +1,8 @@
-#include "reader/attachment_rules.h"
+#include "vantry/reader/attachment_rules.h"
 
 #include <initializer_list>
 
-#include "base/word_table.h"
+#include "vantry/base/word_table.h"
 
 namespace PlotDom {
 

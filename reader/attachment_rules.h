@@ -1,7 +1,7 @@
 // How each element of the input is put into the tree.
 #pragma once
 
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 namespace PlotDom {
 

@@ -7,18 +7,18 @@
 #include <span>
 #include <vector>
 
-#include "SRC/field2d.h"
-#include "SRC/field3d.h"
-#include "SRC/lines3d.h"
-#include "SRC/mesh3d.h"
-#include "SRC/poly2d.h"
-#include "SRC/poly3d.h"
-#include "SRC/pts2d.h"
-#include "SRC/pts3d.h"
-#include "SRC/surf3d.h"
-#include "SRC/value_parsers.h"
-#include "base/scan.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/base/scan.h"
+#include "vantry/plot/elements/field2d.h"
+#include "vantry/plot/elements/field3d.h"
+#include "vantry/plot/elements/lines3d.h"
+#include "vantry/plot/elements/mesh3d.h"
+#include "vantry/plot/elements/poly2d.h"
+#include "vantry/plot/elements/poly3d.h"
+#include "vantry/plot/elements/pts2d.h"
+#include "vantry/plot/elements/pts3d.h"
+#include "vantry/plot/elements/surf3d.h"
+#include "vantry/plot/values/value_parsers.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 namespace PlotDom {
 

@@ -1,4 +1,4 @@
-#include "reader/error_end.h"
+#include "vantry/reader/error_end.h"
 
 #include <expat.h>
 

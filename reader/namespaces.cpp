@@ -1,4 +1,4 @@
-#include "reader/namespaces.h"
+#include "vantry/reader/namespaces.h"
 
 #include <cstring>
 #include <limits>

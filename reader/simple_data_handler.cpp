@@ -1,4 +1,4 @@
-#include "reader/simple_data_handler.h"
+#include "vantry/reader/simple_data_handler.h"
 
 #include <algorithm>
 #include <cassert>

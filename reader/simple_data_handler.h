@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "reader/xml_handler.h"
+#include "vantry/reader/xml_handler.h"
 
 namespace Xml {
 

@@ -1,4 +1,4 @@
-#include "reader/xml_parser.h"
+#include "vantry/reader/xml_parser.h"
 
 #define XML_DTD  // for the operations that bound what entities make of a document
 #include <expat.h>
@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "reader/error_end.h"
+#include "vantry/reader/error_end.h"
 
 namespace Xml {
 

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "reader/namespaces.h"
-#include "reader/recent_names.h"
-#include "reader/xml_handler.h"
+#include "vantry/reader/namespaces.h"
+#include "vantry/reader/recent_names.h"
+#include "vantry/reader/xml_handler.h"
 
 struct XML_ParserStruct;  // expat's parser
 

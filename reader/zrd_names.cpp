@@ -1,7 +1,7 @@
-#include "reader/zrd_names.h"
+#include "vantry/reader/zrd_names.h"
 
-#include "SRC/element_factory.h"
-#include "base/word_table.h"
+#include "vantry/base/word_table.h"
+#include "vantry/plot/element_factory.h"
 
 namespace PlotDom {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 namespace PlotDom {
 

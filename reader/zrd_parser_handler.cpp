@@ -1,12 +1,12 @@
-#include "reader/zrd_parser_handler.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 #include <utility>
 
-#include "SRC/native_text.h"
-#include "dom/dom_exception.h"
-#include "reader/attachment_rules.h"
-#include "reader/in_quotes.h"
-#include "reader/zrd_names.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/plot/values/native_text.h"
+#include "vantry/reader/attachment_rules.h"
+#include "vantry/reader/in_quotes.h"
+#include "vantry/reader/zrd_names.h"
 
 namespace PlotDom {
 

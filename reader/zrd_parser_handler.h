@@ -4,12 +4,12 @@
 #include <cstdarg>
 #include <string>
 
-#include "SRC/color_array2d.h"
-#include "SRC/density_array2d.h"
-#include "SRC/plot_document.h"
-#include "SRC/point_list.h"
-#include "reader/simple_data_handler.h"
-#include "reader/xml_parser.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/elements/color_array2d.h"
+#include "vantry/plot/elements/density_array2d.h"
+#include "vantry/plot/framework/point_list.h"
+#include "vantry/reader/simple_data_handler.h"
+#include "vantry/reader/xml_parser.h"
 
 namespace PlotDom {
 

@@ -5,11 +5,11 @@
 #include <random>
 #include <vector>
 
-#include "SRC/element_factory.h"
-#include "SRC/plot_document.h"
-#include "dom/dom_exception.h"
-#include "dom/text.h"
-#include "dom/tree_walk.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/text.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/element_factory.h"
 
 /// The names of all properties of each element class, found when first asked for.
 class PropertyNames {

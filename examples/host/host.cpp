@@ -9,15 +9,15 @@
 #include <string_view>
 #include <vector>
 
-#include "SRC/object.h"
-#include "SRC/plot_document.h"
-#include "SRC/plot_variants.h"
-#include "SRC/property_change_event.h"
-#include "SRC/property_info.h"
-#include "SRC/property_tree.h"
-#include "dom/tree_walk.h"
-#include "export/jvx_writer.h"
-#include "reader/zrd_parser_handler.h"
+#include <vantry/dom/tree_walk.h>
+#include <vantry/javaview/jvx_writer.h>
+#include <vantry/plot/document.h>
+#include <vantry/plot/elements/object.h>
+#include <vantry/plot/elements/property_info.h>
+#include <vantry/plot/framework/property_change_event.h>
+#include <vantry/plot/metadata/property_tree.h>
+#include <vantry/plot/values/variants.h>
+#include <vantry/reader/zrd_parser_handler.h>
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "base/escape_writers.h"
+#include "vantry/base/escape_writers.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 
 #include "../locale_guard.h"
-#include "base/text_errors.h"
+#include "vantry/base/text_errors.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "base/fixed_string.h"
+#include "vantry/base/fixed_string.h"
 
 #include <gtest/gtest.h>
 

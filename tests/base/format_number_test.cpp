@@ -1,4 +1,4 @@
-#include "base/format_number.h"
+#include "vantry/base/format_number.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "base/powers_of_ten.h"
+#include "vantry/base/powers_of_ten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "base/ref_counted.h"
+#include "vantry/base/ref_counted.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
 
-#include "base/operation.h"
+#include "vantry/base/operation.h"
 
 namespace {
 

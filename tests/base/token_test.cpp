@@ -1,4 +1,4 @@
-#include "base/token.h"
+#include "vantry/base/token.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -13,9 +13,9 @@
 #include <thread>
 #include <vector>
 
-#include "base/token_table.h"
-#include "base/vocabulary.h"
-#include "base/word_table.h"
+#include "vantry/base/token_table.h"
+#include "vantry/base/vocabulary.h"
+#include "vantry/base/word_table.h"
 
 namespace {
 

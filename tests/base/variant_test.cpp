@@ -1,4 +1,4 @@
-#include "base/variant.h"
+#include "vantry/base/variant.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/vocabulary.h"
+#include "vantry/base/vocabulary.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "dom/document.h"
+#include "vantry/dom/document.h"
 
 #include "test_document.h"
 

@@ -1,4 +1,4 @@
-#include "dom/dom_exception.h"
+#include "vantry/dom/dom_exception.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "dom/element.h"
+#include "vantry/dom/element.h"
 
 #include "test_document.h"
 

@@ -1,4 +1,4 @@
-#include "dom/model_operation.h"
+#include "vantry/dom/model_operation.h"
 
 #include "test_document.h"
 

@@ -1,4 +1,4 @@
-#include "dom/node.h"
+#include "vantry/dom/node.h"
 
 #include "test_document.h"
 

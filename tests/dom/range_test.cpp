@@ -1,7 +1,7 @@
-#include "dom/range.h"
+#include "vantry/dom/range.h"
 
-#include "dom/range_list.h"
 #include "test_document.h"
+#include "vantry/dom/range_list.h"
 
 namespace {
 

@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "dom/document.h"
-#include "dom/dom_exception.h"
-#include "dom/model_operation.h"
-#include "dom/range.h"
-#include "dom/tree_walk.h"
+#include "vantry/dom/document.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/model_operation.h"
+#include "vantry/dom/range.h"
+#include "vantry/dom/tree_walk.h"
 
 namespace ArborTest {
 

@@ -1,10 +1,10 @@
-#include "dom/text.h"
+#include "vantry/dom/text.h"
 
 #include <clocale>
 #include <string>
 
-#include "base/text_errors.h"
 #include "test_document.h"
+#include "vantry/base/text_errors.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "dom/tree_walk.h"
+#include "vantry/dom/tree_walk.h"
 
 #include "test_document.h"
 

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "SRC/mesh3d.h"
-#include "SRC/poly2d.h"
 #include "reading.h"
+#include "vantry/plot/elements/mesh3d.h"
+#include "vantry/plot/elements/poly2d.h"
 
 namespace {
 

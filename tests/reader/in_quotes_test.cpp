@@ -1,4 +1,4 @@
-#include "reader/in_quotes.h"
+#include "vantry/reader/in_quotes.h"
 
 #include <gtest/gtest.h>
 

@@ -4,11 +4,11 @@
 #include <iterator>
 #include <map>
 
-#include "SRC/color_array2d.h"
-#include "SRC/density_array2d.h"
-#include "SRC/element_factory.h"
-#include "SRC/plot_variants.h"
-#include "SRC/point_list.h"
+#include "vantry/plot/element_factory.h"
+#include "vantry/plot/elements/color_array2d.h"
+#include "vantry/plot/elements/density_array2d.h"
+#include "vantry/plot/framework/point_list.h"
+#include "vantry/plot/values/variants.h"
 
 using namespace PlotDom;
 using Ubase::Ref;

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "SRC/plot_document.h"
-#include "SRC/rgba.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/values/rgba.h"
 
 /// A document with elements, attributes, texts and data by chance, the same for each `seed`. All of
 /// it can be written and read again: texts have no blanks at their ends, for readers drop them, and

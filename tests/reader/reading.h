@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
-#include "SRC/plot_document.h"
-#include "dom/dom_exception.h"
-#include "reader/xml_parser.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/plot/document.h"
+#include "vantry/reader/xml_parser.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 /// One reading, in blocks of 512 bytes as the driver does it.
 class Reading {

@@ -1,4 +1,4 @@
-#include "reader/recent_names.h"
+#include "vantry/reader/recent_names.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "reader/simple_data_handler.h"
-#include "reader/xml_parser.h"
+#include "vantry/reader/simple_data_handler.h"
+#include "vantry/reader/xml_parser.h"
 
 /// Knows the names that begin with a small letter, gives them codes in the order of their first
 /// appearance and logs each call. Text is collected in the elements named "text".

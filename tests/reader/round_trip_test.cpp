@@ -2,12 +2,12 @@
 #include <set>
 #include <sstream>
 
-#include "SRC/element_factory.h"
-#include "dom/tree_walk.h"
 #include "examples.h"
 #include "random_drawing.h"
 #include "reading.h"
 #include "tree_difference.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/element_factory.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "reader/simple_data_handler.h"
+#include "vantry/reader/simple_data_handler.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "reader/xml_parser.h"
+#include "vantry/reader/xml_parser.h"
 
 namespace {
 

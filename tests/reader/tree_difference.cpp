@@ -4,9 +4,9 @@
 #include <cstring>
 #include <vector>
 
-#include "SRC/color_array2d.h"
-#include "SRC/density_array2d.h"
-#include "SRC/point_list.h"
+#include "vantry/plot/elements/color_array2d.h"
+#include "vantry/plot/elements/density_array2d.h"
+#include "vantry/plot/framework/point_list.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "SRC/plot_element.h"
+#include "vantry/plot/framework/element.h"
 
 /// The first difference between two trees in elements, attributes, text or point data, empty if
 /// there is none. What is never written counts for nothing: ids, and matrices, colour functions and

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "../random_changes.h"
-#include "dom/tree_walk.h"
 #include "examples.h"
 #include "reading.h"
 #include "tree_difference.h"
+#include "vantry/dom/tree_walk.h"
 
 namespace {
 

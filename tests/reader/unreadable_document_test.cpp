@@ -3,15 +3,15 @@
 #include <locale>
 #include <sstream>
 
-#include "SRC/canvas.h"
-#include "SRC/color_array2d.h"
-#include "SRC/density_array2d.h"
-#include "SRC/plot_variants.h"
-#include "SRC/point_list.h"
-#include "dom/text.h"
 #include "examples.h"
 #include "reading.h"
 #include "tree_difference.h"
+#include "vantry/dom/text.h"
+#include "vantry/plot/elements/canvas.h"
+#include "vantry/plot/elements/color_array2d.h"
+#include "vantry/plot/elements/density_array2d.h"
+#include "vantry/plot/framework/point_list.h"
+#include "vantry/plot/values/variants.h"
 
 namespace {
 

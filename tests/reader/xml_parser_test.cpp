@@ -1,4 +1,4 @@
-#include "reader/xml_parser.h"
+#include "vantry/reader/xml_parser.h"
 
 #include <expat.h>
 #include <gtest/gtest.h>

@@ -1,16 +1,16 @@
-#include "reader/zrd_parser_handler.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 
-#include "SRC/canvas.h"
-#include "SRC/expr_list.h"
-#include "SRC/object.h"
-#include "SRC/poly2d.h"
-#include "SRC/scene.h"
-#include "reader/zrd_names.h"
 #include "reading.h"
+#include "vantry/plot/elements/canvas.h"
+#include "vantry/plot/elements/expr_list.h"
+#include "vantry/plot/elements/object.h"
+#include "vantry/plot/elements/poly2d.h"
+#include "vantry/plot/elements/scene.h"
+#include "vantry/reader/zrd_names.h"
 
 namespace {
 

@@ -7,16 +7,16 @@
 #include <string>
 #include <string_view>
 
-#include "SRC/canvas.h"
-#include "SRC/line2d.h"
-#include "SRC/mesh3d.h"
-#include "SRC/plot_document.h"
-#include "SRC/property_change_event.h"
-#include "SRC/property_tree.h"
-#include "dom/tree_walk.h"
-#include "export/jvx_writer.h"
-#include "reader/xml_parser.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/elements/canvas.h"
+#include "vantry/plot/elements/line2d.h"
+#include "vantry/plot/elements/mesh3d.h"
+#include "vantry/plot/framework/property_change_event.h"
+#include "vantry/plot/metadata/property_tree.h"
+#include "vantry/reader/xml_parser.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 namespace {
 

@@ -12,15 +12,15 @@
 
 #include "../random_changes.h"
 #include "../reader/examples.h"
-#include "SRC/canvas.h"
-#include "SRC/property_info.h"
-#include "SRC/property_tree.h"
-#include "SRC/text2d.h"
-#include "export/export_error.h"
-#include "export/jvd_writer.h"
-#include "export/jvx_writer.h"
-#include "reader/xml_parser.h"
-#include "reader/zrd_parser_handler.h"
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/jvd_writer.h"
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/elements/canvas.h"
+#include "vantry/plot/elements/property_info.h"
+#include "vantry/plot/elements/text2d.h"
+#include "vantry/plot/metadata/property_tree.h"
+#include "vantry/reader/xml_parser.h"
+#include "vantry/reader/zrd_parser_handler.h"
 
 namespace {
 

@@ -1,0 +1,25 @@
+// The pieces of text that the blocks of a JavaView display are made of.
+#pragma once
+
+#include "vantry/javaview/javaview_output.h"
+#include "vantry/plot/values/point.h"
+
+namespace PlotDom {
+
+/// Writes the set-up of a display. Points are those of the coordinate system: no transform applies.
+class DisplayOutput : public JavaViewOutput {
+ public:
+  /// Where a camera or a light stands.
+  void writePosition(const P3& point) { writePoint("position", point); }
+
+  /// What it is directed at.
+  void writeInterest(const P3& point) { writePoint("interest", point); }
+
+ private:
+  void writePoint(std::string_view element, const P3& point) {
+    *this << '<' << element << '>' << point.x << ' ' << point.y << ' ' << point.z << "</" << element
+          << ">\n";
+  }
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,16 @@
+// Writers of vector fields.
+#pragma once
+
+#include "vantry/javaview/geometry_output.h"
+#include "vantry/plot/elements/field2d.h"
+#include "vantry/plot/elements/field3d.h"
+
+namespace PlotDom {
+
+// A field with fewer vectors than its grid has nodes is not written; surplus vectors are ignored.
+
+/// Writes the vectors as arrows from the nodes of the grid.
+void emitField3d(GeometryOutput& out, const Field3d& field);
+void emitField2d(GeometryOutput& out, const Field2d& field);
+
+}  // namespace PlotDom

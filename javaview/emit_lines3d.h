@@ -1,0 +1,25 @@
+// Writers of the primitives in space that are lists of points, and of those with two points.
+#pragma once
+
+#include "vantry/javaview/geometry_output.h"
+#include "vantry/plot/elements/arrow3d.h"
+#include "vantry/plot/elements/line3d.h"
+#include "vantry/plot/elements/lines3d.h"
+#include "vantry/plot/elements/poly3d.h"
+#include "vantry/plot/elements/pts3d.h"
+
+namespace PlotDom {
+
+void emitPts3d(GeometryOutput& out, const Pts3d& points);
+
+/// `Lines` of an odd number of points end in a line to a point that does not exist, and their
+/// number leaves that line out.
+void emitLines3d(GeometryOutput& out, const Lines3d& lines);
+
+/// Only triangles are filled in space: a filled polygon of more points is not written at all.
+void emitPoly3d(GeometryOutput& out, const Poly3d& polygon);
+
+void emitLine3d(GeometryOutput& out, const Line3d& line);
+void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow);
+
+}  // namespace PlotDom

@@ -1,0 +1,26 @@
+// Writers of the primitives in space whose geometry is generated. How finely they are divided is
+// fixed: no property and no size changes it.
+#pragma once
+
+#include "vantry/javaview/geometry_output.h"
+#include "vantry/plot/elements/box.h"
+#include "vantry/plot/elements/circle3d.h"
+#include "vantry/plot/elements/cone.h"
+#include "vantry/plot/elements/ellipsoid.h"
+#include "vantry/plot/elements/sphere.h"
+#include "vantry/plot/elements/text3d.h"
+
+namespace PlotDom {
+
+void emitBox(GeometryOutput& out, const Box& box);
+void emitSphere(GeometryOutput& out, const Sphere& sphere);
+void emitEllipsoid(GeometryOutput& out, const Ellipsoid& ellipsoid);
+void emitCircle3d(GeometryOutput& out, const Circle3d& circle);
+
+/// The mantle and the two rims, without caps.
+void emitCone(GeometryOutput& out, const Cone& cone);
+
+/// Throws Ubase::BadUnicodeString.
+void emitText3d(GeometryOutput& out, const Text3d& text);
+
+}  // namespace PlotDom

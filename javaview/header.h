@@ -1,0 +1,24 @@
+// The texts with which JavaView documents begin.
+#pragma once
+
+#include <string_view>
+
+#include "vantry/javaview/javaview_output.h"
+
+namespace PlotDom {
+
+/// What sets the headers of the document types apart.
+struct DocumentType {
+  std::string_view root;
+  std::string_view systemIdentifier;
+  std::string_view dtdVersion;
+};
+
+/// The part of the header that all document types share: up to the empty abstract, within
+/// `<description>`.
+void beginHeader(JavaViewOutput& out, const DocumentType& type, std::string_view date);
+
+/// The whole header of a model. All that it could tell of the document stays empty.
+void writeJvxHeader(JavaViewOutput& out, std::string_view date);
+
+}  // namespace PlotDom

@@ -1,0 +1,104 @@
+// What all JavaView documents have in common: which scene is written, and how it is at which time.
+#pragma once
+
+#include <cmath>
+#include <iosfwd>
+#include <string>
+
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/javaview_output.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/elements/coordinate_system.h"
+#include "vantry/plot/elements/img.h"
+#include "vantry/plot/elements/object.h"
+#include "vantry/plot/elements/scene.h"
+#include "vantry/plot/elements/time_range.h"
+
+namespace PlotDom {
+
+/// What of a document is exported: the first scene, and in it the first coordinate system.
+struct ExportedScene {
+  const SceneBase& scene;
+  const CoordinateSystemBase& coordinateSystem;
+  bool is2d;
+};
+
+/// Writes one scene of a document. The document is read only, and may be null: then `write` throws.
+class JavaViewWriter {
+ public:
+  explicit JavaViewWriter(PlotDocument* document) : document_(document) {}
+  JavaViewWriter(const JavaViewWriter&) = delete;
+  JavaViewWriter& operator=(const JavaViewWriter&) = delete;
+  virtual ~JavaViewWriter() = default;
+
+  /// Writes the whole document as it is at `time`; NaN asks for no certain time. Throws
+  /// JavaViewExportError, and Ubase::BadUnicodeString for a text. However it ends, `stream` has got
+  /// all that was written so far.
+  virtual void write(std::ostream& stream, double time);
+
+  /// Hears of what does not stop the export; does nothing here.
+  virtual void warning(const char* text);
+
+  /// Whether the document has a time range.
+  bool isAnimated() const { return timeRangeElement() != nullptr; }
+
+  /// The time range of the document; false if there is none.
+  bool timeRange(double& begin, double& end) const;
+
+  /// Sets the time of the output: `t`, brought into the time range, whose begin stands for NaN. For
+  /// a document without time range that is NaN, and another `t` is warned of.
+  void setTime(double t);
+
+  /// Searches what is to be exported; warns if there is more. Throws JavaViewExportError.
+  ExportedScene findScene();
+
+  /// Whether the object appears at the time of the output.
+  bool isVisibleNow(const ObjectBase& object) const;
+
+  /// The child of class `Frame` that holds at the time of the output: the last one that is not
+  /// later, where the frames stand in the order of their times. Otherwise the first one; null if
+  /// there is none.
+  template <class Frame>
+  const Frame* findTimed(const Arbor::Node& parent) const;
+  const Img3d* findImg3d(const Obj3d& object) const { return findTimed<Img3d>(object); }
+  const Img2d* findImg2d(const Obj2d& object) const { return findTimed<Img2d>(object); }
+
+  /// The same as findTimed(), but throws JavaViewExportError with that message if there is none.
+  template <class Frame>
+  const Frame& requireTimed(const Arbor::Node& parent, const char* error) const {
+    const Frame* frame = findTimed<Frame>(parent);
+    if (!frame) throw JavaViewExportError(error);
+    return *frame;
+  }
+
+  /// The date and time of now, local, in the form "Thu Jan  1 00:00:00 1970".
+  static std::string timestamp();
+
+ private:
+  virtual JavaViewOutput& output() = 0;
+  virtual void writeHeader() = 0;
+  virtual void writeScene(const ExportedScene& scene) = 0;
+
+  const Arbor::Node* root() const { return document_ ? document_->firstChild() : nullptr; }
+  const TimeRange* timeRangeElement() const;
+
+  PlotDocument* document_;
+  double time_ = nan;
+};
+
+template <class Frame>
+const Frame* JavaViewWriter::findTimed(const Arbor::Node& parent) const {
+  if (std::isnan(time_)) return firstChildOf<Frame>(parent);
+  const Frame* best = nullptr;
+  for (const Arbor::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
+    const auto* frame = elementCast<Frame>(child);
+    if (!frame) continue;
+    const double frameTime = frame->frameTime();
+    if (std::isnan(frameTime)) return frame;
+    if (frameTime > time_) break;
+    best = frame;
+  }
+  return best ? best : firstChildOf<Frame>(parent);
+}
+
+}  // namespace PlotDom

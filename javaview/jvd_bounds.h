@@ -1,0 +1,57 @@
+// The viewing box of a scene as numbers, and the blocks of a display that follow from it.
+#pragma once
+
+#include <cmath>
+
+#include "vantry/javaview/display_output.h"
+#include "vantry/plot/elements/coordinate_system.h"
+#include "vantry/plot/elements/scene.h"
+#include "vantry/plot/values/point.h"
+
+namespace PlotDom {
+
+/// The extent of the viewing box along one axis.
+struct AxisRange {
+  double min = nan;  // NaN: unknown
+  double max = nan;  // NaN: unknown
+
+  bool isKnown() const { return !std::isnan(min) && !std::isnan(max); }
+  double size() const { return std::abs(max - min); }
+};
+
+/// The viewing box as far as the document tells it.
+struct Bounds {
+  AxisRange x;
+  AxisRange y;
+  AxisRange z;  // unknown in 2d
+
+  /// The largest size among the known axes, NaN if there is none.
+  double span = nan;
+
+  bool isKnown2d() const { return x.isKnown() && y.isKnown(); }
+  bool isKnown3d() const { return isKnown2d() && z.isKnown(); }
+};
+
+/// The viewing box of a coordinate system. A range that is empty or upside down is unknown.
+Bounds computeBounds(const CoordinateSystemBase& coordinateSystem, bool is2d);
+
+/// Maps each coordinate from the range -1 to 1 onto the bounds.
+P3 mapToBox(const Bounds& bounds, const P3& point);
+
+/// Whether the axes are scaled alike.
+bool isConstrained(const CoordinateSystemBase& coordinateSystem);
+
+/// Writes `<boxRatio>` and gives the ratio with which the camera sees the box: 1 if the scaling is
+/// constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.
+double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
+                       const Bounds& bounds);
+
+/// Writes `<boxRatio>`, unless the box is unknown.
+void writeBoxRatio3d(DisplayOutput& out, const SceneBase& scene,
+                     const CoordinateSystemBase& coordinateSystem, const Bounds& bounds);
+
+/// Writes `<clipRange>` with the axes that are known. `extendClip` widens each range by a tenth of
+/// its size at either end.
+void writeClipRange(DisplayOutput& out, const Bounds& bounds, bool extendClip);
+
+}  // namespace PlotDom

@@ -1,0 +1,268 @@
+#include "vantry/javaview/jvx_writer.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <limits>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "vantry/dom/tree_walk.h"
+#include "vantry/javaview/emit_fields.h"
+#include "vantry/javaview/emit_lines3d.h"
+#include "vantry/javaview/emit_plane.h"
+#include "vantry/javaview/emit_rasters.h"
+#include "vantry/javaview/emit_solids.h"
+#include "vantry/javaview/emit_surfaces.h"
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/header.h"
+#include "vantry/plot/elements/expr.h"
+#include "vantry/plot/elements/group.h"
+#include "vantry/plot/elements/transform.h"
+
+namespace PlotDom {
+
+namespace {
+
+/// How the primitives of one class are written.
+struct Emitter {
+  const Arbor::NodeClass* nodeClass;
+  void (*emit)(GeometryOutput& out, const Arbor::Node& primitive);
+};
+
+template <class Primitive, void (*emit)(GeometryOutput&, const Primitive&)>
+constexpr Emitter emitter() {
+  return {&elementClass<Primitive>, [](GeometryOutput& out, const Arbor::Node& primitive) {
+            emit(out, static_cast<const Primitive&>(primitive));
+          }};
+}
+
+// A primitive without a line here leaves no trace in the output.
+constexpr Emitter emitters3d[] = {
+    emitter<Mesh3d, emitMesh3d>(),
+    emitter<Poly3d, emitPoly3d>(),
+    emitter<Pts3d, emitPts3d>(),
+    emitter<Lines3d, emitLines3d>(),
+    emitter<Surf3d, emitSurf3d>(),
+    emitter<Field3d, emitField3d>(),
+    emitter<Line3d, emitLine3d>(),
+    emitter<Arrow3d, emitArrow3d>(),
+    emitter<Box, emitBox>(),
+    emitter<Circle3d, emitCircle3d>(),
+    emitter<Cone, emitCone>(),
+    emitter<Sphere, emitSphere>(),
+    emitter<Ellipsoid, emitEllipsoid>(),
+    emitter<Text3d, emitText3d>(),
+};
+
+constexpr Emitter emitters2d[] = {
+    emitter<Poly2d, emitPoly2d>(),
+    emitter<Field2d, emitField2d>(),
+    emitter<Arc2d, emitArc2d>(),
+    emitter<Pt2d, emitPt2d>(),
+    emitter<Line2d, emitLine2d>(),
+    emitter<Arrow2d, emitArrow2d>(),
+    emitter<ColorArray2d, emitColorArray2d>(),
+    emitter<DensityArray2d, emitDensityArray2d>(),
+    emitter<Pts2d, emitPts2d>(),
+    emitter<Text2d, emitText2d>(),
+    emitter<VerticalAsymptote, emitVerticalAsymptote>(),
+};
+
+void emitChildren(GeometryOutput& out, const Arbor::Node& image,
+                  std::span<const Emitter> emitters) {
+  for (const Arbor::Node* child = image.firstChild(); child; child = child->nextSibling()) {
+    const Arbor::NodeClass* nodeClass = child->nodeClass();
+    for (const Emitter& emitter : emitters) {
+      if (nodeClass == emitter.nodeClass) emitter.emit(out, *child);
+    }
+  }
+}
+
+Matrix matrixOf(const Tr3d& tr) {
+  const P3& row1 = tr.row1();
+  const P3& row2 = tr.row2();
+  const P3& row3 = tr.row3();
+  const P3& shift = tr.shift();
+  return {row1.x, row1.y, row1.z, shift.x,  //
+          row2.x, row2.y, row2.z, shift.y,  //
+          row3.x, row3.y, row3.z, shift.z,  //
+          0,      0,      0,      1};
+}
+
+Matrix matrixOf(const Tr2d& tr) {
+  const P2& row1 = tr.row1();
+  const P2& row2 = tr.row2();
+  const P2& shift = tr.shift();
+  // The third row is zero on purpose: a flat map has no height.
+  return {row1.x, row1.y, 0, shift.x,  //
+          row2.x, row2.y, 0, shift.y,  //
+          0,      0,      0, 0,        //
+          0,      0,      0, 1};
+}
+
+}  // namespace
+
+void JVXWriter::writeHeader() { writeJvxHeader(out_, timestamp()); }
+
+void JVXWriter::writeScene(const ExportedScene& scene) {
+  setValueRange(scene);
+  out_.transformStack.clear();
+  out_ << "<geometries>\n";
+  writeContainer(scene.coordinateSystem);
+  out_ << "</geometries>\n</jvx-model>\n";
+}
+
+namespace {
+
+template <class Min, class Max>
+void findValueRange(const CoordinateSystemBase& coordinateSystem, GeometryOutput& out) {
+  const auto* min = firstChildOf<Min>(coordinateSystem);
+  const auto* max = firstChildOf<Max>(coordinateSystem);
+  const bool isKnown = min && max && max->value() > min->value();
+  out.valueMin = isKnown ? min->value() : 0;
+  out.valueMax = isKnown ? max->value() : 0;
+}
+
+}  // namespace
+
+void JVXWriter::setValueRange(const ExportedScene& scene) {
+  if (scene.is2d) {
+    findValueRange<ViewingBoxYMin, ViewingBoxYMax>(scene.coordinateSystem, out_);
+  } else {
+    findValueRange<ViewingBoxZMin, ViewingBoxZMax>(scene.coordinateSystem, out_);
+  }
+}
+
+void JVXWriter::writeContainer(const Arbor::Node& container) {
+  Arbor::walkSubtree(
+      container, [&](const Arbor::Node& node) { return &node == &container || enter(node); },
+      [this](const Arbor::Node& node) { leave(node); });
+}
+
+/// Writes the node if it is an object, and tells whether to go on with its children.
+bool JVXWriter::enter(const Arbor::Node& node) {
+  if (const auto* object = elementCast<Obj3d>(&node)) {
+    writeObj3d(*object);
+    return false;
+  }
+  if (const auto* object = elementCast<Obj2d>(&node)) {
+    writeObj2d(*object);
+    return false;
+  }
+  if (const auto* group = elementCast<GroupBase, Group3d, Group2d>(&node)) {
+    return group->visible();
+  }
+  if (isElementOf<Transform3d>(node)) {
+    out_.pushTransform(matrixOf(requireTimed<Tr3d>(node, "no Tr3d")));
+    return true;
+  }
+  if (isElementOf<Transform2d>(node)) {
+    out_.pushTransform(matrixOf(requireTimed<Tr2d>(node, "no Tr2d")));
+    return true;
+  }
+  return false;
+}
+
+void JVXWriter::leave(const Arbor::Node& node) {
+  if (isElementOf<Transform3d, Transform2d>(node)) out_.popTransform();
+}
+
+void JVXWriter::writeObj3d(const Obj3d& object) {
+  if (!isVisibleNow(object)) return;
+  emitChildren(out_, requireTimed<Img3d>(object, "no Img3d"), emitters3d);
+}
+
+void JVXWriter::writeObj2d(const Obj2d& object) {
+  if (!isVisibleNow(object)) return;
+  emitChildren(out_, requireTimed<Img2d>(object, "no Img2d"), emitters2d);
+}
+
+namespace {
+
+/// "movie.jvx" with its number before the last dot: "movie.1.jvx".
+std::string numberedName(std::string_view fileName, std::int64_t number) {
+  const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
+  std::string name(fileName.substr(0, dot));
+  name += '.';
+  name += std::to_string(number);
+  name += fileName.substr(dot);
+  return name;
+}
+
+/// The times of the frames: from the begin on in steps, the last one at the end.
+class FrameTimes {
+ public:
+  FrameTimes(double begin, double end, int frames) : now_(begin), end_(end), step_(1.0 / frames) {}
+
+  double now() const { return now_; }
+  bool isFinite() const { return std::isfinite(end_ - now_); }
+
+  /// Goes on to the next time; false if there is none.
+  bool goOn() {
+    const double almostEnd = end_ - std::numeric_limits<double>::epsilon();
+    if (isLast_ || !(now_ < almostEnd)) return false;
+    const double next = now_ + step_;
+    const bool isStepLost = !(next > now_);  // as there are no times in between
+    isLast_ = isStepLost || next > almostEnd;
+    now_ = isLast_ ? end_ : next;
+    return true;
+  }
+
+ private:
+  double now_;
+  double end_;
+  double step_;
+  bool isLast_ = false;
+};
+
+// The steps are gone through, since rounding has its part in their number.
+bool isWithinLimits(FrameTimes times) {
+  constexpr int mostFrames = 1'000'000;
+  if (!times.isFinite()) return false;
+  for (int frames = 1; times.goOn(); ++frames) {
+    if (frames == mostFrames) return false;
+  }
+  return true;
+}
+
+bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
+
+}  // namespace
+
+void JVXWriter::writeAnimation(int frames, const char* fileName) {
+  double begin = nan;
+  double end = nan;
+  if (!timeRange(begin, end)) throw JavaViewExportError("not an animation");
+  if (!isWithinLimits(FrameTimes(begin, end, frames))) {
+    throw JavaViewExportError("time range too large");
+  }
+
+  FrameTimes times(begin, end, frames);
+  bool overwriteAll = false;
+  std::int64_t frameNumber = 1;
+  do {
+    const std::string name = numberedName(fileName, frameNumber++);
+    if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
+    writeFrame(times.now(), name.c_str());
+  } while (times.goOn());
+}
+
+void JVXWriter::writeFrame(double time, const char* fileName) {
+  std::ofstream file(fileName, std::ios::binary);
+  if (!file) throw JavaViewExportError("Can not open output file.");
+  write(file, time);
+  file.close();
+  if (!file) throw JavaViewExportError("Can not write output file.");
+}
+
+bool JVXWriter::confirmOverwrite(const char*, bool& overwriteAll) {
+  overwriteAll = true;
+  return true;
+}
+
+}  // namespace PlotDom

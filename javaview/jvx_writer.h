@@ -1,0 +1,42 @@
+// Writes the geometry of a scene as a JVX model.
+#pragma once
+
+#include "vantry/javaview/geometry_output.h"
+#include "vantry/javaview/javaview_writer.h"
+#include "vantry/plot/elements/tr.h"
+
+namespace PlotDom {
+
+/// Writes one scene: its visible objects, each with the image and under the transforms of the time.
+class JVXWriter : public JavaViewWriter {
+ public:
+  using JavaViewWriter::JavaViewWriter;
+
+  /// Writes a document with a time range as a series of files, from its begin on with `frames`
+  /// (above 0) files to a unit of time, the last one at its end. Their number stands before the
+  /// last dot of `fileName`: "movie.jvx" becomes "movie.1.jvx" and so on. Throws
+  /// JavaViewExportError, and Ubase::BadUnicodeString for a text that the locale cannot hold; the
+  /// files of earlier frames stay then.
+  void writeAnimation(int frames, const char* fileName);
+
+  /// Asked before a file that exists is replaced; false ends the animation. When `overwriteAll` is
+  /// set it is not asked again. Here it sets that and agrees.
+  virtual bool confirmOverwrite(const char* fileName, bool& overwriteAll);
+
+ private:
+  JavaViewOutput& output() override { return out_; }
+  void writeHeader() override;
+  void writeScene(const ExportedScene& scene) override;
+
+  void setValueRange(const ExportedScene& scene);
+  void writeContainer(const Arbor::Node& container);
+  bool enter(const Arbor::Node& node);
+  void leave(const Arbor::Node& node);
+  void writeObj3d(const Obj3d& object);
+  void writeObj2d(const Obj2d& object);
+  void writeFrame(double time, const char* fileName);
+
+  GeometryOutput out_;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,18 @@
+// Points that stand alone, in the plane and in space.
+#pragma once
+
+#include "vantry/javaview/dimension.h"
+
+namespace PlotDom {
+
+/// Writes points as a geometry of their own.
+template <class Point>
+void writePointSet(GeometryOutput& out, std::span<const Point> points, RGBA color, double size) {
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\">\n";
+  writePoints(out, points, color, size);
+  out << "</pointSet>\n";
+  out.writeMaterial(color.alpha(), false);
+  out << "</geometry>\n";
+}
+
+}  // namespace PlotDom

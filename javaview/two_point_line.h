@@ -1,0 +1,27 @@
+// Lines of two points, in the plane and in space.
+#pragma once
+
+#include <optional>
+
+#include "vantry/javaview/dimension.h"
+
+namespace PlotDom {
+
+/// Writes a line as a geometry of its own. `tip` says whether an arrow has a tip; a line that is no
+/// arrow has no say in that.
+template <class Point>
+void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, RGBA color,
+                       double width, std::optional<bool> tip = std::nullopt) {
+  const Point ends[] = {from, to};
+  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(from) << "\" point=\"hide\">\n";
+  writePoints(out, ends, color, noThickness);
+  out << "</pointSet>\n<lineSet";
+  if (tip) out.writeShowAttribute("arrow", *tip);
+  out << ">\n<lines num=\"1\">\n<l>0 1</l>\n";
+  out.writeThicknessAndColor(color, width);
+  out << "</lines>\n</lineSet>\n";
+  out.writeMaterial(color.alpha(), false);
+  out << "</geometry>\n";
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,109 @@
+#include "vantry/plot/document.h"
+
+#include <cmath>
+#include <locale>
+#include <ostream>
+#include <sstream>
+#include <string_view>
+
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/element_factory.h"
+#include "vantry/plot/elements/canvas.h"
+#include "vantry/plot/framework/style_getter.h"
+#include "vantry/plot/values/cmd_writer.h"
+#include "vantry/plot/values/format_limits.h"
+
+namespace PlotDom {
+
+Ubase::Ref<Arbor::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
+
+bool PlotDocument::knowsClassOf(const Arbor::Node& node) const {
+  const Arbor::Element* element = node.asElement();
+  if (!element || isOfItsClass(*element)) return true;
+  report("not of the class of its name '%s'\n", element->tagName().str());
+  return false;
+}
+
+bool PlotDocument::canHoldText(const char* text) const {
+  if (isXmlText(text)) return true;
+  report("text with characters that XML does not have\n");
+  return false;
+}
+
+// Whether each element that would be written can be.
+bool PlotDocument::canBeWritten() const {
+  const auto* root = elementCast<Canvas>(firstChild());
+  if (!root || !root->isWritten()) {
+    report("no canvas to be written\n");
+    return false;
+  }
+  bool canAll = true;
+  Arbor::walkSubtree<const Arbor::Node>(*root, [&canAll](const Arbor::Node& node) {
+    const PlotElement* element = PlotElement::from(&node);
+    if (!canAll || !element || !element->isWritten()) return false;
+    canAll = element->canBeWritten();
+    return canAll;
+  });
+  return canAll;
+}
+
+std::ostream& PlotDocument::writeXml(std::ostream& out) const {
+  if (!canBeWritten()) throw Arbor::DomException(Arbor::DomException::InvalidState);
+  std::ostringstream text;  // which is not in the state of `out`, but for this:
+  text.imbue(std::locale::classic());
+  text.precision(out.precision());
+  Document::writeXml(text);
+  const std::string_view written = text.view();
+  if (!isXml(written)) {
+    report("word with characters that XML does not have\n");
+    throw Arbor::DomException(Arbor::DomException::InvalidState);
+  }
+  return out.write(written.data(), std::ssize(written));
+}
+
+void PlotDocument::printCommands(std::ostream& out, bool replot) const {
+  const PlotElement* root = documentElement();
+  if (!root) return;
+  const bool hasUnits = root->hasAttribute(Word::OutputUnits);
+  CmdWriter writer(out, hasUnits ? propertyValue<Token>(*root, Word::OutputUnits) : Word::MM);
+  out << (replot ? "plot::replot(\n" : "plot(\n");
+  root->printCommand(writer);
+  out << "):";
+}
+
+void PlotDocument::visitElements() {
+  PlotElement* root = documentElement();
+  if (!root) return;
+  Arbor::walkSubtree<Arbor::Node>(*root, [](Arbor::Node& node) {
+    PlotElement* element = PlotElement::from(&node);
+    return element && element->visit();
+  });
+}
+
+void PlotDocument::setCurrentTime(double time) {
+  PlotElement* root = documentElement();
+  if (root) root->setPropertyValue(Word::CurrentTime, Ubase::DoubleVariant(time));
+}
+
+double PlotDocument::currentTime() const {
+  const PlotElement* root = documentElement();
+  if (!root) return nan;
+  const auto time = propertyValue<double>(*root, Word::CurrentTime);
+  return std::isnan(time) ? propertyValue<double>(*root, Word::InitialTime) : time;
+}
+
+double PlotDocument::nextTime(double time, bool forward) const {
+  double result = nan;
+  if (PlotElement* root = documentElement()) root->timeStep(time, forward, result);
+  return result;
+}
+
+void PlotDocument::report(const char* format, ...) const {
+  va_list arguments;
+  va_start(arguments, format);
+  reportError(format, arguments);
+  va_end(arguments);
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,27 @@
+// The primitive Arrow2d.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// An arrow between two points. `tipAngle` is in radians.
+class Arrow2d : public Primitive<Arrow2d> {
+ public:
+  static constexpr Token tag = Word::Arrow2d;
+
+  explicit Arrow2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P2> from;
+  Stored<P2> to;
+  Stored<Token> tipStyle;
+  Stored<Token> lineStyle;
+  Stored<double> tipLength;
+  Stored<double> lineWidth;
+  Stored<double> tipAngle;
+  Stored<RGBA> lineColor;
+};
+
+}  // namespace PlotDom

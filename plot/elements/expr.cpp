@@ -1,0 +1,69 @@
+#include "vantry/plot/elements/expr.h"
+
+#include <cmath>
+#include <ostream>
+
+#include "vantry/base/scan.h"
+#include "vantry/plot/elements/coordinate_system.h"
+
+namespace PlotDom {
+
+using Arbor::DomException;
+
+void Expr::setAttributeFromString(Token name, const char* text) {
+  requireName(name);
+  if (*text == '\0') {
+    report("empty option name\n");
+    throw DomException(DomException::InvalidAccess);
+  }
+  setAttribute(name, Ubase::TokenVariant(Token(text, true)));
+}
+
+std::ostream& Expr::writeAttributes(std::ostream& out) const {
+  findProperty(Word::Opt)->putXml(out, Ubase::TokenVariant(option()));
+  return out;
+}
+
+void VExpr::setAttributeFromString(Token name, const char* text) {
+  requireName(name);
+  double number = nan;
+  if (!Ubase::scanDouble(text, number)) {
+    report("illegal value string [Val='%s']\n", text);
+    throw DomException(DomException::InvalidAccess);
+  }
+  setAttribute(name, Ubase::DoubleVariant(number));
+}
+
+std::ostream& VExpr::writeAttributes(std::ostream& out) const {
+  if (!std::isnan(value())) findProperty(Word::Val)->putXml(out, Ubase::DoubleVariant(value()));
+  return out;
+}
+
+bool Expr::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, option());
+  return false;
+}
+
+bool SeqExprElement::beginCommand(CmdWriter& writer) const {
+  putText(writer.out());
+  return false;
+}
+
+bool NamedExprElement::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, tagName());
+  return false;
+}
+
+bool NamedVExprElement::beginCommand(CmdWriter& writer) const {
+  putNamed(writer, tagName());
+  return false;
+}
+
+bool ViewingBoxExprElement::beginCommand(CmdWriter& writer) const {
+  const auto* system =
+      elementCast<CoordinateSystemBase, CoordinateSystem2d, CoordinateSystem3d>(parent());
+  if (system && (system->autoViewingBox() & viewingBoxBit())) return false;
+  return NamedVExprElement::beginCommand(writer);
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,136 @@
+// Elements that are lists of expressions, of points or of tick marks.
+#pragma once
+
+#include <ostream>
+#include <type_traits>
+
+#include "vantry/plot/elements/expr.h"
+#include "vantry/plot/elements/string_elements.h"
+#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/values/cmd_writer.h"
+
+namespace PlotDom {
+
+/// Gives a new element `count` children of that name, unchecked.
+void addChildren(PlotElement& parent, Token name, unsigned count);
+
+/// Whether every one of the new children has that name.
+bool areAllNamed(Arbor::NewChildren children, Token name);
+
+/// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
+/// after `count` of them from `first` on were replaced.
+bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
+                Arbor::NewChildren newChildren, unsigned least, unsigned most);
+
+/// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
+bool isBlankList(const PlotElement& list);
+
+/// Writes the item `name=[a,b,c]`, or `name=NIL` for a list that counts as empty. A single
+/// expression stands in round brackets.
+void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple);
+
+/// Writes the item `[a,b,c]`.
+void putPoint(CmdWriter& writer, const PlotElement& point);
+
+/// Writes `name=NIL` for a list without children and gives false; otherwise `name=` and `opening`.
+bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening);
+
+/// What an element writes when it counts as empty.
+enum class WhenBlank { itself, nothing };
+
+/// Between `least` and `most` expressions; a new element has `least` blank ones.
+template <WordId name, unsigned least, unsigned most, WhenBlank whenBlank, class Base = PlotElement>
+class ExprTuple : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>, Base> {
+ public:
+  static constexpr Token tag = Ubase::tokenOf(name);
+
+  explicit ExprTuple(Arbor::Document* document) : ElementOf<ExprTuple, Base>(document) {
+    addChildren(*this, Word::IExpr, least);
+  }
+
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override {
+    return canBeTuple(*this, first, count, newChildren, least, most);
+  }
+
+  bool isWritten() const override { return whenBlank == WhenBlank::itself || !isBlankList(*this); }
+
+  bool beginCommand(CmdWriter& writer) const override {
+    if constexpr (whenBlank == WhenBlank::itself) {
+      putPoint(writer, *this);
+    } else if constexpr (std::is_same_v<Base, Expr>) {
+      putTuple(writer, this->option(), *this);
+    } else {
+      putTuple(writer, tag, *this);
+    }
+    return false;
+  }
+};
+
+/// The coordinates of a point, and what is particular to it.
+using Point2d = ExprTuple<WordId::Point2d, 2, 6, WhenBlank::itself>;
+using Point3d = ExprTuple<WordId::Point3d, 3, 7, WhenBlank::itself>;
+/// The entries of a matrix, row by row.
+using Matrix2d = ExprTuple<WordId::Matrix2d, 4, 4, WhenBlank::nothing>;
+using Matrix3d = ExprTuple<WordId::Matrix3d, 9, 9, WhenBlank::nothing>;
+/// The two vectors that span the plane of a text.
+using TextOrientation = ExprTuple<WordId::TextOrientation, 6, 6, WhenBlank::nothing>;
+/// A colour function: one expression for the whole colour, or one for each component.
+using ColorFunc = ExprTuple<WordId::ColorFunc, 1, 4, WhenBlank::nothing, Expr>;
+
+/// A list of expressions that is the value of an option.
+class ExprSeq : public ElementOf<ExprSeq, Expr> {
+ public:
+  static constexpr Token tag = Word::ExprSeq;
+  using ElementOf::ElementOf;
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+  bool beginCommand(CmdWriter& writer) const override;
+};
+
+/// Where the first item of a list stands in the command syntax.
+enum class FirstItem { onNewLine, onSameLine };
+
+/// Any number of children with one name.
+template <WordId name, WordId childName, FirstItem firstItem>
+class ListOf : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
+ public:
+  static constexpr Token tag = Ubase::tokenOf(name);
+  using ElementOf<ListOf, PlotElement>::ElementOf;
+
+  bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const override {
+    return areAllNamed(newChildren, Ubase::tokenOf(childName));
+  }
+
+  bool beginCommand(CmdWriter& writer) const override {
+    return beginList(writer, *this, firstItem == FirstItem::onNewLine ? "[\n" : "[");
+  }
+  void endCommand(CmdWriter& writer) const override {
+    writer.out() << ']';
+    writer.endItem();
+  }
+};
+
+using Points2d = ListOf<WordId::Points2d, WordId::Point2d, FirstItem::onNewLine>;
+using Points3d = ListOf<WordId::Points3d, WordId::Point3d, FirstItem::onNewLine>;
+
+/// Tick marks at given places.
+using XTicksAt = ListOf<WordId::XTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+
+/// A tick mark: its place and, if it has one, its title.
+class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
+ public:
+  static constexpr Token tag = Word::TickPos;
+
+  explicit TickPos(Arbor::Document* document);
+
+  std::uint32_t optionBit(Token name) const override;
+  std::uint32_t allowedOptions() const override;
+  std::uint32_t requiredOptions() const override;
+  bool isContentName(Token name) const override;
+  bool beginCommand(CmdWriter& writer) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,57 @@
+// Groups of objects.
+#pragma once
+
+#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/styles/style_index.h"
+
+namespace PlotDom {
+
+/// Objects, groups and transforms that are shown or hidden together; styles in a group are for
+/// what is in it.
+class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentPlotElement>>,
+                  public MemberValues {
+ public:
+  explicit GroupBase(Arbor::Document* document);
+
+  /// A call with the attributes and the children as its arguments.
+  bool beginCommand(CmdWriter& writer) const override;
+  void endCommand(CmdWriter& writer) const override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Ubase::FixedString> id;
+  Stored<Ubase::FixedString> name;
+  Stored<bool> consistent;
+  Stored<bool> visible;
+
+ protected:
+  GroupBase(const GroupBase&) = default;
+};
+
+/// A group in the plane.
+class Group2d : public ElementOf<Group2d, GroupBase> {
+ public:
+  static constexpr Token tag = Word::Group2d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+};
+
+/// A group in space.
+class Group3d : public ElementOf<Group3d, GroupBase> {
+ public:
+  static constexpr Token tag = Word::Group3d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+  bool isContentChild(const Arbor::Node& node) const override;
+};
+
+/// Whether objects of that type may stand in a 3d group or transform. Cameras, lights and clipping
+/// boxes belong to the whole coordinate system, and so stand directly in it; an object without a
+/// type may become one of them.
+bool isMovableType3d(Token type);
+
+/// The same for a node, which may be any other than an object as well.
+bool isMovable3d(const Arbor::Node& node);
+
+}  // namespace PlotDom

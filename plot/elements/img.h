@@ -1,0 +1,49 @@
+// The images of objects.
+#pragma once
+
+#include "vantry/plot/elements/key_frame.h"
+#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/with_members.h"
+
+namespace PlotDom {
+
+/// The primitives of an object at one value of its animation parameter.
+class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public MemberValues {
+ public:
+  explicit ImgBase(Arbor::Document* document);
+
+  /// The time from which on the object looks like this; NaN if it is not animated.
+  double frameTime() const;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> param;
+  Stored<double> titlePositionX;
+  Stored<double> titlePositionY;
+  Stored<double> titlePositionZ;
+
+ protected:
+  ImgBase(const ImgBase&) = default;
+
+ private:
+  FrameTime frameTime_;
+};
+
+/// An image in the plane.
+class Img2d : public ElementOf<Img2d, ImgBase> {
+ public:
+  static constexpr Token tag = Word::Img2d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+  const Property* findProperty(Token name) const override;
+};
+
+/// An image in space.
+class Img3d : public ElementOf<Img3d, ImgBase> {
+ public:
+  static constexpr Token tag = Word::Img3d;
+  using ElementOf::ElementOf;
+  bool isContentName(Token name) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,58 @@
+// Lights.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// Light from everywhere. `lightIntensity` lies between 0 and 1.
+class AmbientLight : public Primitive<AmbientLight> {
+ public:
+  static constexpr Token tag = Word::AmbientLight;
+
+  explicit AmbientLight(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> lightIntensity;
+  Stored<RGBA> lightColor;
+};
+
+/// Light from one point.
+class PointLight : public Primitive<PointLight, AmbientLight> {
+ public:
+  static constexpr Token tag = Word::PointLight;
+
+  explicit PointLight(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<bool> cameraCoordinates;
+  Stored<P3> position;
+};
+
+/// Light from far away, in the direction from `position` to `target`.
+class DistantLight : public Primitive<DistantLight, PointLight> {
+ public:
+  static constexpr Token tag = Word::DistantLight;
+
+  explicit DistantLight(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P3> target;
+};
+
+/// A cone of light. `spotAngle` is in radians.
+class SpotLight : public Primitive<SpotLight, DistantLight> {
+ public:
+  static constexpr Token tag = Word::SpotLight;
+
+  explicit SpotLight(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> spotAngle;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,25 @@
+// The primitive Line2d.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// A line between two points.
+class Line2d : public Primitive<Line2d> {
+ public:
+  static constexpr Token tag = Word::Line2d;
+
+  explicit Line2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P2> from;
+  Stored<P2> to;
+  Stored<Token> extension;
+  Stored<Token> lineStyle;
+  Stored<double> lineWidth;
+  Stored<RGBA> lineColor;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,86 @@
+#include "vantry/plot/elements/property_info.h"
+
+#include "vantry/plot/elements/expr_list.h"
+
+namespace PlotDom {
+
+namespace {
+
+class ObjTypePropertyListMgr final : public PropertyListMgr {
+  void fill() override { mandatory<TokenTrait>(Word::Type, {}, 1, &ObjType::type); }
+};
+constinit ObjTypePropertyListMgr objTypePropertyList;
+
+class PropCatPropertyListMgr final : public PropertyListMgr {
+  void fill() override { mandatory<StringTrait>(Word::Name, {}, 1, &PropCat::name); }
+};
+constinit PropCatPropertyListMgr propCatPropertyList;
+
+class PropInfoPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    using E = PropInfo;
+    // clang-format off
+    optional<StringTrait>     (Word::Name,   {},     1, &E::name);
+    mandatory<TokenTrait>     (Word::Dom,    {},     2, &E::dom);
+    optional<TokenTrait>      (Word::Opt,    {},     4, &E::opt);
+    optional<TokenTrait>      (Word::Type,   {},     8, &E::type);
+    optional<StringTrait>     (Word::Enum,   {},    16, &E::enumWords);
+    optional<StringTrait>     (Word::Info,   {},    64, &E::info);
+    optional<BoolTrait>       (Word::Recalc, false, 32, &E::recalc);
+    // clang-format on
+  }
+};
+constinit PropInfoPropertyListMgr propInfoPropertyList;
+
+class PropPropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    using E = Prop;
+    // clang-format off
+    mandatory<TokenTrait>  (Word::Opt, {}, 1, &E::opt);
+    mandatory<StringTrait> (Word::Val, {}, 2, &E::val);
+    // clang-format on
+  }
+};
+constinit PropPropertyListMgr propPropertyList;
+
+}  // namespace
+
+PropertyListMgr& ObjType::propertyList() { return objTypePropertyList; }
+PropertyListMgr& PropCat::propertyList() { return propCatPropertyList; }
+PropertyListMgr& PropInfo::propertyList() { return propInfoPropertyList; }
+PropertyListMgr& Prop::propertyList() { return propPropertyList; }
+
+ObjType::ObjType(Arbor::Document* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
+
+PropCat::PropCat(Arbor::Document* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
+
+PropInfo::PropInfo(Arbor::Document* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
+
+Prop::Prop(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+
+bool ObjType::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+  return areAllNamed(newChildren, Word::PropCat);
+}
+
+bool PropCat::canBeWritten() const {
+  if (!name().c_str() || *name().c_str() == '\0') {
+    report("category without a name [node '%s']\n", tagName().str());
+    return false;
+  }
+  return ElementOf::canBeWritten();
+}
+
+bool PropCat::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+  for (const Arbor::Node& child : newChildren) {
+    if (!isOneOf(child.nodeName(), Word::PropCat, Word::PropInfo)) return false;
+  }
+  return true;
+}
+
+}  // namespace PlotDom

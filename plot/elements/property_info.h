@@ -1,0 +1,72 @@
+// The description of properties by elements: types of objects, categories, properties.
+#pragma once
+
+#include "vantry/plot/framework/with_members.h"
+
+namespace PlotDom {
+
+/// A type of object, with the categories of its properties.
+class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, public MemberValues {
+ public:
+  static constexpr Token tag = Word::ObjType;
+
+  explicit ObjType(Arbor::Document* document);
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> type;
+};
+
+/// A named category of properties.
+class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, public MemberValues {
+ public:
+  static constexpr Token tag = Word::PropCat;
+
+  explicit PropCat(Arbor::Document* document);
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+  /// A category must have a name.
+  bool canBeWritten() const override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Ubase::FixedString> name;
+};
+
+/// One property: `dom` is its name, `opt` the option of the algebra system's commands that it is,
+/// `type` the kind of field with which it is edited, `enumWords` the allowed words, and `recalc`
+/// tells whether a change makes a new calculation necessary. `name` and `info` have room for what a
+/// user is told of the property, its name and an explanation.
+class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> {
+ public:
+  static constexpr Token tag = Word::PropInfo;
+
+  explicit PropInfo(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Ubase::FixedString> name;
+  Stored<Token> dom;
+  Stored<Token> opt;
+  Stored<Token> type;
+  Stored<Ubase::FixedString> enumWords;
+  Stored<Ubase::FixedString> info;
+  Stored<bool> recalc;
+};
+
+/// An option of the algebra system with its value.
+class Prop : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
+ public:
+  static constexpr Token tag = Word::Prop;
+
+  explicit Prop(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> opt;
+  Stored<Ubase::FixedString> val;
+};
+
+}  // namespace PlotDom

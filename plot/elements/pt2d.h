@@ -1,0 +1,24 @@
+// The primitive Pt2d.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// A single point.
+class Pt2d : public Primitive<Pt2d> {
+ public:
+  static constexpr Token tag = Word::Pt2d;
+
+  explicit Pt2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P2> position;
+  Stored<Token> pointStyle;
+  Stored<double> pointSize;
+  Stored<RGBA> pointColor;
+  Stored<bool> pointsVisible;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,23 @@
+// The primitive Pts2d.
+#pragma once
+
+#include "vantry/plot/framework/point_list.h"
+
+namespace PlotDom {
+
+/// Points in the plane.
+class Pts2d : public Primitive<Pts2d, P2List> {
+ public:
+  static constexpr Token tag = Word::Pts2d;
+
+  explicit Pts2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> pointStyle;
+  Stored<double> pointSize;
+  Stored<RGBA> pointColor;
+  Stored<bool> pointsVisible;
+};
+
+}  // namespace PlotDom

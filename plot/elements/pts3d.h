@@ -1,0 +1,23 @@
+// The primitive Pts3d.
+#pragma once
+
+#include "vantry/plot/framework/point_list.h"
+
+namespace PlotDom {
+
+/// Points in space.
+class Pts3d : public Primitive<Pts3d, P3List> {
+ public:
+  static constexpr Token tag = Word::Pts3d;
+
+  explicit Pts3d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> pointStyle;
+  Stored<double> pointSize;
+  Stored<RGBA> pointColor;
+  Stored<bool> pointsVisible;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,27 @@
+// The primitive Text2d.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// A text at a point; the text itself is a child node. `textRotation` is in radians.
+class Text2d : public Primitive<Text2d> {
+ public:
+  static constexpr Token tag = Word::Text2d;
+
+  explicit Text2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P2> position;
+  Stored<double> textRotation;
+  Stored<Token> horizontalAlignment;
+  Stored<Token> verticalAlignment;
+  Stored<FontStyle> textFont;
+
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,29 @@
+// The primitive Text3d.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// A text at a point in space; the text itself is a child node.
+class Text3d : public Primitive<Text3d> {
+ public:
+  static constexpr Token tag = Word::Text3d;
+
+  explicit Text3d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P3> position;
+  Stored<P3> baseDir;
+  Stored<P3> faceDir;
+  Stored<Token> horizontalAlignment;
+  Stored<Token> verticalAlignment;
+  Stored<FontStyle> textFont;
+  Stored<bool> billboarding;
+
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,26 @@
+#include "vantry/plot/elements/time_range.h"
+
+namespace PlotDom {
+
+namespace {
+
+class TimeRangePropertyListMgr final : public PropertyListMgr {
+  void fill() override {
+    using E = TimeRange;
+    // clang-format off
+    mandatory<DoubleTrait> (Word::TimeBegin,  0, 1, &E::timeBegin);
+    mandatory<DoubleTrait> (Word::TimeEnd,   10, 2, &E::timeEnd);
+    // clang-format on
+  }
+};
+constinit TimeRangePropertyListMgr timeRangePropertyList;
+
+}  // namespace
+
+PropertyListMgr& TimeRange::propertyList() { return timeRangePropertyList; }
+
+TimeRange::TimeRange(Arbor::Document* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,21 @@
+// The time of an animation.
+#pragma once
+
+#include "vantry/plot/framework/with_members.h"
+
+namespace PlotDom {
+
+/// From when to when the drawing moves; a drawing without it stands still.
+class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement>> {
+ public:
+  static constexpr Token tag = Word::TimeRange;
+
+  explicit TimeRange(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> timeBegin;
+  Stored<double> timeEnd;
+};
+
+}  // namespace PlotDom

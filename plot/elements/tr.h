@@ -1,0 +1,57 @@
+// The affine maps of transforms.
+#pragma once
+
+#include "vantry/plot/elements/key_frame.h"
+#include "vantry/plot/framework/with_members.h"
+
+namespace PlotDom {
+
+/// A transform at one value of its animation parameter: the rows of a matrix and a translation.
+class TrBase : public WithMembers<TrBase, LeafElement> {
+ public:
+  explicit TrBase(Arbor::Document* document);
+
+  /// The time from which on this map holds; NaN if the transform is not animated.
+  double frameTime() const;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> param;
+
+ protected:
+  TrBase(const TrBase&) = default;
+
+ private:
+  FrameTime frameTime_;
+};
+
+/// A map of the plane: a matrix of two rows, and a shift.
+class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
+ public:
+  static constexpr Token tag = Word::Tr2d;
+
+  explicit Tr2d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P2> shift;
+  Stored<P2> row1;
+  Stored<P2> row2;
+};
+
+/// A map of space: a matrix of three rows, and a shift.
+class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
+ public:
+  static constexpr Token tag = Word::Tr3d;
+
+  explicit Tr3d(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<P3> shift;
+  Stored<P3> row1;
+  Stored<P3> row2;
+  Stored<P3> row3;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,64 @@
+// Transforms of objects.
+#pragma once
+
+#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/styles/style_index.h"
+
+namespace PlotDom {
+
+/// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
+/// its times from the object styles around it, by its type.
+class TransformBase
+    : public ContainerWithMembers<TransformBase,
+                                  StyleContainer<OptionedPlotElement, /*hasStyles=*/false>>,
+      public MemberValues {
+ public:
+  explicit TransformBase(Arbor::Document* document);
+
+  std::uint32_t optionBit(Token child) const override;
+  const PlotElement* styleParent(Token key) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  void collectEffectiveStyles(StyleChain& chain) const override;
+  bool parentPropertyChanged(PlotElement& source, Token key) override;
+
+  /// A call with the attributes and the children as its arguments.
+  bool beginCommand(CmdWriter& writer) const override;
+  void endCommand(CmdWriter& writer) const override;
+
+  static PropertyListMgr& propertyList();
+
+  Stored<Token> type;
+  Stored<Ubase::FixedString> id;
+  Stored<Ubase::FixedString> name;
+  Stored<bool> consistent;
+  Stored<std::int32_t> frames;
+  Stored<double> timeBegin;
+  Stored<double> timeEnd;
+
+ protected:
+  TransformBase(const TransformBase&) = default;
+
+  void onAttached() override;
+};
+
+/// A transform of objects in the plane.
+class Transform2d : public ElementOf<Transform2d, TransformBase> {
+ public:
+  static constexpr Token tag = Word::Transform2d;
+  using ElementOf::ElementOf;
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token child) const override;
+};
+
+/// A transform of objects in space.
+class Transform3d : public ElementOf<Transform3d, TransformBase> {
+ public:
+  static constexpr Token tag = Word::Transform3d;
+  using ElementOf::ElementOf;
+  std::uint32_t allowedOptions() const override;
+  bool isContentName(Token child) const override;
+  bool isContentChild(const Arbor::Node& node) const override;
+};
+
+}  // namespace PlotDom

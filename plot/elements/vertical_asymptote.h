@@ -1,0 +1,24 @@
+// The primitive VerticalAsymptote.
+#pragma once
+
+#include "vantry/plot/framework/primitive.h"
+
+namespace PlotDom {
+
+/// A vertical line at the x coordinate `position`.
+class VerticalAsymptote : public Primitive<VerticalAsymptote> {
+ public:
+  static constexpr Token tag = Word::VerticalAsymptote;
+
+  explicit VerticalAsymptote(Arbor::Document* document);
+
+  static PropertyListMgr& propertyList();
+
+  Stored<double> position;
+  Stored<bool> verticalAsymptotesVisible;
+  Stored<Token> verticalAsymptotesStyle;
+  Stored<double> verticalAsymptotesWidth;
+  Stored<RGBA> verticalAsymptotesColor;
+};
+
+}  // namespace PlotDom

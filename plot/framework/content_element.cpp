@@ -1,0 +1,93 @@
+#include "vantry/plot/framework/content_element.h"
+
+#include <algorithm>
+
+namespace PlotDom {
+
+bool ContentPlotElement::isContentChild(const Arbor::Node& node) const {
+  return isContentName(node.nodeName());
+}
+
+bool ContentPlotElement::refuseContent(const Arbor::Node& child) const {
+  report("not a valid content child '%s' [parent '%s']\n", child.nodeName().str(), tagName().str());
+  return false;
+}
+
+bool ContentPlotElement::canReplaceChildren(Arbor::Node*, unsigned,
+                                            Arbor::NewChildren newChildren) const {
+  for (const Arbor::Node& child : newChildren) {
+    if (!isContentChild(child)) return refuseContent(child);
+  }
+  return true;
+}
+
+std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigned count) const {
+  std::uint32_t mask = optionMask_;
+  for (; first && count > 0; first = first->nextSibling(), --count) {
+    mask &= ~optionBit(first->nodeName());
+  }
+  return mask;
+}
+
+bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
+                                             Arbor::NewChildren newChildren) const {
+  std::uint32_t mask = maskWithout(first, count);
+  if (newChildren.isMovedWithin(*this)) mask &= ~optionBit(newChildren.first()->nodeName());
+  for (const Arbor::Node& child : newChildren) {
+    const std::uint32_t bit = optionBit(child.nodeName());
+    if (bit == 0) {
+      if (!isContentChild(child)) return refuseContent(child);
+      continue;
+    }
+    if (mask & bit) {
+      report("option child '%s' defined twice [parent '%s']\n", child.nodeName().str(),
+             tagName().str());
+      return false;
+    }
+    mask |= bit;
+  }
+  if (mask & ~allowedOptions()) {
+    report("illegal option child [parent '%s']\n", tagName().str());
+    return false;
+  }
+  if (requiredOptions() & ~mask) {
+    report("missing option child [parent '%s']\n", tagName().str());
+    return false;
+  }
+  return true;
+}
+
+void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
+                                            Arbor::Node* newChildren) {
+  std::vector<Arbor::Node*> added;
+  for (Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+    if (optionBit(child->nodeName()) != 0) added.push_back(child);
+  }
+  if (!added.empty()) {
+    if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<Arbor::Node*>>();
+    optionChildren_->reserve(optionChildren_->size() + added.size());
+  }
+
+  // Nothing below fails.
+  const Arbor::Node* removed = optionChildren_ ? first : nullptr;
+  for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
+    std::erase(*optionChildren_, removed);
+  }
+  optionMask_ = maskWithout(first, count);
+  for (Arbor::Node* child : added) {
+    optionMask_ |= optionBit(child->nodeName());
+    optionChildren_->push_back(child);
+  }
+  ContentPlotElement::doReplaceChildren(first, count, newChildren);
+}
+
+Arbor::Node* OptionedPlotElement::firstChildByName(Token name) const {
+  const std::uint32_t bit = optionBit(name);
+  if (bit == 0) return ContentPlotElement::firstChildByName(name);
+  if (!optionChildren_) return nullptr;
+  const auto found = std::find_if(optionChildren_->begin(), optionChildren_->end(),
+                                  [name](Arbor::Node* child) { return child->nodeName() == name; });
+  return found != optionChildren_->end() ? *found : nullptr;
+}
+
+}  // namespace PlotDom

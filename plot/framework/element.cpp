@@ -1,0 +1,156 @@
+#include "vantry/plot/framework/element.h"
+
+#include <cstdarg>
+
+#include "vantry/dom/dom_exception.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/framework/element_document.h"
+#include "vantry/plot/framework/property_change_event.h"
+
+namespace PlotDom {
+
+using Arbor::DomException;
+
+ElementDocument* PlotElement::plotDocument() const {
+  return static_cast<ElementDocument*>(ownerDocument());
+}
+
+void PlotElement::report(const char* format, ...) const {
+  if (!ownerDocument()) return;
+  va_list arguments;
+  va_start(arguments, format);
+  plotDocument()->reportError(format, arguments);
+  va_end(arguments);
+}
+
+void PlotElement::throwUnknownProperty(Token name) const {
+  report("unknown property '%s' [node '%s']\n", name.str(), tagName().str());
+  throw DomException(DomException::InvalidAccess);
+}
+
+const Property& PlotElement::requireProperty(Token name) const {
+  const Property* property = findProperty(name);
+  if (!property) throwUnknownProperty(name);
+  return *property;
+}
+
+Variant PlotElement::getAttribute(Token name) const {
+  Variant value;
+  if (!requireProperty(name).getIfSet(*this, value)) {
+    throw DomException(DomException::InvalidAccess);
+  }
+  return value;
+}
+
+bool PlotElement::hasAttribute(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isSet(*this);
+}
+
+bool PlotElement::canSetAttribute(Token name, const Variant& value) const {
+  const Property* property = findProperty(name);
+  return property && property->accepts(*this, value);
+}
+
+bool PlotElement::canRemoveAttribute(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isRemovable(*this);
+}
+
+void PlotElement::doSetAttribute(Token name, const Variant& value) {
+  requireProperty(name).store(*this, value);
+  noteChange();
+}
+
+void PlotElement::doRemoveAttribute(Token name) {
+  requireProperty(name).clear(*this);
+  noteChange();
+}
+
+void PlotElement::noteChange() {
+  if (ownerDocument()) ownerDocument()->noteChange();
+}
+
+bool PlotElement::afterSetAttribute(Element& origin, Token name) {
+  PlotElement* source = from(&origin);
+  return source && parentPropertyChanged(*source, name);
+}
+
+bool PlotElement::afterRemoveAttribute(Element& origin, Token name) {
+  PlotElement* source = from(&origin);
+  return source && parentPropertyChanged(*source, name);
+}
+
+void PlotElement::setAttributeFromString(Token name, const char* text) {
+  requireProperty(name).setFromString(*this, text);
+}
+
+bool PlotElement::hasProperty(Token name) const { return findProperty(name) != nullptr; }
+
+Variant PlotElement::getPropertyValue(Token name) const {
+  return requireProperty(name).getValue(*this);
+}
+
+void PlotElement::setPropertyValue(Token name, const Variant& value) {
+  requireProperty(name).setValue(*this, value);
+  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
+  }
+}
+
+bool PlotElement::isWritableProperty(Token name) const {
+  const Property* property = findProperty(name);
+  return property && property->isWritable(*this);
+}
+
+const PlotElement* PlotElement::styleParent(Token) const { return nullptr; }
+
+void PlotElement::collectStyleChain(StyleChain&) const {}
+
+const Variant* PlotElement::findAttribute(Token) const { return nullptr; }
+
+const Property* PlotElement::findProperty(Token) const { return nullptr; }
+
+bool PlotElement::parentPropertyChanged(PlotElement& source, Token name) {
+  const Property* property = findProperty(name);
+  return property && property->parentChanged(*this, source);
+}
+
+void PlotElement::propertyChanged(PlotElement&, Token) {}
+
+void PlotElement::dropInheritedProperties() {}
+
+void PlotElement::printCommand(CmdWriter& writer) const {
+  const auto enter = [&writer](const Arbor::Node& node) {
+    const PlotElement* element = from(&node);
+    return element && element->beginCommand(writer);
+  };
+  const auto leave = [&writer](const Arbor::Node& node) { from(&node)->endCommand(writer); };
+  Arbor::walkSubtree<const Arbor::Node>(*this, enter, leave);
+}
+
+void PlotElement::timeStep(double, bool, double&) {}
+
+// The rules of elements with text look at the first child only, but texts and elements never stand
+// together.
+bool PlotElement::canHoldItsChildren() const {
+  const Arbor::Node* child = firstChild();
+  while (child && child->nodeType() == firstChild()->nodeType()) child = child->nextSibling();
+  const bool areAlike = !child;
+  return areAlike && canReplaceChildren(firstChild(), length(), firstChild());
+}
+
+bool PlotElement::canBeWritten() const {
+  if (canHoldItsChildren()) return true;
+  report("children that cannot be written [node '%s']\n", tagName().str());
+  return false;
+}
+
+void notifyPropertyChange(PlotElement& element, Token name) {
+  Arbor::Document* document = element.ownerDocument();
+  if (!document || document->isInBatch()) return;
+  AfterPropertyChangeEvent event(element, name);
+  document->notify(event);
+}
+
+}  // namespace PlotDom

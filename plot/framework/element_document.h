@@ -1,0 +1,45 @@
+// What the elements of the plot model see of their document.
+#pragma once
+
+#include <cstdarg>
+
+#include "vantry/dom/document.h"
+#include "vantry/plot/framework/element.h"
+
+namespace PlotDom {
+
+class StylePath;
+
+/// A document whose elements are those of a plot.
+class ElementDocument : public Arbor::Document {
+ public:
+  /// Takes a format and arguments in the manner of vprintf.
+  using ErrorReporter = int (*)(const char* format, va_list arguments);
+
+  /// A new element of the class with that name; null for a name that is none of the 104 element
+  /// names, or where newElement() has made what is no element of the model.
+  Ubase::Ref<PlotElement> createElement(Token name) {
+    const Ubase::Ref<Arbor::Element> made = newElement(name);
+    return PlotElement::from(made.get());
+  }
+
+  /// The root element, null without one.
+  PlotElement* documentElement() const { return PlotElement::from(firstChild()); }
+
+  /// For searches for styles: what holds at the place that was searched last.
+  virtual StylePath& stylePath() = 0;
+
+  /// Takes the complaints of the elements from now on; null for none.
+  void setErrorReporter(ErrorReporter reporter) { errorReporter_ = reporter; }
+
+  /// Passes a complaint on to the reporter, after a call with "PlotDom error: ".
+  void reportError(const char* format, va_list arguments) const;
+
+ protected:
+  ~ElementDocument() override = default;
+
+ private:
+  ErrorReporter errorReporter_ = nullptr;
+};
+
+}  // namespace PlotDom

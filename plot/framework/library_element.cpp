@@ -1,0 +1,83 @@
+#include "vantry/plot/framework/library_element.h"
+
+#include <algorithm>
+
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/values/cmd_writer.h"
+
+namespace PlotDom {
+
+namespace {
+
+enum class Reaction {
+  changed,     // the element's own value of the property is another one now
+  unaffected,  // a value of its own hides the change
+  unrelated    // it does not inherit from the source at all
+};
+
+Reaction reactionTo(const PlotElement& element, const PlotElement& source, Token name) {
+  if (&source == &element) return Reaction::changed;
+  if (!source.isStyle()) return Reaction::unrelated;  // it would inherit from styles only
+  StyleChain chain;
+  element.collectStyleChain(chain);
+  if (std::find(chain.begin(), chain.end(), &source) == chain.end()) return Reaction::unrelated;
+  const Property* property = element.findProperty(name);
+  const bool inherits = property && property->isInherited() && !element.hasAttribute(name);
+  return inherits ? Reaction::changed : Reaction::unaffected;
+}
+
+}  // namespace
+
+bool LibraryElement::parentPropertyChanged(PlotElement& source, Token name) {
+  const Reaction reaction = reactionTo(*this, source, name);
+  if (reaction == Reaction::changed) notifyPropertyChange(*this, name);
+  return reaction != Reaction::unaffected;
+}
+
+bool LibraryElement::beginCommand(CmdWriter& writer) const {
+  writer.beginCall(className());
+  putAttributes(writer);
+  return true;
+}
+
+void LibraryElement::endCommand(CmdWriter& writer) const { writer.endCall(); }
+
+void StyleElement::notifyPropertyChanged(Token name) {
+  if (!parent()) return;
+  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+    PlotElement* sibling = from(node);
+    if (sibling && !sibling->isStyle()) sibling->propertyChanged(*this, name);
+  }
+}
+
+bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
+  if (reactionTo(*this, source, name) != Reaction::changed) return false;
+  notifyPropertyChange(*this, name);
+  if (&source == this) tellWhatIsAround(name);
+  return false;
+}
+
+// All who inherit from this style are below its siblings, those that are styles again included.
+void StyleElement::tellWhatIsAround(Token name) {
+  if (!parent()) return;
+  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+    PlotElement* sibling = from(node);
+    if (!sibling || sibling->isStyle()) continue;
+    Arbor::walkSubtree(*node, [&](Arbor::Node& below) {
+      PlotElement* element = from(&below);
+      return element && element->parentPropertyChanged(*this, name);
+    });
+  }
+}
+
+bool StyleElement::beginCommand(CmdWriter& writer) const {
+  putAttributes(writer);
+  return false;
+}
+
+void StyleElement::putAttribute(CmdWriter& writer, const Property& property,
+                                const Variant& value) const {
+  property.putCmdQualified(writer, className(), value);
+}
+
+}  // namespace PlotDom

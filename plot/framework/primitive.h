@@ -1,0 +1,30 @@
+// The base of all primitives.
+#pragma once
+
+#include "vantry/plot/framework/with_members.h"
+
+namespace PlotDom {
+
+/// A piece of geometry, a light or a camera in an image of an object. It inherits from the object
+/// and through it from the object's styles, and is always a leaf. Coordinates are those of the
+/// model; widths and sizes of lines, points, tips and tubes are millimetres, angles are radians.
+class PrimitiveBase : public LeafElement {
+ public:
+  using LeafElement::LeafElement;
+
+  const PlotElement* styleParent(Token name) const override;
+  void collectStyleChain(StyleChain& chain) const override;
+  void collectEffectiveStyles(StyleChain& chain) const override;
+
+ protected:
+  PrimitiveBase(const PrimitiveBase&) = default;
+
+ private:
+  /// The parent of the image in which the primitive stands, or null.
+  const PlotElement* object() const;
+};
+
+template <class Self, class Base = PrimitiveBase>
+using Primitive = ElementOf<Self, WithMembers<Self, Base>>;
+
+}  // namespace PlotDom

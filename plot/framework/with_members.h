@@ -1,0 +1,67 @@
+// Elements that keep the values of their properties in members.
+#pragma once
+
+#include "vantry/plot/framework/property_list_mgr.h"
+#include "vantry/plot/framework/property_types.h"
+
+namespace PlotDom {
+
+/// Gives a class the properties of its `propertyList()` before those of its base. The class has a
+/// MemberValues below it, and its constructor calls `propertyList().initialise(*this)`.
+template <class Self, class Base>
+class WithMembers : public Base {
+ public:
+  using Base::Base;
+
+  const Property* findProperty(Token name) const override {
+    const Property* own = Self::propertyList().find(name);
+    return own ? own : Base::findProperty(name);
+  }
+
+  std::ostream& writeAttributes(std::ostream& out) const override {
+    Base::writeAttributes(out);
+    Self::propertyList().putXml(out, *this);
+    return out;
+  }
+
+  bool canBeWritten() const override {
+    return Base::canBeWritten() && Self::propertyList().canBeWritten(*this);
+  }
+
+  void dropInheritedProperties() override {
+    Base::dropInheritedProperties();
+    Self::propertyList().dropAllInherited(*this);
+  }
+
+ protected:
+  void onAttached() override {
+    Base::onAttached();
+    Self::propertyList().inheritAll(*this);
+  }
+};
+
+/// The same for an element with children: what changes further up concerns them, even where it does
+/// not concern the element itself.
+template <class Self, class Base>
+class ContainerWithMembers : public WithMembers<Self, Base> {
+ public:
+  using WithMembers<Self, Base>::WithMembers;
+
+  bool parentPropertyChanged(PlotElement& source, Token name) override {
+    const bool changed = WithMembers<Self, Base>::parentPropertyChanged(source, name);
+    return changed || &source != this;
+  }
+};
+
+/// An element without children.
+class LeafElement : public PlotElement, public MemberValues {
+ public:
+  using PlotElement::PlotElement;
+  bool canReplaceChildren(Arbor::Node* first, unsigned count,
+                          Arbor::NewChildren newChildren) const override;
+
+ protected:
+  LeafElement(const LeafElement&) = default;
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,21 @@
+// The description of all properties, for a host that lets users edit them.
+#pragma once
+
+#include "vantry/plot/elements/property_info.h"
+
+namespace PlotDom {
+
+/// The properties of an element class, or of a type of object: the class's own name or the type
+/// under which an object or a transform stands in a drawing. A name that is both stands for the
+/// class. Null for any other name.
+///
+/// The result has a PropCat for each category, which has a PropInfo for each property of the class:
+/// `dom` is its name, `opt` the option of a command by which the algebra system knows it, which is
+/// the same name, and null where commands leave the property out; `type` is the kind of field in
+/// which it is edited, `enumWords` the words that it may take, with a blank between them, and
+/// `recalc` tells whether a change makes a new calculation necessary. `name` and `info` are not
+/// set: texts for the user are the host's, in the user's language. The description of all classes
+/// is made at the first call, for all threads. It must not be changed, nor copied by cloneNode().
+const ObjType* propertyInfo(Token name);
+
+}  // namespace PlotDom

@@ -1,0 +1,30 @@
+// Fonts.
+#pragma once
+
+#include <cstdint>
+
+#include "vantry/base/fixed_string.h"
+#include "vantry/base/token.h"
+#include "vantry/base/vocabulary.h"
+#include "vantry/plot/values/rgba.h"
+
+namespace PlotDom {
+
+/// How a text is set. The order compares family, size, italic, bold, colour, alignment.
+struct FontStyle {
+  Ubase::FixedString family;  ///< in the native encoding
+  std::int32_t size = 0;      ///< in points
+  bool italic = false;
+  RGBA color;
+  bool bold = false;
+  Ubase::Token alignment = Ubase::Word::Left;  ///< Left, Center or Right
+
+  friend bool operator==(const FontStyle& a, const FontStyle& b) = default;
+  friend bool operator<(const FontStyle& a, const FontStyle& b);
+
+  /// Times in 11 points, upright, black, to the left: the one default of all fonts, which the
+  /// documents of all threads share. Never destroyed.
+  static const FontStyle& standard();
+};
+
+}  // namespace PlotDom

@@ -1,0 +1,327 @@
+// The view of a display.
+
+#include "vantry/javaview/jvd_cameras.h"
+
+#include <gtest/gtest.h>
+
+#include "display.h"
+
+namespace PlotDom {
+namespace {
+
+/// An object with one image that holds a camera.
+std::string camera(const std::string& attributes, const std::string& objectAttributes = "") {
+  return "<Obj3d Type=\"Camera\" " + objectAttributes + "><Img3d><Camera " + attributes +
+         "/></Img3d></Obj3d>";
+}
+
+std::string cameras(const std::string& content) {
+  return Display(plot3d(content)).element("cameras");
+}
+
+/// The block of one camera.
+std::string view(const std::string& position, const std::string& interest,
+                 const std::string& fieldOfView, const std::string& roll = "") {
+  return "<cameras select=\"Perspective\">\n"
+         "<camera projection=\"Perspective\">\n"
+         "<position>" +
+         position +
+         "</position>\n"
+         "<interest>" +
+         interest +
+         "</interest>\n"
+         "<fieldOfView>" +
+         fieldOfView + "</fieldOfView>\n" + roll +
+         "</camera>\n"
+         "</cameras>\n";
+}
+
+const std::string defaultView = view("-3.25458 -7.77334 3.06473", "0 5 1", "0.174977");
+
+TEST(JvdCameras, ThePositionOfAPerspectiveIsScaledByTheFieldOfView) {
+  // 2 tan(15 degrees) = 0.535898
+  EXPECT_EQ(cameras(camera("")), view("5.35898 0 0", "0 0 0", "0.535898"));
+  // 2 tan(45 degrees) = 2
+  EXPECT_EQ(cameras(camera("ViewingAngle=\"1.5707963267948966\" Position=\"4 -2 1.5\" "
+                           "FocalPoint=\"1 2 0.5\"")),
+            view("7 -6 2.5", "1 2 0.5", "2"));
+}
+
+TEST(JvdCameras, APerspectiveNeedsNoViewingBox) {
+  EXPECT_EQ(cameras(camera("")), cameras(box3d + camera("")));
+}
+
+TEST(JvdCameras, AParallelViewIsMeasuredByTheLargestSideOfTheBox) {
+  // 1.5 * 10 along (0.6, 0.8, 0)
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"3 4 0\"")),
+            view("9 12 0", "0 0 0", "0"));
+}
+
+TEST(JvdCameras, ThePositionOfAParallelViewDoesNotMoveWithTheFocalPoint) {
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"4 6 3\" "
+                                   "FocalPoint=\"1 2 3\"")),
+            view("9 12 0", "1 2 3", "0"));
+}
+
+TEST(JvdCameras, AParallelViewFromItsFocalPointStandsAtTheOrigin) {
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"1 2 3\" "
+                                   "FocalPoint=\"1 2 3\"")),
+            view("0 0 0", "1 2 3", "0"));
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"1e-16 0 0\"")),
+            view("0 0 0", "0 0 0", "0"));
+}
+
+TEST(JvdCameras, AParallelViewFromNowhereStandsAtTheOrigin) {
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"nan 0 0\"")),
+            view("0 0 0", "0 0 0", "0"));
+}
+
+TEST(JvdCameras, AParallelViewFromItsFocalPointIsNowhereInABoxWithoutEnd) {
+  // infinity times the zero vector
+  const std::string text =
+      cameras(range('X', "0", "inf") + camera("OrthogonalProjection=\"1\" Position=\"0 0 0\""));
+  EXPECT_NE(text.find("nan "), std::string::npos) << text;
+}
+
+TEST(JvdCameras, AParallelViewNeedsOneKnownSideOnly) {
+  EXPECT_EQ(cameras(range('Y', "0", "2") + camera("OrthogonalProjection=\"1\"")),
+            view("3 0 0", "0 0 0", "0"));
+}
+
+TEST(JvdCameras, AParallelViewOfAnUnknownBoxIsDroppedAndTheDefaultViewToo) {
+  EXPECT_EQ(cameras(camera("OrthogonalProjection=\"1\"")), "");
+}
+
+TEST(JvdCameras, TheProjectionMayComeFromTheObject) {
+  EXPECT_EQ(cameras(range('Y', "0", "2") + camera("", "OrthogonalProjection=\"1\"")),
+            view("3 0 0", "0 0 0", "0"));
+}
+
+TEST(JvdCameras, AParallelViewOfAnUnknownBoxGivesWayToTheNextCamera) {
+  const std::string parallel = "<Camera OrthogonalProjection=\"1\"/>";
+  const std::string perspective = "<Camera Position=\"0 20 0\"/>";
+  EXPECT_EQ(cameras("<Obj3d Type=\"Camera\"><Img3d>" + parallel + perspective + "</Img3d></Obj3d>"),
+            view("0 10.718 0", "0 0 0", "0.535898"));
+  EXPECT_EQ(cameras(camera("OrthogonalProjection=\"1\"") + camera("Position=\"0 20 0\"")),
+            view("0 10.718 0", "0 0 0", "0.535898"));
+}
+
+TEST(JvdCameras, OnlyTheFirstIsWritten) {
+  const std::string first = view("5.35898 0 0", "0 0 0", "0.535898");
+  EXPECT_EQ(cameras(camera("") + camera("Position=\"0 20 0\"")), first);
+  EXPECT_EQ(cameras("<Obj3d Type=\"Camera\"><Img3d><Camera/><Camera Position=\"0 20 0\"/></Img3d>"
+                    "</Obj3d>"),
+            first);
+}
+
+TEST(JvdCameras, WhatFollowsTheFirstIsNotLookedAt) {
+  EXPECT_EQ(Display(plot3d(camera("") + "<Obj3d Type=\"Camera\"/>")).error, "");
+}
+
+TEST(JvdCameras, AnObjectWithoutImageIsAnErrorEvenIfItIsHidden) {
+  EXPECT_EQ(Display(plot3d("<Obj3d Type=\"Camera\"/>")).error, "no Img3d");
+  EXPECT_EQ(Display(plot3d("<Obj3d Type=\"Camera\" Visible=\"0\"/>" + camera(""))).error,
+            "no Img3d");
+}
+
+TEST(JvdCameras, AnObjectWithoutCameraInItsImageIsPassedOver) {
+  const std::string empty = "<Obj3d Type=\"Camera\"><Img3d><PointLight/></Img3d></Obj3d>";
+  EXPECT_EQ(cameras(empty + camera("")), cameras(camera("")));
+  EXPECT_EQ(cameras(box3d + empty), defaultView);
+}
+
+TEST(JvdCameras, AHiddenObjectIsUsed) {
+  EXPECT_EQ(cameras(camera("", "Visible=\"0\"")), cameras(camera("")));
+}
+
+TEST(JvdCameras, OnlyObjectsOfTheTypeCameraCount) {
+  EXPECT_EQ(cameras(box3d + "<Obj3d Type=\"View\"><Img3d><Camera/></Img3d></Obj3d>"), defaultView);
+  EXPECT_EQ(cameras("<Group3d><Obj3d Type=\"View\"><Img3d><Camera/></Img3d></Obj3d></Group3d>"),
+            "");
+}
+
+TEST(JvdCameras, TheDefaultViewNeedsTheWholeBox) {
+  EXPECT_EQ(cameras(box3d), defaultView);
+  EXPECT_EQ(cameras(unitBox3d), view("-1.62729 -2.55467 1.03237", "0 0 0", "0.174977"));
+  EXPECT_EQ(cameras(box2d), "");
+  EXPECT_EQ(cameras(box2d + range('Z', "0", "nan")), "");
+}
+
+/// A document from time 0 to 10 with one animated camera.
+std::string animated(const std::string& images) {
+  return "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"10\"/><Scene3d><CoordinateSystem3d>"
+         "<Obj3d Type=\"Camera\" TimeBegin=\"0\" TimeEnd=\"10\"><ParameterBegin Val=\"0\"/>"
+         "<ParameterEnd Val=\"1\"/>" +
+         images + "</Obj3d></CoordinateSystem3d></Scene3d></Canvas>";
+}
+
+TEST(JvdCameras, TheImageIsThatOfTheTime) {
+  const std::string zrd = animated(
+      "<Img3d Param=\"0\"><Camera Position=\"1 0 0\" ViewingAngle=\"1.5707963267948966\"/></Img3d>"
+      "<Img3d Param=\"0.5\"><Camera Position=\"2 0 0\" ViewingAngle=\"1.5707963267948966\"/>"
+      "</Img3d>");
+  EXPECT_EQ(Display(zrd).element("cameras"), view("2 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 4.9).element("cameras"), view("2 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 5).element("cameras"), view("4 0 0", "0 0 0", "2"));
+  EXPECT_EQ(Display(zrd, 99).element("cameras"), view("4 0 0", "0 0 0", "2"));
+}
+
+struct Roll {
+  const char* position;
+  const char* focalPoint;
+  const char* upVector;
+  const char* angle;  // null: none
+};
+
+void expectRolls(std::initializer_list<Roll> table) {
+  for (const Roll& row : table) {
+    const std::string block =
+        cameras(camera(std::string("Position=\"") + row.position + "\" FocalPoint=\"" +
+                       row.focalPoint + "\" UpVector=\"" + row.upVector + "\""));
+    const std::string end = "</fieldOfView>\n";
+    const std::string rest = block.substr(block.find(end) + end.size());
+    const std::string roll = row.angle ? "<roll>" + std::string(row.angle) + "</roll>\n" : "";
+    EXPECT_EQ(rest, roll + "</camera>\n</cameras>\n")
+        << row.position << ", " << row.focalPoint << ", " << row.upVector;
+  }
+}
+
+TEST(JvdCameraRoll, UpAlongZIsNoneAndDownAlongZIsUpsideDown) {
+  expectRolls({
+      {"0 -10 0", "0 0 0", "0 0 1", nullptr},
+      {"0 -10 0", "0 0 0", "0 0 7", nullptr},
+      {"0 -10 0", "0 0 0", "0 0 -2", "180"},
+      {"0 -10 0", "0 0 0", "2e-16 -2e-16 -2", "180"},
+      {"0 -10 0", "0 0 0", "0 0 0", nullptr},
+  });
+}
+
+TEST(JvdCameraRoll, DownAlongZIsUpsideDownWhereverTheCameraLooks) {
+  expectRolls({
+      {"0 0 10", "0 0 0", "0 0 -1", "180"},
+      {"1 2 3", "1 2 3", "0 0 -1", "180"},
+  });
+}
+
+TEST(JvdCameraRoll, UpAcrossIsARightAngle) {
+  expectRolls({
+      {"0 -10 0", "0 0 0", "1 0 0", "90"},
+      {"0 -10 0", "0 0 0", "-1 0 0", "-90"},
+      {"10 0 0", "0 0 0", "0 1 0", "90"},
+      {"10 0 0", "0 0 0", "0 -1 0", "-90"},
+  });
+}
+
+TEST(JvdCameraRoll, IsTheSameFromTheOtherSide) {
+  expectRolls({
+      {"0 10 0", "0 0 0", "1 0 0", "90"},
+      {"-10 0 0", "0 0 0", "0 1 0", "90"},
+  });
+}
+
+TEST(JvdCameraRoll, IsTheAngleThatTheCameraSees) {
+  expectRolls({
+      {"0 -10 0", "0 0 0", "1 0 1", "45"},
+      {"0 -10 0", "0 0 0", "-1 0 1", "-45"},
+      {"0 -10 0", "0 0 0", "1 99 1", "45"},
+      {"0 -10 0", "0 0 0", "1 0 -1", "135"},
+      {"10 10 10", "0 0 0", "1 0 0", "-120"},
+      {"10 10 10", "0 0 0", "0 1 0", "120"},
+      {"11 12 13", "1 2 3", "0 1 0", "120"},
+      {"3 -4 5", "1 1 1", "0.2 0.3 0.9", "19.3873"},
+  });
+}
+
+TEST(JvdCameraRoll, InThePlaneOfViewAndZIsNoneOrUpsideDown) {
+  expectRolls({
+      {"0 -10 0", "0 0 0", "0 1 1", nullptr},
+      {"0 -10 0", "0 0 0", "0 1 -1", "180"},
+      {"0 -10 0", "0 0 0", "1e-9 0 1", nullptr},
+      {"0 -10 0", "0 0 0", "1e-9 0 -1", "180"},
+  });
+}
+
+TEST(JvdCameraRoll, TakesItsSignFromTheHeightIfTheRestIsSmall) {
+  expectRolls({
+      {"1e-8 0 10", "0 0 0", "0 1 0", "90"},
+      {"1e-8 0 10", "0 0 0", "0 -1 0", "-90"},
+      {"1e-8 0 10", "0 0 0", "1 1 0", "135"},
+      {"0 -1e-8 10", "0 0 0", "-1 0 0", "-90"},
+  });
+}
+
+TEST(JvdCameraRoll, IsNoneWithoutADirectionOfView) {
+  expectRolls({
+      {"1 2 3", "1 2 3", "1 0 0", nullptr},
+      {"1e-8 0 0", "0 0 0", "0 1 0", nullptr},
+      {"nan 0 0", "0 0 0", "0 1 0", nullptr},
+  });
+  EXPECT_EQ(cameras(camera("Position=\"1 2 3\" FocalPoint=\"1 2 3\" UpVector=\"1 0 0\"")),
+            view("1 2 3", "1 2 3", "0.535898"));
+}
+
+TEST(JvdCameraRoll, IsNoneWhenLookingAlongZOrAlongTheUpVector) {
+  expectRolls({
+      {"0 0 10", "0 0 0", "1 0 0", nullptr},
+      {"0 0 -10", "0 0 0", "0 1 0", nullptr},
+      {"10 0 0", "0 0 0", "1 0 0", nullptr},
+      {"0 -10 0", "0 0 0", "2e-16 3e-16 0", nullptr},
+  });
+}
+
+TEST(JvdCameraRoll, IsWrittenForAParallelViewToo) {
+  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"0 -10 0\" "
+                                   "UpVector=\"1 0 0\"")),
+            view("0 -15 0", "0 0 0", "0", "<roll>90</roll>\n"));
+}
+
+TEST(JvdCameras, KeepUpVectorChangesNothing) {
+  EXPECT_EQ(cameras(camera("KeepUpVector=\"0\" UpVector=\"1 0 0\"")),
+            cameras(camera("UpVector=\"1 0 0\"")));
+}
+
+std::string cameras2d(const std::string& content, const std::string& attributes = "") {
+  return Display(plot2d(content, attributes, "Width=\"120\" Height=\"80\"")).element("cameras");
+}
+
+std::string viewFromAbove(const std::string& position, const std::string& interest) {
+  return "<cameras select=\"X-Y\">\n"
+         "<camera projection=\"X-Y\" sceneRatio=\"show\">\n"
+         "<position>" +
+         position +
+         "</position>\n"
+         "<interest>" +
+         interest +
+         "</interest>\n"
+         "<fieldOfView>0</fieldOfView>\n"
+         "</camera>\n"
+         "</cameras>\n";
+}
+
+TEST(JvdCamera2d, StandsAboveTheCenterOfTheBox) {
+  // The larger of 4 * 0.75 and 2, times 1.2.
+  EXPECT_EQ(cameras2d(box2d), viewFromAbove("2 0 3.6", "2 0 0"));
+  // The larger of 2 * (20 / 2 * 120 / 80) and 20, times 1.2.
+  EXPECT_EQ(cameras2d(range('X', "-1", "1") + range('Y', "10", "30")),
+            viewFromAbove("0 20 36", "0 20 0"));
+}
+
+TEST(JvdCamera2d, MeasuresConstrainedAxesAlike) {
+  // The larger of 4 and 2, times 1.2.
+  EXPECT_EQ(cameras2d(box2d, "Scaling=\"Constrained\""), viewFromAbove("2 0 4.8", "2 0 0"));
+  // The larger of 2 and 20, times 1.2.
+  EXPECT_EQ(cameras2d(range('X', "-1", "1") + range('Y', "10", "30"), "Scaling=\"Constrained\""),
+            viewFromAbove("0 20 24", "0 20 0"));
+}
+
+TEST(JvdCamera2d, IsMissingInItsListIfTheBoxIsUnknown) {
+  const std::string none = "<cameras select=\"X-Y\">\n</cameras>\n";
+  EXPECT_EQ(cameras2d(""), none);
+  EXPECT_EQ(cameras2d(range('X', "0", "1")), none);
+  EXPECT_EQ(cameras2d(range('Y', "0", "1")), none);
+  EXPECT_EQ(cameras2d(range('X', "0", "1") + range('Y', "1", "1")), none);
+  EXPECT_EQ(cameras2d(range('X', "nan", "1") + range('Y', "0", "1")), none);
+}
+
+}  // namespace
+}  // namespace PlotDom

@@ -1,0 +1,125 @@
+// Conversion of documents that hold a single primitive.
+#pragma once
+
+#include <map>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/document.h"
+#include "vantry/plot/elements/img.h"
+#include "vantry/plot/values/variants.h"
+#include "vantry/reader/zrd_parser_handler.h"
+
+namespace PlotDom {
+
+/// Attributes of an element by name, with the values as they stand in its start tag.
+using Attributes = std::map<Token, std::string>;
+
+/// `attributes` with `more` beside them.
+inline Attributes with(Attributes attributes, const Attributes& more) {
+  attributes.insert(more.begin(), more.end());
+  return attributes;
+}
+
+/// Lines that are coloured by height.
+inline const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
+                                      {Word::LineColor, "#c80000"},
+                                      {Word::LineColor2, "#0000c8"}};
+
+/// A document with one object of one primitive. Its viewing box goes from 0 to 10 on the height
+/// axis.
+struct MinimalDocument {
+  Attributes attributes;
+  std::string content = {};
+  /// The attributes of a transform around the object; none for no transform.
+  Attributes transform = {};
+};
+
+inline std::string startTag(const std::string& name, const Attributes& attributes) {
+  std::string tag = "<" + name;
+  for (const auto& [attribute, value] : attributes) {
+    tag.append(" ").append(attribute.str()).append("=\"").append(value).append("\"");
+  }
+  return tag + ">";
+}
+
+/// The text of the document, with the primitive `name` in the plane ("2d") or in space ("3d").
+inline std::string textOf(const MinimalDocument& source, const std::string& name,
+                          const std::string& dimension) {
+  const auto element = [](const std::string& tag, const Attributes& attributes,
+                          const std::string& content) {
+    return startTag(tag, attributes) + content + "</" + tag + ">";
+  };
+  const auto viewingBox = [&](const std::string& bound, const std::string& value) {
+    const std::string axis = dimension == "2d" ? "Y" : "Z";
+    return element("ViewingBox" + axis + bound, {{Word::Val, value}}, "");
+  };
+  const std::string primitive = element(name, source.attributes, source.content);
+  std::string object =
+      element("Obj" + dimension, {{Word::Type, name}}, element("Img" + dimension, {}, primitive));
+  if (!source.transform.empty()) {
+    object = element("Transform" + dimension, {{Word::Type, "Rotate"}},
+                     element("Tr" + dimension, source.transform, "") + object);
+  }
+  const std::string coordinateSystem =
+      element("CoordinateSystem" + dimension, {},
+              viewingBox("Min", "0") + viewingBox("Max", "10") + object);
+  return element("Canvas", {}, element("Scene" + dimension, {}, coordinateSystem));
+}
+
+/// What is written for the one primitive of the document: all that stands in `<geometries>`.
+template <class T>
+std::string convert(const MinimalDocument& source) {
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const Ubase::Ref<Img2d> image(new Img2d(document.get()));
+  const std::string text = textOf(source, T::tag.str(), image->isContentName(T::tag) ? "2d" : "3d");
+
+  ZrdParserHandler handler(document.get(), true, nullptr);
+  Xml::Parser parser(&handler, true, nullptr);
+  if (!parser.parse(text.data(), static_cast<int>(text.size()), true)) return "not well formed";
+
+  std::ostringstream out;
+  JVXWriter(document.get()).write(out, nan);
+  const std::string model = out.str();
+  const std::string_view head = "<geometries>\n";
+  const std::size_t begin = model.find(head) + head.size();
+  return model.substr(begin, model.find("</geometries>\n") - begin);
+}
+
+// Texts that stand in nearly every geometry.
+
+/// `<material>` with the content of `<transparency>` and its attribute; opaque as a rule.
+inline std::string material(std::string_view attributes = "",
+                            std::string_view transparency = "\"hide\">0") {
+  return std::string("<material")
+      .append(attributes)
+      .append(
+          ">\n"
+          "<ambientIntensity>0.2</ambientIntensity>\n"
+          "<diffuse><color>128 128 128</color></diffuse>\n"
+          "<emissive><color>0 0 0</color></emissive>\n"
+          "<shininess>0.9</shininess>\n"
+          "<specular><color>128 128 128</color></specular>\n"
+          "<transparency visible=")
+      .append(transparency)
+      .append("</transparency>\n</material>\n");
+}
+
+/// `<material>` of smooth shading.
+inline std::string smoothMaterial(std::string_view transparency = "\"hide\">0") {
+  return material(" shading=\"gouraud\"", transparency);
+}
+
+/// `<transparency>` for alpha 128: 1 - 128 / 255.
+inline constexpr std::string_view halfTransparent = "\"show\">0.498039";
+
+inline std::string repeated(std::string_view text, int times) {
+  std::string result;
+  for (int i = 0; i < times; ++i) result += text;
+  return result;
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,123 @@
+// What each property of a primitive does to the text that is written for it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "minimal_document.h"
+#include "vantry/plot/framework/property_list_mgr.h"
+
+namespace PlotDom {
+
+/// A piece of text that becomes another one. It stands in the text exactly once; an empty `before`
+/// is the whole text.
+struct Edit {
+  std::string before;
+  std::string after;
+};
+
+/// The property with this value, in place of the one in the minimal document, changes the text by
+/// the edits and in no other way.
+struct PropertyEffect {
+  Token property;
+  std::string value;
+  std::vector<Edit> edits;
+};
+
+/// Nothing is written any more.
+inline const std::vector<Edit> vanishes{{"", ""}};
+
+inline std::string edited(std::string text, const std::vector<Edit>& edits) {
+  for (const auto& [before, after] : edits) {
+    if (before.empty()) {
+      text = after;
+      continue;
+    }
+    const std::size_t at = text.find(before);
+    EXPECT_NE(at, std::string::npos) << "not in the text: " << before;
+    if (at == std::string::npos) continue;
+    EXPECT_EQ(text.find(before, at + 1), std::string::npos) << "more than once: " << before;
+    text.replace(at, before.size(), after);
+  }
+  return text;
+}
+
+/// The texts of all other words of an enumeration, or of one other value.
+inline std::vector<std::string> otherValues(const Property& property, const Variant& value) {
+  std::vector<Variant> others;
+  if (const auto flag = value.as<Ubase::BoolVariant>()) {
+    others.push_back(Ubase::BoolVariant(!flag->get()));
+  } else if (const auto number = value.as<Ubase::LongVariant>()) {
+    others.push_back(Ubase::LongVariant(number->get() + 1));
+  } else if (const auto real = value.as<Ubase::DoubleVariant>()) {
+    others.push_back(Ubase::DoubleVariant(real->get() + 1));
+  } else if (const auto color = value.as<RGBAVariant>()) {
+    others.push_back(RGBAVariant(RGBA(~color->get().word())));
+  } else if (const auto p2 = value.as<P2Variant>()) {
+    others.push_back(P2Variant(P2{p2->get().x + 1, p2->get().y + 2}));
+  } else if (const auto p3 = value.as<P3Variant>()) {
+    others.push_back(P3Variant(P3{p3->get().x + 1, p3->get().y + 2, p3->get().z + 3}));
+  } else if (const auto font = value.as<FontStyleVariant>()) {
+    FontStyle larger = font->get();
+    ++larger.size;
+    others.push_back(FontStyleVariant(larger));
+  } else if (const auto word = value.as<Ubase::TokenVariant>()) {
+    for (const Token other : property.allowedWords()) {
+      if (other != word->get()) others.push_back(Ubase::TokenVariant(other));
+    }
+  }
+  std::vector<std::string> texts;
+  for (const Variant& other : others) {
+    std::ostringstream attribute;  // ` Name="value"`
+    property.putXml(attribute, other);
+    const std::string text = attribute.str();
+    const std::size_t begin = text.find('"') + 1;
+    texts.push_back(text.substr(begin, text.rfind('"') - begin));
+  }
+  EXPECT_FALSE(texts.empty()) << "no other value";
+  return texts;
+}
+
+/// Converts the document with each of the effects, one at a time, and shows that they are what
+/// happens. Shows also that no other property of the class changes anything: none can be left out.
+template <class T>
+void expectPropertyEffects(const MinimalDocument& base,
+                           const std::vector<PropertyEffect>& effects) {
+  const std::string text = convert<T>(base);
+  const auto convertWith = [&](Token property, const std::string& value) {
+    MinimalDocument changed = base;
+    changed.attributes[property] = value;
+    return convert<T>(changed);
+  };
+
+  for (const PropertyEffect& effect : effects) {
+    SCOPED_TRACE(std::string(effect.property.str()) + " = " + effect.value);
+    const std::string expected = edited(text, effect.edits);
+    EXPECT_NE(expected, text) << "no effect";
+    EXPECT_EQ(convertWith(effect.property, effect.value), expected);
+  }
+
+  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const Ubase::Ref<T> element(new T(document.get()));
+  for (const auto& [name, value] : base.attributes) {
+    element->setAttributeFromString(name, value.c_str());
+  }
+  for (const auto& [name, property] : T::propertyList().entries()) {
+    const auto isThisOne = [&name = name](const PropertyEffect& effect) {
+      return effect.property == name;
+    };
+    if (std::ranges::any_of(effects, isThisOne)) continue;
+    const Variant current =
+        element->hasAttribute(name) ? element->getAttribute(name) : property->defaultVariant();
+    for (const std::string& value : otherValues(*property, current)) {
+      SCOPED_TRACE(std::string(name.str()) + " = " + value);
+      EXPECT_EQ(convertWith(name, value), text) << "an effect where none is known";
+    }
+  }
+}
+
+}  // namespace PlotDom

@@ -1,0 +1,523 @@
+// Which child may stand below which parent, and what is said where it may not.
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "catalogue.h"
+#include "plot_test.h"
+#include "vantry/dom/range.h"
+#include "vantry/dom/text.h"
+#include "vantry/plot/framework/content_element.h"
+
+namespace PlotDomTest {
+namespace {
+
+using Names = std::vector<std::string>;
+using Bits = std::map<std::string, std::uint32_t>;
+
+/// What a parent takes: options, each of them once, and plain children.
+struct Content {
+  Bits family;            // the options of all classes of the family
+  std::uint32_t allowed;  // those of this class
+  std::uint32_t required;
+  Names plain;
+};
+
+const Bits sceneOptions = {{"Header", 1},
+                           {"Footer", 2},
+                           {"ClippingBox", 4},
+                           {"View2d", 8},
+                           {"View3d", 16},
+                           {"CoordinateSystem2dStyle", 32},
+                           {"CoordinateSystem3dStyle", 64}};
+
+const Bits coordinateSystemOptions = {
+    {"ViewingBoxXMin", 1},     {"ViewingBoxXMax", 2},     {"ViewingBoxYMin", 4},
+    {"ViewingBoxYMax", 8},     {"ViewingBoxZMin", 16},    {"ViewingBoxZMax", 32},
+    {"AxesOriginX", 64},       {"AxesOriginY", 128},      {"AxesOriginZ", 256},
+    {"XAxisTitle", 512},       {"YAxisTitle", 1024},      {"ZAxisTitle", 2048},
+    {"XTicksAnchor", 4096},    {"XTicksDistance", 8192},  {"YTicksAnchor", 16384},
+    {"YTicksDistance", 32768}, {"ZTicksAnchor", 0x10000}, {"ZTicksDistance", 0x20000},
+    {"XTicksAt", 0x40000},     {"YTicksAt", 0x80000},     {"ZTicksAt", 0x100000},
+    {"Hints", 0x200000}};
+
+const Bits transformOptions = {{"ParameterName", 1},
+                               {"ParameterBegin", 2},
+                               {"ParameterEnd", 4},
+                               {"Matrix2d", 8},
+                               {"Matrix3d", 16}};
+
+const Bits objectOptions = {
+    {"ParameterName", 1},   {"ParameterBegin", 2},   {"ParameterEnd", 4},      {"Title", 32},
+    {"TitlePositionX", 64}, {"TitlePositionY", 128}, {"TitlePositionZ", 256},  {"LegendText", 512},
+    {"Points2d", 1024},     {"Points3d", 2048},      {"TextOrientation", 4096}};
+
+const std::map<std::string, Content> contents = {
+    {"Canvas",
+     {{{"Header", 1},
+       {"Footer", 2},
+       {"Scene2dStyle", 4},
+       {"Scene3dStyle", 8},
+       {"CoordinateSystem2dStyle", 16},
+       {"CoordinateSystem3dStyle", 32},
+       {"TimeRange", 64}},
+      127,
+      0,
+      {"Scene2d", "Scene3d", "ObjStyle", "ObjType"}}},
+    {"Scene2d", {sceneOptions, 43, 0, {"CoordinateSystem2d", "ObjStyle"}}},
+    {"Scene3d", {sceneOptions, 87, 0, {"CoordinateSystem3d", "ObjStyle"}}},
+    {"CoordinateSystem2d",
+     {coordinateSystemOptions, 0x2CF6CF, 0, {"Obj2d", "Group2d", "Transform2d", "ObjStyle"}}},
+    {"CoordinateSystem3d",
+     {coordinateSystemOptions, 0x3FFFFF, 0, {"Obj3d", "Group3d", "Transform3d", "ObjStyle"}}},
+    {"Group2d", {{}, 0, 0, {"Obj2d", "Group2d", "Transform2d", "ObjStyle"}}},
+    {"Group3d", {{}, 0, 0, {"Group3d", "Transform3d", "ObjStyle"}}},  // and Obj3d by its type
+    {"Transform2d", {transformOptions, 15, 0, {"Expr", "Tr2d", "Obj2d", "Group2d", "Transform2d"}}},
+    {"Transform3d", {transformOptions, 23, 0, {"Expr", "Tr3d", "Group3d", "Transform3d"}}},
+    {"Obj2d", {objectOptions, 1767, 0, {"Expr", "ExprSeq", "ColorFunc", "Prop", "Img2d"}}},
+    {"Obj3d", {objectOptions, 7143, 0, {"Expr", "ExprSeq", "ColorFunc", "Prop", "Img3d"}}},
+    {"Img2d",
+     {{},
+      0,
+      0,
+      {"Poly2d", "Arc2d", "Pt2d", "Pts2d", "Line2d", "Arrow2d", "Text2d", "VerticalAsymptote",
+       "Field2d", "ColorArray2d", "DensityArray2d"}}},
+    {"Img3d",
+     {{}, 0, 0, {"Mesh3d",       "Pts3d",     "Line3d",     "Lines3d", "Surf3d",       "Field3d",
+                 "Arrow3d",      "Box",       "Circle3d",   "Cone",    "Sphere",       "Ellipsoid",
+                 "Plane",        "Text3d",    "Poly3d",     "Camera",  "AmbientLight", "PointLight",
+                 "DistantLight", "SpotLight", "ClippingBox"}}},
+    {"TickPos", {{{"VExpr", 1}, {"Title", 2}}, 3, 1, {}}},
+    {"ObjStyle", {{}, 0, 0, {}}},
+    {"Scene2dStyle", {{}, 0, 0, {}}},
+    {"Scene3dStyle", {{}, 0, 0, {}}},
+    {"CoordinateSystem2dStyle", {{}, 0, 0, {}}},
+    {"CoordinateSystem3dStyle", {{}, 0, 0, {}}},
+};
+
+/// Elements that take text, and say so when they are given anything else.
+const std::set<std::string> textParents = {
+    "Text2d",         "Text3d",         "Header",         "Footer",         "Title",
+    "LegendText",     "XAxisTitle",     "YAxisTitle",     "ZAxisTitle",     "Expr",
+    "IExpr",          "VExpr",          "ParameterName",  "TitlePositionX", "TitlePositionY",
+    "TitlePositionZ", "AxesOriginX",    "AxesOriginY",    "AxesOriginZ",    "ParameterBegin",
+    "ParameterEnd",   "XTicksAnchor",   "YTicksAnchor",   "ZTicksAnchor",   "XTicksDistance",
+    "YTicksDistance", "ZTicksDistance", "ViewingBoxXMin", "ViewingBoxXMax", "ViewingBoxYMin",
+    "ViewingBoxYMax", "ViewingBoxZMin", "ViewingBoxZMax"};
+
+/// Elements that take what is listed and refuse anything else without a word. All others are
+/// leaves. Matrix2d, Matrix3d and TextOrientation are full as they are made.
+const std::map<std::string, Names> silentParents = {{"Point2d", {"IExpr"}},
+                                                    {"Point3d", {"IExpr"}},
+                                                    {"ColorFunc", {"IExpr"}},
+                                                    {"ExprSeq", {"IExpr"}},
+                                                    {"Points2d", {"Point2d"}},
+                                                    {"Points3d", {"Point3d"}},
+                                                    {"XTicksAt", {"TickPos"}},
+                                                    {"YTicksAt", {"TickPos"}},
+                                                    {"ZTicksAt", {"TickPos"}},
+                                                    {"ObjType", {"PropCat"}},
+                                                    {"PropCat", {"PropCat", "PropInfo"}}};
+
+bool contains(const Names& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// What a new element says when it is offered one child: "" stands for yes, "no" for a refusal
+/// without a word.
+std::string expectedAnswer(const std::string& parent, const std::string& child) {
+  const auto content = contents.find(parent);
+  if (content != contents.end()) {
+    const Content& rules = content->second;
+    const auto option = rules.family.find(child);
+    if (option == rules.family.end()) {
+      return contains(rules.plain, child) ? ""
+                                          : "PlotDom error: not a valid content child '" + child +
+                                                "' [parent '" + parent + "']\n";
+    }
+    if (parent == "TickPos" && child == "VExpr") {  // it has one from the start
+      return "PlotDom error: option child 'VExpr' defined twice [parent 'TickPos']\n";
+    }
+    const bool isAllowed = (option->second & rules.allowed) != 0;
+    return isAllowed ? "" : "PlotDom error: illegal option child [parent '" + parent + "']\n";
+  }
+  if (textParents.count(parent)) {
+    return child == "#text" ? ""
+                            : "PlotDom error: not a text node child [parent '" + parent + "']\n";
+  }
+  const auto silent = silentParents.find(parent);
+  return silent != silentParents.end() && contains(silent->second, child) ? "" : "no";
+}
+
+class GrammarTest : public PlotTest {
+ protected:
+  Ref<Arbor::Node> makeNode(const std::string& name) {
+    if (name == "#text") return document->createTextNode("x");
+    return make(token(name)).get();
+  }
+
+  std::string answerOf(const PlotElement& parent, Arbor::Node* child) {
+    const bool isAccepted = parent.canReplaceChildren(nullptr, 0, child);
+    const std::string said = takeComplaints();
+    if (isAccepted) return said.empty() ? "" : "yes, but: " + said;
+    return said.empty() ? "no" : said;
+  }
+};
+
+TEST_F(GrammarTest, EachParentAndEachChild) {
+  Names children = expectedElements;
+  children.push_back("#text");
+  for (const std::string& parentName : expectedElements) {
+    const Ref<PlotElement> parent = make(token(parentName));
+    for (const std::string& childName : children) {
+      const Ref<Arbor::Node> child = makeNode(childName);
+      EXPECT_EQ(answerOf(*parent, child.get()), expectedAnswer(parentName, childName))
+          << childName << " in " << parentName;
+    }
+  }
+}
+
+TEST_F(GrammarTest, AttachingDoesWhatTheAnswerSays) {
+  for (const std::string& parentName : expectedElements) {
+    for (const std::string& childName : expectedElements) {
+      const Ref<PlotElement> parent = make(token(parentName));
+      const Ref<PlotElement> child = make(token(childName));
+      const unsigned before = parent->length();
+      const int code = codeOf([&] { parent->appendChild(child.get()); });
+      const bool isAccepted = expectedAnswer(parentName, childName).empty();
+      EXPECT_EQ(code, isAccepted ? 0 : DomException::HierarchyRequest)
+          << childName << " in " << parentName;
+      EXPECT_EQ(parent->length(), before + (isAccepted ? 1 : 0));
+      EXPECT_EQ(child->parent(), isAccepted ? parent.get() : nullptr);
+    }
+  }
+}
+
+TEST_F(GrammarTest, BitsAndMasksOfOptions) {
+  for (const auto& [parentName, content] : contents) {
+    const Ref<PlotElement> parent = make(token(parentName));
+    const auto* optioned = dynamic_cast<const OptionedPlotElement*>(parent.get());
+    if (!optioned) continue;  // groups and images have none
+    for (const std::string& child : expectedElements) {
+      const auto option = content.family.find(child);
+      const std::uint32_t bit = option == content.family.end() ? 0 : option->second;
+      EXPECT_EQ(optioned->optionBit(token(child)), bit) << child << " in " << parentName;
+    }
+    EXPECT_EQ(optioned->optionBit(token("#text")), 0U);
+    EXPECT_EQ(optioned->allowedOptions(), content.allowed) << parentName;
+    EXPECT_EQ(optioned->requiredOptions(), content.required) << parentName;
+    EXPECT_EQ(optioned->optionMask(), content.required) << parentName;
+  }
+}
+
+TEST_F(GrammarTest, EachOptionStandsOnce) {
+  for (const auto& [parentName, content] : contents) {
+    for (const auto& [childName, bit] : content.family) {
+      if ((bit & content.allowed) == 0) continue;
+      const Ref<PlotElement> parent = make(token(parentName));
+      if (parent->firstChild() == nullptr || childName != "VExpr") add(*parent, token(childName));
+      const auto& optioned = static_cast<const OptionedPlotElement&>(*parent);
+      EXPECT_EQ(optioned.optionMask(), content.required | bit);
+
+      EXPECT_EQ(answerOf(*parent, make(token(childName)).get()),
+                "PlotDom error: option child '" + childName + "' defined twice [parent '" +
+                    parentName + "']\n");
+      EXPECT_TRUE(parent->canReplaceChildren(parent->lastChild(), 1, make(token(childName)).get()));
+    }
+  }
+}
+
+TEST_F(GrammarTest, RemovingAnOptionMakesRoomForAnother) {
+  const Ref<PlotElement> scene = make(Word::Scene2d);
+  const auto& optioned = static_cast<const OptionedPlotElement&>(*scene);
+  PlotElement* first = add(*scene, Word::View2d);
+  EXPECT_EQ(optioned.optionMask(), 8U);
+  const Ref<PlotElement> second = make(Word::View2d);
+  EXPECT_EQ(codeOf([&] { scene->appendChild(second.get()); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(),
+            "PlotDom error: option child 'View2d' defined twice [parent 'Scene2d']\n");
+
+  scene->replaceChild(second.get(), first);
+  EXPECT_EQ(scene->firstChild(), second.get());
+  EXPECT_EQ(scene->length(), 1U);
+  EXPECT_EQ(optioned.optionMask(), 8U);
+  scene->removeChild(second.get());
+  EXPECT_EQ(optioned.optionMask(), 0U);
+  EXPECT_EQ(takeComplaints(), "");
+}
+
+TEST_F(GrammarTest, AnOptionIsFoundAsLongAsItIsThere) {
+  const Ref<PlotElement> system(document->createElement(Word::CoordinateSystem2d));
+  const Ref<PlotElement> object(document->createElement(Word::Obj2d));
+  const Ref<PlotElement> title(document->createElement(Word::XAxisTitle));
+  const Ref<PlotElement> other(document->createElement(Word::XAxisTitle));
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), nullptr);
+  system->appendChild(object.get());
+  system->appendChild(title.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), title.get());
+  EXPECT_EQ(system->firstChildByName(Word::YAxisTitle), nullptr);
+  EXPECT_EQ(system->firstChildByName(Word::Obj2d), object.get());
+
+  const Ref<Arbor::Node> copy = system->cloneNode(true);
+  EXPECT_EQ(copy->firstChildByName(Word::XAxisTitle), copy->lastChild());
+
+  system->replaceChild(other.get(), title.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), other.get());
+  system->removeChild(other.get());
+  EXPECT_EQ(system->firstChildByName(Word::XAxisTitle), nullptr);
+}
+
+TEST_F(GrammarTest, OptionsOfOtherClassesOfTheFamilyAreIllegal) {
+  const auto answer = [this](Token parent, Token child) {
+    return answerOf(*make(parent), make(child).get());
+  };
+  EXPECT_EQ(answer(Word::Scene2d, Word::View3d),
+            "PlotDom error: illegal option child [parent 'Scene2d']\n");
+  EXPECT_EQ(answer(Word::Obj2d, Word::Points3d),
+            "PlotDom error: illegal option child [parent 'Obj2d']\n");
+  EXPECT_EQ(answer(Word::Transform3d, Word::Matrix2d),
+            "PlotDom error: illegal option child [parent 'Transform3d']\n");
+}
+
+TEST_F(GrammarTest, ATextIsNoContentOfACanvas) {
+  EXPECT_EQ(answerOf(*make(Word::Canvas), makeNode("#text").get()),
+            "PlotDom error: not a valid content child '#text' [parent 'Canvas']\n");
+}
+
+TEST_F(GrammarTest, SeveralChildrenAtOnceAreAllLookedAt) {
+  const Ref<PlotElement> scene = make(Word::Scene2d);
+  const auto fragmentOf = [this](std::initializer_list<Token> names) {
+    Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    for (const Token name : names) add(*fragment, name);
+    return fragment;
+  };
+  const auto answer = [&](std::initializer_list<Token> names) {
+    return answerOf(*scene, fragmentOf(names)->firstChild());
+  };
+  EXPECT_EQ(answer({Word::CoordinateSystem2d, Word::View2d, Word::Header, Word::ObjStyle}), "");
+  EXPECT_EQ(answer({Word::CoordinateSystem2d, Word::Obj2d, Word::View3d}),
+            "PlotDom error: not a valid content child 'Obj2d' [parent 'Scene2d']\n");
+  EXPECT_EQ(answer({Word::Header, Word::Footer, Word::Header}),
+            "PlotDom error: option child 'Header' defined twice [parent 'Scene2d']\n");
+  // The mask is looked at when all children have been: the wrong one is told first.
+  EXPECT_EQ(answer({Word::View3d, Word::Obj2d}),
+            "PlotDom error: not a valid content child 'Obj2d' [parent 'Scene2d']\n");
+  EXPECT_EQ(answer({Word::View3d, Word::View2d}),
+            "PlotDom error: illegal option child [parent 'Scene2d']\n");
+}
+
+TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsTold) {
+  const auto complaint = [this](Token parent, std::initializer_list<Token> children) {
+    const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    for (const Token child : children) add(*fragment, child);
+    return answerOf(*make(parent), fragment->firstChild());
+  };
+  EXPECT_EQ(complaint(Word::Group2d, {Word::Obj2d, Word::Obj3d, Word::Canvas}),
+            "PlotDom error: not a valid content child 'Obj3d' [parent 'Group2d']\n");
+  EXPECT_EQ(complaint(Word::Img2d, {Word::Poly2d, Word::Mesh3d, Word::Obj2d}),
+            "PlotDom error: not a valid content child 'Mesh3d' [parent 'Img2d']\n");
+}
+
+TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
+  const Ref<PlotElement> canvas = make(Word::Canvas);
+  Ref<Arbor::DocumentFragment> both(document->createDocumentFragment());
+  add(*both, Word::Scene2d);
+  add(*both, Word::ObjStyle);
+  add(*both, Word::Scene3d);
+  EXPECT_EQ(answerOf(*canvas, both->firstChild()), "no");
+  EXPECT_EQ(codeOf([&] { canvas->appendChild(both.get()); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(), "");
+  EXPECT_EQ(canvas->length(), 0U);
+  EXPECT_EQ(both->length(), 3U);
+
+  add(*canvas, Word::Scene3d);
+  add(*canvas, Word::Scene2d);
+  add(*canvas, Word::Scene3d);
+  EXPECT_EQ(canvas->length(), 3U);
+
+  Ref<Arbor::DocumentFragment> wrong(document->createDocumentFragment());
+  add(*wrong, Word::Scene2d);
+  add(*wrong, Word::Scene3d);
+  add(*wrong, Word::Obj2d);
+  EXPECT_EQ(answerOf(*canvas, wrong->firstChild()),
+            "PlotDom error: not a valid content child 'Obj2d' [parent 'Canvas']\n")
+      << "the rule for options is asked first";
+}
+
+TEST_F(GrammarTest, AMoveIsJudgedByWhatWouldBeThereAfterIt) {
+  PlotElement* canvas = add(*document, Word::Canvas);
+  PlotElement* scene = add(*canvas, Word::Scene2d);
+  PlotElement* system = add(*scene, Word::CoordinateSystem2d);
+  PlotElement* view = add(*scene, Word::View2d);
+  PlotElement* other = add(*canvas, Word::Scene2d);
+  PlotElement* otherView = add(*other, Word::View2d);
+  document->clearUndo();
+
+  const Ref<Arbor::Range> range = document->createRange(true);
+  range->selectNode(otherView);
+  EXPECT_EQ(codeOf([&] { scene->appendChild(otherView); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(),
+            "PlotDom error: option child 'View2d' defined twice [parent 'Scene2d']\n");
+  EXPECT_EQ(codeOf([&] { view->appendChild(otherView); }), DomException::HierarchyRequest);
+  EXPECT_FALSE(document->canUndo());
+  EXPECT_EQ(document->selectedElement(), otherView);
+
+  scene->insertBefore(view, system);
+  EXPECT_EQ(scene->firstChild(), view) << "it is not there twice";
+  scene->replaceChild(otherView, view);
+  EXPECT_EQ(scene->firstChildByName(Word::View2d), otherView);
+  EXPECT_EQ(takeComplaints(), "");
+  document->undo();
+  EXPECT_EQ(scene->firstChildByName(Word::View2d), view);
+  EXPECT_EQ(other->firstChildByName(Word::View2d), otherView);
+}
+
+TEST_F(GrammarTest, ExpressionsChangePlacesAsLongAsTheirNumberIsRight) {
+  const Ref<PlotElement> point = make(Word::Point2d);
+  Arbor::Node* first = point->firstChild();
+  EXPECT_EQ(codeOf([&] { point->appendChild(first); }), DomException::HierarchyRequest)
+      << "two are the least, and a move takes one out";
+  while (point->length() < 6) add(*point, Word::IExpr);
+  point->appendChild(first);
+  EXPECT_EQ(point->lastChild(), first) << "six are the most, and it is one of them";
+  const Ref<PlotElement> full = make(Word::Point2d);
+  while (full->length() < 6) add(*full, Word::IExpr);
+  EXPECT_EQ(codeOf([&] { full->appendChild(first); }), DomException::HierarchyRequest);
+  full->replaceChild(first, full->firstChild());
+  EXPECT_EQ(point->length(), 5U);
+  EXPECT_EQ(full->length(), 6U);
+}
+
+TEST_F(GrammarTest, ATickMarkHasItsPlaceFromTheStart) {
+  const Ref<PlotElement> tick = make(Word::TickPos);
+  ASSERT_EQ(tick->length(), 1U);
+  PlotElement* place = PlotElement::from(tick->firstChild());
+  EXPECT_EQ(place->tagName(), Word::VExpr);
+  add(*tick, Word::Title);
+  EXPECT_EQ(tick->length(), 2U);
+  EXPECT_EQ(takeComplaints(), "");
+
+  EXPECT_EQ(codeOf([&] { tick->removeChild(place); }), DomException::HierarchyRequest);
+  EXPECT_EQ(takeComplaints(), "PlotDom error: missing option child [parent 'TickPos']\n");
+  tick->replaceChild(make(Word::VExpr).get(), place);
+  tick->removeChild(tick->lastChild());
+  EXPECT_EQ(takeComplaints(), "");
+}
+
+TEST_F(GrammarTest, CamerasLightsAndClippingBoxesStandDirectlyInACoordinateSystem) {
+  for (const Token special : {Word::Camera, Word::AmbientLight, Word::PointLight,
+                              Word::DistantLight, Word::SpotLight, Word::ClippingBox}) {
+    const Ref<PlotElement> object = make(Word::Obj3d, {{Word::Type, special.str()}});
+    EXPECT_EQ(answerOf(*make(Word::CoordinateSystem3d), object.get()), "");
+    for (const std::string parent : {"Group3d", "Transform3d"}) {
+      EXPECT_EQ(answerOf(*make(token(parent)), object.get()),
+                "PlotDom error: not a valid content child 'Obj3d' [parent '" + parent + "']\n")
+          << special.str();
+    }
+  }
+  for (const Token parent : {Word::CoordinateSystem3d, Word::Group3d, Word::Transform3d}) {
+    for (const char* type : {"Surface", "Default", "Sphere", "NoSuchType"}) {
+      EXPECT_EQ(answerOf(*make(parent), make(Word::Obj3d, {{Word::Type, type}}).get()), "");
+    }
+  }
+  const Ref<PlotElement> camera2d = make(Word::Obj2d, {{Word::Type, "Camera"}});
+  EXPECT_EQ(answerOf(*make(Word::Group2d), camera2d.get()), "") << "only in space";
+  EXPECT_EQ(answerOf(*make(Word::Transform2d), camera2d.get()), "");
+}
+
+TEST_F(GrammarTest, TupleSizes) {
+  struct Tuple {
+    Token name;
+    unsigned made, least, most;
+  };
+  for (const Tuple& tuple :
+       {Tuple{Word::Point2d, 2, 2, 6}, Tuple{Word::Point3d, 3, 3, 7},
+        Tuple{Word::Matrix2d, 4, 4, 4}, Tuple{Word::Matrix3d, 9, 9, 9},
+        Tuple{Word::TextOrientation, 6, 6, 6}, Tuple{Word::ColorFunc, 1, 1, 4}}) {
+    SCOPED_TRACE(tuple.name.str());
+    const Ref<PlotElement> parent = make(tuple.name);
+    ASSERT_EQ(parent->length(), tuple.made) << "before anything was attached";
+    for (Arbor::Node* child = parent->firstChild(); child; child = child->nextSibling()) {
+      EXPECT_EQ(child->nodeName(), Word::IExpr);
+    }
+
+    // Each number of children taken out at each place, and of children put in.
+    while (parent->length() < tuple.most) add(*parent, Word::IExpr);
+    for (unsigned place = 0; place <= tuple.most; ++place) {
+      for (unsigned out = 0; out <= tuple.most + 2; ++out) {
+        for (unsigned in = 0; in <= tuple.most + 1; ++in) {
+          Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+          for (unsigned i = 0; i < in; ++i) add(*fragment, Word::IExpr);
+          const unsigned removed = std::min(out, tuple.most - place);
+          const unsigned after = tuple.most - removed + in;
+          EXPECT_EQ(parent->canReplaceChildren(parent->childAt(place), out,
+                                               in > 0 ? fragment->firstChild() : nullptr),
+                    after >= tuple.least && after <= tuple.most)
+              << removed << " out at " << place << ", " << in << " in";
+        }
+      }
+    }
+    EXPECT_EQ(answerOf(*parent, make(Word::Expr).get()), "no");
+    EXPECT_FALSE(parent->canReplaceChildren(parent->firstChild(), 1, make(Word::VExpr).get()));
+    EXPECT_EQ(takeComplaints(), "") << "all in silence";
+  }
+}
+
+TEST_F(GrammarTest, OnlyTheFirstOfNewTextChildrenIsLookedAt) {
+  const Ref<PlotElement> title = make(Word::Title);
+  Ref<Arbor::DocumentFragment> textFirst(document->createDocumentFragment());
+  addText(*textFirst, "x");
+  add(*textFirst, Word::Title);
+  EXPECT_EQ(answerOf(*title, textFirst->firstChild()), "");
+
+  Ref<Arbor::DocumentFragment> textLast(document->createDocumentFragment());
+  add(*textLast, Word::Title);
+  addText(*textLast, "x");
+  EXPECT_EQ(answerOf(*title, textLast->firstChild()),
+            "PlotDom error: not a text node child [parent 'Title']\n");
+  for (const Token name : {Word::Title, Word::Text2d, Word::Text3d}) {
+    const Ref<PlotElement> parent = make(name);
+    addText(*parent, "x");
+    parent->removeChild(parent->firstChild());
+    EXPECT_EQ(parent->firstChild(), nullptr);
+  }
+}
+
+TEST_F(GrammarTest, LeavesRefuseInSilence) {
+  for (const Token name :
+       {Word::Sphere, Word::Mesh3d, Word::Camera, Word::SpotLight, Word::ClippingBox, Word::Tr2d,
+        Word::Tr3d, Word::Hints, Word::Prop, Word::PropInfo, Word::TimeRange, Word::View2d,
+        Word::View3d, Word::ColorArray2d}) {
+    const Ref<PlotElement> leaf = make(name);
+    EXPECT_EQ(answerOf(*leaf, make(Word::IExpr).get()), "no");
+    EXPECT_EQ(answerOf(*leaf, makeNode("#text").get()), "no");
+    EXPECT_TRUE(leaf->canReplaceChildren(nullptr, 0, nullptr)) << "nothing to do";
+
+    // A child that came in unchecked does not go either.
+    const Ref<Arbor::Node> child = makeNode("#text");
+    leaf->doReplaceChildren(nullptr, 0, child.get());
+    EXPECT_FALSE(leaf->canReplaceChildren(child.get(), 1, nullptr));
+    EXPECT_TRUE(leaf->canReplaceChildren(child.get(), 0, nullptr));
+    EXPECT_EQ(takeComplaints(), "");
+  }
+}
+
+TEST_F(GrammarTest, NothingIsSaidAboutRemovals) {
+  for (const auto& [parentName, content] : contents) {
+    if (parentName == "TickPos") continue;
+    const Ref<PlotElement> parent = make(token(parentName));
+    for (const std::string& child : content.plain) add(*parent, token(child));
+    while (parent->firstChild()) parent->removeChild(parent->firstChild());
+  }
+  for (const auto& [parentName, children] : silentParents) {
+    const Ref<PlotElement> parent = make(token(parentName));
+    if (parent->firstChild()) continue;  // tuples have their own test
+    add(*parent, token(children.front()));
+    parent->removeChild(parent->firstChild());
+    EXPECT_EQ(parent->firstChild(), nullptr);
+  }
+  EXPECT_EQ(takeComplaints(), "");
+}
+
+}  // namespace
+}  // namespace PlotDomTest
