@@ -8,7 +8,7 @@
 
 #include "vantry/base/unicode_converter.h"
 
-namespace Ubase {
+namespace vantry::base {
 namespace {
 
 // Room for one character, or two, in any form.
@@ -173,4 +173,4 @@ OutputSink& writeLocaleText(OutputSink& out, const char* text) { return copyLoca
 std::ostream& writeQuotedText(std::ostream& out, const char* text) { return quoteText(out, text); }
 OutputSink& writeQuotedText(OutputSink& out, const char* text) { return quoteText(out, text); }
 
-}  // namespace Ubase
+}  // namespace vantry::base

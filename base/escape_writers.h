@@ -11,7 +11,7 @@
 
 #include "vantry/base/output_sink.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// UTF-8 text, escaped for XML.
 std::ostream& writeEscapedUtf8(std::ostream& out, const char* text);
@@ -34,4 +34,4 @@ OutputSink& writeLocaleText(OutputSink& out, const char* text);
 std::ostream& writeQuotedText(std::ostream& out, const char* text);
 OutputSink& writeQuotedText(OutputSink& out, const char* text);
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A reference-counted, NUL-terminated text that never changes in place. A copy shares the text,
 /// and all that share one are for one thread at a time, unless the text is permanent. The
@@ -96,4 +96,4 @@ class FixedStringBase {
 
 using FixedString = FixedStringBase<char>;
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -29,7 +29,7 @@
 // and their k, x * 10^k is either half way or at least 2^-64 away from it (the continued fraction
 // of 10^k * 2^e bounds this for each e), which is more than 2^40 units of T.
 
-namespace Ubase {
+namespace vantry::base {
 namespace {
 
 constexpr int fractionBits = 52;
@@ -170,4 +170,4 @@ char* formatInteger(char* out, std::int64_t value) {
   return formatInteger(out, value < 0 ? 0 - bits : bits);
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

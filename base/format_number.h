@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// The room that a number's text needs, whatever its length.
 inline constexpr std::size_t numberRoom = 24;
@@ -18,4 +18,4 @@ char* formatDouble(char* out, double value);
 char* formatInteger(char* out, std::int64_t value);
 char* formatInteger(char* out, std::uint64_t value);
 
-}  // namespace Ubase
+}  // namespace vantry::base

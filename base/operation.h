@@ -1,7 +1,7 @@
 // The base of everything that can be done and taken back.
 #pragma once
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A change as an object. If one of the following throws, nothing has changed.
 class Operation {
@@ -20,4 +20,4 @@ class Operation {
   virtual void redo() { execute(); }
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

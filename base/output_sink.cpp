@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-namespace Ubase {
+namespace vantry::base {
 
 OutputSink::OutputSink(std::ostream* stream)
     : stream_(stream),
@@ -39,4 +39,4 @@ OutputSink& OutputSink::writeLarge(const char* data, std::size_t size) {
   return write(data, size);
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -11,7 +11,7 @@
 
 #include "vantry/base/format_number.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// Gathers text in a buffer of fixed size and hands it on to a stream, block by block. Numbers are
 /// written as a stream with default settings writes them. Whether the stream took everything is
@@ -87,4 +87,4 @@ class OutputSink {
   char* end_;
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace Ubase {
+namespace vantry::base {
 
 __extension__ using Uint128 = unsigned __int128;
 
@@ -83,4 +83,4 @@ inline constexpr auto powersOfTen = [] {
 /// Of a power in that range. Nothing checks it: each number that is printed takes two of them.
 constexpr const PowerOfTen& powerOfTen(int k) { return powersOfTen.data()[k - firstPower]; }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// Interface of everything that is owned by reference count.
 class IResource {
@@ -92,4 +92,4 @@ class Ref {
   T* object_ = nullptr;
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

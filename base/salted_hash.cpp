@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace Ubase {
+namespace vantry::base {
 
 namespace {
 
@@ -71,4 +71,4 @@ std::size_t saltedHash(std::string_view text) {
   return state.a ^ state.b ^ state.c ^ state.d;
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

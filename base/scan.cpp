@@ -12,7 +12,7 @@
 #include <iterator>
 #include <limits>
 
-namespace Ubase {
+namespace vantry::base {
 namespace {
 
 // Bytes above 0x7F may be white space to sscanf, depending on the locale. A fast path meets them as
@@ -236,4 +236,4 @@ bool scanInt(const char* text, int& number) {
 
 bool scanWord(const char* text, ScannedWord& word) { return Scanner(text).scan(word); }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A word of at most 10 characters with its NUL.
 using ScannedWord = std::array<char, 11>;
@@ -40,4 +40,4 @@ bool scanInt(const char* text, int& number);
 /// Scans the first word of the text, cut at 10 characters, as " %10s " does.
 bool scanWord(const char* text, ScannedWord& word);
 
-}  // namespace Ubase
+}  // namespace vantry::base

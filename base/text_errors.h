@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A text ends within a character, or holds bytes that are no character.
 class BadUnicodeString : public std::runtime_error {
@@ -23,4 +23,4 @@ class BadLocale : public std::runtime_error {
   BadLocale() : std::runtime_error("current locale is not supported") {}
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -3,7 +3,7 @@
 #include "vantry/base/token_table.h"
 #include "vantry/base/vocabulary.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 namespace {
 
@@ -35,4 +35,4 @@ Token StaticToken::intern() const {
   return token;
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <functional>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// The address of the one interned copy of a text, or null. A plain value: copying costs a word,
 /// and an interned text lives as long as the process. Any thread may make tokens at any time, also
@@ -66,4 +66,4 @@ class StaticToken {
   mutable std::atomic<const char*> interned_ = nullptr;
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

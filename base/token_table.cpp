@@ -7,7 +7,7 @@
 
 #include "vantry/base/salted_hash.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 namespace {
 
@@ -74,4 +74,4 @@ void TokenTable::reserveOne() {
   }
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

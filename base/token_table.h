@@ -6,7 +6,7 @@
 #include <mutex>
 #include <vector>
 
-namespace Ubase {
+namespace vantry::base {
 
 /// An index of interned texts. The process has one, see instance(), for all that are no words of
 /// the vocabulary. Safe for any number of threads.
@@ -45,4 +45,4 @@ class TokenTable {
   std::vector<char*> owned_;
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -16,7 +16,7 @@
 #include <string>
 #include <string_view>
 
-namespace Ubase {
+namespace vantry::base {
 namespace {
 
 constexpr const char* nativeEncoding = "UTF-8";
@@ -304,4 +304,4 @@ std::size_t UnicodeConverter::Direction::operator()(std::span<const Source> sour
   throw BadUnicodeString();
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -21,7 +21,7 @@
 
 #include "vantry/base/text_errors.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A code point above U+10FFFF becomes U+FFFD. A text that ends within a character cannot be
 /// converted; other than that, its bytes are not checked.
@@ -107,4 +107,4 @@ class UnicodeConverter {
   bool nativeIsUtf8_ = false;
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -4,7 +4,7 @@
 #include <new>
 #include <utility>
 
-namespace Ubase {
+namespace vantry::base {
 
 Variant::Variant(const Variant& other) {
   if (other.type_ && other.type_->copy) {
@@ -100,4 +100,4 @@ FixedStringVariant::FixedStringVariant(const FixedString& value) : Variant(descr
 
 const FixedString& FixedStringVariant::read(const VariantValue& value) { return string(value); }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -11,7 +11,7 @@
 #include "vantry/base/fixed_string.h"
 #include "vantry/base/token.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// The two words in which a variant keeps its value, as bytes: any object of their size can live in
 /// them. Unused bits are zero. A copy of the bytes is a copy of the value only if that is trivially
@@ -191,4 +191,4 @@ class FixedStringVariant : public Variant {
   static const VariantType* descriptor();
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace Ubase {
+namespace vantry::base {
 
 namespace {
 
@@ -61,4 +61,4 @@ WordId findWord(std::string_view text) {
   return WordId::none;
 }
 
-}  // namespace Ubase
+}  // namespace vantry::base

@@ -8,7 +8,7 @@
 
 #include "vantry/base/token.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// The number of each word, in alphabetical order from 1; 0 stands for no word.
 enum class WordId : int {
@@ -32,9 +32,9 @@ inline constexpr char wordTexts[wordCount + 1][32] = {
 /// The token of each word, under the word itself as its name ("true", "false" and "id" are True,
 /// False and Id). They are constants and can be used from any static initialiser.
 namespace Word {
-#define WORD(name, text)               \
-  inline constexpr Ubase::Token name = \
-      Ubase::Token::ofVocabulary(wordTexts[static_cast<int>(WordId::name)]);
+#define WORD(name, text)              \
+  inline constexpr base::Token name = \
+      base::Token::ofVocabulary(wordTexts[static_cast<int>(WordId::name)]);
 #include "vantry/base/vocabulary.def"
 }  // namespace Word
 
@@ -63,4 +63,4 @@ inline WordId wordOf(Token token) {
 /// The number of the word with exactly this text; WordId::none for any other text.
 WordId findWord(std::string_view text);
 
-}  // namespace Ubase
+}  // namespace vantry::base

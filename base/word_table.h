@@ -6,7 +6,7 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 /// A value for each word, and one more under WordId::none, which is what every token finds that
 /// is no word of the vocabulary. All begin as `Value()`. Nothing is searched.
@@ -24,4 +24,4 @@ class WordTable {
   std::array<Value, wordCount + 1> values_{};
 };
 
-}  // namespace Ubase
+}  // namespace vantry::base

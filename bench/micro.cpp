@@ -59,7 +59,7 @@ void each(benchmark::State& state, const Values& values, std::int64_t numbersEac
 void scanPoint(benchmark::State& state) {
   each(state, points(), 3, [](const std::string& text) {
     std::array<double, 3> point;
-    benchmark::DoNotOptimize(Ubase::scanDoubles(text.c_str(), point));
+    benchmark::DoNotOptimize(vantry::base::scanDoubles(text.c_str(), point));
     benchmark::DoNotOptimize(point);
   });
 }
@@ -77,7 +77,7 @@ BENCHMARK(scanPointBySscanf);
 
 void printDouble(benchmark::State& state) {
   NullStream stream;
-  Ubase::OutputSink sink(stream);
+  vantry::base::OutputSink sink(stream);
   each(state, numbers(), 1, [&](double number) { sink << number << ' '; });
 }
 BENCHMARK(printDouble);
@@ -90,7 +90,7 @@ BENCHMARK(printDoubleByStream);
 
 void printInteger(benchmark::State& state) {
   NullStream stream;
-  Ubase::OutputSink sink(stream);
+  vantry::base::OutputSink sink(stream);
   int i = 0;
   for (auto _ : state) sink << ++i % 1'000'000 << ' ';
   state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()));

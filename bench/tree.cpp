@@ -7,34 +7,34 @@
 
 namespace {
 
-using Arbor::Node;
-using Arbor::Token;
-using Ubase::Ref;
+using vantry::base::Ref;
+using vantry::dom::Node;
+using vantry::dom::Token;
 
 /// An element without attributes.
-class BareElement final : public Arbor::Element {
+class BareElement final : public vantry::dom::Element {
  public:
-  explicit BareElement(Arbor::Document* document) : Element(document) {}
+  explicit BareElement(vantry::dom::Document* document) : Element(document) {}
   BareElement(const BareElement&) = default;
   Ref<Node> cloneNode(bool deep) const override {
     Ref<Node> copy = new BareElement(*this);
     if (deep) cloneChildrenInto(*copy);
     return copy;
   }
-  Token tagName() const override { return Arbor::EventType::AfterReplaceText; }
-  Ubase::Variant getAttribute(Token) const override { return {}; }
+  Token tagName() const override { return vantry::dom::EventType::AfterReplaceText; }
+  vantry::base::Variant getAttribute(Token) const override { return {}; }
   bool hasAttribute(Token) const override { return false; }
-  void doSetAttribute(Token, const Ubase::Variant&) override {}
+  void doSetAttribute(Token, const vantry::base::Variant&) override {}
   void doRemoveAttribute(Token) override {}
 };
 
-class BareDocument final : public Arbor::Document {
+class BareDocument final : public vantry::dom::Document {
  public:
-  Ref<Arbor::Element> make() { return createElement(Token()); }
+  Ref<vantry::dom::Element> make() { return createElement(Token()); }
 
  protected:
   ~BareDocument() override = default;
-  Ref<Arbor::Element> newElement(Token) override { return new BareElement(this); }
+  Ref<vantry::dom::Element> newElement(Token) override { return new BareElement(this); }
 };
 
 /// A document with a root, given up at the end.
@@ -72,7 +72,7 @@ BENCHMARK(appendToList)->Arg(1000)->Arg(32000);
 void appendToListOfRange(benchmark::State& state) {
   steps(state, [](const Tree& tree, std::int64_t count) {
     tree.document->setUndoLimit(0);
-    const Ref<Arbor::Range> range = tree.document->createRange(false);
+    const Ref<vantry::dom::Range> range = tree.document->createRange(false);
     range->selectNodeContents(&tree.root());
     appendChildren(tree, count);
   });

@@ -2,7 +2,7 @@
 
 #include "vantry/dom/dom_exception.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 bool AtomicNode::canReplaceChildren(Node*, unsigned, NewChildren) const { return false; }
 
@@ -10,4 +10,4 @@ void AtomicNode::doReplaceChildren(Node*, unsigned, Node*) {
   throw DomException(DomException::HierarchyRequest);
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

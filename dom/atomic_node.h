@@ -3,7 +3,7 @@
 
 #include "vantry/dom/node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A leaf of the tree. It refuses children.
 class AtomicNode : public Node {
@@ -18,4 +18,4 @@ class AtomicNode : public Node {
   using Node::Node;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

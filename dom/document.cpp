@@ -6,7 +6,7 @@
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/range_list.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 Document::Document() : InnerNode(nullptr) {
   ownerDocument_ = this;
@@ -158,7 +158,7 @@ void Document::endBatch() {
   if (error) std::rethrow_exception(error);
 }
 
-void Document::execute(std::unique_ptr<Ubase::Operation> operation) {
+void Document::execute(std::unique_ptr<base::Operation> operation) {
   if (!operation) return;
   run([&] {
     Recording recording(*this);
@@ -175,7 +175,7 @@ void Document::Recording::takePlace() {
   document_.changes_.emplace_back();
 }
 
-void Document::Recording::keep(std::unique_ptr<Ubase::Operation> operation) {
+void Document::Recording::keep(std::unique_ptr<base::Operation> operation) {
   if (document_.history_.isReplaying()) return;
   takePlace();
   document_.changes_[place_] = std::move(operation);
@@ -189,7 +189,7 @@ void Document::finishExecution() {
   std::exception_ptr error = std::exchange(heldBack_, nullptr);
   for (auto& change : std::exchange(changes_, {})) history_.add(std::move(change));
   while (executionDepth_ == 0 && !pendingOperations_.empty()) {
-    const std::unique_ptr<Ubase::Operation> operation = std::move(pendingOperations_.front());
+    const std::unique_ptr<base::Operation> operation = std::move(pendingOperations_.front());
     pendingOperations_.pop_front();
     try {
       operation->execute();
@@ -200,7 +200,7 @@ void Document::finishExecution() {
   if (error) std::rethrow_exception(error);
 }
 
-void Document::executeDeferred(std::unique_ptr<Ubase::Operation> operation) {
+void Document::executeDeferred(std::unique_ptr<base::Operation> operation) {
   if (!operation) return;
   if (executionDepth_ > 0) {
     pendingOperations_.push_back(std::move(operation));
@@ -269,4 +269,4 @@ void Document::notify(const DomEvent& event) {
   }
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

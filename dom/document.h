@@ -16,7 +16,7 @@
 #include "vantry/dom/operation_history.h"
 #include "vantry/dom/text.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 class RangeList;
 
@@ -89,7 +89,7 @@ class Document : public InnerNode {
   /// Runs the operation and records it. An operation that throws is not recorded. What an observer
   /// throws before a change prevents it; what one throws after a change passes on when all is done
   /// and recorded, deferred operations as well.
-  void execute(std::unique_ptr<Ubase::Operation> operation);
+  void execute(std::unique_ptr<base::Operation> operation);
 
   /// Makes an operation and executes it. In a batch, where nothing is recorded, it is not kept.
   template <class Operation, class... Arguments>
@@ -106,7 +106,7 @@ class Document : public InnerNode {
 
   /// Runs the operation when the execution under way has ended, at once if there is none, without
   /// recording it.
-  virtual void executeDeferred(std::unique_ptr<Ubase::Operation> operation);
+  virtual void executeDeferred(std::unique_ptr<base::Operation> operation);
 
   /// An operation calls this with what follows its change, such as events. The operation is
   /// recorded behind those that made their changes before. What `report` throws is thrown when the
@@ -191,7 +191,7 @@ class Document : public InnerNode {
     ~Recording() { document_.recording_ = outer_; }
 
     void takePlace();
-    void keep(std::unique_ptr<Ubase::Operation> operation);
+    void keep(std::unique_ptr<base::Operation> operation);
 
    private:
     Document& document_;
@@ -226,10 +226,10 @@ class Document : public InnerNode {
   OperationHistory history_;
   // Places in a list stay, even one given up, while whoever is called subscribes and unsubscribes.
   std::list<Subscription> observers_;
-  std::deque<std::unique_ptr<Ubase::Operation>> pendingOperations_;
+  std::deque<std::unique_ptr<base::Operation>> pendingOperations_;
   Ref<RangeList> ranges_;
-  std::vector<std::unique_ptr<Ubase::Operation>> changes_;  // of the execution, in their order
-  Recording* recording_ = nullptr;                          // the innermost
+  std::vector<std::unique_ptr<base::Operation>> changes_;  // of the execution, in their order
+  Recording* recording_ = nullptr;                         // the innermost
   std::exception_ptr heldBack_;
   std::size_t nodeCount_ = 0;
   std::uint64_t changeCount_ = 1;
@@ -239,4 +239,4 @@ class Document : public InnerNode {
   bool isAbandoned_ = false;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -1,6 +1,6 @@
 #include "vantry/dom/document_fragment.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 Token DocumentFragment::nodeName() const {
   static const Token name("#document-fragment", false);
@@ -15,4 +15,4 @@ Ref<Node> DocumentFragment::cloneNode(bool deep) const {
 
 std::ostream& DocumentFragment::writeXml(std::ostream& out) const { return out; }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

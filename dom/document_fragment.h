@@ -3,7 +3,7 @@
 
 #include "vantry/dom/inner_node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A list of nodes that appendChild() and its like accept in place of a single node. It is emptied
 /// thereby, and not to be used again: its lastChild() keeps its old value.
@@ -20,4 +20,4 @@ class DocumentFragment : public InnerNode {
   std::ostream& writeXml(std::ostream& out) const override;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

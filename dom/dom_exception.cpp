@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace Arbor {
+namespace vantry::dom {
 
 namespace {
 
@@ -43,4 +43,4 @@ const char* DomException::name() const noexcept { return nameOf(domErrors, code_
 
 const char* RangeException::name() const noexcept { return nameOf(rangeErrors, code_); }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

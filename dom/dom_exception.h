@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A refused change or question. It is thrown before anything has changed.
 class DomException : public std::exception {
@@ -66,4 +66,4 @@ class RangeException : public std::exception {
   int code_;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -7,7 +7,7 @@
 #include "vantry/dom/model_operation.h"
 #include "vantry/dom/tree_walk.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 void Element::setAttribute(Token name, const Variant& value) {
   if (isReadOnly()) throw DomException(DomException::NoModificationAllowed);
@@ -57,4 +57,4 @@ std::ostream& Element::writeXml(std::ostream& out) const {
   return out;
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -4,9 +4,9 @@
 #include "vantry/base/variant.h"
 #include "vantry/dom/inner_node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
-using Ubase::Variant;
+using base::Variant;
 
 /// An inner node with a tag name and attributes. How attributes are stored is left to the derived
 /// class.
@@ -62,4 +62,4 @@ class Element : public InnerNode {
   using InnerNode::InnerNode;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

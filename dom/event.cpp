@@ -2,10 +2,10 @@
 
 #include "vantry/dom/range.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 DomRangeEvent::DomRangeEvent(Range* range, Token eventType) : DomEvent(range, eventType) {}
 
 bool DomRangeEvent::isStale() const { return static_cast<const Range*>(target)->isDetached(); }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

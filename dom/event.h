@@ -4,11 +4,11 @@
 #include "vantry/base/token.h"
 #include "vantry/base/variant.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
-using Ubase::StaticToken;
-using Ubase::Token;
-using Ubase::Variant;
+using base::StaticToken;
+using base::Token;
+using base::Variant;
 
 class Node;
 class Range;
@@ -154,4 +154,4 @@ class IDocObserver {
   virtual void handleEvent(const DomEvent& event) = 0;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

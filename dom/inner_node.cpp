@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Arbor {
+namespace vantry::dom {
 
 InnerNode::~InnerNode() { destroyChildren(); }
 
@@ -83,4 +83,4 @@ void InnerNode::giveBackChain(Ref<Node> chain) {
   link(firstChild_, nullptr, std::move(chain));
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

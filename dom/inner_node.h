@@ -3,7 +3,7 @@
 
 #include "vantry/dom/node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A node with a list of children. The list may be as long, and trees as deep, as memory allows.
 class InnerNode : public Node {
@@ -40,4 +40,4 @@ class InnerNode : public Node {
 // A node, and 8 each for the first and the last child.
 static_assert(sizeof(void*) != 8 || sizeof(InnerNode) == sizeof(Node) + 16);
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -5,7 +5,7 @@
 #include "vantry/dom/document.h"
 #include "vantry/dom/tree_walk.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 namespace {
 
@@ -229,4 +229,4 @@ void RemoveAttributeOperation::undo() {
   reportSet();
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -9,10 +9,10 @@
 #include "vantry/dom/element.h"
 #include "vantry/dom/text.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A change of one node. It tells the observers of the document before and after.
-class ModelOperation : public Ubase::Operation {
+class ModelOperation : public base::Operation {
  protected:
   explicit ModelOperation(Node* node);
 
@@ -137,4 +137,4 @@ class RemoveAttributeOperation final : public AttributeOperation {
   Variant removedValue_;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -8,7 +8,7 @@
 #include "vantry/dom/model_operation.h"
 #include "vantry/dom/tree_walk.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 namespace {
 
@@ -275,4 +275,4 @@ Node* commonAncestor(Node* a, Node* b) {
   return common;
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

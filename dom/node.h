@@ -7,10 +7,10 @@
 #include "vantry/base/ref_counted.h"
 #include "vantry/base/token.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
-using Ubase::Ref;
-using Ubase::Token;
+using base::Ref;
+using base::Token;
 
 class Document;
 class DocumentFragment;
@@ -36,7 +36,7 @@ struct NodeClass {
 ///
 /// Every change of a node that is in its document (see isInDocument()) runs through an operation of
 /// the document, which can take it back and tells the observers. Other nodes change directly.
-class Node : public Ubase::RefCounted<Ubase::IResource> {
+class Node : public base::RefCounted<base::IResource> {
  public:
   enum Type : int {
     ElementNode = 1,
@@ -94,7 +94,7 @@ class Node : public Ubase::RefCounted<Ubase::IResource> {
   void attachedToDocument();
 
   /// Writes the node with all below it as XML, and returns the stream. Throws
-  /// Ubase::BadUnicodeString for a text that the locale cannot hold.
+  /// base::BadUnicodeString for a text that the locale cannot hold.
   virtual std::ostream& writeXml(std::ostream& out) const = 0;
 
   /// A read-only node refuses every change with NoModificationAllowed.
@@ -238,4 +238,4 @@ Node* commonAncestor(Node* a, Node* b);
 /// below `top`, and of the ancestors of `node`.
 bool isOrHolds(const Node& top, const Node& node);
 
-}  // namespace Arbor
+}  // namespace vantry::dom

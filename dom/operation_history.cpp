@@ -3,7 +3,7 @@
 #include <iterator>
 #include <utility>
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// Guards the history while a group runs, and closes the run however it ends.
 class OperationHistory::Replay {
@@ -21,7 +21,7 @@ class OperationHistory::Replay {
   OperationHistory& history_;
 };
 
-void OperationHistory::add(std::unique_ptr<Ubase::Operation> operation) {
+void OperationHistory::add(std::unique_ptr<base::Operation> operation) {
   if (!operation || limit_ == 0 || replaying_) return;
   if (canRedo()) {
     groups_.resize(position_);
@@ -89,4 +89,4 @@ void OperationHistory::divide(std::size_t group, std::size_t done) {
   groups_.insert(groups_.begin() + static_cast<std::ptrdiff_t>(position_), std::move(undone));
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

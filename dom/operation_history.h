@@ -7,7 +7,7 @@
 
 #include "vantry/base/operation.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// Operations in groups; a group is undone and redone as one. What is added joins the group under
 /// way until startGroup() is called or something is undone or redone.
@@ -18,7 +18,7 @@ class OperationHistory {
  public:
   /// Takes over an operation that was executed just now. All that could be redone is lost, and the
   /// oldest group if there are more than the limit.
-  void add(std::unique_ptr<Ubase::Operation> operation);
+  void add(std::unique_ptr<base::Operation> operation);
 
   /// Undo the last group that is done, its last operation first, and do the first one that is
   /// undone again. Nothing happens without such a group, nor while one of the two is under way. An
@@ -41,7 +41,7 @@ class OperationHistory {
   void startGroup() { startNewGroup_ = true; }
 
  private:
-  using Group = std::vector<std::unique_ptr<Ubase::Operation>>;
+  using Group = std::vector<std::unique_ptr<base::Operation>>;
   class Replay;
 
   void divide(std::size_t group, std::size_t done);
@@ -54,4 +54,4 @@ class OperationHistory {
   bool clearAfterReplay_ = false;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

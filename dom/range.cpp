@@ -5,7 +5,7 @@
 #include "vantry/dom/document.h"
 #include "vantry/dom/dom_exception.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 namespace {
 
@@ -305,4 +305,4 @@ int Range::relation(const Point& point, const Node* parent, unsigned index, unsi
   return childIndex >= index && childIndex - index < count ? 0 : -1;
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

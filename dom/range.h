@@ -4,7 +4,7 @@
 #include "vantry/dom/atomic_node.h"
 #include "vantry/dom/event.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// From a start point to an end point. A point is a container and an offset in it: an index among
 /// the children of an inner node, or a number of bytes in a text.
@@ -120,4 +120,4 @@ class Range : public AtomicNode, public IDocObserver {
   unsigned endOffset_ = 0;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

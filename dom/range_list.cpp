@@ -2,7 +2,7 @@
 
 #include "vantry/dom/dom_exception.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 RangeList::~RangeList() {
   forEachRange([](Range& range) { range.detachSilently(); });
@@ -59,4 +59,4 @@ void RangeList::forEachRange(Call call) {
   }
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

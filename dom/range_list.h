@@ -4,7 +4,7 @@
 #include "vantry/dom/inner_node.h"
 #include "vantry/dom/range.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// Owns the ranges of a document, as its children, and passes on to them what the document tells.
 class RangeList : public InnerNode, public IDocObserver {
@@ -39,4 +39,4 @@ class RangeList : public InnerNode, public IDocObserver {
   void forEachRange(Call call);
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -7,7 +7,7 @@
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/model_operation.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 Text::Text(Document* owner, const char* text) : AtomicNode(owner), data_(text ? text : "") {}
 
@@ -19,7 +19,7 @@ Token Text::nodeName() const {
 Ref<Node> Text::cloneNode(bool) const { return new Text(*this); }
 
 std::ostream& Text::writeXml(std::ostream& out) const {
-  return Ubase::writeEscapedLocaleText(out, nodeValue());
+  return base::writeEscapedLocaleText(out, nodeValue());
 }
 
 void Text::setNodeValue(const char* text) { replaceData(0, length(), text); }
@@ -82,4 +82,4 @@ void Text::doReplaceText(unsigned offset, unsigned count, const char* text) {
   if (data_.empty()) data_.shrink_to_fit();
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -6,7 +6,7 @@
 
 #include "vantry/dom/atomic_node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// A piece of text in the process's multibyte encoding. Offsets and counts are in bytes; a count
 /// that reaches past the end stands for the rest.
@@ -54,4 +54,4 @@ class Text : public AtomicNode {
   std::string data_;
 };
 
-}  // namespace Arbor
+}  // namespace vantry::dom

@@ -3,7 +3,7 @@
 
 #include "vantry/dom/inner_node.h"
 
-namespace Arbor {
+namespace vantry::dom {
 
 /// Walks over `root` and its descendants. `enter(node)` is called before the children of a node and
 /// tells whether to go into it; `leave(node)` is called after the children of each node that was
@@ -36,4 +36,4 @@ void walkSubtree(NodeType& root, Enter enter) {
   walkSubtree(root, enter, [](NodeType&) {});
 }
 
-}  // namespace Arbor
+}  // namespace vantry::dom

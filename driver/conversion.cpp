@@ -17,7 +17,7 @@
 #include "vantry/reader/xml_parser.h"
 #include "vantry/reader/zrd_parser_handler.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 namespace {
 
@@ -26,20 +26,20 @@ template <class Writer>
 class WarningWriter : public Writer {
  public:
   using Writer::Writer;
-  void warning(const char* text) override { Driver::warning(text); }
+  void warning(const char* text) override { driver::warning(text); }
 };
 
-using JVX_Writer = WarningWriter<PlotDom::JVXWriter>;
-using JVD_Writer = WarningWriter<PlotDom::JVDWriter>;
+using JVX_Writer = WarningWriter<javaview::JVXWriter>;
+using JVD_Writer = WarningWriter<javaview::JVDWriter>;
 
-void warnOfParserError(const Xml::Parser& parser) {
+void warnOfParserError(const reader::Parser& parser) {
   parserWarning(parser.errorCode(), parser.lineNumber(), parser.columnNumber());
 }
 
 /// Parses the whole input. An error of the parser is no reason to stop: each block from the one
 /// that shows it on is warned of, and so are blocks that were read before the parser looked at
 /// them.
-void parse(Input& in, Xml::Parser& parser) {
+void parse(Input& in, reader::Parser& parser) {
   const PlaceInInput place(parser);
   constexpr auto blockSize = static_cast<std::int64_t>(Input::blockSize);
   std::int64_t blocks = 0;
@@ -62,8 +62,7 @@ void parse(Input& in, Xml::Parser& parser) {
 }
 
 /// Writes the geometry. An animation has no `output`, for it opens a file for each frame.
-void writeJvx(PlotDom::PlotDocument* document, const Options& options,
-              std::optional<Output>& output) {
+void writeJvx(plot::PlotDocument* document, const Options& options, std::optional<Output>& output) {
   JVX_Writer writer(document);
   if (!output && writer.isAnimated()) return writer.writeAnimation(options.frames, options.outName);
   if (!output) {
@@ -73,14 +72,14 @@ void writeJvx(PlotDom::PlotDocument* document, const Options& options,
   writer.write(output->stream(), options.time);
 }
 
-void write(PlotDom::PlotDocument* document, const Options& options,
+void write(plot::PlotDocument* document, const Options& options,
            std::optional<Output>& output) try {
   if (options.displayMode) {
     JVD_Writer(document).write(output->stream(), options.time);
   } else {
     writeJvx(document, options, output);
   }
-} catch (const PlotDom::JavaViewExportError& failure) {
+} catch (const javaview::JavaViewExportError& failure) {
   error(failure.what());
 }
 
@@ -101,9 +100,9 @@ void convert(Options options) {
   std::setlocale(LC_CTYPE, "");
 
   {
-    const Ubase::Ref<PlotDom::PlotDocument> document = new PlotDom::PlotDocument;
-    PlotDom::ZrdParserHandler handler(document.get(), true, nullptr);
-    Xml::Parser parser(&handler, true, nullptr);
+    const base::Ref<plot::PlotDocument> document = new plot::PlotDocument;
+    reader::ZrdParserHandler handler(document.get(), true, nullptr);
+    reader::Parser parser(&handler, true, nullptr);
     parse(in, parser);
     write(document.get(), options, output);
     document->tearDown();
@@ -111,4 +110,4 @@ void convert(Options options) {
   if (output) output->close();
 }
 
-}  // namespace Driver
+}  // namespace vantry::driver

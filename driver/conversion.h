@@ -3,11 +3,11 @@
 
 #include "driver/options.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 /// Converts one file as the options ask. Returns when the whole output is written; an input or
 /// output that fails and an export that is not possible end the program with an error. An exception
 /// of the document model passes.
 void convert(Options options);
 
-}  // namespace Driver
+}  // namespace vantry::driver

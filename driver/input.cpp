@@ -8,7 +8,7 @@
 
 #include "driver/reporting.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 namespace {
 
@@ -50,4 +50,4 @@ void Input::fill() {
   rest_ = std::span<const char>(*buffer_).first(size);
 }
 
-}  // namespace Driver
+}  // namespace vantry::driver

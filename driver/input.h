@@ -6,7 +6,7 @@
 #include <memory>
 #include <span>
 
-namespace Driver {
+namespace vantry::driver {
 
 /// The file that is converted. What cannot be opened or read ends the program.
 class Input {
@@ -34,4 +34,4 @@ class Input {
   std::span<const char> rest_;  // of what is in the buffer
 };
 
-}  // namespace Driver
+}  // namespace vantry::driver

@@ -3,7 +3,7 @@
 
 #include "vantry/reader/xml_parser.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 /// From now on an end by an exception is announced: one line on standard error says in words what
 /// was wrong with the document. Everything else about the end stays as it is.
@@ -12,10 +12,10 @@ void announceAbnormalEnds();
 /// While this lives, the announcement names the place at which the parser stands.
 class PlaceInInput {
  public:
-  explicit PlaceInInput(const Xml::Parser& parser);
+  explicit PlaceInInput(const reader::Parser& parser);
   PlaceInInput(const PlaceInInput&) = delete;
   PlaceInInput& operator=(const PlaceInInput&) = delete;
   ~PlaceInInput();
 };
 
-}  // namespace Driver
+}  // namespace vantry::driver

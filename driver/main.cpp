@@ -23,8 +23,8 @@ void occupyStandardDescriptors() {
 
 int main(int argc, char** argv) {
   occupyStandardDescriptors();
-  Driver::announceAbnormalEnds();
+  vantry::driver::announceAbnormalEnds();
   std::ios::sync_with_stdio(false);
-  Driver::convert(Driver::parseOptions(argc, argv));
+  vantry::driver::convert(vantry::driver::parseOptions(argc, argv));
   return 0;
 }

@@ -7,7 +7,7 @@
 #include "driver/reporting.h"
 #include "vantry/base/scan.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 namespace {
 
@@ -39,9 +39,9 @@ Options parseOptions(int argc, const char* const* argv) {
     } else if (argument == "-v") {
       version();
     } else if (argument == "-t") {
-      if (!Ubase::scanDouble(operand(), options.time)) usage();
+      if (!base::scanDouble(operand(), options.time)) usage();
     } else if (argument == "-f") {
-      if (!Ubase::scanInt(operand(), options.frames) || options.frames <= 0) usage();
+      if (!base::scanInt(operand(), options.frames) || options.frames <= 0) usage();
     } else if (argument == "-o") {
       setOnce(options.outName, operand());
     } else {
@@ -52,4 +52,4 @@ Options parseOptions(int argc, const char* const* argv) {
   return options;
 }
 
-}  // namespace Driver
+}  // namespace vantry::driver

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-namespace Driver {
+namespace vantry::driver {
 
 /// What the command line asks for. The names point into the arguments.
 struct Options {
@@ -18,4 +18,4 @@ struct Options {
 /// where they ask for the help or the version.
 Options parseOptions(int argc, const char* const* argv);
 
-}  // namespace Driver
+}  // namespace vantry::driver

@@ -6,7 +6,7 @@
 
 #include "driver/reporting.h"
 
-namespace Driver {
+namespace vantry::driver {
 
 Output::Output(const char* name) : stream_(name ? file_ : std::cout) {
   if (!name) return;
@@ -25,4 +25,4 @@ void Output::close() {
   if (!stream_ || !isClosed) error("Can not write output file.");
 }
 
-}  // namespace Driver
+}  // namespace vantry::driver

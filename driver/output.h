@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iosfwd>
 
-namespace Driver {
+namespace vantry::driver {
 
 /// A file, or standard output. What cannot be opened or written ends the program.
 class Output {
@@ -24,4 +24,4 @@ class Output {
   std::ostream& stream_;
 };
 
-}  // namespace Driver
+}  // namespace vantry::driver

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace Driver {
+namespace vantry::driver {
 
 void usage() {
   std::fputs(
@@ -36,6 +36,13 @@ void badData(const char* reason, int line, int column) {
   std::fprintf(stderr, "vantry: bad data in line %d, column %d: %s\n", line, column, reason);
 }
 
+void uncaught(const char* type, const char* what) {
+  std::fprintf(stderr,
+               "terminate called after throwing an instance of '%s'\n"
+               "  what():  %s\n",
+               type, what);
+}
+
 void outOfMemory() { std::fputs("vantry: out of memory\n", stderr); }
 
-}  // namespace Driver
+}  // namespace vantry::driver

@@ -1,7 +1,7 @@
 // What the program tells its user, on standard error.
 #pragma once
 
-namespace Driver {
+namespace vantry::driver {
 
 /// Prints how the program is used and ends it with status 1.
 [[noreturn]] void usage();
@@ -22,4 +22,7 @@ void badData(const char* reason);
 void badData(const char* reason, int line, int column);
 void outOfMemory();
 
-}  // namespace Driver
+/// Says of which type an exception is that ends the program, and what it says itself.
+void uncaught(const char* type, const char* what);
+
+}  // namespace vantry::driver

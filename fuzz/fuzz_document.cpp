@@ -20,7 +20,10 @@
 
 namespace {
 
-using namespace PlotDom;
+using namespace vantry;
+using namespace vantry::plot;
+using namespace vantry::reader;
+using namespace vantry::javaview;
 
 int dropMessage(const char*, va_list) { return 0; }
 
@@ -37,9 +40,9 @@ bool passes(Step step) {
   try {
     step();
     return true;
-  } catch (const Arbor::DomException&) {
+  } catch (const dom::DomException&) {
   } catch (const JavaViewExportError&) {
-  } catch (const Ubase::BadUnicodeString&) {
+  } catch (const base::BadUnicodeString&) {
   }
   return false;
 }
@@ -47,7 +50,7 @@ bool passes(Step step) {
 void parse(PlotDocument& document, const char* data, std::size_t size) {
   constexpr std::size_t blockSize = 512;
   ZrdParserHandler handler(&document, false, dropMessage);
-  Xml::Parser parser(&handler, true, nullptr);
+  reader::Parser parser(&handler, true, nullptr);
   for (bool isLast = false; !isLast;) {
     const std::size_t count = std::min(size, blockSize);
     isLast = count < blockSize;
@@ -62,7 +65,7 @@ bool hasEndlessArc(const PlotDocument& document) {
   const PlotElement* root = document.documentElement();
   if (!root) return false;
   bool found = false;
-  Arbor::walkSubtree<const Arbor::Node>(*root, [&](const Arbor::Node& node) {
+  dom::walkSubtree<const dom::Node>(*root, [&](const dom::Node& node) {
     if (const auto* arc = elementCast<Arc2d>(&node)) {
       found = found || std::abs(arc->endAngle() - arc->startAngle()) > 10'000;
     }
@@ -75,8 +78,8 @@ bool hasEndlessArc(const PlotDocument& document) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::uint8_t choice = size > 0 ? data[0] : 1;
-  const double time = choice % 2 == 0 ? choice : PlotDom::nan;
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const double time = choice % 2 == 0 ? choice : plot::nan;
+  const base::Ref<PlotDocument> document(new PlotDocument);
   document->setErrorReporter(dropMessage);
   Nowhere buffer;
   std::ostream nowhere(&buffer);

@@ -16,8 +16,9 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using vantry::base::Ref;
 
 int dropMessage(const char*, va_list) { return 0; }
 
@@ -35,19 +36,19 @@ class Playground {
     while (!input_.isEmpty()) {
       try {
         step();
-      } catch (const Arbor::DomException&) {
-      } catch (const Arbor::RangeException&) {
-      } catch (const Ubase::BadUnicodeString&) {
+      } catch (const dom::DomException&) {
+      } catch (const dom::RangeException&) {
+      } catch (const base::BadUnicodeString&) {
       }
     }
     undoAndRedo();
   }
 
  private:
-  Arbor::Node& node() { return *nodes_[input_.below(nodes_.size())]; }
+  dom::Node& node() { return *nodes_[input_.below(nodes_.size())]; }
   PlotElement* element() { return PlotElement::from(&node()); }
 
-  Token anyWord() { return Ubase::tokenById(1 + static_cast<int>(input_.below(Ubase::wordCount))); }
+  Token anyWord() { return base::tokenById(1 + static_cast<int>(input_.below(base::wordCount))); }
 
   void step() {
     static constexpr void (Playground::*steps[])() = {
@@ -101,19 +102,19 @@ class Playground {
   // Their places.
 
   void append() {
-    Arbor::Node& parent = node();
+    dom::Node& parent = node();
     parent.appendChild(&node());
   }
   void insert() {
-    Arbor::Node& parent = node();
-    Arbor::Node& child = node();
+    dom::Node& parent = node();
+    dom::Node& child = node();
     parent.insertBefore(&child, &node());
   }
   void replace() {
-    if (Arbor::Node* child = node().firstChild()) child->parent()->replaceChild(&node(), child);
+    if (dom::Node* child = node().firstChild()) child->parent()->replaceChild(&node(), child);
   }
   void remove() {
-    Arbor::Node& child = node();
+    dom::Node& child = node();
     if (child.parent()) child.parent()->removeChild(&child);
   }
 
@@ -141,13 +142,13 @@ class Playground {
   void replaceData() {
     const auto offset = static_cast<unsigned>(input_.below(8));
     const auto count = static_cast<unsigned>(input_.below(8));
-    if (Arbor::Text* text = node().asText()) {
+    if (dom::Text* text = node().asText()) {
       text->replaceData(offset, count, input_.shortText().c_str());
     }
   }
   void splitText() {
     const auto offset = static_cast<unsigned>(input_.below(8));
-    if (Arbor::Text* text = node().asText()) nodes_.emplace_back(text->splitText(offset));
+    if (dom::Text* text = node().asText()) nodes_.emplace_back(text->splitText(offset));
   }
 
   // The history.
@@ -160,20 +161,20 @@ class Playground {
 
   // Ranges.
 
-  Arbor::Range* range() {
+  dom::Range* range() {
     return ranges_.empty() ? nullptr : ranges_[input_.below(ranges_.size())].get();
   }
   void makeRange() {
     const bool isSelected = input_.below(2) == 0;
-    const Arbor::Range* pattern = range();
+    const dom::Range* pattern = range();
     ranges_.push_back(pattern && input_.below(2) == 0 ? pattern->cloneRange(isSelected)
                                                       : document_->createRange(isSelected));
     if (ranges_.size() > 8) ranges_.erase(ranges_.begin());
   }
   void moveRange() {
-    Arbor::Range* range = this->range();
+    dom::Range* range = this->range();
     if (!range) return;
-    Arbor::Node& container = node();
+    dom::Node& container = node();
     const auto offset = static_cast<unsigned>(input_.below(8));
     switch (input_.below(7)) {
       case 0:
@@ -193,18 +194,18 @@ class Playground {
     }
   }
   void selectNode() {
-    Arbor::Range* range = this->range();
+    dom::Range* range = this->range();
     if (!range) return;
-    Arbor::Node& chosen = node();
+    dom::Node& chosen = node();
     input_.below(2) == 0 ? range->selectNode(&chosen) : range->selectNodeContents(&chosen);
   }
   void compareRanges() {
-    const Arbor::Range* one = range();
-    const Arbor::Range* other = range();
+    const dom::Range* one = range();
+    const dom::Range* other = range();
     if (one) one->compareBoundaryPoints(static_cast<int>(input_.below(5)), *other);
   }
   void endRange() {
-    Arbor::Range* range = this->range();
+    dom::Range* range = this->range();
     if (range) input_.below(2) == 0 ? range->detach() : range->deselect();
   }
   void changeSelection() {
@@ -251,15 +252,15 @@ class Playground {
       std::ostringstream out;
       document_->printCommands(out, true);
       document_->writeXml(out);
-    } catch (const Arbor::DomException&) {
-    } catch (const Ubase::BadUnicodeString&) {
+    } catch (const dom::DomException&) {
+    } catch (const base::BadUnicodeString&) {
     }
   }
 
   FuzzInput& input_;
   Ref<PlotDocument> document_{new PlotDocument};
-  std::vector<Ref<Arbor::Node>> nodes_;
-  std::vector<Ref<Arbor::Range>> ranges_;
+  std::vector<Ref<dom::Node>> nodes_;
+  std::vector<Ref<dom::Range>> ranges_;
 };
 
 }  // namespace

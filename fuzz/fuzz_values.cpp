@@ -18,7 +18,8 @@
 
 namespace {
 
-using namespace PlotDom;
+using namespace vantry;
+using namespace vantry::plot;
 
 void demand(bool condition) {
   if (!condition) std::abort();
@@ -29,7 +30,7 @@ bool isSame(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 void scanLikeTheLibrary(const std::string& text) {
   std::array<double, 3> mine{};
   std::array<double, 3> theirs{};
-  const int items = Ubase::scanDoubles(text.c_str(), mine);
+  const int items = base::scanDoubles(text.c_str(), mine);
   const int expected =
       std::sscanf(text.c_str(), " %lf %lf %lf ", &theirs[0], &theirs[1], &theirs[2]);
   demand(items == std::max(expected, 0));
@@ -37,7 +38,7 @@ void scanLikeTheLibrary(const std::string& text) {
     demand(isSame(mine[i], theirs[i]));
   }
   std::array<double, 3> short3{};
-  if (Ubase::scanOnlyShortDecimals(text.c_str(), short3)) {
+  if (base::scanOnlyShortDecimals(text.c_str(), short3)) {
     demand(items == 3);
     for (std::size_t i = 0; i < 3; ++i) demand(isSame(mine[i], short3[i]));
   }
@@ -45,7 +46,7 @@ void scanLikeTheLibrary(const std::string& text) {
   std::int32_t number = 0;
   long wide = 0;
   const bool isNumber = std::sscanf(text.c_str(), " %ld ", &wide) == 1;
-  demand(Ubase::scanLong(text.c_str(), number) == isNumber);
+  demand(base::scanLong(text.c_str(), number) == isNumber);
   if (isNumber) demand(number == std::max(-2147483648L, std::min(wide, 2147483647L)));
 }
 
@@ -54,9 +55,9 @@ template <std::size_t numberCount>
 void scanPointLikeTheLibrary(const std::string& text) {
   std::array<double, 3> mine{};
   std::array<double, 3> theirs{};
-  std::array<Ubase::ScannedWord, 2> myWords{};
-  std::array<Ubase::ScannedWord, 2> theirWords{};
-  const int items = Ubase::scanPoint(text.c_str(), std::span(mine.data(), numberCount), myWords);
+  std::array<base::ScannedWord, 2> myWords{};
+  std::array<base::ScannedWord, 2> theirWords{};
+  const int items = base::scanPoint(text.c_str(), std::span(mine.data(), numberCount), myWords);
   const int expected =
       numberCount == 2
           ? std::sscanf(text.c_str(), " %lf %lf #%10s #%10s ", &theirs[0], &theirs[1],
@@ -71,9 +72,9 @@ void scanPointLikeTheLibrary(const std::string& text) {
 }
 
 void scanWordLikeTheLibrary(const std::string& text) {
-  Ubase::ScannedWord mine{};
-  Ubase::ScannedWord theirs{};
-  demand(Ubase::scanWord(text.c_str(), mine) ==
+  base::ScannedWord mine{};
+  base::ScannedWord theirs{};
+  demand(base::scanWord(text.c_str(), mine) ==
          (std::sscanf(text.c_str(), " %10s ", theirs.data()) == 1));
   demand(std::strcmp(mine.data(), theirs.data()) == 0);
 }
@@ -82,7 +83,7 @@ void printLikeTheLibrary(double value) {
   char expected[40];
   std::snprintf(expected, sizeof expected, "%g", value);
   std::ostringstream stream;
-  Ubase::OutputSink sink(stream);
+  base::OutputSink sink(stream);
   sink << value;
   sink.flush();
   demand(stream.str() == expected);

@@ -1,7 +1,7 @@
 // The tips of arrows.
 #pragma once
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Whether arrows have a tip. The viewer draws it: how long and how wide it is does not reach the
 /// file. A NaN angle is not 0.
@@ -10,4 +10,4 @@ bool hasTip(const Arrow& arrow) {
   return arrow.tipLength() > 0 && arrow.tipAngle() != 0;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

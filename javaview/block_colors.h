@@ -3,7 +3,7 @@
 
 #include "vantry/javaview/dimension.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Whether the lines or faces of a primitive are coloured one by one, and by what.
 template <class Point>
@@ -60,4 +60,4 @@ inline void beginLineSet3d(GeometryOutput& out, bool isColored, bool isSmooth) {
   out << ">\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

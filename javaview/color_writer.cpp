@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -23,12 +23,12 @@ RGBA opaque(double r, double g, double b) { return {channelOf(r), channelOf(g), 
 
 }  // namespace
 
-void writeColorEntry(Ubase::OutputSink& out, RGBA color) {
+void writeColorEntry(base::OutputSink& out, RGBA color) {
   out << "<c>" << color.red() << ' ' << color.green() << ' ' << color.blue() << "</c>\n";
 }
 
 ColorWriter::ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max,
-                         Ubase::OutputSink& out)
+                         base::OutputSink& out)
     : out_(out),
       type_(type),
       color1_(color1),
@@ -113,7 +113,7 @@ RGBA ColorWriter::rainbow(double t) const {
 
 ColorListWriter::ColorListWriter(Token type, std::span<const RGBA> colors, std::size_t count,
                                  RGBA color1, RGBA color2, double min, double max,
-                                 Ubase::OutputSink& out)
+                                 base::OutputSink& out)
     : ColorWriter(type, color1, color2, min, max, out),
       colors_(colors.empty() ? nullptr : colors.data()),
       count_(static_cast<std::int64_t>(count)) {}
@@ -169,4 +169,4 @@ ColorMode colorMode(Token type, std::span<const RGBA> list) {
   return {{}, true};
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

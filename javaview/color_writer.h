@@ -10,10 +10,12 @@
 #include "vantry/plot/values/point.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes `<c>R G B</c>` and a newline. Alpha is not written.
-void writeColorEntry(Ubase::OutputSink& out, RGBA color);
+void writeColorEntry(base::OutputSink& out, RGBA color);
 
 /// Maps a value to a colour between two, in the manner of the colour type, and writes it. Nothing
 /// is brought into range: what is beyond the two colours wraps around.
@@ -21,7 +23,7 @@ class ColorWriter {
  public:
   /// `min` is the value mapped to `color2`, `max` the one mapped to `color1`. A type that is none
   /// of Monochrome, Dichromatic and Rainbow gives black.
-  ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max, Ubase::OutputSink& out);
+  ColorWriter(Token type, RGBA color1, RGBA color2, double min, double max, base::OutputSink& out);
 
   /// `<c>R G B</c>` and a newline.
   void writeValueColor(double value) { writeColorEntry(out_, mapped(value)); }
@@ -29,7 +31,7 @@ class ColorWriter {
  protected:
   RGBA mapped(double value) const;
 
-  Ubase::OutputSink& out_;
+  base::OutputSink& out_;
 
  private:
   struct HSV {
@@ -71,7 +73,7 @@ class ColorListWriter : public ColorWriter {
  protected:
   /// `colors` is empty, or has an entry for each of the `count` points.
   ColorListWriter(Token type, std::span<const RGBA> colors, std::size_t count, RGBA color1,
-                  RGBA color2, double min, double max, Ubase::OutputSink& out);
+                  RGBA color2, double min, double max, base::OutputSink& out);
   ~ColorListWriter() = default;
 
  private:
@@ -86,7 +88,7 @@ class ColorListWriter : public ColorWriter {
 class ColorWriter3D final : public ColorListWriter {
  public:
   ColorWriter3D(Token type, std::span<const P3> points, std::span<const RGBA> colors, RGBA color1,
-                RGBA color2, double min, double max, Ubase::OutputSink& out)
+                RGBA color2, double min, double max, base::OutputSink& out)
       : ColorListWriter(type, colors, points.size(), color1, color2, min, max, out),
         points_(points.data()) {}
 
@@ -100,7 +102,7 @@ class ColorWriter3D final : public ColorListWriter {
 class ColorWriter2D final : public ColorListWriter {
  public:
   ColorWriter2D(Token type, std::span<const P2> points, std::span<const RGBA> colors, RGBA color1,
-                RGBA color2, double min, double max, Ubase::OutputSink& out)
+                RGBA color2, double min, double max, base::OutputSink& out)
       : ColorListWriter(type, colors, points.size(), color1, color2, min, max, out),
         points_(points.data()) {}
 
@@ -120,4 +122,4 @@ struct ColorMode {
 /// value, unless the type is Flat or Functional.
 ColorMode colorMode(Token type, std::span<const RGBA> list);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -4,7 +4,7 @@
 
 #include "vantry/javaview/block_colors.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 template <class Curve>
 BlockColors<PointOf<Curve>> curveColors(GeometryOutput& out, const Curve& curve) {
@@ -35,4 +35,4 @@ void writeCurveLines(GeometryOutput& out, const Curve& curve, bool closed,
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

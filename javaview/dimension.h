@@ -8,7 +8,7 @@
 #include "vantry/javaview/color_writer.h"
 #include "vantry/javaview/geometry_output.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 constexpr int dimensionOf(const P2&) { return 2; }
 constexpr int dimensionOf(const P3&) { return 3; }
@@ -46,4 +46,4 @@ inline void writeCoordinates(GeometryOutput& out, const P3& point) {
   out << point.x << ' ' << point.y << ' ' << point.z;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

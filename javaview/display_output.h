@@ -4,7 +4,9 @@
 #include "vantry/javaview/javaview_output.h"
 #include "vantry/plot/values/point.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes the set-up of a display. Points are those of the coordinate system: no transform applies.
 class DisplayOutput : public JavaViewOutput {
@@ -22,4 +24,4 @@ class DisplayOutput : public JavaViewOutput {
   }
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,7 @@
 #include "vantry/javaview/arrow_tip.h"
 #include "vantry/javaview/dimension.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -128,4 +128,4 @@ void emitField3d(GeometryOutput& out, const Field3d& field) { emitField(out, fie
 
 void emitField2d(GeometryOutput& out, const Field2d& field) { emitField(out, field); }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

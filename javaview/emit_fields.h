@@ -5,7 +5,9 @@
 #include "vantry/plot/elements/field2d.h"
 #include "vantry/plot/elements/field3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 // A field with fewer vectors than its grid has nodes is not written; surplus vectors are ignored.
 
@@ -13,4 +15,4 @@ namespace PlotDom {
 void emitField3d(GeometryOutput& out, const Field3d& field);
 void emitField2d(GeometryOutput& out, const Field2d& field);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

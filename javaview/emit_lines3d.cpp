@@ -5,7 +5,7 @@
 #include "vantry/javaview/point_set.h"
 #include "vantry/javaview/two_point_line.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void emitPts3d(GeometryOutput& out, const Pts3d& points) {
   if (!points.pointsVisible()) return;
@@ -106,4 +106,4 @@ void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow) {
                     hasTip(arrow));
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

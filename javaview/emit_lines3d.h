@@ -8,7 +8,9 @@
 #include "vantry/plot/elements/poly3d.h"
 #include "vantry/plot/elements/pts3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 void emitPts3d(GeometryOutput& out, const Pts3d& points);
 
@@ -22,4 +24,4 @@ void emitPoly3d(GeometryOutput& out, const Poly3d& polygon);
 void emitLine3d(GeometryOutput& out, const Line3d& line);
 void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -11,7 +11,7 @@
 #include "vantry/javaview/point_set.h"
 #include "vantry/javaview/two_point_line.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void emitPts2d(GeometryOutput& out, const Pts2d& points) {
   if (!points.pointsVisible()) return;
@@ -169,4 +169,4 @@ void emitVerticalAsymptote(GeometryOutput& out, const VerticalAsymptote& asympto
                     asymptote.verticalAsymptotesColor(), asymptote.verticalAsymptotesWidth());
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

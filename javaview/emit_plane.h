@@ -11,7 +11,9 @@
 #include "vantry/plot/elements/text2d.h"
 #include "vantry/plot/elements/vertical_asymptote.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 void emitPts2d(GeometryOutput& out, const Pts2d& points);
 
@@ -28,10 +30,10 @@ void emitArrow2d(GeometryOutput& out, const Arrow2d& arrow);
 /// so far apart, or so large, that there is no end to the points between them.
 void emitArc2d(GeometryOutput& out, const Arc2d& arc);
 
-/// A text does not follow the transforms around it. Throws Ubase::BadUnicodeString.
+/// A text does not follow the transforms around it. Throws base::BadUnicodeString.
 void emitText2d(GeometryOutput& out, const Text2d& text);
 
 /// A line over the height of the viewing box, and a tenth of that beyond either end.
 void emitVerticalAsymptote(GeometryOutput& out, const VerticalAsymptote& asymptote);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

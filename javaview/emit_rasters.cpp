@@ -8,7 +8,7 @@
 #include "vantry/javaview/color_writer.h"
 #include "vantry/javaview/export_error.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -94,4 +94,4 @@ void emitDensityArray2d(GeometryOutput& out, const DensityArray2d& raster) {
   finishCells(out, raster.fillColor().alpha());
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -5,7 +5,9 @@
 #include "vantry/plot/elements/color_array2d.h"
 #include "vantry/plot/elements/density_array2d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 // Both throw JavaViewExportError, before anything is written, if there are fewer entries than
 // cells. Entries beyond the cells play no part. A raster does not follow the transforms around it.
@@ -15,4 +17,4 @@ void emitColorArray2d(GeometryOutput& out, const ColorArray2d& raster);
 /// The smallest density has the first fill colour, the largest has the second.
 void emitDensityArray2d(GeometryOutput& out, const DensityArray2d& raster);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -5,7 +5,7 @@
 #include "vantry/javaview/label.h"
 #include "vantry/javaview/vector3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void emitBox(GeometryOutput& out, const Box& box) {
   if (!box.filled() && !box.linesVisible()) return;
@@ -178,4 +178,4 @@ void emitCone(GeometryOutput& out, const Cone& cone) {
 
 void emitText3d(GeometryOutput& out, const Text3d& text) { writeLabel(out, text); }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -10,7 +10,9 @@
 #include "vantry/plot/elements/sphere.h"
 #include "vantry/plot/elements/text3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 void emitBox(GeometryOutput& out, const Box& box);
 void emitSphere(GeometryOutput& out, const Sphere& sphere);
@@ -20,7 +22,7 @@ void emitCircle3d(GeometryOutput& out, const Circle3d& circle);
 /// The mantle and the two rims, without caps.
 void emitCone(GeometryOutput& out, const Cone& cone);
 
-/// Throws Ubase::BadUnicodeString.
+/// Throws base::BadUnicodeString.
 void emitText3d(GeometryOutput& out, const Text3d& text);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -4,7 +4,7 @@
 #include "vantry/javaview/export_error.h"
 #include "vantry/javaview/face_iterator.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -325,4 +325,4 @@ void emitSurf3d(GeometryOutput& out, const Surf3d& surface) {
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

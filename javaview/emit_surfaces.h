@@ -5,7 +5,9 @@
 #include "vantry/plot/elements/mesh3d.h"
 #include "vantry/plot/elements/surf3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 // Normals are read and not exported.
 
@@ -16,4 +18,4 @@ void emitMesh3d(GeometryOutput& out, const Mesh3d& mesh);
 /// Throws JavaViewExportError, after the points, if the type is none of those that make faces.
 void emitSurf3d(GeometryOutput& out, const Surf3d& surface);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

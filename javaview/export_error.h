@@ -3,7 +3,7 @@
 
 #include <exception>
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// The document, or the place to write to, does not allow the export. The message is for people.
 class JavaViewExportError : public std::exception {
@@ -17,4 +17,4 @@ class JavaViewExportError : public std::exception {
   const char* message_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -3,7 +3,7 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/javaview/export_error.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -132,8 +132,8 @@ class QuadStripIterator final : public FaceIterator {
 
 }  // namespace
 
-std::unique_ptr<FaceIterator> makeFaceIterator(Ubase::Token type, std::size_t pointCount) {
-  namespace Word = Ubase::Word;
+std::unique_ptr<FaceIterator> makeFaceIterator(base::Token type, std::size_t pointCount) {
+  namespace Word = base::Word;
   const auto n = static_cast<std::int64_t>(pointCount);
   if (type == Word::Triangles) return std::make_unique<TrianglesIterator>(n);
   if (type == Word::TriangleStrip) return std::make_unique<TriangleStripIterator>(n);
@@ -143,4 +143,4 @@ std::unique_ptr<FaceIterator> makeFaceIterator(Ubase::Token type, std::size_t po
   throw JavaViewExportError("unknown Surf3d type");
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -7,7 +7,7 @@
 
 #include "vantry/base/token.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Room for the indices of one face: up to four vertices or four pairs.
 using FaceIndices = std::array<std::int64_t, 8>;
@@ -45,6 +45,6 @@ class FaceIterator {
 };
 
 /// The iterator for a `Surf3d` type. Throws JavaViewExportError for any other token.
-std::unique_ptr<FaceIterator> makeFaceIterator(Ubase::Token type, std::size_t pointCount);
+std::unique_ptr<FaceIterator> makeFaceIterator(base::Token type, std::size_t pointCount);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

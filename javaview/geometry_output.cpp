@@ -6,10 +6,10 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/javaview/vector3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
-using Ubase::Token;
-namespace Word = Ubase::Word;
+using base::Token;
+namespace Word = base::Word;
 
 void GeometryOutput::pushTransform(const Matrix& matrix) {
   transformStack.push_back(transformStack.empty() ? matrix : transformStack.back() * matrix);
@@ -216,4 +216,4 @@ RGBA lightenColor(RGBA color) {
   return {lighten(color.red()), lighten(color.green()), lighten(color.blue()), color.alpha()};
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

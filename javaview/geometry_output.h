@@ -11,7 +11,9 @@
 #include "vantry/plot/values/font_style.h"
 #include "vantry/plot/values/point.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// As a size: the colour is written alone.
 inline constexpr double noThickness = std::numeric_limits<double>::quiet_NaN();
@@ -41,9 +43,9 @@ class GeometryOutput : public JavaViewOutput {
   /// `alpha` is 0 to 255; `smooth` asks for Gouraud shading.
   void writeMaterial(int alpha, bool smooth);
 
-  /// How a label is set. Throws Ubase::BadUnicodeString.
-  void writeLabelAtt(const FontStyle& font, Ubase::Token horizontalAlignment,
-                     Ubase::Token verticalAlignment);
+  /// How a label is set. Throws base::BadUnicodeString.
+  void writeLabelAtt(const FontStyle& font, base::Token horizontalAlignment,
+                     base::Token verticalAlignment);
 
   void writePoint3d(const P3& point);
   void writePoint2d(const P2& point);
@@ -95,4 +97,4 @@ class GeometryOutput : public JavaViewOutput {
 /// The colour that stands for a hatched fill: half-way to white, with the alpha of `color`.
 RGBA lightenColor(RGBA color);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

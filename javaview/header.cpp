@@ -1,6 +1,6 @@
 #include "vantry/javaview/header.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void beginHeader(JavaViewOutput& out, const DocumentType& type, std::string_view date) {
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>\n"
@@ -45,4 +45,4 @@ void writeJvxHeader(JavaViewOutput& out, std::string_view date) {
 )";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -5,7 +5,7 @@
 
 #include "vantry/javaview/javaview_output.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// What sets the headers of the document types apart.
 struct DocumentType {
@@ -21,4 +21,4 @@ void beginHeader(JavaViewOutput& out, const DocumentType& type, std::string_view
 /// The whole header of a model. All that it could tell of the document stays empty.
 void writeJvxHeader(JavaViewOutput& out, std::string_view date);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

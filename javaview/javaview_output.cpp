@@ -4,7 +4,7 @@
 
 #include "vantry/base/escape_writers.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void JavaViewOutput::writeShowAttribute(std::string_view name, bool show) {
   *this << ' ' << name << (show ? "=\"show\"" : "=\"hide\"");
@@ -21,7 +21,7 @@ void JavaViewOutput::writeThickness(double size) {
 }
 
 void JavaViewOutput::writeEscapedLocaleText(const char* text) {
-  Ubase::writeEscapedLocaleText(sink_, text);
+  base::writeEscapedLocaleText(sink_, text);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

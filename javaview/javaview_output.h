@@ -6,7 +6,9 @@
 #include "vantry/base/output_sink.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// 90 pixels to the inch.
 inline constexpr double pixelsPerMillimetre = 3.5433070866141736;
@@ -36,13 +38,13 @@ class JavaViewOutput {
   void writeThickness(double size);
 
   /// A text in the native encoding, as UTF-8 and with the characters of markup escaped. Null is
-  /// the empty text. Throws Ubase::BadUnicodeString.
+  /// the empty text. Throws base::BadUnicodeString.
   void writeEscapedLocaleText(const char* text);
 
-  Ubase::OutputSink& sink() { return sink_; }
+  base::OutputSink& sink() { return sink_; }
 
  private:
-  Ubase::OutputSink sink_;
+  base::OutputSink sink_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

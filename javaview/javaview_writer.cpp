@@ -6,7 +6,7 @@
 
 #include "vantry/javaview/export_error.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void JavaViewWriter::write(std::ostream& stream, double time) {
   JavaViewOutput& out = output();
@@ -99,4 +99,4 @@ std::string JavaViewWriter::timestamp() {
   return text;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -14,7 +14,9 @@
 #include "vantry/plot/elements/scene.h"
 #include "vantry/plot/elements/time_range.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// What of a document is exported: the first scene, and in it the first coordinate system.
 struct ExportedScene {
@@ -32,7 +34,7 @@ class JavaViewWriter {
   virtual ~JavaViewWriter() = default;
 
   /// Writes the whole document as it is at `time`; NaN asks for no certain time. Throws
-  /// JavaViewExportError, and Ubase::BadUnicodeString for a text. However it ends, `stream` has got
+  /// JavaViewExportError, and base::BadUnicodeString for a text. However it ends, `stream` has got
   /// all that was written so far.
   virtual void write(std::ostream& stream, double time);
 
@@ -59,13 +61,13 @@ class JavaViewWriter {
   /// later, where the frames stand in the order of their times. Otherwise the first one; null if
   /// there is none.
   template <class Frame>
-  const Frame* findTimed(const Arbor::Node& parent) const;
+  const Frame* findTimed(const dom::Node& parent) const;
   const Img3d* findImg3d(const Obj3d& object) const { return findTimed<Img3d>(object); }
   const Img2d* findImg2d(const Obj2d& object) const { return findTimed<Img2d>(object); }
 
   /// The same as findTimed(), but throws JavaViewExportError with that message if there is none.
   template <class Frame>
-  const Frame& requireTimed(const Arbor::Node& parent, const char* error) const {
+  const Frame& requireTimed(const dom::Node& parent, const char* error) const {
     const Frame* frame = findTimed<Frame>(parent);
     if (!frame) throw JavaViewExportError(error);
     return *frame;
@@ -79,7 +81,7 @@ class JavaViewWriter {
   virtual void writeHeader() = 0;
   virtual void writeScene(const ExportedScene& scene) = 0;
 
-  const Arbor::Node* root() const { return document_ ? document_->firstChild() : nullptr; }
+  const dom::Node* root() const { return document_ ? document_->firstChild() : nullptr; }
   const TimeRange* timeRangeElement() const;
 
   PlotDocument* document_;
@@ -87,10 +89,10 @@ class JavaViewWriter {
 };
 
 template <class Frame>
-const Frame* JavaViewWriter::findTimed(const Arbor::Node& parent) const {
+const Frame* JavaViewWriter::findTimed(const dom::Node& parent) const {
   if (std::isnan(time_)) return firstChildOf<Frame>(parent);
   const Frame* best = nullptr;
-  for (const Arbor::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
     const auto* frame = elementCast<Frame>(child);
     if (!frame) continue;
     const double frameTime = frame->frameTime();
@@ -101,4 +103,4 @@ const Frame* JavaViewWriter::findTimed(const Arbor::Node& parent) const {
   return best ? best : firstChildOf<Frame>(parent);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

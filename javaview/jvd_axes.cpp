@@ -6,7 +6,7 @@
 
 #include "vantry/plot/elements/expr.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -80,10 +80,10 @@ void writeLongHash(DisplayOutput& out, Grids grids) {
 
 void writeRulerTitle(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                      Token titleName) {
-  const Arbor::Node* title = coordinateSystem.firstChildByName(titleName);
+  const dom::Node* title = coordinateSystem.firstChildByName(titleName);
   if (!title) return;
   bool hasText = false;
-  for (const Arbor::Node* child = title->firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = title->firstChild(); child; child = child->nextSibling()) {
     const char* text = child->nodeValue();
     if (!text) continue;
     if (!hasText) out << " label=\"show\" name=\"";
@@ -181,4 +181,4 @@ void writeBoundingBox(DisplayOutput& out, const CoordinateSystemBase& coordinate
   out << "</bndbox>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -5,14 +5,16 @@
 #include "vantry/javaview/jvd_bounds.h"
 #include "vantry/plot/elements/coordinate_system.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes `<axes>`. The result tells whether the clip ranges are to be wider than the viewing box.
-/// Throws Ubase::BadUnicodeString for a title that is no text of the locale.
+/// Throws base::BadUnicodeString for a title that is no text of the locale.
 bool writeAxes(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem, bool is2d,
                const Bounds& bounds, bool isAnimated);
 
 /// Writes `<bndbox>`, which shows if all axes of a boxed form do.
 void writeBoundingBox(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem, bool is2d);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

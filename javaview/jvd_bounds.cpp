@@ -7,7 +7,7 @@
 #include "vantry/plot/elements/expr.h"
 #include "vantry/plot/elements/hints.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -104,4 +104,4 @@ void writeClipRange(DisplayOutput& out, const Bounds& bounds, bool extendClip) {
   out << "</clipRange>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -8,7 +8,9 @@
 #include "vantry/plot/elements/scene.h"
 #include "vantry/plot/values/point.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// The extent of the viewing box along one axis.
 struct AxisRange {
@@ -54,4 +56,4 @@ void writeBoxRatio3d(DisplayOutput& out, const SceneBase& scene,
 /// its size at either end.
 void writeClipRange(DisplayOutput& out, const Bounds& bounds, bool extendClip);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

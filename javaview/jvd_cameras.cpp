@@ -9,7 +9,7 @@
 #include "vantry/plot/elements/img.h"
 #include "vantry/plot/elements/object.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -86,8 +86,8 @@ void writeView(DisplayOutput& out, const Camera& camera, double span) {
 /// the size of the viewing box. False if there is none.
 bool writeCamera(DisplayOutput& out, const Obj3d& object, const JavaViewWriter& writer,
                  double span) {
-  for (const Arbor::Node* child = writer.requireTimed<Img3d>(object, "no Img3d").firstChild();
-       child; child = child->nextSibling()) {
+  for (const dom::Node* child = writer.requireTimed<Img3d>(object, "no Img3d").firstChild(); child;
+       child = child->nextSibling()) {
     const auto* camera = elementCast<Camera>(child);
     if (!camera || (camera->orthogonalProjection() && std::isnan(span))) continue;
 
@@ -119,7 +119,7 @@ void writeDefaultCamera(DisplayOutput& out, const Bounds& bounds) {
 
 void writeCameras3d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                     const Bounds& bounds, const JavaViewWriter& writer) {
-  for (const Arbor::Node* child = coordinateSystem.firstChild(); child;
+  for (const dom::Node* child = coordinateSystem.firstChild(); child;
        child = child->nextSibling()) {
     const auto* object = elementCast<Obj3d>(child);
     if (!object || object->type() != Word::Camera) continue;
@@ -142,4 +142,4 @@ void writeCamera2d(DisplayOutput& out, const Bounds& bounds, double ratio) {
   out << "</cameras>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,9 @@
 #include "vantry/javaview/jvd_bounds.h"
 #include "vantry/plot/elements/coordinate_system.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes `<cameras>` with the first camera of the coordinate system that can be used at the
 /// writer's time; without one, with a view on the whole viewing box; and nothing if that is
@@ -18,4 +20,4 @@ void writeCameras3d(DisplayOutput& out, const CoordinateSystemBase& coordinateSy
 /// is the box ratio.
 void writeCamera2d(DisplayOutput& out, const Bounds& bounds, double ratio);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

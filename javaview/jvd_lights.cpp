@@ -6,7 +6,7 @@
 #include "vantry/plot/elements/lights.h"
 #include "vantry/plot/elements/object.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -72,7 +72,7 @@ void writeLight(DisplayOutput& out, const Obj3d& object, const JavaViewWriter& w
 void writeExplicitLights(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                          const JavaViewWriter& writer) {
   bool started = false;
-  for (const Arbor::Node* child = coordinateSystem.firstChild(); child;
+  for (const dom::Node* child = coordinateSystem.firstChild(); child;
        child = child->nextSibling()) {
     const auto* object = elementCast<Obj3d>(child);
     if (!object || !lightKind(object->type()) || !object->visible()) continue;
@@ -105,4 +105,4 @@ void writeBackground(DisplayOutput& out, const SceneBase& scene) {
   out << "</background>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

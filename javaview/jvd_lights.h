@@ -7,7 +7,9 @@
 #include "vantry/plot/elements/coordinate_system.h"
 #include "vantry/plot/elements/scene.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes `<lights>` with the visible lights of the coordinate system at the writer's time, nothing
 /// if there are none. Throws JavaViewExportError for a light object without an image.
@@ -20,4 +22,4 @@ void writeDefaultLights(DisplayOutput& out, const Bounds& bounds);
 /// Writes `<background>`.
 void writeBackground(DisplayOutput& out, const SceneBase& scene);
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,7 @@
 #include "vantry/javaview/jvd_cameras.h"
 #include "vantry/javaview/jvd_lights.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 void JVDWriter::writeHeader() {
   beginHeader(out_, {"jv-disp", "http://www.javaview.de/rsrc/jv-disp.dtd", "1.04.000"},
@@ -43,4 +43,4 @@ void JVDWriter::writeScene(const ExportedScene& exported) {
        << "</jv-disp>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -4,7 +4,7 @@
 #include "vantry/javaview/display_output.h"
 #include "vantry/javaview/javaview_writer.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Writes the set-up of a display for the scene that JVXWriter exports: axes, bounding box,
 /// clipping, camera, lights and background. It holds no geometry.
@@ -20,4 +20,4 @@ class JVDWriter : public JavaViewWriter {
   DisplayOutput out_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

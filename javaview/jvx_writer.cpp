@@ -24,19 +24,19 @@
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/elements/transform.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
 /// How the primitives of one class are written.
 struct Emitter {
-  const Arbor::NodeClass* nodeClass;
-  void (*emit)(GeometryOutput& out, const Arbor::Node& primitive);
+  const dom::NodeClass* nodeClass;
+  void (*emit)(GeometryOutput& out, const dom::Node& primitive);
 };
 
 template <class Primitive, void (*emit)(GeometryOutput&, const Primitive&)>
 constexpr Emitter emitter() {
-  return {&elementClass<Primitive>, [](GeometryOutput& out, const Arbor::Node& primitive) {
+  return {&elementClass<Primitive>, [](GeometryOutput& out, const dom::Node& primitive) {
             emit(out, static_cast<const Primitive&>(primitive));
           }};
 }
@@ -73,10 +73,9 @@ constexpr Emitter emitters2d[] = {
     emitter<VerticalAsymptote, emitVerticalAsymptote>(),
 };
 
-void emitChildren(GeometryOutput& out, const Arbor::Node& image,
-                  std::span<const Emitter> emitters) {
-  for (const Arbor::Node* child = image.firstChild(); child; child = child->nextSibling()) {
-    const Arbor::NodeClass* nodeClass = child->nodeClass();
+void emitChildren(GeometryOutput& out, const dom::Node& image, std::span<const Emitter> emitters) {
+  for (const dom::Node* child = image.firstChild(); child; child = child->nextSibling()) {
+    const dom::NodeClass* nodeClass = child->nodeClass();
     for (const Emitter& emitter : emitters) {
       if (nodeClass == emitter.nodeClass) emitter.emit(out, *child);
     }
@@ -138,14 +137,14 @@ void JVXWriter::setValueRange(const ExportedScene& scene) {
   }
 }
 
-void JVXWriter::writeContainer(const Arbor::Node& container) {
-  Arbor::walkSubtree(
-      container, [&](const Arbor::Node& node) { return &node == &container || enter(node); },
-      [this](const Arbor::Node& node) { leave(node); });
+void JVXWriter::writeContainer(const dom::Node& container) {
+  dom::walkSubtree(
+      container, [&](const dom::Node& node) { return &node == &container || enter(node); },
+      [this](const dom::Node& node) { leave(node); });
 }
 
 /// Writes the node if it is an object, and tells whether to go on with its children.
-bool JVXWriter::enter(const Arbor::Node& node) {
+bool JVXWriter::enter(const dom::Node& node) {
   if (const auto* object = elementCast<Obj3d>(&node)) {
     writeObj3d(*object);
     return false;
@@ -168,7 +167,7 @@ bool JVXWriter::enter(const Arbor::Node& node) {
   return false;
 }
 
-void JVXWriter::leave(const Arbor::Node& node) {
+void JVXWriter::leave(const dom::Node& node) {
   if (isElementOf<Transform3d, Transform2d>(node)) out_.popTransform();
 }
 
@@ -265,4 +264,4 @@ bool JVXWriter::confirmOverwrite(const char*, bool& overwriteAll) {
   return true;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

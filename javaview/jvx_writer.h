@@ -5,7 +5,9 @@
 #include "vantry/javaview/javaview_writer.h"
 #include "vantry/plot/elements/tr.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// Writes one scene: its visible objects, each with the image and under the transforms of the time.
 class JVXWriter : public JavaViewWriter {
@@ -15,7 +17,7 @@ class JVXWriter : public JavaViewWriter {
   /// Writes a document with a time range as a series of files, from its begin on with `frames`
   /// (above 0) files to a unit of time, the last one at its end. Their number stands before the
   /// last dot of `fileName`: "movie.jvx" becomes "movie.1.jvx" and so on. Throws
-  /// JavaViewExportError, and Ubase::BadUnicodeString for a text that the locale cannot hold; the
+  /// JavaViewExportError, and base::BadUnicodeString for a text that the locale cannot hold; the
   /// files of earlier frames stay then.
   void writeAnimation(int frames, const char* fileName);
 
@@ -29,9 +31,9 @@ class JVXWriter : public JavaViewWriter {
   void writeScene(const ExportedScene& scene) override;
 
   void setValueRange(const ExportedScene& scene);
-  void writeContainer(const Arbor::Node& container);
-  bool enter(const Arbor::Node& node);
-  void leave(const Arbor::Node& node);
+  void writeContainer(const dom::Node& container);
+  bool enter(const dom::Node& node);
+  void leave(const dom::Node& node);
   void writeObj3d(const Obj3d& object);
   void writeObj2d(const Obj2d& object);
   void writeFrame(double time, const char* fileName);
@@ -39,4 +41,4 @@ class JVXWriter : public JavaViewWriter {
   GeometryOutput out_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

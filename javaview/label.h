@@ -4,16 +4,16 @@
 #include "vantry/dom/node.h"
 #include "vantry/javaview/dimension.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Writes a Text2d or Text3d: a single point whose name is the text. Its place does not follow the
-/// transforms around it. Throws Ubase::BadUnicodeString.
+/// transforms around it. Throws base::BadUnicodeString.
 template <class Label>
 void writeLabel(GeometryOutput& out, const Label& label) {
   const FontStyle& font = label.textFont();
   out << "<geometry>\n<pointSet dim=\"" << dimensionOf(label.position())
       << "\" point=\"show\">\n<points num=\"1\">\n<p name=\"";
-  for (const Arbor::Node* child = label.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = label.firstChild(); child; child = child->nextSibling()) {
     out.writeEscapedLocaleText(child->nodeValue());
   }
   out << "\">";
@@ -24,4 +24,4 @@ void writeLabel(GeometryOutput& out, const Label& label) {
   out << "</points>\n</pointSet>\n</geometry>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

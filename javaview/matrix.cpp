@@ -1,6 +1,6 @@
 #include "vantry/javaview/matrix.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 Matrix operator*(const Matrix& a, const Matrix& b) {
   Matrix product{};
@@ -13,4 +13,4 @@ Matrix operator*(const Matrix& a, const Matrix& b) {
   return product;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

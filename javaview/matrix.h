@@ -5,7 +5,9 @@
 
 #include "vantry/plot/values/point.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 /// A 4 by 4 matrix, row by row. It maps points by its upper three rows, divided by its last entry.
 struct Matrix {
@@ -23,4 +25,4 @@ struct Matrix {
   }
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -3,7 +3,7 @@
 
 #include "vantry/javaview/dimension.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Writes points as a geometry of their own.
 template <class Point>
@@ -15,4 +15,4 @@ void writePointSet(GeometryOutput& out, std::span<const Point> points, RGBA colo
   out << "</geometry>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

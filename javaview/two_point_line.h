@@ -5,7 +5,7 @@
 
 #include "vantry/javaview/dimension.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Writes a line as a geometry of its own. `tip` says whether an arrow has a tip; a line that is no
 /// arrow has no say in that.
@@ -24,4 +24,4 @@ void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, 
   out << "</geometry>\n";
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

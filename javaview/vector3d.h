@@ -6,7 +6,9 @@
 
 #include "vantry/plot/values/point.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
+
+using namespace plot;
 
 inline P3 operator-(const P3& a, const P3& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
 
@@ -31,4 +33,4 @@ inline P3 unit(const P3& v) {
   return isVanishing(l) ? P3{} : v / l;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -14,12 +14,12 @@
 #include "vantry/plot/values/cmd_writer.h"
 #include "vantry/plot/values/format_limits.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-Ubase::Ref<Arbor::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
+base::Ref<dom::Element> PlotDocument::newElement(Token name) { return makeElement(name, *this); }
 
-bool PlotDocument::knowsClassOf(const Arbor::Node& node) const {
-  const Arbor::Element* element = node.asElement();
+bool PlotDocument::knowsClassOf(const dom::Node& node) const {
+  const dom::Element* element = node.asElement();
   if (!element || isOfItsClass(*element)) return true;
   report("not of the class of its name '%s'\n", element->tagName().str());
   return false;
@@ -39,7 +39,7 @@ bool PlotDocument::canBeWritten() const {
     return false;
   }
   bool canAll = true;
-  Arbor::walkSubtree<const Arbor::Node>(*root, [&canAll](const Arbor::Node& node) {
+  dom::walkSubtree<const dom::Node>(*root, [&canAll](const dom::Node& node) {
     const PlotElement* element = PlotElement::from(&node);
     if (!canAll || !element || !element->isWritten()) return false;
     canAll = element->canBeWritten();
@@ -49,7 +49,7 @@ bool PlotDocument::canBeWritten() const {
 }
 
 std::ostream& PlotDocument::writeXml(std::ostream& out) const {
-  if (!canBeWritten()) throw Arbor::DomException(Arbor::DomException::InvalidState);
+  if (!canBeWritten()) throw dom::DomException(dom::DomException::InvalidState);
   std::ostringstream text;  // which is not in the state of `out`, but for this:
   text.imbue(std::locale::classic());
   text.precision(out.precision());
@@ -57,7 +57,7 @@ std::ostream& PlotDocument::writeXml(std::ostream& out) const {
   const std::string_view written = text.view();
   if (!isXml(written)) {
     report("word with characters that XML does not have\n");
-    throw Arbor::DomException(Arbor::DomException::InvalidState);
+    throw dom::DomException(dom::DomException::InvalidState);
   }
   return out.write(written.data(), std::ssize(written));
 }
@@ -75,7 +75,7 @@ void PlotDocument::printCommands(std::ostream& out, bool replot) const {
 void PlotDocument::visitElements() {
   PlotElement* root = documentElement();
   if (!root) return;
-  Arbor::walkSubtree<Arbor::Node>(*root, [](Arbor::Node& node) {
+  dom::walkSubtree<dom::Node>(*root, [](dom::Node& node) {
     PlotElement* element = PlotElement::from(&node);
     return element && element->visit();
   });
@@ -83,7 +83,7 @@ void PlotDocument::visitElements() {
 
 void PlotDocument::setCurrentTime(double time) {
   PlotElement* root = documentElement();
-  if (root) root->setPropertyValue(Word::CurrentTime, Ubase::DoubleVariant(time));
+  if (root) root->setPropertyValue(Word::CurrentTime, base::DoubleVariant(time));
 }
 
 double PlotDocument::currentTime() const {
@@ -106,4 +106,4 @@ void PlotDocument::report(const char* format, ...) const {
   va_end(arguments);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

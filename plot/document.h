@@ -4,7 +4,7 @@
 #include "vantry/plot/framework/element_document.h"
 #include "vantry/plot/styles/style_path.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The document of a plot. Its root is a Canvas.
 class PlotDocument : public ElementDocument {
@@ -13,13 +13,13 @@ class PlotDocument : public ElementDocument {
 
   /// Knows the classes of the model, and those of a host that derive from them and keep their
   /// names. Another class is reported.
-  bool knowsClassOf(const Arbor::Node& node) const override;
+  bool knowsClassOf(const dom::Node& node) const override;
   /// Refuses characters that XML does not have, and reports them.
   bool canHoldText(const char* text) const override;
 
   /// Writes what the reader reads, with numbers in the precision of the stream. Throws DomException
   /// InvalidState for a document that could not be read back, after a message to the reporter that
-  /// says why, and Ubase::BadUnicodeString for a text that the locale cannot hold; nothing is
+  /// says why, and base::BadUnicodeString for a text that the locale cannot hold; nothing is
   /// written then.
   std::ostream& writeXml(std::ostream& out) const override;
 
@@ -36,7 +36,7 @@ class PlotDocument : public ElementDocument {
 
   /// Makes `node` the selection; null for no selection. Throws DomException WrongDocument for a
   /// node of another document or without a parent.
-  virtual void select(Arbor::Node* node);
+  virtual void select(dom::Node* node);
   /// Selects the first element whose property `id` is this; no id or an empty one ends the
   /// selection, and so does one that no element has. Tells whether an element was found.
   virtual bool selectById(const char* id);
@@ -68,7 +68,7 @@ class PlotDocument : public ElementDocument {
   ~PlotDocument() override = default;
 
   /// A host that has element classes of its own makes them here, and all others by this one.
-  Ubase::Ref<Arbor::Element> newElement(Token name) override;
+  base::Ref<dom::Element> newElement(Token name) override;
 
  private:
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
@@ -77,4 +77,4 @@ class PlotDocument : public ElementDocument {
   StylePath stylePath_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

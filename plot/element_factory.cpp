@@ -51,26 +51,26 @@
 #include "vantry/plot/elements/view.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
 struct FactoryRow {
-  const Arbor::NodeClass& nodeClass;
-  Ubase::Ref<PlotElement> (*make)(PlotDocument& document);
+  const dom::NodeClass& nodeClass;
+  base::Ref<PlotElement> (*make)(PlotDocument& document);
 };
 
 // wordOf() for the compiler.
 constexpr WordId wordIdOf(Token word) {
   int id = 1;
-  while (Ubase::tokenById(id) != word) ++id;
+  while (base::tokenById(id) != word) ++id;
   return static_cast<WordId>(id);
 }
 
 template <class Element>
 constexpr FactoryRow classOf() {
   return {elementClass<Element>,
-          [](PlotDocument& document) -> Ubase::Ref<PlotElement> { return new Element(&document); }};
+          [](PlotDocument& document) -> base::Ref<PlotElement> { return new Element(&document); }};
 }
 
 constexpr std::array elementClasses = {
@@ -183,7 +183,7 @@ constexpr std::array elementClasses = {
 // The place of each class in the list, from 1, by its name; 0 for a word that is no class.
 constexpr auto classNumbers = [] {
   static_assert(elementClasses.size() < 256);
-  Ubase::WordTable<std::uint8_t> numbers;
+  base::WordTable<std::uint8_t> numbers;
   for (std::size_t i = 0; i < elementClasses.size(); ++i) {
     numbers[wordIdOf(elementClasses[i].nodeClass.name)] = static_cast<std::uint8_t>(i + 1);
   }
@@ -198,14 +198,14 @@ const FactoryRow* findClass(Token name) {
 
 }  // namespace
 
-Ubase::Ref<PlotElement> makeElement(Token name, PlotDocument& document) {
+base::Ref<PlotElement> makeElement(Token name, PlotDocument& document) {
   const FactoryRow* found = findClass(name);
   return found ? found->make(document) : nullptr;
 }
 
 bool isElementClass(WordId name) { return classNumbers[name] != 0; }
 
-bool isOfItsClass(const Arbor::Element& element) {
+bool isOfItsClass(const dom::Element& element) {
   const FactoryRow* found = findClass(element.tagName());
   return found && element.nodeClass() == &found->nodeClass;
 }
@@ -217,4 +217,4 @@ std::vector<Token> elementNames() {
   return names;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,20 +5,20 @@
 
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 class PlotDocument;
 
 /// A new element of the class with that name; null for any other name.
-Ubase::Ref<PlotElement> makeElement(Token name, PlotDocument& document);
+base::Ref<PlotElement> makeElement(Token name, PlotDocument& document);
 
 /// Whether there is an element class with that name.
 bool isElementClass(WordId name);
 
 /// Whether an element is of the class with its name, or of a host's class that derives from that.
-bool isOfItsClass(const Arbor::Element& element);
+bool isOfItsClass(const dom::Element& element);
 
 /// The names of all element classes, in the order of their tokens.
 std::vector<Token> elementNames();
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

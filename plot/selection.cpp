@@ -8,25 +8,25 @@
 #include "vantry/plot/document.h"
 #include "vantry/plot/framework/style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Arbor::DomException;
-using Arbor::Range;
-using Ubase::Ref;
+using base::Ref;
+using dom::DomException;
+using dom::Range;
 
 namespace {
 
 bool hasId(const PlotElement& element, const char* id) {
   if (!element.hasProperty(Word::Id)) return false;
   const Variant value = element.getPropertyValue(Word::Id);
-  const auto string = value.as<Ubase::FixedStringVariant>();
+  const auto string = value.as<base::FixedStringVariant>();
   const char* text = string ? string->get().c_str() : nullptr;
   return text && std::strcmp(text, id) == 0;
 }
 
-bool hasSiblingOfSameName(const Arbor::Node& node) {
+bool hasSiblingOfSameName(const dom::Node& node) {
   if (!node.parent()) return false;
-  const Arbor::Node* sibling = node.parent()->firstChild();
+  const dom::Node* sibling = node.parent()->firstChild();
   while (sibling && (sibling == &node || sibling->nodeName() != node.nodeName())) {
     sibling = sibling->nextSibling();
   }
@@ -41,7 +41,7 @@ void deselectFrom(const PlotDocument& document, Range* range) {
 }
 
 void makeInconsistent(PlotElement& element) {
-  const Variant inconsistent = Ubase::BoolVariant(false);
+  const Variant inconsistent = base::BoolVariant(false);
   if (element.hasAttribute(Word::Consistent) &&
       !(element.getAttribute(Word::Consistent) == inconsistent)) {
     element.setAttribute(Word::Consistent, inconsistent);
@@ -50,7 +50,7 @@ void makeInconsistent(PlotElement& element) {
 
 }  // namespace
 
-void PlotDocument::select(Arbor::Node* node) {
+void PlotDocument::select(dom::Node* node) {
   if (!node) {
     clearSelection();
     return;
@@ -71,7 +71,7 @@ bool PlotDocument::selectById(const char* id) {
   PlotElement* found = nullptr;
   PlotElement* root = documentElement();
   if (root && id && *id != '\0') {
-    Arbor::walkSubtree<Arbor::Node>(*root, [&](Arbor::Node& node) {
+    dom::walkSubtree<dom::Node>(*root, [&](dom::Node& node) {
       PlotElement* element = PlotElement::from(&node);
       if (!found && element && hasId(*element, id)) found = element;
       return !found;
@@ -84,7 +84,7 @@ bool PlotDocument::selectById(const char* id) {
 PlotElement* PlotDocument::selectedElement() const {
   const Range* selection = firstSelectedRange();
   if (!selection || nextSelectedRange(selection)) return nullptr;
-  const Arbor::Node* parent = selection->commonAncestorContainer();
+  const dom::Node* parent = selection->commonAncestorContainer();
   const bool isOneChild = selection->startContainer() == parent &&
                           selection->endContainer() == parent &&
                           selection->startOffset() + 1 == selection->endOffset();
@@ -104,13 +104,13 @@ bool PlotDocument::canDeleteSelection() const {
 void PlotDocument::deleteSelection() {
   if (!canDeleteSelection()) return;
   PlotElement* element = selectedElement();
-  const Ref<Arbor::Node> parent = element->parent();
+  const Ref<dom::Node> parent = element->parent();
   startUndoGroup();
   parent->removeChild(element);
-  for (Ref<Arbor::Node> node = parent; node; node = node->parent()) {
+  for (Ref<dom::Node> node = parent; node; node = node->parent()) {
     if (PlotElement* ancestor = PlotElement::from(node.get())) makeInconsistent(*ancestor);
   }
   startUndoGroup();
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,9 +4,9 @@
 
 #include "vantry/base/word_table.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
-using Ubase::WordId;
+using base::WordId;
 
 namespace {
 
@@ -88,7 +88,7 @@ constexpr Row rows[] = {
 };
 
 constexpr auto rules = [] {
-  Ubase::WordTable<AttachmentRule> table;
+  base::WordTable<AttachmentRule> table;
   for (const Row& row : rows) {
     for (const WordId element : row.elements) table[element] = row.rule;
   }
@@ -99,4 +99,4 @@ constexpr auto rules = [] {
 
 const AttachmentRule& attachmentRule(WordId element) { return rules[element]; }
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

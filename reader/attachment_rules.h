@@ -3,7 +3,7 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
 /// Where an element goes.
 enum class Place {
@@ -31,6 +31,6 @@ struct AttachmentRule {
 };
 
 /// The rule of an element class.
-const AttachmentRule& attachmentRule(Ubase::WordId element);
+const AttachmentRule& attachmentRule(base::WordId element);
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -20,7 +20,7 @@
 #include "vantry/plot/values/value_parsers.h"
 #include "vantry/reader/zrd_parser_handler.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
 namespace {
 
@@ -48,7 +48,7 @@ bool hasPlainPoints(const P3List& list) {
 // The short cut for a point that is three short numbers, as most are.
 bool scanPlainPoint(const char* text, P3& point) {
   std::array<double, 3> numbers;
-  if (!Ubase::scanOnlyShortDecimals(text, numbers)) return false;
+  if (!base::scanOnlyShortDecimals(text, numbers)) return false;
   point = {numbers[0], numbers[1], numbers[2]};
   return true;
 }
@@ -92,14 +92,14 @@ void ZrdParserHandler::parseP2(P2List& list) {
   std::array<double, 2> numbers;
   if (!std::strchr(text(), '#')) {
     if (!list.colors.empty()) illegal("P2");
-    if (Ubase::scanDoubles(text(), numbers) != 2) corrupted("P2", text());
+    if (base::scanDoubles(text(), numbers) != 2) corrupted("P2", text());
     list.points.push_back({numbers[0], numbers[1]});
     return;
   }
   if (!list.points.empty() && list.colors.empty()) illegal("P2");
-  std::array<Ubase::ScannedWord, 1> word;
+  std::array<base::ScannedWord, 1> word;
   RGBA color;
-  if (Ubase::scanPoint(text(), numbers, word) != 3 || !ColorParser::parse(color, word[0].data())) {
+  if (base::scanPoint(text(), numbers, word) != 3 || !ColorParser::parse(color, word[0].data())) {
     corrupted("P2", text());
   }
   list.points.push_back({numbers[0], numbers[1]});
@@ -119,9 +119,9 @@ void ZrdParserHandler::parseP3(P3List& list) {
   if (!list.points.empty() && !isFormOf(list, words)) corrupted("P3", text());
 
   std::array<double, 6> numbers;
-  std::array<Ubase::ScannedWord, 2> colorWords;
-  const int items = Ubase::scanPoint(text(), std::span(numbers).first(words.numbers),
-                                     std::span(colorWords).first(words.colors));
+  std::array<base::ScannedWord, 2> colorWords;
+  const int items = base::scanPoint(text(), std::span(numbers).first(words.numbers),
+                                    std::span(colorWords).first(words.colors));
   if (items != static_cast<int>(words.numbers + words.colors)) corrupted("P3", text());
   std::array<RGBA, 2> colors;
   for (std::size_t i = 0; i < words.colors; ++i) {
@@ -144,7 +144,7 @@ void ZrdParserHandler::flushColor(ColorArray2d& array) {
 
 void ZrdParserHandler::flushValue(DensityArray2d& array) {
   double value = nan;
-  if (!Ubase::scanDouble(wordBuffer_.c_str(), value)) {
+  if (!base::scanDouble(wordBuffer_.c_str(), value)) {
     corrupted("DensityArray2d", wordBuffer_.c_str());
   }
   array.values.push_back(value);
@@ -189,4 +189,4 @@ void ZrdParserHandler::endArray() {
   if (values && isShort(*values, values->values.size())) incomplete(tag, "values missing");
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-namespace Xml {
+namespace vantry::reader {
 
 namespace {
 
@@ -71,4 +71,4 @@ std::int64_t endOfError(XML_ParserStruct* parser, std::int64_t tokenBegin, std::
   return std::max(begin + static_cast<std::int64_t>(*token), place + 1);
 }
 
-}  // namespace Xml
+}  // namespace vantry::reader

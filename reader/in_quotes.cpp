@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace PlotDom {
+namespace vantry::reader {
 
 namespace {
 
@@ -30,4 +30,4 @@ std::string inQuotes(std::string_view text) {
   return "'" + shown + (size < text.size() ? "...'" : "'");
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-namespace PlotDom {
+namespace vantry::reader {
 
 /// The text in quotation marks, fit for one line: a long one is cut, and a control character
 /// becomes a blank.
 std::string inQuotes(std::string_view text);
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <limits>
 
-namespace Xml {
+namespace vantry::reader {
 
 void Namespaces::declare(const char* uri) {
   declared_.push_back(nullptr);
@@ -66,4 +66,4 @@ void Namespaces::rememberAddress(Address address, Uses::value_type& use) {
   byAddress_.emplace(address.name, &use.first);
 }
 
-}  // namespace Xml
+}  // namespace vantry::reader

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Xml {
+namespace vantry::reader {
 
 /// A name in two parts.
 struct SplitName {
@@ -67,4 +67,4 @@ class Namespaces {
   const std::string* lastSpace_ = nullptr;
 };
 
-}  // namespace Xml
+}  // namespace vantry::reader

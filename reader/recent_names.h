@@ -8,7 +8,7 @@
 #include <cstring>
 #include <string>
 
-namespace Xml {
+namespace vantry::reader {
 
 /// What a handler calls a name.
 struct NameCodes {
@@ -53,4 +53,4 @@ class RecentNames {
   std::size_t oldest_ = 0;
 };
 
-}  // namespace Xml
+}  // namespace vantry::reader

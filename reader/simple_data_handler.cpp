@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
-namespace Xml {
+namespace vantry::reader {
 
 void SimpleDataHandler::characters(const char* data, std::size_t length) {
   if (collecting_) appendText(data, length);
@@ -36,4 +36,4 @@ void SimpleDataHandler::trimText() {
   while (!text_.empty() && isTrimmed(text_.back())) text_.pop_back();
 }
 
-}  // namespace Xml
+}  // namespace vantry::reader

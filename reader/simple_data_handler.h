@@ -7,7 +7,7 @@
 
 #include "vantry/reader/xml_handler.h"
 
-namespace Xml {
+namespace vantry::reader {
 
 /// Collects the text of those elements for which a subclass asks in startElement(), and has it
 /// ready in endElement(). Collection does not nest: the end of any element, a child's too, ends it
@@ -44,4 +44,4 @@ class SimpleDataHandler : public Handler {
   bool finishing_ = false;
 };
 
-}  // namespace Xml
+}  // namespace vantry::reader

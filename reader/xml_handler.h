@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace Xml {
+namespace vantry::reader {
 
 /// An attribute of a start tag, in the codes of the handler's lookupAttribute().
 struct Attribute {
@@ -68,4 +68,4 @@ class Handler {
   std::uint32_t skipDepth_ = 0;
 };
 
-}  // namespace Xml
+}  // namespace vantry::reader

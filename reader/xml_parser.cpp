@@ -8,7 +8,7 @@
 
 #include "vantry/reader/error_end.h"
 
-namespace Xml {
+namespace vantry::reader {
 
 namespace {
 
@@ -209,4 +209,4 @@ void Parser::characters(const char* data, int length) {
   if (!handler_->isSkipping()) handler_->characters(data, static_cast<std::size_t>(length));
 }
 
-}  // namespace Xml
+}  // namespace vantry::reader

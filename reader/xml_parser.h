@@ -17,7 +17,7 @@
 
 struct XML_ParserStruct;  // expat's parser
 
-namespace Xml {
+namespace vantry::reader {
 
 /// Takes one document in blocks and tells its elements and text to a handler. Comments, processing
 /// instructions and the document type reach nobody; CDATA sections arrive as text.
@@ -96,4 +96,4 @@ class Parser {
   std::optional<Place> stoppedAt_;
 };
 
-}  // namespace Xml
+}  // namespace vantry::reader

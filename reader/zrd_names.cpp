@@ -3,13 +3,13 @@
 #include "vantry/base/word_table.h"
 #include "vantry/plot/element_factory.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
-using Ubase::WordId;
+using base::WordId;
 
 namespace {
 
-using WordSet = Ubase::WordTable<bool>;
+using WordSet = base::WordTable<bool>;
 
 constexpr WordId attributeNames[] = {
     WordId::AdaptiveMesh,
@@ -249,9 +249,9 @@ constexpr WordSet attributes = [] {
 bool isFormatNamespace(std::string_view uri) { return uri.ends_with("/xml/Corvane"); }
 
 bool isElementName(WordId word) {
-  return isElementClass(word) || word == WordId::P2 || word == WordId::P3;
+  return plot::isElementClass(word) || word == WordId::P2 || word == WordId::P3;
 }
 
 bool isAttributeName(WordId word) { return attributes[word]; }
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

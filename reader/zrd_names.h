@@ -5,16 +5,16 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
 /// Whether a namespace identifier is the format's. Documents carry the host of their maker in front
 /// of its fixed end.
 bool isFormatNamespace(std::string_view uri);
 
 /// Whether the word is the name of an element: a class of the model, or P2 or P3, which are data.
-bool isElementName(Ubase::WordId word);
+bool isElementName(base::WordId word);
 
 /// Whether the word is the name of an attribute.
-bool isAttributeName(Ubase::WordId word);
+bool isAttributeName(base::WordId word);
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

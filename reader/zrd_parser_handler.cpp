@@ -8,11 +8,11 @@
 #include "vantry/reader/in_quotes.h"
 #include "vantry/reader/zrd_names.h"
 
-namespace PlotDom {
+namespace vantry::reader {
 
-using Arbor::DomException;
-using Ubase::Ref;
-using Ubase::WordId;
+using base::Ref;
+using base::WordId;
+using dom::DomException;
 
 ZrdParserHandler::ZrdParserHandler(PlotDocument* document, bool ignoreIds, Reporter reporter)
     : document_(document), keepIds_(!ignoreIds), reporter_(reporter) {
@@ -66,7 +66,7 @@ bool ZrdParserHandler::isFormatName(const char* namespaceUri) const {
 bool ZrdParserHandler::lookupElement(const char* namespaceUri, const char* localName,
                                      std::uint32_t& outNamespaceId, std::uint32_t& outElementId) {
   if (!isFormatName(namespaceUri)) return false;
-  const WordId word = Ubase::findWord(localName);
+  const WordId word = base::findWord(localName);
   if (!isElementName(word)) {
     report(word == WordId::none ? "unknown element '%s'\n" : "not an element '%s'\n", localName);
     return false;
@@ -80,7 +80,7 @@ bool ZrdParserHandler::lookupAttribute(const char* namespaceUri, const char* loc
                                        std::uint32_t& outNamespaceId,
                                        std::uint32_t& outAttributeId) {
   if (!isFormatName(namespaceUri)) return false;
-  const WordId word = Ubase::findWord(localName);
+  const WordId word = base::findWord(localName);
   if (!isAttributeName(word)) {
     report(word == WordId::none ? "unknown attribute '%s'\n" : "not an attribute '%s'\n",
            localName);
@@ -110,13 +110,13 @@ void sayingAbout(About about, Action action) {
 }  // namespace
 
 void ZrdParserHandler::startElement(std::uint32_t, std::uint32_t elementId,
-                                    const Xml::AttributeList& attributes) {
+                                    const reader::AttributeList& attributes) {
   const auto word = static_cast<WordId>(elementId);
-  sayingAbout([&] { return inParent(Ubase::tokenOf(word).str()); },
+  sayingAbout([&] { return inParent(base::tokenOf(word).str()); },
               [&] { addElement(word, attributes); });
 }
 
-void ZrdParserHandler::addElement(WordId word, const Xml::AttributeList& attributes) {
+void ZrdParserHandler::addElement(WordId word, const reader::AttributeList& attributes) {
   if (word == WordId::P2 || word == WordId::P3) {
     collectText();
     childIndex_ = 0;
@@ -125,7 +125,7 @@ void ZrdParserHandler::addElement(WordId word, const Xml::AttributeList& attribu
   const AttachmentRule& rule = attachmentRule(word);
   if (!current_ && rule.place != Place::root) throw DomException(DomException::HierarchyRequest);
 
-  Ref<PlotElement> element = makeElement(Ubase::tokenOf(word), attributes);
+  Ref<PlotElement> element = makeElement(base::tokenOf(word), attributes);
   require(*element, word);
   attach(*element, word);
   if (rule.content == Content::words) wordBuffer_.clear();
@@ -133,11 +133,12 @@ void ZrdParserHandler::addElement(WordId word, const Xml::AttributeList& attribu
   current_ = std::move(element);
 }
 
-Ref<PlotElement> ZrdParserHandler::makeElement(Token name, const Xml::AttributeList& attributes) {
+Ref<PlotElement> ZrdParserHandler::makeElement(Token name,
+                                               const reader::AttributeList& attributes) {
   Ref<PlotElement> element(document_->createElement(name));
   if (!element) throw DomException(DomException::HierarchyRequest);  // a host made something else
-  for (const Xml::Attribute& attribute : attributes) {
-    const Token attributeName = Ubase::tokenById(static_cast<int>(attribute.attributeId));
+  for (const reader::Attribute& attribute : attributes) {
+    const Token attributeName = base::tokenById(static_cast<int>(attribute.attributeId));
     if (!keepIds_ && attributeName == Word::Id) continue;
     sayingAbout(
         [&] {
@@ -166,14 +167,14 @@ void requireAttribute(const PlotElement& element, Token name, Condition holds) {
 
 void requireToken(const PlotElement& element, Token name) {
   requireAttribute(element, name, [](const Variant& value) {
-    const auto token = value.as<Ubase::TokenVariant>();
+    const auto token = value.as<base::TokenVariant>();
     return token && token->get() && token->get().str()[0] != '\0';
   });
 }
 
 void requireString(const PlotElement& element, Token name, bool notEmpty) {
   requireAttribute(element, name, [notEmpty](const Variant& value) {
-    const auto string = value.as<Ubase::FixedStringVariant>();
+    const auto string = value.as<base::FixedStringVariant>();
     const char* text = string ? string->get().c_str() : nullptr;
     return string && (!notEmpty || (text && text[0] != '\0'));
   });
@@ -210,7 +211,7 @@ void ZrdParserHandler::attach(PlotElement& element, WordId elementId) {
 }
 
 void ZrdParserHandler::attachUnique(PlotElement& element) {
-  Arbor::Node* present = current_->firstChildByName(element.tagName());
+  dom::Node* present = current_->firstChildByName(element.tagName());
   if (present) {
     current_->replaceChild(&element, present);
   } else {
@@ -221,7 +222,7 @@ void ZrdParserHandler::attachUnique(PlotElement& element) {
 // Fills the children that an element was made with, one after the other. The previous one leads to
 // the next, so that a long list is not walked from its beginning for each.
 void ZrdParserHandler::attachPositional(PlotElement& element) {
-  Arbor::Node* present = nullptr;
+  dom::Node* present = nullptr;
   if (childIndex_ == 0) {
     present = current_->firstChild();
   } else if (previous_ && previous_->parent() == current_.get()) {
@@ -239,7 +240,7 @@ void ZrdParserHandler::attachPositional(PlotElement& element) {
 }
 
 void ZrdParserHandler::attachRoot(PlotElement& element) {
-  if (Arbor::Node* root = document_->firstChild()) {
+  if (dom::Node* root = document_->firstChild()) {
     document_->replaceChild(&element, root);
   } else {
     document_->appendChild(&element);
@@ -251,7 +252,7 @@ void ZrdParserHandler::attachRoot(PlotElement& element) {
 
 void ZrdParserHandler::endElement(std::uint32_t, std::uint32_t elementId) {
   const auto word = static_cast<WordId>(elementId);
-  sayingAbout([&] { return "end of element " + inQuotes(Ubase::tokenOf(word).str()); },
+  sayingAbout([&] { return "end of element " + inQuotes(base::tokenOf(word).str()); },
               [&] { closeElement(word); });
 }
 
@@ -285,7 +286,7 @@ void ZrdParserHandler::closeElement(WordId word) {
 
 void ZrdParserHandler::endText() {
   trimText();
-  const Ref<Arbor::Node> child(document_->createTextNode(nativeText(text()).c_str()));
+  const Ref<dom::Node> child(document_->createTextNode(nativeText(text()).c_str()));
   current_->appendChild(child.get());
 }
 
@@ -299,7 +300,7 @@ void ZrdParserHandler::appendText(const char* data, std::size_t length) {
 
 void ZrdParserHandler::parseFailed() {
   previous_ = nullptr;
-  const Ref<Arbor::Node> oldRoot(document_->firstChild());
+  const Ref<dom::Node> oldRoot(document_->firstChild());
   if (oldRoot) document_->removeChild(oldRoot.get());
   const Ref<PlotElement> canvas(document_->createElement(Word::Canvas));
   document_->appendChild(canvas.get());
@@ -315,4 +316,4 @@ bool ZrdParser::parse(const char* buffer, int length, bool isFinal) {
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

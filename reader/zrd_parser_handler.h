@@ -11,16 +11,18 @@
 #include "vantry/reader/simple_data_handler.h"
 #include "vantry/reader/xml_parser.h"
 
-namespace PlotDom {
+namespace vantry::reader {
+
+using namespace plot;
 
 /// Builds the tree of a document. It has one cursor, the current element: the element of a start
 /// tag is made, gets its attributes, is put below the current element by the rule of its name, and
 /// becomes the current element itself. What may stand where is decided by the elements.
 ///
 /// The document is in a batch from the constructor to the end of the Canvas. Unknown names are
-/// skipped. Bad data, a refused child or a bad value throws Arbor::DomException. A document that is
+/// skipped. Bad data, a refused child or a bad value throws dom::DomException. A document that is
 /// not well formed is thrown away: an empty Canvas takes its place.
-class ZrdParserHandler : public Xml::SimpleDataHandler {
+class ZrdParserHandler : public reader::SimpleDataHandler {
  public:
   /// Takes a format and arguments in the manner of vprintf.
   using Reporter = int (*)(const char* format, va_list arguments);
@@ -30,7 +32,7 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
   ZrdParserHandler(PlotDocument* document, bool ignoreIds, Reporter reporter);
 
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
-                    const Xml::AttributeList& attributes) override;
+                    const reader::AttributeList& attributes) override;
   void endElement(std::uint32_t namespaceId, std::uint32_t elementId) override;
   bool lookupElement(const char* namespaceUri, const char* localName, std::uint32_t& outNamespaceId,
                      std::uint32_t& outElementId) override;
@@ -49,11 +51,11 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
   std::string inParent(const char* tag) const;
 
   bool isFormatName(const char* namespaceUri) const;
-  void addElement(Ubase::WordId word, const Xml::AttributeList& attributes);
-  void closeElement(Ubase::WordId word);
-  Ubase::Ref<PlotElement> makeElement(Token name, const Xml::AttributeList& attributes);
-  void require(const PlotElement& element, Ubase::WordId elementId) const;
-  void attach(PlotElement& element, Ubase::WordId elementId);
+  void addElement(base::WordId word, const reader::AttributeList& attributes);
+  void closeElement(base::WordId word);
+  base::Ref<PlotElement> makeElement(Token name, const reader::AttributeList& attributes);
+  void require(const PlotElement& element, base::WordId elementId) const;
+  void attach(PlotElement& element, base::WordId elementId);
   void attachUnique(PlotElement& element);
   void attachPositional(PlotElement& element);
   void attachRoot(PlotElement& element);
@@ -71,9 +73,9 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
   void appendWords(const char* data, std::size_t length);
 
   PlotDocument* document_;
-  Ubase::Ref<PlotElement> current_;
-  unsigned childIndex_ = 0;           // the place of the next positional child
-  Ubase::Ref<Arbor::Node> previous_;  // the positional child before it, unless it is the first
+  base::Ref<PlotElement> current_;
+  unsigned childIndex_ = 0;        // the place of the next positional child
+  base::Ref<dom::Node> previous_;  // the positional child before it, unless it is the first
   std::string wordBuffer_;
   bool keepIds_;
   Reporter reporter_;
@@ -81,7 +83,7 @@ class ZrdParserHandler : public Xml::SimpleDataHandler {
 
 /// A parser for hosts that load documents into a running program: a DomException of the handler
 /// ends the document as an XML error does. All other exceptions pass.
-class ZrdParser : public Xml::Parser {
+class ZrdParser : public reader::Parser {
  public:
   ZrdParser(ZrdParserHandler* handler, bool namespaces, const char* encoding)
       : Parser(handler, namespaces, encoding), handler_(handler) {}
@@ -92,4 +94,4 @@ class ZrdParser : public Xml::Parser {
   ZrdParserHandler* handler_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -13,13 +13,13 @@
 
 /// The names of all properties of each element class, found when first asked for.
 class PropertyNames {
-  using Token = PlotDom::Token;
+  using Token = vantry::plot::Token;
 
  public:
-  const std::vector<Token>& of(const PlotDom::PlotElement& element) {
+  const std::vector<Token>& of(const vantry::plot::PlotElement& element) {
     const auto [known, isNew] = namesOfClass_.try_emplace(element.tagName());
     if (isNew) {
-      for (const Token name : Ubase::wordTokens) {
+      for (const Token name : vantry::base::wordTokens) {
         if (name && element.findProperty(name)) known->second.push_back(name);
       }
     }
@@ -35,11 +35,11 @@ enum class StyleChanges { All, ValuesOnly };
 
 /// Changes a document in all the ways that a host may, the same ways for each `seed`.
 class RandomChanges {
-  using Token = PlotDom::Token;
-  using PlotElement = PlotDom::PlotElement;
+  using Token = vantry::plot::Token;
+  using PlotElement = vantry::plot::PlotElement;
 
  public:
-  RandomChanges(PlotDom::PlotDocument& document, unsigned seed,
+  RandomChanges(vantry::plot::PlotDocument& document, unsigned seed,
                 StyleChanges styleChanges = StyleChanges::All)
       : document_(document), styleChanges_(styleChanges), random_(seed) {}
 
@@ -62,7 +62,7 @@ class RandomChanges {
         default:
           return insertSomething();
       }
-    } catch (const Arbor::DomException&) {
+    } catch (const vantry::dom::DomException&) {
       ++refusals_;
     }
   }
@@ -78,28 +78,30 @@ class RandomChanges {
   }
 
   template <class Filter>
-  std::vector<Arbor::Node*> nodes(Filter filter) {
-    std::vector<Arbor::Node*> result;
-    Arbor::walkSubtree<Arbor::Node>(*document_.documentElement(), [&](Arbor::Node& node) {
-      if (filter(node)) result.push_back(&node);
-      return true;
-    });
+  std::vector<vantry::dom::Node*> nodes(Filter filter) {
+    std::vector<vantry::dom::Node*> result;
+    vantry::dom::walkSubtree<vantry::dom::Node>(*document_.documentElement(),
+                                                [&](vantry::dom::Node& node) {
+                                                  if (filter(node)) result.push_back(&node);
+                                                  return true;
+                                                });
     return result;
   }
 
   PlotElement& someElement() {
-    return *PlotElement::from(oneOf(nodes([](Arbor::Node& node) { return node.asElement(); })));
+    return *PlotElement::from(
+        oneOf(nodes([](vantry::dom::Node& node) { return node.asElement(); })));
   }
 
   /// An element of any class, with an attribute if it takes one.
-  Ubase::Ref<PlotElement> freshElement() {
-    static const std::vector<Token> names = PlotDom::elementNames();
-    Ubase::Ref<PlotElement> element = document_.createElement(oneOf(names));
+  vantry::base::Ref<PlotElement> freshElement() {
+    static const std::vector<Token> names = vantry::plot::elementNames();
+    vantry::base::Ref<PlotElement> element = document_.createElement(oneOf(names));
     const Token property = somePropertyOf(*element);
     if (!property) return element;
     try {
       element->setAttributeFromString(property, someText());
-    } catch (const Arbor::DomException&) {
+    } catch (const vantry::dom::DomException&) {
       // A text of another type.
     }
     return element;
@@ -107,14 +109,14 @@ class RandomChanges {
 
   /// An element that may stand in `parent`, with a descendant or a text if it takes that too; null
   /// if none was met.
-  Ubase::Ref<Arbor::Node> freshChildOf(const PlotElement& parent) {
-    const Ubase::Ref<Arbor::Node> text = document_.createTextNode("some text");
+  vantry::base::Ref<vantry::dom::Node> freshChildOf(const PlotElement& parent) {
+    const vantry::base::Ref<vantry::dom::Node> text = document_.createTextNode("some text");
     if (parent.canReplaceChildren(nullptr, 0, text.get())) return text;
     for (int i = 0; i < 100; ++i) {
-      const Ubase::Ref<PlotElement> child = freshElement();
+      const vantry::base::Ref<PlotElement> child = freshElement();
       if (!mayMove(*child) || !parent.canReplaceChildren(nullptr, 0, child.get())) continue;
       if (below(2) == 0) {
-        const Ubase::Ref<Arbor::Node> grandchild = freshChildOf(*child);
+        const vantry::base::Ref<vantry::dom::Node> grandchild = freshChildOf(*child);
         if (grandchild) child->appendChild(grandchild.get());
       }
       return child;
@@ -128,12 +130,12 @@ class RandomChanges {
     return mayChange(name) ? name : Token();
   }
 
-  bool mayMove(const Arbor::Node& node) const {
+  bool mayMove(const vantry::dom::Node& node) const {
     const PlotElement* element = PlotElement::from(&node);
     return styleChanges_ == StyleChanges::All || !element || !element->isStyle();
   }
   bool mayChange(Token name) const {
-    return styleChanges_ == StyleChanges::All || name != PlotDom::Word::Type;
+    return styleChanges_ == StyleChanges::All || name != vantry::plot::Word::Type;
   }
 
   const char* someText() {
@@ -145,7 +147,7 @@ class RandomChanges {
     PlotElement& parent = someElement();
     if (below(4) == 0) {
       moveSomething(parent);
-    } else if (const Ubase::Ref<Arbor::Node> child = freshChildOf(parent)) {
+    } else if (const vantry::base::Ref<vantry::dom::Node> child = freshChildOf(parent)) {
       parent.insertBefore(child.get(), parent.childAt(below(4)));
     }
   }
@@ -154,7 +156,7 @@ class RandomChanges {
   void moveSomething(PlotElement& parent) {
     PlotElement& child = someElement();
     if (!mayMove(child) || &child == document_.documentElement()) return;
-    Arbor::Node* place = parent.childAt(below(4));
+    vantry::dom::Node* place = parent.childAt(below(4));
     const unsigned way = below(4);
     if (way > 1) {
       parent.insertBefore(&child, place);
@@ -166,29 +168,30 @@ class RandomChanges {
   }
 
   /// Whether `parent` would take the element, and does not leave the document with it.
-  static bool fits(const Arbor::Node& parent, PlotElement& child) {
-    return !Arbor::isOrHolds(child, parent) &&
-           parent.canReplaceChildren(nullptr, 0, Arbor::NewChildren::only(child));
+  static bool fits(const vantry::dom::Node& parent, PlotElement& child) {
+    return !vantry::dom::isOrHolds(child, parent) &&
+           parent.canReplaceChildren(nullptr, 0, vantry::dom::NewChildren::only(child));
   }
 
   void moveInFragment(PlotElement& parent, PlotElement& child) {
     PlotElement& other = someElement();
     if (!mayMove(other) || !fits(parent, child) || !fits(parent, other)) return;
-    const Ubase::Ref<Arbor::DocumentFragment> fragment = document_.createDocumentFragment();
+    const vantry::base::Ref<vantry::dom::DocumentFragment> fragment =
+        document_.createDocumentFragment();
     fragment->appendChild(&child);
     fragment->appendChild(&other);
     parent.appendChild(fragment.get());
   }
 
   void moveWrapped(PlotElement& parent, PlotElement& child) {
-    const Ubase::Ref<Arbor::Node> wrapper = freshChildOf(parent);
-    if (!wrapper || Arbor::isOrHolds(child, parent) || !fits(*wrapper, child)) return;
+    const vantry::base::Ref<vantry::dom::Node> wrapper = freshChildOf(parent);
+    if (!wrapper || vantry::dom::isOrHolds(child, parent) || !fits(*wrapper, child)) return;
     wrapper->appendChild(&child);
     parent.appendChild(wrapper.get());
   }
 
   /// Whether so little is below the node that the drawing can be without it.
-  bool mayGo(const Arbor::Node& node) const {
+  bool mayGo(const vantry::dom::Node& node) const {
     return mayMove(node) && (node.asText() || node.length() < 2);
   }
 
@@ -200,18 +203,18 @@ class RandomChanges {
 
   void replaceSomething() {
     PlotElement& parent = someElement();
-    Arbor::Node* former = parent.firstChild();
+    vantry::dom::Node* former = parent.firstChild();
     if (!former || !mayGo(*former)) return;
-    const Ubase::Ref<Arbor::Node> child = freshChildOf(parent);
+    const vantry::base::Ref<vantry::dom::Node> child = freshChildOf(parent);
     if (child) parent.replaceChild(child.get(), former);
   }
 
   /// Replaces one byte by another: an undo gives back as many bytes as were taken. The parts of a
   /// longer letter stay together.
   void editText() {
-    const auto texts = nodes([](Arbor::Node& node) { return node.nodeValue() != nullptr; });
+    const auto texts = nodes([](vantry::dom::Node& node) { return node.nodeValue() != nullptr; });
     if (texts.empty()) return;
-    Arbor::Text* text = oneOf(texts)->asText();
+    vantry::dom::Text* text = oneOf(texts)->asText();
     const unsigned offset = below(text->length());
     const bool isLetter = static_cast<unsigned char>(text->nodeValue()[offset]) < 0x80;
     if (isLetter) text->replaceData(offset, 1, below(2) == 0 ? "#" : "<");
@@ -242,7 +245,7 @@ class RandomChanges {
                                              : element.findProperty(name)->defaultVariant());
   }
 
-  PlotDom::PlotDocument& document_;
+  vantry::plot::PlotDocument& document_;
   StyleChanges styleChanges_;
   std::mt19937 random_;
   PropertyNames propertyNames_;

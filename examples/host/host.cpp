@@ -21,8 +21,11 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using namespace vantry::reader;
+using namespace vantry::javaview;
+using vantry::base::Ref;
 
 /// Null for a file that cannot be read or holds no drawing.
 Ref<PlotDocument> load(const char* path) {
@@ -39,7 +42,7 @@ Ref<PlotDocument> load(const char* path) {
 
 std::vector<Obj2d*> objectsOf(PlotDocument& document) {
   std::vector<Obj2d*> objects;
-  Arbor::walkSubtree<Arbor::Node>(*document.documentElement(), [&](Arbor::Node& node) {
+  dom::walkSubtree<dom::Node>(*document.documentElement(), [&](dom::Node& node) {
     if (auto* object = elementCast<Obj2d>(&node)) objects.push_back(object);
     return true;
   });
@@ -47,16 +50,16 @@ std::vector<Obj2d*> objectsOf(PlotDocument& document) {
 }
 
 PlotElement* styleOf(PlotDocument& document, Token type) {
-  Arbor::Node* node = document.documentElement()->firstChild();
+  dom::Node* node = document.documentElement()->firstChild();
   while (node && !(node->nodeName() == Word::ObjStyle &&
-                   node->asElement()->getAttribute(Word::Type) == Ubase::TokenVariant(type))) {
+                   node->asElement()->getAttribute(Word::Type) == base::TokenVariant(type))) {
     node = node->nextSibling();
   }
   return PlotElement::from(node);
 }
 
 /// Prints each property that changes, where it is set and where it is inherited.
-class ChangePrinter : public Arbor::IDocObserver {
+class ChangePrinter : public dom::IDocObserver {
  public:
   explicit ChangePrinter(PlotDocument& document) : document_(&document) {
     document_->addObserver(this, AfterPropertyChangeEvent::eventType());
@@ -68,7 +71,7 @@ class ChangePrinter : public Arbor::IDocObserver {
   void observerDetached(Token) override { document_ = nullptr; }
   void beforeBatch() override {}
   void afterBatch() override {}
-  void handleEvent(const Arbor::DomEvent& event) override {
+  void handleEvent(const dom::DomEvent& event) override {
     const auto& change = static_cast<const AfterPropertyChangeEvent&>(event);
     std::cout << "  " << change.target->nodeName().str() << '.' << change.name.str() << '\n';
   }
@@ -90,7 +93,7 @@ void changeStyle(PlotDocument& document) {
   document.startUndoGroup();
   PlotElement* style = styleOf(document, Word::Default);
   style->setPropertyValue(Word::LineColor, RGBAVariant(red));
-  style->setPropertyValue(Word::LineWidth, Ubase::DoubleVariant(1.5));
+  style->setPropertyValue(Word::LineWidth, base::DoubleVariant(1.5));
   document.startUndoGroup();
 }
 
@@ -116,7 +119,7 @@ void deleteObject(PlotDocument& document, const char* id) {
 
 /// What a property editor needs to know of the properties of a type of object in one category.
 void printFields(Token type, std::string_view categoryName) {
-  Arbor::walkSubtree<const Arbor::Node>(*propertyInfo(type), [&](const Arbor::Node& node) {
+  dom::walkSubtree<const dom::Node>(*propertyInfo(type), [&](const dom::Node& node) {
     if (const auto* category = elementCast<PropCat>(&node)) {
       return category->name().c_str() == categoryName;
     }
@@ -159,7 +162,7 @@ void run(const char* inName, const char* outName) {
   std::cout << "The drawing:\n";
   document->writeXml(std::cout);
   std::ofstream out(outName);
-  JVXWriter(document.get()).write(out, PlotDom::nan);
+  JVXWriter(document.get()).write(out, plot::nan);
 
   document->tearDown();
 }

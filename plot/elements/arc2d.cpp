@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/arc2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -30,6 +30,6 @@ constinit Arc2dPropertyListMgr arc2dPropertyList;
 
 PropertyListMgr& Arc2d::propertyList() { return arc2dPropertyList; }
 
-Arc2d::Arc2d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Arc2d::Arc2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

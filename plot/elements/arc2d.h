@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An arc of an ellipse. Angles are in radians.
 class Arc2d : public Primitive<Arc2d> {
  public:
   static constexpr Token tag = Word::Arc2d;
 
-  explicit Arc2d(Arbor::Document* document);
+  explicit Arc2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -29,4 +29,4 @@ class Arc2d : public Primitive<Arc2d> {
   Stored<bool> closed;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

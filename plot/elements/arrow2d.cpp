@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/arrow2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -25,8 +25,8 @@ constinit Arrow2dPropertyListMgr arrow2dPropertyList;
 
 PropertyListMgr& Arrow2d::propertyList() { return arrow2dPropertyList; }
 
-Arrow2d::Arrow2d(Arbor::Document* document) : ElementOf(document) {
+Arrow2d::Arrow2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An arrow between two points. `tipAngle` is in radians.
 class Arrow2d : public Primitive<Arrow2d> {
  public:
   static constexpr Token tag = Word::Arrow2d;
 
-  explicit Arrow2d(Arbor::Document* document);
+  explicit Arrow2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -24,4 +24,4 @@ class Arrow2d : public Primitive<Arrow2d> {
   Stored<RGBA> lineColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

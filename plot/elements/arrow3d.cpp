@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/arrow3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -27,8 +27,8 @@ constinit Arrow3dPropertyListMgr arrow3dPropertyList;
 
 PropertyListMgr& Arrow3d::propertyList() { return arrow3dPropertyList; }
 
-Arrow3d::Arrow3d(Arbor::Document* document) : ElementOf(document) {
+Arrow3d::Arrow3d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

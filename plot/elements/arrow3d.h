@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An arrow between two points. `tipAngle` is in radians.
 class Arrow3d : public Primitive<Arrow3d> {
  public:
   static constexpr Token tag = Word::Arrow3d;
 
-  explicit Arrow3d(Arbor::Document* document);
+  explicit Arrow3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -26,4 +26,4 @@ class Arrow3d : public Primitive<Arrow3d> {
   Stored<bool> tubular;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

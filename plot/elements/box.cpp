@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/box.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -29,6 +29,6 @@ constinit BoxPropertyListMgr boxPropertyList;
 
 PropertyListMgr& Box::propertyList() { return boxPropertyList; }
 
-Box::Box(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Box::Box(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

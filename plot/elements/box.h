@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A box along the axes.
 class Box : public Primitive<Box> {
  public:
   static constexpr Token tag = Word::Box;
 
-  explicit Box(Arbor::Document* document);
+  explicit Box(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -28,4 +28,4 @@ class Box : public Primitive<Box> {
   Stored<RGBA> fillColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/camera.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,8 +23,6 @@ constinit CameraPropertyListMgr cameraPropertyList;
 
 PropertyListMgr& Camera::propertyList() { return cameraPropertyList; }
 
-Camera::Camera(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Camera::Camera(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A view of a 3d scene. `viewingAngle` is in radians.
 class Camera : public Primitive<Camera> {
  public:
   static constexpr Token tag = Word::Camera;
 
-  explicit Camera(Arbor::Document* document);
+  explicit Camera(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -22,4 +22,4 @@ class Camera : public Primitive<Camera> {
   Stored<bool> keepUpVector;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 #include "vantry/plot/framework/property_list_mgr.h"
 #include "vantry/plot/framework/property_types.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -50,8 +50,8 @@ class CanvasPropertyListMgr final : public PropertyListMgr {
 };
 constinit CanvasPropertyListMgr canvasPropertyList;
 
-bool isAnyNamed(Arbor::NewChildren children, Token name) {
-  for (const Arbor::Node& child : children) {
+bool isAnyNamed(dom::NewChildren children, Token name) {
+  for (const dom::Node& child : children) {
     if (child.nodeName() == name) return true;
   }
   return false;
@@ -60,8 +60,8 @@ bool isAnyNamed(Arbor::NewChildren children, Token name) {
 }  // namespace
 
 // Scenes of both dimensions cannot come in one change, though one canvas may hold both.
-bool Canvas::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                Arbor::NewChildren newChildren) const {
+bool Canvas::canReplaceChildren(dom::Node* first, unsigned count,
+                                dom::NewChildren newChildren) const {
   return ElementOf::canReplaceChildren(first, count, newChildren) &&
          !(isAnyNamed(newChildren, Word::Scene2d) && isAnyNamed(newChildren, Word::Scene3d));
 }
@@ -80,4 +80,4 @@ bool Canvas::isContentName(Token name) const {
 
 const Property* Canvas::findProperty(Token name) const { return canvasPropertyList.find(name); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

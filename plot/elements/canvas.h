@@ -5,7 +5,7 @@
 #include "vantry/plot/framework/style_getter.h"
 #include "vantry/plot/styles/style_index.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The root of a document: it holds the scenes with their page layout and the styles for all of
 /// them. Sizes are in millimetres, times in the unit of the document's time range.
@@ -13,7 +13,7 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
  public:
   static constexpr Token tag = Word::Canvas;
 
-  explicit Canvas(Arbor::Document* document) : ElementOf(document), StyleGetter(this) {}
+  explicit Canvas(dom::Document* document) : ElementOf(document), StyleGetter(this) {}
   Canvas(const Canvas& other) : ElementOf(other), StyleGetter(this) {}
 
   // clang-format off
@@ -46,8 +46,8 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
   /// for some types of objects.
   void createDefaultStyles();
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
   std::uint32_t optionBit(Token name) const override;
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token name) const override;
@@ -57,4 +57,4 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
   bool canHoldItsChildren() const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/circle3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -26,8 +26,8 @@ constinit Circle3dPropertyListMgr circle3dPropertyList;
 
 PropertyListMgr& Circle3d::propertyList() { return circle3dPropertyList; }
 
-Circle3d::Circle3d(Arbor::Document* document) : ElementOf(document) {
+Circle3d::Circle3d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

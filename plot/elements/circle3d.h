@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A circle in space.
 class Circle3d : public Primitive<Circle3d> {
  public:
   static constexpr Token tag = Word::Circle3d;
 
-  explicit Circle3d(Arbor::Document* document);
+  explicit Circle3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -25,4 +25,4 @@ class Circle3d : public Primitive<Circle3d> {
   Stored<RGBA> fillColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/clipping_box.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,8 +23,8 @@ constinit ClippingBoxPropertyListMgr clippingBoxPropertyList;
 
 PropertyListMgr& ClippingBox::propertyList() { return clippingBoxPropertyList; }
 
-ClippingBox::ClippingBox(Arbor::Document* document) : ElementOf(document) {
+ClippingBox::ClippingBox(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

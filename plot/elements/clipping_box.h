@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The box outside of which nothing of a scene is shown. It is unset while no maximum is above
 /// its minimum.
@@ -11,7 +11,7 @@ class ClippingBox : public Primitive<ClippingBox> {
  public:
   static constexpr Token tag = Word::ClippingBox;
 
-  explicit ClippingBox(Arbor::Document* document);
+  explicit ClippingBox(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -23,4 +23,4 @@ class ClippingBox : public Primitive<ClippingBox> {
   Stored<double> zMin;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/color_array2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -26,7 +26,7 @@ constinit ColorArray2dPropertyListMgr colorArray2dPropertyList;
 
 PropertyListMgr& ColorArray2d::propertyList() { return colorArray2dPropertyList; }
 
-ColorArray2d::ColorArray2d(Arbor::Document* document) : ElementOf(document) {
+ColorArray2d::ColorArray2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
@@ -44,4 +44,4 @@ std::ostream& ColorArray2d::writeContent(std::ostream& out) const {
   return out;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

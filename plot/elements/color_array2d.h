@@ -5,14 +5,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A raster of `xMesh` by `yMesh` cells, each with a colour; x fastest, the lowest row first.
 class ColorArray2d : public Primitive<ColorArray2d> {
  public:
   static constexpr Token tag = Word::ColorArray2d;
 
-  explicit ColorArray2d(Arbor::Document* document);
+  explicit ColorArray2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -32,4 +32,4 @@ class ColorArray2d : public Primitive<ColorArray2d> {
   bool canBeWritten() const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/cone.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -28,6 +28,6 @@ constinit ConePropertyListMgr conePropertyList;
 
 PropertyListMgr& Cone::propertyList() { return conePropertyList; }
 
-Cone::Cone(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Cone::Cone(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

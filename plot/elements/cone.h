@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A cone, or a frustum of one.
 class Cone : public Primitive<Cone> {
  public:
   static constexpr Token tag = Word::Cone;
 
-  explicit Cone(Arbor::Document* document);
+  explicit Cone(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -27,4 +27,4 @@ class Cone : public Primitive<Cone> {
   Stored<RGBA> fillColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

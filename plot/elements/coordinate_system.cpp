@@ -3,7 +3,7 @@
 #include "vantry/plot/framework/property_list_mgr.h"
 #include "vantry/plot/framework/property_types.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -104,12 +104,12 @@ class CoordinateSystem3dStylePropertyListMgr final : public PropertyListMgr {
 constinit CoordinateSystem3dStylePropertyListMgr coordinateSystem3dStylePropertyList;
 
 // The style with the given tag among the children of `container`, or null.
-const PlotElement* styleIn(const Arbor::Node* container, Token tag) {
+const PlotElement* styleIn(const dom::Node* container, Token tag) {
   return container ? PlotElement::from(container->firstChildByName(tag)) : nullptr;
 }
 
 // The container around the parent of `element`: the canvas, for all that stands in a scene.
-const Arbor::Node* outerContainer(const Arbor::Node& element) {
+const dom::Node* outerContainer(const dom::Node& element) {
   return element.parent() ? element.parent()->parent() : nullptr;
 }
 
@@ -170,4 +170,4 @@ const Property* CoordinateSystem3dStyle::findProperty(Token name) const {
   return findIn(name, coordinateSystem3dStylePropertyList, coordinateSystemStylePropertyList);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,13 +5,13 @@
 #include "vantry/plot/styles/coordinate_system_style_getter.h"
 #include "vantry/plot/styles/style_index.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The axes of a scene and the objects within them.
 class CoordinateSystemBase : public StyleContainer<LibraryElement>,
                              public CoordinateSystemStyleGetter {
  public:
-  explicit CoordinateSystemBase(Arbor::Document* document)
+  explicit CoordinateSystemBase(dom::Document* document)
       : StyleContainer(document), CoordinateSystemStyleGetter(this) {}
 
   /// The tag of the style elements that this class inherits from.
@@ -53,7 +53,7 @@ class CoordinateSystem3d : public ElementOf<CoordinateSystem3d, CoordinateSystem
 /// What the coordinate systems of a scene, or of all scenes of a canvas, inherit from.
 class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemStyleGetter {
  public:
-  explicit CoordinateSystemStyleBase(Arbor::Document* document)
+  explicit CoordinateSystemStyleBase(dom::Document* document)
       : StyleElement(document), CoordinateSystemStyleGetter(this) {}
 
   const PlotElement* styleParent(Token name) const override;
@@ -90,4 +90,4 @@ class CoordinateSystem3dStyle
   Token className() const override { return Word::CoordinateSystem3d; }
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 #include "vantry/plot/elements/canvas.h"
 #include "vantry/plot/framework/element_document.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -288,11 +288,11 @@ void setAttributes(PlotElement& element, std::span<const AttributeText> attribut
 void Canvas::createDefaultStyles() {
   setAttributes(*this, canvasLook);
   for (const StyleLook& look : styleLooks) {
-    const Ubase::Ref<PlotElement> style(plotDocument()->createElement(look.tag));
+    const base::Ref<PlotElement> style(plotDocument()->createElement(look.tag));
     if (look.type) style->setAttributeFromString(Word::Type, look.type);
     setAttributes(*style, look.attributes);
     appendChild(style.get());
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

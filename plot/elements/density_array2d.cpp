@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/density_array2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -29,7 +29,7 @@ constinit DensityArray2dPropertyListMgr densityArray2dPropertyList;
 
 PropertyListMgr& DensityArray2d::propertyList() { return densityArray2dPropertyList; }
 
-DensityArray2d::DensityArray2d(Arbor::Document* document) : ElementOf(document) {
+DensityArray2d::DensityArray2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
@@ -47,4 +47,4 @@ std::ostream& DensityArray2d::writeContent(std::ostream& out) const {
   return out;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

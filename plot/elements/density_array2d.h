@@ -5,14 +5,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A raster of `xMesh` by `yMesh` cells, each with a number; x fastest, the lowest row first.
 class DensityArray2d : public Primitive<DensityArray2d> {
  public:
   static constexpr Token tag = Word::DensityArray2d;
 
-  explicit DensityArray2d(Arbor::Document* document);
+  explicit DensityArray2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -35,4 +35,4 @@ class DensityArray2d : public Primitive<DensityArray2d> {
   bool canBeWritten() const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/ellipsoid.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,8 +23,8 @@ constinit EllipsoidPropertyListMgr ellipsoidPropertyList;
 
 PropertyListMgr& Ellipsoid::propertyList() { return ellipsoidPropertyList; }
 
-Ellipsoid::Ellipsoid(Arbor::Document* document) : ElementOf(document) {
+Ellipsoid::Ellipsoid(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

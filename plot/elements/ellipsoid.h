@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An ellipsoid along the axes.
 class Ellipsoid : public Primitive<Ellipsoid> {
  public:
   static constexpr Token tag = Word::Ellipsoid;
 
-  explicit Ellipsoid(Arbor::Document* document);
+  explicit Ellipsoid(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -22,4 +22,4 @@ class Ellipsoid : public Primitive<Ellipsoid> {
   Stored<RGBA> fillColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

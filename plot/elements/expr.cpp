@@ -6,9 +6,9 @@
 #include "vantry/base/scan.h"
 #include "vantry/plot/elements/coordinate_system.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Arbor::DomException;
+using dom::DomException;
 
 void Expr::setAttributeFromString(Token name, const char* text) {
   requireName(name);
@@ -16,26 +16,26 @@ void Expr::setAttributeFromString(Token name, const char* text) {
     report("empty option name\n");
     throw DomException(DomException::InvalidAccess);
   }
-  setAttribute(name, Ubase::TokenVariant(Token(text, true)));
+  setAttribute(name, base::TokenVariant(Token(text, true)));
 }
 
 std::ostream& Expr::writeAttributes(std::ostream& out) const {
-  findProperty(Word::Opt)->putXml(out, Ubase::TokenVariant(option()));
+  findProperty(Word::Opt)->putXml(out, base::TokenVariant(option()));
   return out;
 }
 
 void VExpr::setAttributeFromString(Token name, const char* text) {
   requireName(name);
   double number = nan;
-  if (!Ubase::scanDouble(text, number)) {
+  if (!base::scanDouble(text, number)) {
     report("illegal value string [Val='%s']\n", text);
     throw DomException(DomException::InvalidAccess);
   }
-  setAttribute(name, Ubase::DoubleVariant(number));
+  setAttribute(name, base::DoubleVariant(number));
 }
 
 std::ostream& VExpr::writeAttributes(std::ostream& out) const {
-  if (!std::isnan(value())) findProperty(Word::Val)->putXml(out, Ubase::DoubleVariant(value()));
+  if (!std::isnan(value())) findProperty(Word::Val)->putXml(out, base::DoubleVariant(value()));
   return out;
 }
 
@@ -66,4 +66,4 @@ bool ViewingBoxExprElement::beginCommand(CmdWriter& writer) const {
   return NamedVExprElement::beginCommand(writer);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

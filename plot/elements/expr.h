@@ -4,9 +4,9 @@
 #include "vantry/plot/framework/property_impl.h"
 #include "vantry/plot/framework/text_content.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Ubase::WordId;
+using base::WordId;
 
 /// A text with one attribute, `name`, of the type `Trait`, which also tells the value that stands
 /// for an absent one. The attribute counts as set from the beginning. Any other name is reported
@@ -15,7 +15,7 @@ template <class Base, WordId name, class Trait>
 class WithAttribute : public Base {
  public:
   using Value = typename Trait::Value;
-  static constexpr Token attributeName = Ubase::tokenOf(name);
+  static constexpr Token attributeName = base::tokenOf(name);
 
   using Base::Base;
 
@@ -59,7 +59,7 @@ class WithAttribute : public Base {
   void requireName(Token key) const {
     if (key == attributeName) return;
     this->report("illegal attribute '%s'\n", key.str());
-    throw Arbor::DomException(Arbor::DomException::InvalidAccess);
+    throw dom::DomException(dom::DomException::InvalidAccess);
   }
 
  private:
@@ -187,4 +187,4 @@ using ViewingBoxYMax = NameOnly<WordId::ViewingBoxYMax, ViewingBoxPart<8>>;
 using ViewingBoxZMin = NameOnly<WordId::ViewingBoxZMin, ViewingBoxPart<16>>;
 using ViewingBoxZMax = NameOnly<WordId::ViewingBoxZMax, ViewingBoxPart<32>>;
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,27 +4,27 @@
 
 #include "vantry/plot/framework/element_document.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 void addChildren(PlotElement& parent, Token name, unsigned count) {
   for (; count > 0; --count) {
-    const Ubase::Ref<Arbor::Node> child(parent.plotDocument()->createElement(name));
+    const base::Ref<dom::Node> child(parent.plotDocument()->createElement(name));
     parent.doReplaceChildren(nullptr, 0, child.get());
   }
 }
 
-bool areAllNamed(Arbor::NewChildren children, Token name) {
-  for (const Arbor::Node& child : children) {
+bool areAllNamed(dom::NewChildren children, Token name) {
+  for (const dom::Node& child : children) {
     if (child.nodeName() != name) return false;
   }
   return true;
 }
 
-bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
-                Arbor::NewChildren newChildren, unsigned least, unsigned most) {
+bool canBeTuple(const PlotElement& parent, const dom::Node* first, unsigned count,
+                dom::NewChildren newChildren, unsigned least, unsigned most) {
   if (!areAllNamed(newChildren, Word::IExpr)) return false;
   const unsigned moved = newChildren.isMovedWithin(parent) ? 1 : 0;
-  const unsigned removed = std::min(count, Arbor::countSiblingsFrom(first)) + moved;
+  const unsigned removed = std::min(count, dom::countSiblingsFrom(first)) + moved;
   const unsigned after = parent.length() - removed + newChildren.count();
   return least <= after && after <= most;
 }
@@ -37,7 +37,7 @@ bool isBlankList(const PlotElement& list) {
 namespace {
 
 void putItems(CmdWriter& writer, const PlotElement& list) {
-  for (const Arbor::Node* child = list.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = list.firstChild(); child; child = child->nextSibling()) {
     if (child->previousSibling()) writer.out() << ',';
     if (const PlotElement* item = PlotElement::from(child)) item->printCommand(writer);
   }
@@ -90,7 +90,7 @@ bool ExprSeq::beginCommand(CmdWriter& writer) const {
   return false;
 }
 
-bool ExprSeq::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+bool ExprSeq::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return areAllNamed(newChildren, Word::IExpr);
 }
 
@@ -100,7 +100,7 @@ constexpr OptionTable tickOptions = {{WordId::VExpr, 1}, {WordId::Title, 2}};
 
 }  // namespace
 
-TickPos::TickPos(Arbor::Document* document) : ElementOf(document) {
+TickPos::TickPos(dom::Document* document) : ElementOf(document) {
   addChildren(*this, Word::VExpr, 1);
 }
 
@@ -127,4 +127,4 @@ bool TickPos::beginCommand(CmdWriter& writer) const {
   return false;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

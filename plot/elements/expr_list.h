@@ -9,18 +9,18 @@
 #include "vantry/plot/framework/content_element.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Gives a new element `count` children of that name, unchecked.
 void addChildren(PlotElement& parent, Token name, unsigned count);
 
 /// Whether every one of the new children has that name.
-bool areAllNamed(Arbor::NewChildren children, Token name);
+bool areAllNamed(dom::NewChildren children, Token name);
 
 /// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
 /// after `count` of them from `first` on were replaced.
-bool canBeTuple(const PlotElement& parent, const Arbor::Node* first, unsigned count,
-                Arbor::NewChildren newChildren, unsigned least, unsigned most);
+bool canBeTuple(const PlotElement& parent, const dom::Node* first, unsigned count,
+                dom::NewChildren newChildren, unsigned least, unsigned most);
 
 /// Whether a list counts as empty: it has no child, or its first is no IExpr or is blank.
 bool isBlankList(const PlotElement& list);
@@ -42,14 +42,14 @@ enum class WhenBlank { itself, nothing };
 template <WordId name, unsigned least, unsigned most, WhenBlank whenBlank, class Base = PlotElement>
 class ExprTuple : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>, Base> {
  public:
-  static constexpr Token tag = Ubase::tokenOf(name);
+  static constexpr Token tag = base::tokenOf(name);
 
-  explicit ExprTuple(Arbor::Document* document) : ElementOf<ExprTuple, Base>(document) {
+  explicit ExprTuple(dom::Document* document) : ElementOf<ExprTuple, Base>(document) {
     addChildren(*this, Word::IExpr, least);
   }
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override {
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override {
     return canBeTuple(*this, first, count, newChildren, least, most);
   }
 
@@ -83,8 +83,8 @@ class ExprSeq : public ElementOf<ExprSeq, Expr> {
  public:
   static constexpr Token tag = Word::ExprSeq;
   using ElementOf::ElementOf;
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
   bool beginCommand(CmdWriter& writer) const override;
 };
 
@@ -95,11 +95,11 @@ enum class FirstItem { onNewLine, onSameLine };
 template <WordId name, WordId childName, FirstItem firstItem>
 class ListOf : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
  public:
-  static constexpr Token tag = Ubase::tokenOf(name);
+  static constexpr Token tag = base::tokenOf(name);
   using ElementOf<ListOf, PlotElement>::ElementOf;
 
-  bool canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const override {
-    return areAllNamed(newChildren, Ubase::tokenOf(childName));
+  bool canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const override {
+    return areAllNamed(newChildren, base::tokenOf(childName));
   }
 
   bool beginCommand(CmdWriter& writer) const override {
@@ -124,7 +124,7 @@ class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
  public:
   static constexpr Token tag = Word::TickPos;
 
-  explicit TickPos(Arbor::Document* document);
+  explicit TickPos(dom::Document* document);
 
   std::uint32_t optionBit(Token name) const override;
   std::uint32_t allowedOptions() const override;
@@ -133,4 +133,4 @@ class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
   bool beginCommand(CmdWriter& writer) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

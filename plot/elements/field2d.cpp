@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/field2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -31,8 +31,8 @@ constinit Field2dPropertyListMgr field2dPropertyList;
 
 PropertyListMgr& Field2d::propertyList() { return field2dPropertyList; }
 
-Field2d::Field2d(Arbor::Document* document) : ElementOf(document) {
+Field2d::Field2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A vector field on a grid that begins at `anchor`, in steps of `delta`. Its points are the
 /// vectors, x fastest. `tipAngle` is in radians.
@@ -11,7 +11,7 @@ class Field2d : public Primitive<Field2d, P2List> {
  public:
   static constexpr Token tag = Word::Field2d;
 
-  explicit Field2d(Arbor::Document* document);
+  explicit Field2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -31,4 +31,4 @@ class Field2d : public Primitive<Field2d, P2List> {
   Stored<double> lineColorDirectionY;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/field3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -33,8 +33,8 @@ constinit Field3dPropertyListMgr field3dPropertyList;
 
 PropertyListMgr& Field3d::propertyList() { return field3dPropertyList; }
 
-Field3d::Field3d(Arbor::Document* document) : ElementOf(document) {
+Field3d::Field3d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A vector field on a grid that begins at `anchor`, in steps of `delta`. Its points are the
 /// vectors, x fastest.
@@ -11,7 +11,7 @@ class Field3d : public Primitive<Field3d, P3List> {
  public:
   static constexpr Token tag = Word::Field3d;
 
-  explicit Field3d(Arbor::Document* document);
+  explicit Field3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -33,4 +33,4 @@ class Field3d : public Primitive<Field3d, P3List> {
   Stored<double> lineColorDirectionZ;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

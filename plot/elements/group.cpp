@@ -2,7 +2,7 @@
 
 #include "vantry/plot/elements/object.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,7 +23,7 @@ constinit GroupPropertyListMgr groupPropertyList;
 
 PropertyListMgr& GroupBase::propertyList() { return groupPropertyList; }
 
-GroupBase::GroupBase(Arbor::Document* document) : ContainerWithMembers(document) {
+GroupBase::GroupBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
@@ -43,7 +43,7 @@ bool Group3d::isContentName(Token child) const {
   return isOneOf(child, Word::Obj3d, Word::Group3d, Word::Transform3d, Word::ObjStyle);
 }
 
-bool Group3d::isContentChild(const Arbor::Node& node) const {
+bool Group3d::isContentChild(const dom::Node& node) const {
   return isContentName(node.nodeName()) && isMovable3d(node);
 }
 
@@ -52,9 +52,9 @@ bool isMovableType3d(Token type) {
                           Word::DistantLight, Word::SpotLight, Word::ClippingBox);
 }
 
-bool isMovable3d(const Arbor::Node& node) {
+bool isMovable3d(const dom::Node& node) {
   const Obj3d* object = elementCast<Obj3d>(&node);
   return !object || isMovableType3d(object->localType());
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,14 +5,14 @@
 #include "vantry/plot/framework/with_members.h"
 #include "vantry/plot/styles/style_index.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Objects, groups and transforms that are shown or hidden together; styles in a group are for
 /// what is in it.
 class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentPlotElement>>,
                   public MemberValues {
  public:
-  explicit GroupBase(Arbor::Document* document);
+  explicit GroupBase(dom::Document* document);
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;
@@ -20,8 +20,8 @@ class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentP
 
   static PropertyListMgr& propertyList();
 
-  Stored<Ubase::FixedString> id;
-  Stored<Ubase::FixedString> name;
+  Stored<base::FixedString> id;
+  Stored<base::FixedString> name;
   Stored<bool> consistent;
   Stored<bool> visible;
 
@@ -43,7 +43,7 @@ class Group3d : public ElementOf<Group3d, GroupBase> {
   static constexpr Token tag = Word::Group3d;
   using ElementOf::ElementOf;
   bool isContentName(Token name) const override;
-  bool isContentChild(const Arbor::Node& node) const override;
+  bool isContentChild(const dom::Node& node) const override;
 };
 
 /// Whether objects of that type may stand in a 3d group or transform. Cameras, lights and clipping
@@ -52,6 +52,6 @@ class Group3d : public ElementOf<Group3d, GroupBase> {
 bool isMovableType3d(Token type);
 
 /// The same for a node, which may be any other than an object as well.
-bool isMovable3d(const Arbor::Node& node);
+bool isMovable3d(const dom::Node& node);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

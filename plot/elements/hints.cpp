@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/hints.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -15,6 +15,6 @@ constinit HintsPropertyListMgr hintsPropertyList;
 
 PropertyListMgr& Hints::propertyList() { return hintsPropertyList; }
 
-Hints::Hints(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Hints::Hints(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,18 +3,18 @@
 
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Tells how the axes of a coordinate system are best scaled when that is left to the viewer.
 class Hints : public ElementOf<Hints, WithMembers<Hints, LeafElement>> {
  public:
   static constexpr Token tag = Word::Hints;
 
-  explicit Hints(Arbor::Document* document);
+  explicit Hints(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
   Stored<Token> scaling;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

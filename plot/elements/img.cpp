@@ -2,7 +2,7 @@
 
 #include "vantry/plot/elements/object.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,7 +23,7 @@ constinit ImgPropertyListMgr imgPropertyList;
 
 PropertyListMgr& ImgBase::propertyList() { return imgPropertyList; }
 
-ImgBase::ImgBase(Arbor::Document* document) : ContainerWithMembers(document) {
+ImgBase::ImgBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
@@ -49,4 +49,4 @@ bool Img3d::isContentName(Token name) const {
                  Word::ClippingBox);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

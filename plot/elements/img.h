@@ -5,12 +5,12 @@
 #include "vantry/plot/framework/content_element.h"
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The primitives of an object at one value of its animation parameter.
 class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public MemberValues {
  public:
-  explicit ImgBase(Arbor::Document* document);
+  explicit ImgBase(dom::Document* document);
 
   /// The time from which on the object looks like this; NaN if it is not animated.
   double frameTime() const;
@@ -46,4 +46,4 @@ class Img3d : public ElementOf<Img3d, ImgBase> {
   bool isContentName(Token name) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

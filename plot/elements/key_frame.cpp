@@ -7,7 +7,7 @@
 #include "vantry/plot/framework/element_document.h"
 #include "vantry/plot/framework/style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -28,7 +28,7 @@ double timeOf(double param, const PlotElement* parent) {
 }  // namespace
 
 double FrameTime::of(const PlotElement& frame, double param, const PlotElement* parent) const {
-  const Arbor::Document* document = frame.ownerDocument();
+  const dom::Document* document = frame.ownerDocument();
   if (!document) return timeOf(param, parent);
   if (changeCount_ != document->changeCount()) {
     time_ = timeOf(param, parent);
@@ -37,4 +37,4 @@ double FrameTime::of(const PlotElement& frame, double param, const PlotElement* 
   return time_;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -6,7 +6,7 @@
 #include "vantry/plot/framework/element.h"
 #include "vantry/plot/values/variants.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The point of time of a key frame, computed once and kept until the document changes.
 class FrameTime {
@@ -25,4 +25,4 @@ class FrameTime {
   mutable std::uint64_t changeCount_ = 0;  // of the document, when the time was computed
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

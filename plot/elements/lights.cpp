@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/lights.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -50,26 +50,26 @@ constinit SpotLightPropertyListMgr spotLightPropertyList;
 
 PropertyListMgr& AmbientLight::propertyList() { return ambientLightPropertyList; }
 
-AmbientLight::AmbientLight(Arbor::Document* document) : ElementOf(document) {
+AmbientLight::AmbientLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 PropertyListMgr& PointLight::propertyList() { return pointLightPropertyList; }
 
-PointLight::PointLight(Arbor::Document* document) : ElementOf(document) {
+PointLight::PointLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 PropertyListMgr& DistantLight::propertyList() { return distantLightPropertyList; }
 
-DistantLight::DistantLight(Arbor::Document* document) : ElementOf(document) {
+DistantLight::DistantLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 PropertyListMgr& SpotLight::propertyList() { return spotLightPropertyList; }
 
-SpotLight::SpotLight(Arbor::Document* document) : ElementOf(document) {
+SpotLight::SpotLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Light from everywhere. `lightIntensity` lies between 0 and 1.
 class AmbientLight : public Primitive<AmbientLight> {
  public:
   static constexpr Token tag = Word::AmbientLight;
 
-  explicit AmbientLight(Arbor::Document* document);
+  explicit AmbientLight(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -23,7 +23,7 @@ class PointLight : public Primitive<PointLight, AmbientLight> {
  public:
   static constexpr Token tag = Word::PointLight;
 
-  explicit PointLight(Arbor::Document* document);
+  explicit PointLight(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -36,7 +36,7 @@ class DistantLight : public Primitive<DistantLight, PointLight> {
  public:
   static constexpr Token tag = Word::DistantLight;
 
-  explicit DistantLight(Arbor::Document* document);
+  explicit DistantLight(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -48,11 +48,11 @@ class SpotLight : public Primitive<SpotLight, DistantLight> {
  public:
   static constexpr Token tag = Word::SpotLight;
 
-  explicit SpotLight(Arbor::Document* document);
+  explicit SpotLight(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
   Stored<double> spotAngle;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/line2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -23,8 +23,6 @@ constinit Line2dPropertyListMgr line2dPropertyList;
 
 PropertyListMgr& Line2d::propertyList() { return line2dPropertyList; }
 
-Line2d::Line2d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Line2d::Line2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

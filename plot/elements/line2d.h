@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A line between two points.
 class Line2d : public Primitive<Line2d> {
  public:
   static constexpr Token tag = Word::Line2d;
 
-  explicit Line2d(Arbor::Document* document);
+  explicit Line2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -22,4 +22,4 @@ class Line2d : public Primitive<Line2d> {
   Stored<RGBA> lineColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

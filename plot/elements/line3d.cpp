@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/line3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -25,8 +25,6 @@ constinit Line3dPropertyListMgr line3dPropertyList;
 
 PropertyListMgr& Line3d::propertyList() { return line3dPropertyList; }
 
-Line3d::Line3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Line3d::Line3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

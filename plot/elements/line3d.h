@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A line between two points.
 class Line3d : public Primitive<Line3d> {
  public:
   static constexpr Token tag = Word::Line3d;
 
-  explicit Line3d(Arbor::Document* document);
+  explicit Line3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -24,4 +24,4 @@ class Line3d : public Primitive<Line3d> {
   Stored<bool> tubular;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/lines3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -33,8 +33,8 @@ constinit Lines3dPropertyListMgr lines3dPropertyList;
 
 PropertyListMgr& Lines3d::propertyList() { return lines3dPropertyList; }
 
-Lines3d::Lines3d(Arbor::Document* document) : ElementOf(document) {
+Lines3d::Lines3d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Single lines, or one line through all points, open or closed; `type` says which.
 class Lines3d : public Primitive<Lines3d, P3List> {
  public:
   static constexpr Token tag = Word::Lines3d;
 
-  explicit Lines3d(Arbor::Document* document);
+  explicit Lines3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -28,4 +28,4 @@ class Lines3d : public Primitive<Lines3d, P3List> {
   Stored<double> lineColorDirectionZ;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

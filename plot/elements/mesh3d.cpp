@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/mesh3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -46,8 +46,6 @@ constinit Mesh3dPropertyListMgr mesh3dPropertyList;
 
 PropertyListMgr& Mesh3d::propertyList() { return mesh3dPropertyList; }
 
-Mesh3d::Mesh3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Mesh3d::Mesh3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A parametric surface over a grid of `uMesh` by `vMesh` points, each step of which may be refined
 /// by `uSubmesh` and `vSubmesh` points between. The points stand row by row.
@@ -11,7 +11,7 @@ class Mesh3d : public Primitive<Mesh3d, P3List> {
  public:
   static constexpr Token tag = Word::Mesh3d;
 
-  explicit Mesh3d(Arbor::Document* document);
+  explicit Mesh3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -46,4 +46,4 @@ class Mesh3d : public Primitive<Mesh3d, P3List> {
   Stored<double> fillColorDirectionZ;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

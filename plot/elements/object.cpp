@@ -6,7 +6,7 @@
 #include "vantry/plot/styles/object_properties.h"
 #include "vantry/plot/styles/style_search.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -30,7 +30,7 @@ bool ObjectBase::legendColor(RGBA& out) const {
 }
 
 bool ObjectBase::parameterRange(double& begin, double& end) const {
-  return PlotDom::parameterRange(*this, begin, end);
+  return plot::parameterRange(*this, begin, end);
 }
 
 std::uint32_t ObjectBase::optionBit(Token name) const { return options.bit(name); }
@@ -54,7 +54,7 @@ void ObjectBase::collectEffectiveStyles(StyleChain& chain) const {
 }
 
 void ObjectBase::notifyPropertyChanged(Token name) {
-  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
   }
 }
@@ -72,7 +72,7 @@ const Property* Obj2d::findProperty(Token name) const {
 bool Obj3d::canSetAttribute(Token name, const Variant& value) const {
   if (!ElementOf::canSetAttribute(name, value)) return false;
   if (name != Word::Type || !parent() || !isElementOf<Group3d, Transform3d>(*parent())) return true;
-  const Token type = value.as<Ubase::TokenVariant>()->get();
+  const Token type = value.as<base::TokenVariant>()->get();
   if (isMovableType3d(type)) return true;
   report("illegal type '%s' [parent '%s']\n", type.str(), parent()->nodeName().str());
   return false;
@@ -88,4 +88,4 @@ const Property* Obj3d::findProperty(Token name) const {
   return findIn(name, objectStyleProperties(), object3dStyleProperties(), objectProperties());
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

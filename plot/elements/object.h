@@ -4,13 +4,13 @@
 #include "vantry/plot/framework/library_element.h"
 #include "vantry/plot/styles/object_style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An object of a coordinate system: it has a type and style values, an image for each of its key
 /// frames, and texts that tell where it comes from.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
  public:
-  explicit ObjectBase(Arbor::Document* document)
+  explicit ObjectBase(dom::Document* document)
       : LibraryElement(document), ObjectStyleGetter(this) {}
 
   using ObjectStyleGetter::legendColor;
@@ -62,4 +62,4 @@ class Obj3d : public ElementOf<Obj3d, ObjectBase> {
   const Property* findProperty(Token name) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

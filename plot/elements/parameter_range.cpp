@@ -4,7 +4,7 @@
 
 #include "vantry/plot/elements/expr.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 bool parameterRange(const PlotElement& parent, double& begin, double& end) {
   const auto* beginChild = firstChildOf<ParameterBegin>(parent);
@@ -16,4 +16,4 @@ bool parameterRange(const PlotElement& parent, double& begin, double& end) {
   return true;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,10 +3,10 @@
 
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The values of the children ParameterBegin and ParameterEnd. False unless both are there and are
 /// numbers. They are options, so the cost does not grow with the number of children.
 bool parameterRange(const PlotElement& parent, double& begin, double& end);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/plane.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -25,6 +25,6 @@ constinit PlanePropertyListMgr planePropertyList;
 
 PropertyListMgr& Plane::propertyList() { return planePropertyList; }
 
-Plane::Plane(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Plane::Plane(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A plane through `position`.
 class Plane : public Primitive<Plane> {
  public:
   static constexpr Token tag = Word::Plane;
 
-  explicit Plane(Arbor::Document* document);
+  explicit Plane(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -24,4 +24,4 @@ class Plane : public Primitive<Plane> {
   Stored<std::int32_t> vMesh;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/poly2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -33,8 +33,6 @@ constinit Poly2dPropertyListMgr poly2dPropertyList;
 
 PropertyListMgr& Poly2d::propertyList() { return poly2dPropertyList; }
 
-Poly2d::Poly2d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Poly2d::Poly2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

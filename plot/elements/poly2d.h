@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A polygon or a curve in the plane.
 class Poly2d : public Primitive<Poly2d, P2List> {
  public:
   static constexpr Token tag = Word::Poly2d;
 
-  explicit Poly2d(Arbor::Document* document);
+  explicit Poly2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -32,4 +32,4 @@ class Poly2d : public Primitive<Poly2d, P2List> {
   Stored<double> lineColorDirectionY;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/poly3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -34,8 +34,6 @@ constinit Poly3dPropertyListMgr poly3dPropertyList;
 
 PropertyListMgr& Poly3d::propertyList() { return poly3dPropertyList; }
 
-Poly3d::Poly3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Poly3d::Poly3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A polygon or a curve in space.
 class Poly3d : public Primitive<Poly3d, P3List> {
  public:
   static constexpr Token tag = Word::Poly3d;
 
-  explicit Poly3d(Arbor::Document* document);
+  explicit Poly3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -33,4 +33,4 @@ class Poly3d : public Primitive<Poly3d, P3List> {
   Stored<double> lineColorDirectionZ;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,7 +2,7 @@
 
 #include "vantry/plot/elements/expr_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -50,21 +50,21 @@ PropertyListMgr& PropCat::propertyList() { return propCatPropertyList; }
 PropertyListMgr& PropInfo::propertyList() { return propInfoPropertyList; }
 PropertyListMgr& Prop::propertyList() { return propPropertyList; }
 
-ObjType::ObjType(Arbor::Document* document) : ElementOf(document) {
+ObjType::ObjType(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropCat::PropCat(Arbor::Document* document) : ElementOf(document) {
+PropCat::PropCat(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropInfo::PropInfo(Arbor::Document* document) : ElementOf(document) {
+PropInfo::PropInfo(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-Prop::Prop(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Prop::Prop(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-bool ObjType::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+bool ObjType::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return areAllNamed(newChildren, Word::PropCat);
 }
 
@@ -76,11 +76,11 @@ bool PropCat::canBeWritten() const {
   return ElementOf::canBeWritten();
 }
 
-bool PropCat::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
-  for (const Arbor::Node& child : newChildren) {
+bool PropCat::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
+  for (const dom::Node& child : newChildren) {
     if (!isOneOf(child.nodeName(), Word::PropCat, Word::PropInfo)) return false;
   }
   return true;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

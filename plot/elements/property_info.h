@@ -3,16 +3,16 @@
 
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A type of object, with the categories of its properties.
 class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, public MemberValues {
  public:
   static constexpr Token tag = Word::ObjType;
 
-  explicit ObjType(Arbor::Document* document);
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  explicit ObjType(dom::Document* document);
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 
   static PropertyListMgr& propertyList();
 
@@ -24,15 +24,15 @@ class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, pu
  public:
   static constexpr Token tag = Word::PropCat;
 
-  explicit PropCat(Arbor::Document* document);
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  explicit PropCat(dom::Document* document);
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
   /// A category must have a name.
   bool canBeWritten() const override;
 
   static PropertyListMgr& propertyList();
 
-  Stored<Ubase::FixedString> name;
+  Stored<base::FixedString> name;
 };
 
 /// One property: `dom` is its name, `opt` the option of the algebra system's commands that it is,
@@ -43,16 +43,16 @@ class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> 
  public:
   static constexpr Token tag = Word::PropInfo;
 
-  explicit PropInfo(Arbor::Document* document);
+  explicit PropInfo(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
-  Stored<Ubase::FixedString> name;
+  Stored<base::FixedString> name;
   Stored<Token> dom;
   Stored<Token> opt;
   Stored<Token> type;
-  Stored<Ubase::FixedString> enumWords;
-  Stored<Ubase::FixedString> info;
+  Stored<base::FixedString> enumWords;
+  Stored<base::FixedString> info;
   Stored<bool> recalc;
 };
 
@@ -61,12 +61,12 @@ class Prop : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
  public:
   static constexpr Token tag = Word::Prop;
 
-  explicit Prop(Arbor::Document* document);
+  explicit Prop(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
   Stored<Token> opt;
-  Stored<Ubase::FixedString> val;
+  Stored<base::FixedString> val;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/pt2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -22,6 +22,6 @@ constinit Pt2dPropertyListMgr pt2dPropertyList;
 
 PropertyListMgr& Pt2d::propertyList() { return pt2dPropertyList; }
 
-Pt2d::Pt2d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pt2d::Pt2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A single point.
 class Pt2d : public Primitive<Pt2d> {
  public:
   static constexpr Token tag = Word::Pt2d;
 
-  explicit Pt2d(Arbor::Document* document);
+  explicit Pt2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -21,4 +21,4 @@ class Pt2d : public Primitive<Pt2d> {
   Stored<bool> pointsVisible;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/pts2d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -21,6 +21,6 @@ constinit Pts2dPropertyListMgr pts2dPropertyList;
 
 PropertyListMgr& Pts2d::propertyList() { return pts2dPropertyList; }
 
-Pts2d::Pts2d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pts2d::Pts2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

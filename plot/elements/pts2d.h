@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Points in the plane.
 class Pts2d : public Primitive<Pts2d, P2List> {
  public:
   static constexpr Token tag = Word::Pts2d;
 
-  explicit Pts2d(Arbor::Document* document);
+  explicit Pts2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -20,4 +20,4 @@ class Pts2d : public Primitive<Pts2d, P2List> {
   Stored<bool> pointsVisible;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/pts3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -21,6 +21,6 @@ constinit Pts3dPropertyListMgr pts3dPropertyList;
 
 PropertyListMgr& Pts3d::propertyList() { return pts3dPropertyList; }
 
-Pts3d::Pts3d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pts3d::Pts3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

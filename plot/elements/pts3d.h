@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Points in space.
 class Pts3d : public Primitive<Pts3d, P3List> {
  public:
   static constexpr Token tag = Word::Pts3d;
 
-  explicit Pts3d(Arbor::Document* document);
+  explicit Pts3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -20,4 +20,4 @@ class Pts3d : public Primitive<Pts3d, P3List> {
   Stored<bool> pointsVisible;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,7 +4,7 @@
 #include "vantry/plot/framework/property_list_mgr.h"
 #include "vantry/plot/framework/property_types.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -100,7 +100,7 @@ void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
     return;
   }
   writer.beginAssignment(property.name());
-  SizePutCmd::put(writer, value.as<Ubase::DoubleVariant>()->get());
+  SizePutCmd::put(writer, value.as<base::DoubleVariant>()->get());
   writer.endItem();
 }
 
@@ -132,4 +132,4 @@ const Property* Scene3dStyle::findProperty(Token name) const {
   return findIn(name, scene3dStylePropertyList, sceneStylePropertyList);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

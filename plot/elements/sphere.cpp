@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/sphere.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -21,8 +21,6 @@ constinit SpherePropertyListMgr spherePropertyList;
 
 PropertyListMgr& Sphere::propertyList() { return spherePropertyList; }
 
-Sphere::Sphere(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Sphere::Sphere(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A sphere.
 class Sphere : public Primitive<Sphere> {
  public:
   static constexpr Token tag = Word::Sphere;
 
-  explicit Sphere(Arbor::Document* document);
+  explicit Sphere(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -20,4 +20,4 @@ class Sphere : public Primitive<Sphere> {
   Stored<RGBA> fillColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,9 +3,9 @@
 
 #include "vantry/plot/framework/text_content.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Ubase::WordId;
+using base::WordId;
 
 using Header = NameOnly<WordId::Header, StringElement>;
 using Footer = NameOnly<WordId::Footer, StringElement>;
@@ -15,4 +15,4 @@ using XAxisTitle = NameOnly<WordId::XAxisTitle, StringElement>;
 using YAxisTitle = NameOnly<WordId::YAxisTitle, StringElement>;
 using ZAxisTitle = NameOnly<WordId::ZAxisTitle, StringElement>;
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/surf3d.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -45,8 +45,6 @@ constinit Surf3dPropertyListMgr surf3dPropertyList;
 
 PropertyListMgr& Surf3d::propertyList() { return surf3dPropertyList; }
 
-Surf3d::Surf3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Surf3d::Surf3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A surface of triangles or quadrilaterals; `type` says how the points form them.
 class Surf3d : public Primitive<Surf3d, P3List> {
  public:
   static constexpr Token tag = Word::Surf3d;
 
-  explicit Surf3d(Arbor::Document* document);
+  explicit Surf3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -38,4 +38,4 @@ class Surf3d : public Primitive<Surf3d, P3List> {
   Stored<double> fillColorDirectionZ;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,7 +2,7 @@
 
 #include "vantry/plot/framework/text_content.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -24,12 +24,10 @@ constinit Text2dPropertyListMgr text2dPropertyList;
 
 PropertyListMgr& Text2d::propertyList() { return text2dPropertyList; }
 
-Text2d::Text2d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Text2d::Text2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-bool Text2d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+bool Text2d::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A text at a point; the text itself is a child node. `textRotation` is in radians.
 class Text2d : public Primitive<Text2d> {
  public:
   static constexpr Token tag = Word::Text2d;
 
-  explicit Text2d(Arbor::Document* document);
+  explicit Text2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -20,8 +20,8 @@ class Text2d : public Primitive<Text2d> {
   Stored<Token> verticalAlignment;
   Stored<FontStyle> textFont;
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,7 +2,7 @@
 
 #include "vantry/plot/framework/text_content.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -26,12 +26,10 @@ constinit Text3dPropertyListMgr text3dPropertyList;
 
 PropertyListMgr& Text3d::propertyList() { return text3dPropertyList; }
 
-Text3d::Text3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+Text3d::Text3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-bool Text3d::canReplaceChildren(Arbor::Node*, unsigned, Arbor::NewChildren newChildren) const {
+bool Text3d::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

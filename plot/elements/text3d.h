@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A text at a point in space; the text itself is a child node.
 class Text3d : public Primitive<Text3d> {
  public:
   static constexpr Token tag = Word::Text3d;
 
-  explicit Text3d(Arbor::Document* document);
+  explicit Text3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -22,8 +22,8 @@ class Text3d : public Primitive<Text3d> {
   Stored<FontStyle> textFont;
   Stored<bool> billboarding;
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/time_range.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -19,8 +19,8 @@ constinit TimeRangePropertyListMgr timeRangePropertyList;
 
 PropertyListMgr& TimeRange::propertyList() { return timeRangePropertyList; }
 
-TimeRange::TimeRange(Arbor::Document* document) : ElementOf(document) {
+TimeRange::TimeRange(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

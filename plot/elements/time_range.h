@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// From when to when the drawing moves; a drawing without it stands still.
 class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement>> {
  public:
   static constexpr Token tag = Word::TimeRange;
 
-  explicit TimeRange(Arbor::Document* document);
+  explicit TimeRange(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -18,4 +18,4 @@ class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement
   Stored<double> timeEnd;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

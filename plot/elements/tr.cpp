@@ -2,7 +2,7 @@
 
 #include "vantry/plot/elements/transform.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -42,17 +42,17 @@ PropertyListMgr& TrBase::propertyList() { return trPropertyList; }
 PropertyListMgr& Tr2d::propertyList() { return tr2dPropertyList; }
 PropertyListMgr& Tr3d::propertyList() { return tr3dPropertyList; }
 
-TrBase::TrBase(Arbor::Document* document) : WithMembers(document) {
+TrBase::TrBase(dom::Document* document) : WithMembers(document) {
   propertyList().initialise(*this);
 }
 
-Tr2d::Tr2d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Tr2d::Tr2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-Tr3d::Tr3d(Arbor::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Tr3d::Tr3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 double TrBase::frameTime() const {
   const auto* transform = elementCast<TransformBase, Transform2d, Transform3d>(parent());
   return frameTime_.of(*this, param(), transform);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,12 +4,12 @@
 #include "vantry/plot/elements/key_frame.h"
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A transform at one value of its animation parameter: the rows of a matrix and a translation.
 class TrBase : public WithMembers<TrBase, LeafElement> {
  public:
-  explicit TrBase(Arbor::Document* document);
+  explicit TrBase(dom::Document* document);
 
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
@@ -30,7 +30,7 @@ class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr2d;
 
-  explicit Tr2d(Arbor::Document* document);
+  explicit Tr2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -44,7 +44,7 @@ class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr3d;
 
-  explicit Tr3d(Arbor::Document* document);
+  explicit Tr3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -54,4 +54,4 @@ class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
   Stored<P3> row3;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/styles/style_search.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -32,7 +32,7 @@ constinit TransformPropertyListMgr transformPropertyList;
 
 PropertyListMgr& TransformBase::propertyList() { return transformPropertyList; }
 
-TransformBase::TransformBase(Arbor::Document* document) : ContainerWithMembers(document) {
+TransformBase::TransformBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);
 }
 
@@ -83,8 +83,8 @@ bool Transform3d::isContentName(Token child) const {
   return isOneOf(child, Word::Expr, Word::Tr3d, Word::Obj3d, Word::Group3d, Word::Transform3d);
 }
 
-bool Transform3d::isContentChild(const Arbor::Node& node) const {
+bool Transform3d::isContentChild(const dom::Node& node) const {
   return isContentName(node.nodeName()) && isMovable3d(node);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,7 +5,7 @@
 #include "vantry/plot/framework/with_members.h"
 #include "vantry/plot/styles/style_index.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
 /// its times from the object styles around it, by its type.
@@ -14,7 +14,7 @@ class TransformBase
                                   StyleContainer<OptionedPlotElement, /*hasStyles=*/false>>,
       public MemberValues {
  public:
-  explicit TransformBase(Arbor::Document* document);
+  explicit TransformBase(dom::Document* document);
 
   std::uint32_t optionBit(Token child) const override;
   const PlotElement* styleParent(Token key) const override;
@@ -29,8 +29,8 @@ class TransformBase
   static PropertyListMgr& propertyList();
 
   Stored<Token> type;
-  Stored<Ubase::FixedString> id;
-  Stored<Ubase::FixedString> name;
+  Stored<base::FixedString> id;
+  Stored<base::FixedString> name;
   Stored<bool> consistent;
   Stored<std::int32_t> frames;
   Stored<double> timeBegin;
@@ -58,7 +58,7 @@ class Transform3d : public ElementOf<Transform3d, TransformBase> {
   using ElementOf::ElementOf;
   std::uint32_t allowedOptions() const override;
   bool isContentName(Token child) const override;
-  bool isContentChild(const Arbor::Node& node) const override;
+  bool isContentChild(const dom::Node& node) const override;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/vertical_asymptote.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -22,8 +22,8 @@ constinit VerticalAsymptotePropertyListMgr verticalAsymptotePropertyList;
 
 PropertyListMgr& VerticalAsymptote::propertyList() { return verticalAsymptotePropertyList; }
 
-VerticalAsymptote::VerticalAsymptote(Arbor::Document* document) : ElementOf(document) {
+VerticalAsymptote::VerticalAsymptote(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A vertical line at the x coordinate `position`.
 class VerticalAsymptote : public Primitive<VerticalAsymptote> {
  public:
   static constexpr Token tag = Word::VerticalAsymptote;
 
-  explicit VerticalAsymptote(Arbor::Document* document);
+  explicit VerticalAsymptote(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -21,4 +21,4 @@ class VerticalAsymptote : public Primitive<VerticalAsymptote> {
   Stored<RGBA> verticalAsymptotesColor;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/view.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -47,12 +47,8 @@ constinit View3dPropertyListMgr view3dPropertyList;
 PropertyListMgr& View2d::propertyList() { return view2dPropertyList; }
 PropertyListMgr& View3d::propertyList() { return view3dPropertyList; }
 
-View2d::View2d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+View2d::View2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-View3d::View3d(Arbor::Document* document) : ElementOf(document) {
-  propertyList().initialise(*this);
-}
+View3d::View3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

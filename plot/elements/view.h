@@ -3,14 +3,14 @@
 
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The part of a 2d scene that is looked at. A bound that was not chosen is NaN.
 class View2d : public ElementOf<View2d, WithMembers<View2d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View2d;
 
-  explicit View2d(Arbor::Document* document);
+  explicit View2d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -25,7 +25,7 @@ class View3d : public ElementOf<View3d, WithMembers<View3d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View3d;
 
-  explicit View3d(Arbor::Document* document);
+  explicit View3d(dom::Document* document);
 
   static PropertyListMgr& propertyList();
 
@@ -47,4 +47,4 @@ class View3d : public ElementOf<View3d, WithMembers<View3d, LeafElement>> {
   Stored<bool> viewKeepUpVector;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

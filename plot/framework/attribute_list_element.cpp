@@ -7,9 +7,9 @@
 #include "vantry/dom/dom_exception.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Arbor::DomException;
+using dom::DomException;
 
 namespace {
 
@@ -124,7 +124,7 @@ void AttributeListElement::propertyChanged(PlotElement& source, Token name) {
   if (value && styleParent(name) == &source && isSameAsInherited({name, *value})) {
     removeAttribute(name);
   }
-  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (PlotElement* element = from(child)) element->propertyChanged(source, name);
   }
 }
@@ -136,9 +136,9 @@ void AttributeListElement::dropInheritedProperties() {
     if (entry == attributes_.end()) break;
     removeAttribute(Token(entry->first));
   }
-  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (PlotElement* element = from(child)) element->dropInheritedProperties();
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -7,7 +7,7 @@
 
 #include "vantry/plot/framework/content_element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Holds its attributes in a list that is sorted by token. A property that is not in it is asked of
 /// the style parent at every read, so that a change of a style shows at once.
@@ -59,4 +59,4 @@ class AttributeListElement : public OptionedPlotElement {
   std::vector<Attribute> attributes_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,26 +2,26 @@
 
 #include <algorithm>
 
-namespace PlotDom {
+namespace vantry::plot {
 
-bool ContentPlotElement::isContentChild(const Arbor::Node& node) const {
+bool ContentPlotElement::isContentChild(const dom::Node& node) const {
   return isContentName(node.nodeName());
 }
 
-bool ContentPlotElement::refuseContent(const Arbor::Node& child) const {
+bool ContentPlotElement::refuseContent(const dom::Node& child) const {
   report("not a valid content child '%s' [parent '%s']\n", child.nodeName().str(), tagName().str());
   return false;
 }
 
-bool ContentPlotElement::canReplaceChildren(Arbor::Node*, unsigned,
-                                            Arbor::NewChildren newChildren) const {
-  for (const Arbor::Node& child : newChildren) {
+bool ContentPlotElement::canReplaceChildren(dom::Node*, unsigned,
+                                            dom::NewChildren newChildren) const {
+  for (const dom::Node& child : newChildren) {
     if (!isContentChild(child)) return refuseContent(child);
   }
   return true;
 }
 
-std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigned count) const {
+std::uint32_t OptionedPlotElement::maskWithout(const dom::Node* first, unsigned count) const {
   std::uint32_t mask = optionMask_;
   for (; first && count > 0; first = first->nextSibling(), --count) {
     mask &= ~optionBit(first->nodeName());
@@ -29,11 +29,11 @@ std::uint32_t OptionedPlotElement::maskWithout(const Arbor::Node* first, unsigne
   return mask;
 }
 
-bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                             Arbor::NewChildren newChildren) const {
+bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
+                                             dom::NewChildren newChildren) const {
   std::uint32_t mask = maskWithout(first, count);
   if (newChildren.isMovedWithin(*this)) mask &= ~optionBit(newChildren.first()->nodeName());
-  for (const Arbor::Node& child : newChildren) {
+  for (const dom::Node& child : newChildren) {
     const std::uint32_t bit = optionBit(child.nodeName());
     if (bit == 0) {
       if (!isContentChild(child)) return refuseContent(child);
@@ -57,37 +57,37 @@ bool OptionedPlotElement::canReplaceChildren(Arbor::Node* first, unsigned count,
   return true;
 }
 
-void OptionedPlotElement::doReplaceChildren(Arbor::Node* first, unsigned count,
-                                            Arbor::Node* newChildren) {
-  std::vector<Arbor::Node*> added;
-  for (Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+void OptionedPlotElement::doReplaceChildren(dom::Node* first, unsigned count,
+                                            dom::Node* newChildren) {
+  std::vector<dom::Node*> added;
+  for (dom::Node* child = newChildren; child; child = child->nextSibling()) {
     if (optionBit(child->nodeName()) != 0) added.push_back(child);
   }
   if (!added.empty()) {
-    if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<Arbor::Node*>>();
+    if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<dom::Node*>>();
     optionChildren_->reserve(optionChildren_->size() + added.size());
   }
 
   // Nothing below fails.
-  const Arbor::Node* removed = optionChildren_ ? first : nullptr;
+  const dom::Node* removed = optionChildren_ ? first : nullptr;
   for (unsigned i = 0; removed && i < count; ++i, removed = removed->nextSibling()) {
     std::erase(*optionChildren_, removed);
   }
   optionMask_ = maskWithout(first, count);
-  for (Arbor::Node* child : added) {
+  for (dom::Node* child : added) {
     optionMask_ |= optionBit(child->nodeName());
     optionChildren_->push_back(child);
   }
   ContentPlotElement::doReplaceChildren(first, count, newChildren);
 }
 
-Arbor::Node* OptionedPlotElement::firstChildByName(Token name) const {
+dom::Node* OptionedPlotElement::firstChildByName(Token name) const {
   const std::uint32_t bit = optionBit(name);
   if (bit == 0) return ContentPlotElement::firstChildByName(name);
   if (!optionChildren_) return nullptr;
   const auto found = std::find_if(optionChildren_->begin(), optionChildren_->end(),
-                                  [name](Arbor::Node* child) { return child->nodeName() == name; });
+                                  [name](dom::Node* child) { return child->nodeName() == name; });
   return found != optionChildren_->end() ? *found : nullptr;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -9,7 +9,7 @@
 #include "vantry/base/word_table.h"
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// An element whose children are told by their names.
 class ContentPlotElement : public PlotElement {
@@ -18,23 +18,23 @@ class ContentPlotElement : public PlotElement {
 
   /// Whether an element of that name may be a plain child, as often as wanted.
   virtual bool isContentName(Token name) const = 0;
-  virtual bool isContentChild(const Arbor::Node& node) const;
+  virtual bool isContentChild(const dom::Node& node) const;
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 
  protected:
   ContentPlotElement(const ContentPlotElement&) = default;
 
   /// Reports a child that is none of the plain children. Always false.
-  bool refuseContent(const Arbor::Node& child) const;
+  bool refuseContent(const dom::Node& child) const;
 };
 
 /// The option children of a family of classes, each with its bit in the masks.
 class OptionTable {
  public:
   struct Option {
-    Ubase::WordId name;
+    base::WordId name;
     std::uint32_t bit;
   };
 
@@ -46,7 +46,7 @@ class OptionTable {
   std::uint32_t bit(Token name) const { return bits_[name]; }
 
  private:
-  Ubase::WordTable<std::uint32_t> bits_;
+  base::WordTable<std::uint32_t> bits_;
 };
 
 /// An element with option children, each of which may stand once, beside the plain ones.
@@ -60,12 +60,12 @@ class OptionedPlotElement : public ContentPlotElement {
   virtual std::uint32_t allowedOptions() const = 0;
   virtual std::uint32_t requiredOptions() const { return 0; }
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
-  void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
+  void doReplaceChildren(dom::Node* first, unsigned count, dom::Node* newChildren) override;
   /// Finds an option child without a look at the others. Should there be two of one name, which no
   /// checked operation lets in, it is the one that came first.
-  Arbor::Node* firstChildByName(Token name) const override;
+  dom::Node* firstChildByName(Token name) const override;
 
   /// The options that are present.
   std::uint32_t optionMask() const { return optionMask_; }
@@ -74,11 +74,11 @@ class OptionedPlotElement : public ContentPlotElement {
   OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}
 
  private:
-  std::uint32_t maskWithout(const Arbor::Node* first, unsigned count) const;
+  std::uint32_t maskWithout(const dom::Node* first, unsigned count) const;
 
   std::uint32_t optionMask_ = 0;
   // In the order in which they came; null for the many elements without any.
-  std::unique_ptr<std::vector<Arbor::Node*>> optionChildren_;
+  std::unique_ptr<std::vector<dom::Node*>> optionChildren_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -7,9 +7,9 @@
 #include "vantry/plot/framework/element_document.h"
 #include "vantry/plot/framework/property_change_event.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Arbor::DomException;
+using dom::DomException;
 
 ElementDocument* PlotElement::plotDocument() const {
   return static_cast<ElementDocument*>(ownerDocument());
@@ -93,7 +93,7 @@ Variant PlotElement::getPropertyValue(Token name) const {
 
 void PlotElement::setPropertyValue(Token name, const Variant& value) {
   requireProperty(name).setValue(*this, value);
-  for (Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
   }
 }
@@ -121,12 +121,12 @@ void PlotElement::propertyChanged(PlotElement&, Token) {}
 void PlotElement::dropInheritedProperties() {}
 
 void PlotElement::printCommand(CmdWriter& writer) const {
-  const auto enter = [&writer](const Arbor::Node& node) {
+  const auto enter = [&writer](const dom::Node& node) {
     const PlotElement* element = from(&node);
     return element && element->beginCommand(writer);
   };
-  const auto leave = [&writer](const Arbor::Node& node) { from(&node)->endCommand(writer); };
-  Arbor::walkSubtree<const Arbor::Node>(*this, enter, leave);
+  const auto leave = [&writer](const dom::Node& node) { from(&node)->endCommand(writer); };
+  dom::walkSubtree<const dom::Node>(*this, enter, leave);
 }
 
 void PlotElement::timeStep(double, bool, double&) {}
@@ -134,7 +134,7 @@ void PlotElement::timeStep(double, bool, double&) {}
 // The rules of elements with text look at the first child only, but texts and elements never stand
 // together.
 bool PlotElement::canHoldItsChildren() const {
-  const Arbor::Node* child = firstChild();
+  const dom::Node* child = firstChild();
   while (child && child->nodeType() == firstChild()->nodeType()) child = child->nextSibling();
   const bool areAlike = !child;
   return areAlike && canReplaceChildren(firstChild(), length(), firstChild());
@@ -147,10 +147,10 @@ bool PlotElement::canBeWritten() const {
 }
 
 void notifyPropertyChange(PlotElement& element, Token name) {
-  Arbor::Document* document = element.ownerDocument();
+  dom::Document* document = element.ownerDocument();
   if (!document || document->isInBatch()) return;
   AfterPropertyChangeEvent event(element, name);
   document->notify(event);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,31 +5,31 @@
 #include "vantry/dom/element.h"
 #include "vantry/plot/framework/property.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
-using Ubase::Variant;
-using Ubase::WordId;
+namespace Word = base::Word;
+using base::Token;
+using base::Variant;
+using base::WordId;
 
 class ElementDocument;
 class StyleIndex;
 
 /// What the classes of the model have in common: from PlotElement on, each node with this model is
 /// one.
-inline constexpr Arbor::NodeClass plotModel{&plotModel, Token()};
+inline constexpr dom::NodeClass plotModel{&plotModel, Token()};
 
 /// The class `T` of the model, as its elements tell it.
 template <class T>
-inline constexpr Arbor::NodeClass elementClass{&plotModel, T::tag};
+inline constexpr dom::NodeClass elementClass{&plotModel, T::tag};
 
 /// An element with properties. Errors of its operations are DomException, after a message to the
 /// reporter of its document; nothing has changed then.
-class PlotElement : public Arbor::Element {
+class PlotElement : public dom::Element {
  public:
-  explicit PlotElement(Arbor::Document* document) : Element(document) {}
+  explicit PlotElement(dom::Document* document) : Element(document) {}
 
-  const Arbor::NodeClass* nodeClass() const override { return &plotModel; }
+  const dom::NodeClass* nodeClass() const override { return &plotModel; }
 
   /// The document that the element was made for.
   ElementDocument* plotDocument() const;
@@ -104,10 +104,10 @@ class PlotElement : public Arbor::Element {
   virtual void timeStep(double time, bool forward, double& result);
 
   /// The element of the model that a node is, or null for any other node.
-  static PlotElement* from(Arbor::Node* node) {
+  static PlotElement* from(dom::Node* node) {
     return isElement(node) ? static_cast<PlotElement*>(node) : nullptr;
   }
-  static const PlotElement* from(const Arbor::Node* node) {
+  static const PlotElement* from(const dom::Node* node) {
     return isElement(node) ? static_cast<const PlotElement*>(node) : nullptr;
   }
 
@@ -125,8 +125,8 @@ class PlotElement : public Arbor::Element {
   [[noreturn]] void throwUnknownProperty(Token name) const;
 
  private:
-  static bool isElement(const Arbor::Node* node) {
-    const Arbor::NodeClass* nodeClass = node ? node->nodeClass() : nullptr;
+  static bool isElement(const dom::Node* node) {
+    const dom::NodeClass* nodeClass = node ? node->nodeClass() : nullptr;
     return nodeClass && nodeClass->model == &plotModel;
   }
 };
@@ -140,14 +140,14 @@ constexpr bool isOneOf(Token name, Tokens... tokens) {
 /// Whether a node is of one of these classes of the model. An element of a host's class is of the
 /// class that this derives from.
 template <class... Classes>
-bool isElementOf(const Arbor::Node& node) {
-  const Arbor::NodeClass* nodeClass = node.nodeClass();
+bool isElementOf(const dom::Node& node) {
+  const dom::NodeClass* nodeClass = node.nodeClass();
   return ((nodeClass == &elementClass<Classes>) || ...);
 }
 
 /// The node as a `T`, or null. It must be of one of the classes, or of `T` if none is given.
 template <class T, class... Classes>
-const T* elementCast(const Arbor::Node* node) {
+const T* elementCast(const dom::Node* node) {
   if constexpr (sizeof...(Classes) == 0) {
     return elementCast<T, T>(node);
   } else {
@@ -155,20 +155,20 @@ const T* elementCast(const Arbor::Node* node) {
   }
 }
 template <class T, class... Classes>
-T* elementCast(Arbor::Node* node) {
-  return const_cast<T*>(elementCast<T, Classes...>(static_cast<const Arbor::Node*>(node)));
+T* elementCast(dom::Node* node) {
+  return const_cast<T*>(elementCast<T, Classes...>(static_cast<const dom::Node*>(node)));
 }
 
 /// The first of the siblings from `node` on that is of one of the classes, or null.
 template <class T, class... Classes>
-const T* firstOf(const Arbor::Node* node) {
+const T* firstOf(const dom::Node* node) {
   while (node && !isElementOf<Classes...>(*node)) node = node->nextSibling();
   return elementCast<T, Classes...>(node);
 }
 
 /// The first child with the tag of a class, as an element of that class, or null.
 template <class T>
-const T* firstChildOf(const Arbor::Node& parent) {
+const T* firstChildOf(const dom::Node& parent) {
   return elementCast<T>(parent.firstChildByName(T::tag));
 }
 
@@ -181,7 +181,7 @@ class ElementOf : public Base {
 
   Token tagName() const override { return Self::tag; }
 
-  const Arbor::NodeClass* nodeClass() const override {
+  const dom::NodeClass* nodeClass() const override {
     if constexpr (requires { requires Base::tag == Self::tag; }) {
       return Base::nodeClass();
     } else {
@@ -189,19 +189,19 @@ class ElementOf : public Base {
     }
   }
 
-  Ubase::Ref<Arbor::Node> cloneNode(bool deep) const override {
-    Ubase::Ref<Arbor::Node> copy = new Self(static_cast<const Self&>(*this));
+  base::Ref<dom::Node> cloneNode(bool deep) const override {
+    base::Ref<dom::Node> copy = new Self(static_cast<const Self&>(*this));
     if (deep) this->cloneChildrenInto(*copy);
     return copy;
   }
 };
 
 /// A class that adds nothing to its base but a name.
-template <Ubase::WordId name, class Base>
+template <base::WordId name, class Base>
 class NameOnly : public ElementOf<NameOnly<name, Base>, Base> {
  public:
-  static constexpr Token tag = Ubase::tokenOf(name);
+  static constexpr Token tag = base::tokenOf(name);
   using ElementOf<NameOnly<name, Base>, Base>::ElementOf;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

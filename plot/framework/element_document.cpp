@@ -1,6 +1,6 @@
 #include "vantry/plot/framework/element_document.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 void ElementDocument::reportError(const char* format, va_list arguments) const {
   if (!errorReporter_) return;
@@ -11,4 +11,4 @@ void ElementDocument::reportError(const char* format, va_list arguments) const {
   va_end(again);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

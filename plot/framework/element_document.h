@@ -6,20 +6,20 @@
 #include "vantry/dom/document.h"
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 class StylePath;
 
 /// A document whose elements are those of a plot.
-class ElementDocument : public Arbor::Document {
+class ElementDocument : public dom::Document {
  public:
   /// Takes a format and arguments in the manner of vprintf.
   using ErrorReporter = int (*)(const char* format, va_list arguments);
 
   /// A new element of the class with that name; null for a name that is none of the 104 element
   /// names, or where newElement() has made what is no element of the model.
-  Ubase::Ref<PlotElement> createElement(Token name) {
-    const Ubase::Ref<Arbor::Element> made = newElement(name);
+  base::Ref<PlotElement> createElement(Token name) {
+    const base::Ref<dom::Element> made = newElement(name);
     return PlotElement::from(made.get());
   }
 
@@ -42,4 +42,4 @@ class ElementDocument : public Arbor::Document {
   ErrorReporter errorReporter_ = nullptr;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

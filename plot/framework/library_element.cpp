@@ -5,7 +5,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -44,7 +44,7 @@ void LibraryElement::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
 void StyleElement::notifyPropertyChanged(Token name) {
   if (!parent()) return;
-  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+  for (dom::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
     PlotElement* sibling = from(node);
     if (sibling && !sibling->isStyle()) sibling->propertyChanged(*this, name);
   }
@@ -60,10 +60,10 @@ bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
 // All who inherit from this style are below its siblings, those that are styles again included.
 void StyleElement::tellWhatIsAround(Token name) {
   if (!parent()) return;
-  for (Arbor::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
+  for (dom::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
     PlotElement* sibling = from(node);
     if (!sibling || sibling->isStyle()) continue;
-    Arbor::walkSubtree(*node, [&](Arbor::Node& below) {
+    dom::walkSubtree(*node, [&](dom::Node& below) {
       PlotElement* element = from(&below);
       return element && element->parentPropertyChanged(*this, name);
     });
@@ -80,4 +80,4 @@ void StyleElement::putAttribute(CmdWriter& writer, const Property& property,
   property.putCmdQualified(writer, className(), value);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

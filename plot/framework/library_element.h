@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/attribute_list_element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Base of canvas, scenes, coordinate systems and objects.
 class LibraryElement : public AttributeListElement {
@@ -48,4 +48,4 @@ class StyleElement : public AttributeListElement {
   void tellWhatIsAround(Token name);
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

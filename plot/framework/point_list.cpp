@@ -1,6 +1,6 @@
 #include "vantry/plot/framework/point_list.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::ostream& P3List::writeContent(std::ostream& out) const {
   return out;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,7 +5,7 @@
 
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A primitive with points in the plane. `colors` is empty or as long as `points`.
 class P2List : public PrimitiveBase {
@@ -41,4 +41,4 @@ class P3List : public PrimitiveBase {
   P3List(const P3List&) = default;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

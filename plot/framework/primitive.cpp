@@ -1,6 +1,6 @@
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 const PlotElement* PrimitiveBase::object() const {
   return parent() ? from(parent()->parent()) : nullptr;
@@ -26,4 +26,4 @@ void PrimitiveBase::collectEffectiveStyles(StyleChain& chain) const {
   object->collectEffectiveStyles(chain);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A piece of geometry, a light or a camera in an image of an object. It inherits from the object
 /// and through it from the object's styles, and is always a leaf. Coordinates are those of the
@@ -27,4 +27,4 @@ class PrimitiveBase : public LeafElement {
 template <class Self, class Base = PrimitiveBase>
 using Primitive = ElementOf<Self, WithMembers<Self, Base>>;
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

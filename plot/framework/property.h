@@ -8,7 +8,7 @@
 #include "vantry/base/token.h"
 #include "vantry/base/variant.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 class CmdWriter;
 class PlotElement;
@@ -21,12 +21,12 @@ using StyleChain = std::vector<const PlotElement*>;
 /// attribute list of an AttributeListElement (the list forms).
 class Property {
  public:
-  explicit Property(Ubase::Token name) : name_(name) {}
+  explicit Property(base::Token name) : name_(name) {}
   Property(const Property&) = delete;
   Property& operator=(const Property&) = delete;
   virtual ~Property() = default;
 
-  Ubase::Token name() const { return name_; }
+  base::Token name() const { return name_; }
 
   /// Whether a missing value is taken from the styles.
   virtual bool isInherited() const = 0;
@@ -36,7 +36,7 @@ class Property {
   /// for one that is not.
   virtual bool isInCommand() const = 0;
   /// What stands in for a missing value.
-  virtual Ubase::Variant defaultVariant() const = 0;
+  virtual base::Variant defaultVariant() const = 0;
 
   /// Parses `text` and sets the attribute of `element`. A text that does not parse is reported and
   /// throws DomException 12; the element is unchanged then.
@@ -57,37 +57,37 @@ class Property {
   virtual void putCmdMember(CmdWriter& writer, const PlotElement& element) const = 0;
 
   /// Writes ` name="value"`.
-  virtual void putXml(std::ostream& out, const Ubase::Variant& value) const = 0;
+  virtual void putXml(std::ostream& out, const base::Variant& value) const = 0;
   /// Writes the item `name=value`.
-  virtual void putCmd(CmdWriter& writer, const Ubase::Variant& value) const = 0;
+  virtual void putCmd(CmdWriter& writer, const base::Variant& value) const = 0;
   /// Writes the item `plot::className::name=value`.
-  virtual void putCmdQualified(CmdWriter& writer, Ubase::Token className,
-                               const Ubase::Variant& value) const = 0;
+  virtual void putCmdQualified(CmdWriter& writer, base::Token className,
+                               const base::Variant& value) const = 0;
 
   /// Whether the element has a value of its own in the member.
   virtual bool isSet(const PlotElement& element) const = 0;
-  virtual bool getIfSet(const PlotElement& element, Ubase::Variant& out) const = 0;
+  virtual bool getIfSet(const PlotElement& element, base::Variant& out) const = 0;
 
   /// Whether the attribute may become `value`; a refusal is reported through the element.
-  virtual bool accepts(const PlotElement& element, const Ubase::Variant& value) const = 0;
+  virtual bool accepts(const PlotElement& element, const base::Variant& value) const = 0;
 
   /// Whether the attribute can be written with `value`; what cannot be is reported through the
   /// element.
-  virtual bool canBeWritten(const PlotElement& element, const Ubase::Variant& value) const = 0;
+  virtual bool canBeWritten(const PlotElement& element, const base::Variant& value) const = 0;
 
   /// Whether the attribute may be removed.
   virtual bool isRemovable(const PlotElement& element) const = 0;
 
   /// The member, which holds the resolved value; empty for a list form.
-  virtual Ubase::Variant getValue(const PlotElement& element) const = 0;
+  virtual base::Variant getValue(const PlotElement& element) const = 0;
 
   virtual bool isWritable(const PlotElement&) const { return true; }
 
   /// Sets the attribute, or removes it if `value` is what the style parent has and it may go.
-  virtual void setValue(PlotElement& element, const Ubase::Variant& value) const = 0;
+  virtual void setValue(PlotElement& element, const base::Variant& value) const = 0;
 
   /// Writes the member and sets its bit, unchecked.
-  virtual void store(PlotElement& element, const Ubase::Variant& value) const = 0;
+  virtual void store(PlotElement& element, const base::Variant& value) const = 0;
 
   /// Clears the bit and gives the member the inherited value, or else the default.
   virtual void clear(PlotElement& element) const = 0;
@@ -97,21 +97,21 @@ class Property {
   virtual bool parentChanged(PlotElement& element, PlotElement& source) const = 0;
 
   /// `value` as it is stored, after the rule of the type has been applied.
-  virtual Ubase::Variant normalized(const Ubase::Variant& value) const = 0;
+  virtual base::Variant normalized(const base::Variant& value) const = 0;
 
   /// The words of an enumerated property, in their order; empty for any other. They are never
   /// enforced: a document with another word loads, and the writers treat that word as they treat
   /// every one that they do not test for.
-  virtual std::span<const Ubase::Token> allowedWords() const = 0;
+  virtual std::span<const base::Token> allowedWords() const = 0;
 
   /// The word for the kind of field in which a host may edit the property.
-  virtual Ubase::Token editorWord() const = 0;
+  virtual base::Token editorWord() const = 0;
 
  private:
-  Ubase::Token name_;
+  base::Token name_;
 };
 
 /// Tells the observers that the property `name` of `element` has another value now.
-void notifyPropertyChange(PlotElement& element, Ubase::Token name);
+void notifyPropertyChange(PlotElement& element, base::Token name);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -1,16 +1,16 @@
 #include "vantry/plot/framework/property_change_event.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
-constinit const Ubase::StaticToken afterPropertyChange("AfterPropertyChange");
+constinit const base::StaticToken afterPropertyChange("AfterPropertyChange");
 
 }  // namespace
 
-AfterPropertyChangeEvent::AfterPropertyChangeEvent(Arbor::Node& element, Ubase::Token property)
+AfterPropertyChangeEvent::AfterPropertyChangeEvent(dom::Node& element, base::Token property)
     : DomAttributeEvent(&element, afterPropertyChange, property) {}
 
-Ubase::Token AfterPropertyChangeEvent::eventType() { return afterPropertyChange; }
+base::Token AfterPropertyChangeEvent::eventType() { return afterPropertyChange; }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

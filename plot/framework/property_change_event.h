@@ -4,15 +4,15 @@
 #include "vantry/base/token.h"
 #include "vantry/dom/event.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Sent to the observers of a document when the value of a property, be it local or inherited, has
 /// changed. Its type is "AfterPropertyChange".
-class AfterPropertyChangeEvent : public Arbor::DomAttributeEvent {
+class AfterPropertyChangeEvent : public dom::DomAttributeEvent {
  public:
-  AfterPropertyChangeEvent(Arbor::Node& element, Ubase::Token property);
+  AfterPropertyChangeEvent(dom::Node& element, base::Token property);
 
-  static Ubase::Token eventType();
+  static base::Token eventType();
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -10,7 +10,7 @@
 #include "vantry/plot/framework/property_traits.h"
 #include "vantry/plot/framework/stored.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// What depends on the type of the value alone.
 template <class Trait>
@@ -19,23 +19,23 @@ class TypedProperty : public Property {
   using Value = typename Trait::Value;
   using VariantKind = typename Trait::VariantKind;
 
-  TypedProperty(Ubase::Token name, Value defaultValue)
+  TypedProperty(base::Token name, Value defaultValue)
       : Property(name), defaultValue_(std::move(defaultValue)) {}
 
   bool isInCommand() const final { return hasCommandForm; }
 
-  Ubase::Variant defaultVariant() const final { return VariantKind(defaultValue_); }
+  base::Variant defaultVariant() const final { return VariantKind(defaultValue_); }
 
   void setFromString(PlotElement& element, const char* text) const final {
     Value value{};
     if (!Trait::Parser::parse(value, text)) {
       element.report("illegal value string [attribute '%s']\n", name().str());
-      throw Arbor::DomException(Arbor::DomException::Syntax);
+      throw dom::DomException(dom::DomException::Syntax);
     }
     element.setAttribute(name(), VariantKind(value));
   }
 
-  bool accepts(const PlotElement& element, const Ubase::Variant& value) const final {
+  bool accepts(const PlotElement& element, const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     if (const char* reason = typed ? whyNoText(typed->get()) : nullptr) {
       element.report("illegal value: %s [attribute '%s']\n", reason, name().str());
@@ -46,7 +46,7 @@ class TypedProperty : public Property {
     return false;
   }
 
-  bool canBeWritten(const PlotElement& element, const Ubase::Variant& value) const final {
+  bool canBeWritten(const PlotElement& element, const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     const char* reason = typed ? whyNotWritten(typed->get()) : nullptr;
     if (!reason) return true;
@@ -54,27 +54,27 @@ class TypedProperty : public Property {
     return false;
   }
 
-  void putXml(std::ostream& out, const Ubase::Variant& value) const final {
+  void putXml(std::ostream& out, const base::Variant& value) const final {
     if (const auto typed = value.template as<VariantKind>()) writeXml(out, typed->get());
   }
 
-  void putCmd(CmdWriter& writer, const Ubase::Variant& value) const final {
+  void putCmd(CmdWriter& writer, const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     if (typed) writeCmd(writer, typed->get(), name());
   }
 
-  void putCmdQualified(CmdWriter& writer, Ubase::Token className,
-                       const Ubase::Variant& value) const final {
+  void putCmdQualified(CmdWriter& writer, base::Token className,
+                       const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     if (typed) writeCmd(writer, typed->get(), className, name());
   }
 
-  Ubase::Variant normalized(const Ubase::Variant& value) const final {
+  base::Variant normalized(const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
-    return typed ? Ubase::Variant(VariantKind(normalize(typed->get()))) : value;
+    return typed ? base::Variant(VariantKind(normalize(typed->get()))) : value;
   }
 
-  std::span<const Ubase::Token> allowedWords() const final {
+  std::span<const base::Token> allowedWords() const final {
     if constexpr (requires { Trait::allowed; }) {
       return Trait::allowed;
     } else {
@@ -82,7 +82,7 @@ class TypedProperty : public Property {
     }
   }
 
-  Ubase::Token editorWord() const final { return Trait::editor; }
+  base::Token editorWord() const final { return Trait::editor; }
 
  protected:
   const Value& defaultValue() const { return defaultValue_; }
@@ -148,7 +148,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   using typename Base::VariantKind;
   using Member = Stored<Value> Element::*;
 
-  PropertyImpl(Ubase::Token propertyName, Value defaultValue, std::uint32_t bit, Member member)
+  PropertyImpl(base::Token propertyName, Value defaultValue, std::uint32_t bit, Member member)
       : Base(propertyName, std::move(defaultValue)), bit_(bit), member_(member) {}
 
   using Base::name;
@@ -157,7 +157,7 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   bool inheritFrom(PlotElement& element, const StyleChain& chain) const final {
     if (!this->isInherited() || isSet(element)) return false;
-    const Ubase::Variant* inherited = nullptr;
+    const base::Variant* inherited = nullptr;
     for (const PlotElement* style : chain) {
       inherited = style->findAttribute(name());
       if (inherited) break;
@@ -169,7 +169,7 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   void dropIfInherited(PlotElement& element, const PlotElement& source) const final {
     if (!isSet(element) || element.styleParent(name()) != &source) return;
-    const Ubase::Variant inherited = source.getPropertyValue(name());
+    const base::Variant inherited = source.getPropertyValue(name());
     const auto typed = inherited.template as<VariantKind>();
     if (typed && value(element) == typed->get()) element.removeAttribute(name());
   }
@@ -184,17 +184,17 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   bool isSet(const PlotElement& element) const final { return (cast(element).setBits & bit_) != 0; }
 
-  bool getIfSet(const PlotElement& element, Ubase::Variant& out) const final {
+  bool getIfSet(const PlotElement& element, base::Variant& out) const final {
     if (!isSet(element)) return false;
     out = getValue(element);
     return true;
   }
 
-  Ubase::Variant getValue(const PlotElement& element) const final {
+  base::Variant getValue(const PlotElement& element) const final {
     return VariantKind(value(element));
   }
 
-  void setValue(PlotElement& element, const Ubase::Variant& newValue) const final {
+  void setValue(PlotElement& element, const base::Variant& newValue) const final {
     const PlotElement* parent = this->isMandatory() ? nullptr : element.styleParent(name());
     if (parent && parent->getPropertyValue(name()) == newValue) {
       element.removeAttribute(name());
@@ -203,7 +203,7 @@ class PropertyImpl : public TypedProperty<Trait> {
     }
   }
 
-  void store(PlotElement& element, const Ubase::Variant& newValue) const final {
+  void store(PlotElement& element, const base::Variant& newValue) const final {
     const auto typed = newValue.template as<VariantKind>();
     if (!typed) return;
     value(element) = this->normalize(typed->get());
@@ -212,7 +212,7 @@ class PropertyImpl : public TypedProperty<Trait> {
 
   void clear(PlotElement& element) const final {
     const PlotElement* source = element.styleParent(name());
-    const Ubase::Variant inherited = source ? source->getPropertyValue(name()) : Ubase::Variant();
+    const base::Variant inherited = source ? source->getPropertyValue(name()) : base::Variant();
     cast(element).setBits &= ~bit_;
     resolve(element, &inherited);
   }
@@ -239,7 +239,7 @@ class PropertyImpl : public TypedProperty<Trait> {
   const Value& value(const PlotElement& element) const { return (cast(element).*member_).value_; }
   Value& value(PlotElement& element) const { return (cast(element).*member_).value_; }
 
-  void resolve(PlotElement& element, const Ubase::Variant* inherited) const {
+  void resolve(PlotElement& element, const base::Variant* inherited) const {
     const auto typed = inherited ? inherited->template as<VariantKind>() : nullptr;
     value(element) = typed ? typed->get() : this->defaultValue();
   }
@@ -261,10 +261,10 @@ class ListPropertyImpl : public TypedProperty<Trait> {
   void putXmlMember(std::ostream&, const PlotElement&) const final {}
   void putCmdMember(CmdWriter&, const PlotElement&) const final {}
   bool isSet(const PlotElement&) const final { return false; }
-  bool getIfSet(const PlotElement&, Ubase::Variant&) const final { return false; }
-  Ubase::Variant getValue(const PlotElement&) const final { return {}; }
-  void setValue(PlotElement&, const Ubase::Variant&) const final {}
-  void store(PlotElement&, const Ubase::Variant&) const final {}
+  bool getIfSet(const PlotElement&, base::Variant&) const final { return false; }
+  base::Variant getValue(const PlotElement&) const final { return {}; }
+  void setValue(PlotElement&, const base::Variant&) const final {}
+  void store(PlotElement&, const base::Variant&) const final {}
   void clear(PlotElement&) const final {}
   bool parentChanged(PlotElement&, PlotElement&) const final { return false; }
 };
@@ -328,4 +328,4 @@ using InheritedListPropertyImpl = Inherited<ListPropertyImpl<Trait>>;
 template <class Trait>
 using MandatoryListPropertyImpl = Mandatory<ListPropertyImpl<Trait>>;
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

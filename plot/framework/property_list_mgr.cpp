@@ -4,7 +4,7 @@
 #include <cassert>
 #include <mutex>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -31,10 +31,10 @@ const PropertyListMgr::Table& PropertyListMgr::build() {
 
 void PropertyListMgr::add(std::unique_ptr<const Property> property) {
   Entries& entries = underWay_->entries;
-  const Ubase::Token name = property->name();
+  const base::Token name = property->name();
   const auto place = std::find_if(entries.begin(), entries.end(),
                                   [name](const auto& entry) { return name < entry.first; });
-  assert(Ubase::wordOf(name) != Ubase::WordId::none);
+  assert(base::wordOf(name) != base::WordId::none);
   underWay_->byWord[name] = property.get();
   entries.emplace(place, name, std::move(property));
 }
@@ -63,7 +63,7 @@ void PropertyListMgr::dropAllInherited(PlotElement& element) {
 bool PropertyListMgr::canBeWritten(const PlotElement& element) {
   return std::ranges::all_of(entries(), [&element](const auto& entry) {
     const auto& [name, property] = entry;
-    Ubase::Variant value;
+    base::Variant value;
     const bool isThere = element.hasAttribute(name) && property->getIfSet(element, value);
     return !isThere || property->canBeWritten(element, value);
   });
@@ -81,4 +81,4 @@ void PropertyListMgr::putCmd(CmdWriter& writer, const PlotElement& element) {
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -10,7 +10,7 @@
 #include "vantry/base/word_table.h"
 #include "vantry/plot/framework/property_impl.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The properties of a class, found by name. A class has one manager, a constant-initialised object
 /// of static lifetime; fill() builds the table at its first use, by whichever thread that is. The
@@ -22,10 +22,10 @@ class PropertyListMgr {
   PropertyListMgr& operator=(const PropertyListMgr&) = delete;
 
   /// The property of that name, or null.
-  const Property* find(Ubase::Token name) { return table().byWord[name]; }
+  const Property* find(base::Token name) { return table().byWord[name]; }
 
   /// All properties, in the order of their tokens.
-  using Entries = std::vector<std::pair<Ubase::Token, std::unique_ptr<const Property>>>;
+  using Entries = std::vector<std::pair<base::Token, std::unique_ptr<const Property>>>;
   const Entries& entries() { return table().entries; }
 
   /// Gives the members of a new element their first values.
@@ -55,19 +55,19 @@ class PropertyListMgr {
 
   // A property in a member: name, default, bit, member.
   template <class Type, class Element>
-  void mandatory(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+  void mandatory(base::Token name, typename Type::Value defaultValue, std::uint32_t bit,
                  Stored<typename Type::Value> Element::*member) {
     add(std::make_unique<MandatoryPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
                                                                member));
   }
   template <class Type, class Element>
-  void optional(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+  void optional(base::Token name, typename Type::Value defaultValue, std::uint32_t bit,
                 Stored<typename Type::Value> Element::*member) {
     add(std::make_unique<OptionalPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
                                                               member));
   }
   template <class Type, class Element>
-  void inherited(Ubase::Token name, typename Type::Value defaultValue, std::uint32_t bit,
+  void inherited(base::Token name, typename Type::Value defaultValue, std::uint32_t bit,
                  Stored<typename Type::Value> Element::*member) {
     add(std::make_unique<InheritedPropertyImpl<Element, Type>>(name, std::move(defaultValue), bit,
                                                                member));
@@ -75,23 +75,23 @@ class PropertyListMgr {
 
   // A property in the attribute list: name, default.
   template <class Type>
-  void mandatory(Ubase::Token name, typename Type::Value defaultValue) {
+  void mandatory(base::Token name, typename Type::Value defaultValue) {
     add(std::make_unique<MandatoryListPropertyImpl<Type>>(name, std::move(defaultValue)));
   }
   template <class Type>
-  void optional(Ubase::Token name, typename Type::Value defaultValue) {
+  void optional(base::Token name, typename Type::Value defaultValue) {
     add(std::make_unique<OptionalListPropertyImpl<Type>>(name, std::move(defaultValue)));
   }
   template <class Type>
-  void inherited(Ubase::Token name, typename Type::Value defaultValue) {
+  void inherited(base::Token name, typename Type::Value defaultValue) {
     add(std::make_unique<InheritedListPropertyImpl<Type>>(name, std::move(defaultValue)));
   }
 
  private:
   struct Table {
     Entries entries;
-    Ubase::WordTable<const Property*> byWord;  // the entries again
-    std::vector<const Property*> inherited;    // those of them that inherit
+    base::WordTable<const Property*> byWord;  // the entries again
+    std::vector<const Property*> inherited;   // those of them that inherit
     std::vector<const Property*> notInherited;
   };
 
@@ -107,10 +107,10 @@ class PropertyListMgr {
 
 /// The property of that name in the first of the lists that has it, or null.
 template <class... Lists>
-const Property* findIn(Ubase::Token name, Lists&... lists) {
+const Property* findIn(base::Token name, Lists&... lists) {
   const Property* found = nullptr;
   (void)((found = lists.find(name)) || ...);
   return found;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -7,7 +7,7 @@
 #include "vantry/plot/values/value_printers.h"
 #include "vantry/plot/values/variants.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The five aspects of a type of value. Each type also has a word for the kind of field in which a
 /// host may edit it, `editor`. A named type derives from one of the traits below and may add a
@@ -28,63 +28,62 @@ struct PropertyValueTrait {
   using PutCmd = PutCmd_;
 };
 
-struct BoolTrait
-    : PropertyValueTrait<Ubase::BoolVariant, bool, BoolParser, BoolPutXml, BoolPutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::Bool;
+struct BoolTrait : PropertyValueTrait<base::BoolVariant, bool, BoolParser, BoolPutXml, BoolPutCmd> {
+  static constexpr base::Token editor = base::Word::Bool;
 };
 
-struct LongTrait : PropertyValueTrait<Ubase::LongVariant, std::int32_t, LongParser,
+struct LongTrait : PropertyValueTrait<base::LongVariant, std::int32_t, LongParser,
                                       GenericPutXml<std::int32_t>, GenericPutCmd<std::int32_t>> {
-  static constexpr Ubase::Token editor = Ubase::Word::Int;
+  static constexpr base::Token editor = base::Word::Int;
 };
 
-struct DoubleTrait : PropertyValueTrait<Ubase::DoubleVariant, double, DoubleParser,
+struct DoubleTrait : PropertyValueTrait<base::DoubleVariant, double, DoubleParser,
                                         GenericPutXml<double>, GenericPutCmd<double>> {
-  static constexpr Ubase::Token editor = Ubase::Word::Float;
+  static constexpr base::Token editor = base::Word::Float;
 };
 
 /// A length in millimetres.
-struct SizeTrait : PropertyValueTrait<Ubase::DoubleVariant, double, DoubleParser,
+struct SizeTrait : PropertyValueTrait<base::DoubleVariant, double, DoubleParser,
                                       GenericPutXml<double>, SizePutCmd> {
 };  // its named types tell their editors
 
 struct TokenTrait
-    : PropertyValueTrait<Ubase::TokenVariant, Ubase::Token, TokenParser, TokenPutXml, TokenPutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::Token;
-  static const char* whyNoText(Ubase::Token word) { return PlotDom::whyNoText(word); }
-  static const char* whyNotWritten(Ubase::Token word) { return PlotDom::whyNotWritten(word); }
+    : PropertyValueTrait<base::TokenVariant, base::Token, TokenParser, TokenPutXml, TokenPutCmd> {
+  static constexpr base::Token editor = base::Word::Token;
+  static const char* whyNoText(base::Token word) { return plot::whyNoText(word); }
+  static const char* whyNotWritten(base::Token word) { return plot::whyNotWritten(word); }
 };
 
 /// Bytes that are kept as they came.
-struct Utf8StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::FixedString,
+struct Utf8StringTrait : PropertyValueTrait<base::FixedStringVariant, base::FixedString,
                                             Utf8StringParser, StringPutXml, StringPutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::String;
+  static constexpr base::Token editor = base::Word::String;
 };
 
 /// Text for people, in the native encoding.
-struct StringTrait : PropertyValueTrait<Ubase::FixedStringVariant, Ubase::FixedString,
-                                        MStringParser, MStringPutXml, MStringPutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::String;
-  static const char* whyNoText(const Ubase::FixedString& text) { return PlotDom::whyNoText(text); }
+struct StringTrait : PropertyValueTrait<base::FixedStringVariant, base::FixedString, MStringParser,
+                                        MStringPutXml, MStringPutCmd> {
+  static constexpr base::Token editor = base::Word::String;
+  static const char* whyNoText(const base::FixedString& text) { return plot::whyNoText(text); }
 };
 
 struct RGBATrait
     : PropertyValueTrait<RGBAVariant, RGBA, ColorParser, GenericPutXml<RGBA>, RGBAPutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::Color;
+  static constexpr base::Token editor = base::Word::Color;
 };
 
 struct P2Trait : PropertyValueTrait<P2Variant, P2, P2Parser, GenericPutXml<P2>, P2PutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::P2;
+  static constexpr base::Token editor = base::Word::P2;
 };
 
 struct P3Trait : PropertyValueTrait<P3Variant, P3, P3Parser, GenericPutXml<P3>, P3PutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::P3;
+  static constexpr base::Token editor = base::Word::P3;
 };
 
 struct FontStyleTrait : PropertyValueTrait<FontStyleVariant, FontStyle, FontStyleParser,
                                            GenericPutXml<FontStyle>, FontStylePutCmd> {
-  static constexpr Ubase::Token editor = Ubase::Word::Font;
-  static const char* whyNoText(const FontStyle& font) { return PlotDom::whyNoText(font); }
+  static constexpr base::Token editor = base::Word::Font;
+  static const char* whyNoText(const FontStyle& font) { return plot::whyNoText(font); }
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -6,17 +6,17 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/plot/framework/property_traits.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
-using Ubase::WordId;
+namespace Word = base::Word;
+using base::Token;
+using base::WordId;
 
 // Enumerations. Some kinds of words have an editor of their own.
 
 template <WordId editorWord = WordId::Enum>
 struct EnumTrait : TokenTrait {
-  static constexpr Token editor = Ubase::tokenOf(editorWord);
+  static constexpr Token editor = base::tokenOf(editorWord);
 };
 
 // clang-format off
@@ -146,4 +146,4 @@ struct ConsistentPropertyImpl : BoolTrait {
   static constexpr bool hiddenInCommand = true;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

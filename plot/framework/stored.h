@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The resolved value of one property. It is read as a call, `mesh.lineWidth()`; only a property
 /// writes it.
@@ -25,4 +25,4 @@ struct MemberValues {
   std::uint32_t setBits = 0;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -6,7 +6,7 @@
 #include "vantry/plot/framework/element.h"
 #include "vantry/plot/values/variants.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Reads the properties of the element of which it is a part, be that an object or a style. A value
 /// is always resolved: local, or inherited, or the default.
@@ -29,13 +29,13 @@ class StyleGetter {
 template <class Value>
 struct VariantOf;
 template <>
-struct VariantOf<bool> : std::type_identity<Ubase::BoolVariant> {};
+struct VariantOf<bool> : std::type_identity<base::BoolVariant> {};
 template <>
-struct VariantOf<std::int32_t> : std::type_identity<Ubase::LongVariant> {};
+struct VariantOf<std::int32_t> : std::type_identity<base::LongVariant> {};
 template <>
-struct VariantOf<double> : std::type_identity<Ubase::DoubleVariant> {};
+struct VariantOf<double> : std::type_identity<base::DoubleVariant> {};
 template <>
-struct VariantOf<Token> : std::type_identity<Ubase::TokenVariant> {};
+struct VariantOf<Token> : std::type_identity<base::TokenVariant> {};
 template <>
 struct VariantOf<RGBA> : std::type_identity<RGBAVariant> {};
 template <>
@@ -52,8 +52,8 @@ Value StyleGetter::value(Token name) const {
   return propertyValue<Value>(*element_, name);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot
 
 /// The short form of a getter: a typed read of the property `Name`, as the operation `name()`.
 #define PLOT_GETTER(Type, name, Name) \
-  Type name() const { return value<Type>(::Ubase::Word::Name); }
+  Type name() const { return value<Type>(::vantry::base::Word::Name); }

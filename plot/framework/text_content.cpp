@@ -4,13 +4,13 @@
 #include "vantry/base/unicode_converter.h"
 #include "vantry/plot/values/value_printers.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
 bool isWhiteSpace(const char* text) {
   while (*text != '\0') {
-    if (Ubase::nativeCharacterLength(text) != 1 || static_cast<unsigned char>(*text) > 32)
+    if (base::nativeCharacterLength(text) != 1 || static_cast<unsigned char>(*text) > 32)
       return false;
     ++text;
   }
@@ -19,20 +19,19 @@ bool isWhiteSpace(const char* text) {
 
 }  // namespace
 
-bool acceptsOnlyText(const PlotElement& element, Arbor::NewChildren newChildren) {
-  if (!newChildren || newChildren.first()->nodeType() == Arbor::Node::TextNode) return true;
+bool acceptsOnlyText(const PlotElement& element, dom::NewChildren newChildren) {
+  if (!newChildren || newChildren.first()->nodeType() == dom::Node::TextNode) return true;
   element.report("not a text node child [parent '%s']\n", element.tagName().str());
   return false;
 }
 
-bool PCDataElement::canReplaceChildren(Arbor::Node*, unsigned,
-                                       Arbor::NewChildren newChildren) const {
+bool PCDataElement::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 
 bool PCDataElement::isBlank(bool allowWhiteSpace) const {
-  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (child->nodeType() != Arbor::Node::TextNode) return false;
+  for (const dom::Node* child = firstChild(); child; child = child->nextSibling()) {
+    if (child->nodeType() != dom::Node::TextNode) return false;
     const char* text = child->nodeValue();
     if (text && !(allowWhiteSpace && isWhiteSpace(text))) return false;
   }
@@ -44,7 +43,7 @@ void PCDataElement::putText(std::ostream& out) const {
     out << "NIL";
     return;
   }
-  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (const char* text = child->nodeValue()) out << text;
   }
 }
@@ -60,8 +59,8 @@ void PCDataElement::putNamed(CmdWriter& writer, Token name) const {
 
 void StringElement::printQuoted(CmdWriter& writer) const {
   writer.out() << '"';
-  for (const Arbor::Node* child = firstChild(); child; child = child->nextSibling()) {
-    Ubase::writeQuotedText(writer.out(), child->nodeValue());
+  for (const dom::Node* child = firstChild(); child; child = child->nextSibling()) {
+    base::writeQuotedText(writer.out(), child->nodeValue());
   }
   writer.out() << '"';
 }
@@ -73,4 +72,4 @@ bool StringElement::beginCommand(CmdWriter& writer) const {
   return false;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

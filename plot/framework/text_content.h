@@ -3,19 +3,19 @@
 
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The rule of an element with text: the first new child must be a text node, which is all that is
 /// looked at. Reports a refusal.
-bool acceptsOnlyText(const PlotElement& element, Arbor::NewChildren newChildren);
+bool acceptsOnlyText(const PlotElement& element, dom::NewChildren newChildren);
 
 /// An element with text children.
 class PCDataElement : public PlotElement {
  public:
   using PlotElement::PlotElement;
 
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 
   /// Whether there is no text; with `allowWhiteSpace` also whether there are only characters up to
   /// the blank. A child that is no text makes it false.
@@ -43,4 +43,4 @@ class StringElement : public PCDataElement {
   StringElement(const StringElement&) = default;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

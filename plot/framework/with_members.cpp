@@ -1,11 +1,11 @@
 #include "vantry/plot/framework/with_members.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-bool LeafElement::canReplaceChildren(Arbor::Node* first, unsigned count,
-                                     Arbor::NewChildren newChildren) const {
+bool LeafElement::canReplaceChildren(dom::Node* first, unsigned count,
+                                     dom::NewChildren newChildren) const {
   const bool removes = first && count > 0;
   return !newChildren && !removes;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

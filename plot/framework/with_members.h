@@ -4,7 +4,7 @@
 #include "vantry/plot/framework/property_list_mgr.h"
 #include "vantry/plot/framework/property_types.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Gives a class the properties of its `propertyList()` before those of its base. The class has a
 /// MemberValues below it, and its constructor calls `propertyList().initialise(*this)`.
@@ -57,11 +57,11 @@ class ContainerWithMembers : public WithMembers<Self, Base> {
 class LeafElement : public PlotElement, public MemberValues {
  public:
   using PlotElement::PlotElement;
-  bool canReplaceChildren(Arbor::Node* first, unsigned count,
-                          Arbor::NewChildren newChildren) const override;
+  bool canReplaceChildren(dom::Node* first, unsigned count,
+                          dom::NewChildren newChildren) const override;
 
  protected:
   LeafElement(const LeafElement&) = default;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,10 +5,10 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::Token;
 
 namespace {
 
@@ -45,4 +45,4 @@ std::string_view propertyDescription(Token element, Token property) {
   return own.empty() ? find(Token(), property) : own;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,14 +5,14 @@
 
 #include "vantry/base/token.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A sentence that says what an element with this name is; empty for any other name. Besides the
 /// element classes it knows P2 and P3, the points in the lists of primitives.
-std::string_view elementDescription(Ubase::Token element);
+std::string_view elementDescription(base::Token element);
 
 /// A sentence that says what a property of that element means; empty for a name that is a property
 /// of no element. Whether this element has the property is not looked at.
-std::string_view propertyDescription(Ubase::Token element, Ubase::Token property);
+std::string_view propertyDescription(base::Token element, base::Token property);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,10 +2,10 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::Token;
 
 namespace {
 
@@ -175,4 +175,4 @@ constexpr CategoryRow rows[] = {
 
 std::span<const CategoryRow> propertyCategories() { return rows; }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -5,7 +5,7 @@
 
 #include "vantry/base/token.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Whether the algebra system has to compute a drawing anew when a property changes.
 enum class Recalculation { needless, needed };
@@ -14,10 +14,10 @@ enum class Recalculation { needless, needed };
 struct CategoryRow {
   const char* category;
   Recalculation recalculation;
-  std::span<const Ubase::Token> properties;
+  std::span<const base::Token> properties;
 };
 
 /// All categories in the order in which they are shown, with all properties that there are.
 std::span<const CategoryRow> propertyCategories();
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

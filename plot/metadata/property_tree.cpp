@@ -8,9 +8,9 @@
 #include "vantry/plot/element_factory.h"
 #include "vantry/plot/metadata/property_categories.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-using Ubase::Ref;
+using base::Ref;
 
 namespace {
 
@@ -42,7 +42,7 @@ constexpr TypesOfClass typesOfClasses[] = {
 
 /// The texts of the tree are permanent, as all threads read them.
 Variant textForAllThreads(const char* text) {
-  return Ubase::FixedStringVariant(Ubase::FixedString::permanent(text));
+  return base::FixedStringVariant(base::FixedString::permanent(text));
 }
 
 template <class T>
@@ -52,12 +52,12 @@ Ref<T> make(PlotDocument& tree) {
 
 Ref<PropInfo> describe(const Property& property, Recalculation recalculation, PlotDocument& tree) {
   Ref<PropInfo> info = make<PropInfo>(tree);
-  info->setAttribute(Word::Dom, Ubase::TokenVariant(property.name()));
+  info->setAttribute(Word::Dom, base::TokenVariant(property.name()));
   if (property.isInCommand()) {
-    info->setAttribute(Word::Opt, Ubase::TokenVariant(property.name()));
+    info->setAttribute(Word::Opt, base::TokenVariant(property.name()));
   }
-  info->setAttribute(Word::Type, Ubase::TokenVariant(property.editorWord()));
-  info->setAttribute(Word::Recalc, Ubase::BoolVariant(recalculation == Recalculation::needed));
+  info->setAttribute(Word::Type, base::TokenVariant(property.editorWord()));
+  info->setAttribute(Word::Recalc, base::BoolVariant(recalculation == Recalculation::needed));
 
   std::string words;
   for (const Token word : property.allowedWords()) {
@@ -83,7 +83,7 @@ void addProperties(PropCat& category, const CategoryRow& row, const PlotElement&
 Ref<ObjType> describeClass(Token type, Token elementClass, PlotDocument& tree) {
   const Ref<PlotElement> element(tree.createElement(elementClass));
   Ref<ObjType> description = make<ObjType>(tree);
-  description->setAttribute(Word::Type, Ubase::TokenVariant(type));
+  description->setAttribute(Word::Type, base::TokenVariant(type));
 
   Ref<PropCat> category;
   std::string_view nameOfCategory;
@@ -126,7 +126,7 @@ const PlotDocument& propertyTree() {
 }  // namespace
 
 const ObjType* propertyInfo(Token name) {
-  const Arbor::Node* child = propertyTree().documentElement()->firstChild();
+  const dom::Node* child = propertyTree().documentElement()->firstChild();
   for (; child; child = child->nextSibling()) {
     const auto* description = elementCast<ObjType>(child);
     if (description && description->type() == name) return description;
@@ -134,4 +134,4 @@ const ObjType* propertyInfo(Token name) {
   return nullptr;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

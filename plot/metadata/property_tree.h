@@ -3,7 +3,7 @@
 
 #include "vantry/plot/elements/property_info.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// The properties of an element class, or of a type of object: the class's own name or the type
 /// under which an object or a transform stands in a drawing. A name that is both stands for the
@@ -18,4 +18,4 @@ namespace PlotDom {
 /// is made at the first call, for all threads. It must not be changed, nor copied by cloneNode().
 const ObjType* propertyInfo(Token name);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Reads the properties that coordinate systems and their styles share. An operation is named
 /// after its property. Sizes are in millimetres, angles in radians.
@@ -66,4 +66,4 @@ class CoordinateSystemStyleGetter : public StyleGetter {
   // clang-format on
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,9 +4,9 @@
 #include "vantry/plot/styles/style_index.h"
 #include "vantry/plot/styles/style_search.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-ObjStyle::ObjStyle(Arbor::Document* document) : ElementOf(document), ObjectStyleGetter(this) {}
+ObjStyle::ObjStyle(dom::Document* document) : ElementOf(document), ObjectStyleGetter(this) {}
 
 ObjStyle::ObjStyle(const ObjStyle& other)
     : ElementOf(other), ObjectStyleGetter(this), localType_(other.localType_) {}
@@ -16,7 +16,7 @@ void ObjStyle::doSetAttribute(Token name, const Variant& value) {
   ElementOf::doSetAttribute(name, value);
   if (isNew) attributesChanged();
   if (name != Word::Type) return;
-  const auto type = value.as<Ubase::TokenVariant>();
+  const auto type = value.as<base::TokenVariant>();
   setLocalType(type ? type->get() : Token());
 }
 
@@ -69,4 +69,4 @@ void ObjStyle::putAttribute(CmdWriter& writer, const Property& property,
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

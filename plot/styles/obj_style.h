@@ -4,7 +4,7 @@
 #include "vantry/plot/framework/library_element.h"
 #include "vantry/plot/styles/object_style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Gives values to the objects around it whose type is its own, or to all with the type Default. It
 /// has the properties of objects of both dimensions.
@@ -12,7 +12,7 @@ class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGet
  public:
   static constexpr Token tag = Word::ObjStyle;
 
-  explicit ObjStyle(Arbor::Document* document);
+  explicit ObjStyle(dom::Document* document);
   ObjStyle(const ObjStyle& other);
 
   /// The type that was set, or null.
@@ -41,6 +41,6 @@ class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGet
 };
 
 /// The node as the object style that it is, or null.
-inline const ObjStyle* asObjStyle(const Arbor::Node& node) { return elementCast<ObjStyle>(&node); }
+inline const ObjStyle* asObjStyle(const dom::Node& node) { return elementCast<ObjStyle>(&node); }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

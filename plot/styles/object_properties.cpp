@@ -2,7 +2,7 @@
 
 #include "vantry/plot/framework/property_types.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -120,4 +120,4 @@ PropertyListMgr& objectStyleProperties() { return objectStylePropertyList; }
 PropertyListMgr& object2dStyleProperties() { return object2dStylePropertyList; }
 PropertyListMgr& object3dStyleProperties() { return object3dStylePropertyList; }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

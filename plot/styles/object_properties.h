@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/property_list_mgr.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// What every object has for itself.
 PropertyListMgr& objectProperties();
@@ -12,4 +12,4 @@ PropertyListMgr& objectStyleProperties();
 PropertyListMgr& object2dStyleProperties();
 PropertyListMgr& object3dStyleProperties();
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

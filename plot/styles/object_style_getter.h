@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Reads the properties that graphical objects and their styles share. An operation is named
 /// after its property. Sizes are in millimetres, angles in radians.
@@ -92,4 +92,4 @@ class ObjectStyleGetter : public StyleGetter {
   // clang-format on
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include "vantry/plot/framework/style_getter.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Reads the properties that scenes and their styles share. An operation is named
 /// after its property. Sizes are in millimetres, angles in radians.
@@ -42,4 +42,4 @@ class SceneStyleGetter : public StyleGetter {
   // clang-format on
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

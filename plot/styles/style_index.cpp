@@ -5,11 +5,11 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/styles/style_path.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
-void takeOffPath(const Arbor::Node& node) {
+void takeOffPath(const dom::Node& node) {
   const PlotElement* element = PlotElement::from(&node);
   const StyleIndex* index = element ? element->styleIndex() : nullptr;
   if (index) index->leavePath();
@@ -26,15 +26,15 @@ const StyleIndex::StylesByType& StyleIndex::stylesByType(const PlotElement& cont
   return byType_;
 }
 
-StyleIndex::Change StyleIndex::beforeReplace(const Arbor::Node* first, unsigned count,
-                                             const Arbor::Node* newChildren) {
+StyleIndex::Change StyleIndex::beforeReplace(const dom::Node* first, unsigned count,
+                                             const dom::Node* newChildren) {
   Change change;
-  for (const Arbor::Node* child = first; child && count > 0; child = child->nextSibling()) {
+  for (const dom::Node* child = first; child && count > 0; child = child->nextSibling()) {
     takeOffPath(*child);
     if (asObjStyle(*child)) change.isInside = true;
     --count;
   }
-  for (const Arbor::Node* child = newChildren; child; child = child->nextSibling()) {
+  for (const dom::Node* child = newChildren; child; child = child->nextSibling()) {
     takeOffPath(*child);
     if (!asObjStyle(*child)) continue;
     if (first) change.isInside = true;
@@ -65,7 +65,7 @@ void StyleIndex::typeChanged() const noexcept {
   leavePath();
 }
 
-void StyleIndex::addStyles(const Arbor::Node* node) const {
+void StyleIndex::addStyles(const dom::Node* node) const {
   for (; node; node = node->nextSibling()) {
     const ObjStyle* style = asObjStyle(*node);
     if (!style) continue;
@@ -78,4 +78,4 @@ void StyleIndex::leavePath() const noexcept {
   if (path_) path_->cutAt(level_);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

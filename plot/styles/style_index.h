@@ -7,7 +7,7 @@
 
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 class ObjStyle;
 class StylePath;
@@ -29,13 +29,12 @@ class StyleIndex {
 
   /// What a change of children means for the styles among them.
   struct Change {
-    bool isInside = false;                  // the styles are to be collected anew
-    const Arbor::Node* appended = nullptr;  // or else, these are to be added
+    bool isInside = false;                // the styles are to be collected anew
+    const dom::Node* appended = nullptr;  // or else, these are to be added
   };
 
   /// To be called before a change of children, with what goes and comes.
-  static Change beforeReplace(const Arbor::Node* first, unsigned count,
-                              const Arbor::Node* newChildren);
+  static Change beforeReplace(const dom::Node* first, unsigned count, const dom::Node* newChildren);
   /// To be called after it.
   void afterReplace(const Change& change) noexcept;
 
@@ -48,7 +47,7 @@ class StyleIndex {
  private:
   friend class StylePath;
 
-  void addStyles(const Arbor::Node* node) const;
+  void addStyles(const dom::Node* node) const;
 
   // All that is here is found in the tree again when it is missing, hence the changes by searches.
   mutable StylesByType byType_;
@@ -68,7 +67,7 @@ class StyleContainer : public Base {
 
   const StyleIndex* styleIndex() const override { return &index_; }
 
-  void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override {
+  void doReplaceChildren(dom::Node* first, unsigned count, dom::Node* newChildren) override {
     const StyleIndex::Change change = StyleIndex::beforeReplace(first, count, newChildren);
     Base::doReplaceChildren(first, count, newChildren);
     if constexpr (hasStyles) index_.afterReplace(change);
@@ -81,4 +80,4 @@ class StyleContainer : public Base {
   StyleIndex index_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -7,7 +7,7 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/styles/style_index.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
@@ -27,14 +27,14 @@ class StyleSieve {
     bool isNew = false;
     for (const auto& [name, value] : style.attributes()) {
       // The table cannot tell names apart that are no words.
-      if (std::exchange(seen_[name], true) && Ubase::wordOf(name) != WordId::none) continue;
+      if (std::exchange(seen_[name], true) && base::wordOf(name) != WordId::none) continue;
       isNew = true;
     }
     return isNew;
   }
 
   StylePath::Styles passed_;
-  Ubase::WordTable<bool> seen_;
+  base::WordTable<bool> seen_;
 };
 
 }  // namespace
@@ -123,4 +123,4 @@ StylePath::Scope StylePath::makeScope(std::size_t level, std::span<const ObjStyl
   return {level, std::move(sieve.passed()), ownCount};
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -8,7 +8,7 @@
 
 #include "vantry/plot/framework/element.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 class ObjStyle;
 
@@ -67,4 +67,4 @@ class StylePath {
   std::map<Token, Scopes> scopesByType_;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -7,20 +7,20 @@
 #include "vantry/plot/styles/style_index.h"
 #include "vantry/plot/styles/style_path.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 namespace {
 
 // Whether `use` gives true for a style of that type in `node` itself.
 template <class Use>
-bool anyStyleIn(const Arbor::Node& node, Token type, Use use) {
+bool anyStyleIn(const dom::Node& node, Token type, Use use) {
   const PlotElement* element = PlotElement::from(&node);
   if (const StyleIndex* index = element ? element->styleIndex() : nullptr) {
     const auto& stylesByType = index->stylesByType(*element);
     const auto styles = stylesByType.find(type);
     return styles != stylesByType.end() && std::ranges::any_of(styles->second, use);
   }
-  for (const Arbor::Node* child = node.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = node.firstChild(); child; child = child->nextSibling()) {
     const ObjStyle* style = asObjStyle(*child);
     if (style && style->localType() == type && use(style)) return true;
   }
@@ -28,25 +28,25 @@ bool anyStyleIn(const Arbor::Node& node, Token type, Use use) {
 }
 
 // Whether the element is all that its document holds, so that there are no styles around it.
-bool isAllOfItsDocument(const Arbor::Node& element) {
+bool isAllOfItsDocument(const dom::Node& element) {
   return element.parent() == element.ownerDocument() && !element.previousSibling() &&
          !element.nextSibling();
 }
 
 // Calls `use` with each style of that type around `start`, until it returns true.
 template <class Use>
-void forEachStyle(const Arbor::Node& start, Token type, Use use) {
+void forEachStyle(const dom::Node& start, Token type, Use use) {
   if (!type) return;  // no style is for those who have no type
-  const Arbor::Node* around = start.parent();
+  const dom::Node* around = start.parent();
   while (around && !anyStyleIn(*around, type, use)) around = around->parent();
 }
 
 // The same, without those that nearer ones hide. Where containers stand in containers, what is
 // known of all of them is used.
 template <class Use>
-void forEachEffectiveStyle(const Arbor::Node& start, Token type, Use use) {
+void forEachEffectiveStyle(const dom::Node& start, Token type, Use use) {
   if (!type) return;
-  const Arbor::Node* around = start.parent();
+  const dom::Node* around = start.parent();
   while (around) {
     const PlotElement* element = PlotElement::from(around);
     if (element && element->styleIndex() && element->plotDocument()) {
@@ -71,7 +71,7 @@ auto addTo(StyleChain& chain) {
 
 }  // namespace
 
-const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name) {
+const PlotElement* findObjStyle(const dom::Node& start, Token key, Token name) {
   const PlotElement* found = nullptr;
   forEachEffectiveStyle(start, key, [&](const ObjStyle* style) {
     if (style->hasAttribute(name)) found = style;
@@ -80,24 +80,24 @@ const PlotElement* findObjStyle(const Arbor::Node& start, Token key, Token name)
   return found;
 }
 
-void collectObjStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
+void collectObjStyles(const dom::Node& start, Token key, StyleChain& chain) {
   forEachStyle(start, key, addTo(chain));
 }
 
-const PlotElement* findTypedStyle(const Arbor::Node& start, Token key, Token name) {
+const PlotElement* findTypedStyle(const dom::Node& start, Token key, Token name) {
   const PlotElement* found = findObjStyle(start, key, name);
   return found ? found : findObjStyle(start, Word::Default, name);
 }
 
-void collectTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
+void collectTypedStyles(const dom::Node& start, Token key, StyleChain& chain) {
   collectObjStyles(start, key, chain);
   collectObjStyles(start, Word::Default, chain);
 }
 
-void collectEffectiveTypedStyles(const Arbor::Node& start, Token key, StyleChain& chain) {
+void collectEffectiveTypedStyles(const dom::Node& start, Token key, StyleChain& chain) {
   for (const Token type : {key, Word::Default}) {
     forEachEffectiveStyle(start, type, addTo(chain));
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -4,13 +4,13 @@
 
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 double CmdWriter::inOutputUnit(double millimetres) const {
   constexpr double inchesPerMillimetre = 0.03937007874015748;
   constexpr double pointsPerMillimetre = 2.834645669291339;
-  if (unit_ == Ubase::Word::MM) return millimetres;
-  return millimetres * (unit_ == Ubase::Word::In ? inchesPerMillimetre : pointsPerMillimetre);
+  if (unit_ == base::Word::MM) return millimetres;
+  return millimetres * (unit_ == base::Word::In ? inchesPerMillimetre : pointsPerMillimetre);
 }
 
 void CmdWriter::beginItem() {
@@ -24,13 +24,13 @@ void CmdWriter::endItem() {
   indentation_.resize(indentation_.size() - 2);
 }
 
-void CmdWriter::beginAssignment(Ubase::Token name) {
+void CmdWriter::beginAssignment(base::Token name) {
   beginItem();
   putName(name);
   *out_ << '=';
 }
 
-void CmdWriter::beginAssignment(Ubase::Token className, Ubase::Token name) {
+void CmdWriter::beginAssignment(base::Token className, base::Token name) {
   beginItem();
   *out_ << "plot::";
   putName(className);
@@ -39,7 +39,7 @@ void CmdWriter::beginAssignment(Ubase::Token className, Ubase::Token name) {
   *out_ << '=';
 }
 
-void CmdWriter::beginCall(Ubase::Token name) {
+void CmdWriter::beginCall(base::Token name) {
   beginItem();
   *out_ << "plot::";
   putName(name);
@@ -51,8 +51,8 @@ void CmdWriter::endCall() {
   endItem();
 }
 
-void CmdWriter::putName(Ubase::Token name) {
+void CmdWriter::putName(base::Token name) {
   if (name) *out_ << name.str();
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

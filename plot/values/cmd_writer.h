@@ -6,14 +6,14 @@
 
 #include "vantry/base/token.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// Writes the items of an argument list, each on a line of its own, with commas between them. An
 /// item may be a call, with an argument list of its own.
 class CmdWriter {
  public:
   /// `unit` is the unit of printed sizes: MM, In, and any other token for points.
-  CmdWriter(std::ostream& out, Ubase::Token unit) : out_(&out), unit_(unit) {}
+  CmdWriter(std::ostream& out, base::Token unit) : out_(&out), unit_(unit) {}
 
   std::ostream& out() const { return *out_; }
 
@@ -26,21 +26,21 @@ class CmdWriter {
 
   /// An item "name=value", or "plot::className::name=value" for the default of a class. The value
   /// is written behind it, and then endItem() follows.
-  void beginAssignment(Ubase::Token name);
-  void beginAssignment(Ubase::Token className, Ubase::Token name);
+  void beginAssignment(base::Token name);
+  void beginAssignment(base::Token className, base::Token name);
 
   /// An item "plot::name(...)": the arguments are written between the two.
-  void beginCall(Ubase::Token name);
+  void beginCall(base::Token name);
   void endCall();
 
   /// Writes a name; nothing for a null one. All names of the output go through here.
-  void putName(Ubase::Token name);
+  void putName(base::Token name);
 
  private:
   std::ostream* out_;
-  Ubase::Token unit_;
+  base::Token unit_;
   bool isPending_ = false;
   std::string indentation_;  // two blanks a level
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 bool operator<(const FontStyle& a, const FontStyle& b) {
   if (!(a.family == b.family)) return a.family < b.family;
@@ -14,8 +14,8 @@ bool operator<(const FontStyle& a, const FontStyle& b) {
 
 const FontStyle& FontStyle::standard() {
   static const FontStyle& font = *new FontStyle{
-      Ubase::FixedString::permanent("Times"), 11, false, black, false, Ubase::Word::Left};
+      base::FixedString::permanent("Times"), 11, false, black, false, base::Word::Left};
   return font;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -8,16 +8,16 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// How a text is set. The order compares family, size, italic, bold, colour, alignment.
 struct FontStyle {
-  Ubase::FixedString family;  ///< in the native encoding
-  std::int32_t size = 0;      ///< in points
+  base::FixedString family;  ///< in the native encoding
+  std::int32_t size = 0;     ///< in points
   bool italic = false;
   RGBA color;
   bool bold = false;
-  Ubase::Token alignment = Ubase::Word::Left;  ///< Left, Center or Right
+  base::Token alignment = base::Word::Left;  ///< Left, Center or Right
 
   friend bool operator==(const FontStyle& a, const FontStyle& b) = default;
   friend bool operator<(const FontStyle& a, const FontStyle& b);
@@ -27,4 +27,4 @@ struct FontStyle {
   static const FontStyle& standard();
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

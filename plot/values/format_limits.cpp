@@ -6,11 +6,11 @@
 #include "vantry/base/unicode_converter.h"
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::FixedString;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::FixedString;
+using base::Token;
 
 namespace {
 
@@ -37,7 +37,7 @@ const char* whyNoOption(Token option) {
 }
 
 const char* whyNoText(Token word) {
-  if (Ubase::wordOf(word) != Ubase::WordId::none) return nullptr;
+  if (base::wordOf(word) != base::WordId::none) return nullptr;
   if (hasBlank(viewOf(word.str()))) return "the word has a blank";
   return whyNoOption(word);
 }
@@ -72,7 +72,7 @@ bool isWrittenBare(const FixedString& family) {
 bool isXmlText(const char* native) {
   const std::string_view text = viewOf(native);
   if (std::ranges::any_of(text, isControl)) return false;
-  return !Ubase::UnicodeConverter::instance().nativeIsUtf8() || !hasNoncharacter(text);
+  return !base::UnicodeConverter::instance().nativeIsUtf8() || !hasNoncharacter(text);
 }
 
 namespace {
@@ -111,4 +111,4 @@ bool isXml(std::string_view utf8) {
   return true;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,10 +3,10 @@
 
 #include <string>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// `utf8` in the native multibyte encoding. The converter has UTF-8 for it, and then any text
 /// passes as it is; what the locale cannot hold is found out when it is written.
 std::string nativeText(const char* utf8);
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

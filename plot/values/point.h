@@ -3,7 +3,7 @@
 
 #include <compare>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A point or vector in the plane. A NaN coordinate never equals anything.
 struct P2 {
@@ -22,4 +22,4 @@ struct P3 {
   friend auto operator<=>(const P3&, const P3&) = default;
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// A colour as one word, 0xAARRGGBB; alpha 255 is opaque. Opaque black by default.
 class RGBA {
@@ -34,4 +34,4 @@ inline constexpr RGBA red{255, 0, 0};
 inline constexpr RGBA yellow{255, 255, 0};
 inline constexpr RGBA blue{0, 0, 255};
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

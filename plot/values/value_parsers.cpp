@@ -9,11 +9,11 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/plot/values/native_text.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::FixedString;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::FixedString;
+using base::Token;
 
 namespace {
 
@@ -46,13 +46,13 @@ int parseChannel(const char*& text) {
 
 }  // namespace
 
-bool LongParser::parse(std::int32_t& out, const char* text) { return Ubase::scanLong(text, out); }
+bool LongParser::parse(std::int32_t& out, const char* text) { return base::scanLong(text, out); }
 
-bool DoubleParser::parse(double& out, const char* text) { return Ubase::scanDouble(text, out); }
+bool DoubleParser::parse(double& out, const char* text) { return base::scanDouble(text, out); }
 
 bool BoolParser::parse(bool& out, const char* text) {
-  Ubase::ScannedWord word;
-  if (!Ubase::scanWord(text, word)) return false;
+  base::ScannedWord word;
+  if (!base::scanWord(text, word)) return false;
   const std::string_view found = word.data();
   out = found == "1" || found == "true";
   return out || found == "0" || found == "false";
@@ -85,14 +85,14 @@ bool ColorParser::parse(RGBA& out, const char* text) {
 
 bool P2Parser::parse(P2& out, const char* text) {
   std::array<double, 2> numbers;
-  if (Ubase::scanDoubles(text, numbers) != 2) return false;
+  if (base::scanDoubles(text, numbers) != 2) return false;
   out = {numbers[0], numbers[1]};
   return true;
 }
 
 bool P3Parser::parse(P3& out, const char* text) {
   std::array<double, 3> numbers;
-  if (Ubase::scanDoubles(text, numbers) != 3) return false;
+  if (base::scanDoubles(text, numbers) != 3) return false;
   out = {numbers[0], numbers[1], numbers[2]};
   return true;
 }
@@ -142,7 +142,7 @@ bool parseFamily(FixedString& out, const char*& text) {
 bool applyWord(FontStyle& out, const std::string& word) {
   if (word[0] == '#') return ColorParser::parse(out.color, word.c_str());
   if (word[0] >= '0' && word[0] <= '9') {
-    return Ubase::scanLong(word.c_str(), out.size) && out.size >= 1;
+    return base::scanLong(word.c_str(), out.size) && out.size >= 1;
   }
   if (word == "Bold") return out.bold = true;
   if (word == "Italic") return out.italic = true;
@@ -171,4 +171,4 @@ bool FontStyleParser::parse(FontStyle& out, const char* text) {
   return out.size != 0;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

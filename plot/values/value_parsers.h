@@ -9,7 +9,7 @@
 #include "vantry/plot/values/point.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 // Each parser gives false for a text that it does not accept and then leaves `out` undefined. What
 // follows a complete value in the text is ignored, unless said otherwise.
@@ -31,7 +31,7 @@ struct BoolParser {
 
 /// The first word, whatever it is.
 struct TokenParser {
-  static bool parse(Ubase::Token& out, const char* text);
+  static bool parse(base::Token& out, const char* text);
 };
 
 /// Two hexadecimal digits each for red, green, blue and, unless opaque, alpha, with or without "#".
@@ -49,12 +49,12 @@ struct P3Parser {
 
 /// Any text, byte by byte.
 struct Utf8StringParser {
-  static bool parse(Ubase::FixedString& out, const char* text);
+  static bool parse(base::FixedString& out, const char* text);
 };
 
 /// Any text, converted from UTF-8 to the native encoding.
 struct MStringParser {
-  static bool parse(Ubase::FixedString& out, const char* text);
+  static bool parse(base::FixedString& out, const char* text);
 };
 
 /// A family, in single quotes or one word, and then in any order a size in points, which must be
@@ -63,4 +63,4 @@ struct FontStyleParser {
   static bool parse(FontStyle& out, const char* text);
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

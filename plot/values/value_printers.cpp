@@ -4,11 +4,11 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/plot/values/format_limits.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-namespace Word = Ubase::Word;
-using Ubase::FixedString;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::FixedString;
+using base::Token;
 
 namespace {
 
@@ -42,7 +42,7 @@ std::ostream& operator<<(std::ostream& out, const P3& point) {
 std::ostream& operator<<(std::ostream& out, const FontStyle& font) {
   const char* quote = isWrittenBare(font.family) ? "" : "'";
   out << quote;
-  Ubase::writeEscapedLocaleText(out, font.family.c_str());
+  base::writeEscapedLocaleText(out, font.family.c_str());
   out << quote << ' ' << font.size;
   if (font.italic) out << " Italic";
   if (font.bold) out << " Bold";
@@ -52,11 +52,11 @@ std::ostream& operator<<(std::ostream& out, const FontStyle& font) {
 void TokenPutXml::put(std::ostream& out, Token value) { out << textOf(value); }
 
 void StringPutXml::put(std::ostream& out, const FixedString& value) {
-  Ubase::writeEscapedUtf8(out, value.c_str());
+  base::writeEscapedUtf8(out, value.c_str());
 }
 
 void MStringPutXml::put(std::ostream& out, const FixedString& value) {
-  Ubase::writeEscapedLocaleText(out, value.c_str());
+  base::writeEscapedLocaleText(out, value.c_str());
 }
 
 void SizePutCmd::put(CmdWriter& writer, double millimetres) {
@@ -78,7 +78,7 @@ void StringPutCmd::put(CmdWriter& writer, const FixedString& value) {
 
 void MStringPutCmd::put(CmdWriter& writer, const FixedString& value) {
   writer.out() << '"';
-  Ubase::writeQuotedText(writer.out(), value.c_str());
+  base::writeQuotedText(writer.out(), value.c_str());
   writer.out() << '"';
 }
 
@@ -107,4 +107,4 @@ void FontStylePutCmd::put(CmdWriter& writer, const FontStyle& value) {
   out << ',' << textOf(value.alignment) << ']';
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -12,7 +12,7 @@
 #include "vantry/plot/values/point.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
 /// "#rrggbb", and the two digits of alpha behind it unless that is 255.
 std::ostream& operator<<(std::ostream& out, RGBA color);
@@ -36,17 +36,17 @@ struct BoolPutXml {
 
 /// The text of the token, as it stands.
 struct TokenPutXml {
-  static void put(std::ostream& out, Ubase::Token value);
+  static void put(std::ostream& out, base::Token value);
 };
 
 /// The bytes, escaped for XML.
 struct StringPutXml {
-  static void put(std::ostream& out, const Ubase::FixedString& value);
+  static void put(std::ostream& out, const base::FixedString& value);
 };
 
-/// Native text, converted to UTF-8 and escaped. Throws Ubase::BadUnicodeString.
+/// Native text, converted to UTF-8 and escaped. Throws base::BadUnicodeString.
 struct MStringPutXml {
-  static void put(std::ostream& out, const Ubase::FixedString& value);
+  static void put(std::ostream& out, const base::FixedString& value);
 };
 
 template <class T>
@@ -65,22 +65,22 @@ struct BoolPutCmd {
 };
 
 struct TokenPutCmd {
-  static void put(CmdWriter& writer, Ubase::Token value);
+  static void put(CmdWriter& writer, base::Token value);
 };
 
 /// The unit in the words of the algebra system: "unit::mm", "unit::inch" or "unit::pt".
 struct UnitPutCmd {
-  static void put(CmdWriter& writer, Ubase::Token value);
+  static void put(CmdWriter& writer, base::Token value);
 };
 
 /// The text in double quotes, as it stands.
 struct StringPutCmd {
-  static void put(CmdWriter& writer, const Ubase::FixedString& value);
+  static void put(CmdWriter& writer, const base::FixedString& value);
 };
 
 /// The text in double quotes, with control characters, quotes and backslashes escaped.
 struct MStringPutCmd {
-  static void put(CmdWriter& writer, const Ubase::FixedString& value);
+  static void put(CmdWriter& writer, const base::FixedString& value);
 };
 
 /// [r,g,b] or [r,g,b,a], each from 0 to 1.
@@ -100,4 +100,4 @@ struct FontStylePutCmd {
   static void put(CmdWriter& writer, const FontStyle& value);
 };
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

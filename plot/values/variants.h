@@ -8,22 +8,22 @@
 #include "vantry/plot/values/point.h"
 #include "vantry/plot/values/rgba.h"
 
-namespace PlotDom {
+namespace vantry::plot {
 
-class RGBAVariant : public Ubase::PlainVariant<RGBAVariant, RGBA> {
+class RGBAVariant : public base::PlainVariant<RGBAVariant, RGBA> {
   using PlainVariant::PlainVariant;
 };
-class P2Variant : public Ubase::HeapVariant<P2Variant, P2> {
+class P2Variant : public base::HeapVariant<P2Variant, P2> {
   using HeapVariant::HeapVariant;
 };
-class P3Variant : public Ubase::HeapVariant<P3Variant, P3> {
+class P3Variant : public base::HeapVariant<P3Variant, P3> {
   using HeapVariant::HeapVariant;
 };
-class FontStyleVariant : public Ubase::HeapVariant<FontStyleVariant, FontStyle> {
+class FontStyleVariant : public base::HeapVariant<FontStyleVariant, FontStyle> {
   using HeapVariant::HeapVariant;
 };
 
 /// The double that stands for an absent value.
 inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-}  // namespace PlotDom
+}  // namespace vantry::plot

@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 // What a writer writes, which must be the same on a stream and on a sink; both are given back.
 template <class Text>

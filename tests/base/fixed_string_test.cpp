@@ -13,8 +13,8 @@
 
 namespace {
 
-using Ubase::FixedString;
-using Ubase::FixedStringBase;
+using vantry::base::FixedString;
+using vantry::base::FixedStringBase;
 
 TEST(FixedString, IsNullByDefault) {
   EXPECT_EQ(FixedString().c_str(), nullptr);

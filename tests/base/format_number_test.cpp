@@ -19,12 +19,12 @@
 
 namespace {
 
-using Ubase::formatDouble;
-using Ubase::formatInteger;
+using vantry::base::formatDouble;
+using vantry::base::formatInteger;
 
 template <class Format, class Number>
 std::string textOf(Format format, Number number) {
-  std::array<char, Ubase::numberRoom> room;
+  std::array<char, vantry::base::numberRoom> room;
   return std::string(room.data(), format(room.data(), number));
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-using Ubase::OutputSink;
+using vantry::base::OutputSink;
 
 template <class... Values>
 std::string throughSink(const Values&... values) {

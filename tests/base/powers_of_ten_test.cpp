@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 // 5^55 is the last power that has no more than 128 bits.
 TEST(PowersOfTen, HaveTheirExactMantissasRoundedUp) {

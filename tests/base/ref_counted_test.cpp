@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 // Tells when it dies.
 class Counted : public RefCounted<IResource> {

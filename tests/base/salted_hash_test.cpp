@@ -8,7 +8,7 @@
 
 #include "../colliding_words.h"
 
-namespace Ubase {
+namespace vantry::base {
 
 namespace {
 
@@ -50,4 +50,4 @@ TEST(SaltedHash, CannotBeForeseen) {
 
 }  // namespace
 
-}  // namespace Ubase
+}  // namespace vantry::base

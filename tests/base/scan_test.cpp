@@ -22,7 +22,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 TEST(Scan, ReadsTheNumbersOfAPoint) {
   std::array<double, 3> point{};

@@ -19,7 +19,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 bool refuseToDuplicate = false;
 

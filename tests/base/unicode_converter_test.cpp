@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 constexpr std::ptrdiff_t untilNul = -1;
 

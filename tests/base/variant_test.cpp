@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace Ubase;
+using namespace vantry::base;
 
 // A value as the plot model has them: kept on the heap, compared by its numbers.
 struct Pair {

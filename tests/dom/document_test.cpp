@@ -4,7 +4,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 class DocumentTest : public TreeTest {};
 

@@ -4,8 +4,8 @@
 
 namespace {
 
-using Arbor::DomException;
-using Arbor::RangeException;
+using vantry::dom::DomException;
+using vantry::dom::RangeException;
 
 TEST(DomExceptionTest, EveryCodeHasItsName) {
   const struct {

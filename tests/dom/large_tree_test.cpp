@@ -8,7 +8,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 constexpr int levels = 100000;
 constexpr unsigned siblings = 1000000;

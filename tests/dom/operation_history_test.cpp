@@ -8,10 +8,10 @@
 
 namespace {
 
-using Arbor::OperationHistory;
+using vantry::dom::OperationHistory;
 
 /// Writes down what is done with it, under one letter.
-class NotingOperation final : public Ubase::Operation {
+class NotingOperation final : public vantry::base::Operation {
  public:
   NotingOperation(std::string& log, char letter) : log_(log), letter_(letter) {}
   ~NotingOperation() override { log_ += std::string("~") + letter_; }

@@ -5,7 +5,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 /// Expects each live range to have both containers, in whatever trees of its document they are. Of
 /// the offsets nothing is said: changes of a detached tree are not told.

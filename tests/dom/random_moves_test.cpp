@@ -8,7 +8,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 constexpr unsigned sequencesOfSeed = 100;
 

@@ -5,7 +5,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 class RangeTest : public TreeTest {
  protected:

@@ -6,7 +6,7 @@
 
 #include "test_document.h"
 
-namespace ArborTest {
+namespace vantry::dom::test {
 
 /// The nodes below a document, each with its parent, its attributes and its text.
 class Snapshot {
@@ -51,4 +51,4 @@ class Snapshot {
   std::vector<Entry> entries_;
 };
 
-}  // namespace ArborTest
+}  // namespace vantry::dom::test

@@ -14,10 +14,11 @@
 #include "vantry/dom/range.h"
 #include "vantry/dom/tree_walk.h"
 
-namespace ArborTest {
+namespace vantry::dom::test {
 
-using namespace Arbor;
-using Ubase::LongVariant;
+using namespace vantry;
+using namespace vantry::dom;
+using base::LongVariant;
 
 inline Token token(const std::string& text) { return Token(text.c_str(), true); }
 
@@ -119,7 +120,7 @@ class TestDocument : public Document {
 
 /// An operation that does what it is told.
 template <class Function>
-class CallOperation final : public Ubase::Operation {
+class CallOperation final : public base::Operation {
  public:
   explicit CallOperation(Function function) : function_(std::move(function)) {}
   void execute() override { function_(); }
@@ -130,7 +131,7 @@ class CallOperation final : public Ubase::Operation {
 };
 
 template <class Function>
-std::unique_ptr<Ubase::Operation> callOperation(Function function) {
+std::unique_ptr<base::Operation> callOperation(Function function) {
   return std::make_unique<CallOperation<Function>>(std::move(function));
 }
 
@@ -256,13 +257,13 @@ class TreeTest : public testing::Test {
   Ref<TestDocument> document;
 };
 
-}  // namespace ArborTest
+}  // namespace vantry::dom::test
 
-/// Expects an Arbor::DomException with this code.
+/// Expects an dom::DomException with this code.
 #define EXPECT_DOM_ERROR(expectedCode, statement)            \
   try {                                                      \
     statement;                                               \
     ADD_FAILURE() << #statement " raised nothing";           \
-  } catch (const Arbor::DomException& error) {               \
+  } catch (const dom::DomException& error) {                 \
     EXPECT_EQ(error.code(), static_cast<int>(expectedCode)); \
   }

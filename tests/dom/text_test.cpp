@@ -8,7 +8,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 /// A text that refuses.
 class RefusingText : public Text {
@@ -177,9 +178,9 @@ TEST_F(TextTest, IsWrittenInUtf8OrRefused) {
   const std::string before = std::setlocale(LC_CTYPE, nullptr);
   std::setlocale(LC_CTYPE, "C.UTF-8");
   EXPECT_EQ(toXml(*document->text("\xC3\xA9<")), "\xC3\xA9&lt;");
-  EXPECT_THROW(toXml(*document->text("\xFF")), Ubase::BadUnicodeString);
+  EXPECT_THROW(toXml(*document->text("\xFF")), base::BadUnicodeString);
   std::setlocale(LC_CTYPE, "C");
-  EXPECT_THROW(toXml(*document->text("\xC3\xA9")), Ubase::BadUnicodeString);
+  EXPECT_THROW(toXml(*document->text("\xC3\xA9")), base::BadUnicodeString);
   std::setlocale(LC_CTYPE, before.c_str());
 }
 

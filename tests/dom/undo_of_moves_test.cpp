@@ -3,7 +3,8 @@
 
 namespace {
 
-using namespace ArborTest;
+using namespace vantry;
+using namespace vantry::dom::test;
 
 class UndoOfMovesTest : public TreeTest {
  protected:

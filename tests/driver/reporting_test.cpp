@@ -6,7 +6,7 @@ namespace {
 
 std::string warningOf(int code, int line, int column) {
   testing::internal::CaptureStderr();
-  Driver::parserWarning(code, line, column);
+  vantry::driver::parserWarning(code, line, column);
   return testing::internal::GetCapturedStderr();
 }
 

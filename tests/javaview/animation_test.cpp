@@ -7,7 +7,7 @@
 #include "../temporary_folder.h"
 #include "conversion.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -280,4 +280,4 @@ TEST(AnimationTest, WarnsOncePerFrame) {
   EXPECT_EQ(writer.warnings, (Strings{"more than one scene", "more than one scene"}));
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -7,7 +7,7 @@
 #include "vantry/plot/values/variants.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -239,4 +239,4 @@ TEST(ColorModeTest, TakesTheListOnlyIfFunctional) {
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

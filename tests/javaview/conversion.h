@@ -13,13 +13,13 @@
 #include "vantry/reader/xml_parser.h"
 #include "vantry/reader/zrd_parser_handler.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// A document that is read from a text and torn down at the end.
 class ReadDocument {
  public:
   explicit ReadDocument(std::string_view text) {
-    Xml::Parser parser(&handler_, true, nullptr);
+    reader::Parser parser(&handler_, true, nullptr);
     isWellFormed_ = parser.parse(text.data(), static_cast<int>(text.size()), true);
   }
   ~ReadDocument() { document_->tearDown(); }
@@ -29,8 +29,8 @@ class ReadDocument {
   PlotDocument* get() const { return document_.get(); }
 
  private:
-  Ubase::Ref<PlotDocument> document_{new PlotDocument};
-  ZrdParserHandler handler_{document_.get(), true, nullptr};
+  base::Ref<PlotDocument> document_{new PlotDocument};
+  reader::ZrdParserHandler handler_{document_.get(), true, nullptr};
   bool isWellFormed_ = false;
 };
 
@@ -82,4 +82,4 @@ struct Conversion {
 
 using JvxConversion = Conversion<JVXWriter>;
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -8,7 +8,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/jvd_writer.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// The display that a document converts to.
 struct Display : Conversion<JVDWriter> {
@@ -32,8 +32,8 @@ struct Display : Conversion<JVDWriter> {
 /// The first element of that class in document order.
 template <class T>
 T& first(const ReadDocument& document) {
-  Arbor::Node* found = nullptr;
-  Arbor::walkSubtree<Arbor::Node>(*document.get(), [&](Arbor::Node& node) {
+  dom::Node* found = nullptr;
+  dom::walkSubtree<dom::Node>(*document.get(), [&](dom::Node& node) {
     if (!found && node.nodeName() == T::tag) found = &node;
     return !found;
   });
@@ -70,4 +70,4 @@ inline const std::string box2d = range('X', "0", "4") + range('Y', "-1", "1");
 inline const std::string unitBox3d =
     range('X', "-1", "1") + range('Y', "-1", "1") + range('Z', "-1", "1");
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -7,12 +7,12 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/javaview/export_error.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::Token;
 using Numbers = std::vector<std::int64_t>;
 
 Numbers firstOf(const FaceIndices& indices, std::size_t count) {
@@ -150,4 +150,4 @@ TEST(FaceIteratorTest, NamesNeighbours) {
   EXPECT_EQ(neighbours(Word::QuadStrip, 5, 0), (Numbers{-1, -1, -1, -1}));
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

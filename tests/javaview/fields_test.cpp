@@ -4,7 +4,7 @@
 
 #include "property_effect.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -310,4 +310,4 @@ TEST(Field2dTest, ShowsItsProperties) {
       });
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -11,12 +11,12 @@
 #include "vantry/plot/values/variants.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
-namespace Word = Ubase::Word;
-using Ubase::Token;
+namespace Word = base::Word;
+using base::Token;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
@@ -136,7 +136,7 @@ TEST(GeometryOutputTest, RefusesAFamilyThatIsNoText) {
   font.family = "\xff";
   for (const char* locale : {"C.UTF-8", "C"}) {
     const LocaleGuard here(LC_CTYPE, locale);
-    EXPECT_THROW(label(font, Word::Center, Word::Top), Ubase::BadUnicodeString) << locale;
+    EXPECT_THROW(label(font, Word::Center, Word::Top), base::BadUnicodeString) << locale;
   }
 }
 
@@ -326,4 +326,4 @@ TEST(GeometryOutputTest, LightensHalfWayToWhite) {
   EXPECT_EQ(lightenColor(RGBA(255, 0, 101, 7)), RGBA(255, 128, 178, 7));
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

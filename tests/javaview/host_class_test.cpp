@@ -8,7 +8,7 @@
 #include "vantry/plot/elements/object.h"
 #include "vantry/plot/elements/pt2d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 template <class Model>
@@ -21,7 +21,7 @@ class Host : public ElementOf<Host<Model>, Model> {
 class HostDocument : public PlotDocument {
  protected:
   ~HostDocument() override = default;
-  Ubase::Ref<Arbor::Element> newElement(Token name) override {
+  base::Ref<dom::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new Host<Group2d>(this);
     if (name == Word::Obj2d) return new Host<Obj2d>(this);
     if (name == Word::Img2d) return new Host<Img2d>(this);
@@ -35,7 +35,7 @@ class FalseGroup : public PlotElement {
  public:
   using PlotElement::PlotElement;
   Token tagName() const override { return Word::Group2d; }
-  Ubase::Ref<Arbor::Node> cloneNode(bool) const override { return new FalseGroup(*this); }
+  base::Ref<dom::Node> cloneNode(bool) const override { return new FalseGroup(*this); }
 };
 
 constexpr std::string_view source =
@@ -45,9 +45,9 @@ constexpr std::string_view source =
     "</CoordinateSystem2d></Scene2d></Canvas>";
 
 TEST(HostClasses, AreWrittenLikeThoseThatTheyDeriveFrom) {
-  const Ubase::Ref<PlotDocument> document(new HostDocument);
-  ZrdParserHandler handler(document.get(), true, nullptr);
-  Xml::Parser parser(&handler, true, nullptr);
+  const base::Ref<PlotDocument> document(new HostDocument);
+  reader::ZrdParserHandler handler(document.get(), true, nullptr);
+  reader::Parser parser(&handler, true, nullptr);
   ASSERT_TRUE(parser.parse(source.data(), static_cast<int>(source.size()), true));
   const JvxConversion plain(source);
   const JvxConversion host(document.get());
@@ -61,9 +61,9 @@ TEST(HostClasses, AreWrittenLikeThoseThatTheyDeriveFrom) {
 // It has no visibility to be read, nor anything else of a group.
 TEST(HostClasses, ThatDeriveFromAnotherClassAreNotWritten) {
   const ReadDocument document(source);
-  Arbor::Node& system = *document->documentElement()->firstChild()->firstChild();
-  const Ubase::Ref<Arbor::Node> group(new FalseGroup(document.get()));
-  EXPECT_THROW(system.appendChild(group.get()), Arbor::DomException);
+  dom::Node& system = *document->documentElement()->firstChild()->firstChild();
+  const base::Ref<dom::Node> group(new FalseGroup(document.get()));
+  EXPECT_THROW(system.appendChild(group.get()), dom::DomException);
   const std::string before = JvxConversion(document.get()).body();
   system.doReplaceChildren(nullptr, 0, group.get());
   const JvxConversion after(document.get());
@@ -72,4 +72,4 @@ TEST(HostClasses, ThatDeriveFromAnotherClassAreNotWritten) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

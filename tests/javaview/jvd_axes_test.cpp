@@ -11,7 +11,7 @@
 #include "vantry/base/text_errors.h"
 #include "vantry/plot/elements/string_elements.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 /// The start tag of the axes.
@@ -351,7 +351,7 @@ TEST(JvdAxes, ATitleThatTheLocaleDoesNotKnowEndsTheTextBeforeTheLetter) {
   const ReadDocument plot(plot2d("<XAxisTitle>gr&#246;&#223;e</XAxisTitle>"));
   JVDWriter writer(plot.get());
   std::ostringstream out;
-  EXPECT_THROW(writer.write(out, nan), Ubase::BadUnicodeString);
+  EXPECT_THROW(writer.write(out, nan), base::BadUnicodeString);
   EXPECT_TRUE(out.str().ends_with("<ruler visible=\"show\" label=\"show\" name=\"gr"));
 }
 
@@ -486,4 +486,4 @@ TEST(JvdAxes, OtherChildrenOfACoordinateSystemChangeNothing) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

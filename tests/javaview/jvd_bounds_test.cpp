@@ -9,7 +9,7 @@
 #include "display.h"
 #include "vantry/plot/elements/hints.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 constexpr double inf = std::numeric_limits<double>::infinity();
@@ -174,7 +174,7 @@ TEST(JvdBounds, ACanvasWithoutUsableSizeIsReplacedInBothDimensions) {
       const ReadDocument plot(plot2d(box2d, "", "Width=\"120\" Height=\"80\""));
       // Such a size cannot be read from a file.
       plot.get()->documentElement()->doSetAttribute(Token::find(attribute),
-                                                    Ubase::DoubleVariant(size));
+                                                    base::DoubleVariant(size));
       EXPECT_EQ(Display(plot.get()).element("boxRatio"),
                 "<boxRatio visible=\"show\">0.75 1 1</boxRatio>\n")
           << attribute << ' ' << size;
@@ -198,7 +198,7 @@ TEST(JvdBounds, WithoutRootThereIsNoRatioIn2d) {
   const ReadDocument plot(plot2d(box2d));
   const auto& system = first<CoordinateSystem2d>(plot);
   const Bounds bounds = computeBounds(system, true);
-  const Ubase::Ref<Arbor::Node> root = plot.get()->removeChild(plot.get()->documentElement());
+  const base::Ref<dom::Node> root = plot.get()->removeChild(plot.get()->documentElement());
   std::ostringstream text;
   DisplayOutput out;
   out.attach(text);
@@ -209,10 +209,10 @@ TEST(JvdBounds, WithoutRootThereIsNoRatioIn2d) {
 
 TEST(JvdBounds, UnderARootWithoutSizeThereIsNoRatioIn2d) {
   const ReadDocument plot(plot2d(box2d));
-  const Ubase::Ref<Arbor::Node> canvas = plot.get()->removeChild(plot.get()->documentElement());
-  const Ubase::Ref<Arbor::Node> scene = canvas->removeChild(canvas->firstChild());
+  const base::Ref<dom::Node> canvas = plot.get()->removeChild(plot.get()->documentElement());
+  const base::Ref<dom::Node> scene = canvas->removeChild(canvas->firstChild());
   // Such a root cannot be read from a file.
-  const Ubase::Ref<PlotElement> root = plot.get()->createElement(Word::Group2d);
+  const base::Ref<PlotElement> root = plot.get()->createElement(Word::Group2d);
   plot.get()->doReplaceChildren(nullptr, 0, root.get());
   root->doReplaceChildren(nullptr, 0, scene.get());
   const Display display(plot.get());
@@ -257,7 +257,7 @@ TEST(JvdBounds, ARatioOfTheSceneThatIsNoNumberReplacesBoth) {
   for (const Token name : {Word::YXRatio, Word::ZXRatio}) {
     const ReadDocument plot(plot3d(unitBox3d, "", "YXRatio=\"3\" ZXRatio=\"4\""));
     // Such a ratio cannot be read from a file.
-    first<Scene3d>(plot).doSetAttribute(name, Ubase::DoubleVariant(nan));
+    first<Scene3d>(plot).doSetAttribute(name, base::DoubleVariant(nan));
     EXPECT_EQ(Display(plot.get()).element("boxRatio"),
               "<boxRatio visible=\"show\">1 1 0.666667</boxRatio>\n");
   }
@@ -307,4 +307,4 @@ TEST(JvdBounds, OnlyKnownAxesAreClipped) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,7 @@
 
 #include "display.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 /// An object with one image that holds a camera.
@@ -324,4 +324,4 @@ TEST(JvdCamera2d, IsMissingInItsListIfTheBoxIsUnknown) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,7 @@
 
 #include "display.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 /// An object with one image.
@@ -242,4 +242,4 @@ TEST(JvdBackground, OtherPropertiesOfASceneChangeNothing) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

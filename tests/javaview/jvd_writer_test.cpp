@@ -6,7 +6,7 @@
 
 #include "display.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 namespace {
 
 using Warnings = std::vector<std::string>;
@@ -277,7 +277,7 @@ TEST(JvdWriter, WithoutDocumentNothingIsWritten) {
 }
 
 TEST(JvdWriter, WithoutRootOnlyTheHeaderIsWritten) {
-  const Ubase::Ref<PlotDocument> document = new PlotDocument;
+  const base::Ref<PlotDocument> document = new PlotDocument;
   const Display display(document.get());
   EXPECT_EQ(display.error, "no Canvas");
   EXPECT_EQ(undated(display.text), header);
@@ -358,4 +358,4 @@ TEST(JvdWriter, LightingChoosesTheLights) {
 }
 
 }  // namespace
-}  // namespace PlotDom
+}  // namespace vantry::javaview

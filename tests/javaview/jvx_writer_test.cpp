@@ -12,11 +12,11 @@
 #include "vantry/plot/elements/time_range.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
-using Ubase::Ref;
+using base::Ref;
 using Strings = std::vector<std::string>;
 
 std::string canvas(const std::string& content) { return "<Canvas>" + content + "</Canvas>"; }
@@ -79,7 +79,7 @@ Ref<PlotElement> element(PlotDocument& document, Token name) {
 }
 
 /// Puts a child in where the grammar would not have it.
-void forceInto(Arbor::Node& parent, const Ref<PlotElement>& child) {
+void forceInto(dom::Node& parent, const Ref<PlotElement>& child) {
   parent.doReplaceChildren(nullptr, 0, child.get());
 }
 
@@ -375,8 +375,8 @@ TEST(JVXWriterTest, DoesNotCheckNumbers) {
 
 TEST(JVXWriterTest, WalksThroughDeepDocuments) {
   const ReadDocument document(space(pointAt("1")));
-  Arbor::Node* const system = document->documentElement()->firstChild()->firstChild();
-  const Ref<Arbor::Node> object = system->removeChild(system->firstChild());
+  dom::Node* const system = document->documentElement()->firstChild()->firstChild();
+  const Ref<dom::Node> object = system->removeChild(system->firstChild());
   Ref<PlotElement> inner = element(*document.get(), Word::Group3d);
   inner->appendChild(object.get());
   for (int level = 1; level < 100000; ++level) {
@@ -419,10 +419,10 @@ TEST(JVXWriterTest, AppliesInnerTransformsFirst) {
 TEST(JVXWriterTest, FlattensSpaceByTransformsOfThePlane) {
   const ReadDocument document(plane("<Transform2d Type=\"Rotate2d\"><Tr2d/></Transform2d>"));
   const ReadDocument other(space(object("", "<Img3d><Pts3d><P3>1 2 3</P3></Pts3d></Img3d>")));
-  Arbor::Node* const transform =
+  dom::Node* const transform =
       document->documentElement()->firstChild()->firstChild()->firstChild();
-  Arbor::Node* const object3d = other->documentElement()->firstChild()->firstChild()->firstChild();
-  transform->doReplaceChildren(nullptr, 0, Ref<Arbor::Node>(object3d->cloneNode(true)).get());
+  dom::Node* const object3d = other->documentElement()->firstChild()->firstChild()->firstChild();
+  transform->doReplaceChildren(nullptr, 0, Ref<dom::Node>(object3d->cloneNode(true)).get());
   std::ostringstream out;
   JVXWriter(document.get()).write(out, nan);
   EXPECT_EQ(pointsOf(out.str()), Strings{"1 2 0"});
@@ -693,4 +693,4 @@ TEST(JVXWriterTest, ShowsAllObjectsOfAStillPicture) {
             Strings{"1 0 0"});
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

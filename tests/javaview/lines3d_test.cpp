@@ -9,7 +9,7 @@
 #include "vantry/plot/elements/poly3d.h"
 #include "vantry/plot/elements/pts3d.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -602,4 +602,4 @@ TEST(Arrow3dTest, ShowsItsProperties) {
                    });
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

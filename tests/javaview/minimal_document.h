@@ -13,7 +13,7 @@
 #include "vantry/plot/values/variants.h"
 #include "vantry/reader/zrd_parser_handler.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// Attributes of an element by name, with the values as they stand in its start tag.
 using Attributes = std::map<Token, std::string>;
@@ -73,12 +73,12 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
 /// What is written for the one primitive of the document: all that stands in `<geometries>`.
 template <class T>
 std::string convert(const MinimalDocument& source) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<Img2d> image(new Img2d(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<Img2d> image(new Img2d(document.get()));
   const std::string text = textOf(source, T::tag.str(), image->isContentName(T::tag) ? "2d" : "3d");
 
-  ZrdParserHandler handler(document.get(), true, nullptr);
-  Xml::Parser parser(&handler, true, nullptr);
+  reader::ZrdParserHandler handler(document.get(), true, nullptr);
+  reader::Parser parser(&handler, true, nullptr);
   if (!parser.parse(text.data(), static_cast<int>(text.size()), true)) return "not well formed";
 
   std::ostringstream out;
@@ -122,4 +122,4 @@ inline std::string repeated(std::string_view text, int times) {
   return result;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -10,7 +10,7 @@
 #include "vantry/base/text_errors.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -634,10 +634,10 @@ TEST(Arc2dTest, CountsThreePointsBetweenAnglesThatAreNoNumbers) {
 }
 
 TEST(Arc2dTest, RefusesAnglesWithoutEndBeforeAnythingIsWritten) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   const auto expectRefusal = [&document](const char* start, const char* end) {
     SCOPED_TRACE(std::string(start) + " to " + end);
-    const Ubase::Ref<Arc2d> endless(new Arc2d(document.get()));
+    const base::Ref<Arc2d> endless(new Arc2d(document.get()));
     endless->setAttributeFromString(Word::Filled, "true");
     endless->setAttributeFromString(Word::StartAngle, start);
     endless->setAttributeFromString(Word::EndAngle, end);
@@ -764,7 +764,7 @@ TEST(Text2dTest, KeepsLettersBeyondAscii) {
 
 TEST(Text2dTest, RefusesLettersThatTheLocaleCannotRead) {
   const LocaleGuard ascii(LC_CTYPE, "C");
-  EXPECT_THROW(convert<Text2d>({{}, "é"}), Ubase::BadUnicodeString);
+  EXPECT_THROW(convert<Text2d>({{}, "é"}), base::BadUnicodeString);
 }
 
 TEST(Text2dTest, MayBeEmpty) { EXPECT_EQ(convert<Text2d>({}), label("", "0 0")); }
@@ -805,8 +805,8 @@ namespace {
 
 /// A visible asymptote at 3, within these bounds.
 std::string asymptote(double min, double max) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<VerticalAsymptote> element(new VerticalAsymptote(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<VerticalAsymptote> element(new VerticalAsymptote(document.get()));
   element->setAttributeFromString(Word::Position, "3");
   element->setAttributeFromString(Word::VerticalAsymptotesVisible, "true");
   element->setAttributeFromString(Word::VerticalAsymptotesWidth, "0.5");
@@ -854,4 +854,4 @@ TEST(VerticalAsymptoteTest, ShowsItsProperties) {
       });
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

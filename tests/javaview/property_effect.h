@@ -11,7 +11,7 @@
 #include "minimal_document.h"
 #include "vantry/plot/framework/property_list_mgr.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// A piece of text that becomes another one. It stands in the text exactly once; an empty `before`
 /// is the whole text.
@@ -49,12 +49,12 @@ inline std::string edited(std::string text, const std::vector<Edit>& edits) {
 /// The texts of all other words of an enumeration, or of one other value.
 inline std::vector<std::string> otherValues(const Property& property, const Variant& value) {
   std::vector<Variant> others;
-  if (const auto flag = value.as<Ubase::BoolVariant>()) {
-    others.push_back(Ubase::BoolVariant(!flag->get()));
-  } else if (const auto number = value.as<Ubase::LongVariant>()) {
-    others.push_back(Ubase::LongVariant(number->get() + 1));
-  } else if (const auto real = value.as<Ubase::DoubleVariant>()) {
-    others.push_back(Ubase::DoubleVariant(real->get() + 1));
+  if (const auto flag = value.as<base::BoolVariant>()) {
+    others.push_back(base::BoolVariant(!flag->get()));
+  } else if (const auto number = value.as<base::LongVariant>()) {
+    others.push_back(base::LongVariant(number->get() + 1));
+  } else if (const auto real = value.as<base::DoubleVariant>()) {
+    others.push_back(base::DoubleVariant(real->get() + 1));
   } else if (const auto color = value.as<RGBAVariant>()) {
     others.push_back(RGBAVariant(RGBA(~color->get().word())));
   } else if (const auto p2 = value.as<P2Variant>()) {
@@ -65,9 +65,9 @@ inline std::vector<std::string> otherValues(const Property& property, const Vari
     FontStyle larger = font->get();
     ++larger.size;
     others.push_back(FontStyleVariant(larger));
-  } else if (const auto word = value.as<Ubase::TokenVariant>()) {
+  } else if (const auto word = value.as<base::TokenVariant>()) {
     for (const Token other : property.allowedWords()) {
-      if (other != word->get()) others.push_back(Ubase::TokenVariant(other));
+      if (other != word->get()) others.push_back(base::TokenVariant(other));
     }
   }
   std::vector<std::string> texts;
@@ -101,8 +101,8 @@ void expectPropertyEffects(const MinimalDocument& base,
     EXPECT_EQ(convertWith(effect.property, effect.value), expected);
   }
 
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<T> element(new T(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<T> element(new T(document.get()));
   for (const auto& [name, value] : base.attributes) {
     element->setAttributeFromString(name, value.c_str());
   }
@@ -120,4 +120,4 @@ void expectPropertyEffects(const MinimalDocument& base,
   }
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

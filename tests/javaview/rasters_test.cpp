@@ -5,7 +5,7 @@
 #include "property_effect.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -62,8 +62,8 @@ const Attributes two{{Word::XMesh, "2"}};
 /// is written.
 template <class Raster, void (*emit)(GeometryOutput&, const Raster&)>
 void expectRefusal(const char* xMesh, const char* yMesh, const char* message) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<Raster> empty(new Raster(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<Raster> empty(new Raster(document.get()));
   empty->setAttributeFromString(Word::XMesh, xMesh);
   empty->setAttributeFromString(Word::YMesh, yMesh);
   EXPECT_EQ(refusal([&](GeometryOutput& out) { emit(out, *empty); }), message);
@@ -310,4 +310,4 @@ TEST(DensityArray2dTest, ShowsItsProperties) {
   expectPropertyEffects<DensityArray2d>({attributes, "5 10 0 20"}, effects);
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

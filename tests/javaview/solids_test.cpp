@@ -10,7 +10,7 @@
 #include "vantry/base/text_errors.h"
 #include "vantry/plot/elements/plane.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -583,8 +583,8 @@ const Attributes at123{{Word::Position, "1 2 3"}};
 
 /// What is written for a label with these texts.
 std::string emitted(std::initializer_list<const char*> texts) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<Text3d> element(new Text3d(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<Text3d> element(new Text3d(document.get()));
   element->setAttributeFromString(Word::Position, "1 2 3");
   element->setAttributeFromString(Word::TextFont, "'Times' 11");
   for (const char* text : texts) element->appendChild(document->createTextNode(text).get());
@@ -619,7 +619,7 @@ TEST(Text3dTest, JoinsItsTextNodes) {
 
 TEST(Text3dTest, ThrowsForATextThatIsNotValid) {
   const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
-  EXPECT_THROW(emitted({"\xff"}), Ubase::BadUnicodeString);
+  EXPECT_THROW(emitted({"\xff"}), base::BadUnicodeString);
 }
 
 TEST(Text3dTest, DoesNotFollowATransform) {
@@ -646,4 +646,4 @@ TEST(Text3dTest, ShowsItsProperties) {
       });
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -6,7 +6,7 @@
 #include "vantry/javaview/export_error.h"
 #include "written.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 namespace {
 
@@ -200,8 +200,8 @@ TEST(Mesh3dTest, FollowsTheTransform) {
 namespace {
 
 std::string errorOf(const Attributes& attributes, std::size_t points) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<Mesh3d> mesh(new Mesh3d(document.get()));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<Mesh3d> mesh(new Mesh3d(document.get()));
   for (const auto& [name, value] : attributes) mesh->setAttributeFromString(name, value.c_str());
   mesh->points.resize(points);
   std::string error;
@@ -775,8 +775,8 @@ TEST(Surf3dTest, WritesPointsAndMaterialWithoutLines) {
 
 TEST(Surf3dTest, RefusesUnknownTypesAfterThePoints) {
   const auto convertDirectly = [](const Attributes& attributes, std::string& error) {
-    const Ubase::Ref<PlotDocument> document(new PlotDocument);
-    const Ubase::Ref<Surf3d> surface(new Surf3d(document.get()));
+    const base::Ref<PlotDocument> document(new PlotDocument);
+    const base::Ref<Surf3d> surface(new Surf3d(document.get()));
     for (const auto& [name, value] :
          with(attributes, {{Word::LineColorType, "Flat"}, {Word::FillColorType, "Flat"}})) {
       surface->setAttributeFromString(name, value.c_str());
@@ -968,4 +968,4 @@ TEST(Surf3dTest, ShowsItsPropertiesAsAWire) {
       });
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

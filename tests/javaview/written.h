@@ -9,7 +9,7 @@
 #include "vantry/javaview/export_error.h"
 #include "vantry/javaview/geometry_output.h"
 
-namespace PlotDom {
+namespace vantry::javaview {
 
 /// What `write` writes to the output that it is given.
 template <class Write>
@@ -37,4 +37,4 @@ std::string refusal(Write write) {
   return message;
 }
 
-}  // namespace PlotDom
+}  // namespace vantry::javaview

@@ -1,6 +1,6 @@
 #include "catalogue.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 
 // clang-format off
 const std::map<std::string, std::vector<ExpectedProperty>> expectedLists = {
@@ -803,4 +803,4 @@ std::map<std::string, ExpectedProperty> expectedProperties(const std::string& el
   return properties;
 }
 
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 
 enum Kind { optional, inherited, mandatory };
 enum ValueType { boolean, integer, real, word, text, color, p2, p3, font };
@@ -36,4 +36,4 @@ extern const std::vector<std::string> expectedElements;
 /// name in a later list.
 std::map<std::string, ExpectedProperty> expectedProperties(const std::string& elementClass);
 
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -13,7 +13,7 @@
 #include "vantry/plot/framework/stored.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 /// The default in a form that can be compared: as a variant of the type that the property has.
@@ -29,7 +29,7 @@ Variant defaultOf(const ExpectedProperty& expected) {
     case integer:
       return LongVariant(std::stoi(text));
     case real:
-      return DoubleVariant(text == "NaN" ? PlotDom::nan : std::stod(text));
+      return DoubleVariant(text == "NaN" ? plot::nan : std::stod(text));
     case word:
       return TokenVariant(isNone ? Token() : token(text));
     case ValueType::text:
@@ -108,7 +108,7 @@ bool isMember(const ExpectedProperty& expected) { return expected.bit != 0; }
 TEST_F(CatalogueTest, TheFactoryMakesTheClassOfEachNameAndNothingElse) {
   ASSERT_EQ(expectedElements.size(), 104U);
   const std::set<std::string> names(expectedElements.begin(), expectedElements.end());
-  for (const Token word : Ubase::wordTokens) {
+  for (const Token word : base::wordTokens) {
     const Ref<PlotElement> element = make(word);
     const bool isExpected = word && names.count(word.str()) != 0;
     ASSERT_EQ(static_cast<bool>(element), isExpected) << (word ? word.str() : "null");
@@ -137,7 +137,7 @@ TEST_F(CatalogueTest, EachClassHasItsPropertiesAndNoOthers) {
     auto expected = expectedProperties(elementClass);
     if (valueClasses.count(elementClass)) expected["Val"] = {};
     if (optionClasses.count(elementClass)) expected["Opt"] = {};
-    for (const Token word : Ubase::wordTokens) {
+    for (const Token word : base::wordTokens) {
       if (!word) continue;
       const Property* property = element->findProperty(word);
       EXPECT_EQ(property != nullptr, expected.count(word.str()) != 0)
@@ -317,7 +317,7 @@ TEST_F(CatalogueTest, RulesOfNumbers) {
   forEachProperty([this](PlotElement& element, const ExpectedProperty& expected) {
     if (expected.type != real && expected.type != integer) return;
     const Token name = token(expected.name);
-    for (const double value : {-3.0, -1.0, -0.5, 0.0, 0.5, 1.0, 2.0, 1e6, PlotDom::nan}) {
+    for (const double value : {-3.0, -1.0, -0.5, 0.0, 0.5, 1.0, 2.0, 1e6, plot::nan}) {
       if (expected.type == integer && value != std::floor(value)) continue;
       std::ostringstream given;
       given << (expected.type == integer ? std::floor(value) : value);
@@ -400,4 +400,4 @@ TEST_F(CatalogueTest, CommandForm) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

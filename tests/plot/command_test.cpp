@@ -9,7 +9,7 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 class CommandTest : public PlotTest {
@@ -329,7 +329,7 @@ TEST_F(CommandTest, WhatHasNoCommandForm) {
 TEST_F(CommandTest, ADeepDrawingCostsNoStack) {
   constexpr int depth = 100000;
   PlotElement* canvas = add(*document, Word::Canvas);
-  Ref<Arbor::Node> top = make(Word::Obj2d, {{Word::Type, "Curve2d"}});
+  Ref<dom::Node> top = make(Word::Obj2d, {{Word::Type, "Curve2d"}});
   for (int i = 0; i < depth; ++i) {
     const Ref<PlotElement> group = make(Word::Group2d);
     group->appendChild(top.get());
@@ -351,4 +351,4 @@ TEST_F(CommandTest, ADeepDrawingCostsNoStack) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

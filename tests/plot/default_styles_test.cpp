@@ -7,7 +7,7 @@
 #include "vantry/plot/elements/scene.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 struct ExpectedStyle {
@@ -134,7 +134,7 @@ class DefaultStylesTest : public PlotTest {
       ASSERT_TRUE(element.hasAttribute(token(name))) << name;
       EXPECT_EQ(element.getAttribute(token(name)), same->getAttribute(token(name))) << name;
     }
-    const Ref<Arbor::Node> bare(element.cloneNode(false));
+    const Ref<dom::Node> bare(element.cloneNode(false));
     EXPECT_EQ(xmlOf(*bare), xmlOf(*same)) << "these attributes and no others";
   }
 };
@@ -188,4 +188,4 @@ TEST_F(DefaultStylesTest, OneUndoTakesThemAllBack) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -9,7 +9,7 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/plot/element_factory.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 /// A row of the table. A null token stands for what the row does not name.
@@ -44,8 +44,8 @@ class Descriptions : public PlotTest {
   std::set<Token> propertiesOf(Token element) {
     std::set<Token> names;
     const Ref<PlotElement> sample = make(element);
-    for (int id = 1; id <= Ubase::wordCount; ++id) {
-      if (sample->findProperty(Ubase::tokenById(id))) names.insert(Ubase::tokenById(id));
+    for (int id = 1; id <= base::wordCount; ++id) {
+      if (sample->findProperty(base::tokenById(id))) names.insert(base::tokenById(id));
     }
     return names;
   }
@@ -130,4 +130,4 @@ TEST_F(Descriptions, AreShortSentences) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

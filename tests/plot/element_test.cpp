@@ -17,7 +17,7 @@
 #include "vantry/plot/elements/transform.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 class ElementTest : public PlotTest {};
@@ -152,7 +152,7 @@ TEST_F(ElementTest, BlankTexts) {
     const Ref<Title> title = make<Title>();
     for (const char* text : texts) {
       // Past the check of createTextNode(), which takes no control characters.
-      title->appendChild(Ref<Arbor::Node>(new Arbor::Text(document.get(), text)).get());
+      title->appendChild(Ref<dom::Node>(new dom::Text(document.get(), text)).get());
     }
     return title->isBlank(allowWhiteSpace);
   };
@@ -218,7 +218,7 @@ TEST_F(ElementTest, ATupleWhoseFirstChildIsNoExpressionCountsAsEmpty) {
   const Ref<PlotElement> matrix = make(Word::Matrix2d);
   addText(*matrix->firstChild(), "1");
   EXPECT_FALSE(isBlankList(*matrix));
-  const Ref<Arbor::Node> text(document->createTextNode("1"));
+  const Ref<dom::Node> text(document->createTextNode("1"));
   matrix->doReplaceChildren(matrix->firstChild(), 0, text.get());
   EXPECT_TRUE(isBlankList(*matrix));
   matrix->doReplaceChildren(matrix->firstChild(), 5, nullptr);
@@ -259,7 +259,7 @@ TEST_F(ElementTest, ArraysAsXml) {
   std::string xml = xmlOf(*colors);
   EXPECT_EQ(xml.substr(xml.find('>')), ">#ff0000 #01020380 </ColorArray2d>");
   const Ref<DensityArray2d> densities = make<DensityArray2d>();
-  densities->values = {1, 0.1, PlotDom::nan};
+  densities->values = {1, 0.1, plot::nan};
   xml = xmlOf(*densities);
   EXPECT_EQ(xml.substr(xml.find('>')), ">1 0.1 nan </DensityArray2d>");
 }
@@ -281,33 +281,33 @@ TEST_F(ElementTest, ACopyStandsAloneAndHoldsTheSame) {
   mesh->normals = {{0, 0, 1}};
   mesh->colors = {red};
 
-  const Ref<Arbor::Node> copy(canvas->cloneNode(true));
+  const Ref<dom::Node> copy(canvas->cloneNode(true));
   EXPECT_EQ(xmlOf(*copy), xmlOf(*canvas));
   EXPECT_EQ(copy->parent(), nullptr);
   EXPECT_FALSE(copy->isInDocument());
   EXPECT_EQ(copy->ownerDocument(), document.get());
 
-  const Ref<Arbor::Node> bare(canvas->cloneNode(false));
+  const Ref<dom::Node> bare(canvas->cloneNode(false));
   EXPECT_EQ(bare->firstChild(), nullptr);
-  const Ref<Arbor::Node> meshCopy(mesh->cloneNode(false));
+  const Ref<dom::Node> meshCopy(mesh->cloneNode(false));
   EXPECT_EQ(static_cast<Mesh3d&>(*meshCopy).points, mesh->points);
   EXPECT_EQ(static_cast<Mesh3d&>(*meshCopy).lineWidth(), 3);
   EXPECT_EQ(xmlOf(*meshCopy), xmlOf(*mesh));
 }
 
 TEST_F(ElementTest, ACopyOfEachClassHasTheSameChildrenAndRules) {
-  for (const Token word : Ubase::wordTokens) {
+  for (const Token word : base::wordTokens) {
     const Ref<PlotElement> element = make(word);
     if (!element) continue;
-    const Ref<Arbor::Node> copy(element->cloneNode(true));
+    const Ref<dom::Node> copy(element->cloneNode(true));
     EXPECT_EQ(copy->nodeName(), word);
     EXPECT_EQ(copy->length(), element->length()) << word.str();
     EXPECT_EQ(xmlOf(*copy), xmlOf(*element));
-    const Arbor::Node& original = *element;
-    const Arbor::Node& copied = *copy;
+    const dom::Node& original = *element;
+    const dom::Node& copied = *copy;
     EXPECT_EQ(typeid(copied), typeid(original));
   }
-  const Ref<Arbor::Node> tick(make(Word::TickPos)->cloneNode(true));
+  const Ref<dom::Node> tick(make(Word::TickPos)->cloneNode(true));
   add(*tick, Word::Title);
   EXPECT_EQ(takeComplaints(), "") << "the copy knows its options";
   EXPECT_EQ(static_cast<TickPos&>(*tick).optionMask(), 3U);
@@ -362,4 +362,4 @@ TEST_F(ElementTest, TheTimeOfAMapIsForgottenWhenItMayHaveChanged) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

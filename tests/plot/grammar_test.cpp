@@ -9,7 +9,7 @@
 #include "vantry/dom/text.h"
 #include "vantry/plot/framework/content_element.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -151,12 +151,12 @@ std::string expectedAnswer(const std::string& parent, const std::string& child) 
 
 class GrammarTest : public PlotTest {
  protected:
-  Ref<Arbor::Node> makeNode(const std::string& name) {
+  Ref<dom::Node> makeNode(const std::string& name) {
     if (name == "#text") return document->createTextNode("x");
     return make(token(name)).get();
   }
 
-  std::string answerOf(const PlotElement& parent, Arbor::Node* child) {
+  std::string answerOf(const PlotElement& parent, dom::Node* child) {
     const bool isAccepted = parent.canReplaceChildren(nullptr, 0, child);
     const std::string said = takeComplaints();
     if (isAccepted) return said.empty() ? "" : "yes, but: " + said;
@@ -170,7 +170,7 @@ TEST_F(GrammarTest, EachParentAndEachChild) {
   for (const std::string& parentName : expectedElements) {
     const Ref<PlotElement> parent = make(token(parentName));
     for (const std::string& childName : children) {
-      const Ref<Arbor::Node> child = makeNode(childName);
+      const Ref<dom::Node> child = makeNode(childName);
       EXPECT_EQ(answerOf(*parent, child.get()), expectedAnswer(parentName, childName))
           << childName << " in " << parentName;
     }
@@ -258,7 +258,7 @@ TEST_F(GrammarTest, AnOptionIsFoundAsLongAsItIsThere) {
   EXPECT_EQ(system->firstChildByName(Word::YAxisTitle), nullptr);
   EXPECT_EQ(system->firstChildByName(Word::Obj2d), object.get());
 
-  const Ref<Arbor::Node> copy = system->cloneNode(true);
+  const Ref<dom::Node> copy = system->cloneNode(true);
   EXPECT_EQ(copy->firstChildByName(Word::XAxisTitle), copy->lastChild());
 
   system->replaceChild(other.get(), title.get());
@@ -287,7 +287,7 @@ TEST_F(GrammarTest, ATextIsNoContentOfACanvas) {
 TEST_F(GrammarTest, SeveralChildrenAtOnceAreAllLookedAt) {
   const Ref<PlotElement> scene = make(Word::Scene2d);
   const auto fragmentOf = [this](std::initializer_list<Token> names) {
-    Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
     for (const Token name : names) add(*fragment, name);
     return fragment;
   };
@@ -308,7 +308,7 @@ TEST_F(GrammarTest, SeveralChildrenAtOnceAreAllLookedAt) {
 
 TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsTold) {
   const auto complaint = [this](Token parent, std::initializer_list<Token> children) {
-    const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
     for (const Token child : children) add(*fragment, child);
     return answerOf(*make(parent), fragment->firstChild());
   };
@@ -320,7 +320,7 @@ TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsTold) {
 
 TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
   const Ref<PlotElement> canvas = make(Word::Canvas);
-  Ref<Arbor::DocumentFragment> both(document->createDocumentFragment());
+  Ref<dom::DocumentFragment> both(document->createDocumentFragment());
   add(*both, Word::Scene2d);
   add(*both, Word::ObjStyle);
   add(*both, Word::Scene3d);
@@ -335,7 +335,7 @@ TEST_F(GrammarTest, ACanvasTakesScenesOfBothDimensionsButNotInOneGo) {
   add(*canvas, Word::Scene3d);
   EXPECT_EQ(canvas->length(), 3U);
 
-  Ref<Arbor::DocumentFragment> wrong(document->createDocumentFragment());
+  Ref<dom::DocumentFragment> wrong(document->createDocumentFragment());
   add(*wrong, Word::Scene2d);
   add(*wrong, Word::Scene3d);
   add(*wrong, Word::Obj2d);
@@ -353,7 +353,7 @@ TEST_F(GrammarTest, AMoveIsJudgedByWhatWouldBeThereAfterIt) {
   PlotElement* otherView = add(*other, Word::View2d);
   document->clearUndo();
 
-  const Ref<Arbor::Range> range = document->createRange(true);
+  const Ref<dom::Range> range = document->createRange(true);
   range->selectNode(otherView);
   EXPECT_EQ(codeOf([&] { scene->appendChild(otherView); }), DomException::HierarchyRequest);
   EXPECT_EQ(takeComplaints(),
@@ -374,7 +374,7 @@ TEST_F(GrammarTest, AMoveIsJudgedByWhatWouldBeThereAfterIt) {
 
 TEST_F(GrammarTest, ExpressionsChangePlacesAsLongAsTheirNumberIsRight) {
   const Ref<PlotElement> point = make(Word::Point2d);
-  Arbor::Node* first = point->firstChild();
+  dom::Node* first = point->firstChild();
   EXPECT_EQ(codeOf([&] { point->appendChild(first); }), DomException::HierarchyRequest)
       << "two are the least, and a move takes one out";
   while (point->length() < 6) add(*point, Word::IExpr);
@@ -437,7 +437,7 @@ TEST_F(GrammarTest, TupleSizes) {
     SCOPED_TRACE(tuple.name.str());
     const Ref<PlotElement> parent = make(tuple.name);
     ASSERT_EQ(parent->length(), tuple.made) << "before anything was attached";
-    for (Arbor::Node* child = parent->firstChild(); child; child = child->nextSibling()) {
+    for (dom::Node* child = parent->firstChild(); child; child = child->nextSibling()) {
       EXPECT_EQ(child->nodeName(), Word::IExpr);
     }
 
@@ -446,7 +446,7 @@ TEST_F(GrammarTest, TupleSizes) {
     for (unsigned place = 0; place <= tuple.most; ++place) {
       for (unsigned out = 0; out <= tuple.most + 2; ++out) {
         for (unsigned in = 0; in <= tuple.most + 1; ++in) {
-          Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+          Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
           for (unsigned i = 0; i < in; ++i) add(*fragment, Word::IExpr);
           const unsigned removed = std::min(out, tuple.most - place);
           const unsigned after = tuple.most - removed + in;
@@ -465,12 +465,12 @@ TEST_F(GrammarTest, TupleSizes) {
 
 TEST_F(GrammarTest, OnlyTheFirstOfNewTextChildrenIsLookedAt) {
   const Ref<PlotElement> title = make(Word::Title);
-  Ref<Arbor::DocumentFragment> textFirst(document->createDocumentFragment());
+  Ref<dom::DocumentFragment> textFirst(document->createDocumentFragment());
   addText(*textFirst, "x");
   add(*textFirst, Word::Title);
   EXPECT_EQ(answerOf(*title, textFirst->firstChild()), "");
 
-  Ref<Arbor::DocumentFragment> textLast(document->createDocumentFragment());
+  Ref<dom::DocumentFragment> textLast(document->createDocumentFragment());
   add(*textLast, Word::Title);
   addText(*textLast, "x");
   EXPECT_EQ(answerOf(*title, textLast->firstChild()),
@@ -494,7 +494,7 @@ TEST_F(GrammarTest, LeavesRefuseInSilence) {
     EXPECT_TRUE(leaf->canReplaceChildren(nullptr, 0, nullptr)) << "nothing to do";
 
     // A child that came in unchecked does not go either.
-    const Ref<Arbor::Node> child = makeNode("#text");
+    const Ref<dom::Node> child = makeNode("#text");
     leaf->doReplaceChildren(nullptr, 0, child.get());
     EXPECT_FALSE(leaf->canReplaceChildren(child.get(), 1, nullptr));
     EXPECT_TRUE(leaf->canReplaceChildren(child.get(), 0, nullptr));
@@ -520,4 +520,4 @@ TEST_F(GrammarTest, NothingIsSaidAboutRemovals) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

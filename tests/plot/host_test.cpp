@@ -51,7 +51,7 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 using AllClasses = std::tuple<
@@ -86,10 +86,10 @@ class Impostor : public ElementOf<Impostor<Model>, PlotElement> {
 };
 
 /// An element that is not of the model at all.
-class Stranger : public Arbor::Element {
+class Stranger : public dom::Element {
  public:
-  Stranger(Arbor::Document* document, Token tag) : Element(document), tag_(tag) {}
-  Ref<Arbor::Node> cloneNode(bool) const override { return new Stranger(*this); }
+  Stranger(dom::Document* document, Token tag) : Element(document), tag_(tag) {}
+  Ref<dom::Node> cloneNode(bool) const override { return new Stranger(*this); }
   Token tagName() const override { return tag_; }
   Variant getAttribute(Token) const override { return {}; }
   bool hasAttribute(Token) const override { return false; }
@@ -117,7 +117,7 @@ class Renamed : public Group2d {
 
 class HostTest : public PlotTest {
  protected:
-  void expectRefused(Arbor::Node& parent, Arbor::Node* child) {
+  void expectRefused(dom::Node& parent, dom::Node* child) {
     takeComplaints();
     const std::string complaint = std::string("PlotDom error: not of the class of its name '") +
                                   child->nodeName().str() + "'\n";
@@ -134,21 +134,21 @@ class HostTest : public PlotTest {
   template <class Model>
   void checkClass() {
     SCOPED_TRACE(Model::tag.str());
-    const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
-    const Ref<Arbor::Node> own(new Derived<Model>(document.get()));
+    const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
+    const Ref<dom::Node> own(new Derived<Model>(document.get()));
     EXPECT_EQ(own->nodeName(), Model::tag);
     fragment->appendChild(own.get());
     EXPECT_EQ(own->parent(), fragment.get());
     EXPECT_EQ(elementCast<Model>(own.get()), own.get());
     EXPECT_EQ(PlotElement::from(own.get()), own.get());
-    const Ref<Arbor::Node> copy(own->cloneNode(true));
-    const Arbor::Node& copied = *copy;
+    const Ref<dom::Node> copy(own->cloneNode(true));
+    const dom::Node& copied = *copy;
     EXPECT_EQ(typeid(copied), typeid(Derived<Model>));
 
-    const Ref<Arbor::Node> impostor(new Impostor<Model>(document.get()));
+    const Ref<dom::Node> impostor(new Impostor<Model>(document.get()));
     EXPECT_EQ(elementCast<Model>(impostor.get()), nullptr);
     expectRefused(*fragment, impostor.get());
-    const Ref<Arbor::Node> stranger(new Stranger(document.get(), Model::tag));
+    const Ref<dom::Node> stranger(new Stranger(document.get(), Model::tag));
     EXPECT_EQ(elementCast<Model>(stranger.get()), nullptr);
     EXPECT_EQ(PlotElement::from(stranger.get()), nullptr);
     expectRefused(*fragment, stranger.get());
@@ -166,21 +166,21 @@ TEST_F(HostTest, EachClassIsOpenAndNoOtherClassOfItsNameComesIn) {
 }
 
 TEST_F(HostTest, AWrongClassIsRefusedWhereverItIsToGo) {
-  const Ref<Arbor::Node> stranger(new Stranger(document.get(), Word::Canvas));
+  const Ref<dom::Node> stranger(new Stranger(document.get(), Word::Canvas));
   expectRefused(*document, stranger.get());
   add<CoordinateSystem2d>(*add<Scene2d>(*add<Canvas>(*document)));
   const Ref<Group2d> apart = make<Group2d>();
-  Arbor::Node& system = *document->firstChild()->firstChild()->firstChild();
+  dom::Node& system = *document->firstChild()->firstChild()->firstChild();
   document->clearUndo();
-  for (Arbor::Node* parent : {&system, static_cast<Arbor::Node*>(apart.get())}) {
-    expectRefused(*parent, Ref<Arbor::Node>(new HalfGroup(document.get())).get());
-    expectRefused(*parent, Ref<Arbor::Node>(new Renamed(document.get())).get());
-    expectRefused(*parent, Ref<Arbor::Node>(new Stranger(document.get(), Word::Obj2d)).get());
-    expectRefused(*parent, Ref<Arbor::Node>(new Stranger(document.get(), token("Unknown"))).get());
+  for (dom::Node* parent : {&system, static_cast<dom::Node*>(apart.get())}) {
+    expectRefused(*parent, Ref<dom::Node>(new HalfGroup(document.get())).get());
+    expectRefused(*parent, Ref<dom::Node>(new Renamed(document.get())).get());
+    expectRefused(*parent, Ref<dom::Node>(new Stranger(document.get(), Word::Obj2d)).get());
+    expectRefused(*parent, Ref<dom::Node>(new Stranger(document.get(), token("Unknown"))).get());
   }
   // Among others, too.
-  const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
-  const Ref<Arbor::Node> unchecked(new Stranger(document.get(), Word::Obj2d));
+  const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
+  const Ref<dom::Node> unchecked(new Stranger(document.get(), Word::Obj2d));
   add<Obj2d>(*fragment);
   fragment->doReplaceChildren(nullptr, 0, unchecked.get());
   EXPECT_EQ(codeOf([&] { system.appendChild(fragment.get()); }), DomException::HierarchyRequest);
@@ -192,9 +192,9 @@ TEST_F(HostTest, WhatCameInUncheckedIsPassedOver) {
   Canvas* canvas = add<Canvas>(*document);
   CoordinateSystem2d* system = add<CoordinateSystem2d>(*add<Scene2d>(*canvas));
   for (const Token name : {Word::ObjStyle, Word::Group2d, Word::Scene2dStyle}) {
-    const Ref<Arbor::Node> stranger(new Stranger(document.get(), name));
+    const Ref<dom::Node> stranger(new Stranger(document.get(), name));
     canvas->doReplaceChildren(nullptr, 0, stranger.get());
-    const Ref<Arbor::Node> another(new Stranger(document.get(), name));
+    const Ref<dom::Node> another(new Stranger(document.get(), name));
     system->doReplaceChildren(nullptr, 0, another.get());
   }
   Obj2d* object = add<Obj2d>(*system, {{Word::Type, "Curve2d"}});
@@ -226,7 +226,7 @@ class HostGroup : public ElementOf<HostGroup, Group2d> {
   bool canSetAttribute(Token key, const Variant& value) const override {
     return key != Word::Name && ElementOf::canSetAttribute(key, value);
   }
-  bool isContentChild(const Arbor::Node& node) const override {
+  bool isContentChild(const dom::Node& node) const override {
     return node.nodeName() != Word::ObjStyle && ElementOf::isContentChild(node);
   }
   bool afterSetAttribute(Element& origin, Token key) override {
@@ -238,7 +238,7 @@ class HostGroup : public ElementOf<HostGroup, Group2d> {
     return ElementOf::parentPropertyChanged(source, key);
   }
   void propertyChanged(PlotElement&, Token) override { note("propertyChanged"); }
-  void doReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newChildren) override {
+  void doReplaceChildren(dom::Node* first, unsigned count, dom::Node* newChildren) override {
     note("doReplaceChildren");
     ElementOf::doReplaceChildren(first, count, newChildren);
   }
@@ -294,7 +294,7 @@ TEST_F(HostTest, TheHooksOfAHostsClassAreCalled) {
 class HostDocument : public PlotDocument {
  protected:
   ~HostDocument() override = default;
-  Ref<Arbor::Element> newElement(Token name) override {
+  Ref<dom::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new HostGroup(this);
     if (name == Word::Title) return new Impostor<Title>(this);
     if (name == Word::Header) return new Stranger(this, name);
@@ -314,4 +314,4 @@ TEST_F(HostTest, AHostsDocumentMakesTheHostsElements) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

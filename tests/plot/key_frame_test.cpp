@@ -13,7 +13,7 @@
 #include "vantry/plot/elements/transform.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 /// An object with the parameters from 0 to 10 and the times from 0 to 4, and a frame half-way; and
@@ -26,12 +26,12 @@ class KeyFrameTest : public PlotTest {
   CoordinateSystem2d* system = add<CoordinateSystem2d>(*add<Scene2d>(*canvas));
 
   Obj2d* object = add<Obj2d>(*system, {{Word::Type, "Curve2d"}});
-  Arbor::Node* begin = add(*object, Word::ParameterBegin, {{Word::Val, "0"}});
+  dom::Node* begin = add(*object, Word::ParameterBegin, {{Word::Val, "0"}});
   PlotElement* end = add(*object, Word::ParameterEnd, {{Word::Val, "10"}});
   Img2d* image = add<Img2d>(*object, {{Word::Param, "5"}});
 
   Transform2d* transform = add<Transform2d>(*system, {{Word::Type, "Rotate2d"}});
-  Arbor::Node* mapBegin = add(*transform, Word::ParameterBegin, {{Word::Val, "0"}});
+  dom::Node* mapBegin = add(*transform, Word::ParameterBegin, {{Word::Val, "0"}});
   PlotElement* mapEnd = add(*transform, Word::ParameterEnd, {{Word::Val, "10"}});
   Tr2d* map = add<Tr2d>(*transform, {{Word::Param, "5"}});
 };
@@ -91,8 +91,8 @@ TEST_F(KeyFrameTest, TheTimesOfATransformCountOnceTheyAreResolved) {
 /// Reads the time of a frame before and after each change.
 class TimeReader : public PropertyObserver {
  public:
-  TimeReader(Arbor::Document& document, const Tr2d& map) : PropertyObserver(document), map_(map) {}
-  void handleEvent(const Arbor::DomEvent&) override { lastTime = map_.frameTime(); }
+  TimeReader(dom::Document& document, const Tr2d& map) : PropertyObserver(document), map_(map) {}
+  void handleEvent(const dom::DomEvent&) override { lastTime = map_.frameTime(); }
 
   double lastTime = 0;
 
@@ -110,7 +110,7 @@ TEST_F(KeyFrameTest, AReadDuringAChangeLeavesNothingOld) {
 }
 
 TEST_F(KeyFrameTest, ChangesOutsideOfTheDocumentCountToo) {
-  const Ref<Arbor::Node> apart = system->removeChild(object);
+  const Ref<dom::Node> apart = system->removeChild(object);
   EXPECT_EQ(image->frameTime(), 2);
   end->setAttribute(Word::Val, DoubleVariant(20));
   EXPECT_EQ(image->frameTime(), 1);
@@ -153,9 +153,9 @@ TEST_F(KeyFrameTest, AnElementWithoutADocumentHasItsTimesToo) {
   first->setAttributeFromString(Word::Val, "0");
   last->setAttributeFromString(Word::Val, "10");
   frame->setAttributeFromString(Word::Param, "5");
-  for (Arbor::Node* child :
-       {static_cast<Arbor::Node*>(first.get()), static_cast<Arbor::Node*>(last.get()),
-        static_cast<Arbor::Node*>(frame.get())}) {
+  for (dom::Node* child :
+       {static_cast<dom::Node*>(first.get()), static_cast<dom::Node*>(last.get()),
+        static_cast<dom::Node*>(frame.get())}) {
     alone->appendChild(child);
   }
   EXPECT_EQ(frame->frameTime(), 2);
@@ -185,7 +185,7 @@ class SeenImage final : public ElementOf<SeenImage, Img2d> {
     ++looks;
     return ElementOf::tagName();
   }
-  const Arbor::NodeClass* nodeClass() const override {
+  const dom::NodeClass* nodeClass() const override {
     ++looks;
     return ElementOf::nodeClass();
   }
@@ -225,4 +225,4 @@ TEST_F(KeyFrameTest, FramesBeforeTheirBoundsAreNotGoneThrough) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -12,7 +12,7 @@
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/elements/sphere.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 class PlotDocumentTest : public PlotTest {};
@@ -59,13 +59,13 @@ TEST_F(PlotDocumentTest, SomeElementsAreMadeWithChildren) {
   for (const auto& [name, count, childName] : made) {
     const Ref<PlotElement> element = make(name);
     EXPECT_EQ(element->length(), count) << name.str();
-    for (Arbor::Node* child = element->firstChild(); child; child = child->nextSibling()) {
+    for (dom::Node* child = element->firstChild(); child; child = child->nextSibling()) {
       EXPECT_EQ(child->nodeName(), childName);
       EXPECT_EQ(child->firstChild(), nullptr);
     }
   }
   unsigned childless = 0;
-  for (const Token word : Ubase::wordTokens) {
+  for (const Token word : base::wordTokens) {
     const Ref<PlotElement> element = make(word);
     if (element && !element->firstChild()) ++childless;
   }
@@ -146,7 +146,7 @@ class HostDocument : public PlotDocument {
 
  protected:
   ~HostDocument() override = default;
-  Ref<Arbor::Element> newElement(Token name) override {
+  Ref<dom::Element> newElement(Token name) override {
     if (name == Word::Group2d) return new HostGroup(this);
     return PlotDocument::newElement(name);
   }
@@ -156,16 +156,16 @@ TEST(PlotDocumentVisit, ReachesEachElementFromTheRootDown) {
   VisitLog::names.clear();
   const Ref<PlotDocument> document = new HostDocument;
   document->visitElements();
-  const auto add = [&](Arbor::Node& parent, Token name) -> Arbor::Node& {
-    const Ref<Arbor::Node> child(document->createElement(name));
+  const auto add = [&](dom::Node& parent, Token name) -> dom::Node& {
+    const Ref<dom::Node> child(document->createElement(name));
     parent.appendChild(child.get());
     return *child;
   };
-  Arbor::Node& system =
+  dom::Node& system =
       add(add(add(*document, Word::Canvas), Word::Scene2d), Word::CoordinateSystem2d);
-  Arbor::Node& two = add(system, Word::Group2d);
+  dom::Node& two = add(system, Word::Group2d);
   add(two, Word::Obj2d);
-  Arbor::Node& one = add(two, Word::Group2d);
+  dom::Node& one = add(two, Word::Group2d);
   add(one, Word::Group2d);
   add(system, Word::Group2d);
   document->visitElements();
@@ -179,7 +179,7 @@ TEST_F(PlotDocumentTest, ADeepTreeCostsNoStack) {
   constexpr int depth = 100000;
   PlotElement* canvas = add(*document, Word::Canvas);
   PlotElement* system = add(*add(*canvas, Word::Scene2d), Word::CoordinateSystem2d);
-  Ref<Arbor::Node> top = make(Word::Obj2d, {{Word::Type, "Curve2d"}});
+  Ref<dom::Node> top = make(Word::Obj2d, {{Word::Type, "Curve2d"}});
   for (int i = 0; i < depth; ++i) {
     const Ref<PlotElement> group = make(Word::Group2d);
     group->appendChild(top.get());
@@ -188,7 +188,7 @@ TEST_F(PlotDocumentTest, ADeepTreeCostsNoStack) {
   system->appendChild(top.get());
   document->visitElements();
   EXPECT_GT(xmlOf(*document).size(), static_cast<std::size_t>(depth) * 19);
-  const Ref<Arbor::Node> copy(canvas->cloneNode(true));
+  const Ref<dom::Node> copy(canvas->cloneNode(true));
   EXPECT_EQ(xmlOf(*copy), xmlOf(*canvas));
   canvas->setPropertyValue(Word::Width, DoubleVariant(3));
   canvas->dropInheritedProperties();
@@ -201,4 +201,4 @@ TEST_F(PlotDocumentTest, ADeepTreeCostsNoStack) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

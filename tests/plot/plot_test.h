@@ -17,16 +17,17 @@
 #include "vantry/plot/framework/property_change_event.h"
 #include "vantry/plot/values/variants.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 
-using namespace PlotDom;
-using Arbor::DomException;
-using Ubase::BoolVariant;
-using Ubase::DoubleVariant;
-using Ubase::FixedStringVariant;
-using Ubase::LongVariant;
-using Ubase::Ref;
-using Ubase::TokenVariant;
+using namespace vantry;
+using namespace vantry::plot;
+using base::BoolVariant;
+using base::DoubleVariant;
+using base::FixedStringVariant;
+using base::LongVariant;
+using base::Ref;
+using base::TokenVariant;
+using dom::DomException;
 
 inline Token token(const std::string& text) { return Token(text.c_str(), true); }
 
@@ -41,7 +42,7 @@ int codeOf(Act act) {
   return 0;
 }
 
-inline std::string xmlOf(const Arbor::Node& node) {
+inline std::string xmlOf(const dom::Node& node) {
   std::ostringstream out;
   node.writeXml(out);
   return out.str();
@@ -87,17 +88,17 @@ class PlotTest : public testing::Test {
   }
 
   /// A new element at the end of `parent`.
-  PlotElement* add(Arbor::Node& parent, Token name, Attributes attributes = {}) {
+  PlotElement* add(dom::Node& parent, Token name, Attributes attributes = {}) {
     const Ref<PlotElement> element = make(name, attributes);
     parent.appendChild(element.get());
     return element.get();
   }
   template <class T>
-  T* add(Arbor::Node& parent, Attributes attributes = {}) {
+  T* add(dom::Node& parent, Attributes attributes = {}) {
     return static_cast<T*>(add(parent, T::tag, attributes));
   }
 
-  void addText(Arbor::Node& parent, const char* text) {
+  void addText(dom::Node& parent, const char* text) {
     parent.appendChild(document->createTextNode(text).get());
   }
 
@@ -118,9 +119,9 @@ class PlotTest : public testing::Test {
 };
 
 /// Keeps what it is told of properties, as "tag.property".
-class PropertyObserver : public Arbor::IDocObserver {
+class PropertyObserver : public dom::IDocObserver {
  public:
-  explicit PropertyObserver(Arbor::Document& document) : document_(&document) {
+  explicit PropertyObserver(dom::Document& document) : document_(&document) {
     document.addObserver(this, AfterPropertyChangeEvent::eventType());
   }
   virtual ~PropertyObserver() {
@@ -132,14 +133,14 @@ class PropertyObserver : public Arbor::IDocObserver {
   void observerDetached(Token) override { document_ = nullptr; }
   void beforeBatch() override {}
   void afterBatch() override {}
-  void handleEvent(const Arbor::DomEvent& event) override {
+  void handleEvent(const dom::DomEvent& event) override {
     const auto& change = static_cast<const AfterPropertyChangeEvent&>(event);
     log_.push_back(std::string(change.target->nodeName().str()) + "." + change.name.str());
   }
 
  private:
-  Arbor::Document* document_;
+  dom::Document* document_;
   std::vector<std::string> log_;
 };
 
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

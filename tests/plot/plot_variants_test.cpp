@@ -6,15 +6,16 @@
 #include <initializer_list>
 #include <vector>
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
-using namespace PlotDom;
-using Ubase::Token;
-using Ubase::Variant;
-namespace Word = Ubase::Word;
+using namespace vantry;
+using namespace vantry::plot;
+using base::Token;
+using base::Variant;
+namespace Word = base::Word;
 
-constexpr double nan = PlotDom::nan;
+constexpr double nan = plot::nan;
 
 /// Whether each of the values is below all that follow, and below none of the others.
 template <class Kind>
@@ -107,4 +108,4 @@ TEST(PlotVariants, AreKindsOfTheirOwn) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -22,7 +22,7 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/values/cmd_writer.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 /// A canvas, a scene, a coordinate system, an object of the type Surface and an image in it.
@@ -456,7 +456,7 @@ TEST_F(PropertyTest, AnEventHoldsElementAndName) {
   EXPECT_EQ(event.name, Word::Radius);
   EXPECT_STREQ(event.type.str(), "AfterPropertyChange");
   EXPECT_EQ(event.type, AfterPropertyChangeEvent::eventType());
-  EXPECT_EQ(Ubase::findWord("AfterPropertyChange"), Ubase::WordId::none);
+  EXPECT_EQ(base::findWord("AfterPropertyChange"), base::WordId::none);
 }
 
 TEST_F(PropertyTest, TheFirstOfTheChainThatHasTheNameIsTaken) {
@@ -717,4 +717,4 @@ TEST(PropertyListMgr, TheFirstListThatHasTheNameAnswers) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

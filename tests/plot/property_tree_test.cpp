@@ -12,7 +12,7 @@
 #include "vantry/plot/metadata/property_categories.h"
 #include "vantry/plot/metadata/property_tree.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 const std::vector<std::string> categories = {
@@ -112,7 +112,7 @@ std::string expectedEditor(const ExpectedProperty& expected) {
   return "";
 }
 
-std::string textOfString(const Ubase::FixedString& string) {
+std::string textOfString(const base::FixedString& string) {
   return string.c_str() ? string.c_str() : "";
 }
 
@@ -123,11 +123,11 @@ class PropertyTreeTest : public PlotTest {
     std::map<std::string, std::vector<const PropInfo*>> result;
     const ObjType* description = propertyInfo(token(name));
     if (!description) return result;
-    for (const Arbor::Node* node = description->firstChild(); node; node = node->nextSibling()) {
+    for (const dom::Node* node = description->firstChild(); node; node = node->nextSibling()) {
       const auto& category = dynamic_cast<const PropCat&>(*node);
       auto& properties = result[textOfString(category.name())];
       EXPECT_TRUE(properties.empty()) << "one category, one element";
-      for (const Arbor::Node* info = category.firstChild(); info; info = info->nextSibling()) {
+      for (const dom::Node* info = category.firstChild(); info; info = info->nextSibling()) {
         properties.push_back(dynamic_cast<const PropInfo*>(info));
       }
       EXPECT_FALSE(properties.empty());
@@ -155,7 +155,7 @@ TEST_F(PropertyTreeTest, EachClassHasADescriptionOfAllItsProperties) {
 
     std::set<std::string> expected;
     const Ref<PlotElement> element = make(token(elementClass));
-    for (const Token name : Ubase::wordTokens) {
+    for (const Token name : base::wordTokens) {
       if (name && element->findProperty(name)) expected.insert(name.str());
     }
     std::set<std::string> described;
@@ -173,7 +173,7 @@ TEST_F(PropertyTreeTest, WhatIsToldOfEachProperty) {
       const PropInfo& info = *described.at(name);
       EXPECT_EQ(info.type().str(), expectedEditor(expected));
       EXPECT_TRUE(editorWords.count(info.type().str()));
-      EXPECT_NE(Ubase::findWord(info.type().str()), Ubase::WordId::none);
+      EXPECT_NE(base::findWord(info.type().str()), base::WordId::none);
 
       std::string rule = expected.rule;
       if (rule == "TypeType") rule += " of " + elementClass;
@@ -204,7 +204,7 @@ TEST_F(PropertyTreeTest, TheCategoriesStandInTheirOrder) {
   std::set<std::string> seen;
   for (const std::string& elementClass : expectedElements) {
     auto next = categories.begin();
-    const Arbor::Node* node = propertyInfo(token(elementClass))->firstChild();
+    const dom::Node* node = propertyInfo(token(elementClass))->firstChild();
     for (; node; node = node->nextSibling()) {
       const std::string name = textOfString(dynamic_cast<const PropCat&>(*node).name());
       next = std::find(next, categories.end(), name);
@@ -301,7 +301,7 @@ TEST(PropertyInfoTree, ThreadsThatAskAtOnceGetTheSameTree) {
   std::array<const ObjType*, 4> found{};
   std::vector<std::thread> threads;
   for (const ObjType*& tree : found) {
-    threads.emplace_back([&tree] { tree = PlotDom::propertyInfo(Word::Mesh3d); });
+    threads.emplace_back([&tree] { tree = plot::propertyInfo(Word::Mesh3d); });
   }
   for (std::thread& thread : threads) thread.join();
   ASSERT_NE(found[0], nullptr);
@@ -309,4 +309,4 @@ TEST(PropertyInfoTree, ThreadsThatAskAtOnceGetTheSameTree) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -6,7 +6,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/framework/primitive.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 Token typeOf(const PlotElement& element) {
@@ -16,12 +16,12 @@ Token typeOf(const PlotElement& element) {
 }
 
 /// The styles of that type around `start`, by a look at all children of all ancestors.
-StyleChain stylesAround(const Arbor::Node& start, Token type) {
+StyleChain stylesAround(const dom::Node& start, Token type) {
   StyleChain styles;
-  const Arbor::Node* ancestor = type ? start.parent() : nullptr;
+  const dom::Node* ancestor = type ? start.parent() : nullptr;
   for (; ancestor; ancestor = ancestor->parent()) {
     if (isOneOf(ancestor->nodeName(), Word::Transform2d, Word::Transform3d)) continue;
-    for (const Arbor::Node* child = ancestor->firstChild(); child; child = child->nextSibling()) {
+    for (const dom::Node* child = ancestor->firstChild(); child; child = child->nextSibling()) {
       if (child->nodeName() != Word::ObjStyle) continue;
       const PlotElement* style = PlotElement::from(child);
       if (typeOf(*style) == type) styles.push_back(style);
@@ -42,9 +42,9 @@ bool isStyled(const PlotElement& element) {
 StyleChain expectedChain(const PlotElement& element) {
   StyleChain chain;
   if (!isStyled(element)) return chain;
-  const Arbor::Node* start = &element;
+  const dom::Node* start = &element;
   if (dynamic_cast<const PrimitiveBase*>(&element)) {
-    const Arbor::Node* image = element.parent();
+    const dom::Node* image = element.parent();
     const PlotElement* object = image ? PlotElement::from(image->parent()) : nullptr;
     if (!object) return chain;
     chain = expectedChain(*object);
@@ -84,9 +84,9 @@ void expectItsStyles(const PlotElement& element) {
 
 /// Compares the styles of all elements in the tree or trees of which `first` is the outermost node
 /// and the first of siblings.
-void expectStylesIn(const Arbor::Node& first) {
-  for (const Arbor::Node* top = &first; top; top = top->nextSibling()) {
-    Arbor::walkSubtree(*top, [](const Arbor::Node& node) {
+void expectStylesIn(const dom::Node& first) {
+  for (const dom::Node* top = &first; top; top = top->nextSibling()) {
+    dom::walkSubtree(*top, [](const dom::Node& node) {
       const PlotElement* element = PlotElement::from(&node);
       if (element && isStyled(*element)) expectItsStyles(*element);
       return true;
@@ -119,9 +119,9 @@ class RandomDrawingTest : public PlotTest, public testing::WithParamInterface<un
   }
 
   /// All nodes, in document order.
-  std::vector<Ref<Arbor::Node>> nodesOfDocument() {
-    std::vector<Ref<Arbor::Node>> nodes;
-    Arbor::walkSubtree<Arbor::Node>(*document, [&](Arbor::Node& node) {
+  std::vector<Ref<dom::Node>> nodesOfDocument() {
+    std::vector<Ref<dom::Node>> nodes;
+    dom::walkSubtree<dom::Node>(*document, [&](dom::Node& node) {
       if (&node != document.get()) nodes.emplace_back(&node);
       return true;
     });
@@ -132,7 +132,7 @@ class RandomDrawingTest : public PlotTest, public testing::WithParamInterface<un
 TEST_P(RandomDrawingTest, AllIsUndoneAndRedone) {
   buildDrawing();
   const std::string before = xmlOf(*document->documentElement());
-  const std::vector<Ref<Arbor::Node>> nodesBefore = nodesOfDocument();
+  const std::vector<Ref<dom::Node>> nodesBefore = nodesOfDocument();
   RandomChanges changes(*document, GetParam());
   constexpr unsigned steps = 300;
   for (unsigned i = 0; i < steps; ++i) {
@@ -145,7 +145,7 @@ TEST_P(RandomDrawingTest, AllIsUndoneAndRedone) {
     ASSERT_FALSE(HasFailure()) << "change " << i;
   }
   const std::string after = xmlOf(*document->documentElement());
-  const std::vector<Ref<Arbor::Node>> nodesAfter = nodesOfDocument();
+  const std::vector<Ref<dom::Node>> nodesAfter = nodesOfDocument();
   EXPECT_NE(after, before);
   EXPECT_LT(changes.refusals(), steps / 2);
 
@@ -217,32 +217,32 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
     add(*add(*object, Word::Img2d), Word::Poly2d);
   }
 
-  void hold(Arbor::Node& node) { held_.emplace_back(&node); }
+  void hold(dom::Node& node) { held_.emplace_back(&node); }
 
   /// The outermost node of each tree; without a parent they may be siblings all the same.
-  std::vector<Arbor::Node*> tops() {
-    std::vector<Arbor::Node*> result;
-    const auto addTopOf = [&result](Arbor::Node* node) {
+  std::vector<dom::Node*> tops() {
+    std::vector<dom::Node*> result;
+    const auto addTopOf = [&result](dom::Node* node) {
       while (node->parent()) node = node->parent();
       while (node->previousSibling()) node = node->previousSibling();
       if (std::ranges::find(result, node) == result.end()) result.push_back(node);
     };
     addTopOf(document.get());
     addTopOf(canvas_.get());
-    for (const Ref<Arbor::Node>& node : held_) addTopOf(node.get());
+    for (const Ref<dom::Node>& node : held_) addTopOf(node.get());
     return result;
   }
 
   void expectAllStyles() {
-    for (const Arbor::Node* top : tops()) expectStylesIn(*top);
+    for (const dom::Node* top : tops()) expectStylesIn(*top);
   }
 
   template <class Filter>
-  std::vector<Arbor::Node*> nodes(Filter filter) {
-    std::vector<Arbor::Node*> result;
-    for (Arbor::Node* top : tops()) {
+  std::vector<dom::Node*> nodes(Filter filter) {
+    std::vector<dom::Node*> result;
+    for (dom::Node* top : tops()) {
       for (; top; top = top->nextSibling()) {
-        Arbor::walkSubtree(*top, [&](Arbor::Node& node) {
+        dom::walkSubtree(*top, [&](dom::Node& node) {
           if (filter(node)) result.push_back(&node);
           return true;
         });
@@ -252,9 +252,9 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   }
 
   /// A node that takes the child, mostly one in the document.
-  Arbor::Node& someParentFor(Arbor::Node& child) {
+  dom::Node& someParentFor(dom::Node& child) {
     const bool inDocument = canvas_->isInDocument() && below(3) > 0;
-    const auto parents = nodes([&](Arbor::Node& node) {
+    const auto parents = nodes([&](dom::Node& node) {
       return node.isInDocument() == inDocument && node.canReplaceChildren(nullptr, 0, &child);
     });
     return parents.empty() ? *document : *oneOf(parents);
@@ -263,7 +263,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   /// Any element but the canvas of the document; null if none was met.
   PlotElement* someElement() {
     const bool inDocument = below(3) > 0;
-    const auto elements = nodes([&](Arbor::Node& node) {
+    const auto elements = nodes([&](dom::Node& node) {
       return node.isInDocument() == inDocument && node.asElement() && &node != canvas_.get();
     });
     return elements.empty() ? nullptr : PlotElement::from(oneOf(elements));
@@ -329,9 +329,9 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
     }
   }
 
-  void put(Arbor::Node& node) { put(node, someParentFor(node)); }
+  void put(dom::Node& node) { put(node, someParentFor(node)); }
 
-  void put(Arbor::Node& node, Arbor::Node& parent) {
+  void put(dom::Node& node, dom::Node& parent) {
     if (!node.parent() && node.previousSibling()) return;  // not the first of its siblings
     hold(node);
     parent.insertBefore(&node, parent.childAt(below(4)));
@@ -358,7 +358,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
 
   /// Up to three elements go into a fragment; it stays as it is, or goes elsewhere.
   void moveThroughFragment() {
-    const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+    const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
     // Behind a text, a header takes anything.
     if (below(4) == 0) fragment->appendChild(document->createTextNode("text").get());
     for (unsigned i = 1 + below(3); i > 0; --i) {
@@ -369,7 +369,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
     if (!fragment->firstChild() || below(3) == 0) {
       hold(*fragment);
     } else {
-      Arbor::Node& parent = someParentFor(*fragment->firstChild());
+      dom::Node& parent = someParentFor(*fragment->firstChild());
       parent.insertBefore(fragment.get(), parent.childAt(below(4)));
     }
   }
@@ -378,9 +378,9 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
   void copySomething() {
     const PlotElement* original = someElement();
     if (!original) return;
-    const Ref<Arbor::Node> copy(original->cloneNode(true));
+    const Ref<dom::Node> copy(original->cloneNode(true));
     expectStylesIn(*copy);
-    Arbor::Node* part = copy.get();
+    dom::Node* part = copy.get();
     while (part->firstChild() && below(3) > 0) part = part->childAt(below(part->length()));
     hold(*part);
     if (part == copy.get() && below(2) == 0) put(*part);
@@ -407,7 +407,7 @@ class RandomStylesTest : public PlotTest, public testing::WithParamInterface<uns
 
   std::mt19937 random_{GetParam()};
   const Ref<PlotElement> canvas_ = make(Word::Canvas);
-  std::vector<Ref<Arbor::Node>> held_;
+  std::vector<Ref<dom::Node>> held_;
   unsigned refusals_ = 0;
   unsigned undoes_ = 0;
 };
@@ -425,4 +425,4 @@ TEST_P(RandomStylesTest, AreFoundAsByALookAtAllAncestors) {
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomStylesTest, testing::Range(0U, 40U));
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -12,7 +12,7 @@
 #include "vantry/plot/elements/transform.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 class RefusalTest : public PlotTest {
@@ -114,18 +114,17 @@ TEST_F(RefusalTest, ATextNodeWithCharactersThatXmlDoesNotHave) {
   PlotElement* header = add(*canvas, Word::Header);
   addText(*header, "tab\tline\n");
   document->clearUndo();
-  Arbor::Text& text = *header->firstChild()->asText();
-  for (const auto& change : std::initializer_list<void (*)(Arbor::Text&)>{
-           [](Arbor::Text& t) { t.setNodeValue("\x01"); },
-           [](Arbor::Text& t) { t.appendData("\x01"); },
-           [](Arbor::Text& t) { t.replaceData(0, 1, "\xEF\xBF\xBE"); }}) {
+  dom::Text& text = *header->firstChild()->asText();
+  for (const auto& change : std::initializer_list<void (*)(dom::Text&)>{
+           [](dom::Text& t) { t.setNodeValue("\x01"); }, [](dom::Text& t) { t.appendData("\x01"); },
+           [](dom::Text& t) { t.replaceData(0, 1, "\xEF\xBF\xBE"); }}) {
     EXPECT_EQ(codeOf([&] { change(text); }), DomException::HierarchyRequest);
     EXPECT_EQ(takeComplaints(), complaint);
   }
   EXPECT_STREQ(text.nodeValue(), "tab\tline\n");
   EXPECT_FALSE(document->canUndo());
   text.appendData(nullptr);
-  const Ref<Arbor::Node> empty(document->createTextNode(nullptr));
+  const Ref<dom::Node> empty(document->createTextNode(nullptr));
   EXPECT_EQ(empty->nodeValue(), nullptr);
   EXPECT_EQ(takeComplaints(), "");
 }
@@ -134,7 +133,7 @@ TEST_F(RefusalTest, ATextNodeWithCharactersThatXmlDoesNotHave) {
 TEST_F(RefusalTest, AnObjectInAGroupThatWouldBecomeALight) {
   Group3d* group = add<Group3d>(*system);
   Transform3d* transform = add<Transform3d>(*group, {{Word::Type, "Rotate3d"}});
-  for (Arbor::Node* parent : std::initializer_list<Arbor::Node*>{group, transform}) {
+  for (dom::Node* parent : std::initializer_list<dom::Node*>{group, transform}) {
     Obj3d* inside = add<Obj3d>(*parent, {{Word::Type, "Surface"}});
     for (const Token type : {Word::Camera, Word::AmbientLight, Word::PointLight, Word::DistantLight,
                              Word::SpotLight, Word::ClippingBox}) {
@@ -152,4 +151,4 @@ TEST_F(RefusalTest, AnObjectInAGroupThatWouldBecomeALight) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

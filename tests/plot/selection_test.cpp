@@ -9,10 +9,10 @@
 #include "vantry/plot/elements/object.h"
 #include "vantry/plot/elements/scene.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
-using Arbor::Range;
+using dom::Range;
 
 class SelectionTest : public PlotTest {
  protected:
@@ -115,17 +115,17 @@ TEST_F(SelectionTest, TheSelectionFollowsTheTree) {
 }
 
 /// When a range is deselected, makes and selects another one, as often as it may.
-class Reselector : public Arbor::IDocObserver {
+class Reselector : public dom::IDocObserver {
  public:
   explicit Reselector(PlotDocument& document) : document_(document) {
-    document_.addObserver(this, Arbor::EventType::BeforeDeselect);
+    document_.addObserver(this, dom::EventType::BeforeDeselect);
   }
   virtual ~Reselector() { document_.removeObserver(this); }
 
   void observerDetached(Token) override {}
   void beforeBatch() override {}
   void afterBatch() override {}
-  void handleEvent(const Arbor::DomEvent&) override {
+  void handleEvent(const dom::DomEvent&) override {
     if (left_-- > 0) document_.createRange(true);
   }
 
@@ -191,7 +191,7 @@ TEST_F(SelectionTest, ByIdentifierInAnEmptyDocument) {
 }
 
 TEST_F(SelectionTest, WhatMayBeDeleted) {
-  const auto mayGo = [this](Arbor::Node* node) {
+  const auto mayGo = [this](dom::Node* node) {
     document->select(node);
     return document->canDeleteSelection();
   };
@@ -301,7 +301,7 @@ TEST_F(SelectionTest, TheCurrentTime) {
   document->setCurrentTime(5);
   EXPECT_EQ(document->currentTime(), 5);
   EXPECT_EQ(canvas->getAttribute(Word::CurrentTime), DoubleVariant(5));
-  document->setCurrentTime(PlotDom::nan);
+  document->setCurrentTime(plot::nan);
   EXPECT_EQ(document->currentTime(), 2);
 }
 
@@ -327,7 +327,7 @@ class TimedDocument : public PlotDocument {
 
  protected:
   ~TimedDocument() override = default;
-  Ref<Arbor::Element> newElement(Token name) override {
+  Ref<dom::Element> newElement(Token name) override {
     if (name == Word::Canvas) return new TimedCanvas(this);
     return PlotDocument::newElement(name);
   }
@@ -343,4 +343,4 @@ TEST_F(SelectionTest, TheNextTimeIsFoundByTheRoot) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -8,7 +8,7 @@
 #include "vantry/plot/elements/scene.h"
 #include "vantry/plot/styles/obj_style.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 template <class Owner>
@@ -211,10 +211,10 @@ TEST_F(StyleGetterTest, TheSameGetterReadsAnObjectAndAStyle) {
   EXPECT_EQ(widthOf(*object), 3);
   EXPECT_EQ(widthOf(*style), 4);
 
-  const Ref<Arbor::Node> copy(object->cloneNode(false));
+  const Ref<dom::Node> copy(object->cloneNode(false));
   object->setAttributeFromString(Word::LineWidth, "5");
   EXPECT_EQ(widthOf(static_cast<const Obj2d&>(*copy)), 3) << "a copy reads itself";
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

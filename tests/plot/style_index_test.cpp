@@ -14,8 +14,9 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using vantry::base::Ref;
 
 class StyleIndexes : public testing::Test {
  protected:
@@ -157,7 +158,7 @@ TEST_F(StyleIndexes, FollowAHeaderThatHoldsAContainer) {
 
   const Ref<PlotElement> header(document_->createElement(Word::Header));
   const auto putIn = [&](const Ref<PlotElement>& element) {
-    const Ref<Arbor::DocumentFragment> content(document_->createDocumentFragment());
+    const Ref<dom::DocumentFragment> content(document_->createDocumentFragment());
     content->appendChild(document_->createTextNode("text").get());
     content->appendChild(element.get());
     header->appendChild(content.get());
@@ -181,7 +182,7 @@ TEST_F(StyleIndexes, ACopyHasTheStylesThatWereCopied) {
   const Ref<Group2d> group = make<Group2d>();
   group->appendChild(style("9").get());
   group->appendChild(make<Obj2d>().get());
-  const Ref<Arbor::Node> copy(group->cloneNode(true));
+  const Ref<dom::Node> copy(group->cloneNode(true));
   EXPECT_EQ(static_cast<const Obj2d*>(copy->firstChildByName(Word::Obj2d))->lineWidth(), 9);
 }
 

@@ -18,7 +18,7 @@
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/styles/style_search.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
 using Log = std::vector<std::string>;
@@ -33,7 +33,7 @@ StyleChain chainOf(const PlotElement& element) {
 /// the group.
 class StyleTest : public PlotTest {
  protected:
-  ObjStyle* addStyle(Arbor::Node& parent, const char* type, Attributes attributes = {}) {
+  ObjStyle* addStyle(dom::Node& parent, const char* type, Attributes attributes = {}) {
     ObjStyle* style = add<ObjStyle>(parent, {{Word::Type, type}});
     for (const auto& [name, text] : attributes) style->setAttributeFromString(name, text);
     return style;
@@ -209,7 +209,7 @@ TEST_F(StyleTest, TheListOfStylesFollowsTheChildren) {
   scene->removeChild(first.get());
   EXPECT_EQ(chainOf(*object), StyleChain{third.get()});
 
-  const Ref<Arbor::Node> copy(scene->cloneNode(true));
+  const Ref<dom::Node> copy(scene->cloneNode(true));
   const auto* copiedObject = PlotElement::from(
       copy->firstChildByName(Word::CoordinateSystem2d)->firstChild()->firstChild());
   EXPECT_EQ(chainOf(*copiedObject),
@@ -335,7 +335,7 @@ TEST_F(StyleTest, ATransformInSpaceInheritsByItsOwnType) {
 }
 
 TEST_F(StyleTest, AStyleInAFragmentHoldsForWhatIsInTheFragment) {
-  const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+  const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
   const ObjStyle* style = addStyle(*fragment, "Curve2d", {{Word::LineWidth, "2"}});
   const Obj2d* beside = add<Obj2d>(*fragment, {{Word::Type, "Curve2d"}});
   const Obj2d* inside = add<Obj2d>(*add<Group2d>(*fragment), {{Word::Type, "Curve2d"}});
@@ -359,7 +359,7 @@ TEST_F(StyleTest, AStyleBesideTheCanvasHoldsForAll) {
 
 TEST_F(StyleTest, AnOutermostStyleInheritsFromNobody) {
   const ObjStyle* besideTheCanvas = addStyle(*document, "Default", {{Word::LineWidth, "2"}});
-  const Ref<Arbor::DocumentFragment> fragment(document->createDocumentFragment());
+  const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
   addStyle(*fragment, "Default", {{Word::LineWidth, "1"}});
   ObjStyle* inFragment = addStyle(*fragment, "Default", {{Word::LineWidth, "1"}});
   for (const ObjStyle* style : {besideTheCanvas, static_cast<const ObjStyle*>(inFragment)}) {
@@ -489,15 +489,15 @@ TEST_F(StyleTest, AChangeOfAnOuterStyleGoesThroughAnInnerOne) {
 class EventCounter : public PropertyObserver {
  public:
   using PropertyObserver::PropertyObserver;
-  void handleEvent(const Arbor::DomEvent& event) override { ++counts[event.target]; }
+  void handleEvent(const dom::DomEvent& event) override { ++counts[event.target]; }
 
-  std::map<const Arbor::Node*, int> counts;
+  std::map<const dom::Node*, int> counts;
 };
 
 // By way of each style that is met, the number of events would double with each group.
 TEST_F(StyleTest, EachElementGetsOneEventHoweverManyStylesAreBetween) {
   ObjStyle* outermost = addStyle(*canvas, "Curve2d");
-  std::vector<const Arbor::Node*> expected{outermost, object, curve};
+  std::vector<const dom::Node*> expected{outermost, object, curve};
   Group2d* inner = group;
   for (int i = 0; i < 60; ++i) {
     inner = add<Group2d>(*inner);
@@ -509,13 +509,13 @@ TEST_F(StyleTest, EachElementGetsOneEventHoweverManyStylesAreBetween) {
   EventCounter counter(*document);
   outermost->setAttributeFromString(Word::LineWidth, "4");
   EXPECT_EQ(counter.counts.size(), expected.size());
-  for (const Arbor::Node* element : expected) EXPECT_EQ(counter.counts[element], 1);
+  for (const dom::Node* element : expected) EXPECT_EQ(counter.counts[element], 1);
   EXPECT_EQ(static_cast<const Poly2d*>(expected.back())->lineWidth(), 4);
 
   counter.counts.clear();
   outermost->setPropertyValue(Word::LineWidth, DoubleVariant(5));
   EXPECT_EQ(counter.counts.size(), expected.size());
-  for (const Arbor::Node* element : expected) EXPECT_EQ(counter.counts[element], 1);
+  for (const dom::Node* element : expected) EXPECT_EQ(counter.counts[element], 1);
 
   counter.counts.clear();
   document->undo();
@@ -715,7 +715,7 @@ TEST_F(StyleTest, TheParameterRangeOfAnObject) {
     double end = 88;
     const bool isThere = element.parameterRange(begin, end);
     EXPECT_TRUE(isThere || (begin == 77 && end == 88));
-    return isThere ? std::pair(begin, end) : std::pair(PlotDom::nan, PlotDom::nan);
+    return isThere ? std::pair(begin, end) : std::pair(plot::nan, plot::nan);
   };
   const auto isNone = [](std::pair<double, double> range) { return std::isnan(range.first); };
   EXPECT_TRUE(isNone(rangeOf(*object)));
@@ -737,4 +737,4 @@ TEST_F(StyleTest, TheParameterRangeOfAnObject) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

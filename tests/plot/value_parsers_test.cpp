@@ -9,13 +9,14 @@
 #include "vantry/base/token_table.h"
 #include "vantry/base/vocabulary.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
-using namespace PlotDom;
-using Ubase::FixedString;
-using Ubase::Token;
-namespace Word = Ubase::Word;
+using namespace vantry;
+using namespace vantry::plot;
+using base::FixedString;
+using base::Token;
+namespace Word = base::Word;
 
 /// What a parser makes of a text.
 template <class Parser, class Value>
@@ -223,9 +224,9 @@ TEST(FontStyleParser, Refusals) {
 }
 
 TEST(FontStyleParser, AnUnknownWordDoesNotBecomeAToken) {
-  const auto before = Ubase::TokenTable::instance().count();
+  const auto before = base::TokenTable::instance().count();
   EXPECT_FALSE(Font("Times 12 NeverHeardOfThisWord").isAccepted);
-  EXPECT_EQ(Ubase::TokenTable::instance().count(), before);
+  EXPECT_EQ(base::TokenTable::instance().count(), before);
   EXPECT_FALSE(Token::find("NeverHeardOfThisWord"));
 }
 
@@ -289,4 +290,4 @@ TEST(RGBA, Channels) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

@@ -11,13 +11,14 @@
 #include "vantry/plot/values/value_parsers.h"
 #include "vantry/plot/values/variants.h"
 
-namespace PlotDomTest {
+namespace vantry::plot::test {
 namespace {
 
-using namespace PlotDom;
-using Ubase::FixedString;
-using Ubase::Token;
-namespace Word = Ubase::Word;
+using namespace vantry;
+using namespace vantry::plot;
+using base::FixedString;
+using base::Token;
+namespace Word = base::Word;
 
 template <class PutXml, class Value>
 std::string xml(const Value& value) {
@@ -44,7 +45,7 @@ TEST(PutXml, Numbers) {
   EXPECT_EQ(xml<PutDouble>(0.1), "0.1");
   EXPECT_EQ(xml<PutDouble>(1234567.0), "1.23457e+06");
   EXPECT_EQ(xml<PutDouble>(-0.0), "-0");
-  EXPECT_EQ(xml<PutDouble>(PlotDom::nan), "nan");
+  EXPECT_EQ(xml<PutDouble>(plot::nan), "nan");
   EXPECT_EQ(xml<PutDouble>(-infinity), "-inf");
 }
 
@@ -75,7 +76,7 @@ TEST(PutXml, Colors) {
 
 TEST(PutXml, Points) {
   EXPECT_EQ(xml<GenericPutXml<P2>>(P2{1.5, -2}), "1.5 -2");
-  EXPECT_EQ(xml<GenericPutXml<P3>>(P3{0.125, 1e10, PlotDom::nan}), "0.125 1e+10 nan");
+  EXPECT_EQ(xml<GenericPutXml<P3>>(P3{0.125, 1e10, plot::nan}), "0.125 1e+10 nan");
 }
 
 TEST(PutXml, Fonts) {
@@ -171,4 +172,4 @@ TEST(CmdWriter, ItemsStandOnLinesOfTheirOwn) {
 }
 
 }  // namespace
-}  // namespace PlotDomTest
+}  // namespace vantry::plot::test

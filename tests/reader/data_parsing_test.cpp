@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace PlotDom;
+using namespace vantry::plot;
 
 std::string inPlane(const std::string& primitive) {
   return "<Canvas><Scene2d><CoordinateSystem2d><Obj2d Type=\"x\"><Img2d>" + primitive +

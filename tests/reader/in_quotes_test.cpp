@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace PlotDom {
+namespace vantry::reader {
 
 namespace {
 
@@ -24,4 +24,4 @@ TEST(InQuotes, CutsALongTextBetweenCharacters) {
 
 }  // namespace
 
-}  // namespace PlotDom
+}  // namespace vantry::reader

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-namespace Xml {
+namespace vantry::reader {
 
 namespace {
 
@@ -106,4 +106,4 @@ TEST(Namespaces, ForgetTheAddressOfATextThatWasMoved) {
 
 }  // namespace
 
-}  // namespace Xml
+}  // namespace vantry::reader

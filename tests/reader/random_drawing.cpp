@@ -10,8 +10,9 @@
 #include "vantry/plot/framework/point_list.h"
 #include "vantry/plot/values/variants.h"
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using vantry::base::Ref;
 
 namespace {
 
@@ -20,7 +21,7 @@ const std::vector<Token>& propertyNames(const PlotElement& element) {
   static std::map<Token, std::vector<Token>> namesOfClass;
   const auto [known, isNew] = namesOfClass.try_emplace(element.tagName());
   if (isNew) {
-    std::copy_if(Ubase::wordTokens.begin(), Ubase::wordTokens.end(),
+    std::copy_if(base::wordTokens.begin(), base::wordTokens.end(),
                  std::back_inserter(known->second),
                  [&](Token name) { return element.findProperty(name) != nullptr; });
   }
@@ -61,14 +62,14 @@ std::string RandomDrawing::line() {
   return line;
 }
 
-Token RandomDrawing::word() { return Ubase::tokenById(1 + below(Ubase::wordCount)); }
+Token RandomDrawing::word() { return base::tokenById(1 + below(base::wordCount)); }
 
 Variant RandomDrawing::value(const Variant& like) {
   static constexpr int integers[] = {-1, 0, 1, 2, 3, 4};
-  if (like.as<Ubase::BoolVariant>()) return Ubase::BoolVariant(oneIn(2));
-  if (like.as<Ubase::LongVariant>()) return Ubase::LongVariant(oneOf(integers));
-  if (like.as<Ubase::TokenVariant>()) return Ubase::TokenVariant(word());
-  if (like.as<Ubase::FixedStringVariant>()) return Ubase::FixedStringVariant(line().c_str());
+  if (like.as<base::BoolVariant>()) return base::BoolVariant(oneIn(2));
+  if (like.as<base::LongVariant>()) return base::LongVariant(oneOf(integers));
+  if (like.as<base::TokenVariant>()) return base::TokenVariant(word());
+  if (like.as<base::FixedStringVariant>()) return base::FixedStringVariant(line().c_str());
   if (like.as<RGBAVariant>()) return RGBAVariant(color());
   if (like.as<P2Variant>()) return P2Variant({number(), number()});
   if (like.as<P3Variant>()) return P3Variant({number(), number(), number()});
@@ -78,7 +79,7 @@ Variant RandomDrawing::value(const Variant& like) {
     return FontStyleVariant(
         {oneOf(families), 1 + below(40), oneIn(2), color(), oneIn(2), oneOf(alignments)});
   }
-  return Ubase::DoubleVariant(oneIn(8) ? PlotDom::nan : number());
+  return base::DoubleVariant(oneIn(8) ? plot::nan : number());
 }
 
 void RandomDrawing::setAttributes(PlotElement& element) {
@@ -95,7 +96,7 @@ void RandomDrawing::setAttributes(PlotElement& element) {
 
 void RandomDrawing::addText(PlotElement& element) {
   for (int i = below(3); i > 0; --i) {
-    const Ref<Arbor::Node> node = document_->createTextNode(text().c_str());
+    const Ref<dom::Node> node = document_->createTextNode(text().c_str());
     if (element.canReplaceChildren(nullptr, 0, node.get())) element.appendChild(node.get());
   }
 }
@@ -134,7 +135,7 @@ void RandomDrawing::addChildren(PlotElement& element) {
   addText(element);
   addData(element);
   if (dynamic_cast<PrimitiveBase*>(&element)) return;
-  for (Arbor::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+  for (dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
     if (PlotElement* made = PlotElement::from(child)) addText(*made);
   }
   std::vector<Token> names = elementNames();

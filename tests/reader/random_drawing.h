@@ -16,12 +16,12 @@ class RandomDrawing {
   explicit RandomDrawing(unsigned seed);
   ~RandomDrawing() { document_->tearDown(); }
 
-  PlotDom::PlotDocument& document() { return *document_; }
+  vantry::plot::PlotDocument& document() { return *document_; }
 
  private:
-  using Token = PlotDom::Token;
-  using Variant = PlotDom::Variant;
-  using PlotElement = PlotDom::PlotElement;
+  using Token = vantry::plot::Token;
+  using Variant = vantry::plot::Variant;
+  using PlotElement = vantry::plot::PlotElement;
 
   int below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
   bool oneIn(int count) { return below(count) == 0; }
@@ -31,7 +31,7 @@ class RandomDrawing {
   }
 
   double number();
-  PlotDom::RGBA color();
+  vantry::plot::RGBA color();
   std::string text();
   std::string line();
   Token word();
@@ -43,6 +43,6 @@ class RandomDrawing {
   void addChildren(PlotElement& element);
 
   std::mt19937 random_;
-  Ubase::Ref<PlotDom::PlotDocument> document_{new PlotDom::PlotDocument};
+  vantry::base::Ref<vantry::plot::PlotDocument> document_{new vantry::plot::PlotDocument};
   int elementsLeft_ = 600;
 };

@@ -20,7 +20,7 @@ class Reading {
     messages().clear();
     document_->setErrorReporter(&note);
     handler_.emplace(document_.get(), ignoreIds, &note);
-    Xml::Parser parser(&*handler_, true, nullptr);
+    vantry::reader::Parser parser(&*handler_, true, nullptr);
     try {
       for (bool isLast = false; !isLast;) {
         const std::string_view block = text.substr(0, 512);
@@ -28,7 +28,7 @@ class Reading {
         if (!parser.parse(block.data(), static_cast<int>(block.size()), isLast)) ++failures_;
         text.remove_prefix(block.size());
       }
-    } catch (const Arbor::DomException& error) {
+    } catch (const vantry::dom::DomException& error) {
       code_ = error.code();
       what_ = error.what();
     }
@@ -38,7 +38,7 @@ class Reading {
     document_->tearDown();
   }
 
-  PlotDom::PlotDocument& document() { return *document_; }
+  vantry::plot::PlotDocument& document() { return *document_; }
 
   /// How many blocks the XML parser refused.
   int failures() const { return failures_; }
@@ -62,7 +62,7 @@ class Reading {
   /// The first element with that name, in document order, as a `T`.
   template <class T>
   const T& first() {
-    const Arbor::Node* node = document_->documentElement();
+    const vantry::dom::Node* node = document_->documentElement();
     while (node && node->nodeName() != T::tag) node = next(node);
     return static_cast<const T&>(*node);
   }
@@ -80,14 +80,14 @@ class Reading {
     return length;
   }
 
-  static const Arbor::Node* next(const Arbor::Node* node) {
+  static const vantry::dom::Node* next(const vantry::dom::Node* node) {
     if (node->firstChild()) return node->firstChild();
     while (node && !node->nextSibling()) node = node->parent();
     return node ? node->nextSibling() : nullptr;
   }
 
-  Ubase::Ref<PlotDom::PlotDocument> document_{new PlotDom::PlotDocument};
-  std::optional<PlotDom::ZrdParserHandler> handler_;
+  vantry::base::Ref<vantry::plot::PlotDocument> document_{new vantry::plot::PlotDocument};
+  std::optional<vantry::reader::ZrdParserHandler> handler_;
   int failures_ = 0;
   int code_ = 0;
   std::string what_;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Xml {
+namespace vantry::reader {
 
 namespace {
 
@@ -51,4 +51,4 @@ TEST(RecentNames, TellNamespacesApart) {
 
 }  // namespace
 
-}  // namespace Xml
+}  // namespace vantry::reader

@@ -11,14 +11,14 @@
 
 /// Knows the names that begin with a small letter, gives them codes in the order of their first
 /// appearance and logs each call. Text is collected in the elements named "text".
-class RecordingHandler : public Xml::SimpleDataHandler {
+class RecordingHandler : public vantry::reader::SimpleDataHandler {
  public:
   std::string log;
 
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
-                    const Xml::AttributeList& attributes) override {
+                    const vantry::reader::AttributeList& attributes) override {
     log.append("<").append(name(namespaceId, elementId));
-    for (const Xml::Attribute& attribute : attributes) {
+    for (const vantry::reader::Attribute& attribute : attributes) {
       log.append(" ").append(name(attribute.namespaceId, attribute.attributeId));
       log.append("=").append(attribute.value);
     }
@@ -73,7 +73,8 @@ class RecordingHandler : public Xml::SimpleDataHandler {
 };
 
 /// Feeds `document` in blocks of `blockSize` bytes and an empty final one, up to the first failure.
-inline bool parseInBlocks(Xml::Parser& parser, std::string_view document, std::size_t blockSize) {
+inline bool parseInBlocks(vantry::reader::Parser& parser, std::string_view document,
+                          std::size_t blockSize) {
   for (std::size_t at = 0; at < document.size(); at += blockSize) {
     const std::string_view block = document.substr(at, blockSize);
     if (!parser.parse(block.data(), static_cast<int>(block.size()), false)) return false;

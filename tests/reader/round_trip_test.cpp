@@ -12,7 +12,7 @@
 namespace {
 
 /// Writes with so many digits: 17 are enough for every double.
-std::string xmlOf(const PlotDom::PlotDocument& document, int digits) {
+std::string xmlOf(const vantry::plot::PlotDocument& document, int digits) {
   std::ostringstream out;
   out.precision(digits);
   document.writeXml(out);
@@ -21,7 +21,7 @@ std::string xmlOf(const PlotDom::PlotDocument& document, int digits) {
 
 class RoundTrip : public AllLettersTest {
  protected:
-  static void expectReadable(PlotDom::PlotDocument& document) {
+  static void expectReadable(vantry::plot::PlotDocument& document) {
     Reading exact(xmlOf(document, 17), false);
     ASSERT_EQ(exact.code(), 0) << exact.complaints();
     ASSERT_EQ(exact.failures(), 0);
@@ -50,12 +50,13 @@ TEST_F(RoundTrip, OfGeneratedDrawingsGivesTheSameTree) {
     SCOPED_TRACE(seed);
     RandomDrawing drawing(seed);
     expectReadable(drawing.document());
-    Arbor::walkSubtree<Arbor::Node>(*drawing.document().documentElement(), [&](Arbor::Node& node) {
-      names.insert(node.nodeName().str());
-      return true;
-    });
+    vantry::dom::walkSubtree<vantry::dom::Node>(*drawing.document().documentElement(),
+                                                [&](vantry::dom::Node& node) {
+                                                  names.insert(node.nodeName().str());
+                                                  return true;
+                                                });
   }
-  for (const PlotDom::Token name : PlotDom::elementNames()) {
+  for (const vantry::plot::Token name : vantry::plot::elementNames()) {
     EXPECT_TRUE(names.count(name.str())) << name.str() << " was in no drawing";
   }
 }

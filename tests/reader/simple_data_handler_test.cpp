@@ -11,14 +11,15 @@ namespace {
 
 /// Collects the text of every element but those named "plain", keeps the pieces, and shows at each
 /// end what there is.
-class Collector : public Xml::SimpleDataHandler {
+class Collector : public vantry::reader::SimpleDataHandler {
  public:
   std::vector<std::string> pieces;
   std::vector<std::string> texts;
   bool trims = false;
   bool dropsReturns = false;
 
-  void startElement(std::uint32_t, std::uint32_t elementId, const Xml::AttributeList&) override {
+  void startElement(std::uint32_t, std::uint32_t elementId,
+                    const vantry::reader::AttributeList&) override {
     if (elementId != 0) collectText();
   }
 
@@ -47,7 +48,7 @@ class Collector : public Xml::SimpleDataHandler {
   }
 
   void parse(const std::vector<std::string>& blocks) {
-    Xml::Parser parser(this, true, nullptr);
+    vantry::reader::Parser parser(this, true, nullptr);
     for (const std::string& block : blocks) {
       ASSERT_TRUE(parser.parse(block.data(), static_cast<int>(block.size()), false));
     }

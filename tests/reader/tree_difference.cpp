@@ -10,11 +10,12 @@
 
 namespace {
 
-using namespace PlotDom;
+using namespace vantry;
+using namespace vantry::plot;
 
 std::string textOf(const PlotElement& element) {
   std::string text;
-  for (const Arbor::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
     if (child->asText() && child->nodeValue()) text += child->nodeValue();
   }
   return text;
@@ -32,7 +33,7 @@ bool isNeverWritten(const PlotElement& element) {
 
 std::vector<const PlotElement*> elementsOf(const PlotElement& parent) {
   std::vector<const PlotElement*> elements;
-  for (const Arbor::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
+  for (const dom::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
     const PlotElement* element = PlotElement::from(child);
     if (element && !isNeverWritten(*element)) elements.push_back(element);
   }
@@ -69,7 +70,7 @@ bool hasSameAttribute(const PlotElement& a, const PlotElement& b, Token name) {
 std::string differenceOf(const PlotElement& a, const PlotElement& b) {
   const std::string place = std::string("/") + a.tagName().str();
   if (a.tagName() != b.tagName()) return place + " became " + b.tagName().str();
-  for (const Token name : Ubase::wordTokens) {
+  for (const Token name : base::wordTokens) {
     if (name != Word::Id && !hasSameAttribute(a, b, name)) return place + "@" + name.str();
   }
   if (textOf(a) != textOf(b)) return place + ": '" + textOf(a) + "' became '" + textOf(b) + "'";

@@ -9,4 +9,4 @@
 /// there is none. What is never written counts for nothing: ids, and matrices, colour functions and
 /// text orientations whose first expression is blank. Nor does it count in how many nodes a text
 /// lies.
-std::string differenceOf(const PlotDom::PlotElement& a, const PlotDom::PlotElement& b);
+std::string differenceOf(const vantry::plot::PlotElement& a, const vantry::plot::PlotElement& b);

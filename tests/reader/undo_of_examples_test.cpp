@@ -11,8 +11,9 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using vantry::base::Ref;
 
 /// What a property counts for in an element: its resolved value, and whether that is its own.
 struct ResolvedValue {
@@ -78,7 +79,7 @@ class UndoOfAnExample : public AllLettersTest,
   /// The values of all properties of all elements, in document order.
   std::vector<ResolvedValue> resolvedValues() {
     std::vector<ResolvedValue> values;
-    Arbor::walkSubtree<Arbor::Node>(root(), [&](Arbor::Node& node) {
+    dom::walkSubtree<dom::Node>(root(), [&](dom::Node& node) {
       if (const PlotElement* element = PlotElement::from(&node)) {
         for (const Token name : propertyNames_.of(*element)) {
           values.push_back(resolvedValue(*element, name));

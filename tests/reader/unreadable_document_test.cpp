@@ -15,8 +15,9 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using vantry::base::Ref;
 
 /// A canvas with a scene and a coordinate system of each dimension, and the parts of a drawing in
 /// them. All of it can be written.
@@ -49,7 +50,7 @@ class Drawing {
   std::string uncheckedXml() const {
     std::ostringstream out;
     out.precision(17);
-    document->Arbor::Document::writeXml(out);
+    document->dom::Document::writeXml(out);
     return out.str();
   }
 
@@ -71,7 +72,7 @@ struct Unreadable {
   std::function<void(Drawing&)> make;
 };
 
-Ubase::TokenVariant word(const char* text) { return Token(text, true); }
+base::TokenVariant word(const char* text) { return Token(text, true); }
 
 /// Puts the children in without a check.
 void force(PlotElement& parent, const Ref<PlotElement>& child) {
@@ -118,8 +119,8 @@ const Unreadable unreadable[] = {
     {"TextsAndElementsTogether", "children that cannot be written [node 'Title']",
      [](Drawing& d) {
        PlotElement* title = d.add(*d.object, Word::Title);
-       const Ref<Arbor::Node> fragment(d.document->createDocumentFragment());
-       fragment->appendChild(Ref<Arbor::Node>(d.document->createTextNode("x")).get());
+       const Ref<dom::Node> fragment(d.document->createDocumentFragment());
+       fragment->appendChild(Ref<dom::Node>(d.document->createTextNode("x")).get());
        fragment->appendChild(d.make(Word::Hints).get());
        title->appendChild(fragment.get());
      }},
@@ -164,8 +165,8 @@ TEST_P(UnreadableDocument, IsNotWritten) {
   try {
     drawing.document->writeXml(out);
     ADD_FAILURE() << "it was written";
-  } catch (const Arbor::DomException& error) {
-    EXPECT_EQ(error.code(), Arbor::DomException::InvalidState);
+  } catch (const dom::DomException& error) {
+    EXPECT_EQ(error.code(), dom::DomException::InvalidState);
   }
   EXPECT_EQ(lastComplaint, GetParam().complaint + std::string("\n"));
   EXPECT_EQ(out.str(), "before");
@@ -180,8 +181,8 @@ class WrittenDocument : public AllLettersTest {
     std::ostringstream out;
     try {
       drawing.document->writeXml(out);
-    } catch (const Arbor::DomException& error) {
-      EXPECT_EQ(error.code(), Arbor::DomException::InvalidState);
+    } catch (const dom::DomException& error) {
+      EXPECT_EQ(error.code(), dom::DomException::InvalidState);
       EXPECT_EQ(out.str(), "");
       return false;
     }
@@ -239,8 +240,8 @@ TEST_F(WrittenDocument, MayLackWhatIsNotWrittenAnyway) {
 
 TEST_F(WrittenDocument, DoesNotDependOnTheStateOfTheStream) {
   Drawing drawing;
-  drawing.object->setAttribute(Word::LineWidth, Ubase::DoubleVariant(1e-7));
-  drawing.object->setAttribute(Word::XMesh, Ubase::LongVariant(1234567));
+  drawing.object->setAttribute(Word::LineWidth, base::DoubleVariant(1e-7));
+  drawing.object->setAttribute(Word::XMesh, base::LongVariant(1234567));
   std::stringstream plain;
   const std::string expected = xmlOf(drawing, plain);
   EXPECT_NE(expected.find("LineWidth=\"1e-07\""), std::string::npos) << expected;
@@ -272,16 +273,16 @@ TEST_F(WrittenDocument, GivesBackEachFontThatTheModelTakes) {
 // An attribute has one line; in a text only the end of a line is always the same character.
 TEST_F(WrittenDocument, GivesTabsAndLinesInAttributesBackAsBlanks) {
   Drawing drawing;
-  drawing.object->setAttribute(Word::Name, Ubase::FixedStringVariant("a\tb\nc\rd"));
+  drawing.object->setAttribute(Word::Name, base::FixedStringVariant("a\tb\nc\rd"));
   PlotElement* header = drawing.add(*drawing.canvas, Word::Header);
-  header->appendChild(Ref<Arbor::Node>(drawing.document->createTextNode("a\tb\nc\rd")).get());
+  header->appendChild(Ref<dom::Node>(drawing.document->createTextNode("a\tb\nc\rd")).get());
   std::stringstream out;
   Reading again(xmlOf(drawing, out));
   const PlotElement* scene =
       PlotElement::from(again.document().documentElement()->firstChildByName(Word::Scene2d));
   const PlotElement* object = PlotElement::from(scene->firstChild()->firstChild());
-  EXPECT_EQ(object->getAttribute(Word::Name), Ubase::FixedStringVariant("a b c d"));
-  const Arbor::Node* text =
+  EXPECT_EQ(object->getAttribute(Word::Name), base::FixedStringVariant("a b c d"));
+  const dom::Node* text =
       again.document().documentElement()->firstChildByName(Word::Header)->firstChild();
   EXPECT_STREQ(text->nodeValue(), "a\tb\nc\nd");
 }

@@ -30,13 +30,13 @@ const XML_Memory_Handling_Suite memory = {
 /// The events of a document that is passed as one block.
 std::string eventsOf(std::string_view document, bool namespaces = true) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, namespaces, nullptr);
+  vantry::reader::Parser parser(&handler, namespaces, nullptr);
   EXPECT_TRUE(parser.parse(document.data(), static_cast<int>(document.size()), true));
   EXPECT_FALSE(handler.isSkipping());
   return handler.log;
 }
 
-bool parseWhole(Xml::Parser& parser, std::string_view document) {
+bool parseWhole(vantry::reader::Parser& parser, std::string_view document) {
   return parser.parse(document.data(), static_cast<int>(document.size()), true);
 }
 
@@ -107,7 +107,7 @@ TEST(XmlParser, ValuesAndTextAreUtf8WhateverTheDocumentUses) {
 
 TEST(XmlParser, GivenEncodingOverrulesTheDeclaredOne) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, "ISO-8859-1");
+  vantry::reader::Parser parser(&handler, true, "ISO-8859-1");
   EXPECT_TRUE(parseWhole(parser, "<?xml version='1.0' encoding='UTF-8'?><text>\xe9</text>"));
   EXPECT_EQ(handler.log, "<text>'\xc3\xa9'</text>");
 }
@@ -122,7 +122,7 @@ TEST(XmlParser, EveryBlockSizeGivesTheSameEvents) {
             "<{urn:one}b y=\xc3\xa9></{urn:one}b></{urn:one}a>");
   for (std::size_t blockSize = 1; blockSize <= document.size(); ++blockSize) {
     RecordingHandler handler;
-    Xml::Parser parser(&handler, true, nullptr);
+    vantry::reader::Parser parser(&handler, true, nullptr);
     EXPECT_TRUE(parseInBlocks(parser, document, blockSize));
     EXPECT_EQ(handler.log, whole) << "blocks of " << blockSize;
   }
@@ -130,7 +130,7 @@ TEST(XmlParser, EveryBlockSizeGivesTheSameEvents) {
 
 TEST(XmlParser, EmptyFinalBlockEndsADocument) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_TRUE(parser.parse("<a></a>", 7, false));
   EXPECT_TRUE(parser.parse("", 0, true));
   EXPECT_EQ(parser.errorCode(), XML_ERROR_NONE);
@@ -138,7 +138,7 @@ TEST(XmlParser, EmptyFinalBlockEndsADocument) {
 
 TEST(XmlParser, EmptyFinalBlockFindsTheDocumentCutOff) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_TRUE(parser.parse("<a>", 3, false));
   EXPECT_FALSE(parser.parse("", 0, true));
   EXPECT_EQ(parser.errorCode(), XML_ERROR_NO_ELEMENTS);
@@ -147,7 +147,7 @@ TEST(XmlParser, EmptyFinalBlockFindsTheDocumentCutOff) {
 
 TEST(XmlParser, EmptyDocumentFails) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_FALSE(parser.parse("", 0, true));
   EXPECT_EQ(parser.errorCode(), XML_ERROR_NO_ELEMENTS);
   EXPECT_EQ(handler.log, "failed;");
@@ -155,7 +155,7 @@ TEST(XmlParser, EmptyDocumentFails) {
 
 TEST(XmlParser, ErrorTellsItsPlace) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_FALSE(parseWhole(parser, "<a>\n  <b></c>\n</a>"));
   EXPECT_EQ(parser.errorCode(), XML_ERROR_TAG_MISMATCH);
   EXPECT_EQ(parser.lineNumber(), 2);
@@ -165,7 +165,7 @@ TEST(XmlParser, ErrorTellsItsPlace) {
 
 TEST(XmlParser, StandsAtTheStartBeforeAnyBlock) {
   RecordingHandler handler;
-  const Xml::Parser parser(&handler, true, nullptr);
+  const vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_EQ(parser.errorCode(), XML_ERROR_NONE);
   EXPECT_EQ(parser.lineNumber(), 1);
   EXPECT_EQ(parser.columnNumber(), 0);
@@ -173,7 +173,7 @@ TEST(XmlParser, StandsAtTheStartBeforeAnyBlock) {
 
 TEST(XmlParser, EveryBlockAfterAnErrorFailsAgain) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_FALSE(parser.parse("<a></b>", 7, false));
   EXPECT_FALSE(parser.parse("<c></c>", 7, false));
   EXPECT_FALSE(parser.parse("", 0, true));
@@ -190,7 +190,7 @@ TEST(XmlParser, AfterItRanOutOfMemoryEveryBlockFails) {
   bool isEnough = false;
   for (long allocations = 0; !isEnough; ++allocations) {
     RecordingHandler handler;
-    Xml::Parser parser(&handler, true, nullptr);
+    vantry::reader::Parser parser(&handler, true, nullptr);
     allocationsToCome = allocations;
     isEnough = parseInBlocks(parser, document, 512);
     allocationsToCome = everything;
@@ -226,7 +226,7 @@ std::string withDefaults(std::size_t size, int elements) {
 
 TEST(XmlParser, DefaultAttributesAreTakenUpToAMegabyte) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_TRUE(parseInBlocks(parser, withDefaults(10'000, 100), 512));
   EXPECT_TRUE(handler.log.ends_with("<b x=" + std::string(10'000, 'x') + "></b></a>"));
 }
@@ -236,7 +236,7 @@ TEST(XmlParser, DefaultAttributesAreTakenUpToTenTimesTheDocument) {
   const std::string name = "x";
   for (const std::size_t size : {30u, 34u, 36u, 60u}) {
     RecordingHandler handler;
-    Xml::Parser parser(&handler, true, nullptr);
+    vantry::reader::Parser parser(&handler, true, nullptr);
     EXPECT_EQ(parseInBlocks(parser, withDefaults(size - name.size(), 100'000), 512),
               4 * 10 >= 4 + size)
         << size;
@@ -255,7 +255,7 @@ TEST(XmlParser, MoreDefaultAttributesAreRefusedLikeMoreEntities) {
                                  "</a>";
   for (const std::string& document : {byDefaults, byEntities}) {
     RecordingHandler handler;
-    Xml::Parser parser(&handler, true, nullptr);
+    vantry::reader::Parser parser(&handler, true, nullptr);
     EXPECT_FALSE(parseInBlocks(parser, document, 512));
     EXPECT_EQ(parser.errorCode(), XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
     EXPECT_EQ(parser.lineNumber(), 1);
@@ -276,7 +276,7 @@ TEST(XmlParser, DefaultsCountOfSkippedElementsAndOfNamespacesToo) {
         "<!DOCTYPE a [<!ATTLIST " + attribute + " CDATA '" + std::string(10'000, 'x') + "'>]><a>";
     for (int i = 0; i < 1000; ++i) document.append("<").append(attribute, 0, 1).append("/>");
     RecordingHandler handler;
-    Xml::Parser parser(&handler, true, nullptr);
+    vantry::reader::Parser parser(&handler, true, nullptr);
     EXPECT_FALSE(parseInBlocks(parser, document + "</a>", 512)) << attribute;
     EXPECT_EQ(parser.errorCode(), XML_ERROR_AMPLIFICATION_LIMIT_BREACH) << attribute;
   }
@@ -289,7 +289,7 @@ namespace {
 /// The block in which the parser finds the error, and the one that shows it; blocks have 512 bytes.
 std::pair<std::int64_t, std::int64_t> blocksOfError(const std::string& document) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   std::int64_t blocks = 0;
   for (std::size_t at = 0;; at += 512) {
     const std::string block = document.substr(at, 512);
@@ -349,7 +349,7 @@ TEST(XmlParser, TellsThatTheEndIsWrong) {
 
 TEST(XmlParser, UnknownEncodingFails) {
   RecordingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_FALSE(parseWhole(parser, "<?xml version='1.0' encoding='x-none'?><a/>"));
   EXPECT_EQ(parser.errorCode(), XML_ERROR_UNKNOWN_ENCODING);
   EXPECT_EQ(handler.log, "failed;");
@@ -358,7 +358,7 @@ TEST(XmlParser, UnknownEncodingFails) {
 TEST(XmlParser, WithoutExpatEveryBlockFails) {
   RecordingHandler handler;
   refuseToCreate = true;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   refuseToCreate = false;
   EXPECT_FALSE(parser.parse("<a/>", 4, false));
   EXPECT_FALSE(parser.parse("", 0, true));
@@ -369,9 +369,9 @@ TEST(XmlParser, WithoutExpatEveryBlockFails) {
 }
 
 TEST(XmlParser, WithoutHandlerOnlyTheResultTells) {
-  Xml::Parser good(nullptr, true, nullptr);
+  vantry::reader::Parser good(nullptr, true, nullptr);
   EXPECT_TRUE(parseWhole(good, "<a><b x='1'>text</b></a>"));
-  Xml::Parser bad(nullptr, true, nullptr);
+  vantry::reader::Parser bad(nullptr, true, nullptr);
   EXPECT_FALSE(parseWhole(bad, "<a>"));
 }
 
@@ -385,7 +385,7 @@ class ThrowingHandler : public RecordingHandler {
   explicit ThrowingHandler(ThrowAt place) : place_(place) {}
 
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
-                    const Xml::AttributeList& attributes) override {
+                    const vantry::reader::AttributeList& attributes) override {
     throwAt(ThrowAt::start, !attributes.empty());
     RecordingHandler::startElement(namespaceId, elementId, attributes);
   }
@@ -424,20 +424,20 @@ TEST(XmlParser, AHandlerMayBeginToSkipByItself) {
   class SkippingHandler : public RecordingHandler {
    public:
     void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
-                      const Xml::AttributeList& attributes) override {
+                      const vantry::reader::AttributeList& attributes) override {
       RecordingHandler::startElement(namespaceId, elementId, attributes);
       if (!attributes.empty()) enterSkipped();
     }
   };
   SkippingHandler handler;
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   parseWhole(parser, "<a><b x='1'><c/></b><d/></a>");
   EXPECT_EQ(handler.log, "<a><b x=1><d></d></a>");
 }
 
 TEST_P(XmlParserThrows, ExceptionOfTheHandlerLeavesParse) {
   ThrowingHandler handler(GetParam());
-  Xml::Parser parser(&handler, true, nullptr);
+  vantry::reader::Parser parser(&handler, true, nullptr);
   try {
     parseWhole(parser, "\n<a><b x='1'>t</b><c/></a>\n</oops>");
     FAIL() << "nothing was thrown";
@@ -461,7 +461,7 @@ INSTANTIATE_TEST_SUITE_P(EveryCall, XmlParserThrows,
 
 TEST(XmlParser, ExceptionReachesTheCallerThroughAPieceThatExpatConverts) {
   ThrowingHandler handler(ThrowAt::text);
-  Xml::Parser parser(&handler, true, "ISO-8859-1");
+  vantry::reader::Parser parser(&handler, true, "ISO-8859-1");
   const std::string document = "<text>" + std::string(5000, '\xe9') + "</text>";
   EXPECT_THROW(parseWhole(parser, document), std::runtime_error);
   EXPECT_EQ(handler.log, "<text>");

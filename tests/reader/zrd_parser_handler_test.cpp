@@ -14,8 +14,10 @@
 
 namespace {
 
-using namespace PlotDom;
-using Arbor::DomException;
+using namespace vantry;
+using namespace vantry::plot;
+using namespace vantry::reader;
+using vantry::dom::DomException;
 
 // A document around the content of a 2d coordinate system.
 std::string plane(const std::string& content) {
@@ -32,10 +34,10 @@ std::string space(const std::string& content) {
          "</CoordinateSystem3d></Scene3d></Canvas>";
 }
 
-const char* textOf(const Arbor::Node& element) { return element.firstChild()->nodeValue(); }
+const char* textOf(const dom::Node& element) { return element.firstChild()->nodeValue(); }
 
 TEST(ZrdParserHandler, GivesTheDocumentAnEmptyCanvasAndOpensABatch) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   {
     ZrdParserHandler handler(document.get(), true, nullptr);
     ASSERT_TRUE(document->documentElement());
@@ -80,7 +82,7 @@ TEST(ZrdParserHandler, IgnoresIdsUnlessAskedToKeepThem) {
   EXPECT_FALSE(Reading(text).first<Obj2d>().hasAttribute(Word::Id));
   Reading keeping(text, false);
   const Variant id = keeping.first<Obj2d>().getAttribute(Word::Id);
-  EXPECT_STREQ(id.as<Ubase::FixedStringVariant>()->get().c_str(), "a7");
+  EXPECT_STREQ(id.as<base::FixedStringVariant>()->get().c_str(), "a7");
 }
 
 TEST(ZrdParserHandler, ReplacesAUniqueChildByTheNextOfItsName) {
@@ -306,12 +308,12 @@ TEST(ZrdParserHandler, ThrowsTheTreeAwayWhenTheXmlIsBroken) {
 }
 
 TEST(ZrdParserHandler, GivesANewCanvasForEachBlockThatFails) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   {
     ZrdParserHandler handler(document.get(), true, nullptr);
-    Xml::Parser parser(&handler, true, nullptr);
+    reader::Parser parser(&handler, true, nullptr);
     EXPECT_FALSE(parser.parse("<<", 2, false));
-    const Ubase::Ref<Arbor::Node> first(document->firstChild());
+    const base::Ref<dom::Node> first(document->firstChild());
     EXPECT_FALSE(parser.parse("  ", 2, false));
     EXPECT_NE(document->firstChild(), first.get());
     EXPECT_EQ(document->length(), 1u);
@@ -320,8 +322,8 @@ TEST(ZrdParserHandler, GivesANewCanvasForEachBlockThatFails) {
 }
 
 TEST(ZrdParserHandler, KeepsTheRootThatADocumentHas) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
-  const Ubase::Ref<Arbor::Node> root(document->createElement(Word::Canvas));
+  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<dom::Node> root(document->createElement(Word::Canvas));
   document->appendChild(root.get());
   {
     ZrdParserHandler handler(document.get(), true, nullptr);
@@ -349,7 +351,7 @@ TEST(ZrdParserHandler, ReadsDeepAndLongDocumentsInProportionToTheirSize) {
 }
 
 TEST(ZrdParser, AnswersBadDataLikeBrokenXml) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   {
     ZrdParserHandler handler(document.get(), true, nullptr);
     ZrdParser parser(&handler, true, nullptr);
@@ -363,13 +365,13 @@ TEST(ZrdParser, AnswersBadDataLikeBrokenXml) {
 
 // As after broken XML, each further block fails and gives a new Canvas.
 TEST(ZrdParser, GoesOnFailingAfterBadData) {
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   {
     ZrdParserHandler handler(document.get(), true, nullptr);
     ZrdParser parser(&handler, true, nullptr);
     const std::string_view text = "<Canvas><Scene2d/><P2>1</P2>";
     EXPECT_FALSE(parser.parse(text.data(), static_cast<int>(text.size()), false));
-    const Ubase::Ref<Arbor::Node> canvas(document->documentElement());
+    const base::Ref<dom::Node> canvas(document->documentElement());
     EXPECT_FALSE(parser.parse("<Scene3d/></Canvas>", 19, true));
     EXPECT_NE(document->documentElement(), canvas.get());
     EXPECT_EQ(document->documentElement()->length(), 0u);
@@ -387,7 +389,7 @@ TEST(ZrdParser, LetsAllOtherExceptionsPass) {
     void parseFailed() override { ++failures; }
     int failures = 0;
   };
-  const Ubase::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<PlotDocument> document(new PlotDocument);
   {
     ThrowingHandler handler(document.get(), true, nullptr);
     ZrdParser parser(&handler, true, nullptr);

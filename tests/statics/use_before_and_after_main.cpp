@@ -20,8 +20,11 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using namespace vantry::reader;
+using namespace vantry::javaview;
+using vantry::base::Ref;
 
 /// Ends the process where something is not as it should be: a destructor cannot fail otherwise.
 void require(bool condition, const char* what) {
@@ -36,10 +39,10 @@ constexpr std::string_view source =
     "</CoordinateSystem2d></Scene2d></Canvas>";
 
 /// Counts the changes of children and of properties, each by a subscription of its own.
-class Counter : public Arbor::IDocObserver {
+class Counter : public dom::IDocObserver {
  public:
   explicit Counter(PlotDocument& document) : document_(document) {
-    document_.addObserver(this, Arbor::EventType::AfterReplaceChildren);
+    document_.addObserver(this, dom::EventType::AfterReplaceChildren);
     document_.addObserver(this, AfterPropertyChangeEvent::eventType());
   }
   ~Counter() override { document_.removeObserver(this); }
@@ -47,8 +50,8 @@ class Counter : public Arbor::IDocObserver {
   void observerDetached(Token) override {}
   void beforeBatch() override {}
   void afterBatch() override {}
-  void handleEvent(const Arbor::DomEvent& event) override {
-    if (event.type == Arbor::EventType::AfterReplaceChildren) ++changesOfChildren;
+  void handleEvent(const dom::DomEvent& event) override {
+    if (event.type == dom::EventType::AfterReplaceChildren) ++changesOfChildren;
     if (event.type == AfterPropertyChangeEvent::eventType()) ++changesOfProperties;
   }
 
@@ -62,14 +65,14 @@ class Counter : public Arbor::IDocObserver {
 Ref<PlotDocument> load() {
   const Ref<PlotDocument> document = new PlotDocument;
   ZrdParserHandler handler(document.get(), false, nullptr);
-  Xml::Parser parser(&handler, true, nullptr);
+  reader::Parser parser(&handler, true, nullptr);
   require(parser.parse(source.data(), static_cast<int>(source.size()), true), "it is read");
   return document;
 }
 
 const Line2d* lineIn(PlotDocument& document) {
   const Line2d* line = nullptr;
-  Arbor::walkSubtree<Arbor::Node>(*document.documentElement(), [&](Arbor::Node& node) {
+  dom::walkSubtree<dom::Node>(*document.documentElement(), [&](dom::Node& node) {
     if (node.nodeName() == Line2d::tag) line = static_cast<const Line2d*>(&node);
     return true;
   });
@@ -80,7 +83,7 @@ void editAndUndo(PlotDocument& document) {
   const Counter counter(document);
   PlotElement& canvas = *document.documentElement();
   document.startUndoGroup();
-  canvas.setPropertyValue(Word::Width, Ubase::DoubleVariant(99));
+  canvas.setPropertyValue(Word::Width, base::DoubleVariant(99));
   const Ref<PlotElement> style = document.createElement(Word::ObjStyle);
   style->setAttributeFromString(Word::Type, "Other");
   canvas.appendChild(style.get());
@@ -95,7 +98,7 @@ void writeTexts(PlotDocument& document) {
   document.writeXml(xml);
   require(xml.str().find("LineWidth=\"0.25\"") != std::string::npos, "it is written");
   std::ostringstream jvx;
-  JVXWriter(&document).write(jvx, PlotDom::nan);
+  JVXWriter(&document).write(jvx, plot::nan);
   require(jvx.str().ends_with("</jvx-model>\n"), "it is exported");
 }
 
@@ -113,7 +116,7 @@ void useTheModel() {
   require(Token("a word of a host", true) == Token("a word of a host", false),
           "words are interned");
   require(Mesh3d::propertyList().find(Word::UMesh) != nullptr, "a property list is filled");
-  require(FontStyle::standard().family == Ubase::FixedString("Times"), "there is a default font");
+  require(FontStyle::standard().family == base::FixedString("Times"), "there is a default font");
   require(propertyInfo(Word::Mesh3d) != nullptr, "properties are described");
   makeDefaultStyles();
   const Ref<PlotDocument> document = load();

@@ -24,8 +24,11 @@
 
 namespace {
 
-using namespace PlotDom;
-using Ubase::Ref;
+using namespace vantry;
+using namespace vantry::plot;
+using namespace vantry::reader;
+using namespace vantry::javaview;
+using vantry::base::Ref;
 
 constexpr unsigned threadCount = 8;
 
@@ -45,7 +48,7 @@ void onAllThreads(const std::function<void(unsigned)>& work) {
 Ref<PlotDocument> load(const std::string& text) {
   const Ref<PlotDocument> document = new PlotDocument;
   ZrdParserHandler handler(document.get(), false, nullptr);
-  Xml::Parser parser(&handler, true, nullptr);
+  reader::Parser parser(&handler, true, nullptr);
   EXPECT_TRUE(parser.parse(text.data(), static_cast<int>(text.size()), true));
   return document;
 }
@@ -61,7 +64,7 @@ template <class Writer>
 std::string exported(PlotDocument& document) {
   std::ostringstream out;
   try {
-    Writer(&document).write(out, PlotDom::nan);
+    Writer(&document).write(out, plot::nan);
   } catch (const JavaViewExportError& error) {
     out << error.what();
   }
@@ -79,7 +82,7 @@ std::string lifeOf(const std::string& text, unsigned seed) {
   document->startUndoGroup();
   for (int i = 0; i < 20; ++i) changes.changeSomething();
   const std::string changed = xmlOf(*document);
-  const Ref<Arbor::Node> copy = document->documentElement()->cloneNode(true);
+  const Ref<dom::Node> copy = document->documentElement()->cloneNode(true);
   document->undo();
   EXPECT_EQ(xmlOf(*document), loaded);
   document->redo();
@@ -115,7 +118,7 @@ TEST_F(DocumentsOfThreads, ShareTheirDefaults) {
   onAllThreads([&](unsigned) {
     for (int i = 0; i < 50; ++i) {
       const Ref<PlotDocument> document = load(label);
-      const Arbor::Node* node = document->documentElement();
+      const dom::Node* node = document->documentElement();
       while (node->firstChild()) node = node->firstChild();
       const auto& text = static_cast<const Text2d&>(*node->parent());
       const FontStyle copy = text.textFont();
@@ -146,12 +149,12 @@ TEST_F(DocumentsOfThreads, ShareTheDescriptionOfTheProperties) {
   std::array<std::string, threadCount> seen;
   onAllThreads([&](unsigned number) {
     for (const Token name : {Word::Mesh3d, Word::Canvas, Word::Text2d}) {
-      Arbor::walkSubtree<const Arbor::Node>(*propertyInfo(name), [&](const Arbor::Node& node) {
+      dom::walkSubtree<const dom::Node>(*propertyInfo(name), [&](const dom::Node& node) {
         const PlotElement& element = *PlotElement::from(&node);
         for (const Token property : {Word::Name, Word::Enum}) {
           if (!element.hasAttribute(property)) continue;
           const Variant value = element.getAttribute(property);
-          seen[number] += value.as<Ubase::FixedStringVariant>()->get().c_str();
+          seen[number] += value.as<base::FixedStringVariant>()->get().c_str();
         }
         return true;
       });
