@@ -20,24 +20,18 @@ base::Ref<dom::Element> PlotDocument::newElement(Token name) { return makeElemen
 
 bool PlotDocument::knowsClassOf(const dom::Node& node) const {
   const dom::Element* element = node.asElement();
-  if (!element || isOfItsClass(*element)) return true;
-  report("not of the class of its name '%s'\n", element->tagName().str());
-  return false;
+  return !element || isOfItsClass(*element) ||
+         refuse({RefusalKind::classNotOfItsName, nullptr, element->tagName().str()});
 }
 
 bool PlotDocument::canHoldText(const char* text) const {
-  if (isXmlText(text)) return true;
-  report("text with characters that XML does not have\n");
-  return false;
+  return isXmlText(text) || refuse({RefusalKind::textOutsideOfXml});
 }
 
 // Whether each element that would be written can be.
 bool PlotDocument::canBeWritten() const {
   const auto* root = elementCast<Canvas>(firstChild());
-  if (!root || !root->isWritten()) {
-    report("no canvas to be written\n");
-    return false;
-  }
+  if (!root || !root->isWritten()) return refuse({RefusalKind::noCanvas});
   bool canAll = true;
   dom::walkSubtree<const dom::Node>(*root, [&canAll](const dom::Node& node) {
     const PlotElement* element = PlotElement::from(&node);
@@ -56,7 +50,7 @@ std::ostream& PlotDocument::writeXml(std::ostream& out) const {
   Document::writeXml(text);
   const std::string_view written = text.view();
   if (!isXml(written)) {
-    report("word with characters that XML does not have\n");
+    refuse({RefusalKind::wordOutsideOfXml});
     throw dom::DomException(dom::DomException::InvalidState);
   }
   return out.write(written.data(), std::ssize(written));
@@ -97,13 +91,6 @@ double PlotDocument::nextTime(double time, bool forward) const {
   double result = nan;
   if (PlotElement* root = documentElement()) root->timeStep(time, forward, result);
   return result;
-}
-
-void PlotDocument::report(const char* format, ...) const {
-  va_list arguments;
-  va_start(arguments, format);
-  reportError(format, arguments);
-  va_end(arguments);
 }
 
 }  // namespace vantry::plot

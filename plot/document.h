@@ -71,7 +71,6 @@ class PlotDocument : public ElementDocument {
   base::Ref<dom::Element> newElement(Token name) override;
 
  private:
-  [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
   bool canBeWritten() const;
 
   StylePath stylePath_;

@@ -33,8 +33,7 @@ ColorArray2d::ColorArray2d(dom::Document* document) : ElementOf(document) {
 bool ColorArray2d::canBeWritten() const {
   const std::int64_t cells = std::int64_t{xMesh()} * yMesh();
   if (static_cast<std::int64_t>(colors.size()) < cells) {
-    report("colors missing [node '%s']\n", tagName().str());
-    return false;
+    return refuse(RefusalKind::colorsMissing);
   }
   return ElementOf::canBeWritten();
 }

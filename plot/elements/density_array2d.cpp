@@ -36,8 +36,7 @@ DensityArray2d::DensityArray2d(dom::Document* document) : ElementOf(document) {
 bool DensityArray2d::canBeWritten() const {
   const std::int64_t cells = std::int64_t{xMesh()} * yMesh();
   if (static_cast<std::int64_t>(values.size()) < cells) {
-    report("values missing [node '%s']\n", tagName().str());
-    return false;
+    return refuse(RefusalKind::valuesMissing);
   }
   return ElementOf::canBeWritten();
 }

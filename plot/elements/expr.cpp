@@ -13,7 +13,7 @@ using dom::DomException;
 void Expr::setAttributeFromString(Token name, const char* text) {
   requireName(name);
   if (*text == '\0') {
-    report("empty option name\n");
+    refuse(RefusalKind::emptyOptionName);
     throw DomException(DomException::InvalidAccess);
   }
   setAttribute(name, base::TokenVariant(Token(text, true)));
@@ -28,7 +28,7 @@ void VExpr::setAttributeFromString(Token name, const char* text) {
   requireName(name);
   double number = nan;
   if (!base::scanDouble(text, number)) {
-    report("illegal value string [Val='%s']\n", text);
+    refuse(RefusalKind::illegalNumber, name, text);
     throw DomException(DomException::InvalidAccess);
   }
   setAttribute(name, base::DoubleVariant(number));

@@ -58,7 +58,7 @@ class WithAttribute : public Base {
 
   void requireName(Token key) const {
     if (key == attributeName) return;
-    this->report("illegal attribute '%s'\n", key.str());
+    this->refuse(RefusalKind::foreignAttribute, key);
     throw dom::DomException(dom::DomException::InvalidAccess);
   }
 

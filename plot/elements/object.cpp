@@ -71,11 +71,10 @@ const Property* Obj2d::findProperty(Token name) const {
 
 bool Obj3d::canSetAttribute(Token name, const Variant& value) const {
   if (!ElementOf::canSetAttribute(name, value)) return false;
-  if (name != Word::Type || !parent() || !isElementOf<Group3d, Transform3d>(*parent())) return true;
+  const auto* group = elementCast<PlotElement, Group3d, Transform3d>(parent());
+  if (name != Word::Type || !group) return true;
   const Token type = value.as<base::TokenVariant>()->get();
-  if (isMovableType3d(type)) return true;
-  report("illegal type '%s' [parent '%s']\n", type.str(), parent()->nodeName().str());
-  return false;
+  return isMovableType3d(type) || group->refuse(RefusalKind::illegalType, type);
 }
 
 std::uint32_t Obj3d::allowedOptions() const { return 7143; }

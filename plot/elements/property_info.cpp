@@ -70,8 +70,7 @@ bool ObjType::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChild
 
 bool PropCat::canBeWritten() const {
   if (!name().c_str() || *name().c_str() == '\0') {
-    report("category without a name [node '%s']\n", tagName().str());
-    return false;
+    return refuse(RefusalKind::categoryWithoutName);
   }
   return ElementOf::canBeWritten();
 }

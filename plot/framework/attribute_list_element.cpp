@@ -28,7 +28,7 @@ const Variant* AttributeListElement::findAttribute(Token name) const {
 
 Variant AttributeListElement::getAttribute(Token name) const {
   if (const Variant* value = findAttribute(name)) return *value;
-  report("illegal attribute '%s' [node '%s']\n", name.str(), tagName().str());
+  refuse(RefusalKind::attributeMissing, name);
   throw DomException(DomException::InvalidAccess);
 }
 
@@ -66,8 +66,7 @@ bool AttributeListElement::canBeWritten() const {
   }
   const Property* type = findProperty(Word::Type);  // no other is mandatory in a list
   if (type && type->isMandatory() && !hasAttribute(Word::Type)) {
-    report("mandatory property '%s' missing [node '%s']\n", type->name().str(), tagName().str());
-    return false;
+    return refuse(RefusalKind::mandatoryMissing, type->name());
   }
   return OptionedPlotElement::canBeWritten();
 }
@@ -93,7 +92,7 @@ Variant AttributeListElement::getPropertyValue(Token name) const {
   if (const Variant* value = findAttribute(name)) return *value;
   const Property& property = requireProperty(name);
   if (property.isMandatory()) {
-    report("mandatory property '%s' missing [node '%s']\n", name.str(), tagName().str());
+    refuse(RefusalKind::mandatoryMissing, name);
     throw DomException(DomException::InvalidAccess);
   }
   const PlotElement* parent = property.isInherited() ? styleParent(name) : nullptr;

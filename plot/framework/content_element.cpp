@@ -9,8 +9,7 @@ bool ContentPlotElement::isContentChild(const dom::Node& node) const {
 }
 
 bool ContentPlotElement::refuseContent(const dom::Node& child) const {
-  report("not a valid content child '%s' [parent '%s']\n", child.nodeName().str(), tagName().str());
-  return false;
+  return refuse(RefusalKind::foreignChild, child.nodeName());
 }
 
 bool ContentPlotElement::canReplaceChildren(dom::Node*, unsigned,
@@ -39,21 +38,11 @@ bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
       if (!isContentChild(child)) return refuseContent(child);
       continue;
     }
-    if (mask & bit) {
-      report("option child '%s' defined twice [parent '%s']\n", child.nodeName().str(),
-             tagName().str());
-      return false;
-    }
+    if (mask & bit) return refuse(RefusalKind::optionTwice, child.nodeName());
     mask |= bit;
   }
-  if (mask & ~allowedOptions()) {
-    report("illegal option child [parent '%s']\n", tagName().str());
-    return false;
-  }
-  if (requiredOptions() & ~mask) {
-    report("missing option child [parent '%s']\n", tagName().str());
-    return false;
-  }
+  if (mask & ~allowedOptions()) return refuse(RefusalKind::illegalOption);
+  if (requiredOptions() & ~mask) return refuse(RefusalKind::optionMissing);
   return true;
 }
 

@@ -23,8 +23,12 @@ void PlotElement::report(const char* format, ...) const {
   va_end(arguments);
 }
 
+bool PlotElement::refuse(RefusalKind kind, const char* subject, const char* detail) const {
+  return ownerDocument() && plotDocument()->refuse({kind, this, subject, detail});
+}
+
 void PlotElement::throwUnknownProperty(Token name) const {
-  report("unknown property '%s' [node '%s']\n", name.str(), tagName().str());
+  refuse(RefusalKind::unknownProperty, name);
   throw DomException(DomException::InvalidAccess);
 }
 
@@ -142,8 +146,7 @@ bool PlotElement::canHoldItsChildren() const {
 
 bool PlotElement::canBeWritten() const {
   if (canHoldItsChildren()) return true;
-  report("children that cannot be written [node '%s']\n", tagName().str());
-  return false;
+  return refuse(RefusalKind::unwritableChildren);
 }
 
 void notifyPropertyChange(PlotElement& element, Token name) {

@@ -4,6 +4,7 @@
 #include "vantry/base/vocabulary.h"
 #include "vantry/dom/element.h"
 #include "vantry/plot/framework/property.h"
+#include "vantry/plot/framework/refusal.h"
 
 namespace vantry::plot {
 
@@ -36,6 +37,12 @@ class PlotElement : public dom::Element {
 
   /// Sends a message in the manner of printf to the document's reporter.
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+
+  /// Hands a refusal of that kind to the document. Always false.
+  bool refuse(RefusalKind kind, const char* subject = "", const char* detail = "") const;
+  bool refuse(RefusalKind kind, Token subject, const char* detail = "") const {
+    return refuse(kind, subject.str(), detail);
+  }
 
   // Attributes, as the tree knows them: only what was set on the element itself.
 

@@ -11,4 +11,18 @@ void ElementDocument::reportError(const char* format, va_list arguments) const {
   va_end(again);
 }
 
+void ElementDocument::report(const char* format, ...) const {
+  va_list arguments;
+  va_start(arguments, format);
+  reportError(format, arguments);
+  va_end(arguments);
+}
+
+bool ElementDocument::refuse(const Refusal& refusal) const {
+  if (refusalListener_) refusalListener_->refused(refusal);
+  const RefusalReport message = reportOf(refusal);
+  report(message.format, message.first, message.second);
+  return false;
+}
+
 }  // namespace vantry::plot

@@ -5,6 +5,7 @@
 
 #include "vantry/dom/document.h"
 #include "vantry/plot/framework/element.h"
+#include "vantry/plot/framework/refusal.h"
 
 namespace vantry::plot {
 
@@ -35,11 +36,20 @@ class ElementDocument : public dom::Document {
   /// Passes a complaint on to the reporter, after a call with "PlotDom error: ".
   void reportError(const char* format, va_list arguments) const;
 
+  /// Hands all refusals to `listener` from now on; null for none. The reporter gets them as well.
+  void setRefusalListener(RefusalListener* listener) { refusalListener_ = listener; }
+
+  /// Hands a refusal to the listener and the reporter. Always false.
+  bool refuse(const Refusal& refusal) const;
+
  protected:
   ~ElementDocument() override = default;
 
  private:
+  [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
+
   ErrorReporter errorReporter_ = nullptr;
+  RefusalListener* refusalListener_ = nullptr;
 };
 
 }  // namespace vantry::plot

@@ -7,9 +7,8 @@ namespace {
 // Whether each list is empty or as long as that of the points.
 template <class... Lists>
 bool fitThePoints(const PlotElement& element, std::size_t points, const Lists&... lists) {
-  if (((lists.empty() || lists.size() == points) && ...)) return true;
-  element.report("lists that do not fit the points [node '%s']\n", element.tagName().str());
-  return false;
+  return ((lists.empty() || lists.size() == points) && ...) ||
+         element.refuse(RefusalKind::listsOfOtherLength);
 }
 
 }  // namespace

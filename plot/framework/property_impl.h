@@ -29,7 +29,7 @@ class TypedProperty : public Property {
   void setFromString(PlotElement& element, const char* text) const final {
     Value value{};
     if (!Trait::Parser::parse(value, text)) {
-      element.report("illegal value string [attribute '%s']\n", name().str());
+      element.refuse(RefusalKind::illegalText, name(), text);
       throw dom::DomException(dom::DomException::Syntax);
     }
     element.setAttribute(name(), VariantKind(value));
@@ -38,20 +38,16 @@ class TypedProperty : public Property {
   bool accepts(const PlotElement& element, const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     if (const char* reason = typed ? whyNoText(typed->get()) : nullptr) {
-      element.report("illegal value: %s [attribute '%s']\n", reason, name().str());
-      return false;
+      return element.refuse(RefusalKind::unsuitableValue, name(), reason);
     }
     if (typed && isValid(typed->get())) return true;
-    element.report("illegal value [attribute '%s']\n", name().str());
-    return false;
+    return element.refuse(RefusalKind::illegalValue, name());
   }
 
   bool canBeWritten(const PlotElement& element, const base::Variant& value) const final {
     const auto typed = value.template as<VariantKind>();
     const char* reason = typed ? whyNotWritten(typed->get()) : nullptr;
-    if (!reason) return true;
-    element.report("value that cannot be written: %s [attribute '%s']\n", reason, name().str());
-    return false;
+    return !reason || element.refuse(RefusalKind::unwritableValue, name(), reason);
   }
 
   void putXml(std::ostream& out, const base::Variant& value) const final {

@@ -21,8 +21,7 @@ bool isWhiteSpace(const char* text) {
 
 bool acceptsOnlyText(const PlotElement& element, dom::NewChildren newChildren) {
   if (!newChildren || newChildren.first()->nodeType() == dom::Node::TextNode) return true;
-  element.report("not a text node child [parent '%s']\n", element.tagName().str());
-  return false;
+  return element.refuse(RefusalKind::notText);
 }
 
 bool PCDataElement::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
