@@ -7,7 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 preset=${VANTRY_PRESET:-release}
 
 # What a build and its tests need of Debian.
-build_packages=(cmake ninja-build libexpat1-dev libgtest-dev)
+build_packages=(cmake ninja-build libcli11-dev libexpat1-dev libgtest-dev)
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 
 # require <package>...: installs those that are missing, or names them and ends.

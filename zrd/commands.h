@@ -1,0 +1,37 @@
+// The commands of the program.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace vantry::zrd {
+
+/// What the process ends with.
+enum ExitStatus : int {
+  success = 0,
+  wrongUsage = 1,   ///< the command line is wrong
+  badDocument = 2,  ///< a document cannot be read or used
+};
+
+/// A command of the command line: its options, and what carries it out and returns the exit status.
+struct Command {
+  CLI::App* options;
+  std::function<int()> run;
+};
+
+/// What ends a command early: a message for people, and the exit status.
+class Failure : public std::runtime_error {
+ public:
+  Failure(int status, const std::string& message) : std::runtime_error(message), status_(status) {}
+  int status() const { return status_; }
+
+ private:
+  int status_;
+};
+
+// Each adds a command to the program.
+Command addCommandCommand(CLI::App& program);
+
+}  // namespace vantry::zrd

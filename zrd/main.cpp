@@ -1,0 +1,45 @@
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <iostream>
+
+#include "zrd/commands.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+constexpr std::array commands = {addCommandCommand};
+
+int run(int argc, char** argv) {
+  CLI::App program("What can be done with plot documents besides their conversion by vantry.",
+                   "zrd");
+  program.require_subcommand(1);
+  program.set_version_flag("--version", "zrd " VANTRY_VERSION);
+
+  std::array<Command, commands.size()> added;
+  std::ranges::transform(commands, added.begin(), [&program](auto add) { return add(program); });
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& failure) {
+    return program.exit(failure) == 0 ? success : wrongUsage;
+  }
+  const auto chosen =
+      std::ranges::find_if(added, [](const Command& command) { return command.options->parsed(); });
+  return chosen->run();
+}
+
+}  // namespace
+
+}  // namespace vantry::zrd
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_CTYPE, "");
+  std::ios::sync_with_stdio(false);
+  try {
+    return vantry::zrd::run(argc, argv);
+  } catch (const vantry::zrd::Failure& failure) {
+    std::cerr << "zrd: " << failure.what() << '\n';
+    return failure.status();
+  }
+}

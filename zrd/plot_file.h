@@ -1,0 +1,27 @@
+// Plot documents as files.
+#pragma once
+
+#include <string>
+
+#include "vantry/base/ref_counted.h"
+#include "vantry/plot/document.h"
+
+namespace vantry::zrd {
+
+/// A plot document that was read from a file, and is taken down with this.
+class PlotFile {
+ public:
+  /// Reads a file; "-" is standard input. Throws Failure, which names the file and the place, if
+  /// it cannot be read, is not well formed, or holds what a plot document may not.
+  explicit PlotFile(const std::string& name);
+  PlotFile(const PlotFile&) = delete;
+  PlotFile& operator=(const PlotFile&) = delete;
+  ~PlotFile() { document_->tearDown(); }
+
+  plot::PlotDocument& document() const { return *document_; }
+
+ private:
+  base::Ref<plot::PlotDocument> document_{new plot::PlotDocument};
+};
+
+}  // namespace vantry::zrd
