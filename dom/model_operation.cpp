@@ -167,66 +167,60 @@ void ReplaceTextOperation::execute() {
   document().afterChange([&] { document().notify(AfterReplaceTextEvent(&target)); });
 }
 
-AttributeOperation::AttributeOperation(Element* node, Token name)
-    : ModelOperation(node), name_(name), hadAttribute_(node->hasAttribute(name)) {}
+bool AttributeOperation::getFormer(Variant& former) const {
+  if (!element().hasAttribute(name_)) return false;
+  former = element().getAttribute(name_);
+  return true;
+}
 
-void AttributeOperation::announceSet(const Variant& value) {
+bool AttributeOperation::set(const Variant& value, Variant& former) {
   Element& origin = element();
   tellDown(origin, [&](Element& e) { return e.beforeSetAttribute(origin, name_, value); });
   document().notify(BeforeSetAttributeEvent(&origin, name_, value));
-}
-
-void AttributeOperation::reportSet() {
-  document().afterChange([this] {
-    Element& origin = element();
+  const bool hadValue = getFormer(former);
+  origin.doSetAttribute(name_, value);
+  document().afterChange([&] {
     tellDown(origin, [&](Element& e) { return e.afterSetAttribute(origin, name_); });
     document().notify(AfterSetAttributeEvent(&origin, name_));
   });
+  return hadValue;
 }
 
-void AttributeOperation::removeAndTell() {
+bool AttributeOperation::remove(Variant& former) {
   Element& origin = element();
+  if (!origin.hasAttribute(name_)) return false;
   tellDown(origin, [&](Element& e) { return e.beforeRemoveAttribute(origin, name_); });
   document().notify(BeforeRemoveAttributeEvent(&origin, name_));
-  origin.doRemoveAttribute(name_);
+  const bool hadValue = getFormer(former);
+  if (hadValue) origin.doRemoveAttribute(name_);
   document().afterChange([&] {
     tellDown(origin, [&](Element& e) { return e.afterRemoveAttribute(origin, name_); });
     document().notify(AfterRemoveAttributeEvent(&origin, name_));
   });
+  return hadValue;
 }
 
 SetAttributeOperation::SetAttributeOperation(Element* node, Token name, const Variant& value)
     : AttributeOperation(node, name), newValue_(value) {}
 
-void SetAttributeOperation::execute() {
-  announceSet(newValue_);
-  Variant saved = hadAttribute() ? element().getAttribute(name()) : newValue_;
-  element().doSetAttribute(name(), newValue_);
-  newValue_ = std::move(saved);
-  reportSet();
-}
+void SetAttributeOperation::execute() { hadValue_ = set(newValue_, oldValue_); }
 
 void SetAttributeOperation::undo() {
-  if (hadAttribute()) {
-    execute();
+  if (hadValue_) {
+    set(oldValue_, newValue_);
   } else {
-    removeAndTell();
+    remove(newValue_);
   }
 }
 
 RemoveAttributeOperation::RemoveAttributeOperation(Element* node, Token name)
-    : AttributeOperation(node, name),
-      removedValue_(hadAttribute() ? node->getAttribute(name) : Variant()) {}
+    : AttributeOperation(node, name) {}
 
-void RemoveAttributeOperation::execute() {
-  if (hadAttribute()) removeAndTell();
-}
+void RemoveAttributeOperation::execute() { hadValue_ = remove(removedValue_); }
 
 void RemoveAttributeOperation::undo() {
-  if (!hadAttribute()) return;
-  announceSet(removedValue_);
-  element().doSetAttribute(name(), removedValue_);
-  reportSet();
+  Variant ignored;
+  if (hadValue_) set(removedValue_, ignored);
 }
 
 }  // namespace vantry::dom

@@ -92,26 +92,22 @@ class ReplaceTextOperation final : public ModelOperation {
   std::string text_;
 };
 
-/// A change of the attribute `name`, made for an element that has it or does not: that decides what
-/// the undo is. Beside the observers the elements from the changed one down are told, by the hooks
-/// of Element.
+/// A change of the attribute `name`. Before and after it the hooks of Element are called, from the
+/// changed element down, and then the observers are notified.
 class AttributeOperation : public ModelOperation {
  protected:
-  AttributeOperation(Element* node, Token name);
+  AttributeOperation(Element* node, Token name) : ModelOperation(node), name_(name) {}
 
-  Element& element() const { return *node()->asElement(); }
-  Token name() const { return name_; }
-  bool hadAttribute() const { return hadAttribute_; }
-
-  // What goes on around a change, in its order: first the elements concerned are told, from the
-  // top down, and then the observers.
-  void announceSet(const Variant& value);
-  void reportSet();
-  void removeAndTell();
+  // Do the change. If the element has the attribute then, which observers may have changed,
+  // `former` gets its value. Return whether it had it.
+  bool set(const Variant& value, Variant& former);
+  bool remove(Variant& former);
 
  private:
+  Element& element() const { return *node()->asElement(); }
+  bool getFormer(Variant& former) const;
+
   Token name_;
-  bool hadAttribute_;
 };
 
 /// Sets the attribute. Undo gives it the value back that it had before, and removes one that was
@@ -124,6 +120,8 @@ class SetAttributeOperation final : public AttributeOperation {
 
  private:
   Variant newValue_;
+  Variant oldValue_;
+  bool hadValue_ = false;
 };
 
 /// Removes the attribute; nothing happens for an element that does not have it. Undo sets it again.
@@ -135,6 +133,7 @@ class RemoveAttributeOperation final : public AttributeOperation {
 
  private:
   Variant removedValue_;
+  bool hadValue_ = false;
 };
 
 }  // namespace vantry::dom

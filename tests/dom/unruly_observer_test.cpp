@@ -299,6 +299,48 @@ TEST_F(UnrulyObserverTest, WhatAnObserverHasTakenOutNeedsNoRemoval) {
   after.expectIn(*document);
 }
 
+TEST_F(UnrulyObserverTest, AnAttributeThatAnObserverRemovesOrSetsFirst) {
+  enum class Way { Remove, Set, Both };
+  for (const char* start : {"<r x=\"1\"></r>", "<r></r>"}) {
+    for (const Way way : {Way::Remove, Way::Set, Way::Both}) {
+      for (const bool isRemoval : {false, true}) {
+        TestElement* root = load(start);
+        if (isRemoval && !root->hasAttribute(x)) continue;
+        document->clearUndo();
+        const Snapshot before(*document);
+        bool isFirst = true;
+        CallObserver observer([&](const DomEvent&) {
+          if (!std::exchange(isFirst, false)) return;
+          if (way != Way::Set) root->removeAttribute(x);
+          if (way != Way::Remove) root->setAttribute(x, LongVariant(5));
+          document->startUndoGroup();
+        });
+        document->addObserver(&observer);
+        isRemoval ? root->removeAttribute(x) : root->setAttribute(x, LongVariant(2));
+        document->removeObserver(&observer);
+        EXPECT_EQ(xml(), isRemoval ? "<r></r>" : "<r x=\"2\"></r>");
+        const Snapshot after(*document);
+        for (int round = 0; round < 2; ++round) {
+          while (document->canUndo()) document->undo();
+          before.expectIn(*document);
+          while (document->canRedo()) document->redo();
+          after.expectIn(*document);
+        }
+      }
+    }
+  }
+}
+
+TEST_F(UnrulyObserverTest, AValueThatIsGoneBeforeTheUndoComesBackWithTheRedo) {
+  TestElement* root = load("<r x=\"1\"></r>");
+  root->setAttribute(x, LongVariant(2));
+  document->executeDeferred(std::make_unique<RemoveAttributeOperation>(root, x));
+  document->undo();
+  EXPECT_EQ(xml(), "<r x=\"1\"></r>");
+  document->redo();
+  EXPECT_EQ(xml(), "<r x=\"2\"></r>");
+}
+
 TEST_F(UnrulyObserverTest, ChangesOfObserversAreUndoneInTheirOrder) {
   TestElement* root = load("<r><a></a>text</r>");
   const Snapshot before(*document);
