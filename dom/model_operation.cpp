@@ -9,20 +9,13 @@ namespace vantry::dom {
 
 namespace {
 
-/// Calls `hook` on `origin`, and on the elements below each element whose hook wants them told.
+/// Calls `hook` on `origin`, and on the elements below each element whose hook asks for it.
 template <class Hook>
 void tellDown(Element& origin, Hook hook) {
   walkSubtree<Node>(origin, [&](Node& node) {
     Element* element = node.asElement();
     return element && hook(*element);
   });
-}
-
-/// The number of nodes in the chain at `first`, or `count` if it has more.
-unsigned countUpTo(unsigned count, const Node* first) {
-  unsigned found = 0;
-  for (; first && found < count; first = first->nextSibling()) ++found;
-  return found;
 }
 
 }  // namespace
@@ -55,6 +48,26 @@ void NodeRun::join() const {
   }
 }
 
+template <class Belongs>
+void NodeRun::keepOnly(Belongs belongs) {
+  std::erase_if(others_, [&](const Ref<Node>& node) { return !belongs(*node); });
+  if (!first_ || belongs(*first_)) return;
+  first_ = nullptr;
+  if (others_.empty()) return;
+  first_ = std::move(others_.front());
+  others_.erase(others_.begin());
+}
+
+void NodeRun::closeGapsIn(Node& parent) const {
+  for (unsigned i = 1; i < size(); ++i) {
+    Node* const node = &(*this)[i];
+    const Node& before = (*this)[i - 1];
+    if (before.nextSibling() == node) continue;
+    parent.doReplaceChildren(node, 1, nullptr);
+    parent.doReplaceChildren(before.nextSibling(), 0, node);
+  }
+}
+
 void NodeRun::cutOff(Node& node) {
   if (node.previousSibling()) Node::cut(node.previousSibling()->nextSibling_);
   Node::cut(node.nextSibling_);
@@ -63,87 +76,87 @@ void NodeRun::cutOff(Node& node) {
 ReplaceChildrenOperation::ReplaceChildrenOperation(Node* node, Node* first, unsigned count,
                                                    NewChildren newChildren)
     : ModelOperation(node),
-      first_(first),
-      count_(countUpTo(count, first)),
+      going_(first, count),
+      behind_(count > 0 ? nullptr : first),
       coming_(newChildren.first(), newChildren.count()) {}
 
+// Deferred operations, observers and changes outside the document are not recorded, or change the
+// tree in the midst of this change. So what comes and what goes may be anywhere by then. What can
+// still be done is done.
 void ReplaceChildrenOperation::execute() {
   Places origins;
-  NodeRun going;
-  Ref<Node> behind;
+  Ref<Node> behindRun;
   try {
-    gatherWhatComes(origins);
-    document().notify(BeforeReplaceChildrenEvent(node(), first_.get(), coming_.first(), count_));
-    Places ignored;
-    gatherWhatComes(ignored);  // an observer may have changed the tree
-    going = NodeRun(first_.get(), count_);
-    behind = nodeBehindRun();
-    node()->doReplaceChildren(first_.get(), count_, coming_.first());
+    gatherWhatComes(origins, origins);
+    findWhatGoes();
+    document().notify(
+        BeforeReplaceChildrenEvent(node(), first(), coming_.first(), going_.size()));
+    Places ofObservers;
+    gatherWhatComes(ofObservers, origins);
+    findWhatGoes();
+    behindRun = behind();
+    node()->doReplaceChildren(first(), going_.size(), coming_.first());
   } catch (...) {
-    putBack(coming_, origins);
+    putBack(origins);
     throw;
   }
 
-  const NodeRun arrived = std::exchange(coming_, std::move(going));
-  first_ = arrived.first() ? arrived.first() : std::move(behind);
-  count_ = arrived.size();
+  std::swap(going_, coming_);
+  behind_ = going_.first() ? nullptr : std::move(behindRun);
   const Places home = std::exchange(placesOfRun_, std::move(origins));
-  for (Place& place : placesOfRun_) {
-    if (place.parent == &document()) place.parent = nullptr;  // its record must not hold it
-  }
+  // The record of a document must not hold it.
+  std::erase_if(placesOfRun_, [&](const Place& place) { return place.parent == &document(); });
   document().afterChange([&] {
-    putBack(coming_, home);
-    for (unsigned i = 0; i < arrived.size(); ++i) arrived[i].attachedToDocument();
+    putBack(home);
+    for (unsigned i = 0; i < going_.size(); ++i) going_[i].attachedToDocument();
     document().notify(AfterReplaceChildrenEvent(node()));
   });
 }
 
-Node* ReplaceChildrenOperation::nodeBehindRun() const {
-  Node* behind = first_.get();
-  for (unsigned i = 0; behind && i < count_; ++i) behind = behind->nextSibling();
-  return behind;
-}
+/// Makes a row in no tree of what comes, wherever it is, and notes where that was. It stays there
+/// if it holds the node that it is to come into.
+void ReplaceChildrenOperation::gatherWhatComes(Places& places, Places& origins) {
+  for (unsigned i = 0; i < coming_.size(); ++i) takeOut(coming_[i], places);
+  // An observer of that may have put one back by now.
+  coming_.keepOnly([](const Node& each) { return !each.parent(); });
+  coming_.join();
 
-/// Makes a row of what comes in, wherever it is, and notes where that was. Deferred operations,
-/// observers and changes outside of the document are not recorded: they may have put elsewhere what
-/// shall go, or even put the node itself below what shall come. What can be done still is done.
-void ReplaceChildrenOperation::gatherWhatComes(Places& places) {
-  gather(coming_, places);
   bool isCycle = false;
   for (unsigned i = 0; i < coming_.size(); ++i) isCycle |= isOrHolds(coming_[i], *node());
-  if (isCycle) coming_ = NodeRun();
-  if (first_ && first_->parent() != node()) {
-    first_ = nullptr;
-    count_ = 0;
-  }
+  if (!isCycle) return;
+  coming_ = NodeRun();
+  putBack(std::exchange(places, {}));
+  putBack(std::exchange(origins, {}));
 }
 
-void ReplaceChildrenOperation::gather(const NodeRun& nodes, Places& places) {
-  for (unsigned i = 0; i < nodes.size(); ++i) {
-    InnerNode* parent = nodes[i].parent();
-    if (!parent) continue;
-    places.resize(nodes.size());
-    // One that nobody refers to yet would die with this reference.
-    if (parent->refCount() > 0) places[i] = {&nodes[i], parent, nodes[i].nextSibling()};
-    replaceUnrecorded(*parent, &nodes[i], 1, nullptr);
-  }
-  nodes.join();
+/// Forgets what is no longer there.
+void ReplaceChildrenOperation::findWhatGoes() {
+  going_.keepOnly([this](const Node& each) { return each.parent() == node(); });
+  going_.closeGapsIn(*node());
+  if (behind_ && behind_->parent() != node()) behind_ = nullptr;
 }
 
-/// Puts nodes back that were gathered, the last one first, as far as they and their places are
+void ReplaceChildrenOperation::takeOut(Node& node, Places& places) {
+  InnerNode* parent = node.parent();
+  if (!parent) return;
+  // A parent that nobody refers to yet would die with this reference.
+  if (parent->refCount() > 0) places.push_back({&node, parent, node.nextSibling()});
+  replaceUnrecorded(*parent, &node, 1, nullptr);
+}
+
+/// Puts nodes back that were taken out, the last one first, as far as they and their places are
 /// free.
-void ReplaceChildrenOperation::putBack(const NodeRun& nodes, const Places& places) {
-  if (places.empty()) return;
-  for (unsigned i = nodes.size(); i-- > 0;) {
+void ReplaceChildrenOperation::putBack(const Places& places) {
+  for (std::size_t i = places.size(); i-- > 0;) {
     const auto& [node, parent, next] = places[i];
-    if (node != &nodes[i] || !parent || node->parent() || isOrHolds(nodes[i], *parent)) continue;
-    NodeRun::cutOff(nodes[i]);
+    if (node->parent() || isOrHolds(*node, *parent)) continue;
+    NodeRun::cutOff(*node);
     const bool hasNext = next && next->parent() == parent.get();
-    replaceUnrecorded(*parent, hasNext ? next.get() : nullptr, 0, &nodes[i]);
+    replaceUnrecorded(*parent, hasNext ? next.get() : nullptr, 0, node.get());
   }
 }
 
-/// A change of whatever tree. Only within the document is there somebody to be told.
+/// A change of any tree. Only within the document is there anybody to notify.
 void ReplaceChildrenOperation::replaceUnrecorded(Node& parent, Node* first, unsigned count,
                                                  Node* newChild) {
   if (parent.isInDocument()) {

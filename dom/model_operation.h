@@ -11,7 +11,7 @@
 
 namespace vantry::dom {
 
-/// A change of one node. It tells the observers of the document before and after.
+/// A change of one node. It notifies the observers of the document before and after.
 class ModelOperation : public base::Operation {
  protected:
   explicit ModelOperation(Node* node);
@@ -32,11 +32,19 @@ class NodeRun {
   NodeRun(Node* first, unsigned count);
 
   Node* first() const { return first_.get(); }
+  Node* last() const { return others_.empty() ? first_.get() : others_.back().get(); }
   unsigned size() const { return first_ ? 1 + static_cast<unsigned>(others_.size()) : 0; }
   Node& operator[](unsigned i) const { return i == 0 ? *first_ : *others_[i - 1]; }
 
-  /// Makes siblings without a parent of the nodes, in their order and with no other among them.
+  /// Forgets the nodes of which `belongs(node)` is false.
+  template <class Belongs>
+  void keepOnly(Belongs belongs);
+
+  /// Makes siblings without a parent of the nodes, in their order and with no other among them. No
+  /// node may have a parent.
   void join() const;
+  /// Brings the nodes, which are all children of `parent`, together behind the first of them.
+  void closeGapsIn(Node& parent) const;
   /// Cuts a node without a parent off from what siblings it has.
   static void cutOff(Node& node);
 
@@ -50,8 +58,9 @@ class NodeRun {
 /// Replaces `count` children of `node` from `first` on by the new children. When done it has become
 /// its own inverse, so undo is the same call.
 ///
-/// Changes outside of the document are not recorded. So what comes in may be in a tree by then: it
-/// is taken out of there, and goes back to that place when the operation turns the other way.
+/// Changes outside the document are not recorded. So what comes in may be in a tree by then: it is
+/// taken out of there, and goes back to that place when the operation turns the other way. What
+/// goes is known by its nodes, so that no other takes the place of one that has gone by itself.
 class ReplaceChildrenOperation final : public ModelOperation {
  public:
   ReplaceChildrenOperation(Node* node, Node* first, unsigned count, NewChildren newChildren);
@@ -59,21 +68,26 @@ class ReplaceChildrenOperation final : public ModelOperation {
   void undo() override { execute(); }
 
  private:
+  /// Where a node was before it came in.
   struct Place {
-    const Node* node = nullptr;
-    Ref<Node> parent;  // null: in no tree
+    Ref<Node> node;
+    Ref<Node> parent;
     Ref<Node> next;
   };
-  using Places = std::vector<Place>;  // empty if none of the nodes was in a tree
+  using Places = std::vector<Place>;  // of the nodes that were in a tree
 
-  static void gather(const NodeRun& nodes, Places& places);
-  static void putBack(const NodeRun& nodes, const Places& places);
   static void replaceUnrecorded(Node& parent, Node* first, unsigned count, Node* newChild);
-  void gatherWhatComes(Places& places);
-  Node* nodeBehindRun() const;
+  static void takeOut(Node& node, Places& places);
+  static void putBack(const Places& places);
+  void gatherWhatComes(Places& places, Places& origins);
+  void findWhatGoes();
 
-  Ref<Node> first_;
-  unsigned count_;
+  // The child that the change begins with, and the one behind those that go.
+  Node* first() const { return going_.first() ? going_.first() : behind_.get(); }
+  Node* behind() const { return going_.first() ? going_.last()->nextSibling() : behind_.get(); }
+
+  NodeRun going_;
+  Ref<Node> behind_;  // if nothing goes; null for the end
   NodeRun coming_;
   Places placesOfRun_;  // where those that go came from
 };

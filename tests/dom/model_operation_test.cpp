@@ -132,6 +132,56 @@ TEST_F(ModelOperationTest, UndoDoesWhatIsLeftToDoAfterDeferredChanges) {
   checkLinks(*document);
 }
 
+TEST_F(ModelOperationTest, AnUndoTakesOutOnlyWhatTheChangePutIn) {
+  TestElement* root = load("<r><c></c></r>");
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (const char* name : {"x", "y"}) fragment->appendChild(document->element(name).get());
+  root->insertBefore(fragment.get(), node("c"));
+  document->executeDeferred(
+      std::make_unique<ReplaceChildrenOperation>(root, node("y"), 1U, nullptr));
+  document->undo();
+  EXPECT_EQ(xml(), "<r><c></c></r>");
+  document->redo();
+  EXPECT_EQ(xml(), "<r><x></x><c></c></r>") << "what was taken out meanwhile stays out";
+  checkLinks(*document);
+}
+
+TEST_F(ModelOperationTest, AnUndoLeavesWhatCameInBetween) {
+  TestElement* root = load("<r><c></c></r>");
+  const Ref<DocumentFragment> fragment = document->fragment();
+  for (const char* name : {"x", "y", "z"}) fragment->appendChild(document->element(name).get());
+  root->insertBefore(fragment.get(), node("c"));
+  for (const char* name : {"y", "z"}) {
+    const Ref<TestElement> stranger = document->element(std::string("before-") + name);
+    document->executeDeferred(
+        std::make_unique<ReplaceChildrenOperation>(root, node(name), 0U, stranger.get()));
+  }
+  const Ref<Range> bookmark = document->createRange(false);
+  bookmark->selectNodeContents(node("before-y"));
+  EXPECT_EQ(xml(), "<r><x></x><before-y></before-y><y></y><before-z></before-z><z></z><c></c></r>");
+  document->undo();
+  EXPECT_EQ(xml(), "<r><before-y></before-y><before-z></before-z><c></c></r>");
+  EXPECT_EQ(bookmark->startContainer(), node("before-y"));
+  document->redo();
+  EXPECT_EQ(xml(), "<r><x></x><y></y><z></z><before-y></before-y><before-z></before-z><c></c></r>");
+  checkLinks(*document);
+}
+
+TEST_F(ModelOperationTest, WhatIsBelowItsNewPlaceStaysWhereItWasPut) {
+  TestElement* root = load("<r><a></a></r>");
+  const Ref<Node> a = node("a");
+  const Ref<TestElement> fresh = document->element("f");
+  const Ref<TestElement> elsewhere = document->element("e");
+  a->appendChild(fresh.get());
+  document->undo();
+  document->executeDeferred(std::make_unique<ReplaceChildrenOperation>(root, a.get(), 1U, nullptr));
+  fresh->appendChild(a.get());
+  elsewhere->appendChild(fresh.get());
+  document->redo();
+  EXPECT_EQ(toXml(*elsewhere), "<e><f><a></a></f></e>");
+  checkLinks(*elsewhere);
+}
+
 TEST_F(ModelOperationTest, WithoutAHistoryNothingCanBeUndone) {
   TestElement* root = load("<r></r>");
   document->setUndoLimit(0);

@@ -299,6 +299,63 @@ TEST_F(UnrulyObserverTest, WhatAnObserverHasTakenOutNeedsNoRemoval) {
   after.expectIn(*document);
 }
 
+TEST_F(UnrulyObserverTest, ARemovalTakesOutOnlyWhatItWasAskedFor) {
+  const struct {
+    void (*meddle)(Node& b);
+    const char* xml;
+  } cases[] = {
+      {[](Node& b) { b.parent()->removeChild(&b); }, "<r><c></c></r>"},
+      {[](Node& b) {
+         b.parent()->insertBefore(b.ownerDocument()->createElement(token("n")).get(), &b);
+       },
+       "<r><n></n><c></c></r>"},
+      {[](Node& b) { b.parent()->insertBefore(&b, b.previousSibling()); }, "<r><c></c></r>"},
+      {[](Node& b) { b.nextSibling()->appendChild(&b); }, "<r><c><b></b></c></r>"},
+  };
+  for (const auto& each : cases) {
+    TestElement* root = load("<r><a></a><b></b><c></c></r>");
+    document->clearUndo();
+    const Snapshot before(*document);
+    bool isFirst = true;
+    CallObserver observer([&](const DomEvent&) {
+      if (std::exchange(isFirst, false)) each.meddle(*node("b"));
+    });
+    document->addObserver(&observer, EventType::BeforeReplaceChildren);
+    root->replaceChildren(node("a"), 2, nullptr);
+    document->removeObserver(&observer);
+    EXPECT_EQ(xml(), each.xml);
+    checkLinks(*document);
+    const Snapshot after(*document);
+    for (int round = 0; round < 2; ++round) {
+      document->undo();
+      before.expectIn(*document);
+      document->redo();
+      after.expectIn(*document);
+    }
+  }
+}
+
+TEST_F(UnrulyObserverTest, WhatAnObserverKeepsFromLeavingDoesNotComeIn) {
+  TestElement* root = load("<r><a></a><b></b><g></g></r>");
+  Node* const g = node("g");
+  const Ref<Node> a = node("a"), b = node("b");
+  root->replaceChildren(a.get(), 2, nullptr);  // its undo brings both back
+  for (const Ref<Node>& each : {a, b}) {
+    document->executeDeferred(
+        std::make_unique<ReplaceChildrenOperation>(g, nullptr, 0U, NewChildren::only(*each)));
+  }
+  EXPECT_EQ(xml(), "<r><g><a></a><b></b></g></r>");
+  CallObserver observer([&](const DomEvent&) {
+    if (b->parent() != g && a->parent() != g) g->appendChild(a.get());
+  });
+  document->addObserver(&observer, EventType::AfterReplaceChildren);
+  document->undo();
+  document->removeObserver(&observer);
+  checkLinks(*document);
+  EXPECT_EQ(a->parent() == g || a->parent() == root, true);
+  EXPECT_EQ(b->parent(), root);
+}
+
 TEST_F(UnrulyObserverTest, AnAttributeThatAnObserverRemovesOrSetsFirst) {
   enum class Way { Remove, Set, Both };
   for (const char* start : {"<r x=\"1\"></r>", "<r></r>"}) {
