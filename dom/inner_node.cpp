@@ -78,9 +78,4 @@ void InnerNode::dropChain() {
   cut(firstChild_);
 }
 
-void InnerNode::giveBackChain(Ref<Node> chain) {
-  setParents(chain.get(), this);
-  link(firstChild_, nullptr, std::move(chain));
-}
-
 }  // namespace vantry::dom

@@ -29,9 +29,8 @@ class InnerNode : public Node {
  private:
   friend class Node;
 
-  // Empty a fragment whose children go elsewhere, and undo that. The last child keeps its value.
+  /// Empties a fragment whose children go elsewhere. The last child keeps its value.
   void dropChain();
-  void giveBackChain(Ref<Node> chain);
 
   Ref<Node> firstChild_;
   Node* lastChild_ = nullptr;

@@ -119,7 +119,8 @@ Node* Node::putChildrenIn(Node* first, unsigned count, DocumentFragment& fragmen
   try {
     performReplaceChildren(first, count, chain.get());
   } catch (...) {
-    if (!chain->parent()) fragment.giveBackChain(chain);
+    const bool isNowhere = chain && !chain->parent();
+    if (isNowhere) fragment.doReplaceChildren(fragment.firstChild(), 0, chain.get());
     throw;
   }
   return chain.get();

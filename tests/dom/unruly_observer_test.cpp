@@ -47,12 +47,36 @@ TEST_F(UnrulyObserverTest, WhatIsThrownBeforeAChangePreventsIt) {
   expectThrown(EventType::BeforeReplaceChildren,
                [&] { root->appendChild(detached->firstChild()); });
   expectThrown(EventType::BeforeReplaceChildren, [&] { root->appendChild(fragment.get()); });
+  expectThrown(EventType::BeforeReplaceChildren,
+               [&] { root->replaceChild(document->fragment().get(), node("a")); });
   before.expectIn(*document);
   EXPECT_EQ(toXml(*detached), "<d><y></y><z></z></d>");
   EXPECT_EQ(fragment->length(), 2U);
   checkLinks(*fragment);
   EXPECT_FALSE(document->canUndo());
   expectAtRest();
+}
+
+TEST_F(UnrulyObserverTest, AFragmentThatComesBackIsWhole) {
+  TestElement* root = load("<r><g></g></r>");
+  const Ref<DocumentFragment> fragment = document->fragment();
+  const Ref<TestElement> y = document->element("y");
+  fragment->appendChild(document->element("x").get());
+  fragment->appendChild(y.get());
+  CallObserver observer([&](const DomEvent& event) {
+    if (event.target != root) return;
+    node("g")->appendChild(y.get());
+    fragment->appendChild(document->element("z").get());
+    throw Thrown();
+  });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  EXPECT_THROW(root->appendChild(fragment.get()), Thrown);
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><g><y></y></g></r>");
+  ASSERT_EQ(fragment->length(), 2U);
+  EXPECT_EQ(fragment->firstChild()->nodeName(), token("x"));
+  EXPECT_EQ(fragment->lastChild()->nodeName(), token("z"));
+  checkLinks(*fragment);
 }
 
 TEST_F(UnrulyObserverTest, WhatIsThrownAfterAChangeLeavesItDoneAndRecorded) {
