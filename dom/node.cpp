@@ -133,10 +133,13 @@ void Node::moveIn(Node* first, unsigned count, Node& newChild) {
   checkReplaceChildren(first, count, moved);
   if (!formerParent.isInDocument()) return performReplaceChildren(first, count, moved);
 
-  // Observers are told in between. Nothing here may die of what they do.
+  // Observers are notified in between. Nothing here may die of what they do.
   const Ref<Node> kept[] = {keep(this), keep(first), &newChild};
   ownerDocument()->run([&] {
     formerParent.performReplaceChildren(&newChild, 1, nullptr);
+    // Out of the document there is no way but a recorded one.
+    const bool isBack = newChild.isInDocument() && !isInDocument();
+    if (isBack) throw DomException(DomException::HierarchyRequest);
     const NewChildren arriving = newChild.parent() ? moved : NewChildren(&newChild);
     checkReplaceChildren(first, count, arriving);
     performReplaceChildren(first, count, arriving);

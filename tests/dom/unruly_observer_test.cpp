@@ -465,6 +465,28 @@ TEST_F(UnrulyObserverTest, AMoveWhoseTargetAnObserverTakesAwayEndsWithARefusal) 
   EXPECT_EQ(xml(), "<r><a><x><t></t></x></a></r>");
 }
 
+TEST_F(UnrulyObserverTest, AMoveOutThatAnObserverPutsBackEndsWithARefusal) {
+  TestElement* root = load("<r><a></a><x></x></r>");
+  const Snapshot before(*document);
+  const Ref<TestElement> outside = document->element("o");
+  const Ref<Node> moved = node("x");
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent&) {
+    if (std::exchange(isFirst, false)) node("a")->appendChild(moved.get());
+  });
+  document->addObserver(&observer, EventType::AfterReplaceChildren);
+  EXPECT_DOM_ERROR(3, outside->appendChild(moved.get()));
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><a><x></x></a></r>");
+  EXPECT_EQ(outside->length(), 0U);
+  const Snapshot after(*document);
+  EXPECT_EQ(root->length(), 1U);
+  document->undo();
+  before.expectIn(*document);
+  document->redo();
+  after.expectIn(*document);
+}
+
 TEST_F(UnrulyObserverTest, ATextThatIsTakenOutWhileItIsSplitIsSplitAllTheSame) {
   for (const bool isDeferred : {true, false}) {
     TestElement* root = load("<r>abcdef</r>");
