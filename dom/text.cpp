@@ -63,7 +63,8 @@ Ref<Text> Text::splitText(unsigned offset) {
     const Ref<Text> self = this;  // an observer may take it out
     ownerDocument()->run([&] {
       parent()->insertBefore(tail.get(), nextSibling());
-      deleteData(offset, tailLength);
+      checkReplaceData(offset, tailLength, nullptr);
+      ownerDocument()->perform<ReplaceTextOperation>(this, offset, tailLength, nullptr);
     });
   } else if (parent()) {
     parent()->insertBefore(tail.get(), nextSibling());

@@ -487,6 +487,26 @@ TEST_F(UnrulyObserverTest, AMoveOutThatAnObserverPutsBackEndsWithARefusal) {
   after.expectIn(*document);
 }
 
+TEST_F(UnrulyObserverTest, ASplitIsUndoneThoughAnObserverTakesTheTextOut) {
+  TestElement* root = load("<r>abcdef</r>");
+  const Snapshot before(*document);
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent&) {
+    if (std::exchange(isFirst, false)) root->removeChild(root->firstChild());
+  });
+  document->addObserver(&observer, EventType::AfterReplaceChildren);
+  const Ref<Text> first = text();
+  const Ref<Text> tail = first->splitText(2);
+  document->removeObserver(&observer);
+  EXPECT_STREQ(first->nodeValue(), "ab");
+  EXPECT_EQ(xml(), "<r>cdef</r>");
+  document->undo();
+  before.expectIn(*document);
+  document->redo();
+  EXPECT_STREQ(first->nodeValue(), "ab");
+  EXPECT_EQ(xml(), "<r>cdef</r>");
+}
+
 TEST_F(UnrulyObserverTest, ATextThatIsTakenOutWhileItIsSplitIsSplitAllTheSame) {
   for (const bool isDeferred : {true, false}) {
     TestElement* root = load("<r>abcdef</r>");
