@@ -67,7 +67,7 @@ class Document : public InnerNode {
   /// A number that grows with each change of a node that was made for the document, be it in the
   /// tree of the document or not. What was computed from nodes holds as long as it stays the same.
   std::uint64_t changeCount() const { return changeCount_; }
-  /// To be called by an element that has changed an attribute. Changes of children count
+  /// To be called by an element that has changed an attribute. Changes of children and texts count
   /// themselves.
   void noteChange() { ++changeCount_; }
 

@@ -81,6 +81,7 @@ Ref<Text> Text::splitText(unsigned offset) {
 void Text::doReplaceText(unsigned offset, unsigned count, const char* text) {
   data_.replace(std::min(offset, length()), count, text ? text : "");
   if (data_.empty()) data_.shrink_to_fit();
+  if (ownerDocument()) ownerDocument()->noteChange();
 }
 
 }  // namespace vantry::dom

@@ -148,6 +148,21 @@ TEST_F(TextTest, TheBareReplacementIsWithoutChecksRecordOrEvents) {
   document->removeObserver(&recorder);
 }
 
+TEST_F(TextTest, EachChangeCounts) {
+  load("<r>abc</r>");
+  std::uint64_t before = document->changeCount();
+  text()->replaceData(0, 1, "A");
+  EXPECT_GT(document->changeCount(), before);
+  before = document->changeCount();
+  document->undo();
+  EXPECT_GT(document->changeCount(), before);
+
+  const Ref<Text> detached = document->text("xyz");
+  before = document->changeCount();
+  detached->deleteData(1, 1);
+  EXPECT_GT(document->changeCount(), before);
+}
+
 TEST_F(TextTest, APartIsCopied) {
   const Ref<Text> text = document->text("abcdef");
   EXPECT_EQ(text->substringData(1, 3), "bcd");
