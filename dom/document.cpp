@@ -8,6 +8,25 @@
 
 namespace vantry::dom {
 
+namespace {
+
+/// Calls `step` and returns what it throws.
+template <class Step>
+std::exception_ptr attempt(Step step) {
+  try {
+    step();
+  } catch (...) {
+    return std::current_exception();
+  }
+  return nullptr;
+}
+
+void rethrow(const std::exception_ptr& error) {
+  if (error) std::rethrow_exception(error);
+}
+
+}  // namespace
+
 Document::Document() : InnerNode(nullptr) {
   ownerDocument_ = this;
   ranges_ = new RangeList(this);
@@ -141,11 +160,10 @@ void Document::beginBatch() {
 std::exception_ptr Document::tellEndOfBatch(std::list<Subscription>::iterator end) {
   std::exception_ptr error;
   for (auto told = observers_.begin(); told != end; ++told) {
-    try {
+    const std::exception_ptr next = attempt([&] {
       if (told->observer) told->observer->afterBatch();
-    } catch (...) {
-      if (!error) error = std::current_exception();
-    }
+    });
+    if (!error) error = next;
   }
   return error;
 }
@@ -155,7 +173,7 @@ void Document::endBatch() {
   history_.setLimit(savedHistoryLimit_);
   const std::exception_ptr error = tellEndOfBatch(observers_.end());
   removeUnreferencedRanges();
-  if (error) std::rethrow_exception(error);
+  rethrow(error);
 }
 
 void Document::execute(std::unique_ptr<base::Operation> operation) {
@@ -191,13 +209,17 @@ void Document::finishExecution() {
   while (executionDepth_ == 0 && !pendingOperations_.empty()) {
     const std::unique_ptr<base::Operation> operation = std::move(pendingOperations_.front());
     pendingOperations_.pop_front();
-    try {
-      operation->execute();
-    } catch (...) {
-      if (!error) error = std::current_exception();
-    }
+    const std::exception_ptr next = attempt([&] { runDeferred(*operation); });
+    if (!error) error = next;
   }
-  if (error) std::rethrow_exception(error);
+  rethrow(error);
+}
+
+/// Runs an operation outside of any execution, so what it has held back comes out of here.
+void Document::runDeferred(base::Operation& operation) {
+  std::exception_ptr error = attempt([&] { operation.execute(); });
+  if (heldBack_) error = std::exchange(heldBack_, nullptr);
+  rethrow(error);
 }
 
 void Document::executeDeferred(std::unique_ptr<base::Operation> operation) {
@@ -205,7 +227,7 @@ void Document::executeDeferred(std::unique_ptr<base::Operation> operation) {
   if (executionDepth_ > 0) {
     pendingOperations_.push_back(std::move(operation));
   } else {
-    operation->execute();
+    runDeferred(*operation);
   }
 }
 

@@ -219,6 +219,7 @@ class Document : public InnerNode {
   /// The first selected and live range from `range` on, or null.
   static Range* selectedFrom(Range* range);
 
+  void runDeferred(base::Operation& operation);
   void endSubscription(Subscription& subscription);
   std::exception_ptr tellEndOfBatch(std::list<Subscription>::iterator end);
   void removeUnreferencedRanges();

@@ -135,6 +135,22 @@ TEST_F(UnrulyObserverTest, ADeferredOperationThatThrowsKeepsNoOtherFromRunning) 
   expectAtRest();
 }
 
+TEST_F(UnrulyObserverTest, WhatIsThrownAfterADeferredChangeComesOutOfThatChange) {
+  TestElement* root = load("<r><a></a><b></b></r>");
+  const auto removal = [&](const char* name) {
+    return std::make_unique<ReplaceChildrenOperation>(root, node(name), 1U, nullptr);
+  };
+  expectThrown(EventType::AfterReplaceChildren, [&] { document->executeDeferred(removal("a")); });
+  EXPECT_NO_THROW(root->setAttribute(x, LongVariant(1)));
+
+  CallObserver observer([&](const DomEvent&) { document->executeDeferred(removal("b")); });
+  document->addObserver(&observer, EventType::AfterSetAttribute);
+  expectThrown(EventType::AfterReplaceChildren, [&] { root->setAttribute(x, LongVariant(2)); });
+  document->removeObserver(&observer);
+  EXPECT_NO_THROW(root->setAttribute(x, LongVariant(3)));
+  EXPECT_EQ(xml(), "<r x=\"3\"></r>");
+}
+
 TEST_F(UnrulyObserverTest, DeferredOperationsRunThoughAnObserverThrows) {
   TestElement* root = load("<r></r>");
   int runs = 0;
