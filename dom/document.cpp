@@ -232,11 +232,11 @@ void Document::executeDeferred(std::unique_ptr<base::Operation> operation) {
 }
 
 void Document::undo() {
-  run([this] { history_.undo(); });
+  if (executionDepth_ == 0) run([this] { history_.undo(); });
 }
 
 void Document::redo() {
-  run([this] { history_.redo(); });
+  if (executionDepth_ == 0) run([this] { history_.redo(); });
 }
 
 void Document::setUndoLimit(unsigned limit) {

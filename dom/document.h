@@ -121,10 +121,10 @@ class Document : public InnerNode {
     }
   }
 
-  /// Take back the last group of changes, and do it again; nothing where there is none. Observers
-  /// hear of each change. What an observer changes meanwhile is not recorded. If one throws before
-  /// a change, the group is divided there: what is undone by then can be redone, and the rest can
-  /// still be undone.
+  /// Take back the last group of changes, and do it again. They do nothing where there is none, nor
+  /// within a change, as in an observer: defer them there. Observers are notified of each change.
+  /// What an observer changes meanwhile is not recorded. If one throws before a change, the group
+  /// is divided there: what is undone by then can be redone, and the rest can still be undone.
   void undo();
   void redo();
   bool canUndo() const { return history_.canUndo(); }

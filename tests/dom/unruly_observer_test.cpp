@@ -396,6 +396,49 @@ TEST_F(UnrulyObserverTest, WhatAnObserverKeepsFromLeavingDoesNotComeIn) {
   EXPECT_EQ(b->parent(), root);
 }
 
+TEST_F(UnrulyObserverTest, AnUndoWithinAChangeDoesNothing) {
+  TestElement* root = load("<r><a></a><c></c></r>");
+  const Snapshot before(*document);
+  root->insertBefore(document->element("y").get(), node("c"));
+  document->startUndoGroup();
+  for (const Token type :
+       {Token(EventType::BeforeReplaceChildren), Token(EventType::AfterReplaceChildren)}) {
+    bool isFirst = true;
+    CallObserver observer([&](const DomEvent&) {
+      if (std::exchange(isFirst, false)) document->undo();
+    });
+    document->addObserver(&observer, type);
+    root->removeChild(root->firstChild());
+    document->removeObserver(&observer);
+  }
+  EXPECT_EQ(xml(), "<r><c></c></r>");
+  document->undo();
+  EXPECT_EQ(xml(), "<r><a></a><y></y><c></c></r>");
+  document->undo();
+  before.expectIn(*document);
+
+  document->redo();
+  CallObserver observer([&](const DomEvent&) { document->redo(); });
+  document->addObserver(&observer, EventType::BeforeSetAttribute);
+  root->setAttribute(x, LongVariant(1));
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r x=\"1\"><a></a><y></y><c></c></r>");
+}
+
+TEST_F(UnrulyObserverTest, ADeferredUndoRunsAfterTheChange) {
+  TestElement* root = load("<r><a></a></r>");
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent&) {
+    if (!std::exchange(isFirst, false)) return;
+    document->executeDeferred(callOperation([&] { document->undo(); }));
+  });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  root->removeChild(node("a"));
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><a></a></r>");
+  EXPECT_TRUE(document->canRedo());
+}
+
 TEST_F(UnrulyObserverTest, AnAttributeThatAnObserverRemovesOrSetsFirst) {
   enum class Way { Remove, Set, Both };
   for (const char* start : {"<r x=\"1\"></r>", "<r></r>"}) {
