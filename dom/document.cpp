@@ -141,19 +141,20 @@ void Document::beginBatch() {
     ++batchDepth_;
     return;
   }
-  savedHistoryLimit_ = history_.limit();
+  const unsigned limit = history_.limit();
   history_.setLimit(0);
   for (auto told = observers_.begin(); told != observers_.end(); ++told) {
     try {
       if (told->observer) told->observer->beforeBatch();
     } catch (...) {
-      history_.setLimit(savedHistoryLimit_);
+      history_.setLimit(limit);
       tellEndOfBatch(told);
       throw;
     }
   }
   removeUnreferencedRanges();
-  batchDepth_ = 1;
+  savedHistoryLimit_ = limit;
+  ++batchDepth_;  // an observer may have begun one of its own
 }
 
 /// Tells the observers before `end`, all of them, and returns what the first one threw.

@@ -270,6 +270,43 @@ TEST_F(UnrulyObserverTest, ABatchThatAnObserverPreventsHasNotBegun) {
   }
 }
 
+/// Does what it is asked to, once, when a batch begins.
+template <class Function>
+class BatchBeginner final : public Recorder {
+ public:
+  explicit BatchBeginner(Function function) : function_(std::move(function)) {}
+  void beforeBatch() override {
+    if (std::exchange(isFirst_, false)) function_();
+  }
+
+ private:
+  Function function_;
+  bool isFirst_ = true;
+};
+
+TEST_F(UnrulyObserverTest, ABatchWithinTheBeginOfABatchKeepsTheUndoLimit) {
+  TestElement* root = load("<r></r>");
+  for (const bool isEnded : {true, false}) {
+    BatchBeginner observer([&] {
+      document->beginBatch();
+      if (isEnded) document->endBatch();
+    });
+    document->addObserver(&observer);
+    document->beginBatch();
+    root->setAttribute(x, LongVariant(1));
+    document->endBatch();
+    if (!isEnded) {
+      EXPECT_TRUE(document->isInBatch());
+      document->endBatch();
+    }
+    document->removeObserver(&observer);
+    expectAtRest();
+    EXPECT_FALSE(document->canUndo());
+    root->setAttribute(x, LongVariant(2));
+    EXPECT_TRUE(document->canUndo());
+  }
+}
+
 TEST_F(UnrulyObserverTest, TheEndOfABatchIsToldToAll) {
   TestElement* root = load("<r></r>");
   BatchThrower thrower;
