@@ -36,7 +36,7 @@ Document::Document() : InnerNode(nullptr) {
 }
 
 Document::~Document() {
-  Document::tearDown();
+  attempt([this] { Document::tearDown(); });
   destroyChildren();
   ownerDocument_ = nullptr;
 }
@@ -45,7 +45,7 @@ void Document::release() {
   if (refCount() == 0) addRef();
   const bool isLastFromOutside = refCount() == (isAbandoned_ ? 2U : 1U);
   if (isLastFromOutside) {
-    tearDown();
+    attempt([this] { tearDown(); });
     destroyChildren();
   }
   if (refCount() == 1 && !isAbandoned_ && nodeCount_ > 0) {
@@ -270,16 +270,23 @@ void Document::removeUnreferencedRanges() {
 }
 
 void Document::tearDown() {
-  beginBatch();
+  std::exception_ptr error = attempt([this] { beginBatch(); });
+  if (!isInBatch()) {
+    history_.setLimit(0);
+    batchDepth_ = 1;
+  }
   pendingOperations_.clear();
-  if (!ranges_) return;
+  if (!ranges_) return rethrow(error);
   for (Ref<Range> range = firstSelectedRange(); range; range = nextSelectedRange(range.get())) {
     range->deselect();
   }
   for (Subscription& subscription : observers_) {
-    if (subscription.observer) endSubscription(subscription);
+    if (!subscription.observer) continue;
+    const std::exception_ptr next = attempt([&] { endSubscription(subscription); });
+    if (!error) error = next;
   }
   ranges_ = nullptr;
+  rethrow(error);
 }
 
 void Document::notify(const DomEvent& event) {

@@ -144,7 +144,8 @@ class Document : public InnerNode {
   Range* nextSelectedRange(const Range* range) const;
 
   /// Ends everything but the tree: observers and ranges are detached, the history is emptied, and
-  /// the document stays in a batch. Can be called again.
+  /// the document stays in a batch. What an observer throws is thrown when that is done. Can be
+  /// called again.
   virtual void tearDown();
 
   /// Tells the observers of this type of event.

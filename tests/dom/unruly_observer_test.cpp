@@ -307,6 +307,38 @@ TEST_F(UnrulyObserverTest, ABatchWithinTheBeginOfABatchKeepsTheUndoLimit) {
   }
 }
 
+TEST_F(UnrulyObserverTest, ADocumentIsTornDownWhateverObserversThrow) {
+  class DetachThrower final : public Recorder {
+   public:
+    void beforeBatch() override { throw Thrown(); }
+    void observerDetached(Token) override { throw Thrown(); }
+  };
+  TestElement* root = load("<r><a></a></r>");
+  root->removeChild(node("a"));
+  const Ref<Range> range = document->createRange(true);
+  DetachThrower thrower;
+  Recorder last;
+  document->addObserver(&thrower);
+  document->addObserver(&last);
+  EXPECT_THROW(document->tearDown(), Thrown);
+  EXPECT_EQ(last.log, (Log{"detached all"}));
+  EXPECT_TRUE(document->isInBatch());
+  EXPECT_TRUE(range->isDetached());
+  EXPECT_FALSE(document->canUndo());
+  EXPECT_EQ(TestElement::alive, 1);
+  EXPECT_NO_THROW(document->tearDown());
+}
+
+TEST_F(UnrulyObserverTest, TheLastReleaseThrowsNothing) {
+  BatchThrower thrower;
+  thrower.throwsBefore = true;
+  load("<r></r>");
+  document->addObserver(&thrower);
+  document = nullptr;
+  EXPECT_EQ(thrower.log, (Log{"beforeBatch", "detached all"}));
+  EXPECT_EQ(TestElement::alive, 0);
+}
+
 TEST_F(UnrulyObserverTest, TheEndOfABatchIsToldToAll) {
   TestElement* root = load("<r></r>");
   BatchThrower thrower;
