@@ -289,6 +289,17 @@ void Document::tearDown() {
   rethrow(error);
 }
 
+void Document::announce(const DomEvent& event) {
+  if (isInBatch() || !ranges_) return notify(event);
+  RangeList::Moves moves(*ranges_);
+  try {
+    notify(event);
+  } catch (...) {
+    moves.takeBack();
+    throw;
+  }
+}
+
 void Document::notify(const DomEvent& event) {
   if (isInBatch()) return;
   for (const Subscription& subscription : observers_) {

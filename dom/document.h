@@ -148,8 +148,11 @@ class Document : public InnerNode {
   /// called again.
   virtual void tearDown();
 
-  /// Tells the observers of this type of event.
+  /// Notifies the observers of this type of event.
   virtual void notify(const DomEvent& event);
+  /// Notifies of a change that is about to come. If an observer prevents it, the ranges that have
+  /// moved for it move back.
+  void announce(const DomEvent& event);
 
  protected:
   Document();
@@ -216,11 +219,11 @@ class Document : public InnerNode {
   }
   void holdBack();
   void finishExecution();
+  void runDeferred(base::Operation& operation);
 
   /// The first selected and live range from `range` on, or null.
   static Range* selectedFrom(Range* range);
 
-  void runDeferred(base::Operation& operation);
   void endSubscription(Subscription& subscription);
   std::exception_ptr tellEndOfBatch(std::list<Subscription>::iterator end);
   void removeUnreferencedRanges();

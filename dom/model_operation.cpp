@@ -89,7 +89,7 @@ void ReplaceChildrenOperation::execute() {
   try {
     gatherWhatComes(origins, origins);
     findWhatGoes();
-    document().notify(
+    document().announce(
         BeforeReplaceChildrenEvent(node(), first(), coming_.first(), going_.size()));
     Places ofObservers;
     gatherWhatComes(ofObservers, origins);
@@ -173,7 +173,7 @@ ReplaceTextOperation::ReplaceTextOperation(Text* node, unsigned offset, unsigned
 void ReplaceTextOperation::execute() {
   Text& target = *node()->asText();
   const char* text = text_.empty() ? nullptr : text_.c_str();
-  document().notify(BeforeReplaceTextEvent(&target, offset_, count_, text));
+  document().announce(BeforeReplaceTextEvent(&target, offset_, count_, text));
   std::optional<std::string> old = target.substringData(offset_, count_);
   target.doReplaceText(offset_, count_, text);
   text_ = std::move(old).value_or(std::string());

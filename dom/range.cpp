@@ -132,7 +132,7 @@ void Range::beforeBatch() {
   if (isDetached() || isFrozen()) return;
   setFlag(Frozen, true);
   const Point top{ownerDocument(), 0};
-  storeBounds(top, top, true);
+  storeBounds({top, top, true});
 }
 
 void Range::afterBatch() {
@@ -140,12 +140,7 @@ void Range::afterBatch() {
 }
 
 void Range::handleEvent(const DomEvent& event) {
-  if (isFrozen() || isDetached()) return;
-  if (event.type == EventType::BeforeReplaceText) {
-    adjustForText(static_cast<const BeforeReplaceTextEvent&>(event));
-  } else if (event.type == EventType::BeforeReplaceChildren) {
-    adjustForChildren(static_cast<const BeforeReplaceChildrenEvent&>(event));
-  }
+  if (!isFrozen() && !isDetached()) setBounds(boundsAfter(event));
 }
 
 void Range::deselect() {
@@ -202,7 +197,7 @@ void Range::dropSelection() {
 
 void Range::detachSilently() {
   if (isDetached()) return;
-  storeBounds({}, {}, false);
+  storeBounds({});
   setFlag(Detached, true);
   dropSelection();
 }
@@ -213,14 +208,14 @@ bool Range::isWithin(const Point& point) {
 }
 
 void Range::setBounds(const Point& newStart, const Point& newEnd) {
-  setBounds(newStart, newEnd, isWithin(newStart) && isWithin(newEnd));
+  setBounds({newStart, newEnd, isWithin(newStart) && isWithin(newEnd)});
 }
 
-void Range::setBounds(const Point& newStart, const Point& newEnd, bool areWithin) {
-  if (isFrozen()) return;
-  if (newStart == start() && newEnd == end()) return;
+void Range::setBounds(const Bounds& newBounds) {
+  if (isFrozen() || newBounds == bounds()) return;
 
   // An observer may drop the range or its new containers, and detach the range.
+  const auto& [newStart, newEnd, areWithin] = newBounds;
   const Ref<Range> self = this;
   const Ref<Node> keptStart = newStart.container;
   const Ref<Node> keptEnd = newEnd.container;
@@ -230,19 +225,29 @@ void Range::setBounds(const Point& newStart, const Point& newEnd, bool areWithin
                                                newEnd.container, newEnd.offset));
     if (isDetached() || isFrozen()) return;
   }
-  storeBounds(newStart, newEnd, areWithin);
+  storeBounds(newBounds);
   if (isSelected()) document.notify(AfterSelectionChangeEvent(this));
 }
 
-void Range::storeBounds(const Point& newStart, const Point& newEnd, bool areWithin) {
-  setFlag(Within, areWithin);
-  startContainer_ = newStart.container;
-  endContainer_ = newEnd.container;
-  startOffset_ = newStart.offset;
-  endOffset_ = newEnd.offset;
+void Range::storeBounds(const Bounds& newBounds) {
+  setFlag(Within, newBounds.areWithin);
+  startContainer_ = newBounds.start.container;
+  endContainer_ = newBounds.end.container;
+  startOffset_ = newBounds.start.offset;
+  endOffset_ = newBounds.end.offset;
 }
 
-void Range::adjustForText(const BeforeReplaceTextEvent& event) {
+Range::Bounds Range::boundsAfter(const DomEvent& event) const {
+  if (event.type == EventType::BeforeReplaceText) {
+    return boundsAfterText(static_cast<const BeforeReplaceTextEvent&>(event));
+  }
+  if (event.type == EventType::BeforeReplaceChildren) {
+    return boundsAfterChildren(static_cast<const BeforeReplaceChildrenEvent&>(event));
+  }
+  return bounds();
+}
+
+Range::Bounds Range::boundsAfterText(const BeforeReplaceTextEvent& event) const {
   const auto adjusted = [&event](Point point) {
     if (point.container != event.target) return point;
     if (event.count != 0 && point.offset >= event.offset) {
@@ -254,18 +259,18 @@ void Range::adjustForText(const BeforeReplaceTextEvent& event) {
     }
     return point;
   };
-  setBounds(adjusted(start()), adjusted(end()), hasFlag(Within));
+  return {adjusted(start()), adjusted(end()), hasFlag(Within)};
 }
 
-void Range::adjustForChildren(const BeforeReplaceChildrenEvent& event) {
+Range::Bounds Range::boundsAfterChildren(const BeforeReplaceChildrenEvent& event) const {
   // What comes behind all children moves no point among them.
-  if (!event.first && hasFlag(Within)) return;
+  if (!event.first && hasFlag(Within)) return bounds();
   Node* const parent = event.target;
   const bool removes = event.first && event.count != 0;
   const auto isConcerned = [&](const Point& point) {
     return point.container == parent || (removes && childTowards(parent, point.container));
   };
-  if (!isConcerned(start()) && !isConcerned(end())) return;
+  if (!isConcerned(start()) && !isConcerned(end())) return bounds();
 
   const unsigned index = event.first ? event.first->indexInParent() : parent->length();
   const auto withoutRemoved = [&](const Point& point) -> Point {
@@ -288,7 +293,7 @@ void Range::adjustForChildren(const BeforeReplaceChildrenEvent& event) {
   if (isBeforeStart) newStart.offset += inserted;
   if (isBeforeEnd) newStart.offset += inserted;
   const bool isPutOff = isBeforeEnd && (isBeforeStart || newStart.container != parent);
-  setBounds(newStart, newEnd, hasFlag(Within) && !isPutOff);
+  return {newStart, newEnd, hasFlag(Within) && !isPutOff};
 }
 
 /// Where a point lies relative to `count` children of `parent` from `index` on: 0 if within them, 1

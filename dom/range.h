@@ -86,6 +86,12 @@ class Range : public AtomicNode, public IDocObserver {
     unsigned offset = 0;
     bool operator==(const Point&) const = default;
   };
+  struct Bounds {
+    Point start;
+    Point end;
+    bool areWithin = false;  // see isWithin()
+    bool operator==(const Bounds& other) const { return start == other.start && end == other.end; }
+  };
 
   explicit Range(Document* owner);
 
@@ -107,12 +113,14 @@ class Range : public AtomicNode, public IDocObserver {
   void select();
   void dropSelection();
   void detachSilently();
+  Bounds bounds() const { return {start(), end(), hasFlag(Within)}; }
+  Bounds boundsAfter(const DomEvent& event) const;
+  Bounds boundsAfterText(const BeforeReplaceTextEvent& event) const;
+  Bounds boundsAfterChildren(const BeforeReplaceChildrenEvent& event) const;
   void setBounds(const Point& newStart, const Point& newEnd);
-  void setBounds(const Point& newStart, const Point& newEnd, bool areWithin);
-  void storeBounds(const Point& newStart, const Point& newEnd, bool areWithin);
+  void setBounds(const Bounds& newBounds);
+  void storeBounds(const Bounds& newBounds);
   void forgetPlaces() { setFlag(Within, false); }
-  void adjustForText(const BeforeReplaceTextEvent& event);
-  void adjustForChildren(const BeforeReplaceChildrenEvent& event);
 
   Ref<Node> startContainer_;
   Ref<Node> endContainer_;

@@ -1,5 +1,6 @@
 #include "vantry/dom/range_list.h"
 
+#include "vantry/dom/document.h"
 #include "vantry/dom/dom_exception.h"
 
 namespace vantry::dom {
@@ -45,7 +46,31 @@ void RangeList::afterBatch() {
 }
 
 void RangeList::handleEvent(const DomEvent& event) {
-  forEachRange([&event](Range& range) { range.handleEvent(event); });
+  forEachRange([&](Range& range) {
+    if (range.isFrozen() || range.isDetached()) return;
+    const Range::Bounds from = range.bounds();
+    const Range::Bounds to = range.boundsAfter(event);
+    if (from == to) return;
+    if (moves_) moves_->moves_.push_back({&range, from, to});
+    range.setBounds(to);
+  });
+}
+
+RangeList::Moves::Moves(RangeList& list)
+    : list_(&list),
+      outer_(std::exchange(list.moves_, this)),
+      changeCount_(list.ownerDocument()->changeCount()) {}
+
+void RangeList::Moves::takeBack() {
+  for (const auto& [range, from, to] : std::exchange(moves_, {})) {
+    if (list_->ownerDocument()->changeCount() != changeCount_) return;
+    if (range->isDetached() || !(range->bounds() == to)) continue;
+    try {
+      range->setBounds(from);
+    } catch (...) {
+      // What has prevented the change is on its way already.
+    }
+  }
 }
 
 /// A call may take its range out of the list, and drop it.

@@ -647,6 +647,100 @@ TEST_F(RangeTest, AMovingSelectionIsTold) {
   document->removeObserver(&recorder);
 }
 
+TEST_F(RangeTest, AChangeThatIsPreventedMovesNothing) {
+  const std::vector<Ref<Range>> ranges = {
+      range(node("b"), 1, node("b"), 2, true), range(text(), 3, text(), 5),
+      range(node("y"), 0, node("c"), 0), range(node("r"), 0, node("r"), 3, true)};
+  const auto boundsOfAll = [&] {
+    Log all;
+    for (const Ref<Range>& each : ranges) all.push_back(bounds(*each));
+    return all;
+  };
+  const Log before = boundsOfAll();
+  Log told;
+  CallObserver follower([&](const DomEvent& event) {
+    if (event.target == ranges[0].get()) told.push_back(bounds(*ranges[0]));
+  });
+  CallObserver thrower([](const DomEvent& event) {
+    if (event.type == EventType::BeforeReplaceChildren ||
+        event.type == EventType::BeforeReplaceText) {
+      throw std::string("no");
+    }
+  });
+  document->addObserver(&follower, EventType::AfterSelectionChange);
+  document->addObserver(&thrower);
+  EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
+  EXPECT_EQ(boundsOfAll(), before);
+  EXPECT_EQ(told, (Log{"r 1, r 1", "b 1, b 2"}));
+  EXPECT_THROW(text()->deleteData(0, 4), std::string);
+  EXPECT_EQ(boundsOfAll(), before);
+  EXPECT_THROW(node("r")->insertBefore(document->element("n").get(), node("a")), std::string);
+  EXPECT_EQ(boundsOfAll(), before);
+  EXPECT_THROW(node("a")->appendChild(node("b")), std::string);
+  EXPECT_EQ(boundsOfAll(), before);
+  document->removeObserver(&thrower);
+  document->removeObserver(&follower);
+
+  node("r")->removeChild(node("b"));
+  EXPECT_EQ(bounds(*ranges[0]), "r 1, r 1");
+}
+
+TEST_F(RangeTest, AChangeThatASelectionPreventsMovesNothing) {
+  const Ref<Range> bookmark = range(node("b"), 1, node("b"), 2);
+  for (const Token type :
+       {Token(EventType::BeforeSelectionChange), Token(EventType::AfterSelectionChange)}) {
+    const Ref<Range> selected = range(node("b"), 1, node("b"), 2, true);
+    bool isFirst = true;
+    CallObserver thrower([&](const DomEvent&) {
+      if (std::exchange(isFirst, false)) throw std::string("no");
+    });
+    document->addObserver(&thrower, type);
+    EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
+    document->removeObserver(&thrower);
+    EXPECT_EQ(bounds(*bookmark), "b 1, b 2");
+    EXPECT_EQ(bounds(*selected), "b 1, b 2");
+    selected->deselect();
+  }
+}
+
+TEST_F(RangeTest, AChangeThatIsPreventedWithinAnotherMovesNothing) {
+  const Ref<Range> outer = range(node("b"), 1, node("b"), 2);
+  const Ref<Range> inner = range(text(), 3, text(), 5);
+  CallObserver thrower([&](const DomEvent& event) {
+    if (event.target == node("r")) node("r")->firstChild()->removeChild(text());
+    throw std::string("no");
+  });
+  document->addObserver(&thrower, EventType::BeforeReplaceChildren);
+  EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
+  document->removeObserver(&thrower);
+  EXPECT_EQ(bounds(*outer), "b 1, b 2");
+  EXPECT_EQ(bounds(*inner), "#text 3, #text 5");
+}
+
+TEST_F(RangeTest, WhatAnObserverHasDoneBeforeItPreventsAChangeStays) {
+  const Ref<Range> moved = range(node("y"), 0, node("y"), 0);
+  const Ref<Range> set = range(node("b"), 1, node("b"), 2);
+  CallObserver setter([&](const DomEvent&) {
+    set->selectNode(node("c"));
+    throw std::string("no");
+  });
+  document->addObserver(&setter, EventType::BeforeReplaceChildren);
+  EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
+  document->removeObserver(&setter);
+  EXPECT_EQ(bounds(*moved), "y 0, y 0");
+  EXPECT_EQ(bounds(*set), "r 2, r 3");
+
+  CallObserver remover([&](const DomEvent& event) {
+    if (event.target != node("r")) return;
+    node("b")->removeChild(node("y"));
+    throw std::string("no");
+  });
+  document->addObserver(&remover, EventType::BeforeReplaceChildren);
+  EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
+  document->removeObserver(&remover);
+  EXPECT_EQ(bounds(*moved), "r 1, r 1") << "its former place has gone";
+}
+
 TEST_F(RangeTest, DetachedTreesMoveNoRanges) {
   const Ref<TestElement> separate = readXml(*document, "<s><t></t><u></u></s>");
   const Ref<Range> range = document->createRange(false);
