@@ -87,12 +87,11 @@ void ReplaceChildrenOperation::execute() {
   Places origins;
   Ref<Node> behindRun;
   try {
-    gatherWhatComes(origins, origins);
+    gatherWhatComes(origins);
     findWhatGoes();
     document().announce(
         BeforeReplaceChildrenEvent(node(), first(), coming_.first(), going_.size()));
-    Places ofObservers;
-    gatherWhatComes(ofObservers, origins);
+    gatherWhatComes(origins);
     findWhatGoes();
     behindRun = behind();
     node()->doReplaceChildren(first(), going_.size(), coming_.first());
@@ -115,8 +114,8 @@ void ReplaceChildrenOperation::execute() {
 
 /// Makes a row in no tree of what comes, wherever it is, and notes where that was. It stays there
 /// if it holds the node that it is to come into.
-void ReplaceChildrenOperation::gatherWhatComes(Places& places, Places& origins) {
-  for (unsigned i = 0; i < coming_.size(); ++i) takeOut(coming_[i], places);
+void ReplaceChildrenOperation::gatherWhatComes(Places& origins) {
+  for (unsigned i = 0; i < coming_.size(); ++i) takeOut(coming_[i], origins);
   // An observer of that may have put one back by now.
   coming_.keepOnly([](const Node& each) { return !each.parent(); });
   coming_.join();
@@ -125,7 +124,6 @@ void ReplaceChildrenOperation::gatherWhatComes(Places& places, Places& origins) 
   for (unsigned i = 0; i < coming_.size(); ++i) isCycle |= isOrHolds(coming_[i], *node());
   if (!isCycle) return;
   coming_ = NodeRun();
-  putBack(std::exchange(places, {}));
   putBack(std::exchange(origins, {}));
 }
 
@@ -145,7 +143,7 @@ void ReplaceChildrenOperation::takeOut(Node& node, Places& places) {
 }
 
 /// Puts nodes back that were taken out, the last one first, as far as they and their places are
-/// free.
+/// free. So each goes to the last of its places.
 void ReplaceChildrenOperation::putBack(const Places& places) {
   for (std::size_t i = places.size(); i-- > 0;) {
     const auto& [node, parent, next] = places[i];

@@ -79,7 +79,7 @@ class ReplaceChildrenOperation final : public ModelOperation {
   static void replaceUnrecorded(Node& parent, Node* first, unsigned count, Node* newChild);
   static void takeOut(Node& node, Places& places);
   static void putBack(const Places& places);
-  void gatherWhatComes(Places& places, Places& origins);
+  void gatherWhatComes(Places& origins);
   void findWhatGoes();
 
   // The child that the change begins with, and the one behind those that go.

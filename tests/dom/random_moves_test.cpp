@@ -1,5 +1,6 @@
 // Short random sequences of changes, with moves between the document, trees beside it and
-// fragments. All are undone and redone, and both ends compared node for node.
+// fragments, and with observers that take part. All are undone and redone, and both ends compared
+// node for node.
 #include <algorithm>
 #include <random>
 #include <set>
@@ -12,6 +13,9 @@ using namespace vantry;
 using namespace vantry::dom::test;
 
 constexpr unsigned sequencesOfSeed = 100;
+
+/// What an observer throws.
+struct Objection {};
 
 /// Does random changes, of all kinds but those that no undo can take back. These are changes
 /// outside of the document, where nothing is recorded, of what was in the document before; and
@@ -28,9 +32,34 @@ class RandomMoves {
       change();
     } catch (const DomException&) {
       ++refusals_;
+    } catch (const Objection&) {
     }
     noteWhatIsThere();
     if (below(3) == 0) document_.startUndoGroup();
+  }
+
+  /// Does some changes that cannot be undone, and forgets all that could.
+  void changeInBatch() {
+    document_.beginBatch();
+    for (unsigned i = below(4); i > 0; --i) changeSomething();
+    document_.endBatch();
+    known_.clear();
+    noteWhatIsThere();
+  }
+
+  /// To be called by an observer: objects now and then, or makes a change at once or later. An undo
+  /// does not record what is changed meanwhile, so that one is only objected to.
+  void meddle() {
+    if (isMeddling_ || below(6) != 0) return;
+    if (isReplaying_ || below(3) == 0) throw Objection();
+    noteWhatIsThere();
+    isMeddling_ = true;
+    if (below(3) == 0) {
+      document_.executeDeferred(callOperation([this] { changeSomething(); }));
+    } else {
+      changeSomething();
+    }
+    isMeddling_ = false;
   }
 
   unsigned refusals() const { return refusals_; }
@@ -61,11 +90,14 @@ class RandomMoves {
     return *oneOf(nodesBelow(*top));
   }
 
-  Node& someNode() { return below(3) == 0 ? someNodeBeside() : someNodeInDocument(); }
+  /// Keeps a node alive, whatever observers do.
+  Node& keep(Node& node) { return *kept_.emplace_back(&node); }
+
+  Node& someNode() { return keep(below(3) == 0 ? someNodeBeside() : someNodeInDocument()); }
 
   Node& someParent() {
     Node& node = someNode();
-    return node.asText() && node.parent() && below(20) > 0 ? *node.parent() : node;
+    return node.asText() && node.parent() && below(20) > 0 ? keep(*node.parent()) : node;
   }
 
   Ref<Node> freshNode() {
@@ -80,7 +112,7 @@ class RandomMoves {
   /// What is in the document now, or was there, is known to the history.
   void noteWhatIsThere() {
     for (Node* node : nodesBelow(*document_.firstChild())) {
-      if (known_.insert(node).second) kept_.emplace_back(node);
+      if (known_.insert(node).second) keep(*node);
     }
   }
   bool isKnown(const Node& node) const { return known_.count(&node) != 0; }
@@ -120,8 +152,18 @@ class RandomMoves {
       case 12:
         return changeText();
       default:
-        return below(2) == 0 ? document_.undo() : document_.redo();
+        return replay();
     }
+  }
+
+  void replay() {
+    isReplaying_ = true;
+    try {
+      below(2) == 0 ? document_.undo() : document_.redo();
+    } catch (const Objection&) {
+      // What was done by then can be undone.
+    }
+    isReplaying_ = false;
   }
 
   void insertFresh() {
@@ -183,9 +225,9 @@ class RandomMoves {
     const Ref<Node> wrapper = readXml(document_, "<w><x></x></w>");
     hold(node);
     hold(*wrapper);
-    Node* next = node.nextSibling();
+    const Ref<Node> next = node.nextSibling();
     wrapper->insertBefore(&node, wrapper->childAt(below(2)));
-    parent->insertBefore(wrapper.get(), next);
+    if (mayChange(*parent)) parent->insertBefore(wrapper.get(), next.get());
   }
 
   /// Puts a run of siblings without a parent in place of another.
@@ -231,19 +273,26 @@ class RandomMoves {
   std::vector<Ref<Node>> kept_;
   std::set<const Node*> known_;
   unsigned refusals_ = 0;
+  bool isMeddling_ = false;
+  bool isReplaying_ = false;
 };
 
 class RandomMovesTest : public TreeTest, public testing::WithParamInterface<unsigned> {
  protected:
-  void expectThereAndBack(unsigned seed) {
-    load("<r x=\"1\"><a>first text</a><b><c><d></d></c></b>second text<e></e></r>");
-    document->setUndoLimit(1000000);
-    const Snapshot before(*document);
-    RandomMoves moves(*document, seed);
-    constexpr unsigned steps = 30;
-    for (unsigned i = 0; i < steps; ++i) moves.changeSomething();
+  /// Calls `expectThereAndBack(seed)` for each sequence of the parameter.
+  template <class Expect>
+  void forEachSequence(Expect expectThereAndBack) {
+    for (unsigned i = 0; i < sequencesOfSeed; ++i) {
+      const unsigned seed = GetParam() * sequencesOfSeed + i;
+      load("<r x=\"1\"><a>first text</a><b><c><d></d></c></b>second text<e></e></r>");
+      document->setUndoLimit(1000000);
+      expectThereAndBack(seed);
+      ASSERT_FALSE(HasFailure()) << "sequence " << seed;
+    }
+  }
+
+  void expectThereAndBackFrom(const Snapshot& before) {
     checkLinks(*document);
-    EXPECT_LT(moves.refusals(), steps / 2);
     while (document->canRedo()) document->redo();
     const Snapshot after(*document);
     for (int round = 0; round < 2; ++round) {
@@ -254,14 +303,32 @@ class RandomMovesTest : public TreeTest, public testing::WithParamInterface<unsi
       checkLinks(*document);
     }
   }
+
+  static constexpr unsigned steps = 30;
 };
 
 TEST_P(RandomMovesTest, BothEndsAreReachedNodeForNode) {
-  for (unsigned i = 0; i < sequencesOfSeed; ++i) {
-    const unsigned seed = GetParam() * sequencesOfSeed + i;
-    expectThereAndBack(seed);
-    ASSERT_FALSE(HasFailure()) << "sequence " << seed;
-  }
+  forEachSequence([this](unsigned seed) {
+    const Snapshot before(*document);
+    RandomMoves moves(*document, seed);
+    for (unsigned i = 0; i < steps; ++i) moves.changeSomething();
+    EXPECT_LT(moves.refusals(), steps / 2);
+    expectThereAndBackFrom(before);
+  });
+}
+
+TEST_P(RandomMovesTest, BothEndsAreReachedWhateverObserversDo) {
+  forEachSequence([this](unsigned seed) {
+    RandomMoves moves(*document, seed);
+    CallObserver meddler([&](const DomEvent&) { moves.meddle(); });
+    document->addObserver(&meddler);
+    for (unsigned i = 0; i < steps / 2; ++i) moves.changeSomething();
+    moves.changeInBatch();
+    const Snapshot before(*document);
+    for (unsigned i = 0; i < steps / 2; ++i) moves.changeSomething();
+    document->removeObserver(&meddler);
+    expectThereAndBackFrom(before);
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomMovesTest, testing::Range(0U, 40U));

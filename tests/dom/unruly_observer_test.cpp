@@ -390,6 +390,29 @@ TEST_F(UnrulyObserverTest, WhatComesInIsTakenFromWhereAnObserverPutIt) {
   before.expectIn(*document);
 }
 
+TEST_F(UnrulyObserverTest, WhatAnObserverPutIntoTheDocumentGoesBackThereForTheUndo) {
+  TestElement* root = load("<r><a></a><b></b><x></x><e></e></r>");
+  const Snapshot before(*document);
+  Node* const e = node("e");
+  const Ref<Node> moved = node("x");
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent& event) {
+    if (event.target == e && std::exchange(isFirst, false))
+      root->replaceChild(moved.get(), node("a"));
+  });
+  document->addObserver(&observer, EventType::BeforeReplaceChildren);
+  e->appendChild(moved.get());
+  document->removeObserver(&observer);
+  EXPECT_EQ(xml(), "<r><b></b><e><x></x></e></r>");
+  const Snapshot after(*document);
+  for (int round = 0; round < 2; ++round) {
+    document->undo();
+    before.expectIn(*document);
+    document->redo();
+    after.expectIn(*document);
+  }
+}
+
 TEST_F(UnrulyObserverTest, WhatAnObserverHasTakenOutNeedsNoRemoval) {
   TestElement* root = load("<r><a></a><b></b><c></c></r>");
   const Snapshot before(*document);
