@@ -28,11 +28,14 @@ void OperationHistory::add(std::unique_ptr<base::Operation> operation) {
     startNewGroup_ = true;
   }
   if (startNewGroup_) {
-    groups_.emplace_back();
+    Group group;
+    group.push_back(std::move(operation));
+    groups_.push_back(std::move(group));
     ++position_;
     startNewGroup_ = false;
+  } else {
+    groups_.back().push_back(std::move(operation));
   }
-  groups_.back().push_back(std::move(operation));
   for (; groups_.size() > limit_; --position_) groups_.pop_front();
 }
 
