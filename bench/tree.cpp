@@ -11,6 +11,8 @@ using vantry::base::Ref;
 using vantry::dom::Node;
 using vantry::dom::Token;
 
+constinit const vantry::base::StaticToken bare("bare");
+
 /// An element without attributes.
 class BareElement final : public vantry::dom::Element {
  public:
@@ -21,7 +23,7 @@ class BareElement final : public vantry::dom::Element {
     if (deep) cloneChildrenInto(*copy);
     return copy;
   }
-  Token tagName() const override { return vantry::dom::EventType::AfterReplaceText; }
+  Token tagName() const override { return bare; }
   vantry::base::Variant getAttribute(Token) const override { return {}; }
   bool hasAttribute(Token) const override { return false; }
   void doSetAttribute(Token, const vantry::base::Variant&) override {}
