@@ -143,12 +143,12 @@ void Document::beginBatch() {
   }
   const unsigned limit = history_.limit();
   history_.setLimit(0);
-  for (auto told = observers_.begin(); told != observers_.end(); ++told) {
+  for (auto notified = observers_.begin(); notified != observers_.end(); ++notified) {
     try {
-      if (told->observer) told->observer->beforeBatch();
+      if (notified->observer) notified->observer->beforeBatch();
     } catch (...) {
       history_.setLimit(limit);
-      tellEndOfBatch(told);
+      reportEndOfBatch(notified);
       throw;
     }
   }
@@ -157,12 +157,12 @@ void Document::beginBatch() {
   ++batchDepth_;  // an observer may have begun one of its own
 }
 
-/// Tells the observers before `end`, all of them, and returns what the first one threw.
-std::exception_ptr Document::tellEndOfBatch(std::list<Subscription>::iterator end) {
+/// Notifies the observers before `end`, all of them, and returns what was thrown first.
+std::exception_ptr Document::reportEndOfBatch(std::list<Subscription>::iterator end) {
   std::exception_ptr error;
-  for (auto told = observers_.begin(); told != end; ++told) {
+  for (auto notified = observers_.begin(); notified != end; ++notified) {
     const std::exception_ptr next = attempt([&] {
-      if (told->observer) told->observer->afterBatch();
+      if (notified->observer) notified->observer->afterBatch();
     });
     if (!error) error = next;
   }
@@ -172,7 +172,7 @@ std::exception_ptr Document::tellEndOfBatch(std::list<Subscription>::iterator en
 void Document::endBatch() {
   if (batchDepth_ == 0 || --batchDepth_ > 0) return;
   history_.setLimit(savedHistoryLimit_);
-  const std::exception_ptr error = tellEndOfBatch(observers_.end());
+  const std::exception_ptr error = reportEndOfBatch(observers_.end());
   removeUnreferencedRanges();
   rethrow(error);
 }

@@ -22,17 +22,17 @@ class RangeList;
 
 /// The root of a tree. Its first child is the root element.
 ///
-/// A document executes and records the changes of its tree, tells its observers about them and owns
-/// its ranges. In a batch nothing is recorded or told.
+/// A document executes and records the changes of its tree, notifies its observers and owns its
+/// ranges. A batch records nothing and sends no events.
 ///
 /// A document, with all that belongs to it, is for one thread at a time. Different documents do not
 /// touch each other and may be in use on any number of threads at once.
 ///
-/// A document lives on the heap, in a Ref. No document can be made anywhere else, as destructors
-/// are protected: a derived class keeps to that. If ranges were made, tearDown() comes before the
-/// last reference goes, since they may hold the document itself. With the last reference the
-/// content goes; the empty document then stays behind for as long as somebody holds a node that was
-/// made for it, so that ownerDocument() of that node can be used.
+/// A document lives on the heap, in a Ref. Its destructor is protected, so it cannot be made
+/// elsewhere; a derived class keeps its own protected too. If ranges were made, call tearDown()
+/// before the last reference is dropped, since they may hold the document itself. The content goes
+/// with the last reference; the empty document then stays for as long as somebody holds a node that
+/// was made for it, so that ownerDocument() of that node can be used.
 class Document : public InnerNode {
  public:
   void release() override;
@@ -71,23 +71,23 @@ class Document : public InnerNode {
   /// themselves.
   void noteChange() { ++changeCount_; }
 
-  /// Subscribes to one type of events, or to all. A null observer is ignored. Observers are told in
-  /// the order of subscription, save that a place given up is taken by the next who subscribes.
+  /// Subscribes to one type of events, or to all. A null observer is ignored. Observers are called
+  /// in the order of subscription, but the next one to subscribe takes a place that was given up.
   virtual void addObserver(IDocObserver* observer);
   virtual void addObserver(IDocObserver* observer, Token eventType);
-  /// End all subscriptions of the observer, or one; each is told by observerDetached().
+  /// End all subscriptions of the observer, or one; each end calls observerDetached().
   virtual void removeObserver(IDocObserver* observer);
   virtual void removeObserver(IDocObserver* observer, Token eventType);
 
-  /// Between these two nothing is recorded or told. They nest. A batch empties the undo history. If
-  /// an observer throws at its begin there is no batch, and those who were told of it already are
-  /// told of its end.
+  /// Between these two nothing is recorded and no events are sent. They nest. A batch empties the
+  /// undo history. If an observer throws at its begin, there is no batch; afterBatch() is called
+  /// for those already notified.
   virtual void beginBatch();
   virtual void endBatch();
   bool isInBatch() const { return batchDepth_ > 0; }
 
   /// Runs the operation and records it. An operation that throws is not recorded. What an observer
-  /// throws before a change prevents it; what one throws after a change passes on when all is done
+  /// throws before a change prevents it; what one throws after a change is thrown when all is done
   /// and recorded, deferred operations as well.
   void execute(std::unique_ptr<base::Operation> operation);
 
@@ -225,7 +225,7 @@ class Document : public InnerNode {
   static Range* selectedFrom(Range* range);
 
   void endSubscription(Subscription& subscription);
-  std::exception_ptr tellEndOfBatch(std::list<Subscription>::iterator end);
+  std::exception_ptr reportEndOfBatch(std::list<Subscription>::iterator end);
   void removeUnreferencedRanges();
 
   OperationHistory history_;

@@ -39,8 +39,8 @@ class Element : public InnerNode {
   virtual void doSetAttribute(Token name, const Variant& value) = 0;
   virtual void doRemoveAttribute(Token name) = 0;
 
-  /// Told around a change of an attribute of `origin`: to `origin` first, then to its descendants
-  /// from the top down. The result tells whether the children shall be told as well.
+  /// Called around a change of an attribute of `origin`: first for `origin`, then downwards.
+  /// Returns whether to go on to the children.
   virtual bool beforeSetAttribute(Element& origin, Token name, const Variant& value);
   virtual bool afterSetAttribute(Element& origin, Token name);
   virtual bool beforeRemoveAttribute(Element& origin, Token name);
@@ -55,7 +55,7 @@ class Element : public InnerNode {
   virtual bool isWritten() const { return true; }
   /// Writes each attribute with a blank before it.
   virtual std::ostream& writeAttributes(std::ostream& out) const { return out; }
-  /// Writes what stands between the start tag and the children.
+  /// Writes what comes between the start tag and the children.
   virtual std::ostream& writeContent(std::ostream& out) const { return out; }
 
  protected:

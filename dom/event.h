@@ -1,4 +1,4 @@
-// What a document tells its observers.
+// The events of a document.
 #pragma once
 
 #include "vantry/base/token.h"
@@ -33,7 +33,7 @@ struct DomEvent {
   DomEvent(Node* eventTarget, Token eventType) : target(eventTarget), type(eventType) {}
   virtual ~DomEvent() = default;
 
-  /// A stale event is told to no further observer.
+  /// A stale event reaches no further observer.
   virtual bool isStale() const { return false; }
 
   Node* target;
@@ -137,19 +137,19 @@ struct BeforeDeselectEvent : DomRangeEvent {
 };
 
 /// Somebody who wants to know what happens in a document. The document does not own its observers:
-/// one that goes away first removes itself.
+/// an observer must be removed before it is destroyed.
 class IDocObserver {
  public:
   virtual ~IDocObserver() = default;
 
   /// The subscription to `eventType` (null: to all events) has ended.
   virtual void observerDetached(Token eventType) = 0;
-  /// A batch begins or has ended: until then nothing is recorded or told.
+  /// A batch begins, or has ended; within it nothing is recorded and no events are sent.
   virtual void beforeBatch() = 0;
   virtual void afterBatch() = 0;
   /// An observer may subscribe, unsubscribe and read here. Changes of the tree are best deferred by
-  /// Document::executeDeferred(); one that is made here comes in the midst of the change that is
-  /// told of, which then does what is left to do. What an observer throws passes through the
+  /// Document::executeDeferred(); one made here takes place inside the change that the event
+  /// reports, which then completes as far as it still can. What an observer throws comes out of the
   /// mutator, see Document::execute().
   virtual void handleEvent(const DomEvent& event) = 0;
 };

@@ -19,7 +19,7 @@ void InnerNode::doReplaceChildren(Node* first, unsigned count, Node* newChildren
     return last ? last->nextSibling_ : firstChild_;
   };
 
-  // Take the run out. What stands behind it is cut off too, for a moment.
+  // Take the run out. What follows it is cut off too, for a moment.
   Ref<Node> removed = cut(slotBehindLast());
   Ref<Node> rest;
   if (first && count > 0) {

@@ -11,7 +11,7 @@ namespace {
 
 /// Calls `hook` on `origin`, and on the elements below each element whose hook asks for it.
 template <class Hook>
-void tellDown(Element& origin, Hook hook) {
+void callDown(Element& origin, Hook hook) {
   walkSubtree<Node>(origin, [&](Node& node) {
     Element* element = node.asElement();
     return element && hook(*element);
@@ -186,12 +186,12 @@ bool AttributeOperation::getFormer(Variant& former) const {
 
 bool AttributeOperation::set(const Variant& value, Variant& former) {
   Element& origin = element();
-  tellDown(origin, [&](Element& e) { return e.beforeSetAttribute(origin, name_, value); });
+  callDown(origin, [&](Element& e) { return e.beforeSetAttribute(origin, name_, value); });
   document().notify(BeforeSetAttributeEvent(&origin, name_, value));
   const bool hadValue = getFormer(former);
   origin.doSetAttribute(name_, value);
   document().afterChange([&] {
-    tellDown(origin, [&](Element& e) { return e.afterSetAttribute(origin, name_); });
+    callDown(origin, [&](Element& e) { return e.afterSetAttribute(origin, name_); });
     document().notify(AfterSetAttributeEvent(&origin, name_));
   });
   return hadValue;
@@ -200,12 +200,12 @@ bool AttributeOperation::set(const Variant& value, Variant& former) {
 bool AttributeOperation::remove(Variant& former) {
   Element& origin = element();
   if (!origin.hasAttribute(name_)) return false;
-  tellDown(origin, [&](Element& e) { return e.beforeRemoveAttribute(origin, name_); });
+  callDown(origin, [&](Element& e) { return e.beforeRemoveAttribute(origin, name_); });
   document().notify(BeforeRemoveAttributeEvent(&origin, name_));
   const bool hadValue = getFormer(former);
   if (hadValue) origin.doRemoveAttribute(name_);
   document().afterChange([&] {
-    tellDown(origin, [&](Element& e) { return e.afterRemoveAttribute(origin, name_); });
+    callDown(origin, [&](Element& e) { return e.afterRemoveAttribute(origin, name_); });
     document().notify(AfterRemoveAttributeEvent(&origin, name_));
   });
   return hadValue;

@@ -35,7 +35,7 @@ struct NodeClass {
 /// A new node is in no tree. Whoever asked for it holds it in a Ref until a parent has taken it.
 ///
 /// Every change of a node that is in its document (see isInDocument()) runs through an operation of
-/// the document, which can take it back and tells the observers. Other nodes change directly.
+/// the document, which can take it back and notifies the observers. Other nodes change directly.
 class Node : public base::RefCounted<base::IResource> {
  public:
   enum Type : int {
@@ -88,9 +88,9 @@ class Node : public base::RefCounted<base::IResource> {
   /// Whether this is a text that takes this change, see Text::replaceData().
   virtual bool canReplaceText(unsigned offset, unsigned count, const char* text) const;
 
-  /// Tells this node and all below it that they have come into the document, in document order.
-  /// Changes of nodes in the document do so by themselves. To be called after the root element was
-  /// put in, which is no recorded change.
+  /// Calls onAttached() for this node and all below it, in document order. Changes of nodes in the
+  /// document do so by themselves. To be called after the root element was put in, which is no
+  /// recorded change.
   void attachedToDocument();
 
   /// Writes the node with all below it as XML, and returns the stream. Throws

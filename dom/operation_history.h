@@ -22,8 +22,8 @@ class OperationHistory {
 
   /// Undo the last group that is done, its last operation first, and do the first one that is
   /// undone again. Nothing happens without such a group, nor while one of the two is under way. An
-  /// exception of an operation passes through; what is done and what is undone by then are a group
-  /// each.
+  /// exception of an operation reaches the caller; what is done and what is undone by then are a
+  /// group each.
   void undo();
   void redo();
   bool canUndo() const { return position_ > 0; }

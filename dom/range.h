@@ -10,8 +10,8 @@ namespace vantry::dom {
 /// the children of an inner node, or a number of bytes in a text.
 ///
 /// A range is made by Document::createRange(). It is live until it is detached, for good. During a
-/// batch it is frozen: a batch throws all bounds back to the start of the document. A selected
-/// range keeps itself alive until deselect() and tells the observers of its changes.
+/// batch it is frozen: a batch resets all bounds to the start of the document. A selected range
+/// keeps itself alive until deselect(), and its changes are events of the document.
 ///
 /// All operations throw DomException InvalidState on a detached range, but for those that say what
 /// else they do.
@@ -95,7 +95,7 @@ class Range : public AtomicNode, public IDocObserver {
 
   explicit Range(Document* owner);
 
-  /// Whether the container has that offset, and no change of it goes untold.
+  /// Whether the container has that offset, and each change of it is an event.
   static bool isWithin(const Point& point);
 
   static int comparePoints(const Point& a, const Point& b);

@@ -6,7 +6,7 @@
 namespace vantry::dom {
 
 /// Walks over `root` and its descendants. `enter(node)` is called before the children of a node and
-/// tells whether to go into it; `leave(node)` is called after the children of each node that was
+/// returns whether to go into it; `leave(node)` is called after the children of each node that was
 /// gone into. `NodeType` is Node or const Node. What is called may change nodes, but not the part
 /// of the tree that is still to come.
 template <class NodeType, class Enter, class Leave>
@@ -30,7 +30,7 @@ void walkSubtree(NodeType& root, Enter enter, Leave leave) {
   }
 }
 
-/// The same without leaving: `enter(node)` tells whether to go into the node.
+/// The same without leaving: `enter(node)` returns whether to go into the node.
 template <class NodeType, class Enter>
 void walkSubtree(NodeType& root, Enter enter) {
   walkSubtree(root, enter, [](NodeType&) {});

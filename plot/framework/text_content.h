@@ -21,7 +21,7 @@ class PCDataElement : public PlotElement {
   /// the blank. A child that is no text makes it false.
   bool isBlank(bool allowWhiteSpace) const;
 
-  /// Writes the text as it stands, or "NIL" if it is blank.
+  /// Writes the text unchanged, or "NIL" if it is blank.
   void putText(std::ostream& out) const;
   /// Writes the item `name=(text)`, or `name=NIL`.
   void putNamed(CmdWriter& writer, Token name) const;

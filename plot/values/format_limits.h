@@ -21,7 +21,7 @@ const char* whyNoText(const base::FixedString& text);
 /// empty, but an apostrophe and a blank do not go together in it.
 const char* whyNoText(const FontStyle& font);
 
-/// Why a word that can be read cannot be written: it is written as it stands.
+/// Why a word that can be read cannot be written: it is written unchanged.
 const char* whyNotWritten(base::Token word);
 
 /// Whether a font's family is written without quotes, since it has one in it.

@@ -20,7 +20,7 @@ std::ostream& operator<<(std::ostream& out, RGBA color);
 std::ostream& operator<<(std::ostream& out, const P2& point);
 std::ostream& operator<<(std::ostream& out, const P3& point);
 /// 'family' size, the styles, colour and alignment, as FontStyleParser reads them. A family with an
-/// apostrophe stands without the quotes.
+/// apostrophe is written without the quotes.
 std::ostream& operator<<(std::ostream& out, const FontStyle& font);
 
 /// The stream's own format of the value.
@@ -34,7 +34,7 @@ struct BoolPutXml {
   static void put(std::ostream& out, bool value) { out << (value ? '1' : '0'); }
 };
 
-/// The text of the token, as it stands.
+/// The text of the token, unchanged.
 struct TokenPutXml {
   static void put(std::ostream& out, base::Token value);
 };
@@ -73,7 +73,7 @@ struct UnitPutCmd {
   static void put(CmdWriter& writer, base::Token value);
 };
 
-/// The text in double quotes, as it stands.
+/// The text in double quotes, unchanged.
 struct StringPutCmd {
   static void put(CmdWriter& writer, const base::FixedString& value);
 };
