@@ -29,14 +29,12 @@ NodeRun::NodeRun(Node* first, unsigned count) : first_(count > 0 ? first : nullp
   }
 }
 
+// What is before the first of them is cut off when they go into a list.
 bool NodeRun::isJoined() const {
-  const Node* before = nullptr;
-  for (unsigned i = 0; i < size(); ++i) {
-    const Node& node = (*this)[i];
-    if (node.previousSibling() != before) return false;
-    before = &node;
+  for (unsigned i = 1; i < size(); ++i) {
+    if ((*this)[i].previousSibling() != &(*this)[i - 1]) return false;
   }
-  return !before || !before->nextSibling();
+  return !first_ || !last()->nextSibling();
 }
 
 void NodeRun::join() const {
@@ -69,6 +67,7 @@ void NodeRun::closeGapsIn(Node& parent) const {
 }
 
 void NodeRun::cutOff(Node& node) {
+  if (node.ownerDocument()) node.ownerDocument()->noteChange();
   if (node.previousSibling()) Node::cut(node.previousSibling()->nextSibling_);
   Node::cut(node.nextSibling_);
 }
@@ -87,12 +86,11 @@ void ReplaceChildrenOperation::execute() {
   Places origins;
   Ref<Node> behindRun;
   try {
-    gatherWhatComes(origins);
-    findWhatGoes();
+    takeStock(origins);
+    const std::uint64_t changeCount = document().changeCount();
     document().announce(
         BeforeReplaceChildrenEvent(node(), first(), coming_.first(), going_.size()));
-    gatherWhatComes(origins);
-    findWhatGoes();
+    if (document().changeCount() != changeCount) takeStock(origins);
     behindRun = behind();
     node()->doReplaceChildren(first(), going_.size(), coming_.first());
   } catch (...) {
@@ -110,6 +108,11 @@ void ReplaceChildrenOperation::execute() {
     for (unsigned i = 0; i < going_.size(); ++i) going_[i].attachedToDocument();
     document().notify(AfterReplaceChildrenEvent(node()));
   });
+}
+
+void ReplaceChildrenOperation::takeStock(Places& origins) {
+  gatherWhatComes(origins);
+  findWhatGoes();
 }
 
 /// Makes a row in no tree of what comes, wherever it is, and notes where that was. It stays there

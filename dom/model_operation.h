@@ -40,8 +40,8 @@ class NodeRun {
   template <class Belongs>
   void keepOnly(Belongs belongs);
 
-  /// Makes siblings without a parent of the nodes, in their order and with no other among them. No
-  /// node may have a parent.
+  /// Makes siblings without a parent of the nodes, in their order and with no other among or behind
+  /// them. No node may have a parent.
   void join() const;
   /// Brings the nodes, which are all children of `parent`, together behind the first of them.
   void closeGapsIn(Node& parent) const;
@@ -79,6 +79,7 @@ class ReplaceChildrenOperation final : public ModelOperation {
   static void replaceUnrecorded(Node& parent, Node* first, unsigned count, Node* newChild);
   static void takeOut(Node& node, Places& places);
   static void putBack(const Places& places);
+  void takeStock(Places& origins);
   void gatherWhatComes(Places& origins);
   void findWhatGoes();
 

@@ -57,6 +57,21 @@ TEST_F(UnrulyObserverTest, WhatIsThrownBeforeAChangePreventsIt) {
   expectAtRest();
 }
 
+TEST_F(UnrulyObserverTest, ARunOfSiblingsStaysWholeIfAnObserverPreventsThatItComesIn) {
+  TestElement* root = load("<r><a></a><b></b><c></c></r>");
+  const Ref<Node> a = node("a");
+  root->replaceChildren(a.get(), 3, nullptr);
+  document->clearUndo();
+  Node* const b = a->nextSibling();
+  expectThrown(EventType::BeforeReplaceChildren, [&] { root->appendChild(b); });
+  ASSERT_EQ(a->nextSibling(), b);
+  ASSERT_TRUE(b->nextSibling());
+  root->appendChild(b);
+  EXPECT_EQ(xml(), "<r><b></b><c></c></r>");
+  EXPECT_EQ(a->nextSibling(), nullptr);
+  checkLinks(*document);
+}
+
 TEST_F(UnrulyObserverTest, AFragmentThatComesBackIsWhole) {
   TestElement* root = load("<r><g></g></r>");
   const Ref<DocumentFragment> fragment = document->fragment();
