@@ -50,19 +50,6 @@ void TransformBase::collectEffectiveStyles(StyleChain& chain) const {
   collectEffectiveTypedStyles(*this, type(), chain);
 }
 
-// The times of the maps depend on what the transform has inherited.
-
-bool TransformBase::parentPropertyChanged(PlotElement& source, Token key) {
-  const bool changed = ContainerWithMembers::parentPropertyChanged(source, key);
-  noteChange();
-  return changed;
-}
-
-void TransformBase::onAttached() {
-  ContainerWithMembers::onAttached();
-  noteChange();
-}
-
 bool TransformBase::beginCommand(CmdWriter& writer) const {
   writer.beginCall(type());
   propertyList().putCmd(writer, *this);

@@ -20,7 +20,6 @@ class TransformBase
   const PlotElement* styleParent(Token key) const override;
   void collectStyleChain(StyleChain& chain) const override;
   void collectEffectiveStyles(StyleChain& chain) const override;
-  bool parentPropertyChanged(PlotElement& source, Token key) override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;
@@ -38,8 +37,6 @@ class TransformBase
 
  protected:
   TransformBase(const TransformBase&) = default;
-
-  void onAttached() override;
 };
 
 /// A transform of objects in the plane.

@@ -151,7 +151,9 @@ bool PlotElement::canBeWritten() const {
 
 void notifyPropertyChange(PlotElement& element, Token name) {
   dom::Document* document = element.ownerDocument();
-  if (!document || document->isInBatch()) return;
+  if (!document) return;
+  document->noteChange();
+  if (document->isInBatch()) return;
   AfterPropertyChangeEvent event(element, name);
   document->notify(event);
 }

@@ -111,7 +111,8 @@ class Property {
   base::Token name_;
 };
 
-/// Tells the observers that the property `name` of `element` has another value now.
+/// Counts as a change and notifies the observers: the property `name` of `element` has another
+/// value now.
 void notifyPropertyChange(PlotElement& element, base::Token name);
 
 }  // namespace vantry::plot

@@ -102,11 +102,15 @@ class TimeReader : public PropertyObserver {
 
 TEST_F(KeyFrameTest, AReadDuringAChangeLeavesNothingOld) {
   ObjStyle* style = add<ObjStyle>(*canvas, {{Word::Type, "Rotate2d"}});
-  add<Obj2d>(*system, {{Word::Type, "Rotate2d"}});  // is told after the transform
   TimeReader reader(*document, *map);
-  style->setAttributeFromString(Word::TimeEnd, "8");  // is told before the transform
+  style->setAttributeFromString(Word::TimeEnd, "8");  // comes before the transform's own event
   EXPECT_EQ(map->frameTime(), 4);
   EXPECT_EQ(reader.lastTime, 4);
+
+  add<ObjStyle>(*system, {{Word::Type, "Rotate2d"}, {Word::TimeEnd, "16"}});
+  EXPECT_EQ(map->frameTime(), 4);
+  transform->attachedToDocument();
+  EXPECT_EQ(reader.lastTime, 8);
 }
 
 TEST_F(KeyFrameTest, ChangesOutsideOfTheDocumentCountToo) {
