@@ -12,6 +12,21 @@ bool operator<(const FontStyle& a, const FontStyle& b) {
   return rest(a) < rest(b);
 }
 
+const char* familyOfKind(std::string_view name) {
+  static constexpr struct {
+    std::string_view kind;
+    const char* family;
+  } kinds[] = {
+      {"serif", "Times"},
+      {"sans-serif", "Helvetica"},
+      {"monospace", "Courier"},
+  };
+  for (const auto& [kind, family] : kinds) {
+    if (name == kind) return family;
+  }
+  return nullptr;
+}
+
 const FontStyle& FontStyle::standard() {
   static const FontStyle& font = *new FontStyle{
       base::FixedString::permanent("Times"), 11, false, black, false, base::Word::Left};

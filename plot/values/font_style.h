@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "vantry/base/fixed_string.h"
 #include "vantry/base/token.h"
@@ -26,5 +27,9 @@ struct FontStyle {
   /// documents of all threads share. Never destroyed.
   static const FontStyle& standard();
 };
+
+/// The family that is meant by the name of a kind of families, such as "serif"; null for any other
+/// name.
+const char* familyOfKind(std::string_view name);
 
 }  // namespace vantry::plot

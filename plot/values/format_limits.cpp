@@ -53,6 +53,7 @@ const char* whyNoText(const FontStyle& font) {
     return "the font has no alignment";
   }
   const std::string_view family = viewOf(font.family.c_str());
+  if (familyOfKind(family)) return "the font's family stands for another";
   const bool needsQuotes = hasBlank(family) || family.starts_with('\'');
   if (isWrittenBare(font.family) && needsQuotes) {
     return "the font's family has an apostrophe that cannot be told from its quotes";

@@ -18,7 +18,8 @@ const char* whyNoOption(base::Token option);
 /// A text has only characters of XML.
 const char* whyNoText(const base::FixedString& text);
 /// A font has a size of at least one point and one of the three alignments. Its family may be
-/// empty, but an apostrophe and a blank do not go together in it.
+/// empty, but it is no name of a kind of families, and an apostrophe and a blank do not go together
+/// in it.
 const char* whyNoText(const FontStyle& font);
 
 /// Why a word that can be read cannot be written: it is written unchanged.

@@ -121,20 +121,15 @@ const char* endOfWord(const char* text) {
   return text;
 }
 
-const char* namedFamily(const std::string& family) {
-  if (family == "serif") return "Times";
-  if (family == "sans-serif") return "Helvetica";
-  if (family == "monospace") return "Courier";
-  return family.c_str();
-}
-
 // Reads the family and moves `text` behind it. A family at the very end of the text fails.
 bool parseFamily(FixedString& out, const char*& text) {
   const bool quoted = *text == '\'';
   if (quoted) ++text;
   const char* end = quoted ? std::strchr(text, '\'') : endOfWord(text);
   if (!end) return false;
-  out = nativeText(namedFamily(std::string(text, end))).c_str();
+  const std::string name(text, end);
+  const char* family = familyOfKind(name);
+  out = nativeText(family ? family : name.c_str()).c_str();
   text = quoted ? end + 1 : end;
   return *text != '\0';
 }

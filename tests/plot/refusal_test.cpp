@@ -53,10 +53,14 @@ TEST_F(RefusalTest, AFontThatNoTextGives) {
       "the font's family has an apostrophe that cannot be told from its quotes";
   refuse({"Kid's Hand", 9, false, black, false, Word::Left}, apostrophe);
   refuse({"'Times", 9, false, black, false, Word::Left}, apostrophe);
+  for (const char* family : {"serif", "sans-serif", "monospace"}) {
+    refuse({family, 9, false, black, false, Word::Left}, "the font's family stands for another");
+  }
 }
 
 TEST_F(RefusalTest, AFontThatSomeTextGives) {
-  for (const char* family : {"", "Times", "two words", "Kid's", "K\xC3\xA4se"}) {
+  for (const char* family :
+       {"", "Times", "two words", "Kid's", "K\xC3\xA4se", "Serif", "serif-bold"}) {
     const FontStyle font{family, 9, true, red, false, Word::Center};
     canvas->setAttribute(Word::HeaderFont, FontStyleVariant(font));
     const std::string text = valueOf(*canvas, Word::HeaderFont);
