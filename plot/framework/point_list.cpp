@@ -18,8 +18,11 @@ bool P2List::canBeWritten() const {
 }
 
 bool P3List::canBeWritten() const {
+  // A single colour would be read as the first one.
+  const bool lacksFirst = colors.empty() && !secondColors.empty();
   return PrimitiveBase::canBeWritten() &&
-         fitThePoints(*this, points.size(), normals, colors, secondColors);
+         fitThePoints(*this, points.size(), normals, colors, secondColors) &&
+         (!lacksFirst || refuse(RefusalKind::listsOfOtherLength));
 }
 
 std::ostream& P2List::writeContent(std::ostream& out) const {

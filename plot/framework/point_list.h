@@ -31,7 +31,7 @@ class P3List : public PrimitiveBase {
   std::vector<P3> points;
   std::vector<P3> normals;
   std::vector<RGBA> colors;        ///< the first colour of each point
-  std::vector<RGBA> secondColors;  ///< the second colour of each point
+  std::vector<RGBA> secondColors;  ///< the second colour of each point, only beside a first one
 
   /// Writes each point as a P3 element.
   std::ostream& writeContent(std::ostream& out) const override;

@@ -222,6 +222,17 @@ TEST_F(WrittenDocument, HasListsThatFitTheirPoints) {
   EXPECT_TRUE(canBeWritten(drawing));
 }
 
+// A single colour is the first one.
+TEST_F(WrittenDocument, HasNoSecondColorsWithoutFirst) {
+  Drawing drawing;
+  auto& space = drawing.add<P3List>(*drawing.image3d, Word::Poly3d);
+  space.points = {{0, 0, 0}, {1, 1, 1}};
+  space.secondColors = {red, blue};
+  EXPECT_FALSE(canBeWritten(drawing));
+  space.colors = {blue, red};
+  EXPECT_TRUE(canBeWritten(drawing));
+}
+
 TEST_F(WrittenDocument, HasACanvas) {
   Drawing empty(false);
   EXPECT_FALSE(canBeWritten(empty));
