@@ -40,6 +40,18 @@ void deselectFrom(const PlotDocument& document, Range* range) {
   for (const Ref<Range>& each : selected) each->deselect();
 }
 
+/// Makes one group of the undo history of the changes in its lifetime, however that ends.
+class UndoGroup {
+ public:
+  explicit UndoGroup(PlotDocument& document) : document_(document) { document_.startUndoGroup(); }
+  UndoGroup(const UndoGroup&) = delete;
+  UndoGroup& operator=(const UndoGroup&) = delete;
+  ~UndoGroup() { document_.startUndoGroup(); }
+
+ private:
+  PlotDocument& document_;
+};
+
 void makeInconsistent(PlotElement& element) {
   const Variant inconsistent = base::BoolVariant(false);
   if (element.hasAttribute(Word::Consistent) &&
@@ -105,12 +117,11 @@ void PlotDocument::deleteSelection() {
   if (!canDeleteSelection()) return;
   PlotElement* element = selectedElement();
   const Ref<dom::Node> parent = element->parent();
-  startUndoGroup();
+  const UndoGroup group(*this);
   parent->removeChild(element);
   for (Ref<dom::Node> node = parent; node; node = node->parent()) {
     if (PlotElement* ancestor = PlotElement::from(node.get())) makeInconsistent(*ancestor);
   }
-  startUndoGroup();
 }
 
 }  // namespace vantry::plot

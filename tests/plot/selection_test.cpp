@@ -292,6 +292,25 @@ TEST_F(SelectionTest, ADeletionIsSeparateFromWhatCameBefore) {
   EXPECT_TRUE(canvas->hasAttribute(Word::Width));
 }
 
+TEST_F(SelectionTest, ADeletionIsSeparateFromWhatComesBehindThoughAnObserverThrows) {
+  class Thrower final : public PropertyObserver {
+   public:
+    using PropertyObserver::PropertyObserver;
+    void handleEvent(const dom::DomEvent&) override { throw std::string("no"); }
+  };
+  canvas->setAttributeFromString(Word::Consistent, "1");
+  document->select(object);
+  {
+    const Thrower thrower(*document);
+    EXPECT_THROW(document->deleteSelection(), std::string);
+  }
+  EXPECT_EQ(group->firstChild(), nullptr);
+  canvas->setAttributeFromString(Word::Width, "50");
+  document->undo();
+  EXPECT_FALSE(canvas->hasAttribute(Word::Width));
+  EXPECT_EQ(group->firstChild(), nullptr);
+}
+
 // Times.
 
 TEST_F(SelectionTest, TheCurrentTime) {
