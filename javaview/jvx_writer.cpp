@@ -7,17 +7,11 @@
 #include <cstdint>
 #include <fstream>
 #include <limits>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "vantry/dom/tree_walk.h"
-#include "vantry/javaview/emit_fields.h"
-#include "vantry/javaview/emit_lines3d.h"
-#include "vantry/javaview/emit_plane.h"
-#include "vantry/javaview/emit_rasters.h"
-#include "vantry/javaview/emit_solids.h"
-#include "vantry/javaview/emit_surfaces.h"
+#include "vantry/javaview/emitters.h"
 #include "vantry/javaview/export_error.h"
 #include "vantry/javaview/header.h"
 #include "vantry/plot/elements/expr.h"
@@ -28,57 +22,9 @@ namespace vantry::javaview {
 
 namespace {
 
-/// How the primitives of one class are written.
-struct Emitter {
-  const dom::NodeClass* nodeClass;
-  void (*emit)(GeometryOutput& out, const dom::Node& primitive);
-};
-
-template <class Primitive, void (*emit)(GeometryOutput&, const Primitive&)>
-constexpr Emitter emitter() {
-  return {&elementClass<Primitive>, [](GeometryOutput& out, const dom::Node& primitive) {
-            emit(out, static_cast<const Primitive&>(primitive));
-          }};
-}
-
-// A primitive without a line here leaves no trace in the output.
-constexpr Emitter emitters3d[] = {
-    emitter<Mesh3d, emitMesh3d>(),
-    emitter<Poly3d, emitPoly3d>(),
-    emitter<Pts3d, emitPts3d>(),
-    emitter<Lines3d, emitLines3d>(),
-    emitter<Surf3d, emitSurf3d>(),
-    emitter<Field3d, emitField3d>(),
-    emitter<Line3d, emitLine3d>(),
-    emitter<Arrow3d, emitArrow3d>(),
-    emitter<Box, emitBox>(),
-    emitter<Circle3d, emitCircle3d>(),
-    emitter<Cone, emitCone>(),
-    emitter<Sphere, emitSphere>(),
-    emitter<Ellipsoid, emitEllipsoid>(),
-    emitter<Text3d, emitText3d>(),
-};
-
-constexpr Emitter emitters2d[] = {
-    emitter<Poly2d, emitPoly2d>(),
-    emitter<Field2d, emitField2d>(),
-    emitter<Arc2d, emitArc2d>(),
-    emitter<Pt2d, emitPt2d>(),
-    emitter<Line2d, emitLine2d>(),
-    emitter<Arrow2d, emitArrow2d>(),
-    emitter<ColorArray2d, emitColorArray2d>(),
-    emitter<DensityArray2d, emitDensityArray2d>(),
-    emitter<Pts2d, emitPts2d>(),
-    emitter<Text2d, emitText2d>(),
-    emitter<VerticalAsymptote, emitVerticalAsymptote>(),
-};
-
-void emitChildren(GeometryOutput& out, const dom::Node& image, std::span<const Emitter> emitters) {
+void emitChildren(GeometryOutput& out, const dom::Node& image) {
   for (const dom::Node* child = image.firstChild(); child; child = child->nextSibling()) {
-    const dom::NodeClass* nodeClass = child->nodeClass();
-    for (const Emitter& emitter : emitters) {
-      if (nodeClass == emitter.nodeClass) emitter.emit(out, *child);
-    }
+    if (const Emitter emit = emitterFor(*child)) emit(out, *child);
   }
 }
 
@@ -173,12 +119,12 @@ void JVXWriter::leave(const dom::Node& node) {
 
 void JVXWriter::writeObj3d(const Obj3d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img3d>(object, "no Img3d"), emitters3d);
+  emitChildren(out_, requireTimed<Img3d>(object, "no Img3d"));
 }
 
 void JVXWriter::writeObj2d(const Obj2d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img2d>(object, "no Img2d"), emitters2d);
+  emitChildren(out_, requireTimed<Img2d>(object, "no Img2d"));
 }
 
 namespace {
