@@ -57,12 +57,22 @@ constexpr auto firstSystem = firstOf<CoordinateSystemBase, CoordinateSystem2d, C
 
 }  // namespace
 
+/// The scene to write; null if the canvas has none with that index.
+const SceneBase* JavaViewWriter::chosenScene() {
+  const SceneBase* scene = firstScene(root()->firstChild());
+  if (!scene_) {
+    if (scene && firstScene(scene->nextSibling())) warning("more than one scene");
+    return scene;
+  }
+  for (std::size_t i = 0; scene && i < *scene_; ++i) scene = firstScene(scene->nextSibling());
+  return scene;
+}
+
 ExportedScene JavaViewWriter::findScene() {
   if (!root()) throw JavaViewExportError("no Canvas");
 
-  const SceneBase* scene = firstScene(root()->firstChild());
+  const SceneBase* scene = chosenScene();
   if (!scene) throw JavaViewExportError("no scene");
-  if (firstScene(scene->nextSibling())) warning("more than one scene");
 
   const bool is2d = isElementOf<Scene2d>(*scene);
   const CoordinateSystemBase* system =

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "vantry/javaview/export_error.h"
@@ -18,7 +20,7 @@ namespace vantry::javaview {
 
 using namespace plot;
 
-/// What of a document is exported: the first scene, and in it the first coordinate system.
+/// What of a document is exported: one scene, and in it the first coordinate system.
 struct ExportedScene {
   const SceneBase& scene;
   const CoordinateSystemBase& coordinateSystem;
@@ -28,7 +30,13 @@ struct ExportedScene {
 /// Writes one scene of a document. The document is read only, and may be null: then `write` throws.
 class JavaViewWriter {
  public:
+  /// For the first scene of the canvas, with a warning if there are others.
   explicit JavaViewWriter(PlotDocument* document) : document_(document) {}
+
+  /// For the scene with that index among all scenes of the canvas, those of the plane and those of
+  /// space, from 0 on. `write` throws JavaViewExportError if there is no such scene.
+  JavaViewWriter(PlotDocument* document, std::size_t scene) : document_(document), scene_(scene) {}
+
   JavaViewWriter(const JavaViewWriter&) = delete;
   JavaViewWriter& operator=(const JavaViewWriter&) = delete;
   virtual ~JavaViewWriter() = default;
@@ -84,7 +92,10 @@ class JavaViewWriter {
   const dom::Node* root() const { return document_ ? document_->firstChild() : nullptr; }
   const TimeRange* timeRangeElement() const;
 
+  const SceneBase* chosenScene();
+
   PlotDocument* document_;
+  std::optional<std::size_t> scene_;
   double time_ = nan;
 };
 

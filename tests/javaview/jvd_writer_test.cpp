@@ -316,6 +316,23 @@ TEST(JvdWriter, WarnsOfASecondSceneAndUsesTheFirst) {
   EXPECT_EQ(display.element("background"), "<background>\n<color>1 2 3</color>\n</background>\n");
 }
 
+TEST(JvdWriter, WritesTheSceneWithTheIndexAskedFor) {
+  const ReadDocument document(
+      "<Canvas><Scene3d BackgroundColor=\"#010101\"><CoordinateSystem3d/></Scene3d>"
+      "<Scene2d BackgroundColor=\"#020202\"><CoordinateSystem2d/></Scene2d></Canvas>");
+  const auto displayed = [&](std::size_t scene) {
+    ListeningWriter<JVDWriter> writer(document.get(), scene);
+    std::ostringstream out;
+    writer.write(out, nan);
+    EXPECT_EQ(writer.warnings, Warnings());
+    return out.str();
+  };
+  EXPECT_EQ(withoutHeader(displayed(0)), Display(document.get()).body());
+  EXPECT_NE(displayed(0).find("<color>1 1 1</color>"), std::string::npos);
+  EXPECT_NE(displayed(1).find("<color>2 2 2</color>"), std::string::npos);
+  EXPECT_THROW(displayed(2), JavaViewExportError);
+}
+
 TEST(JvdWriter, WarnsOfASecondCoordinateSystemAndUsesTheFirst) {
   const Display display(
       "<Canvas><Scene2d><CoordinateSystem2d AxesLineColor=\"#010203\"/><CoordinateSystem2d/>"

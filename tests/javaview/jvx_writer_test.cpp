@@ -314,6 +314,26 @@ TEST(JVXWriterTest, ExportsTheFirstOfSeveralScenes) {
   EXPECT_EQ(JvxConversion(canvas(first)).warnings, Strings());
 }
 
+TEST(JVXWriterTest, ExportsTheSceneWithTheIndexAskedFor) {
+  const ReadDocument document(
+      canvas("<ObjStyle Type=\"Default\"/><Scene3d><CoordinateSystem3d>" + pointAt("1") +
+             "</CoordinateSystem3d></Scene3d><Scene2d><CoordinateSystem2d>" + flatPointAt("2") +
+             "</CoordinateSystem2d></Scene2d><Scene3d><CoordinateSystem3d>" + pointAt("3") +
+             "</CoordinateSystem3d></Scene3d>"));
+  const auto exported = [&](std::size_t scene) {
+    ListeningWriter<JVXWriter> writer(document.get(), scene);
+    std::ostringstream out;
+    writer.write(out, nan);
+    EXPECT_EQ(writer.warnings, Strings());
+    return out.str();
+  };
+  EXPECT_EQ(pointsOf(exported(0)), Strings{"1 0 0"});
+  EXPECT_EQ(pointsOf(exported(1)), Strings{"2 0"});
+  EXPECT_EQ(pointsOf(exported(2)), Strings{"3 0 0"});
+  EXPECT_EQ(withoutHeader(exported(0)), JvxConversion(document.get()).body());
+  EXPECT_THROW(exported(3), JavaViewExportError);
+}
+
 TEST(JVXWriterTest, ExportsTheFirstOfSeveralCoordinateSystems) {
   const auto system = [](const std::string& x) {
     return "<CoordinateSystem3d>" + pointAt(x) + "</CoordinateSystem3d>";
