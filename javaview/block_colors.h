@@ -38,11 +38,11 @@ BlockColors<PointOf<Primitive>> fillColors(GeometryOutput& out, const Primitive&
 /// Begins a geometry with a set of `points`, which are shown or hidden and have the line colour and
 /// point size of `primitive`; each has its own colour if the block is coloured.
 template <class Primitive>
-void beginGeometry(GeometryOutput& out, const Primitive& primitive,
-                   std::span<const PointOf<Primitive>> points, bool showPoints,
-                   BlockColors<PointOf<Primitive>>& colors) {
-  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(PointOf<Primitive>())
-      << "\" pointOutline=\"hide\"";
+void beginGeometryWithPoints(GeometryOutput& out, const Primitive& primitive,
+                             std::span<const PointOf<Primitive>> points, bool showPoints,
+                             BlockColors<PointOf<Primitive>>& colors) {
+  out.beginGeometry();
+  out << "<pointSet dim=\"" << dimensionOf(PointOf<Primitive>()) << "\" pointOutline=\"hide\"";
   out.writeShowAttribute("color", colors.isColored);
   out.writeShowAttribute("point", showPoints);
   out << ">\n";

@@ -103,7 +103,8 @@ void emitField(GeometryOutput& out, const Field& field) {
   const std::span vectors(field.points.data(), count);
   const ColorMode mode = colorMode(field.lineColorType(), field.colors);
 
-  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(field.delta()) << "\" point=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"" << dimensionOf(field.delta()) << "\" point=\"hide\">\n";
   writePoints(out, nodes, black, noThickness);
   out << "</pointSet>\n<vectorField material=\"show\"";
   out.writeShowAttribute("color", mode.isColored);
@@ -119,7 +120,7 @@ void emitField(GeometryOutput& out, const Field& field) {
   }
   out << "</vectorField>\n";
   out.writeMaterial(field.lineColor().alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ void emitLines3d(GeometryOutput& out, const Lines3d& lines) {
   const auto lineCount = inPairs ? std::ssize(lines.points) / 2 : curveLineCount(lines, closed);
   BlockColors colors = curveColors(out, lines);
 
-  beginGeometry(out, lines, lines.points, lines.pointsVisible(), colors);
+  beginGeometryWithPoints(out, lines, lines.points, lines.pointsVisible(), colors);
   if (lineCount > 0) {
     beginLineSet3d(out, colors.isColored, true);
     if (inPairs) {
@@ -47,7 +47,7 @@ void emitLines3d(GeometryOutput& out, const Lines3d& lines) {
     out << "</lineSet>\n";
   }
   out.writeMaterial(lines.lineColor().alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 namespace {
@@ -57,7 +57,8 @@ bool isSmooth(const Poly3d& polygon) { return polygon.shading() == Word::Smooth;
 /// The point set does not say that it shows colours, even if it holds some.
 void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
   BlockColors colors = curveColors(out, polygon);
-  out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
+  out.beginGeometry();
+  out << "<pointSet dim=\"3\" pointOutline=\"hide\"";
   out.writeShowAttribute("point", polygon.pointsVisible());
   out << ">\n";
   out.writePoints3d(polygon.points, polygon.lineColor(), polygon.pointSize());
@@ -69,7 +70,7 @@ void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
   if (polygon.linesVisible()) out.writeEdges(polygon.lineColor(), polygon.lineWidth());
   out << "</faceSet>\n";
   out.writeMaterial(polygon.fillColor().alpha(), isSmooth(polygon));
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 /// The material belongs to the lines: points alone have none.
@@ -77,14 +78,14 @@ void writeOutline(GeometryOutput& out, const Poly3d& polygon) {
   if (!polygon.linesVisible() && !polygon.pointsVisible()) return;
   BlockColors colors = curveColors(out, polygon);
 
-  beginGeometry(out, polygon, polygon.points, polygon.pointsVisible(), colors);
+  beginGeometryWithPoints(out, polygon, polygon.points, polygon.pointsVisible(), colors);
   if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
     beginLineSet3d(out, colors.isColored, isSmooth(polygon));
     writeCurveLines(out, polygon, polygon.closed(), colors);
     out << "</lineSet>\n";
     out.writeMaterial(polygon.lineColor().alpha(), isSmooth(polygon));
   }
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace

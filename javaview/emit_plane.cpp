@@ -33,11 +33,12 @@ void finishFill(GeometryOutput& out, const Filled& filled, std::int64_t last) {
   out.writeSingleFace(last, filled.fillPattern() == Word::Solid ? color : lightenColor(color));
   out << "</faceSet>\n";
   out.writeMaterial(color.alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 void writeFill(GeometryOutput& out, const Poly2d& polygon) {
-  out << "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"2\" point=\"hide\">\n";
   out.writePoints2d(polygon.points, polygon.lineColor(), polygon.pointSize());
   finishFill(out, polygon, std::ssize(polygon.points) - 1);
 }
@@ -46,7 +47,7 @@ void writeFill(GeometryOutput& out, const Poly2d& polygon) {
 void writeOutline(GeometryOutput& out, const Poly2d& polygon) {
   BlockColors colors = curveColors(out, polygon);
 
-  beginGeometry(out, polygon, polygon.points, polygon.pointsVisible(), colors);
+  beginGeometryWithPoints(out, polygon, polygon.points, polygon.pointsVisible(), colors);
   if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
     out << "<lineSet";
     out.writeShowAttribute("color", colors.isColored);
@@ -56,7 +57,7 @@ void writeOutline(GeometryOutput& out, const Poly2d& polygon) {
     out << "</lineSet>\n";
     out.writeMaterial(polygon.lineColor().alpha(), false);
   }
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace
@@ -117,7 +118,8 @@ P2 pointAt(const Arc2d& arc, double angle) {
 /// Begins a geometry with the points of an arc. All but a full ellipse have the centre in front and
 /// the exact end behind.
 void beginArc(GeometryOutput& out, const Arc2d& arc) {
-  out << "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"2\" point=\"hide\">\n";
   out << "<points num=\"" << lastIndex(arc) + 1 << "\">\n";
   if (!isFull(arc)) out.writePoint2d(arc.center());
   for (double angle = arc.startAngle(); angle < arc.endAngle(); angle += arcStep) {
@@ -146,7 +148,7 @@ void writeLine(GeometryOutput& out, const Arc2d& arc) {
   out.writeThicknessAndColor(arc.lineColor(), arc.lineWidth());
   out << "</lines>\n</lineSet>\n";
   out.writeMaterial(arc.lineColor().alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace

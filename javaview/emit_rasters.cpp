@@ -40,7 +40,8 @@ void writeCells(GeometryOutput& out, const Raster& raster, std::size_t cells) {
   const std::int64_t columns = std::int64_t{raster.xMesh()} + 1;
   const std::int64_t rows = std::int64_t{raster.yMesh()} + 1;
 
-  out << "<geometry>\n<pointSet dim=\"2\" color=\"hide\" point=\"hide\">\n<points>\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"2\" color=\"hide\" point=\"hide\">\n<points>\n";
   writeCorners(out, raster);
   out << "</points>\n</pointSet>\n<faceSet face=\"show\" color=\"show\"";
   out.writeShowAttribute("edge", raster.linesVisible());
@@ -56,7 +57,7 @@ void writeCells(GeometryOutput& out, const Raster& raster, std::size_t cells) {
 void finishCells(GeometryOutput& out, int alpha) {
   out << "</colors>\n</faceSet>\n";
   out.writeMaterial(alpha, false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 /// Of at least one value, as a mesh has a cell. A NaN at the start is both bounds; any other NaN is

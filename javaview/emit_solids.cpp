@@ -15,7 +15,8 @@ void emitBox(GeometryOutput& out, const Box& box) {
       {box.xMin(), box.yMax(), box.zMin()}, {box.xMax(), box.yMax(), box.zMin()},
       {box.xMax(), box.yMax(), box.zMax()}, {box.xMin(), box.yMax(), box.zMax()},
   };
-  out << "<geometry>\n<pointSet dim=\"3\" point=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"3\" point=\"hide\">\n";
   out.writePoints3d(corners, box.lineColor(), noThickness);
   out << "</pointSet>\n<faceSet";
   out.writeShowAttribute("face", box.filled());
@@ -39,7 +40,7 @@ void emitBox(GeometryOutput& out, const Box& box) {
   if (box.linesVisible()) out.writeEdges(box.lineColor(), box.lineWidth());
   out << "</faceSet>\n";
   out.writeMaterial(box.fillColor().alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 namespace {
@@ -51,8 +52,8 @@ void writeEllipsoid(GeometryOutput& out, const P3& center, const P3& semiAxes, R
   constexpr int faces = 28;  // along each circle of latitude, and from pole to pole
   constexpr int points = faces + 1;
 
-  out << "<geometry>\n<pointSet dim=\"3\" point=\"hide\">\n<points num=\"" << points * points
-      << "\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"3\" point=\"hide\">\n<points num=\"" << points * points << "\">\n";
   double latitude = std::asin(1.0);
   const double latitudeStep = (std::asin(1.0) - std::asin(-1.0)) / 28.0;
   constexpr double longitudeStep = 0.2243994752564138;  // a full turn by `faces`
@@ -75,7 +76,7 @@ void writeEllipsoid(GeometryOutput& out, const P3& center, const P3& semiAxes, R
   out.writeGridNeighbours(points, points);
   out << "</neighbours>\n</faceSet>\n";
   out.writeMaterial(color.alpha(), smooth);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace
@@ -107,8 +108,9 @@ using Rings = std::span<const Ring>;
 
 /// Begins a geometry with the points of the rings.
 void writeRingPoints(GeometryOutput& out, Rings rings) {
-  out << "<geometry>\n<pointSet dim=\"3\" point=\"hide\">\n<points num=\""
-      << rings.size() * ringPoints << "\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"3\" point=\"hide\">\n<points num=\"" << rings.size() * ringPoints
+      << "\">\n";
   for (const Ring& ring : rings) out.writeCirclePoints(ring.center, ring.normal, ring.radius);
   out << "</points>\n</pointSet>\n";
 }
@@ -124,7 +126,7 @@ void writeRims(GeometryOutput& out, Rings rings, RGBA color, double width) {
   out.writeThicknessAndColor(color, width);
   out << "</lines>\n</lineSet>\n";
   out.writeMaterial(color.alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 /// The faces between two rings, as a band that is closed in itself.
@@ -159,7 +161,7 @@ void emitCircle3d(GeometryOutput& out, const Circle3d& circle) {
     out.writeSingleFace(ringPoints - 1, circle.fillColor());
     out << "</faceSet>\n";
     out.writeMaterial(circle.fillColor().alpha(), false);
-    out << "</geometry>\n";
+    out.endGeometry();
   }
 }
 
@@ -172,7 +174,7 @@ void emitCone(GeometryOutput& out, const Cone& cone) {
     writeRingPoints(out, rings);
     writeMantle(out, cone.fillColor());
     out.writeMaterial(cone.fillColor().alpha(), true);  // smooth, whatever its shading
-    out << "</geometry>\n";
+    out.endGeometry();
   }
 }
 

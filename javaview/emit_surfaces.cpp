@@ -78,7 +78,8 @@ void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
   BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const std::int64_t count = grid.uMesh * grid.vMesh;
 
-  out << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
+  out.beginGeometry();
+  out << "<pointSet dim=\"3\" pointOutline=\"hide\"";
   out.writeShowAttribute("color", colors.isColored);
   out << ">\n<points num=\"" << count << "\">\n";
   forEachCrossing(
@@ -92,7 +93,7 @@ void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
   }
   out << "</pointSet>\n";
   out.writeMaterial(mesh.lineColor().alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 void writeFaceColors(GeometryOutput& out, const Grid& grid, ColorWriter3D& colors) {
@@ -110,7 +111,7 @@ void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, 
   BlockColors<P3> colors = surfaceFillColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
-  beginGeometry(out, mesh, grid.points, showPoints, colors);
+  beginGeometryWithPoints(out, mesh, grid.points, showPoints, colors);
   if (grid.faceCount() > 0) {
     out << "<faceSet face=\"show\"";
     out.writeShowAttribute("edge", areLinesVisible(mesh));
@@ -128,7 +129,7 @@ void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, 
     out << "</faceSet>\n";
   }
   out.writeMaterial(mesh.fillColor().alpha(), isSmooth);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 void writeParameterLines(GeometryOutput& out, const Grid& grid) {
@@ -169,7 +170,7 @@ void writeWireMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bo
   BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
-  beginGeometry(out, mesh, grid.points, showPoints, colors);
+  beginGeometryWithPoints(out, mesh, grid.points, showPoints, colors);
   if (areLinesVisible(mesh) && grid.lineCount() > 0) {
     beginLineSet3d(out, colors.isColored, isSmooth);
     out << "<lines num=\"" << grid.lineCount() << "\">\n";
@@ -180,7 +181,7 @@ void writeWireMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bo
     out << "</lineSet>\n";
   }
   out.writeMaterial(mesh.lineColor().alpha(), isSmooth);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace
@@ -250,7 +251,7 @@ void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
   BlockColors<P3> colors = surfaceFillColors(out, surface, surface.points);
   const bool isSmooth = surface.shading() == Word::Smooth;
 
-  beginGeometry(out, surface, surface.points, surface.pointsVisible(), colors);
+  beginGeometryWithPoints(out, surface, surface.points, surface.pointsVisible(), colors);
   const auto faces = makeFaceIterator(surface.type(), surface.points.size());
   if (faces->faceCount() > 0) {
     out << "<faceSet face=\"show\"";
@@ -269,7 +270,7 @@ void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
     out << "</faceSet>\n";
   }
   out.writeMaterial(surface.fillColor().alpha(), isSmooth);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 void writeEdgeLines(GeometryOutput& out, const FaceIterator& faces) {
@@ -298,7 +299,7 @@ void writeWireSurface(GeometryOutput& out, const Surf3d& surface) {
                                : lineColors(out, surface, surface.points, {});
   const bool isSmooth = surface.shading() == Word::Smooth;
 
-  beginGeometry(out, surface, surface.points, surface.pointsVisible(), colors);
+  beginGeometryWithPoints(out, surface, surface.points, surface.pointsVisible(), colors);
   if (surface.meshVisible()) {
     const auto faces = makeFaceIterator(surface.type(), surface.points.size());
     if (faces->edgeCount() > 0) {
@@ -312,7 +313,7 @@ void writeWireSurface(GeometryOutput& out, const Surf3d& surface) {
     }
   }
   out.writeMaterial(surface.lineColor().alpha(), isSmooth);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace

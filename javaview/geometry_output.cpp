@@ -15,6 +15,11 @@ void GeometryOutput::pushTransform(const Matrix& matrix) {
   transformStack.push_back(transformStack.empty() ? matrix : transformStack.back() * matrix);
 }
 
+void GeometryOutput::beginGeometry() {
+  ++geometryCount_;
+  *this << "<geometry>\n";
+}
+
 void GeometryOutput::writeThicknessAndColor(RGBA color, double size) {
   writeThickness(size);
   writeColor(color);

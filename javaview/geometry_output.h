@@ -35,6 +35,12 @@ class GeometryOutput : public JavaViewOutput {
   double valueMin = 0;
   double valueMax = 0;
 
+  void beginGeometry();
+  void endGeometry() { *this << "</geometry>\n"; }
+
+  /// How many geometries have been begun so far.
+  std::int64_t geometryCount() const { return geometryCount_; }
+
   void writeThicknessAndColor(RGBA color, double size);
 
   /// The edges of faces. A transparent colour is lightened.
@@ -92,6 +98,8 @@ class GeometryOutput : public JavaViewOutput {
 
  private:
   void endVectors(RGBA color, double length, double thickness);
+
+  std::int64_t geometryCount_ = 0;
 };
 
 /// The colour that stands for a hatched fill: half-way to white, with the alpha of `color`.

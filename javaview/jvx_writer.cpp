@@ -22,12 +22,6 @@ namespace vantry::javaview {
 
 namespace {
 
-void emitChildren(GeometryOutput& out, const dom::Node& image) {
-  for (const dom::Node* child = image.firstChild(); child; child = child->nextSibling()) {
-    if (const Emitter emit = emitterFor(*child)) emit(out, *child);
-  }
-}
-
 Matrix matrixOf(const Tr3d& tr) {
   const P3& row1 = tr.row1();
   const P3& row2 = tr.row2();
@@ -119,13 +113,26 @@ void JVXWriter::leave(const dom::Node& node) {
 
 void JVXWriter::writeObj3d(const Obj3d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img3d>(object, "no Img3d"));
+  writePrimitives(object, requireTimed<Img3d>(object, "no Img3d"));
 }
 
 void JVXWriter::writeObj2d(const Obj2d& object) {
   if (!isVisibleNow(object)) return;
-  emitChildren(out_, requireTimed<Img2d>(object, "no Img2d"));
+  writePrimitives(object, requireTimed<Img2d>(object, "no Img2d"));
 }
+
+void JVXWriter::writePrimitives(const ObjectBase& object, const ImgBase& image) {
+  for (const dom::Node* child = image.firstChild(); child; child = child->nextSibling()) {
+    const Emitter emit = emitterFor(*child);
+    if (!emit) continue;
+    const std::int64_t before = out_.geometryCount();
+    emit(out_, *child);
+    const std::int64_t count = out_.geometryCount() - before;
+    if (count > 0) geometriesWritten(object, static_cast<const PlotElement&>(*child), count);
+  }
+}
+
+void JVXWriter::geometriesWritten(const ObjectBase&, const PlotElement&, std::int64_t) {}
 
 namespace {
 

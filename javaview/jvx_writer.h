@@ -1,6 +1,8 @@
 // Writes the geometry of a scene as a JVX model.
 #pragma once
 
+#include <cstdint>
+
 #include "vantry/javaview/geometry_output.h"
 #include "vantry/javaview/javaview_writer.h"
 #include "vantry/plot/elements/tr.h"
@@ -21,6 +23,11 @@ class JVXWriter : public JavaViewWriter {
   /// files of earlier frames stay then.
   void writeAnimation(int frames, const char* fileName);
 
+  /// Called after a primitive of `object` has been written as `count` geometries (1 or more); does
+  /// nothing here. The calls are in the order of the text and account for all its geometries.
+  virtual void geometriesWritten(const ObjectBase& object, const PlotElement& primitive,
+                                 std::int64_t count);
+
   /// Asked before a file that exists is replaced; false ends the animation. When `overwriteAll` is
   /// set it is not asked again. Here it sets that and agrees.
   virtual bool confirmOverwrite(const char* fileName, bool& overwriteAll);
@@ -36,6 +43,7 @@ class JVXWriter : public JavaViewWriter {
   void leave(const dom::Node& node);
   void writeObj3d(const Obj3d& object);
   void writeObj2d(const Obj2d& object);
+  void writePrimitives(const ObjectBase& object, const ImgBase& image);
   void writeFrame(double time, const char* fileName);
 
   GeometryOutput out_;

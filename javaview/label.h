@@ -11,7 +11,8 @@ namespace vantry::javaview {
 template <class Label>
 void writeLabel(GeometryOutput& out, const Label& label) {
   const FontStyle& font = label.textFont();
-  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(label.position())
+  out.beginGeometry();
+  out << "<pointSet dim=\"" << dimensionOf(label.position())
       << "\" point=\"show\">\n<points num=\"1\">\n<p name=\"";
   for (const dom::Node* child = label.firstChild(); child; child = child->nextSibling()) {
     out.writeEscapedLocaleText(child->nodeValue());
@@ -21,7 +22,8 @@ void writeLabel(GeometryOutput& out, const Label& label) {
   out << "</p>\n<thickness>0</thickness>\n";
   out.writeColor(font.color);
   out.writeLabelAtt(font, label.horizontalAlignment(), label.verticalAlignment());
-  out << "</points>\n</pointSet>\n</geometry>\n";
+  out << "</points>\n</pointSet>\n";
+  out.endGeometry();
 }
 
 }  // namespace vantry::javaview

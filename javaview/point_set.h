@@ -8,11 +8,12 @@ namespace vantry::javaview {
 /// Writes points as a geometry of their own.
 template <class Point>
 void writePointSet(GeometryOutput& out, std::span<const Point> points, RGBA color, double size) {
-  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\">\n";
   writePoints(out, points, color, size);
   out << "</pointSet>\n";
   out.writeMaterial(color.alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace vantry::javaview

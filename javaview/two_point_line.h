@@ -13,7 +13,8 @@ template <class Point>
 void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, RGBA color,
                        double width, std::optional<bool> tip = std::nullopt) {
   const Point ends[] = {from, to};
-  out << "<geometry>\n<pointSet dim=\"" << dimensionOf(from) << "\" point=\"hide\">\n";
+  out.beginGeometry();
+  out << "<pointSet dim=\"" << dimensionOf(from) << "\" point=\"hide\">\n";
   writePoints(out, ends, color, noThickness);
   out << "</pointSet>\n<lineSet";
   if (tip) out.writeShowAttribute("arrow", *tip);
@@ -21,7 +22,7 @@ void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, 
   out.writeThicknessAndColor(color, width);
   out << "</lines>\n</lineSet>\n";
   out.writeMaterial(color.alpha(), false);
-  out << "</geometry>\n";
+  out.endGeometry();
 }
 
 }  // namespace vantry::javaview
