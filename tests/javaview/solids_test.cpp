@@ -89,77 +89,10 @@ std::vector<Edit> inBoth(const std::string& text, const std::string& before,
   return {{text, changed}};
 }
 
-}  // namespace
-
-namespace {
-
 const Attributes boxBounds{{Word::XMin, "1"}, {Word::XMax, "2"}, {Word::YMin, "3"},
                            {Word::YMax, "4"}, {Word::ZMin, "5"}, {Word::ZMax, "6"}};
 
-std::string boxText(const std::string& shown, const std::string& edges) {
-  return "<geometry>\n"
-         "<pointSet dim=\"3\" point=\"hide\">\n"
-         "<points num=\"8\">\n"
-         "<p>1 3 5</p>\n"
-         "<p>2 3 5</p>\n"
-         "<p>2 3 6</p>\n"
-         "<p>1 3 6</p>\n"
-         "<p>1 4 5</p>\n"
-         "<p>2 4 5</p>\n"
-         "<p>2 4 6</p>\n"
-         "<p>1 4 6</p>\n"
-         "<color>0 0 255</color>\n"
-         "</points>\n"
-         "</pointSet>\n"
-         "<faceSet" +
-         shown +
-         ">\n"
-         "<faces num=\"6\">\n"
-         "<f>0 1 2 3</f>\n"
-         "<f>7 6 5 4</f>\n"
-         "<f>0 4 5 1</f>\n"
-         "<f>2 6 7 3</f>\n"
-         "<f>1 5 6 2</f>\n"
-         "<f>0 3 7 4</f>\n"
-         "<color>0 0 0</color>\n"
-         "</faces>\n"
-         "<neighbours num=\"6\">\n"
-         "<nb>4 3 5 2</nb>\n"
-         "<nb>4 2 5 3</nb>\n"
-         "<nb>1 4 0 5</nb>\n"
-         "<nb>1 5 0 4</nb>\n"
-         "<nb>1 3 0 2</nb>\n"
-         "<nb>3 1 2 0</nb>\n"
-         "</neighbours>\n" +
-         edges + "</faceSet>\n" + material() + "</geometry>\n";
-}
-
-constexpr char boxEdges[] =
-    "<edges>\n<thickness>1.77165</thickness>\n<color>0 0 255</color>\n</edges>\n";
-
-std::string box(const std::string& filled, const std::string& linesVisible) {
-  Attributes attributes = boxBounds;
-  attributes[Word::LineColor] = "#0000ff";
-  attributes[Word::Filled] = filled;
-  attributes[Word::LinesVisible] = linesVisible;
-  return convert<Box>({attributes});
-}
-
 }  // namespace
-
-TEST(BoxTest, WritesItsSixFaces) {
-  EXPECT_EQ(box("true", "true"), boxText(" face=\"show\" edge=\"show\"", boxEdges));
-}
-
-TEST(BoxTest, WritesAllFacesAndHidesThemWhenNotFilled) {
-  EXPECT_EQ(box("false", "true"), boxText(" face=\"hide\" edge=\"show\"", boxEdges));
-}
-
-TEST(BoxTest, HasNoEdgesWithoutLines) {
-  EXPECT_EQ(box("true", "false"), boxText(" face=\"show\" edge=\"hide\"", ""));
-}
-
-TEST(BoxTest, IsSilentWithoutFacesAndLines) { EXPECT_EQ(box("false", "false"), ""); }
 
 TEST(BoxTest, ShowsItsProperties) {
   expectPropertyEffects<Box>(
@@ -366,46 +299,6 @@ const Attributes blueAndRed{{Word::LineColor, "#0000ff"}, {Word::FillColor, "#ff
 
 }  // namespace
 
-TEST(Circle3dTest, WritesLinesBeforeFaces) {
-  const Attributes circle = with(blueAndRed, {{Word::Center, "10 20 30"}, {Word::Radius, "2"}});
-  const std::string points = ringAroundZ({10, 20, 30}, 2);
-  EXPECT_EQ(convert<Circle3d>({circle}), circleLine(points) + circleFill(points));
-  EXPECT_EQ(convert<Circle3d>({with(circle, {{Word::Filled, "false"}})}), circleLine(points));
-  EXPECT_EQ(convert<Circle3d>({with(circle, {{Word::LinesVisible, "false"}})}), circleFill(points));
-  EXPECT_EQ(convert<Circle3d>({{{Word::Filled, "false"}, {Word::LinesVisible, "false"}}}), "");
-}
-
-TEST(Circle3dTest, GathersTheErrorsOfItsSteps) {
-  const std::vector<std::string> flat =
-      linesOf(convert<Circle3d>({{{Word::Filled, "false"}}}), "<p>");
-  ASSERT_EQ(flat.size(), 38);
-  EXPECT_EQ(flat[0], "<p>0 -1 0</p>");
-  EXPECT_EQ(flat[1], "<p>-0.164595 -0.986361 0</p>");
-  EXPECT_EQ(flat[19], "<p>-1.22465e-16 1 0</p>");
-
-  const std::vector<std::string> inclined = linesOf(
-      convert<Circle3d>({{{Word::Filled, "false"}, {Word::Normal, "1 2 2"}, {Word::Radius, "3"}}}),
-      "<p>");
-  ASSERT_EQ(inclined.size(), 38);
-  EXPECT_EQ(inclined[0], "<p>0 -2.12132 2.12132</p>");
-  EXPECT_EQ(inclined[1], "<p>-0.465544 -1.976 2.20877</p>");
-  EXPECT_EQ(inclined[37], "<p>0.465544 -2.20877 1.976</p>");
-}
-
-TEST(Circle3dTest, CollapsesWithoutANormal) {
-  const Attributes circle =
-      with(blueAndRed, {{Word::Center, "1 2 3"}, {Word::Normal, "0 0 0"}, {Word::Radius, "5"}});
-  const std::string points = repeated("<p>1 2 3</p>\n", 38);
-  EXPECT_EQ(convert<Circle3d>({circle}), circleLine(points) + circleFill(points));
-}
-
-TEST(Circle3dTest, FollowsATransform) {
-  const Attributes circle =
-      with(blueAndRed, {{Word::Center, "10 20 30"}, {Word::LinesVisible, "false"}});
-  EXPECT_EQ(convert<Circle3d>({circle, "", {{Word::Row1, "2 0 0"}, {Word::Shift, "1 2 3"}}}),
-            circleFill(ringPoints({21, 22, 33}, {0, -1, 0}, {-2, 0, 0}, 1)));
-}
-
 TEST(Circle3dTest, ShowsItsProperties) {
   const Attributes circle = with(blueAndRed, {{Word::Center, "10 20 30"}, {Word::Radius, "2"}});
   const std::string points = ringAroundZ({10, 20, 30}, 2);
@@ -491,40 +384,6 @@ const Attributes coneAroundZ = with(blueAndRed, {{Word::Base, "10 20 30"},
 
 }  // namespace
 
-TEST(ConeTest, WritesItsRimsBeforeItsMantle) {
-  const std::string top = ringAroundZ({10, 20, 35}, 1);
-  const std::string base = ringAroundZ({10, 20, 30}, 2);
-  EXPECT_EQ(convert<Cone>({coneAroundZ}), coneLines(top, base) + coneMantle(top, base));
-  EXPECT_EQ(convert<Cone>({with(coneAroundZ, {{Word::Filled, "false"}})}), coneLines(top, base));
-  EXPECT_EQ(convert<Cone>({with(coneAroundZ, {{Word::LinesVisible, "false"}})}),
-            coneMantle(top, base));
-  EXPECT_EQ(convert<Cone>({{{Word::Filled, "false"}, {Word::LinesVisible, "false"}}}), "");
-}
-
-TEST(ConeTest, EndsInAPointWithATopRadiusOfZero) {
-  Attributes cone = coneAroundZ;
-  cone[Word::TopRadius] = "0";
-  const std::string top = repeated("<p>10 20 35</p>\n", 38);
-  const std::string base = ringAroundZ({10, 20, 30}, 2);
-  EXPECT_EQ(convert<Cone>({cone}), coneLines(top, base) + coneMantle(top, base));
-}
-
-TEST(ConeTest, StandsUprightAlongYWithoutHeight) {
-  Attributes cone = coneAroundZ;
-  cone[Word::Top] = cone[Word::Base];
-  cone[Word::TopRadius] = cone[Word::BaseRadius];
-  const std::string ring = ringAroundY({10, 20, 30}, 2);
-  EXPECT_EQ(convert<Cone>({cone}), coneLines(ring, ring) + coneMantle(ring, ring));
-}
-
-TEST(ConeTest, KeepsAnAxisThatIsNotANumber) {
-  Attributes cone = coneAroundZ;
-  cone[Word::Top] = "nan 20 30";
-  for (const std::string& point : linesOf(convert<Cone>({cone}), "<p>")) {
-    EXPECT_NE(point.find("nan"), std::string::npos) << point;
-  }
-}
-
 TEST(ConeTest, ShowsItsProperties) {
   const std::string top = ringAroundZ({10, 20, 35}, 1);
   const std::string base = ringAroundZ({10, 20, 30}, 2);
@@ -598,21 +457,6 @@ std::string emitted(std::initializer_list<const char*> texts) {
 
 }  // namespace
 
-TEST(Text3dTest, IsAPointWithTheTextAsItsName) {
-  EXPECT_EQ(convert<Text3d>({at123, "Summit"}), label("Summit"));
-  EXPECT_EQ(convert<Text3d>({at123, ""}), label(""));
-}
-
-TEST(Text3dTest, EscapesItsText) {
-  EXPECT_EQ(convert<Text3d>({at123, "a &lt; b &amp; \"c\""}),
-            label("a &lt; b &amp; &quot;c&quot;"));
-}
-
-TEST(Text3dTest, WritesUtf8) {
-  const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
-  EXPECT_EQ(convert<Text3d>({at123, "\u00e9\u03c0"}), label("\u00e9\u03c0"));
-}
-
 TEST(Text3dTest, JoinsItsTextNodes) {
   EXPECT_EQ(emitted({"Sum", nullptr, "mit"}), label("Summit"));
 }
@@ -620,10 +464,6 @@ TEST(Text3dTest, JoinsItsTextNodes) {
 TEST(Text3dTest, ThrowsForATextThatIsNotValid) {
   const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   EXPECT_THROW(emitted({"\xff"}), base::BadUnicodeString);
-}
-
-TEST(Text3dTest, DoesNotFollowATransform) {
-  EXPECT_EQ(convert<Text3d>({at123, "Summit", {{Word::Shift, "10 20 30"}}}), label("Summit"));
 }
 
 TEST(Text3dTest, ShowsItsProperties) {
