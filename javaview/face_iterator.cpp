@@ -41,17 +41,6 @@ class SeparateFacesIterator final : public FaceIterator {
 using TrianglesIterator = SeparateFacesIterator<3>;
 using QuadsIterator = SeparateFacesIterator<4>;
 
-/// Adds the edge from 0 to 1 behind `pairs` pairs if `vertex`, one of the face's, is 0, and returns
-/// the new number. It was meant for the first face, which is the only one to have that edge, but
-/// the vertex that is passed is never 0 there. Files are known without it, so it stays so.
-int addFirstEdge(std::int64_t vertex, int pairs, FaceIndices& indices) {
-  if (vertex != 0) return pairs;
-  const auto end = static_cast<std::size_t>(2 * pairs);
-  indices[end] = 0;
-  indices[end + 1] = 1;
-  return pairs + 1;
-}
-
 /// Triangles each of which shares an edge with the one before it.
 class ConnectedTrianglesIterator : public FaceIterator {
  public:
@@ -65,7 +54,7 @@ class ConnectedTrianglesIterator : public FaceIterator {
   // In a fan the second pair joins two points of the rim, not one of them and the hub: on purpose.
   int faceEdges(std::int64_t face, FaceIndices& indices) const final {
     indices = {face + 1, face + 2, face + 2, face};
-    return addFirstEdge(face + 2, 2, indices);
+    return 2;
   }
 
  protected:
@@ -122,7 +111,7 @@ class QuadStripIterator final : public FaceIterator {
 
   int faceEdges(std::int64_t face, FaceIndices& indices) const override {
     indices = {2 * face + 1, 2 * face + 2, 2 * face + 2, 2 * face + 3, 2 * face + 3, 2 * face};
-    return addFirstEdge(2 * face + 3, 3, indices);
+    return 3;
   }
 
   void faceNeighbours(std::int64_t face, FaceIndices& indices) const override {

@@ -22,7 +22,8 @@ class FaceIterator {
   virtual std::int64_t faceCount() const = 0;
 
   /// The number that is declared for a list of all edges. For strips and fans it is one more than
-  /// faceEdges() yields over all faces; that is how the files are.
+  /// faceEdges() adds up to: the edge from point 0 to point 1 is counted and not written, on
+  /// purpose.
   virtual std::int64_t edgeCount() const = 0;
 
   /// Whether the faces are quadrilaterals and not triangles.

@@ -124,11 +124,6 @@ TEST(FaceIteratorTest, LeavesOutTheFirstEdgeOfStripsAndFans) {
   EXPECT_EQ(edges(Word::QuadStrip, 4, 0), (Numbers{1, 2, 2, 3, 3, 0}));
 }
 
-TEST(FaceIteratorTest, WouldNameTheFirstEdgeForAFaceThatIsNone) {
-  EXPECT_EQ(edges(Word::TriangleStrip, 3, -2), (Numbers{-1, 0, 0, -2, 0, 1}));
-  EXPECT_EQ(edges(Word::TriangleFan, 3, -2), (Numbers{-1, 0, 0, -2, 0, 1}));
-}
-
 // The second edge of a triangle of a fan does not lead to the hub. That is deliberate.
 TEST(FaceIteratorTest, JoinsPointsOfTheRimInAFan) {
   EXPECT_EQ(edges(Word::TriangleFan, 6, 2), (Numbers{3, 4, 4, 2}));
