@@ -7,7 +7,7 @@
 namespace vantry::javaview {
 
 template <class Curve>
-BlockColors<PointOf<Curve>> curveColors(GeometryOutput& out, const Curve& curve) {
+PointColors<PointOf<Curve>> curveColors(GeometryOutput& out, const Curve& curve) {
   return lineColors(out, curve, curve.points, curve.colors);
 }
 
@@ -21,16 +21,16 @@ std::int64_t curveLineCount(const Curve& curve, bool closed) {
 /// The lines from point to point, with their colours.
 template <class Curve>
 void writeCurveLines(GeometryOutput& out, const Curve& curve, bool closed,
-                     BlockColors<PointOf<Curve>>& colors) {
+                     PointColors<PointOf<Curve>>& colors) {
   const auto points = std::ssize(curve.points);
   const auto lines = curveLineCount(curve, closed);
   out << "<lines num=\"" << lines << "\">\n";
   out.writeLineStrip(points, closed);
   out.writeThicknessAndColor(curve.lineColor(), curve.lineWidth());
   out << "</lines>\n";
-  if (colors.isColored) {
+  if (colors.isColored()) {
     out << "<colors num=\"" << lines << "\">\n";
-    colors.writer.writeLineStripColors(points, closed);
+    colors.writeLineStripColors(points, closed);
     out << "</colors>\n";
   }
 }

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "vantry/javaview/arrow_tip.h"
-#include "vantry/javaview/dimension.h"
+#include "vantry/javaview/point_colors.h"
 
 namespace vantry::javaview {
 
@@ -71,23 +71,17 @@ bool hasArrowHeads(const Field2d& field) { return hasTip(field); }
 /// A field in space has no properties of tips: the visibility of its points stands in for them.
 bool hasArrowHeads(const Field3d& field) { return field.pointsVisible(); }
 
-/// Where the colours of a field begin and end.
-struct HeightRange {
-  double from;
-  double to;
-};
-
-/// The range reaches one step beyond the last nodes.
-HeightRange heightRange(double anchor, double delta, std::int32_t mesh) {
+/// The range of the colours of a field. It reaches one step beyond the last nodes.
+ValueRange heightRange(double anchor, double delta, std::int32_t mesh) {
   const double end = mesh * delta + anchor;
-  return end < anchor ? HeightRange{end, anchor} : HeightRange{anchor, end};
+  return end < anchor ? ValueRange{end, anchor} : ValueRange{anchor, end};
 }
 
-HeightRange heightRange(const Field2d& field) {
+ValueRange heightRange(const Field2d& field) {
   return heightRange(field.anchor().y, field.delta().y, field.yMesh());
 }
 
-HeightRange heightRange(const Field3d& field) {
+ValueRange heightRange(const Field3d& field) {
   return heightRange(field.anchor().z, field.delta().z, field.zMesh());
 }
 
@@ -101,23 +95,18 @@ void emitField(GeometryOutput& out, const Field& field) {
   nodes.reserve(count);
   appendNodes(nodes, field);
   const std::span vectors(field.points.data(), count);
-  const ColorMode mode = colorMode(field.lineColorType(), field.colors);
+  PointColors<Point> colors(out, nodes, field.colors, lineColorScale(field, heightRange(field)));
 
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(field.delta()) << "\" point=\"hide\">\n";
-  writePoints(out, nodes, black, noThickness);
+  out.writePoints(nodes, black, noThickness);
   out << "</pointSet>\n<vectorField material=\"show\"";
-  out.writeShowAttribute("color", mode.isColored);
+  out.writeShowAttribute("color", colors.isColored());
   out.writeShowAttribute("arrow", hasArrowHeads(field));
   out << ">\n";
-  writeVectors(out, vectors, field.lineColor(), 0.4 * smallestStep(field.delta()),
-               field.lineWidth());
-  if (mode.isColored) {
-    const HeightRange range = heightRange(field);
-    HeightColorWriter<Point>(field.lineColorType(), nodes, mode.list, field.lineColor(),
-                             field.lineColor2(), range.from, range.to, out.sink())
-        .writeColors();
-  }
+  out.writeVectors(vectors, field.lineColor(), 0.4 * smallestStep(field.delta()),
+                   field.lineWidth());
+  if (colors.isColored()) colors.writeColors();
   out << "</vectorField>\n";
   out.writeMaterial(field.lineColor().alpha(), false);
   out.endGeometry();

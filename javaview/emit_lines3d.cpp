@@ -15,15 +15,15 @@ void emitPts3d(GeometryOutput& out, const Pts3d& points) {
 namespace {
 
 /// One line for each two points. A last point without a partner begins a line all the same.
-void writePairs(GeometryOutput& out, const Lines3d& lines, BlockColors<P3>& colors) {
+void writePairs(GeometryOutput& out, const Lines3d& lines, PointColors<P3>& colors) {
   const auto points = std::ssize(lines.points);
   out << "<lines num=\"" << points / 2 << "\">\n";
   for (std::int64_t i = 0; i < points; i += 2) out.writeLine(i, i + 1);
   out.writeThicknessAndColor(lines.lineColor(), lines.lineWidth());
   out << "</lines>\n";
-  if (colors.isColored) {
+  if (colors.isColored()) {
     out << "<colors num=\"" << points / 2 << "\">\n";
-    for (std::int64_t i = 0; i < points; i += 2) colors.writer.writeMeanColor(i, i + 1);
+    for (std::int64_t i = 0; i < points; i += 2) colors.writeMeanColor(i, i + 1);
     out << "</colors>\n";
   }
 }
@@ -34,11 +34,11 @@ void emitLines3d(GeometryOutput& out, const Lines3d& lines) {
   const bool inPairs = lines.type() == Word::Lines;
   const bool closed = lines.type() == Word::LineLoop;
   const auto lineCount = inPairs ? std::ssize(lines.points) / 2 : curveLineCount(lines, closed);
-  BlockColors colors = curveColors(out, lines);
+  PointColors colors = curveColors(out, lines);
 
   beginGeometryWithPoints(out, lines, lines.points, lines.pointsVisible(), colors);
   if (lineCount > 0) {
-    beginLineSet3d(out, colors.isColored, true);
+    beginLineSet3d(out, colors.isColored(), true);
     if (inPairs) {
       writePairs(out, lines, colors);
     } else {
@@ -56,13 +56,13 @@ bool isSmooth(const Poly3d& polygon) { return polygon.shading() == Word::Smooth;
 
 /// The point set does not say that it shows colours, even if it holds some.
 void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
-  BlockColors colors = curveColors(out, polygon);
+  PointColors colors = curveColors(out, polygon);
   out.beginGeometry();
   out << "<pointSet dim=\"3\" pointOutline=\"hide\"";
   out.writeShowAttribute("point", polygon.pointsVisible());
   out << ">\n";
-  out.writePoints3d(polygon.points, polygon.lineColor(), polygon.pointSize());
-  if (colors.isColored) colors.writer.writeColors();
+  out.writePoints(polygon.points, polygon.lineColor(), polygon.pointSize());
+  if (colors.isColored()) colors.writeColors();
   out << "</pointSet>\n<faceSet";
   out.writeShowAttribute("edge", polygon.linesVisible());
   out << ">\n";
@@ -76,11 +76,11 @@ void writeTriangle(GeometryOutput& out, const Poly3d& polygon) {
 /// The material belongs to the lines: points alone have none.
 void writeOutline(GeometryOutput& out, const Poly3d& polygon) {
   if (!polygon.linesVisible() && !polygon.pointsVisible()) return;
-  BlockColors colors = curveColors(out, polygon);
+  PointColors colors = curveColors(out, polygon);
 
   beginGeometryWithPoints(out, polygon, polygon.points, polygon.pointsVisible(), colors);
   if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
-    beginLineSet3d(out, colors.isColored, isSmooth(polygon));
+    beginLineSet3d(out, colors.isColored(), isSmooth(polygon));
     writeCurveLines(out, polygon, polygon.closed(), colors);
     out << "</lineSet>\n";
     out.writeMaterial(polygon.lineColor().alpha(), isSmooth(polygon));

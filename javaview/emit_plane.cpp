@@ -39,19 +39,19 @@ void finishFill(GeometryOutput& out, const Filled& filled, std::int64_t last) {
 void writeFill(GeometryOutput& out, const Poly2d& polygon) {
   out.beginGeometry();
   out << "<pointSet dim=\"2\" point=\"hide\">\n";
-  out.writePoints2d(polygon.points, polygon.lineColor(), polygon.pointSize());
+  out.writePoints(polygon.points, polygon.lineColor(), polygon.pointSize());
   finishFill(out, polygon, std::ssize(polygon.points) - 1);
 }
 
 /// The material belongs to the lines: points alone have none.
 void writeOutline(GeometryOutput& out, const Poly2d& polygon) {
-  BlockColors colors = curveColors(out, polygon);
+  PointColors colors = curveColors(out, polygon);
 
   beginGeometryWithPoints(out, polygon, polygon.points, polygon.pointsVisible(), colors);
   if (polygon.linesVisible() && curveLineCount(polygon, polygon.closed()) > 0) {
     out << "<lineSet";
-    out.writeShowAttribute("color", colors.isColored);
-    out.writeShowAttribute("colorFromPoints", colors.isColored);
+    out.writeShowAttribute("color", colors.isColored());
+    out.writeShowAttribute("colorFromPoints", colors.isColored());
     out << ">\n";
     writeCurveLines(out, polygon, polygon.closed(), colors);
     out << "</lineSet>\n";
@@ -121,11 +121,11 @@ void beginArc(GeometryOutput& out, const Arc2d& arc) {
   out.beginGeometry();
   out << "<pointSet dim=\"2\" point=\"hide\">\n";
   out << "<points num=\"" << lastIndex(arc) + 1 << "\">\n";
-  if (!isFull(arc)) out.writePoint2d(arc.center());
+  if (!isFull(arc)) out.writePoint(arc.center());
   for (double angle = arc.startAngle(); angle < arc.endAngle(); angle += arcStep) {
-    out.writePoint2d(pointAt(arc, angle));
+    out.writePoint(pointAt(arc, angle));
   }
-  if (!isFull(arc)) out.writePoint2d(pointAt(arc, arc.endAngle()));
+  if (!isFull(arc)) out.writePoint(pointAt(arc, arc.endAngle()));
   out << "</points>\n";
 }
 
@@ -164,10 +164,11 @@ void emitText2d(GeometryOutput& out, const Text2d& text) { writeLabel(out, text)
 
 void emitVerticalAsymptote(GeometryOutput& out, const VerticalAsymptote& asymptote) {
   if (!asymptote.verticalAsymptotesVisible()) return;
-  if (std::isnan(out.valueMin) || std::isnan(out.valueMax)) return;
-  const double beyond = std::fabs(out.valueMax - out.valueMin) * 0.1;
+  const auto [min, max] = out.heightRange;
+  if (std::isnan(min) || std::isnan(max)) return;
+  const double beyond = std::fabs(max - min) * 0.1;
   const double x = asymptote.position();
-  writeTwoPointLine(out, P2{x, out.valueMin - beyond}, P2{x, out.valueMax + beyond},
+  writeTwoPointLine(out, P2{x, min - beyond}, P2{x, max + beyond},
                     asymptote.verticalAsymptotesColor(), asymptote.verticalAsymptotesWidth());
 }
 

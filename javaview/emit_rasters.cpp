@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "vantry/javaview/color_writer.h"
+#include "vantry/javaview/color_scale.h"
 #include "vantry/javaview/export_error.h"
 
 namespace vantry::javaview {
@@ -60,27 +60,23 @@ void finishCells(GeometryOutput& out, int alpha) {
   out.endGeometry();
 }
 
-/// Of at least one value, as a mesh has a cell. A NaN at the start is both bounds; any other NaN is
-/// none.
-struct Bounds {
-  double smallest;
-  double largest;
-
-  explicit Bounds(std::span<const double> values)
-      : smallest(values.front()), largest(values.front()) {
-    for (const double value : values) {
-      if (value < smallest) smallest = value;
-      if (value > largest) largest = value;
-    }
+/// The range of at least one value, as a mesh has a cell. A NaN at the start is both bounds; any
+/// other NaN is none.
+ValueRange rangeOf(std::span<const double> values) {
+  ValueRange range{values.front(), values.front()};
+  for (const double value : values) {
+    if (value < range.min) range.min = value;
+    if (value > range.max) range.max = value;
   }
-};
+  return range;
+}
 
 }  // namespace
 
 void emitColorArray2d(GeometryOutput& out, const ColorArray2d& raster) {
   const auto cells = cellsOf(raster, raster.colors, "not enough points in ColorArray2d");
   writeCells(out, raster, cells.size());
-  for (const RGBA cell : cells) writeColorEntry(out.sink(), cell);
+  for (const RGBA cell : cells) out.writeColorEntry(cell);
   finishCells(out, 255);
 }
 
@@ -88,10 +84,9 @@ void emitDensityArray2d(GeometryOutput& out, const DensityArray2d& raster) {
   const auto cells = cellsOf(raster, raster.values, "not enough points in DensityArray2d");
   writeCells(out, raster, cells.size());
   // The bounds change places, so that the smallest density has the first colour.
-  const Bounds bounds(cells);
-  ColorWriter colors(raster.fillColorType(), raster.fillColor(), raster.fillColor2(),
-                     bounds.largest, bounds.smallest, out.sink());
-  for (const double cell : cells) colors.writeValueColor(cell);
+  const ValueRange range = rangeOf(cells);
+  const ColorScale scale = fillColorScale(raster, {range.max, range.min});
+  for (const double cell : cells) out.writeColorEntry(scale.colorOf(cell));
   finishCells(out, raster.fillColor().alpha());
 }
 

@@ -17,7 +17,7 @@ void emitBox(GeometryOutput& out, const Box& box) {
   };
   out.beginGeometry();
   out << "<pointSet dim=\"3\" point=\"hide\">\n";
-  out.writePoints3d(corners, box.lineColor(), noThickness);
+  out.writePoints(corners, box.lineColor(), noThickness);
   out << "</pointSet>\n<faceSet";
   out.writeShowAttribute("face", box.filled());
   out.writeShowAttribute("edge", box.linesVisible());
@@ -62,7 +62,7 @@ void writeEllipsoid(GeometryOutput& out, const P3& center, const P3& semiAxes, R
     const double c = std::sqrt(1 - s * s);
     double longitude = 0;
     for (int column = 0; column < points; ++column, longitude += longitudeStep) {
-      out.writePoint3d({std::cos(longitude) * semiAxes.x * c + center.x,  //
+      out.writePoint(P3{std::cos(longitude) * semiAxes.x * c + center.x,  //
                         semiAxes.y * s + center.y,
                         std::sin(longitude) * semiAxes.z * c + center.z});
     }

@@ -12,7 +12,7 @@ namespace {
 // fill; a single one is for the fill, unless HasLineColors says otherwise.
 
 template <class Surface>
-BlockColors<P3> surfaceLineColors(GeometryOutput& out, const Surface& surface,
+PointColors<P3> surfaceLineColors(GeometryOutput& out, const Surface& surface,
                                   std::span<const P3> points) {
   std::span<const RGBA> list;
   if (surface.hasLineColors() || !surface.secondColors.empty()) list = surface.colors;
@@ -20,7 +20,7 @@ BlockColors<P3> surfaceLineColors(GeometryOutput& out, const Surface& surface,
 }
 
 template <class Surface>
-BlockColors<P3> surfaceFillColors(GeometryOutput& out, const Surface& surface,
+PointColors<P3> surfaceFillColors(GeometryOutput& out, const Surface& surface,
                                   std::span<const P3> points) {
   std::span<const RGBA> list = surface.secondColors;
   if (list.empty() && !surface.hasLineColors()) list = surface.colors;
@@ -75,20 +75,20 @@ void forEachCrossing(const Grid& grid, Visit visit) {
 /// The points of a refined mesh, in a geometry of their own: only those of the parameter lines are
 /// to be seen.
 void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
-  BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
+  PointColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const std::int64_t count = grid.uMesh * grid.vMesh;
 
   out.beginGeometry();
   out << "<pointSet dim=\"3\" pointOutline=\"hide\"";
-  out.writeShowAttribute("color", colors.isColored);
+  out.writeShowAttribute("color", colors.isColored());
   out << ">\n<points num=\"" << count << "\">\n";
   forEachCrossing(
-      grid, [&](std::int64_t i) { out.writePoint3d(grid.points[static_cast<std::size_t>(i)]); });
+      grid, [&](std::int64_t i) { out.writePoint(grid.points[static_cast<std::size_t>(i)]); });
   out.writeThicknessAndColor(mesh.lineColor(), 0.5 * mesh.pointSize());
   out << "</points>\n";
-  if (colors.isColored) {
+  if (colors.isColored()) {
     out << "<colors num=\"" << count << "\">\n";
-    forEachCrossing(grid, [&](std::int64_t i) { colors.writer.writeColor(i); });
+    forEachCrossing(grid, [&](std::int64_t i) { colors.writeColor(i); });
     out << "</colors>\n";
   }
   out << "</pointSet>\n";
@@ -96,7 +96,7 @@ void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
   out.endGeometry();
 }
 
-void writeFaceColors(GeometryOutput& out, const Grid& grid, ColorWriter3D& colors) {
+void writeFaceColors(GeometryOutput& out, const Grid& grid, PointColors<P3>& colors) {
   out << "<colors num=\"" << grid.faceCount() << "\">\n";
   for (std::int64_t row = 0; row + 1 < grid.rows; ++row) {
     for (std::int64_t column = 0; column + 1 < grid.columns; ++column) {
@@ -108,16 +108,16 @@ void writeFaceColors(GeometryOutput& out, const Grid& grid, ColorWriter3D& color
 }
 
 void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bool showPoints) {
-  BlockColors<P3> colors = surfaceFillColors(out, mesh, grid.points);
+  PointColors<P3> colors = surfaceFillColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
   beginGeometryWithPoints(out, mesh, grid.points, showPoints, colors);
   if (grid.faceCount() > 0) {
     out << "<faceSet face=\"show\"";
     out.writeShowAttribute("edge", areLinesVisible(mesh));
-    out.writeShowAttribute("color", colors.isColored);
-    out.writeShowAttribute("colorFromPoints", colors.isColored);
-    out.writeShowAttribute("colorSmooth", colors.isColored && isSmooth);
+    out.writeShowAttribute("color", colors.isColored());
+    out.writeShowAttribute("colorFromPoints", colors.isColored());
+    out.writeShowAttribute("colorSmooth", colors.isColored() && isSmooth);
     out << ">\n<faces num=\"" << grid.faceCount() << "\">\n";
     out.writeGridFaces(grid.columns, grid.rows);
     out.writeThicknessAndColor(mesh.fillColor(), noThickness);
@@ -125,7 +125,7 @@ void writeFilledMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, 
     out.writeGridNeighbours(grid.columns, grid.rows);
     out << "</neighbours>\n";
     out.writeEdges(mesh.lineColor(), mesh.lineWidth());
-    if (colors.isColored) writeFaceColors(out, grid, colors.writer);
+    if (colors.isColored()) writeFaceColors(out, grid, colors);
     out << "</faceSet>\n";
   }
   out.writeMaterial(mesh.fillColor().alpha(), isSmooth);
@@ -149,7 +149,7 @@ void writeParameterLines(GeometryOutput& out, const Grid& grid) {
 
 /// The colours do not go along with the lines, and files are wanted so: each walk takes one step
 /// more than there are lines, and the second one counts as if the grid lay the other way round.
-void writeParameterLineColors(GeometryOutput& out, const Grid& grid, ColorWriter3D& colors) {
+void writeParameterLineColors(GeometryOutput& out, const Grid& grid, PointColors<P3>& colors) {
   out << "<colors num=\"" << grid.lineCount() << "\">\n";
   for (std::int64_t row = 0; row < grid.rows; row += grid.vStep) {
     for (std::int64_t column = 0; column < grid.columns; ++column) {
@@ -167,17 +167,17 @@ void writeParameterLineColors(GeometryOutput& out, const Grid& grid, ColorWriter
 }
 
 void writeWireMesh(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid, bool showPoints) {
-  BlockColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
+  PointColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const bool isSmooth = mesh.shading() == Word::Smooth;
 
   beginGeometryWithPoints(out, mesh, grid.points, showPoints, colors);
   if (areLinesVisible(mesh) && grid.lineCount() > 0) {
-    beginLineSet3d(out, colors.isColored, isSmooth);
+    beginLineSet3d(out, colors.isColored(), isSmooth);
     out << "<lines num=\"" << grid.lineCount() << "\">\n";
     writeParameterLines(out, grid);
     out.writeThicknessAndColor(mesh.lineColor(), mesh.lineWidth());
     out << "</lines>\n";
-    if (colors.isColored) writeParameterLineColors(out, grid, colors.writer);
+    if (colors.isColored()) writeParameterLineColors(out, grid, colors);
     out << "</lineSet>\n";
   }
   out.writeMaterial(mesh.lineColor().alpha(), isSmooth);
@@ -233,7 +233,7 @@ void writeNeighbours(GeometryOutput& out, const FaceIterator& faces) {
   out << "</neighbours>\n";
 }
 
-void writeFaceColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter3D& colors) {
+void writeFaceColors(GeometryOutput& out, const FaceIterator& faces, PointColors<P3>& colors) {
   out << "<colors num=\"" << faces.faceCount() << "\">\n";
   FaceIndices v;
   for (std::int64_t face = 0; face < faces.faceCount(); ++face) {
@@ -248,7 +248,7 @@ void writeFaceColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter
 }
 
 void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
-  BlockColors<P3> colors = surfaceFillColors(out, surface, surface.points);
+  PointColors<P3> colors = surfaceFillColors(out, surface, surface.points);
   const bool isSmooth = surface.shading() == Word::Smooth;
 
   beginGeometryWithPoints(out, surface, surface.points, surface.pointsVisible(), colors);
@@ -256,17 +256,17 @@ void writeFilledSurface(GeometryOutput& out, const Surf3d& surface) {
   if (faces->faceCount() > 0) {
     out << "<faceSet face=\"show\"";
     out.writeShowAttribute("edge", surface.meshVisible());
-    out.writeShowAttribute("color", colors.isColored);
-    out.writeShowAttribute("colorFromPoints", colors.isColored);
-    out.writeShowAttribute("colorEdge", colors.isColored && surface.meshVisible());
-    out.writeShowAttribute("colorSmooth", colors.isColored && isSmooth);
+    out.writeShowAttribute("color", colors.isColored());
+    out.writeShowAttribute("colorFromPoints", colors.isColored());
+    out.writeShowAttribute("colorEdge", colors.isColored() && surface.meshVisible());
+    out.writeShowAttribute("colorSmooth", colors.isColored() && isSmooth);
     out << ">\n<faces num=\"" << faces->faceCount() << "\">\n";
     writeFaces(out, *faces);
     out.writeThicknessAndColor(surface.fillColor(), noThickness);
     out << "</faces>\n";
     writeNeighbours(out, *faces);
     if (surface.meshVisible()) out.writeEdges(surface.lineColor(), surface.lineWidth());
-    if (colors.isColored) writeFaceColors(out, *faces, colors.writer);
+    if (colors.isColored()) writeFaceColors(out, *faces, colors);
     out << "</faceSet>\n";
   }
   out.writeMaterial(surface.fillColor().alpha(), isSmooth);
@@ -283,7 +283,7 @@ void writeEdgeLines(GeometryOutput& out, const FaceIterator& faces) {
 
 /// The colours are those of the same few points at the beginning for every face, on purpose, and
 /// the element ends without a newline.
-void writeEdgeColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter3D& colors) {
+void writeEdgeColors(GeometryOutput& out, const FaceIterator& faces, PointColors<P3>& colors) {
   out << "<colors num=\"" << faces.edgeCount() << "\">\n";
   FaceIndices ends;
   for (std::int64_t face = 0; face < faces.faceCount(); ++face) {
@@ -294,7 +294,7 @@ void writeEdgeColors(GeometryOutput& out, const FaceIterator& faces, ColorWriter
 }
 
 void writeWireSurface(GeometryOutput& out, const Surf3d& surface) {
-  BlockColors<P3> colors = surface.meshVisible() || surface.pointsVisible()
+  PointColors<P3> colors = surface.meshVisible() || surface.pointsVisible()
                                ? surfaceLineColors(out, surface, surface.points)
                                : lineColors(out, surface, surface.points, {});
   const bool isSmooth = surface.shading() == Word::Smooth;
@@ -303,12 +303,12 @@ void writeWireSurface(GeometryOutput& out, const Surf3d& surface) {
   if (surface.meshVisible()) {
     const auto faces = makeFaceIterator(surface.type(), surface.points.size());
     if (faces->edgeCount() > 0) {
-      beginLineSet3d(out, colors.isColored, isSmooth);
+      beginLineSet3d(out, colors.isColored(), isSmooth);
       out << "<lines num=\"" << faces->edgeCount() << "\">\n";
       writeEdgeLines(out, *faces);
       // Unlike all others, these lines have neither thickness nor colour.
       out << "</lines>\n";
-      if (colors.isColored) writeEdgeColors(out, *faces, colors.writer);
+      if (colors.isColored()) writeEdgeColors(out, *faces, colors);
       out << "</lineSet>\n";
     }
   }

@@ -83,55 +83,72 @@ void GeometryOutput::writeLabelAtt(const FontStyle& font, Token horizontalAlignm
   *this << "<size>" << static_cast<unsigned>(font.size) << "</size>\n</labelAtt>\n";
 }
 
-void GeometryOutput::writePoint3d(const P3& point) {
-  const P3 p = transformStack.empty() ? point : transformStack.back().map(point);
-  *this << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
+void GeometryOutput::writeColorEntry(RGBA color) {
+  *this << "<c>" << color.red() << ' ' << color.green() << ' ' << color.blue() << "</c>\n";
 }
 
-void GeometryOutput::writePoint2d(const P2& point) {
-  const P2 p = transformStack.empty() ? point : transformStack.back().map(point);
-  *this << "<p>" << p.x << ' ' << p.y << "</p>\n";
+void GeometryOutput::writeCoordinates(const P2& point) { *this << point.x << ' ' << point.y; }
+
+void GeometryOutput::writeCoordinates(const P3& point) {
+  *this << point.x << ' ' << point.y << ' ' << point.z;
 }
 
-void GeometryOutput::writePoints3d(std::span<const P3> points, RGBA color, double size) {
+template <class Point>
+Point GeometryOutput::transformed(const Point& point) const {
+  return transformStack.empty() ? point : transformStack.back().map(point);
+}
+
+void GeometryOutput::writePoint(const P2& point) {
+  *this << "<p>";
+  writeCoordinates(transformed(point));
+  *this << "</p>\n";
+}
+
+void GeometryOutput::writePoint(const P3& point) {
+  *this << "<p>";
+  writeCoordinates(transformed(point));
+  *this << "</p>\n";
+}
+
+template <class Point>
+void GeometryOutput::writePointList(std::span<const Point> points, RGBA color, double size) {
   *this << "<points num=\"" << points.size() << "\">\n";
-  for (const P3& point : points) writePoint3d(point);
+  for (const Point& point : points) writePoint(point);
   writeThicknessAndColor(color, size * 0.5);
   *this << "</points>\n";
 }
 
-void GeometryOutput::writePoints2d(std::span<const P2> points, RGBA color, double size) {
-  *this << "<points num=\"" << points.size() << "\">\n";
-  for (const P2& point : points) writePoint2d(point);
-  writeThicknessAndColor(color, size * 0.5);
-  *this << "</points>\n";
+void GeometryOutput::writePoints(std::span<const P2> points, RGBA color, double size) {
+  writePointList(points, color, size);
 }
 
-void GeometryOutput::writeVectors3d(std::span<const P3> vectors, RGBA color, double length,
-                                    double thickness) {
+void GeometryOutput::writePoints(std::span<const P3> points, RGBA color, double size) {
+  writePointList(points, color, size);
+}
+
+template <class Point>
+void GeometryOutput::writeVectorList(std::span<const Point> vectors, RGBA color, double length,
+                                     double thickness) {
   *this << "<vectors num=\"" << vectors.size() << "\">\n";
-  for (const P3& vector : vectors) {
-    const P3 v = transformStack.empty() ? vector : transformStack.back().map(vector);
-    *this << "<v>" << v.x << ' ' << v.y << ' ' << v.z << "</v>\n";
+  for (const Point& vector : vectors) {
+    *this << "<v>";
+    writeCoordinates(transformed(vector));
+    *this << "</v>\n";
   }
-  endVectors(color, length, thickness);
-}
-
-void GeometryOutput::writeVectors2d(std::span<const P2> vectors, RGBA color, double length,
-                                    double thickness) {
-  *this << "<vectors num=\"" << vectors.size() << "\">\n";
-  for (const P2& vector : vectors) {
-    const P2 v = transformStack.empty() ? vector : transformStack.back().map(vector);
-    *this << "<v>" << v.x << ' ' << v.y << "</v>\n";
-  }
-  endVectors(color, length, thickness);
-}
-
-void GeometryOutput::endVectors(RGBA color, double length, double thickness) {
   writeThickness(thickness);
   *this << "<length>" << length << "</length>\n";
   writeColor(color);
   *this << "</vectors>\n";
+}
+
+void GeometryOutput::writeVectors(std::span<const P2> vectors, RGBA color, double length,
+                                  double thickness) {
+  writeVectorList(vectors, color, length, thickness);
+}
+
+void GeometryOutput::writeVectors(std::span<const P3> vectors, RGBA color, double length,
+                                  double thickness) {
+  writeVectorList(vectors, color, length, thickness);
 }
 
 namespace {
@@ -159,7 +176,7 @@ void GeometryOutput::writeCirclePoints(const P3& center, const P3& normal, doubl
   constexpr double step = 0.16534698176788384;  // a full turn by circlePoints
   double angle = 0;
   for (int i = 0; i < circlePoints; ++i, angle += step) {
-    writePoint3d({std::cos(angle) * radius, std::sin(angle) * radius, 0});
+    writePoint(P3{std::cos(angle) * radius, std::sin(angle) * radius, 0});
   }
   popTransform();
 }

@@ -8,12 +8,21 @@
 
 #include "vantry/javaview/javaview_output.h"
 #include "vantry/javaview/matrix.h"
+#include "vantry/javaview/value_range.h"
 #include "vantry/plot/values/font_style.h"
 #include "vantry/plot/values/point.h"
 
 namespace vantry::javaview {
 
 using namespace plot;
+
+/// How many coordinates a point has.
+constexpr int dimensionOf(const P2&) { return 2; }
+constexpr int dimensionOf(const P3&) { return 3; }
+
+/// What the point list of a primitive holds.
+template <class Primitive>
+using PointOf = typename decltype(Primitive::points)::value_type;
 
 /// As a size: the colour is written alone.
 inline constexpr double noThickness = std::numeric_limits<double>::quiet_NaN();
@@ -30,10 +39,9 @@ class GeometryOutput : public JavaViewOutput {
   void pushTransform(const Matrix& matrix);
   void popTransform() { transformStack.pop_back(); }
 
-  /// The bounds of the viewing box on the height axis (z in space, y in the plane), between which
-  /// colours by height run. Both 0 when unknown.
-  double valueMin = 0;
-  double valueMax = 0;
+  /// The viewing box on the height axis (z in space, y in the plane), over which colours by height
+  /// run. Both bounds are 0 if it is unknown.
+  ValueRange heightRange;
 
   void beginGeometry();
   void endGeometry() { *this << "</geometry>\n"; }
@@ -53,16 +61,23 @@ class GeometryOutput : public JavaViewOutput {
   void writeLabelAtt(const FontStyle& font, base::Token horizontalAlignment,
                      base::Token verticalAlignment);
 
-  void writePoint3d(const P3& point);
-  void writePoint2d(const P2& point);
+  /// `<c>R G B</c>` and a newline: an entry of a list of colours. Alpha is not written.
+  void writeColorEntry(RGBA color);
+
+  /// The bare numbers, which no transform touches.
+  void writeCoordinates(const P2& point);
+  void writeCoordinates(const P3& point);
+
+  void writePoint(const P2& point);
+  void writePoint(const P3& point);
 
   /// A point list. `size` is a diameter; the list states a radius.
-  void writePoints3d(std::span<const P3> points, RGBA color, double size);
-  void writePoints2d(std::span<const P2> points, RGBA color, double size);
+  void writePoints(std::span<const P2> points, RGBA color, double size);
+  void writePoints(std::span<const P3> points, RGBA color, double size);
 
   /// A vector list. Vectors are moved by the transform like points, translation included.
-  void writeVectors3d(std::span<const P3> vectors, RGBA color, double length, double thickness);
-  void writeVectors2d(std::span<const P2> vectors, RGBA color, double length, double thickness);
+  void writeVectors(std::span<const P2> vectors, RGBA color, double length, double thickness);
+  void writeVectors(std::span<const P3> vectors, RGBA color, double length, double thickness);
 
   static constexpr int circlePoints = 38;
 
@@ -97,7 +112,12 @@ class GeometryOutput : public JavaViewOutput {
                            std::string_view end = "</nb>\n");
 
  private:
-  void endVectors(RGBA color, double length, double thickness);
+  template <class Point>
+  Point transformed(const Point& point) const;
+  template <class Point>
+  void writePointList(std::span<const Point> points, RGBA color, double size);
+  template <class Point>
+  void writeVectorList(std::span<const Point> vectors, RGBA color, double length, double thickness);
 
   std::int64_t geometryCount_ = 0;
 };

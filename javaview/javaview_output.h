@@ -41,8 +41,6 @@ class JavaViewOutput {
   /// the empty text. Throws base::BadUnicodeString.
   void writeEscapedLocaleText(const char* text);
 
-  base::OutputSink& sink() { return sink_; }
-
  private:
   base::OutputSink sink_;
 };

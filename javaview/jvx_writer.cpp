@@ -44,37 +44,30 @@ Matrix matrixOf(const Tr2d& tr) {
           0,      0,      0, 1};
 }
 
+template <class Min, class Max>
+ValueRange rangeOf(const CoordinateSystemBase& coordinateSystem) {
+  const auto* min = firstChildOf<Min>(coordinateSystem);
+  const auto* max = firstChildOf<Max>(coordinateSystem);
+  const bool isKnown = min && max && max->value() > min->value();
+  return isKnown ? ValueRange{min->value(), max->value()} : ValueRange{};
+}
+
+/// The viewing box on the height axis; both bounds 0 if it is unknown, empty or upside down.
+ValueRange heightRange(const ExportedScene& scene) {
+  return scene.is2d ? rangeOf<ViewingBoxYMin, ViewingBoxYMax>(scene.coordinateSystem)
+                    : rangeOf<ViewingBoxZMin, ViewingBoxZMax>(scene.coordinateSystem);
+}
+
 }  // namespace
 
 void JVXWriter::writeHeader() { writeJvxHeader(out_, timestamp()); }
 
 void JVXWriter::writeScene(const ExportedScene& scene) {
-  setValueRange(scene);
+  out_.heightRange = heightRange(scene);
   out_.transformStack.clear();
   out_ << "<geometries>\n";
   writeContainer(scene.coordinateSystem);
   out_ << "</geometries>\n</jvx-model>\n";
-}
-
-namespace {
-
-template <class Min, class Max>
-void findValueRange(const CoordinateSystemBase& coordinateSystem, GeometryOutput& out) {
-  const auto* min = firstChildOf<Min>(coordinateSystem);
-  const auto* max = firstChildOf<Max>(coordinateSystem);
-  const bool isKnown = min && max && max->value() > min->value();
-  out.valueMin = isKnown ? min->value() : 0;
-  out.valueMax = isKnown ? max->value() : 0;
-}
-
-}  // namespace
-
-void JVXWriter::setValueRange(const ExportedScene& scene) {
-  if (scene.is2d) {
-    findValueRange<ViewingBoxYMin, ViewingBoxYMax>(scene.coordinateSystem, out_);
-  } else {
-    findValueRange<ViewingBoxZMin, ViewingBoxZMax>(scene.coordinateSystem, out_);
-  }
 }
 
 void JVXWriter::writeContainer(const dom::Node& container) {

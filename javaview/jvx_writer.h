@@ -37,7 +37,6 @@ class JVXWriter : public JavaViewWriter {
   void writeHeader() override;
   void writeScene(const ExportedScene& scene) override;
 
-  void setValueRange(const ExportedScene& scene);
   void writeContainer(const dom::Node& container);
   bool enter(const dom::Node& node);
   void leave(const dom::Node& node);

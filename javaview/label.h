@@ -2,7 +2,7 @@
 #pragma once
 
 #include "vantry/dom/node.h"
-#include "vantry/javaview/dimension.h"
+#include "vantry/javaview/geometry_output.h"
 
 namespace vantry::javaview {
 
@@ -18,7 +18,7 @@ void writeLabel(GeometryOutput& out, const Label& label) {
     out.writeEscapedLocaleText(child->nodeValue());
   }
   out << "\">";
-  writeCoordinates(out, label.position());
+  out.writeCoordinates(label.position());
   out << "</p>\n<thickness>0</thickness>\n";
   out.writeColor(font.color);
   out.writeLabelAtt(font, label.horizontalAlignment(), label.verticalAlignment());

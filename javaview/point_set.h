@@ -1,7 +1,7 @@
 // Points that stand alone, in the plane and in space.
 #pragma once
 
-#include "vantry/javaview/dimension.h"
+#include "vantry/javaview/geometry_output.h"
 
 namespace vantry::javaview {
 
@@ -10,7 +10,7 @@ template <class Point>
 void writePointSet(GeometryOutput& out, std::span<const Point> points, RGBA color, double size) {
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\">\n";
-  writePoints(out, points, color, size);
+  out.writePoints(points, color, size);
   out << "</pointSet>\n";
   out.writeMaterial(color.alpha(), false);
   out.endGeometry();

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "vantry/javaview/dimension.h"
+#include "vantry/javaview/geometry_output.h"
 
 namespace vantry::javaview {
 
@@ -15,7 +15,7 @@ void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, 
   const Point ends[] = {from, to};
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(from) << "\" point=\"hide\">\n";
-  writePoints(out, ends, color, noThickness);
+  out.writePoints(ends, color, noThickness);
   out << "</pointSet>\n<lineSet";
   if (tip) out.writeShowAttribute("arrow", *tip);
   out << ">\n<lines num=\"1\">\n<l>0 1</l>\n";

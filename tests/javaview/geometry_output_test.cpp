@@ -175,21 +175,21 @@ TEST(GeometryOutputTest, WritesTheSizeOfAFontAsUnsigned) {
 
 TEST(GeometryOutputTest, WritesPointsAsTheyAre) {
   EXPECT_EQ(written([](auto& out) {
-              out.writePoint3d({0.2, 1e-5, 1234.567});
+              out.writePoint(P3{0.2, 1e-5, 1234.567});
             }),
             "<p>0.2 1e-05 1234.57</p>\n");
   EXPECT_EQ(written([](auto& out) {
-              out.writePoint3d({nan, infinity, -infinity});
+              out.writePoint(P3{nan, infinity, -infinity});
             }),
             "<p>nan inf -inf</p>\n");
-  EXPECT_EQ(written([](auto& out) { out.writePoint2d({-0.0, nan}); }), "<p>-0 nan</p>\n");
+  EXPECT_EQ(written([](auto& out) { out.writePoint(P2{-0.0, nan}); }), "<p>-0 nan</p>\n");
 }
 
 TEST(GeometryOutputTest, TransformsPoints) {
   EXPECT_EQ(written([](auto& out) {
               out.pushTransform(turnAndMove);
-              out.writePoint3d({1, 2, 3});
-              out.writePoint2d({1, 2});
+              out.writePoint(P3{1, 2, 3});
+              out.writePoint(P2{1, 2});
             }),
             "<p>8 21 36</p>\n<p>8 21</p>\n");
 }
@@ -197,8 +197,8 @@ TEST(GeometryOutputTest, TransformsPoints) {
 TEST(GeometryOutputTest, DividesByTheLastEntryOnly) {
   EXPECT_EQ(written([](auto& out) {
               out.pushTransform({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 5, 5, 5, 4});
-              out.writePoint3d({1, 2, 3});
-              out.writePoint2d({1, 2});
+              out.writePoint(P3{1, 2, 3});
+              out.writePoint(P2{1, 2});
             }),
             "<p>0.25 0.5 0.75</p>\n<p>0.25 0.5</p>\n");
 }
@@ -207,43 +207,43 @@ TEST(GeometryOutputTest, AppliesInnerTransformsFirst) {
   EXPECT_EQ(written([](auto& out) {
               out.pushTransform(turnAndMove);
               out.pushTransform({3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 1});
-              out.writePoint3d({1, 2, 3});
+              out.writePoint(P3{1, 2, 3});
               out.popTransform();
-              out.writePoint3d({1, 2, 3});
+              out.writePoint(P3{1, 2, 3});
               out.popTransform();
-              out.writePoint3d({1, 2, 3});
+              out.writePoint(P3{1, 2, 3});
             }),
             "<p>4 23 48</p>\n<p>8 21 36</p>\n<p>1 2 3</p>\n");
 }
 
 TEST(GeometryOutputTest, HalvesTheSizeOfPoints) {
   const P3 points[] = {{1, 2, 3}, {4, 5, 6}};
-  EXPECT_EQ(written([&](auto& out) { out.writePoints3d(points, red, 1); }),
+  EXPECT_EQ(written([&](auto& out) { out.writePoints(points, red, 1); }),
             "<points num=\"2\">\n<p>1 2 3</p>\n<p>4 5 6</p>\n<thickness>1.77165</thickness>\n"
             "<color>255 0 0</color>\n</points>\n");
   const P2 flat[] = {{1, 2}};
-  EXPECT_EQ(written([&](auto& out) { out.writePoints2d(flat, red, 1); }),
+  EXPECT_EQ(written([&](auto& out) { out.writePoints(flat, red, 1); }),
             "<points num=\"1\">\n<p>1 2</p>\n<thickness>1.77165</thickness>\n"
             "<color>255 0 0</color>\n</points>\n");
-  EXPECT_EQ(written([](auto& out) { out.writePoints3d({}, red, nan); }),
+  EXPECT_EQ(written([](auto& out) { out.writePoints(std::span<const P3>(), red, nan); }),
             "<points num=\"0\">\n<color>255 0 0</color>\n</points>\n");
 }
 
 TEST(GeometryOutputTest, MovesVectorsLikePoints) {
   const P3 vectors[] = {{1, 2, 3}};
-  EXPECT_EQ(written([&](auto& out) { out.writeVectors3d(vectors, red, 0.4, 1); }),
+  EXPECT_EQ(written([&](auto& out) { out.writeVectors(vectors, red, 0.4, 1); }),
             "<vectors num=\"1\">\n<v>1 2 3</v>\n<thickness>3.54331</thickness>\n"
             "<length>0.4</length>\n<color>255 0 0</color>\n</vectors>\n");
   EXPECT_EQ(written([&](auto& out) {
               out.pushTransform(turnAndMove);
-              out.writeVectors3d(vectors, red, 0, nan);
+              out.writeVectors(vectors, red, 0, nan);
             }),
             "<vectors num=\"1\">\n<v>8 21 36</v>\n<length>0</length>\n<color>255 0 0</color>\n"
             "</vectors>\n");
   const P2 flat[] = {{1, 2}};
   EXPECT_EQ(written([&](auto& out) {
               out.pushTransform(turnAndMove);
-              out.writeVectors2d(flat, red, 0.5, 1);
+              out.writeVectors(flat, red, 0.5, 1);
             }),
             "<vectors num=\"1\">\n<v>8 21</v>\n<thickness>3.54331</thickness>\n"
             "<length>0.5</length>\n<color>255 0 0</color>\n</vectors>\n");

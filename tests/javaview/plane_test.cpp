@@ -324,8 +324,7 @@ std::string asymptote(double min, double max) {
   element->setAttributeFromString(Word::VerticalAsymptotesVisible, "true");
   element->setAttributeFromString(Word::VerticalAsymptotesWidth, "0.5");
   return written([&](GeometryOutput& out) {
-    out.valueMin = min;
-    out.valueMax = max;
+    out.heightRange = {min, max};
     emitVerticalAsymptote(out, *element);
   });
 }
