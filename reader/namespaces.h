@@ -16,7 +16,10 @@ struct SplitName {
   const std::string* space = nullptr;  ///< the one copy of its namespace; null if it has none
   const char* localName = "";
 
-  const char* namespaceUri() const { return space ? space->c_str() : nullptr; }
+  /// Empty if there is none.
+  std::string_view namespaceUri() const {
+    return space ? std::string_view(*space) : std::string_view();
+  }
 };
 
 /// Splits names as expat gives them: namespace, separator, local part.

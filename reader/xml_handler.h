@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace vantry::reader {
@@ -32,13 +33,13 @@ class Handler {
 
   /// Finds the codes of the name of an element that starts. The answer depends on the name alone: a
   /// name that was accepted is not asked for again while it is remembered.
-  /// `namespaceUri` is null for a name without a namespace. False skips the element with all that
+  /// `namespaceUri` is empty for a name without a namespace. False skips the element with all that
   /// lies inside. Both texts live until the call returns.
-  virtual bool lookupElement(const char* namespaceUri, const char* localName,
+  virtual bool lookupElement(std::string_view namespaceUri, const char* localName,
                              std::uint32_t& outNamespaceId, std::uint32_t& outElementId) = 0;
 
   /// The same for the name of an attribute. False leaves the attribute out.
-  virtual bool lookupAttribute(const char* namespaceUri, const char* localName,
+  virtual bool lookupAttribute(std::string_view namespaceUri, const char* localName,
                                std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) = 0;
 
   /// The parser refused a block. Called for that block and for each one that follows.

@@ -57,13 +57,13 @@ std::string ZrdParserHandler::inParent(const char* tag) const {
 
 // Names.
 
-bool ZrdParserHandler::isFormatName(const char* namespaceUri) const {
-  if (!namespaceUri || isFormatNamespace(namespaceUri)) return true;
-  report("unknown namespace '%s'\n", namespaceUri);
+bool ZrdParserHandler::isFormatName(std::string_view namespaceUri) const {
+  if (namespaceUri.empty() || isFormatNamespace(namespaceUri)) return true;
+  report("unknown namespace '%.*s'\n", static_cast<int>(namespaceUri.size()), namespaceUri.data());
   return false;
 }
 
-bool ZrdParserHandler::lookupElement(const char* namespaceUri, const char* localName,
+bool ZrdParserHandler::lookupElement(std::string_view namespaceUri, const char* localName,
                                      std::uint32_t& outNamespaceId, std::uint32_t& outElementId) {
   if (!isFormatName(namespaceUri)) return false;
   const WordId word = base::findWord(localName);
@@ -76,7 +76,7 @@ bool ZrdParserHandler::lookupElement(const char* namespaceUri, const char* local
   return true;
 }
 
-bool ZrdParserHandler::lookupAttribute(const char* namespaceUri, const char* localName,
+bool ZrdParserHandler::lookupAttribute(std::string_view namespaceUri, const char* localName,
                                        std::uint32_t& outNamespaceId,
                                        std::uint32_t& outAttributeId) {
   if (!isFormatName(namespaceUri)) return false;

@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <string_view>
 
 #include "vantry/plot/document.h"
 #include "vantry/plot/elements/color_array2d.h"
@@ -34,9 +35,9 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
                     const reader::AttributeList& attributes) override;
   void endElement(std::uint32_t namespaceId, std::uint32_t elementId) override;
-  bool lookupElement(const char* namespaceUri, const char* localName, std::uint32_t& outNamespaceId,
-                     std::uint32_t& outElementId) override;
-  bool lookupAttribute(const char* namespaceUri, const char* localName,
+  bool lookupElement(std::string_view namespaceUri, const char* localName,
+                     std::uint32_t& outNamespaceId, std::uint32_t& outElementId) override;
+  bool lookupAttribute(std::string_view namespaceUri, const char* localName,
                        std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) override;
   void parseFailed() override;
 
@@ -50,7 +51,7 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   [[noreturn]] void illegal(const char* what) const;
   std::string inParent(const char* tag) const;
 
-  bool isFormatName(const char* namespaceUri) const;
+  bool isFormatName(std::string_view namespaceUri) const;
   void addElement(base::WordId word, const reader::AttributeList& attributes);
   void closeElement(base::WordId word);
   base::Ref<PlotElement> makeElement(Token name, const reader::AttributeList& attributes);

@@ -31,31 +31,31 @@ class RecordingHandler : public vantry::reader::SimpleDataHandler {
     log.append("</").append(name(namespaceId, elementId)).append(">");
   }
 
-  bool lookupElement(const char* namespaceUri, const char* localName, std::uint32_t& namespaceId,
-                     std::uint32_t& elementId) override {
+  bool lookupElement(std::string_view namespaceUri, const char* localName,
+                     std::uint32_t& namespaceId, std::uint32_t& elementId) override {
     return lookup(namespaceUri, localName, namespaceId, elementId);
   }
 
-  bool lookupAttribute(const char* namespaceUri, const char* localName, std::uint32_t& namespaceId,
-                       std::uint32_t& attributeId) override {
+  bool lookupAttribute(std::string_view namespaceUri, const char* localName,
+                       std::uint32_t& namespaceId, std::uint32_t& attributeId) override {
     return lookup(namespaceUri, localName, namespaceId, attributeId);
   }
 
   void parseFailed() override { log += "failed;"; }
 
  private:
-  bool lookup(const char* namespaceUri, const char* localName, std::uint32_t& namespaceId,
+  bool lookup(std::string_view namespaceUri, const char* localName, std::uint32_t& namespaceId,
               std::uint32_t& nameId) {
     if (*localName < 'a') {
       log.append("?").append(localName).append(";");
       return false;
     }
-    namespaceId = namespaceUri ? codeOf(namespaceUri) : 0;
+    namespaceId = namespaceUri.empty() ? 0 : codeOf(namespaceUri);
     nameId = codeOf(localName);
     return true;
   }
 
-  std::uint32_t codeOf(const std::string& text) {
+  std::uint32_t codeOf(std::string_view text) {
     for (const auto& [code, known] : names_) {
       if (known == text) return code;
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "vantry/reader/xml_parser.h"
@@ -28,13 +29,13 @@ class Collector : public vantry::reader::SimpleDataHandler {
     texts.emplace_back(text());
   }
 
-  bool lookupElement(const char*, const char* localName, std::uint32_t&,
+  bool lookupElement(std::string_view, const char* localName, std::uint32_t&,
                      std::uint32_t& elementId) override {
     elementId = localName == std::string("plain") ? 0 : 1;
     return localName != std::string("unknown");
   }
 
-  bool lookupAttribute(const char*, const char*, std::uint32_t&, std::uint32_t&) override {
+  bool lookupAttribute(std::string_view, const char*, std::uint32_t&, std::uint32_t&) override {
     return false;
   }
 

@@ -397,13 +397,13 @@ class ThrowingHandler : public RecordingHandler {
     throwAt(ThrowAt::text, true);
     RecordingHandler::characters(data, length);
   }
-  bool lookupElement(const char* namespaceUri, const char* localName, std::uint32_t& namespaceId,
-                     std::uint32_t& elementId) override {
+  bool lookupElement(std::string_view namespaceUri, const char* localName,
+                     std::uint32_t& namespaceId, std::uint32_t& elementId) override {
     throwAt(ThrowAt::elementName, localName == std::string("b"));
     return RecordingHandler::lookupElement(namespaceUri, localName, namespaceId, elementId);
   }
-  bool lookupAttribute(const char* namespaceUri, const char* localName, std::uint32_t& namespaceId,
-                       std::uint32_t& attributeId) override {
+  bool lookupAttribute(std::string_view namespaceUri, const char* localName,
+                       std::uint32_t& namespaceId, std::uint32_t& attributeId) override {
     throwAt(ThrowAt::attributeName, true);
     return RecordingHandler::lookupAttribute(namespaceUri, localName, namespaceId, attributeId);
   }

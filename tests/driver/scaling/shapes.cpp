@@ -65,6 +65,7 @@ std::string animation(const std::string& images, const std::string& begin, const
       begin + images + end + "</Obj2d></CoordinateSystem2d></Scene2d>");
 }
 
+const std::string emptyScene = "<Scene2d><CoordinateSystem2d/></Scene2d>";
 const std::string line = "<Line2d From='0 0' To='3 4'/>";
 const std::string object = "<Obj2d Type='Line2d'><Img2d>" + line + "</Img2d></Obj2d>";
 const std::string keyFrame = "<Img2d Param='#'>" + line + "</Img2d>";
@@ -235,11 +236,26 @@ std::vector<Shape> keyFrameShapes() {
 
 std::vector<Shape> nameShapes() {
   return {
+      {"LongNamespace", 1000,
+       [](std::size_t n) {
+         return longNamespace(50 * n, "xmlns:p", emptyScene + repeated("<p:Unknown/>", n));
+       }},
       {"LongDefaultNamespace", 1000,
        [](std::size_t n) {
          return longNamespace(50 * n, "xmlns",
                               "<Scene2d><CoordinateSystem2d>" + repeated("<Group2d/>", n) +
                                   "</CoordinateSystem2d></Scene2d>");
+       }},
+      {"LongNamespacesInTurn", 1000,
+       [](std::size_t n) {
+         return longNamespace(50 * n, "xmlns:p='urn:q" + std::string(50 * n, 'q') + "' xmlns",
+                              emptyScene + repeated("<p:a/><Unknown/>", n));
+       }},
+      {"LongNamespaceOfTwoPrefixes", 1000,
+       [](std::size_t n) {
+         const std::string uri = "urn:q" + std::string(50 * n, 'q');
+         return longNamespace(0, "xmlns:p='" + uri + "' xmlns:q='" + uri + "' xmlns",
+                              emptyScene + repeated("<p:a/><q:a/>", n));
        }},
       {"LongNamespaceAroundShortOnes", 1000,
        [](std::size_t n) {
