@@ -38,7 +38,8 @@ class Namespaces {
   /// The declaration that was made last ends.
   void endDeclaration();
 
-  /// Splits the name of an element. The parts live until the next change of declarations.
+  /// Splits the name of an element. Each element is to be split as it starts, since its name may
+  /// have moved a text. The parts live until the next change of declarations.
   SplitName splitElement(const char* name);
 
   /// Splits the name of an attribute, which has no address of its own.

@@ -135,13 +135,12 @@ void Parser::stop() {
 }
 
 // The codes of a name, null for one that the handler does not know.
-const NameCodes* Parser::lookUpElement(const char* name) {
-  const SplitName split = namespaces_.splitElement(name);
-  if (const NameCodes* known = elementNames_.find(split.localName, split.space)) return known;
+const NameCodes* Parser::lookUpElement(const SplitName& name) {
+  if (const NameCodes* known = elementNames_.find(name.localName, name.space)) return known;
   NameCodes codes;
-  const bool isKnown = handler_->lookupElement(split.namespaceUri(), split.localName,
-                                               codes.namespaceId, codes.nameId);
-  return isKnown ? elementNames_.add(split.localName, codes, split.space) : nullptr;
+  const bool isKnown =
+      handler_->lookupElement(name.namespaceUri(), name.localName, codes.namespaceId, codes.nameId);
+  return isKnown ? elementNames_.add(name.localName, codes, name.space) : nullptr;
 }
 
 const NameCodes* Parser::lookUpAttribute(const char* name) {
@@ -182,9 +181,10 @@ bool Parser::countUnwritten(std::size_t bytes) {
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
   if (!countUnwritten(namesAndValues)) return;
   open_.emplace_back();
+  const SplitName split = namespaces_.splitElement(name);  // sees the names of skipped elements too
   if (handler_->isSkipping()) return handler_->enterSkipped();
 
-  const NameCodes* element = lookUpElement(name);
+  const NameCodes* element = lookUpElement(split);
   if (!element) return handler_->enterSkipped();
   open_.back() = *element;
 

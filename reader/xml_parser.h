@@ -72,7 +72,7 @@ class Parser {
   void endElement();
   void characters(const char* data, int length);
 
-  const NameCodes* lookUpElement(const char* name);
+  const NameCodes* lookUpElement(const SplitName& name);
   const NameCodes* lookUpAttribute(const char* name);
   bool countUnwritten(const char* const* namesAndValues);
   bool countUnwritten(std::size_t bytes);

@@ -69,6 +69,16 @@ TEST(XmlParser, ElementWithoutNamespaceWithinOneThatHasIt) {
   EXPECT_EQ(eventsOf("<a xmlns='urn:one'><b xmlns=''/></a>"), "<{urn:one}a><b></b></{urn:one}a>");
 }
 
+// For the long name the text of "p" is moved, and that of "q" may be put where it was.
+TEST(XmlParser, NamespaceWhoseTextIsMovedWithinASkippedElementIsForgotten) {
+  for (std::size_t size = 20; size < 120; ++size) {
+    const std::string inner = "urn:" + std::string(size, 'y');
+    EXPECT_EQ(eventsOf("<a xmlns:p='urn:" + std::string(size, 'x') + "'><p:B><p:" +
+                       std::string(60, 'b') + "/></p:B><q:c xmlns:q='" + inner + "'/></a>"),
+              "<a>?B;<{" + inner + "}c></{" + inner + "}c></a>");
+  }
+}
+
 TEST(XmlParser, WithoutNamespaceProcessingNamesStayWhole) {
   EXPECT_EQ(eventsOf("<p:a xmlns:p='urn:one' p:x='1'/>", false),
             "<p:a xmlns:p=urn:one p:x=1></p:a>");
