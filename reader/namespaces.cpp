@@ -1,7 +1,6 @@
 #include "vantry/reader/namespaces.h"
 
 #include <cstring>
-#include <limits>
 
 namespace vantry::reader {
 
@@ -17,7 +16,7 @@ void Namespaces::endDeclaration() {
   declared_.pop_back();
   if (!ended) return;
   --ended->second.declarations;
-  forgetAddresses(ended->second, std::numeric_limits<std::size_t>::max());
+  forgetAddresses(ended->second.addresses, ended->second.addresses.end());
 }
 
 SplitName Namespaces::splitElement(const char* name) {
@@ -35,7 +34,7 @@ SplitName Namespaces::splitNewElement(const char* name) {
   if (!end) return {nullptr, name};
   Uses::value_type& use = useOf({name, end});
   const bool isDeclared = use.second.declarations > 0;  // that of the prefix "xml" is not
-  if (isDeclared) rememberAddress({name, std::strlen(end + 1)}, use);
+  if (isDeclared) rememberAddress(name, std::strlen(end + 1), use);
   return {&use.first, end + 1};
 }
 
@@ -51,19 +50,21 @@ Namespaces::Uses::value_type& Namespaces::useOf(std::string_view uri) {
   return *place;
 }
 
-void Namespaces::forgetAddresses(Use& use, std::size_t smallerThan) {
-  std::erase_if(use.addresses, [=, this](const Address& address) {
-    return address.localSize < smallerThan && byAddress_.erase(address.name) > 0;
-  });
+void Namespaces::forgetAddresses(Addresses& addresses, Addresses::const_iterator end) {
+  for (auto address = addresses.cbegin(); address != end; ++address) {
+    byAddress_.erase(address->second);
+  }
+  addresses.erase(addresses.cbegin(), end);
   lastAddress_ = nullptr;
 }
 
 // A text is moved when it lacks the room for a local part. Nothing says which one was moved to the
 // new address, but it is none that had room for as much.
-void Namespaces::rememberAddress(Address address, Uses::value_type& use) {
-  forgetAddresses(use.second, address.localSize);
-  use.second.addresses.push_back(address);
-  byAddress_.emplace(address.name, &use.first);
+void Namespaces::rememberAddress(const char* name, std::size_t localSize, Uses::value_type& use) {
+  Addresses& addresses = use.second.addresses;
+  forgetAddresses(addresses, addresses.lower_bound(localSize));
+  addresses.emplace(localSize, name);
+  byAddress_.emplace(name, &use.first);
 }
 
 }  // namespace vantry::reader

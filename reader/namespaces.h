@@ -46,23 +46,21 @@ class Namespaces {
   SplitName splitAttribute(const char* name);
 
  private:
-  /// Where expat keeps the text of a declaration.
-  struct Address {
-    const char* name;
-    std::size_t localSize;  // there is room behind it for a local part of this size
-  };
+  /// Where expat keeps the texts of declarations, by the size of a local part for which there is
+  /// room behind each.
+  using Addresses = std::multimap<std::size_t, const char*>;
 
   /// What is known of a namespace beside its text.
   struct Use {
     std::size_t declarations = 0;  // that hold now
-    std::vector<Address> addresses;
+    Addresses addresses;
   };
   using Uses = std::map<std::string, Use, std::less<>>;
 
   SplitName splitNewElement(const char* name);
   Uses::value_type& useOf(std::string_view uri);
-  void forgetAddresses(Use& use, std::size_t smallerThan);
-  void rememberAddress(Address address, Uses::value_type& use);
+  void forgetAddresses(Addresses& addresses, Addresses::const_iterator end);
+  void rememberAddress(const char* name, std::size_t localSize, Uses::value_type& use);
 
   Uses uses_;
   std::vector<Uses::value_type*> declared_;  // null for that of no namespace

@@ -266,6 +266,15 @@ std::vector<Shape> nameShapes() {
        }},
       {"NamespacesThatDiffer", 1000,
        [](std::size_t n) { return plane(numbered("<x#:Foo xmlns:x#='urn:#'/>", n) + object); }},
+      {"PrefixesOfOneNamespace", 2000,
+       [](std::size_t n) {
+         return "<Canvas" + numbered(" xmlns:p#='urn:p'", n) + ">" + emptyScene +
+                numbered("<p#:a/>", n) + "</Canvas>";
+       }},
+      {"OneNamespaceInEachOfNestedGroups", 2000,
+       [](std::size_t n) {
+         return plane(nested("<Group2d xmlns:p='urn:p'><p:a/>", object, "</Group2d>", n));
+       }},
       {"ElementsThatNobodyKnows", 3000,
        [](std::size_t n) { return plane(numbered("<a#/>", n) + object); }},
       {"AttributesThatNobodyKnowsOfOneElement", 3000,
