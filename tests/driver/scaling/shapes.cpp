@@ -114,7 +114,8 @@ std::vector<Shape> nestedShapes() {
          for (std::size_t i = 1; i < n; ++i) {
            chain += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
          }
-         return plane("", "<!DOCTYPE Canvas [" + chain + "]>") + "<!-- unused -->";
+         return image("<Text2d Position='1 2'>&e" + std::to_string(n - 1) + ";</Text2d>")
+             .insert(0, "<!DOCTYPE Canvas [" + chain + "]>");
        }},
   };
 }
