@@ -314,7 +314,8 @@ std::pair<std::int64_t, std::int64_t> blocksOfError(const std::string& document)
 
 }  // namespace
 
-// `before` and the filling are in front of `error`, whose last byte shows that it is one.
+// `before` and the filling are in front of `error`, whose last byte shows that it is one. That byte
+// is the last of a block, too, and the first of one.
 TEST(XmlParser, TellsTheBlockInWhichALongTokenIsWrong) {
   const struct {
     const char* before;
@@ -330,11 +331,24 @@ TEST(XmlParser, TellsTheBlockInWhichALongTokenIsWrong) {
               {"<a><?p ", "\x02", "?>"},
               {"<a>&n", ";", "</a>"},
               {"<a/><!-- ", "--x", "-->"},
-              {"<!DOCTYPE a [<!ENTITY e '", "&#0;'", ">]>"},
+              {"<!DOCTYPE a [<!ENTITY e '", "&#0;'>", "]>"},
               {"<!DOCTYPE a [<!ENTITY e '", "\x03", "'>]>"},
-              {"<!DOCTYPE a [<!-- ", "--x", "-->]>"}};
+              {"<!DOCTYPE a [<!-- ", "--x", "-->]>"},
+              {"<!DOCTYPE a [<!", " ", "a>"},
+              {"<!DOCTYPE ", " b>", ""},
+              {"<!DOCTYPE a [<!ENTITY e '", "' 'b'>", ""},
+              {"<!DOCTYPE a [<!-- it's ", "--><b", " b=''>]>"},
+              {"<a><!-- it's ", "--></b>", ""},
+              {"<a><!-- it's ", "--><b b='>' b=''>", ""},
+              {"<a><?p it's ", "?>&none;", "</a>"},
+              {"<a b='", "'></b>", ""},
+              {"<a/><!-- it's ", "--><b", " b=''>"},
+              {"<a/><?p ", "?>t", "ext"}};
   for (const auto& [before, error, behind] : rows) {
-    for (const std::size_t filling : {10u, 700u, 5'000u, 16'383u, 40'000u, 40'001u, 300'000u}) {
+    const std::size_t rest = std::strlen(before) + std::strlen(error);
+    for (const std::size_t filling :
+         {std::size_t{10}, 1024 - rest, 1025 - rest, std::size_t{5'000}, std::size_t{16'383},
+          40'960 - rest, 40'961 - rest, std::size_t{300'000}}) {
       const std::string start = before + std::string(filling, 'n') + error;
       const auto expected = static_cast<std::int64_t>((start.size() + 511) / 512);
       const auto [found, shown] = blocksOfError(start + behind + std::string(700'000, ' '));
