@@ -4,11 +4,19 @@
 
 namespace vantry::reader {
 
+namespace {
+
+/// Names may repeat a namespace up to this size as often as they like.
+constexpr std::size_t usualSize = 256;
+
+}  // namespace
+
 void Namespaces::declare(const char* uri) {
   declared_.push_back(nullptr);
   if (!uri) return;
   declared_.back() = &useOf(uri);
   ++declared_.back()->second.declarations;
+  hasLongOnes_ |= declared_.back()->first.size() > usualSize;
 }
 
 void Namespaces::endDeclaration() {
@@ -42,6 +50,13 @@ SplitName Namespaces::splitAttribute(const char* name) {
   const char* const end = std::strrchr(name, separator);
   if (!end) return {nullptr, name};
   return {&useOf({name, end}).first, end + 1};
+}
+
+std::size_t Namespaces::sizeOfLongNamespace(const char* name) const {
+  if (!hasLongOnes_) return 0;
+  const char* const end = std::strrchr(name, separator);
+  const std::size_t size = end ? static_cast<std::size_t>(end - name) : 0;
+  return size > usualSize ? size : 0;
 }
 
 Namespaces::Uses::value_type& Namespaces::useOf(std::string_view uri) {

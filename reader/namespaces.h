@@ -45,6 +45,9 @@ class Namespaces {
   /// Splits the name of an attribute, which has no address of its own.
   SplitName splitAttribute(const char* name);
 
+  /// The size of the namespace that the name of an attribute repeats; 0 for one of a usual size.
+  std::size_t sizeOfLongNamespace(const char* name) const;
+
  private:
   /// Where expat keeps the texts of declarations, by the size of a local part for which there is
   /// room behind each.
@@ -67,6 +70,7 @@ class Namespaces {
   std::unordered_map<const char*, const std::string*> byAddress_;
   const char* lastAddress_ = nullptr;  // most documents have one namespace
   const std::string* lastSpace_ = nullptr;
+  bool hasLongOnes_ = false;
 };
 
 }  // namespace vantry::reader

@@ -16,8 +16,23 @@ namespace {
 constexpr float largestAmplification = 10;
 constexpr std::uint32_t freeBytes = 1024 * 1024;
 
+/// What the parser may keep of a document: so many times its size, from so many bytes on.
+constexpr float largestShareOfMemory = 100;
+constexpr unsigned long long freeMemory = 8 * 1024 * 1024;
+
 /// A token is read again with each block until it is as long as this.
 constexpr std::int64_t longToken = 16 * 1024;
+
+/// Bounds the memory that a parser takes. A document is out of memory beyond it. A start tag whose
+/// attributes have a long namespace is a product of both, before anybody is called. A parser that
+/// does not know of such a bound takes what it needs.
+template <class Handle>
+void boundMemory(Handle parser) {
+  if constexpr (requires { XML_SetAllocTrackerActivationThreshold(parser, freeMemory); }) {
+    XML_SetAllocTrackerActivationThreshold(parser, freeMemory);
+    XML_SetAllocTrackerMaximumAmplification(parser, largestShareOfMemory);
+  }
+}
 
 /// Reads a token that is not complete only when it has grown to twice its size, or with each block.
 /// Without the former a long token would cost the square of its length, which it does with a parser
@@ -79,6 +94,7 @@ Parser::Parser(Handler* handler, bool namespaces, const char* encoding)
   deferReparsing(parser_.get(), false);
   XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser_.get(), largestAmplification);
   XML_SetBillionLaughsAttackProtectionActivationThreshold(parser_.get(), freeBytes);
+  boundMemory(parser_.get());
   if (!handler_) return;
   XML_SetUserData(parser_.get(), this);
   XML_SetElementHandler(parser_.get(), Callbacks::start, Callbacks::end);
@@ -145,23 +161,27 @@ const NameCodes* Parser::lookUpElement(const SplitName& name) {
 
 const NameCodes* Parser::lookUpAttribute(const char* name) {
   if (const NameCodes* known = attributeNames_.find(name)) return known;
-  if (unknownAttributes_.contains(std::string_view(name))) return nullptr;
   const SplitName split = namespaces_.splitAttribute(name);
+  auto& unknown = unknownAttributes_[split.space];
+  if (unknown.contains(std::string_view(split.localName))) return nullptr;
   NameCodes codes;
   const bool isKnown = handler_->lookupAttribute(split.namespaceUri(), split.localName,
                                                  codes.namespaceId, codes.nameId);
   if (isKnown) return attributeNames_.add(name, codes);
-  unknownAttributes_.emplace(name);
+  unknown.emplace(split.localName);
   return nullptr;
 }
 
-// Default attributes come behind all others.
+// Default attributes come behind all others. Of these a long namespace counts, which is repeated in
+// front of each name.
 bool Parser::countUnwritten(const char* const* namesAndValues) {
+  const char* const* const defaults =
+      namesAndValues + XML_GetSpecifiedAttributeCount(parser_.get());
   std::size_t bytes = 0;
-  for (namesAndValues += XML_GetSpecifiedAttributeCount(parser_.get()); *namesAndValues;
-       ++namesAndValues) {
-    bytes += std::strlen(*namesAndValues);
+  for (; namesAndValues != defaults; namesAndValues += 2) {
+    bytes += namespaces_.sizeOfLongNamespace(*namesAndValues);
   }
+  for (; *namesAndValues; ++namesAndValues) bytes += std::strlen(*namesAndValues);
   return bytes == 0 || countUnwritten(bytes);
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -23,8 +24,9 @@ namespace vantry::reader {
 /// instructions and the document type reach nobody; CDATA sections arrive as text.
 ///
 /// What a document makes of itself is bounded: once its entities come to a megabyte, they may make
-/// it ten times as long as it is, and the same holds for its default attributes and namespaces. A
-/// document beyond that is refused with the parser's error 43.
+/// it ten times as long as it is. The same holds for its default attributes and namespaces, and for
+/// namespaces of more than 256 bytes in the names of attributes. A document beyond that is refused
+/// with the parser's error 43.
 class Parser {
  public:
   /// `handler` may be null; it is not owned and must outlive the parser. With `namespaces` true a
@@ -85,10 +87,10 @@ class Parser {
   Namespaces namespaces_;
   RecentNames elementNames_;
   RecentNames attributeNames_;
-  std::set<std::string, std::less<>> unknownAttributes_;
+  std::map<const std::string*, std::set<std::string, std::less<>>> unknownAttributes_;  // by space
   std::vector<std::optional<NameCodes>> open_;  // the open elements; those skipped have no codes
   AttributeList attributes_;
-  double unwritten_ = 0;  // bytes of attributes and namespaces that the document did not write
+  double unwritten_ = 0;  // bytes of start tags that the document did not write
   bool isTooLarge_ = false;
   std::int64_t size_ = 0;        // of all blocks
   std::int64_t tokenBegin_ = 0;  // of the token that is not yet complete

@@ -292,6 +292,24 @@ TEST(XmlParser, DefaultsCountOfSkippedElementsAndOfNamespacesToo) {
   }
 }
 
+TEST(XmlParser, LongNamespacesOfAttributesCount) {
+  const auto isTaken = [](std::size_t sizeOfNamespace, const char* element, int count) {
+    std::string document = "<a xmlns:p='" + std::string(sizeOfNamespace, 'n') + "'>";
+    for (int i = 0; i < count; ++i) document += element;
+    RecordingHandler handler;
+    vantry::reader::Parser parser(&handler, true, nullptr);
+    const bool isAccepted = parseInBlocks(parser, document + "</a>", 512);
+    EXPECT_EQ(parser.errorCode(), isAccepted ? 0 : XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
+    return isAccepted;
+  };
+  EXPECT_TRUE(isTaken(256, "<b p:x=''/>", 10'000)) << "of a usual size";
+  EXPECT_FALSE(isTaken(257, "<b p:x=''/>", 10'000));
+  EXPECT_FALSE(isTaken(257, "<X p:x=''/>", 10'000)) << "skipped";
+  EXPECT_TRUE(isTaken(257, "<p:b x=''/>", 10'000)) << "of elements";
+  EXPECT_TRUE(isTaken(10'000, "<b p:x=''/>", 100)) << "up to a megabyte";
+  EXPECT_FALSE(isTaken(10'000, "<b p:x=''/>", 110));
+}
+
 // ---- Where an error shows ----
 
 namespace {

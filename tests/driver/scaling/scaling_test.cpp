@@ -23,6 +23,20 @@ constexpr double largestExponent = 1.1;
 /// The power with which a cost grows when its cause grows to four times as much.
 double exponentOf(double small, double large) { return std::log2(large / small) / 2; }
 
+const char* complaintOf(End end) {
+  switch (end) {
+    case End::success:
+      return "";
+    case End::tooLarge:
+      return "Warning: parser error '43'";
+    case End::outOfMemory:
+      return "Warning: parser error '1'";
+    case End::notWellFormed:
+      return "Warning: parser error '7'";
+  }
+  return nullptr;
+}
+
 class Scaling : public ProgramTest, public testing::WithParamInterface<Shape> {
  protected:
   /// Converts a document of the shape, and checks how that ends.
@@ -46,9 +60,7 @@ class Scaling : public ProgramTest, public testing::WithParamInterface<Shape> {
     const Outcome outcome = runInto("/dev/null", arguments);
     EXPECT_EQ(outcome.status, end == End::success ? 0 : 2) << outcome.err;
     const std::string complaint = outcome.err.substr(0, outcome.err.find(" ["));
-    EXPECT_EQ(complaint, end == End::success    ? ""
-                         : end == End::tooLarge ? "Warning: parser error '43'"
-                                                : "Warning: parser error '7'");
+    EXPECT_EQ(complaint, complaintOf(end));
     return outcome;
   }
 };

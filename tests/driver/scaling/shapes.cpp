@@ -286,6 +286,24 @@ std::vector<Shape> nameShapes() {
        [](std::size_t n) {
          return plane(repeated("<Group2d " + std::string(1000, 'a') + "=''/>", n));
        }},
+      {"AttributesThatDifferInALongNamespace",
+       1000,
+       [](std::size_t n) {
+         return longNamespace(50 * n, "xmlns:x",
+                              "<Scene2d><CoordinateSystem2d>" + numbered("<Group2d x:a#=''/>", n) +
+                                  "</CoordinateSystem2d></Scene2d>");
+       },
+       {},
+       End::tooLarge},
+      {"AttributesOfOneElementInALongNamespace",
+       1000,
+       [](std::size_t n) {
+         return longNamespace(50 * n, "xmlns:x",
+                              "<Scene2d><CoordinateSystem2d><Group2d" + numbered(" x:a#=''", n) +
+                                  "/></CoordinateSystem2d></Scene2d>");
+       },
+       {},
+       End::outOfMemory},
       {"LongNameOfAnElement", 50'000,
        [](std::size_t n) { return plane("<" + std::string(n, 'a') + "/>" + object); }},
   };

@@ -8,7 +8,8 @@
 /// How a conversion ends.
 enum class End {
   success,
-  tooLarge,  ///< the parser refuses what the document makes of itself
+  tooLarge,     ///< the parser refuses what the document makes of itself
+  outOfMemory,  ///< the parser refuses what it would have to keep
   notWellFormed
 };
 
