@@ -25,8 +25,9 @@ namespace vantry::reader {
 ///
 /// What a document makes of itself is bounded: once its entities come to a megabyte, they may make
 /// it ten times as long as it is. The same holds for its default attributes and namespaces, and for
-/// namespaces of more than 256 bytes in the names of attributes. A document beyond that is refused
-/// with the parser's error 43.
+/// namespaces of more than 256 bytes in the names of attributes; a start tag counts for a byte more
+/// with each 16 attributes that the document type declares. A document beyond that is refused with
+/// the parser's error 43.
 class Parser {
  public:
   /// `handler` may be null; it is not owned and must outlive the parser. With `namespaces` true a
@@ -91,6 +92,7 @@ class Parser {
   std::vector<std::optional<NameCodes>> open_;  // the open elements; those skipped have no codes
   AttributeList attributes_;
   double unwritten_ = 0;  // bytes of start tags that the document did not write
+  std::size_t declaredAttributes_ = 0;
   bool isTooLarge_ = false;
   std::int64_t size_ = 0;        // of all blocks
   std::int64_t tokenBegin_ = 0;  // of the token that is not yet complete

@@ -232,6 +232,15 @@ std::string withDefaults(std::size_t size, int elements) {
   return document + "</a>";
 }
 
+/// Whether a document is taken, or refused for what it makes of itself.
+bool isTaken(const std::string& document) {
+  RecordingHandler handler;
+  vantry::reader::Parser parser(&handler, true, nullptr);
+  const bool isAccepted = parseInBlocks(parser, document, 512);
+  EXPECT_EQ(parser.errorCode(), isAccepted ? 0 : XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
+  return isAccepted;
+}
+
 }  // namespace
 
 TEST(XmlParser, DefaultAttributesAreTakenUpToAMegabyte) {
@@ -293,21 +302,31 @@ TEST(XmlParser, DefaultsCountOfSkippedElementsAndOfNamespacesToo) {
 }
 
 TEST(XmlParser, LongNamespacesOfAttributesCount) {
-  const auto isTaken = [](std::size_t sizeOfNamespace, const char* element, int count) {
+  const auto areTaken = [](std::size_t sizeOfNamespace, const char* element, int count) {
     std::string document = "<a xmlns:p='" + std::string(sizeOfNamespace, 'n') + "'>";
     for (int i = 0; i < count; ++i) document += element;
-    RecordingHandler handler;
-    vantry::reader::Parser parser(&handler, true, nullptr);
-    const bool isAccepted = parseInBlocks(parser, document + "</a>", 512);
-    EXPECT_EQ(parser.errorCode(), isAccepted ? 0 : XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
-    return isAccepted;
+    return isTaken(document + "</a>");
   };
-  EXPECT_TRUE(isTaken(256, "<b p:x=''/>", 10'000)) << "of a usual size";
-  EXPECT_FALSE(isTaken(257, "<b p:x=''/>", 10'000));
-  EXPECT_FALSE(isTaken(257, "<X p:x=''/>", 10'000)) << "skipped";
-  EXPECT_TRUE(isTaken(257, "<p:b x=''/>", 10'000)) << "of elements";
-  EXPECT_TRUE(isTaken(10'000, "<b p:x=''/>", 100)) << "up to a megabyte";
-  EXPECT_FALSE(isTaken(10'000, "<b p:x=''/>", 110));
+  EXPECT_TRUE(areTaken(256, "<b p:x=''/>", 10'000)) << "of a usual size";
+  EXPECT_FALSE(areTaken(257, "<b p:x=''/>", 10'000));
+  EXPECT_FALSE(areTaken(257, "<X p:x=''/>", 10'000)) << "skipped";
+  EXPECT_TRUE(areTaken(257, "<p:b x=''/>", 10'000)) << "of elements";
+  EXPECT_TRUE(areTaken(10'000, "<b p:x=''/>", 100)) << "up to a megabyte";
+  EXPECT_FALSE(areTaken(10'000, "<b p:x=''/>", 110));
+}
+
+// The parser goes through all of them at each start tag, whether they have a value or not.
+TEST(XmlParser, DeclaredAttributesCountAtEachStartTag) {
+  const auto areTaken = [](int declarations, int elements) {
+    std::string document = "<!DOCTYPE a [<!ATTLIST b";
+    for (int i = 0; i < declarations; ++i) document += " x" + std::to_string(i) + " CDATA #IMPLIED";
+    document += ">]><a>";
+    for (int i = 0; i < elements; ++i) document += "<b/>";
+    return isTaken(document + "</a>");
+  };
+  EXPECT_TRUE(areTaken(500, 20'000));
+  EXPECT_TRUE(areTaken(5'000, 3'000)) << "up to a megabyte";
+  EXPECT_FALSE(areTaken(5'000, 5'000));
 }
 
 // ---- Where an error shows ----

@@ -381,6 +381,14 @@ std::vector<Shape> amplifiedShapes() {
          return plane("<Group2d/>",
                       "<!DOCTYPE Canvas [<!ATTLIST Group2d" + numbered(" a# CDATA 'x'", n) + ">]>");
        }},
+      {"DeclaredAttributesOfManyElements",
+       5000,
+       [](std::size_t n) {
+         return plane(repeated("<Group2d/>", n), "<!DOCTYPE Canvas [<!ATTLIST Group2d" +
+                                                     repeated(" a CDATA #IMPLIED", n) + ">]>");
+       },
+       {},
+       End::tooLarge},
       {"ShortEntity", 3000,
        [](std::size_t n) {
          return image("<Text2d Position='1 2'>" + repeated("&e;", n) + "</Text2d>")
