@@ -2,13 +2,24 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+
+#include "vantry/base/word_table.h"
 
 namespace vantry::base {
 
 namespace {
 
 constexpr std::string_view textOf(int id) { return wordTexts[id]; }
+
+constexpr bool isInOrder() {
+  for (int id = 2; id <= wordCount; ++id) {
+    if (textOf(id - 1) >= textOf(id)) return false;
+  }
+  return true;
+}
+static_assert(isInOrder(), "the words are in the order of their texts");
 
 struct Lengths {
   std::size_t shortest = textOf(1).size();
@@ -25,12 +36,12 @@ constexpr Lengths lengths = [] {
 }();
 static_assert(lengths.shortest >= 2, "the hash looks at the last two characters");
 
-// Open addressing in a table four times the size of the vocabulary: nearly every word, and nearly
-// every text that is no word, is settled by its first slot.
-constexpr std::size_t slotCount = 2048;
+// Open addressing in a table of at least twice the size of the vocabulary: nearly every word, and
+// nearly every text that is no word, is settled by its first slot.
+constexpr std::size_t slotCount = std::bit_ceil(2 * std::size(wordTexts));
 
 // Length and four characters tell the words well enough apart. The weights are the best of some
-// thousand random ones: no word takes more than four slots to find.
+// thousand random ones: no word takes more than a few slots to find.
 constexpr std::size_t firstSlot(std::string_view text) {
   const std::size_t size = text.size();
   const auto at = [text](std::size_t i) -> std::size_t {
@@ -51,7 +62,30 @@ constexpr auto slots = [] {
   return table;
 }();
 
+using WordSet = WordTable<bool>;
+
+constexpr WordSet elements = [] {
+  WordSet set;
+#define WORD_AS(name, text)
+#define ELEMENT(name) set[WordId::name] = true;
+#include "vantry/base/vocabulary.def"
+  return set;
+}();
+
+constexpr WordSet attributes = [] {
+  WordSet set;
+#define WORD_AS(name, text)
+#define ATTRIBUTE_AS(name, text) set[WordId::name] = true;
+#define ELEMENT_AND_ATTRIBUTE(name) set[WordId::name] = true;
+#include "vantry/base/vocabulary.def"
+  return set;
+}();
+
 }  // namespace
+
+bool isElementWord(WordId word) { return elements[word]; }
+
+bool isAttributeWord(WordId word) { return attributes[word]; }
 
 WordId findWord(std::string_view text) {
   if (text.size() < lengths.shortest || text.size() > lengths.longest) return WordId::none;

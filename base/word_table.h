@@ -17,8 +17,8 @@ class WordTable {
   constexpr const Value& operator[](WordId word) const {
     return values_[static_cast<std::size_t>(word)];
   }
-  Value& operator[](Token token) { return (*this)[wordOf(token)]; }
-  const Value& operator[](Token token) const { return (*this)[wordOf(token)]; }
+  constexpr Value& operator[](Token token) { return (*this)[wordOf(token)]; }
+  constexpr const Value& operator[](Token token) const { return (*this)[wordOf(token)]; }
 
  private:
   std::array<Value, wordCount + 1> values_{};

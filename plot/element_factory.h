@@ -12,9 +12,6 @@ class PlotDocument;
 /// A new element of the class with that name; null for any other name.
 base::Ref<PlotElement> makeElement(Token name, PlotDocument& document);
 
-/// Whether there is an element class with that name.
-bool isElementClass(WordId name);
-
 /// Whether an element is of the class with its name, or of a host's class that derives from that.
 bool isOfItsClass(const dom::Element& element);
 

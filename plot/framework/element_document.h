@@ -17,8 +17,8 @@ class ElementDocument : public dom::Document {
   /// Takes a format and arguments in the manner of vprintf.
   using ErrorReporter = int (*)(const char* format, va_list arguments);
 
-  /// A new element of the class with that name; null for a name that is none of the 104 element
-  /// names, or where newElement() has made what is no element of the model.
+  /// A new element of the class with that name; null for a name that is no class's, or
+  /// where newElement() has made what is no element of the model.
   base::Ref<PlotElement> createElement(Token name) {
     const base::Ref<dom::Element> made = newElement(name);
     return PlotElement::from(made.get());
