@@ -7,16 +7,6 @@ namespace vantry::plot {
 
 namespace {
 
-constexpr OptionTable options = {
-    {WordId::Header, 1},
-    {WordId::Footer, 2},
-    {WordId::Scene2dStyle, 4},
-    {WordId::Scene3dStyle, 8},
-    {WordId::CoordinateSystem2dStyle, 16},
-    {WordId::CoordinateSystem3dStyle, 32},
-    {WordId::TimeRange, 64},
-};
-
 class CanvasPropertyListMgr final : public PropertyListMgr {
   void fill() override {
     // clang-format off
@@ -68,14 +58,6 @@ bool Canvas::canReplaceChildren(dom::Node* first, unsigned count,
 
 bool Canvas::canHoldItsChildren() const {
   return ElementOf::canReplaceChildren(firstChild(), length(), firstChild());
-}
-
-std::uint32_t Canvas::optionBit(Token name) const { return options.bit(name); }
-
-std::uint32_t Canvas::allowedOptions() const { return 127; }
-
-bool Canvas::isContentName(Token name) const {
-  return isOneOf(name, Word::Scene2d, Word::Scene3d, Word::ObjStyle, Word::ObjType);
 }
 
 const Property* Canvas::findProperty(Token name) const { return canvasPropertyList.find(name); }

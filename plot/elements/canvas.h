@@ -48,9 +48,6 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
-  std::uint32_t optionBit(Token name) const override;
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 
  protected:

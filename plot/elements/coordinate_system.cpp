@@ -7,21 +7,6 @@ namespace vantry::plot {
 
 namespace {
 
-// clang-format off
-constexpr OptionTable options = {
-    {WordId::ViewingBoxXMin,      1}, {WordId::ViewingBoxXMax,       2},
-    {WordId::ViewingBoxYMin,      4}, {WordId::ViewingBoxYMax,       8},
-    {WordId::ViewingBoxZMin,     16}, {WordId::ViewingBoxZMax,      32},
-    {WordId::AxesOriginX,        64}, {WordId::AxesOriginY,        128}, {WordId::AxesOriginZ,     256},
-    {WordId::XAxisTitle,        512}, {WordId::YAxisTitle,        1024}, {WordId::ZAxisTitle,     2048},
-    {WordId::XTicksAnchor,     4096}, {WordId::XTicksDistance,    8192},
-    {WordId::YTicksAnchor,    16384}, {WordId::YTicksDistance,   32768},
-    {WordId::ZTicksAnchor,  0x10000}, {WordId::ZTicksDistance, 0x20000},
-    {WordId::XTicksAt,      0x40000}, {WordId::YTicksAt,       0x80000}, {WordId::ZTicksAt,   0x100000},
-    {WordId::Hints,        0x200000},
-};
-// clang-format on
-
 class CoordinateSystemPropertyListMgr final : public PropertyListMgr {
   void fill() override {
     // clang-format off
@@ -115,8 +100,6 @@ const dom::Node* outerContainer(const dom::Node& element) {
 
 }  // namespace
 
-std::uint32_t CoordinateSystemBase::optionBit(Token name) const { return options.bit(name); }
-
 const PlotElement* CoordinateSystemBase::styleParent(Token name) const {
   const PlotElement* ofScene = styleIn(parent(), styleTag());
   if (ofScene && ofScene->hasAttribute(name)) return ofScene;
@@ -130,21 +113,9 @@ void CoordinateSystemBase::collectStyleChain(StyleChain& chain) const {
   if (ofCanvas) chain.push_back(ofCanvas);
 }
 
-std::uint32_t CoordinateSystem2d::allowedOptions() const { return 0x2CF6CF; }
-
-bool CoordinateSystem2d::isContentName(Token name) const {
-  return isOneOf(name, Word::Obj2d, Word::Group2d, Word::Transform2d, Word::ObjStyle);
-}
-
 const Property* CoordinateSystem2d::findProperty(Token name) const {
   return findIn(name, coordinateSystemStylePropertyList, coordinateSystem2dStylePropertyList,
                 coordinateSystemPropertyList);
-}
-
-std::uint32_t CoordinateSystem3d::allowedOptions() const { return 0x3FFFFF; }
-
-bool CoordinateSystem3d::isContentName(Token name) const {
-  return isOneOf(name, Word::Obj3d, Word::Group3d, Word::Transform3d, Word::ObjStyle);
 }
 
 const Property* CoordinateSystem3d::findProperty(Token name) const {

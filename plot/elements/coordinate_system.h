@@ -17,7 +17,6 @@ class CoordinateSystemBase : public StyleContainer<LibraryElement>,
   /// The tag of the style elements that this class inherits from.
   virtual Token styleTag() const = 0;
 
-  std::uint32_t optionBit(Token name) const override;
   const PlotElement* styleParent(Token name) const override;
   void collectStyleChain(StyleChain& chain) const override;
 
@@ -33,8 +32,6 @@ class CoordinateSystem2d : public ElementOf<CoordinateSystem2d, CoordinateSystem
   using ElementOf::ElementOf;
 
   Token styleTag() const override { return Word::CoordinateSystem2dStyle; }
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 
@@ -45,8 +42,6 @@ class CoordinateSystem3d : public ElementOf<CoordinateSystem3d, CoordinateSystem
   using ElementOf::ElementOf;
 
   Token styleTag() const override { return Word::CoordinateSystem3dStyle; }
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 

@@ -13,16 +13,9 @@ void addChildren(PlotElement& parent, Token name, unsigned count) {
   }
 }
 
-bool areAllNamed(dom::NewChildren children, Token name) {
-  for (const dom::Node& child : children) {
-    if (child.nodeName() != name) return false;
-  }
-  return true;
-}
-
 bool canBeTuple(const PlotElement& parent, const dom::Node* first, unsigned count,
                 dom::NewChildren newChildren, unsigned least, unsigned most) {
-  if (!areAllNamed(newChildren, Word::IExpr)) return false;
+  if (!isContentOf(parent, newChildren)) return false;
   const unsigned moved = newChildren.isMovedWithin(parent) ? 1 : 0;
   const unsigned removed = std::min(count, dom::countSiblingsFrom(first)) + moved;
   const unsigned after = parent.length() - removed + newChildren.count();
@@ -91,26 +84,12 @@ bool ExprSeq::beginCommand(CmdWriter& writer) const {
 }
 
 bool ExprSeq::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
-  return areAllNamed(newChildren, Word::IExpr);
+  return isContentOf(*this, newChildren);
 }
-
-namespace {
-
-constexpr OptionTable tickOptions = {{WordId::VExpr, 1}, {WordId::Title, 2}};
-
-}  // namespace
 
 TickPos::TickPos(dom::Document* document) : ElementOf(document) {
   addChildren(*this, Word::VExpr, 1);
 }
-
-std::uint32_t TickPos::optionBit(Token name) const { return tickOptions.bit(name); }
-
-std::uint32_t TickPos::allowedOptions() const { return 3; }
-
-std::uint32_t TickPos::requiredOptions() const { return 1; }
-
-bool TickPos::isContentName(Token) const { return false; }
 
 bool TickPos::beginCommand(CmdWriter& writer) const {
   const VExpr* place = firstChildOf<VExpr>(*this);

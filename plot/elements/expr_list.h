@@ -14,11 +14,8 @@ namespace vantry::plot {
 /// Gives a new element `count` children of that name, unchecked.
 void addChildren(PlotElement& parent, Token name, unsigned count);
 
-/// Whether every one of the new children has that name.
-bool areAllNamed(dom::NewChildren children, Token name);
-
-/// Whether `parent` would have between `least` and `most` children, all new ones of them IExpr,
-/// after `count` of them from `first` on were replaced.
+/// Whether `parent` takes the new children and would have between `least` and `most` children after
+/// `count` of them from `first` on were replaced.
 bool canBeTuple(const PlotElement& parent, const dom::Node* first, unsigned count,
                 dom::NewChildren newChildren, unsigned least, unsigned most);
 
@@ -91,15 +88,15 @@ class ExprSeq : public ElementOf<ExprSeq, Expr> {
 /// Where the first item of a list stands in the command syntax.
 enum class FirstItem { onNewLine, onSameLine };
 
-/// Any number of children with one name.
-template <WordId name, WordId childName, FirstItem firstItem>
-class ListOf : public ElementOf<ListOf<name, childName, firstItem>, PlotElement> {
+/// Any number of children of one kind.
+template <WordId name, FirstItem firstItem>
+class ListOf : public ElementOf<ListOf<name, firstItem>, PlotElement> {
  public:
   static constexpr Token tag = base::tokenOf(name);
   using ElementOf<ListOf, PlotElement>::ElementOf;
 
   bool canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const override {
-    return areAllNamed(newChildren, base::tokenOf(childName));
+    return isContentOf(*this, newChildren);
   }
 
   bool beginCommand(CmdWriter& writer) const override {
@@ -111,13 +108,13 @@ class ListOf : public ElementOf<ListOf<name, childName, firstItem>, PlotElement>
   }
 };
 
-using Points2d = ListOf<WordId::Points2d, WordId::Point2d, FirstItem::onNewLine>;
-using Points3d = ListOf<WordId::Points3d, WordId::Point3d, FirstItem::onNewLine>;
+using Points2d = ListOf<WordId::Points2d, FirstItem::onNewLine>;
+using Points3d = ListOf<WordId::Points3d, FirstItem::onNewLine>;
 
 /// Tick marks at given places.
-using XTicksAt = ListOf<WordId::XTicksAt, WordId::TickPos, FirstItem::onSameLine>;
-using YTicksAt = ListOf<WordId::YTicksAt, WordId::TickPos, FirstItem::onSameLine>;
-using ZTicksAt = ListOf<WordId::ZTicksAt, WordId::TickPos, FirstItem::onSameLine>;
+using XTicksAt = ListOf<WordId::XTicksAt, FirstItem::onSameLine>;
+using YTicksAt = ListOf<WordId::YTicksAt, FirstItem::onSameLine>;
+using ZTicksAt = ListOf<WordId::ZTicksAt, FirstItem::onSameLine>;
 
 /// A tick mark: its place and, if it has one, its title.
 class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
@@ -126,10 +123,6 @@ class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
 
   explicit TickPos(dom::Document* document);
 
-  std::uint32_t optionBit(Token name) const override;
-  std::uint32_t allowedOptions() const override;
-  std::uint32_t requiredOptions() const override;
-  bool isContentName(Token name) const override;
   bool beginCommand(CmdWriter& writer) const override;
 };
 

@@ -35,16 +35,8 @@ bool GroupBase::beginCommand(CmdWriter& writer) const {
 
 void GroupBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
-bool Group2d::isContentName(Token child) const {
-  return isOneOf(child, Word::Obj2d, Word::Group2d, Word::Transform2d, Word::ObjStyle);
-}
-
-bool Group3d::isContentName(Token child) const {
-  return isOneOf(child, Word::Obj3d, Word::Group3d, Word::Transform3d, Word::ObjStyle);
-}
-
 bool Group3d::isContentChild(const dom::Node& node) const {
-  return isContentName(node.nodeName()) && isMovable3d(node);
+  return ContentPlotElement::isContentChild(node) && isMovable3d(node);
 }
 
 bool isMovableType3d(Token type) {

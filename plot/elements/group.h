@@ -34,7 +34,6 @@ class Group2d : public ElementOf<Group2d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group2d;
   using ElementOf::ElementOf;
-  bool isContentName(Token name) const override;
 };
 
 /// A group in space.
@@ -42,7 +41,6 @@ class Group3d : public ElementOf<Group3d, GroupBase> {
  public:
   static constexpr Token tag = Word::Group3d;
   using ElementOf::ElementOf;
-  bool isContentName(Token name) const override;
   bool isContentChild(const dom::Node& node) const override;
 };
 

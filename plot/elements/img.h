@@ -34,7 +34,6 @@ class Img2d : public ElementOf<Img2d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img2d;
   using ElementOf::ElementOf;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 
@@ -43,7 +42,6 @@ class Img3d : public ElementOf<Img3d, ImgBase> {
  public:
   static constexpr Token tag = Word::Img3d;
   using ElementOf::ElementOf;
-  bool isContentName(Token name) const override;
 };
 
 }  // namespace vantry::plot

@@ -24,8 +24,6 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
   /// The type that was set, or null, for which no style is meant.
   Token localType() const;
 
-  std::uint32_t optionBit(Token name) const override;
-  bool isContentName(Token name) const override;
   const PlotElement* styleParent(Token name) const override;
   void collectStyleChain(StyleChain& chain) const override;
   void collectEffectiveStyles(StyleChain& chain) const override;
@@ -43,8 +41,6 @@ class Obj2d : public ElementOf<Obj2d, ObjectBase> {
   static constexpr Token tag = Word::Obj2d;
   using ElementOf::ElementOf;
 
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 
@@ -57,8 +53,6 @@ class Obj3d : public ElementOf<Obj3d, ObjectBase> {
   /// In a group or transform it does not become what may not be there, see isMovableType3d().
   bool canSetAttribute(Token name, const Variant& value) const override;
 
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 

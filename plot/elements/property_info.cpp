@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/property_info.h"
 
-#include "vantry/plot/elements/expr_list.h"
+#include "vantry/plot/framework/content_element.h"
 
 namespace vantry::plot {
 
@@ -65,7 +65,7 @@ PropInfo::PropInfo(dom::Document* document) : ElementOf(document) {
 Prop::Prop(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 bool ObjType::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
-  return areAllNamed(newChildren, Word::PropCat);
+  return isContentOf(*this, newChildren);
 }
 
 bool PropCat::canBeWritten() const {
@@ -76,10 +76,7 @@ bool PropCat::canBeWritten() const {
 }
 
 bool PropCat::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
-  for (const dom::Node& child : newChildren) {
-    if (!isOneOf(child.nodeName(), Word::PropCat, Word::PropInfo)) return false;
-  }
-  return true;
+  return isContentOf(*this, newChildren);
 }
 
 }  // namespace vantry::plot

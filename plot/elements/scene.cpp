@@ -8,16 +8,6 @@ namespace vantry::plot {
 
 namespace {
 
-constexpr OptionTable options = {
-    {WordId::Header, 1},
-    {WordId::Footer, 2},
-    {WordId::ClippingBox, 4},
-    {WordId::View2d, 8},
-    {WordId::View3d, 16},
-    {WordId::CoordinateSystem2dStyle, 32},
-    {WordId::CoordinateSystem3dStyle, 64},
-};
-
 class ScenePropertyListMgr final : public PropertyListMgr {
   void fill() override {
     // clang-format off
@@ -77,8 +67,6 @@ bool isPlacedRelatively(const SceneBase& scene) {
 
 }  // namespace
 
-std::uint32_t SceneBase::optionBit(Token name) const { return options.bit(name); }
-
 const PlotElement* SceneBase::styleOfCanvas() const {
   return parent() ? from(parent()->firstChildByName(styleTag())) : nullptr;
 }
@@ -104,20 +92,8 @@ void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
   writer.endItem();
 }
 
-std::uint32_t Scene2d::allowedOptions() const { return 43; }
-
-bool Scene2d::isContentName(Token name) const {
-  return isOneOf(name, Word::CoordinateSystem2d, Word::ObjStyle);
-}
-
 const Property* Scene2d::findProperty(Token name) const {
   return findIn(name, scenePropertyList, sceneStylePropertyList);
-}
-
-std::uint32_t Scene3d::allowedOptions() const { return 87; }
-
-bool Scene3d::isContentName(Token name) const {
-  return isOneOf(name, Word::CoordinateSystem3d, Word::ObjStyle);
 }
 
 const Property* Scene3d::findProperty(Token name) const {

@@ -19,7 +19,6 @@ class SceneBase : public StyleContainer<LibraryElement>, public SceneStyleGetter
   /// The tag of the style element of the canvas that this class inherits from.
   virtual Token styleTag() const = 0;
 
-  std::uint32_t optionBit(Token name) const override;
   const PlotElement* styleParent(Token name) const override;
   void collectStyleChain(StyleChain& chain) const override;
 
@@ -40,8 +39,6 @@ class Scene2d : public ElementOf<Scene2d, SceneBase> {
   using ElementOf::ElementOf;
 
   Token styleTag() const override { return Word::Scene2dStyle; }
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 
@@ -52,8 +49,6 @@ class Scene3d : public ElementOf<Scene3d, SceneBase> {
   using ElementOf::ElementOf;
 
   Token styleTag() const override { return Word::Scene3dStyle; }
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token name) const override;
   const Property* findProperty(Token name) const override;
 };
 

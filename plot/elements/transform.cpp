@@ -7,11 +7,6 @@ namespace vantry::plot {
 
 namespace {
 
-constexpr OptionTable options = {
-    {WordId::ParameterName, 1}, {WordId::ParameterBegin, 2}, {WordId::ParameterEnd, 4},
-    {WordId::Matrix2d, 8},      {WordId::Matrix3d, 16},
-};
-
 class TransformPropertyListMgr final : public PropertyListMgr {
   void fill() override {
     using E = TransformBase;
@@ -36,8 +31,6 @@ TransformBase::TransformBase(dom::Document* document) : ContainerWithMembers(doc
   propertyList().initialise(*this);
 }
 
-std::uint32_t TransformBase::optionBit(Token child) const { return options.bit(child); }
-
 const PlotElement* TransformBase::styleParent(Token key) const {
   return findTypedStyle(*this, type(), key);
 }
@@ -58,20 +51,8 @@ bool TransformBase::beginCommand(CmdWriter& writer) const {
 
 void TransformBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
-std::uint32_t Transform2d::allowedOptions() const { return 15; }
-
-bool Transform2d::isContentName(Token child) const {
-  return isOneOf(child, Word::Expr, Word::Tr2d, Word::Obj2d, Word::Group2d, Word::Transform2d);
-}
-
-std::uint32_t Transform3d::allowedOptions() const { return 23; }
-
-bool Transform3d::isContentName(Token child) const {
-  return isOneOf(child, Word::Expr, Word::Tr3d, Word::Obj3d, Word::Group3d, Word::Transform3d);
-}
-
 bool Transform3d::isContentChild(const dom::Node& node) const {
-  return isContentName(node.nodeName()) && isMovable3d(node);
+  return ContentPlotElement::isContentChild(node) && isMovable3d(node);
 }
 
 }  // namespace vantry::plot

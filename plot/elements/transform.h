@@ -16,7 +16,6 @@ class TransformBase
  public:
   explicit TransformBase(dom::Document* document);
 
-  std::uint32_t optionBit(Token child) const override;
   const PlotElement* styleParent(Token key) const override;
   void collectStyleChain(StyleChain& chain) const override;
   void collectEffectiveStyles(StyleChain& chain) const override;
@@ -44,8 +43,6 @@ class Transform2d : public ElementOf<Transform2d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform2d;
   using ElementOf::ElementOf;
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token child) const override;
 };
 
 /// A transform of objects in space.
@@ -53,8 +50,6 @@ class Transform3d : public ElementOf<Transform3d, TransformBase> {
  public:
   static constexpr Token tag = Word::Transform3d;
   using ElementOf::ElementOf;
-  std::uint32_t allowedOptions() const override;
-  bool isContentName(Token child) const override;
   bool isContentChild(const dom::Node& node) const override;
 };
 

@@ -4,8 +4,16 @@
 
 namespace vantry::plot {
 
+bool isContentOf(const PlotElement& parent, dom::NewChildren children) {
+  const ChildRules& rules = childRulesOf(parent);
+  for (const dom::Node& child : children) {
+    if (!rules.isContent(child.nodeName())) return false;
+  }
+  return true;
+}
+
 bool ContentPlotElement::isContentChild(const dom::Node& node) const {
-  return isContentName(node.nodeName());
+  return childRulesOf(*this).isContent(node.nodeName());
 }
 
 bool ContentPlotElement::refuseContent(const dom::Node& child) const {
@@ -21,19 +29,21 @@ bool ContentPlotElement::canReplaceChildren(dom::Node*, unsigned,
 }
 
 std::uint32_t OptionedPlotElement::maskWithout(const dom::Node* first, unsigned count) const {
+  const ChildRules& rules = childRulesOf(*this);
   std::uint32_t mask = optionMask_;
   for (; first && count > 0; first = first->nextSibling(), --count) {
-    mask &= ~optionBit(first->nodeName());
+    mask &= ~rules.optionBit(first->nodeName());
   }
   return mask;
 }
 
 bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
                                              dom::NewChildren newChildren) const {
+  const ChildRules& rules = childRulesOf(*this);
   std::uint32_t mask = maskWithout(first, count);
-  if (newChildren.isMovedWithin(*this)) mask &= ~optionBit(newChildren.first()->nodeName());
+  if (newChildren.isMovedWithin(*this)) mask &= ~rules.optionBit(newChildren.first()->nodeName());
   for (const dom::Node& child : newChildren) {
-    const std::uint32_t bit = optionBit(child.nodeName());
+    const std::uint32_t bit = rules.optionBit(child.nodeName());
     if (bit == 0) {
       if (!isContentChild(child)) return refuseContent(child);
       continue;
@@ -41,16 +51,21 @@ bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
     if (mask & bit) return refuse(RefusalKind::optionTwice, child.nodeName());
     mask |= bit;
   }
-  if (mask & ~allowedOptions()) return refuse(RefusalKind::illegalOption);
-  if (requiredOptions() & ~mask) return refuse(RefusalKind::optionMissing);
+  if (const std::uint32_t illegal = mask & ~rules.allowedOptions()) {
+    return refuse(RefusalKind::illegalOption, rules.optionIn(illegal));
+  }
+  if (const std::uint32_t missing = rules.requiredOptions() & ~mask) {
+    return refuse(RefusalKind::optionMissing, rules.optionIn(missing));
+  }
   return true;
 }
 
 void OptionedPlotElement::doReplaceChildren(dom::Node* first, unsigned count,
                                             dom::Node* newChildren) {
+  const ChildRules& rules = childRulesOf(*this);
   std::vector<dom::Node*> added;
   for (dom::Node* child = newChildren; child; child = child->nextSibling()) {
-    if (optionBit(child->nodeName()) != 0) added.push_back(child);
+    if (rules.optionBit(child->nodeName()) != 0) added.push_back(child);
   }
   if (!added.empty()) {
     if (!optionChildren_) optionChildren_ = std::make_unique<std::vector<dom::Node*>>();
@@ -64,19 +79,22 @@ void OptionedPlotElement::doReplaceChildren(dom::Node* first, unsigned count,
   }
   optionMask_ = maskWithout(first, count);
   for (dom::Node* child : added) {
-    optionMask_ |= optionBit(child->nodeName());
+    optionMask_ |= rules.optionBit(child->nodeName());
     optionChildren_->push_back(child);
   }
   ContentPlotElement::doReplaceChildren(first, count, newChildren);
 }
 
 dom::Node* OptionedPlotElement::firstChildByName(Token name) const {
-  const std::uint32_t bit = optionBit(name);
-  if (bit == 0) return ContentPlotElement::firstChildByName(name);
+  if (childRulesOf(*this).optionBit(name) == 0) return ContentPlotElement::firstChildByName(name);
   if (!optionChildren_) return nullptr;
   const auto found = std::find_if(optionChildren_->begin(), optionChildren_->end(),
                                   [name](dom::Node* child) { return child->nodeName() == name; });
   return found != optionChildren_->end() ? *found : nullptr;
+}
+
+bool OptionedPlotElement::hasOption(Token name) const {
+  return (optionMask_ & childRulesOf(*this).optionBit(name)) != 0;
 }
 
 }  // namespace vantry::plot

@@ -1,23 +1,29 @@
-// Elements that decide which children may stand below them.
+// Elements that decide which children they take.
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
 #include <vector>
 
-#include "vantry/base/word_table.h"
 #include "vantry/plot/framework/element.h"
+#include "vantry/plot/framework/grammar.h"
 
 namespace vantry::plot {
 
-/// An element whose children are told by their names.
+/// The rules for the children of an element, by its class.
+inline const ChildRules& childRulesOf(const PlotElement& element) {
+  return childRulesOf(element.nodeClass()->name);
+}
+
+/// Whether the grammar has each of the children below `parent`. Reports nothing.
+bool isContentOf(const PlotElement& parent, dom::NewChildren children);
+
+/// An element whose children are of certain names, as the grammar has them.
 class ContentPlotElement : public PlotElement {
  public:
   using PlotElement::PlotElement;
 
-  /// Whether an element of that name may be a plain child, as often as wanted.
-  virtual bool isContentName(Token name) const = 0;
+  /// Whether a node may be a plain child, of which there may be any number.
   virtual bool isContentChild(const dom::Node& node) const;
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
@@ -30,35 +36,10 @@ class ContentPlotElement : public PlotElement {
   bool refuseContent(const dom::Node& child) const;
 };
 
-/// The option children of a family of classes, each with its bit in the masks.
-class OptionTable {
- public:
-  struct Option {
-    base::WordId name;
-    std::uint32_t bit;
-  };
-
-  constexpr OptionTable(std::initializer_list<Option> options) {
-    for (const Option& option : options) bits_[option.name] = option.bit;
-  }
-
-  /// The bit of `name`, 0 for any other name.
-  std::uint32_t bit(Token name) const { return bits_[name]; }
-
- private:
-  base::WordTable<std::uint32_t> bits_;
-};
-
-/// An element with option children, each of which may stand once, beside the plain ones.
+/// An element with option children, of each of which there may be one, beside the plain ones.
 class OptionedPlotElement : public ContentPlotElement {
  public:
   using ContentPlotElement::ContentPlotElement;
-
-  /// The bit of an option child of the family, 0 for any other name.
-  virtual std::uint32_t optionBit(Token name) const = 0;
-  /// The options that this class may have, out of those of its family.
-  virtual std::uint32_t allowedOptions() const = 0;
-  virtual std::uint32_t requiredOptions() const { return 0; }
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
@@ -67,8 +48,8 @@ class OptionedPlotElement : public ContentPlotElement {
   /// checked operation lets in, it is the one that came first.
   dom::Node* firstChildByName(Token name) const override;
 
-  /// The options that are present.
-  std::uint32_t optionMask() const { return optionMask_; }
+  /// Whether the option is present.
+  bool hasOption(Token name) const;
 
  protected:
   OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}

@@ -27,9 +27,6 @@ class StyleElement : public AttributeListElement {
   using AttributeListElement::AttributeListElement;
 
   bool isStyle() const override { return true; }
-  bool isContentName(Token) const override { return false; }
-  std::uint32_t optionBit(Token) const override { return 0; }
-  std::uint32_t allowedOptions() const override { return 0; }
 
   void notifyPropertyChanged(Token name) override;
   bool parentPropertyChanged(PlotElement& source, Token name) override;

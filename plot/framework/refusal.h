@@ -23,8 +23,8 @@ enum class RefusalKind : std::uint8_t {
   illegalType,          ///< the type, which the parent, `element`, does not take
   foreignChild,         ///< the child, which `element` does not take
   optionTwice,          ///< the child, of which there may be one
-  illegalOption,        ///< a child that other classes of the family take
-  optionMissing,        ///< a child is missing without which `element` may not be
+  illegalOption,        ///< the child, which the counterpart of `element` takes
+  optionMissing,        ///< the child without which `element` may not be
   notText,              ///< a child that is no text
   unwritableChildren,   ///< children that no checked operation lets in
   listsOfOtherLength,   ///< lists that do not fit the points

@@ -1,6 +1,7 @@
 // Conversion of documents that hold a single primitive.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <sstream>
 #include <string>
@@ -9,7 +10,7 @@
 
 #include "vantry/javaview/jvx_writer.h"
 #include "vantry/plot/document.h"
-#include "vantry/plot/elements/img.h"
+#include "vantry/plot/framework/grammar.h"
 #include "vantry/plot/values/variants.h"
 #include "vantry/reader/zrd_parser_handler.h"
 
@@ -74,8 +75,9 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
 template <class T>
 std::string convert(const MinimalDocument& source) {
   const base::Ref<PlotDocument> document(new PlotDocument);
-  const base::Ref<Img2d> image(new Img2d(document.get()));
-  const std::string text = textOf(source, T::tag.str(), image->isContentName(T::tag) ? "2d" : "3d");
+  const auto primitives2d = contentOf(Word::Img2d);
+  const bool is2d = std::ranges::find(primitives2d, T::tag) != primitives2d.end();
+  const std::string text = textOf(source, T::tag.str(), is2d ? "2d" : "3d");
 
   reader::ZrdParserHandler handler(document.get(), true, nullptr);
   reader::Parser parser(&handler, true, nullptr);

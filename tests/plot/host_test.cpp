@@ -105,7 +105,7 @@ class HalfGroup : public ElementOf<HalfGroup, GroupBase> {
  public:
   static constexpr Token tag = Word::Group2d;
   using ElementOf::ElementOf;
-  bool isContentName(Token) const override { return true; }
+  bool isContentChild(const dom::Node&) const override { return true; }
 };
 
 /// Is a group in the plane, and says that it is one in space.

@@ -168,8 +168,7 @@ class LockableTransform final : public ElementOf<LockableTransform, TransformBas
  public:
   static constexpr Token tag = Word::Transform2d;
   using ElementOf::ElementOf;
-  std::uint32_t allowedOptions() const override { return 0; }
-  bool isContentName(Token) const override { return true; }
+  bool isContentChild(const dom::Node&) const override { return true; }
   bool isReadOnly() const override { return isLocked; }
 
   bool isLocked = false;
