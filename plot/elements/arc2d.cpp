@@ -4,31 +4,29 @@ namespace vantry::plot {
 
 namespace {
 
-class Arc2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Arc2d;
-    // clang-format off
-    mandatory<P2Trait>           (Word::Center,       {0, 0},         1, &E::center);
-    inherited<LineStyleType>     (Word::LineStyle,    Word::Solid,   64, &E::lineStyle);
-    inherited<FillPatternType>   (Word::FillPattern,  Word::Solid, 2048, &E::fillPattern);
-    mandatory<SemiAxisType>      (Word::SemiAxisX,    1,              2, &E::semiAxisX);
-    mandatory<SemiAxisType>      (Word::SemiAxisY,    1,              4, &E::semiAxisY);
-    optional<AngleType>          (Word::StartAngle,   0,              8, &E::startAngle);
-    optional<AngleType>          (Word::EndAngle,     6.2831853,     16, &E::endAngle);
-    inherited<PosOutputSizeType> (Word::LineWidth,    0.5,          128, &E::lineWidth);
-    inherited<RGBATrait>         (Word::LineColor,    black,        256, &E::lineColor);
-    inherited<RGBATrait>         (Word::FillColor,    red,          512, &E::fillColor);
-    inherited<BoolTrait>         (Word::Filled,       true,          32, &E::filled);
-    inherited<BoolTrait>         (Word::LinesVisible, true,        1024, &E::linesVisible);
-    inherited<BoolTrait>         (Word::Closed,       false,       4096, &E::closed);
-    // clang-format on
-  }
+using E = Arc2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,            &E::center>       (Word::Center,       {0, 0}),
+    inherited<LineStyleType,     &E::lineStyle>    (Word::LineStyle,    Word::Solid),
+    inherited<FillPatternType,   &E::fillPattern>  (Word::FillPattern,  Word::Solid),
+    mandatory<NonNegLengthType,  &E::semiAxisX>    (Word::SemiAxisX,    1),
+    mandatory<NonNegLengthType,  &E::semiAxisY>    (Word::SemiAxisY,    1),
+    optional<AngleType,          &E::startAngle>   (Word::StartAngle,   0),
+    optional<AngleType,          &E::endAngle>     (Word::EndAngle,     6.2831853),
+    inherited<PosOutputSizeType, &E::lineWidth>    (Word::LineWidth,    0.5),
+    inherited<RGBAType,          &E::lineColor>    (Word::LineColor,    black),
+    inherited<RGBAType,          &E::fillColor>    (Word::FillColor,    red),
+    inherited<BoolType,          &E::filled>       (Word::Filled,       true),
+    inherited<BoolType,          &E::linesVisible> (Word::LinesVisible, true),
+    inherited<BoolType,          &E::closed>       (Word::Closed,       false),
 };
-constinit Arc2dPropertyListMgr arc2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Arc2d::propertyList() { return arc2dPropertyList; }
+const PropertyList& Arc2d::propertyList() { return properties; }
 
 Arc2d::Arc2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -12,21 +12,21 @@ class Arc2d : public Primitive<Arc2d> {
 
   explicit Arc2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> center;
-  Stored<Token> lineStyle;
-  Stored<Token> fillPattern;
-  Stored<double> semiAxisX;
-  Stored<double> semiAxisY;
-  Stored<double> startAngle;
-  Stored<double> endAngle;
-  Stored<double> lineWidth;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> fillColor;
-  Stored<bool> filled;
-  Stored<bool> linesVisible;
-  Stored<bool> closed;
+  Resolved<P2> center;
+  Resolved<Token> lineStyle;
+  Resolved<Token> fillPattern;
+  Resolved<double> semiAxisX;
+  Resolved<double> semiAxisY;
+  Resolved<double> startAngle;
+  Resolved<double> endAngle;
+  Resolved<double> lineWidth;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> fillColor;
+  Resolved<bool> filled;
+  Resolved<bool> linesVisible;
+  Resolved<bool> closed;
 };
 
 }  // namespace vantry::plot

@@ -4,26 +4,24 @@ namespace vantry::plot {
 
 namespace {
 
-class Arrow2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Arrow2d;
-    // clang-format off
-    mandatory<P2Trait>              (Word::From,      {0, 0},               1, &E::from);
-    mandatory<P2Trait>              (Word::To,        {1, 1},               2, &E::to);
-    inherited<TipStyleType>         (Word::TipStyle,  Word::Filled,         4, &E::tipStyle);
-    inherited<LineStyleType>        (Word::LineStyle, Word::Solid,         32, &E::lineStyle);
-    inherited<NonNegOutputSizeType> (Word::TipLength, 4,                    8, &E::tipLength);
-    inherited<PosOutputSizeType>    (Word::LineWidth, 0.5,                 64, &E::lineWidth);
-    inherited<DoubleTrait>          (Word::TipAngle,  0.5235987755982989,  16, &E::tipAngle);
-    inherited<RGBATrait>            (Word::LineColor, black,              128, &E::lineColor);
-    // clang-format on
-  }
+using E = Arrow2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,               &E::from>      (Word::From,      {0, 0}),
+    mandatory<P2Type,               &E::to>        (Word::To,        {1, 1}),
+    inherited<TipStyleType,         &E::tipStyle>  (Word::TipStyle,  Word::Filled),
+    inherited<LineStyleType,        &E::lineStyle> (Word::LineStyle, Word::Solid),
+    inherited<NonNegOutputSizeType, &E::tipLength> (Word::TipLength, 4),
+    inherited<PosOutputSizeType,    &E::lineWidth> (Word::LineWidth, 0.5),
+    inherited<DoubleType,           &E::tipAngle>  (Word::TipAngle,  0.5235987755982989),
+    inherited<RGBAType,             &E::lineColor> (Word::LineColor, black),
 };
-constinit Arrow2dPropertyListMgr arrow2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Arrow2d::propertyList() { return arrow2dPropertyList; }
+const PropertyList& Arrow2d::propertyList() { return properties; }
 
 Arrow2d::Arrow2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

@@ -12,16 +12,16 @@ class Arrow2d : public Primitive<Arrow2d> {
 
   explicit Arrow2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> from;
-  Stored<P2> to;
-  Stored<Token> tipStyle;
-  Stored<Token> lineStyle;
-  Stored<double> tipLength;
-  Stored<double> lineWidth;
-  Stored<double> tipAngle;
-  Stored<RGBA> lineColor;
+  Resolved<P2> from;
+  Resolved<P2> to;
+  Resolved<Token> tipStyle;
+  Resolved<Token> lineStyle;
+  Resolved<double> tipLength;
+  Resolved<double> lineWidth;
+  Resolved<double> tipAngle;
+  Resolved<RGBA> lineColor;
 };
 
 }  // namespace vantry::plot

@@ -12,18 +12,18 @@ class Arrow3d : public Primitive<Arrow3d> {
 
   explicit Arrow3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> from;
-  Stored<P3> to;
-  Stored<Token> tipStyle;
-  Stored<Token> lineStyle;
-  Stored<double> tipLength;
-  Stored<double> lineWidth;
-  Stored<double> tubeDiameter;
-  Stored<double> tipAngle;
-  Stored<RGBA> lineColor;
-  Stored<bool> tubular;
+  Resolved<P3> from;
+  Resolved<P3> to;
+  Resolved<Token> tipStyle;
+  Resolved<Token> lineStyle;
+  Resolved<double> tipLength;
+  Resolved<double> lineWidth;
+  Resolved<double> tubeDiameter;
+  Resolved<double> tipAngle;
+  Resolved<RGBA> lineColor;
+  Resolved<bool> tubular;
 };
 
 }  // namespace vantry::plot

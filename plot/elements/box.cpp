@@ -4,30 +4,28 @@ namespace vantry::plot {
 
 namespace {
 
-class BoxPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Box;
-    // clang-format off
-    mandatory<RangeBoundType>    (Word::XMax,         -1,             2, &E::xMax);
-    mandatory<RangeBoundType>    (Word::YMax,         -1,             8, &E::yMax);
-    mandatory<RangeBoundType>    (Word::ZMax,         -1,            32, &E::zMax);
-    mandatory<RangeBoundType>    (Word::XMin,         -1,             1, &E::xMin);
-    mandatory<RangeBoundType>    (Word::YMin,         -1,             4, &E::yMin);
-    mandatory<RangeBoundType>    (Word::ZMin,         -1,            16, &E::zMin);
-    inherited<LineStyleType>     (Word::LineStyle,    Word::Solid,   64, &E::lineStyle);
-    inherited<PosOutputSizeType> (Word::LineWidth,    0.5,          128, &E::lineWidth);
-    inherited<BoolTrait>         (Word::Filled,       true,         512, &E::filled);
-    inherited<BoolTrait>         (Word::LinesVisible, true,        2048, &E::linesVisible);
-    inherited<RGBATrait>         (Word::LineColor,    black,        256, &E::lineColor);
-    inherited<RGBATrait>         (Word::FillColor,    black,       1024, &E::fillColor);
-    // clang-format on
-  }
+using E = Box;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<DoubleType,        &E::xMax>         (Word::XMax,         -1),
+    mandatory<DoubleType,        &E::yMax>         (Word::YMax,         -1),
+    mandatory<DoubleType,        &E::zMax>         (Word::ZMax,         -1),
+    mandatory<DoubleType,        &E::xMin>         (Word::XMin,         -1),
+    mandatory<DoubleType,        &E::yMin>         (Word::YMin,         -1),
+    mandatory<DoubleType,        &E::zMin>         (Word::ZMin,         -1),
+    inherited<LineStyleType,     &E::lineStyle>    (Word::LineStyle,    Word::Solid),
+    inherited<PosOutputSizeType, &E::lineWidth>    (Word::LineWidth,    0.5),
+    inherited<BoolType,          &E::filled>       (Word::Filled,       true),
+    inherited<BoolType,          &E::linesVisible> (Word::LinesVisible, true),
+    inherited<RGBAType,          &E::lineColor>    (Word::LineColor,    black),
+    inherited<RGBAType,          &E::fillColor>    (Word::FillColor,    black),
 };
-constinit BoxPropertyListMgr boxPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Box::propertyList() { return boxPropertyList; }
+const PropertyList& Box::propertyList() { return properties; }
 
 Box::Box(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -12,20 +12,20 @@ class Box : public Primitive<Box> {
 
   explicit Box(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> xMax;
-  Stored<double> yMax;
-  Stored<double> zMax;
-  Stored<double> xMin;
-  Stored<double> yMin;
-  Stored<double> zMin;
-  Stored<Token> lineStyle;
-  Stored<double> lineWidth;
-  Stored<bool> filled;
-  Stored<bool> linesVisible;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> fillColor;
+  Resolved<double> xMax;
+  Resolved<double> yMax;
+  Resolved<double> zMax;
+  Resolved<double> xMin;
+  Resolved<double> yMin;
+  Resolved<double> zMin;
+  Resolved<Token> lineStyle;
+  Resolved<double> lineWidth;
+  Resolved<bool> filled;
+  Resolved<bool> linesVisible;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> fillColor;
 };
 
 }  // namespace vantry::plot

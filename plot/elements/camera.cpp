@@ -4,24 +4,22 @@ namespace vantry::plot {
 
 namespace {
 
-class CameraPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Camera;
-    // clang-format off
-    mandatory<P3Trait>     (Word::Position,             {10, 0, 0},          1, &E::position);
-    mandatory<P3Trait>     (Word::FocalPoint,           {0, 0, 0},           2, &E::focalPoint);
-    optional<P3Trait>      (Word::UpVector,             {0, 0, 1},          16, &E::upVector);
-    mandatory<DoubleTrait> (Word::ViewingAngle,         0.5235987755982989,  4, &E::viewingAngle);
-    inherited<BoolTrait>   (Word::OrthogonalProjection, false,               8, &E::orthogonalProjection);
-    inherited<BoolTrait>   (Word::KeepUpVector,         true,               32, &E::keepUpVector);
-    // clang-format on
-  }
+using E = Camera;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,     &E::position>             (Word::Position,             {10, 0, 0}),
+    mandatory<P3Type,     &E::focalPoint>           (Word::FocalPoint,           {0, 0, 0}),
+    optional<P3Type,      &E::upVector>             (Word::UpVector,             {0, 0, 1}),
+    mandatory<DoubleType, &E::viewingAngle>         (Word::ViewingAngle,         0.5235987755982989),
+    inherited<BoolType,   &E::orthogonalProjection> (Word::OrthogonalProjection, false),
+    inherited<BoolType,   &E::keepUpVector>         (Word::KeepUpVector,         true),
 };
-constinit CameraPropertyListMgr cameraPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Camera::propertyList() { return cameraPropertyList; }
+const PropertyList& Camera::propertyList() { return properties; }
 
 Camera::Camera(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

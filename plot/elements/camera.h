@@ -12,14 +12,14 @@ class Camera : public Primitive<Camera> {
 
   explicit Camera(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> position;
-  Stored<P3> focalPoint;
-  Stored<P3> upVector;
-  Stored<double> viewingAngle;
-  Stored<bool> orthogonalProjection;
-  Stored<bool> keepUpVector;
+  Resolved<P3> position;
+  Resolved<P3> focalPoint;
+  Resolved<P3> upVector;
+  Resolved<double> viewingAngle;
+  Resolved<bool> orthogonalProjection;
+  Resolved<bool> keepUpVector;
 };
 
 }  // namespace vantry::plot

@@ -4,27 +4,25 @@ namespace vantry::plot {
 
 namespace {
 
-class Circle3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Circle3d;
-    // clang-format off
-    mandatory<P3Trait>           (Word::Center,       {0, 0, 0},     1, &E::center);
-    mandatory<P3Trait>           (Word::Normal,       {0, 0, 1},     2, &E::normal);
-    mandatory<RadiusType>        (Word::Radius,       1,             4, &E::radius);
-    inherited<LineStyleType>     (Word::LineStyle,    Word::Solid,   8, &E::lineStyle);
-    inherited<PosOutputSizeType> (Word::LineWidth,    0.5,          16, &E::lineWidth);
-    inherited<BoolTrait>         (Word::Filled,       true,         64, &E::filled);
-    inherited<BoolTrait>         (Word::LinesVisible, true,        256, &E::linesVisible);
-    inherited<RGBATrait>         (Word::LineColor,    black,        32, &E::lineColor);
-    inherited<RGBATrait>         (Word::FillColor,    black,       128, &E::fillColor);
-    // clang-format on
-  }
+using E = Circle3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,            &E::center>       (Word::Center,       {0, 0, 0}),
+    mandatory<P3Type,            &E::normal>       (Word::Normal,       {0, 0, 1}),
+    mandatory<NonNegLengthType,  &E::radius>       (Word::Radius,       1),
+    inherited<LineStyleType,     &E::lineStyle>    (Word::LineStyle,    Word::Solid),
+    inherited<PosOutputSizeType, &E::lineWidth>    (Word::LineWidth,    0.5),
+    inherited<BoolType,          &E::filled>       (Word::Filled,       true),
+    inherited<BoolType,          &E::linesVisible> (Word::LinesVisible, true),
+    inherited<RGBAType,          &E::lineColor>    (Word::LineColor,    black),
+    inherited<RGBAType,          &E::fillColor>    (Word::FillColor,    black),
 };
-constinit Circle3dPropertyListMgr circle3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Circle3d::propertyList() { return circle3dPropertyList; }
+const PropertyList& Circle3d::propertyList() { return properties; }
 
 Circle3d::Circle3d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

@@ -12,17 +12,17 @@ class Circle3d : public Primitive<Circle3d> {
 
   explicit Circle3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> center;
-  Stored<P3> normal;
-  Stored<double> radius;
-  Stored<Token> lineStyle;
-  Stored<double> lineWidth;
-  Stored<bool> filled;
-  Stored<bool> linesVisible;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> fillColor;
+  Resolved<P3> center;
+  Resolved<P3> normal;
+  Resolved<double> radius;
+  Resolved<Token> lineStyle;
+  Resolved<double> lineWidth;
+  Resolved<bool> filled;
+  Resolved<bool> linesVisible;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> fillColor;
 };
 
 }  // namespace vantry::plot

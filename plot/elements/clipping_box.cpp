@@ -4,24 +4,22 @@ namespace vantry::plot {
 
 namespace {
 
-class ClippingBoxPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = ClippingBox;
-    // clang-format off
-    mandatory<RangeBoundType> (Word::XMax, -1,  8, &E::xMax);
-    mandatory<RangeBoundType> (Word::YMax, -1, 16, &E::yMax);
-    mandatory<RangeBoundType> (Word::ZMax, -1, 32, &E::zMax);
-    mandatory<RangeBoundType> (Word::XMin, -1,  1, &E::xMin);
-    mandatory<RangeBoundType> (Word::YMin, -1,  2, &E::yMin);
-    mandatory<RangeBoundType> (Word::ZMin, -1,  4, &E::zMin);
-    // clang-format on
-  }
+using E = ClippingBox;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<DoubleType, &E::xMax> (Word::XMax, -1),
+    mandatory<DoubleType, &E::yMax> (Word::YMax, -1),
+    mandatory<DoubleType, &E::zMax> (Word::ZMax, -1),
+    mandatory<DoubleType, &E::xMin> (Word::XMin, -1),
+    mandatory<DoubleType, &E::yMin> (Word::YMin, -1),
+    mandatory<DoubleType, &E::zMin> (Word::ZMin, -1),
 };
-constinit ClippingBoxPropertyListMgr clippingBoxPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& ClippingBox::propertyList() { return clippingBoxPropertyList; }
+const PropertyList& ClippingBox::propertyList() { return properties; }
 
 ClippingBox::ClippingBox(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

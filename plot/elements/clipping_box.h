@@ -13,14 +13,14 @@ class ClippingBox : public Primitive<ClippingBox> {
 
   explicit ClippingBox(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> xMax;
-  Stored<double> yMax;
-  Stored<double> zMax;
-  Stored<double> xMin;
-  Stored<double> yMin;
-  Stored<double> zMin;
+  Resolved<double> xMax;
+  Resolved<double> yMax;
+  Resolved<double> zMax;
+  Resolved<double> xMin;
+  Resolved<double> yMin;
+  Resolved<double> zMin;
 };
 
 }  // namespace vantry::plot

@@ -4,27 +4,25 @@ namespace vantry::plot {
 
 namespace {
 
-class ColorArray2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = ColorArray2d;
-    // clang-format off
-    mandatory<MeshType>          (Word::XMesh,        1,       1, &E::xMesh);
-    mandatory<MeshType>          (Word::YMesh,        1,       2, &E::yMesh);
-    optional<RangeValueType>     (Word::XMin,         0,       4, &E::xMin);
-    optional<RangeValueType>     (Word::XMax,         1,       8, &E::xMax);
-    optional<RangeValueType>     (Word::YMin,         0,      16, &E::yMin);
-    optional<RangeValueType>     (Word::YMax,         1,      32, &E::yMax);
-    inherited<BoolTrait>         (Word::LinesVisible, false,  64, &E::linesVisible);
-    inherited<PosOutputSizeType> (Word::LineWidth,    0.5,   128, &E::lineWidth);
-    inherited<RGBATrait>         (Word::LineColor,    black, 256, &E::lineColor);
-    // clang-format on
-  }
+using E = ColorArray2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<MeshType,          &E::xMesh>        (Word::XMesh,        1),
+    mandatory<MeshType,          &E::yMesh>        (Word::YMesh,        1),
+    optional<DoubleType,         &E::xMin>         (Word::XMin,         0),
+    optional<DoubleType,         &E::xMax>         (Word::XMax,         1),
+    optional<DoubleType,         &E::yMin>         (Word::YMin,         0),
+    optional<DoubleType,         &E::yMax>         (Word::YMax,         1),
+    inherited<BoolType,          &E::linesVisible> (Word::LinesVisible, false),
+    inherited<PosOutputSizeType, &E::lineWidth>    (Word::LineWidth,    0.5),
+    inherited<RGBAType,          &E::lineColor>    (Word::LineColor,    black),
 };
-constinit ColorArray2dPropertyListMgr colorArray2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& ColorArray2d::propertyList() { return colorArray2dPropertyList; }
+const PropertyList& ColorArray2d::propertyList() { return properties; }
 
 ColorArray2d::ColorArray2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

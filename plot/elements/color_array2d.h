@@ -14,17 +14,17 @@ class ColorArray2d : public Primitive<ColorArray2d> {
 
   explicit ColorArray2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<std::int32_t> xMesh;
-  Stored<std::int32_t> yMesh;
-  Stored<double> xMin;
-  Stored<double> xMax;
-  Stored<double> yMin;
-  Stored<double> yMax;
-  Stored<bool> linesVisible;
-  Stored<double> lineWidth;
-  Stored<RGBA> lineColor;
+  Resolved<std::int32_t> xMesh;
+  Resolved<std::int32_t> yMesh;
+  Resolved<double> xMin;
+  Resolved<double> xMax;
+  Resolved<double> yMin;
+  Resolved<double> yMax;
+  Resolved<bool> linesVisible;
+  Resolved<double> lineWidth;
+  Resolved<RGBA> lineColor;
 
   std::vector<RGBA> colors;  ///< a colour a cell
 

@@ -12,19 +12,19 @@ class Cone : public Primitive<Cone> {
 
   explicit Cone(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> base;
-  Stored<P3> top;
-  Stored<double> baseRadius;
-  Stored<double> topRadius;
-  Stored<Token> lineStyle;
-  Stored<Token> shading;
-  Stored<double> lineWidth;
-  Stored<bool> filled;
-  Stored<bool> linesVisible;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> fillColor;
+  Resolved<P3> base;
+  Resolved<P3> top;
+  Resolved<double> baseRadius;
+  Resolved<double> topRadius;
+  Resolved<Token> lineStyle;
+  Resolved<Token> shading;
+  Resolved<double> lineWidth;
+  Resolved<bool> filled;
+  Resolved<bool> linesVisible;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> fillColor;
 };
 
 }  // namespace vantry::plot

@@ -1,92 +1,74 @@
 #include "vantry/plot/elements/coordinate_system.h"
 
-#include "vantry/plot/framework/property_list_mgr.h"
+#include "vantry/plot/framework/property_list.h"
 #include "vantry/plot/framework/property_types.h"
 
 namespace vantry::plot {
 
 namespace {
 
-class CoordinateSystemPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    optional<IdPropertyImpl>         (Word::Id,             {});
-    optional<StringTrait>            (Word::Name,           {});
-    optional<ConsistentPropertyImpl> (Word::Consistent,     false);
-    optional<AutoViewingBoxType>     (Word::AutoViewingBox, 31);
-    // clang-format on
-  }
+// clang-format off
+constexpr PropertyListOf coordinateSystemProperties{
+    optional<IdType>         (Word::Id,             {}),
+    optional<StringType>     (Word::Name,           {}),
+    optional<ConsistentType> (Word::Consistent,     false),
+    optional<LongType>       (Word::AutoViewingBox, 31),
 };
-constinit CoordinateSystemPropertyListMgr coordinateSystemPropertyList;
 
-class CoordinateSystemStylePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    inherited<RGBATrait>              (Word::AxesLineColor,       black);
-    inherited<ScalingType>            (Word::Scaling,             Word::Automatic);
-    inherited<AxesType>               (Word::Axes,                Word::Boxed);
-    inherited<AxisTitleAlignmentType> (Word::XAxisTitleAlignment, Word::Center);
-    inherited<AxisTitleAlignmentType> (Word::YAxisTitleAlignment, Word::Center);
-    inherited<AxesBoolProperty>       (Word::AxesTips,            true);
-    inherited<AxesBoolProperty>       (Word::XAxisVisible,        true);
-    inherited<AxesBoolProperty>       (Word::YAxisVisible,        true);
-    inherited<PosOutputSizeType>      (Word::AxesLineWidth,       0.2);
-    inherited<FontStyleTrait>         (Word::AxesTitleFont,       FontStyle::standard());
-    inherited<TicksLabelStyleType>    (Word::XTicksLabelStyle,    Word::Horizontal);
-    inherited<TicksLabelStyleType>    (Word::YTicksLabelStyle,    Word::Horizontal);
-    inherited<TicksNumberType>        (Word::XTicksNumber,        Word::Normal);
-    inherited<TicksNumberType>        (Word::YTicksNumber,        Word::Normal);
-    inherited<TicksBoolProperty>      (Word::XTicksVisible,       true);
-    inherited<TicksBoolProperty>      (Word::YTicksVisible,       true);
-    inherited<TicksBoolProperty>      (Word::XTicksLabelsVisible, true);
-    inherited<TicksBoolProperty>      (Word::YTicksLabelsVisible, true);
-    inherited<TicksLongProperty>      (Word::XTicksBetween,       0);
-    inherited<TicksLongProperty>      (Word::YTicksBetween,       0);
-    inherited<PosOutputSizeType>      (Word::TicksLength,         1.5);
-    inherited<FontStyleTrait>         (Word::TicksLabelFont,      FontStyle::standard());
-    inherited<RGBATrait>              (Word::GridLineColor,       black);
-    inherited<RGBATrait>              (Word::SubgridLineColor,    black);
-    inherited<LineStyleType>          (Word::GridLineStyle,       Word::Dotted);
-    inherited<LineStyleType>          (Word::SubgridLineStyle,    Word::Dotted);
-    inherited<GridBoolProperty>       (Word::XGridVisible,        false);
-    inherited<GridBoolProperty>       (Word::YGridVisible,        false);
-    inherited<GridBoolProperty>       (Word::XSubgridVisible,     false);
-    inherited<GridBoolProperty>       (Word::YSubgridVisible,     false);
-    inherited<PosOutputSizeType>      (Word::GridLineWidth,       0.2);
-    inherited<PosOutputSizeType>      (Word::SubgridLineWidth,    0.2);
-    // clang-format on
-  }
+constexpr PropertyListOf coordinateSystemStyleProperties{
+    inherited<RGBAType>               (Word::AxesLineColor,       black),
+    inherited<ScalingType>            (Word::Scaling,             Word::Automatic),
+    inherited<AxesType>               (Word::Axes,                Word::Boxed),
+    inherited<AxisTitleAlignmentType> (Word::XAxisTitleAlignment, Word::Center),
+    inherited<AxisTitleAlignmentType> (Word::YAxisTitleAlignment, Word::Center),
+    inherited<BoolType>               (Word::AxesTips,            true),
+    inherited<BoolType>               (Word::XAxisVisible,        true),
+    inherited<BoolType>               (Word::YAxisVisible,        true),
+    inherited<PosOutputSizeType>      (Word::AxesLineWidth,       0.2),
+    inherited<FontStyleType>          (Word::AxesTitleFont,       standardFont),
+    inherited<TicksLabelStyleType>    (Word::XTicksLabelStyle,    Word::Horizontal),
+    inherited<TicksLabelStyleType>    (Word::YTicksLabelStyle,    Word::Horizontal),
+    inherited<TicksNumberType>        (Word::XTicksNumber,        Word::Normal),
+    inherited<TicksNumberType>        (Word::YTicksNumber,        Word::Normal),
+    inherited<BoolType>               (Word::XTicksVisible,       true),
+    inherited<BoolType>               (Word::YTicksVisible,       true),
+    inherited<BoolType>               (Word::XTicksLabelsVisible, true),
+    inherited<BoolType>               (Word::YTicksLabelsVisible, true),
+    inherited<LongType>               (Word::XTicksBetween,       0),
+    inherited<LongType>               (Word::YTicksBetween,       0),
+    inherited<PosOutputSizeType>      (Word::TicksLength,         1.5),
+    inherited<FontStyleType>          (Word::TicksLabelFont,      standardFont),
+    inherited<RGBAType>               (Word::GridLineColor,       black),
+    inherited<RGBAType>               (Word::SubgridLineColor,    black),
+    inherited<LineStyleType>          (Word::GridLineStyle,       Word::Dotted),
+    inherited<LineStyleType>          (Word::SubgridLineStyle,    Word::Dotted),
+    inherited<BoolType>               (Word::XGridVisible,        false),
+    inherited<BoolType>               (Word::YGridVisible,        false),
+    inherited<BoolType>               (Word::XSubgridVisible,     false),
+    inherited<BoolType>               (Word::YSubgridVisible,     false),
+    inherited<PosOutputSizeType>      (Word::GridLineWidth,       0.2),
+    inherited<PosOutputSizeType>      (Word::SubgridLineWidth,    0.2),
 };
-constinit CoordinateSystemStylePropertyListMgr coordinateSystemStylePropertyList;
 
-class CoordinateSystem2dStylePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    inherited<CoordinateType2dType>      (Word::CoordinateType,        Word::LinLin);
-    inherited<AxesBoolProperty>          (Word::AxesInFront,           true);
-    inherited<YAxisTitleOrientationType> (Word::YAxisTitleOrientation, Word::Horizontal);
-    inherited<GridBoolProperty>          (Word::GridInFront,           false);
-    // clang-format on
-  }
+constexpr PropertyListOf coordinateSystem2dStyleProperties{
+    inherited<CoordinateType2dType>      (Word::CoordinateType,        Word::LinLin),
+    inherited<BoolType>                  (Word::AxesInFront,           true),
+    inherited<YAxisTitleOrientationType> (Word::YAxisTitleOrientation, Word::Horizontal),
+    inherited<BoolType>                  (Word::GridInFront,           false),
 };
-constinit CoordinateSystem2dStylePropertyListMgr coordinateSystem2dStylePropertyList;
 
-class CoordinateSystem3dStylePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    inherited<AxisTitleAlignmentType> (Word::ZAxisTitleAlignment, Word::Center);
-    inherited<AxesBoolProperty>       (Word::ZAxisVisible,        true);
-    inherited<TicksLabelStyleType>    (Word::ZTicksLabelStyle,    Word::Horizontal);
-    inherited<TicksNumberType>        (Word::ZTicksNumber,        Word::Normal);
-    inherited<TicksBoolProperty>      (Word::ZTicksVisible,       true);
-    inherited<TicksBoolProperty>      (Word::ZTicksLabelsVisible, true);
-    inherited<TicksLongProperty>      (Word::ZTicksBetween,       0);
-    inherited<GridBoolProperty>       (Word::ZGridVisible,        false);
-    inherited<GridBoolProperty>       (Word::ZSubgridVisible,     false);
-    // clang-format on
-  }
+constexpr PropertyListOf coordinateSystem3dStyleProperties{
+    inherited<AxisTitleAlignmentType> (Word::ZAxisTitleAlignment, Word::Center),
+    inherited<BoolType>               (Word::ZAxisVisible,        true),
+    inherited<TicksLabelStyleType>    (Word::ZTicksLabelStyle,    Word::Horizontal),
+    inherited<TicksNumberType>        (Word::ZTicksNumber,        Word::Normal),
+    inherited<BoolType>               (Word::ZTicksVisible,       true),
+    inherited<BoolType>               (Word::ZTicksLabelsVisible, true),
+    inherited<LongType>               (Word::ZTicksBetween,       0),
+    inherited<BoolType>               (Word::ZGridVisible,        false),
+    inherited<BoolType>               (Word::ZSubgridVisible,     false),
 };
-constinit CoordinateSystem3dStylePropertyListMgr coordinateSystem3dStylePropertyList;
+// clang-format on
 
 // The style with the given tag among the children of `container`, or null.
 const PlotElement* styleIn(const dom::Node* container, Token tag) {
@@ -114,13 +96,13 @@ void CoordinateSystemBase::collectStyleChain(StyleChain& chain) const {
 }
 
 const Property* CoordinateSystem2d::findProperty(Token name) const {
-  return findIn(name, coordinateSystemStylePropertyList, coordinateSystem2dStylePropertyList,
-                coordinateSystemPropertyList);
+  return findIn(name, coordinateSystemStyleProperties, coordinateSystem2dStyleProperties,
+                coordinateSystemProperties);
 }
 
 const Property* CoordinateSystem3d::findProperty(Token name) const {
-  return findIn(name, coordinateSystemStylePropertyList, coordinateSystem3dStylePropertyList,
-                coordinateSystemPropertyList);
+  return findIn(name, coordinateSystemStyleProperties, coordinateSystem3dStyleProperties,
+                coordinateSystemProperties);
 }
 
 const PlotElement* CoordinateSystemStyleBase::styleParent(Token name) const {
@@ -134,11 +116,11 @@ void CoordinateSystemStyleBase::collectStyleChain(StyleChain& chain) const {
 }
 
 const Property* CoordinateSystem2dStyle::findProperty(Token name) const {
-  return findIn(name, coordinateSystem2dStylePropertyList, coordinateSystemStylePropertyList);
+  return findIn(name, coordinateSystem2dStyleProperties, coordinateSystemStyleProperties);
 }
 
 const Property* CoordinateSystem3dStyle::findProperty(Token name) const {
-  return findIn(name, coordinateSystem3dStylePropertyList, coordinateSystemStylePropertyList);
+  return findIn(name, coordinateSystem3dStyleProperties, coordinateSystemStyleProperties);
 }
 
 }  // namespace vantry::plot

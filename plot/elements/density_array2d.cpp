@@ -4,30 +4,28 @@ namespace vantry::plot {
 
 namespace {
 
-class DensityArray2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = DensityArray2d;
-    // clang-format off
-    mandatory<MeshType>          (Word::XMesh,         1,             1, &E::xMesh);
-    mandatory<MeshType>          (Word::YMesh,         1,             2, &E::yMesh);
-    optional<RangeValueType>     (Word::XMin,          0,             4, &E::xMin);
-    optional<RangeValueType>     (Word::XMax,          1,             8, &E::xMax);
-    optional<RangeValueType>     (Word::YMin,          0,            16, &E::yMin);
-    optional<RangeValueType>     (Word::YMax,          1,            32, &E::yMax);
-    inherited<BoolTrait>         (Word::LinesVisible,  false,        64, &E::linesVisible);
-    inherited<PosOutputSizeType> (Word::LineWidth,     0.5,         128, &E::lineWidth);
-    inherited<RGBATrait>         (Word::LineColor,     black,       256, &E::lineColor);
-    inherited<RGBATrait>         (Word::FillColor,     white,       512, &E::fillColor);
-    inherited<RGBATrait>         (Word::FillColor2,    black,      2048, &E::fillColor2);
-    inherited<ColorType>         (Word::FillColorType, Word::Flat, 1024, &E::fillColorType);
-    // clang-format on
-  }
+using E = DensityArray2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<MeshType,          &E::xMesh>         (Word::XMesh,         1),
+    mandatory<MeshType,          &E::yMesh>         (Word::YMesh,         1),
+    optional<DoubleType,         &E::xMin>          (Word::XMin,          0),
+    optional<DoubleType,         &E::xMax>          (Word::XMax,          1),
+    optional<DoubleType,         &E::yMin>          (Word::YMin,          0),
+    optional<DoubleType,         &E::yMax>          (Word::YMax,          1),
+    inherited<BoolType,          &E::linesVisible>  (Word::LinesVisible,  false),
+    inherited<PosOutputSizeType, &E::lineWidth>     (Word::LineWidth,     0.5),
+    inherited<RGBAType,          &E::lineColor>     (Word::LineColor,     black),
+    inherited<RGBAType,          &E::fillColor>     (Word::FillColor,     white),
+    inherited<RGBAType,          &E::fillColor2>    (Word::FillColor2,    black),
+    inherited<ColorType,         &E::fillColorType> (Word::FillColorType, Word::Flat),
 };
-constinit DensityArray2dPropertyListMgr densityArray2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& DensityArray2d::propertyList() { return densityArray2dPropertyList; }
+const PropertyList& DensityArray2d::propertyList() { return properties; }
 
 DensityArray2d::DensityArray2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

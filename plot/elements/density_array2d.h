@@ -14,20 +14,20 @@ class DensityArray2d : public Primitive<DensityArray2d> {
 
   explicit DensityArray2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<std::int32_t> xMesh;
-  Stored<std::int32_t> yMesh;
-  Stored<double> xMin;
-  Stored<double> xMax;
-  Stored<double> yMin;
-  Stored<double> yMax;
-  Stored<bool> linesVisible;
-  Stored<double> lineWidth;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> fillColor;
-  Stored<RGBA> fillColor2;
-  Stored<Token> fillColorType;
+  Resolved<std::int32_t> xMesh;
+  Resolved<std::int32_t> yMesh;
+  Resolved<double> xMin;
+  Resolved<double> xMax;
+  Resolved<double> yMin;
+  Resolved<double> yMax;
+  Resolved<bool> linesVisible;
+  Resolved<double> lineWidth;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> fillColor;
+  Resolved<RGBA> fillColor2;
+  Resolved<Token> fillColorType;
 
   std::vector<double> values;  ///< a number a cell
 

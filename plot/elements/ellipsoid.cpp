@@ -4,24 +4,22 @@ namespace vantry::plot {
 
 namespace {
 
-class EllipsoidPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Ellipsoid;
-    // clang-format off
-    mandatory<P3Trait>      (Word::Center,    {0, 0, 0},   1, &E::center);
-    mandatory<SemiAxisType> (Word::SemiAxisX, 1,           2, &E::semiAxisX);
-    mandatory<SemiAxisType> (Word::SemiAxisY, 1,           4, &E::semiAxisY);
-    mandatory<SemiAxisType> (Word::SemiAxisZ, 1,           8, &E::semiAxisZ);
-    inherited<ShadingType>  (Word::Shading,   Word::Flat, 32, &E::shading);
-    inherited<RGBATrait>    (Word::FillColor, black,      16, &E::fillColor);
-    // clang-format on
-  }
+using E = Ellipsoid;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,           &E::center>    (Word::Center,    {0, 0, 0}),
+    mandatory<NonNegLengthType, &E::semiAxisX> (Word::SemiAxisX, 1),
+    mandatory<NonNegLengthType, &E::semiAxisY> (Word::SemiAxisY, 1),
+    mandatory<NonNegLengthType, &E::semiAxisZ> (Word::SemiAxisZ, 1),
+    inherited<ShadingType,      &E::shading>   (Word::Shading,   Word::Flat),
+    inherited<RGBAType,         &E::fillColor> (Word::FillColor, black),
 };
-constinit EllipsoidPropertyListMgr ellipsoidPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Ellipsoid::propertyList() { return ellipsoidPropertyList; }
+const PropertyList& Ellipsoid::propertyList() { return properties; }
 
 Ellipsoid::Ellipsoid(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

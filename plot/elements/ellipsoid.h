@@ -12,14 +12,14 @@ class Ellipsoid : public Primitive<Ellipsoid> {
 
   explicit Ellipsoid(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> center;
-  Stored<double> semiAxisX;
-  Stored<double> semiAxisY;
-  Stored<double> semiAxisZ;
-  Stored<Token> shading;
-  Stored<RGBA> fillColor;
+  Resolved<P3> center;
+  Resolved<double> semiAxisX;
+  Resolved<double> semiAxisY;
+  Resolved<double> semiAxisZ;
+  Resolved<Token> shading;
+  Resolved<RGBA> fillColor;
 };
 
 }  // namespace vantry::plot

@@ -10,8 +10,33 @@ namespace vantry::plot {
 
 using dom::DomException;
 
+namespace {
+
+struct OptionType : TokenType {
+  static const char* whyNoText(Token option) { return whyNoOption(option); }
+};
+
+// clang-format off
+constexpr PropertyListOf exprProperties{
+    mandatory<OptionType, &Expr::option> (Word::Opt, {}),
+};
+
+constexpr PropertyListOf vExprProperties{
+    mandatory<DoubleType, &VExpr::value> (Word::Val, nan),
+};
+// clang-format on
+
+}  // namespace
+
+const PropertyList& Expr::propertyList() { return exprProperties; }
+const PropertyList& VExpr::propertyList() { return vExprProperties; }
+
+Expr::Expr(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+
+VExpr::VExpr(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+
 void Expr::setAttributeFromString(Token name, const char* text) {
-  requireName(name);
+  requireAttribute(name);
   if (*text == '\0') {
     refuse(RefusalKind::emptyOptionName);
     throw DomException(DomException::InvalidAccess);
@@ -19,13 +44,8 @@ void Expr::setAttributeFromString(Token name, const char* text) {
   setAttribute(name, base::TokenVariant(Token(text, true)));
 }
 
-std::ostream& Expr::writeAttributes(std::ostream& out) const {
-  findProperty(Word::Opt)->putXml(out, base::TokenVariant(option()));
-  return out;
-}
-
 void VExpr::setAttributeFromString(Token name, const char* text) {
-  requireName(name);
+  requireAttribute(name);
   double number = nan;
   if (!base::scanDouble(text, number)) {
     refuse(RefusalKind::illegalNumber, name, text);
@@ -35,8 +55,7 @@ void VExpr::setAttributeFromString(Token name, const char* text) {
 }
 
 std::ostream& VExpr::writeAttributes(std::ostream& out) const {
-  if (!std::isnan(value())) findProperty(Word::Val)->putXml(out, base::DoubleVariant(value()));
-  return out;
+  return std::isnan(value()) ? out : ElementOf::writeAttributes(out);
 }
 
 bool Expr::beginCommand(CmdWriter& writer) const {

@@ -1,91 +1,61 @@
 // Expressions of the algebra system, which a drawing carries along as texts.
 #pragma once
 
-#include "vantry/plot/framework/property_impl.h"
+#include "vantry/dom/dom_exception.h"
 #include "vantry/plot/framework/text_content.h"
+#include "vantry/plot/framework/with_members.h"
 
 namespace vantry::plot {
 
 using base::WordId;
 
-/// A text with one attribute, `name`, of the type `Trait`, which also tells the value that stands
-/// for an absent one. The attribute counts as set from the beginning. Any other name is reported
-/// and throws DomException 15.
-template <class Base, WordId name, class Trait>
-class WithAttribute : public Base {
+/// A text with one attribute, the property of the class, which counts as set from the beginning.
+/// Any other name is reported and throws DomException InvalidAccess.
+template <class Self, class Base>
+class WithAttribute : public WithMembers<Self, Base>, public MemberValues {
  public:
-  using Value = typename Trait::Value;
-  static constexpr Token attributeName = base::tokenOf(name);
+  using WithMembers<Self, Base>::WithMembers;
 
-  using Base::Base;
-
-  Variant getAttribute(Token key) const override {
-    requireName(key);
-    return typename Trait::VariantKind(attribute_);
+  Variant getAttribute(Token name) const override {
+    requireAttribute(name);
+    return Base::getAttribute(name);
   }
-  bool hasAttribute(Token key) const override { return key == attributeName; }
-  bool canSetAttribute(Token key, const Variant& value) const override {
-    const auto typed = value.template as<typename Trait::VariantKind>();
-    return key == attributeName && typed && findProperty(key)->accepts(*this, value);
+  bool canSetAttribute(Token name, const Variant& value) const override {
+    const Property* property = this->findProperty(name);
+    return property && property->hasKindOf(value) && property->accepts(*this, value);
+  }
+  void doSetAttribute(Token name, const Variant& value) override {
+    requireAttribute(name);
+    Base::doSetAttribute(name, value);
   }
   bool canBeWritten() const override {
-    const Property* property = findProperty(attributeName);
-    return property->canBeWritten(*this, getAttribute(attributeName)) && Base::canBeWritten();
+    return Self::propertyList().canBeWritten(*this) && Base::canBeWritten();
   }
-  void doSetAttribute(Token key, const Variant& value) override {
-    requireName(key);
-    attribute_ = value.template as<typename Trait::VariantKind>()->get();
-    this->noteChange();
-  }
-  Variant getPropertyValue(Token key) const override {
-    this->requireProperty(key);
-    return getAttribute(key);
-  }
-  void setPropertyValue(Token key, const Variant& value) override {
-    this->requireProperty(key);
-    this->setAttribute(key, value);
-  }
-  const Property* findProperty(Token key) const override {
-    static const auto& property =
-        *new MandatoryListPropertyImpl<Trait>(attributeName, Trait::absent);  // for ever
-    return key == attributeName ? &property : nullptr;
-  }
+  /// Nobody inherits the attribute, and its observers see it change as an attribute.
+  bool parentPropertyChanged(PlotElement&, Token) override { return false; }
 
  protected:
   WithAttribute(const WithAttribute&) = default;
 
-  const Value& attribute() const { return attribute_; }
-
-  void requireName(Token key) const {
-    if (key == attributeName) return;
-    this->refuse(RefusalKind::foreignAttribute, key);
+  void requireAttribute(Token name) const {
+    if (this->findProperty(name)) return;
+    this->refuse(RefusalKind::foreignAttribute, name);
     throw dom::DomException(dom::DomException::InvalidAccess);
   }
-
- private:
-  Value attribute_ = Trait::absent;
-};
-
-struct OptionTrait : TokenTrait {
-  static constexpr Token absent{};
-  static const char* whyNoText(Token option) { return whyNoOption(option); }
-};
-
-struct ExprValueTrait : DoubleTrait {
-  static constexpr double absent = nan;
 };
 
 /// An expression that is the value of an option.
-class Expr : public ElementOf<Expr, WithAttribute<PCDataElement, WordId::Opt, OptionTrait>> {
+class Expr : public ElementOf<Expr, WithAttribute<Expr, PCDataElement>> {
  public:
   static constexpr Token tag = Word::Expr;
-  using ElementOf::ElementOf;
 
-  /// The name of the option, null until it is set.
-  Token option() const { return attribute(); }
+  explicit Expr(dom::Document* document);
+
+  static const PropertyList& propertyList();
+
+  Resolved<Token> option;  ///< its name; null until it is set
 
   void setAttributeFromString(Token name, const char* text) override;
-  std::ostream& writeAttributes(std::ostream& out) const override;
   bool beginCommand(CmdWriter& writer) const override;
 };
 
@@ -105,12 +75,15 @@ class SeqExprElement : public PCDataElement {
 using IExpr = NameOnly<WordId::IExpr, SeqExprElement>;
 
 /// An expression with its value, NaN where that is not known.
-class VExpr : public ElementOf<VExpr, WithAttribute<SeqExprElement, WordId::Val, ExprValueTrait>> {
+class VExpr : public ElementOf<VExpr, WithAttribute<VExpr, SeqExprElement>> {
  public:
   static constexpr Token tag = Word::VExpr;
-  using ElementOf::ElementOf;
 
-  double value() const { return attribute(); }
+  explicit VExpr(dom::Document* document);
+
+  static const PropertyList& propertyList();
+
+  Resolved<double> value;
 
   void setAttributeFromString(Token name, const char* text) override;
   std::ostream& writeAttributes(std::ostream& out) const override;

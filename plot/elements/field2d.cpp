@@ -4,32 +4,30 @@ namespace vantry::plot {
 
 namespace {
 
-class Field2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Field2d;
-    // clang-format off
-    mandatory<P2Trait>              (Word::Anchor,              {0, 0},                1, &E::anchor);
-    mandatory<P2Trait>              (Word::Delta,               {1, 1},                2, &E::delta);
-    mandatory<MeshType>             (Word::XMesh,               20,                    4, &E::xMesh);
-    mandatory<MeshType>             (Word::YMesh,               20,                    8, &E::yMesh);
-    inherited<ArrowLengthType>      (Word::ArrowLength,         Word::Fixed,          16, &E::arrowLength);
-    inherited<ColorType>            (Word::LineColorType,       Word::Flat,          128, &E::lineColorType);
-    inherited<TipStyleType>         (Word::TipStyle,            Word::Filled,        512, &E::tipStyle);
-    inherited<PosOutputSizeType>    (Word::LineWidth,           0.5,                  32, &E::lineWidth);
-    inherited<NonNegOutputSizeType> (Word::TipLength,           1,                  1024, &E::tipLength);
-    inherited<RGBATrait>            (Word::LineColor,           black,                64, &E::lineColor);
-    inherited<RGBATrait>            (Word::LineColor2,          blue,                256, &E::lineColor2);
-    inherited<DoubleTrait>          (Word::TipAngle,            0.5235987755982989, 2048, &E::tipAngle);
-    inherited<DoubleTrait>          (Word::LineColorDirectionX, 0,                  4096, &E::lineColorDirectionX);
-    inherited<DoubleTrait>          (Word::LineColorDirectionY, 1,                  8192, &E::lineColorDirectionY);
-    // clang-format on
-  }
+using E = Field2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,               &E::anchor>              (Word::Anchor,              {0, 0}),
+    mandatory<P2Type,               &E::delta>               (Word::Delta,               {1, 1}),
+    mandatory<MeshType,             &E::xMesh>               (Word::XMesh,               20),
+    mandatory<MeshType,             &E::yMesh>               (Word::YMesh,               20),
+    inherited<ArrowLengthType,      &E::arrowLength>         (Word::ArrowLength,         Word::Fixed),
+    inherited<ColorType,            &E::lineColorType>       (Word::LineColorType,       Word::Flat),
+    inherited<TipStyleType,         &E::tipStyle>            (Word::TipStyle,            Word::Filled),
+    inherited<PosOutputSizeType,    &E::lineWidth>           (Word::LineWidth,           0.5),
+    inherited<NonNegOutputSizeType, &E::tipLength>           (Word::TipLength,           1),
+    inherited<RGBAType,             &E::lineColor>           (Word::LineColor,           black),
+    inherited<RGBAType,             &E::lineColor2>          (Word::LineColor2,          blue),
+    inherited<DoubleType,           &E::tipAngle>            (Word::TipAngle,            0.5235987755982989),
+    inherited<DoubleType,           &E::lineColorDirectionX> (Word::LineColorDirectionX, 0),
+    inherited<DoubleType,           &E::lineColorDirectionY> (Word::LineColorDirectionY, 1),
 };
-constinit Field2dPropertyListMgr field2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Field2d::propertyList() { return field2dPropertyList; }
+const PropertyList& Field2d::propertyList() { return properties; }
 
 Field2d::Field2d(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

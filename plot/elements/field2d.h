@@ -13,22 +13,22 @@ class Field2d : public Primitive<Field2d, P2List> {
 
   explicit Field2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> anchor;
-  Stored<P2> delta;
-  Stored<std::int32_t> xMesh;
-  Stored<std::int32_t> yMesh;
-  Stored<Token> arrowLength;
-  Stored<Token> lineColorType;
-  Stored<Token> tipStyle;
-  Stored<double> lineWidth;
-  Stored<double> tipLength;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<double> tipAngle;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
+  Resolved<P2> anchor;
+  Resolved<P2> delta;
+  Resolved<std::int32_t> xMesh;
+  Resolved<std::int32_t> yMesh;
+  Resolved<Token> arrowLength;
+  Resolved<Token> lineColorType;
+  Resolved<Token> tipStyle;
+  Resolved<double> lineWidth;
+  Resolved<double> tipLength;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<double> tipAngle;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
 };
 
 }  // namespace vantry::plot

@@ -13,24 +13,24 @@ class Field3d : public Primitive<Field3d, P3List> {
 
   explicit Field3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> anchor;
-  Stored<P3> delta;
-  Stored<std::int32_t> xMesh;
-  Stored<std::int32_t> yMesh;
-  Stored<std::int32_t> zMesh;
-  Stored<Token> arrowLength;
-  Stored<Token> lineColorType;
-  Stored<Token> pointStyle;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<bool> pointsVisible;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
-  Stored<double> lineColorDirectionZ;
+  Resolved<P3> anchor;
+  Resolved<P3> delta;
+  Resolved<std::int32_t> xMesh;
+  Resolved<std::int32_t> yMesh;
+  Resolved<std::int32_t> zMesh;
+  Resolved<Token> arrowLength;
+  Resolved<Token> lineColorType;
+  Resolved<Token> pointStyle;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<bool> pointsVisible;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
+  Resolved<double> lineColorDirectionZ;
 };
 
 }  // namespace vantry::plot

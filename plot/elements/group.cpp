@@ -6,22 +6,20 @@ namespace vantry::plot {
 
 namespace {
 
-class GroupPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = GroupBase;
-    // clang-format off
-    optional<IdPropertyImpl>         (Word::Id,         {},     2, &E::id);
-    optional<StringTrait>            (Word::Name,       {},     4, &E::name);
-    optional<ConsistentPropertyImpl> (Word::Consistent, false,  8, &E::consistent);
-    optional<BoolTrait>              (Word::Visible,    true,  16, &E::visible);
-    // clang-format on
-  }
+using E = GroupBase;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    optional<IdType,         &E::id>         (Word::Id,         {}),
+    optional<StringType,     &E::name>       (Word::Name,       {}),
+    optional<ConsistentType, &E::consistent> (Word::Consistent, false),
+    optional<BoolType,       &E::visible>    (Word::Visible,    true),
 };
-constinit GroupPropertyListMgr groupPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& GroupBase::propertyList() { return groupPropertyList; }
+const PropertyList& GroupBase::propertyList() { return properties; }
 
 GroupBase::GroupBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);

@@ -18,12 +18,12 @@ class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentP
   bool beginCommand(CmdWriter& writer) const override;
   void endCommand(CmdWriter& writer) const override;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<base::FixedString> id;
-  Stored<base::FixedString> name;
-  Stored<bool> consistent;
-  Stored<bool> visible;
+  Resolved<base::FixedString> id;
+  Resolved<base::FixedString> name;
+  Resolved<bool> consistent;
+  Resolved<bool> visible;
 
  protected:
   GroupBase(const GroupBase&) = default;

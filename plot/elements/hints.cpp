@@ -4,16 +4,15 @@ namespace vantry::plot {
 
 namespace {
 
-class HintsPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    optional<ScalingType>(Word::Scaling, Word::Unconstrained, 1, &Hints::scaling);
-  }
+// clang-format off
+constexpr PropertyListOf properties{
+    optional<ScalingType, &Hints::scaling> (Word::Scaling, Word::Unconstrained),
 };
-constinit HintsPropertyListMgr hintsPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Hints::propertyList() { return hintsPropertyList; }
+const PropertyList& Hints::propertyList() { return properties; }
 
 Hints::Hints(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

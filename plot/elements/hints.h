@@ -12,9 +12,9 @@ class Hints : public ElementOf<Hints, WithMembers<Hints, LeafElement>> {
 
   explicit Hints(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> scaling;
+  Resolved<Token> scaling;
 };
 
 }  // namespace vantry::plot

@@ -6,22 +6,20 @@ namespace vantry::plot {
 
 namespace {
 
-class ImgPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = ImgBase;
-    // clang-format off
-    optional<ImgPropDoubleType> (Word::Param,          nan, 1, &E::param);
-    optional<ImgPropDoubleType> (Word::TitlePositionX, nan, 2, &E::titlePositionX);
-    optional<ImgPropDoubleType> (Word::TitlePositionY, nan, 4, &E::titlePositionY);
-    optional<ImgPropDoubleType> (Word::TitlePositionZ, nan, 8, &E::titlePositionZ);
-    // clang-format on
-  }
+using E = ImgBase;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    optional<FloatOrNaNType, &E::param>          (Word::Param,          nan),
+    optional<FloatOrNaNType, &E::titlePositionX> (Word::TitlePositionX, nan),
+    optional<FloatOrNaNType, &E::titlePositionY> (Word::TitlePositionY, nan),
+    optional<FloatOrNaNType, &E::titlePositionZ> (Word::TitlePositionZ, nan),
 };
-constinit ImgPropertyListMgr imgPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& ImgBase::propertyList() { return imgPropertyList; }
+const PropertyList& ImgBase::propertyList() { return properties; }
 
 ImgBase::ImgBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);

@@ -15,12 +15,12 @@ class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public
   /// The time from which on the object looks like this; NaN if it is not animated.
   double frameTime() const;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> param;
-  Stored<double> titlePositionX;
-  Stored<double> titlePositionY;
-  Stored<double> titlePositionZ;
+  Resolved<double> param;
+  Resolved<double> titlePositionX;
+  Resolved<double> titlePositionY;
+  Resolved<double> titlePositionZ;
 
  protected:
   ImgBase(const ImgBase&) = default;

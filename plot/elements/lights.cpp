@@ -4,69 +4,50 @@ namespace vantry::plot {
 
 namespace {
 
-class AmbientLightPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = AmbientLight;
-    // clang-format off
-    mandatory<LightIntensityType> (Word::LightIntensity, 1,     1, &E::lightIntensity);
-    inherited<RGBATrait>          (Word::LightColor,     white, 2, &E::lightColor);
-    // clang-format on
-  }
+// clang-format off
+constexpr PropertyListOf ambientLightProperties{
+    mandatory<LightIntensityType, &AmbientLight::lightIntensity> (Word::LightIntensity, 1),
+    inherited<RGBAType,           &AmbientLight::lightColor>     (Word::LightColor,     white),
 };
-constinit AmbientLightPropertyListMgr ambientLightPropertyList;
 
-class PointLightPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = PointLight;
-    // clang-format off
-    inherited<BoolTrait> (Word::CameraCoordinates, false,      4, &E::cameraCoordinates);
-    mandatory<P3Trait>   (Word::Position,          {0, 10, 0}, 8, &E::position);
-    // clang-format on
-  }
+constexpr PropertyListOf pointLightProperties{
+    ambientLightProperties,
+    inherited<BoolType, &PointLight::cameraCoordinates> (Word::CameraCoordinates, false),
+    mandatory<P3Type,   &PointLight::position>          (Word::Position,          {0, 10, 0}),
 };
-constinit PointLightPropertyListMgr pointLightPropertyList;
 
-class DistantLightPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = DistantLight;
-    // clang-format off
-    mandatory<P3Trait> (Word::Target, {0, 0, 0}, 16, &E::target);
-    // clang-format on
-  }
+constexpr PropertyListOf distantLightProperties{
+    pointLightProperties,
+    mandatory<P3Type, &DistantLight::target> (Word::Target, {0, 0, 0}),
 };
-constinit DistantLightPropertyListMgr distantLightPropertyList;
 
-class SpotLightPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = SpotLight;
-    // clang-format off
-    mandatory<DoubleTrait> (Word::SpotAngle, 0.26179938779914946, 32, &E::spotAngle);
-    // clang-format on
-  }
+constexpr PropertyListOf spotLightProperties{
+    distantLightProperties,
+    mandatory<DoubleType, &SpotLight::spotAngle> (Word::SpotAngle, 0.26179938779914946),
 };
-constinit SpotLightPropertyListMgr spotLightPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& AmbientLight::propertyList() { return ambientLightPropertyList; }
+const PropertyList& AmbientLight::propertyList() { return ambientLightProperties; }
 
 AmbientLight::AmbientLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropertyListMgr& PointLight::propertyList() { return pointLightPropertyList; }
+const PropertyList& PointLight::propertyList() { return pointLightProperties; }
 
 PointLight::PointLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropertyListMgr& DistantLight::propertyList() { return distantLightPropertyList; }
+const PropertyList& DistantLight::propertyList() { return distantLightProperties; }
 
 DistantLight::DistantLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropertyListMgr& SpotLight::propertyList() { return spotLightPropertyList; }
+const PropertyList& SpotLight::propertyList() { return spotLightProperties; }
 
 SpotLight::SpotLight(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

@@ -12,10 +12,10 @@ class AmbientLight : public Primitive<AmbientLight> {
 
   explicit AmbientLight(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> lightIntensity;
-  Stored<RGBA> lightColor;
+  Resolved<double> lightIntensity;
+  Resolved<RGBA> lightColor;
 };
 
 /// Light from one point.
@@ -25,10 +25,10 @@ class PointLight : public Primitive<PointLight, AmbientLight> {
 
   explicit PointLight(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<bool> cameraCoordinates;
-  Stored<P3> position;
+  Resolved<bool> cameraCoordinates;
+  Resolved<P3> position;
 };
 
 /// Light from far away, in the direction from `position` to `target`.
@@ -38,9 +38,9 @@ class DistantLight : public Primitive<DistantLight, PointLight> {
 
   explicit DistantLight(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> target;
+  Resolved<P3> target;
 };
 
 /// A cone of light. `spotAngle` is in radians.
@@ -50,9 +50,9 @@ class SpotLight : public Primitive<SpotLight, DistantLight> {
 
   explicit SpotLight(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> spotAngle;
+  Resolved<double> spotAngle;
 };
 
 }  // namespace vantry::plot

@@ -4,24 +4,22 @@ namespace vantry::plot {
 
 namespace {
 
-class Line2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Line2d;
-    // clang-format off
-    mandatory<P2Trait>           (Word::From,      {0, 0},        1, &E::from);
-    mandatory<P2Trait>           (Word::To,        {1, 1},        2, &E::to);
-    inherited<ExtensionType>     (Word::Extension, Word::Finite,  4, &E::extension);
-    inherited<LineStyleType>     (Word::LineStyle, Word::Solid,   8, &E::lineStyle);
-    inherited<PosOutputSizeType> (Word::LineWidth, 0.5,          16, &E::lineWidth);
-    inherited<RGBATrait>         (Word::LineColor, black,        32, &E::lineColor);
-    // clang-format on
-  }
+using E = Line2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,            &E::from>      (Word::From,      {0, 0}),
+    mandatory<P2Type,            &E::to>        (Word::To,        {1, 1}),
+    inherited<ExtensionType,     &E::extension> (Word::Extension, Word::Finite),
+    inherited<LineStyleType,     &E::lineStyle> (Word::LineStyle, Word::Solid),
+    inherited<PosOutputSizeType, &E::lineWidth> (Word::LineWidth, 0.5),
+    inherited<RGBAType,          &E::lineColor> (Word::LineColor, black),
 };
-constinit Line2dPropertyListMgr line2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Line2d::propertyList() { return line2dPropertyList; }
+const PropertyList& Line2d::propertyList() { return properties; }
 
 Line2d::Line2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

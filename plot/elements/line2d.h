@@ -12,14 +12,14 @@ class Line2d : public Primitive<Line2d> {
 
   explicit Line2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> from;
-  Stored<P2> to;
-  Stored<Token> extension;
-  Stored<Token> lineStyle;
-  Stored<double> lineWidth;
-  Stored<RGBA> lineColor;
+  Resolved<P2> from;
+  Resolved<P2> to;
+  Resolved<Token> extension;
+  Resolved<Token> lineStyle;
+  Resolved<double> lineWidth;
+  Resolved<RGBA> lineColor;
 };
 
 }  // namespace vantry::plot

@@ -4,26 +4,24 @@ namespace vantry::plot {
 
 namespace {
 
-class Line3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Line3d;
-    // clang-format off
-    mandatory<P3Trait>           (Word::From,         {0, 0, 0},      1, &E::from);
-    mandatory<P3Trait>           (Word::To,           {1, 1, 1},      2, &E::to);
-    inherited<ExtensionType>     (Word::Extension,    Word::Finite,   4, &E::extension);
-    inherited<LineStyleType>     (Word::LineStyle,    Word::Solid,    8, &E::lineStyle);
-    inherited<PosOutputSizeType> (Word::LineWidth,    0.5,           16, &E::lineWidth);
-    inherited<PosOutputSizeType> (Word::TubeDiameter, 2,            128, &E::tubeDiameter);
-    inherited<RGBATrait>         (Word::LineColor,    black,         32, &E::lineColor);
-    inherited<BoolTrait>         (Word::Tubular,      true,          64, &E::tubular);
-    // clang-format on
-  }
+using E = Line3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,            &E::from>         (Word::From,         {0, 0, 0}),
+    mandatory<P3Type,            &E::to>           (Word::To,           {1, 1, 1}),
+    inherited<ExtensionType,     &E::extension>    (Word::Extension,    Word::Finite),
+    inherited<LineStyleType,     &E::lineStyle>    (Word::LineStyle,    Word::Solid),
+    inherited<PosOutputSizeType, &E::lineWidth>    (Word::LineWidth,    0.5),
+    inherited<PosOutputSizeType, &E::tubeDiameter> (Word::TubeDiameter, 2),
+    inherited<RGBAType,          &E::lineColor>    (Word::LineColor,    black),
+    inherited<BoolType,          &E::tubular>      (Word::Tubular,      true),
 };
-constinit Line3dPropertyListMgr line3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Line3d::propertyList() { return line3dPropertyList; }
+const PropertyList& Line3d::propertyList() { return properties; }
 
 Line3d::Line3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

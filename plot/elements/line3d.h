@@ -12,16 +12,16 @@ class Line3d : public Primitive<Line3d> {
 
   explicit Line3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> from;
-  Stored<P3> to;
-  Stored<Token> extension;
-  Stored<Token> lineStyle;
-  Stored<double> lineWidth;
-  Stored<double> tubeDiameter;
-  Stored<RGBA> lineColor;
-  Stored<bool> tubular;
+  Resolved<P3> from;
+  Resolved<P3> to;
+  Resolved<Token> extension;
+  Resolved<Token> lineStyle;
+  Resolved<double> lineWidth;
+  Resolved<double> tubeDiameter;
+  Resolved<RGBA> lineColor;
+  Resolved<bool> tubular;
 };
 
 }  // namespace vantry::plot

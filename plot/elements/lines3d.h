@@ -12,20 +12,20 @@ class Lines3d : public Primitive<Lines3d, P3List> {
 
   explicit Lines3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> type;
-  Stored<Token> lineStyle;
-  Stored<Token> pointStyle;
-  Stored<Token> lineColorType;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<bool> pointsVisible;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
-  Stored<double> lineColorDirectionZ;
+  Resolved<Token> type;
+  Resolved<Token> lineStyle;
+  Resolved<Token> pointStyle;
+  Resolved<Token> lineColorType;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<bool> pointsVisible;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
+  Resolved<double> lineColorDirectionZ;
 };
 
 }  // namespace vantry::plot

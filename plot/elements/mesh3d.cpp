@@ -4,47 +4,45 @@ namespace vantry::plot {
 
 namespace {
 
-class Mesh3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Mesh3d;
-    // clang-format off
-    mandatory<MeshType>          (Word::UMesh,               20,                    1, &E::uMesh);
-    mandatory<MeshType>          (Word::VMesh,               20,                    2, &E::vMesh);
-    optional<SubmeshType>        (Word::USubmesh,            0,                     4, &E::uSubmesh);
-    optional<SubmeshType>        (Word::VSubmesh,            0,                     8, &E::vSubmesh);
-    inherited<LineStyleType>     (Word::LineStyle,           Word::Solid,          64, &E::lineStyle);
-    inherited<ColorType>         (Word::LineColorType,       Word::Flat,          512, &E::lineColorType);
-    inherited<PointStyleType>    (Word::PointStyle,          Word::Squares,      2048, &E::pointStyle);
-    inherited<ColorType>         (Word::FillColorType,       Word::Flat,        65536, &E::fillColorType);
-    inherited<ShadingType>       (Word::Shading,             Word::Flat,        16384, &E::shading);
-    optional<BoolTrait>          (Word::HasLineColors,       false,            524288, &E::hasLineColors);
-    inherited<BoolTrait>         (Word::XLinesVisible,       true,            1048576, &E::xLinesVisible);
-    inherited<BoolTrait>         (Word::YLinesVisible,       true,            2097152, &E::yLinesVisible);
-    inherited<BoolTrait>         (Word::ULinesVisible,       true,                 16, &E::uLinesVisible);
-    inherited<BoolTrait>         (Word::VLinesVisible,       true,                 32, &E::vLinesVisible);
-    optional<BoolTrait>          (Word::UseXYLinesVisible,   false,           4194304, &E::useXYLinesVisible);
-    inherited<BoolTrait>         (Word::Filled,              true,               8192, &E::filled);
-    inherited<BoolTrait>         (Word::PointsVisible,       true,             262144, &E::pointsVisible);
-    inherited<PosOutputSizeType> (Word::LineWidth,           0.5,                 128, &E::lineWidth);
-    inherited<PosOutputSizeType> (Word::PointSize,           2,                  4096, &E::pointSize);
-    inherited<RGBATrait>         (Word::LineColor,           black,               256, &E::lineColor);
-    inherited<RGBATrait>         (Word::LineColor2,          blue,               1024, &E::lineColor2);
-    inherited<RGBATrait>         (Word::FillColor,           red,               32768, &E::fillColor);
-    inherited<RGBATrait>         (Word::FillColor2,          yellow,           131072, &E::fillColor2);
-    inherited<DoubleTrait>       (Word::LineColorDirectionX, 0,               8388608, &E::lineColorDirectionX);
-    inherited<DoubleTrait>       (Word::LineColorDirectionY, 0,              16777216, &E::lineColorDirectionY);
-    inherited<DoubleTrait>       (Word::LineColorDirectionZ, 1,              33554432, &E::lineColorDirectionZ);
-    inherited<DoubleTrait>       (Word::FillColorDirectionX, 0,              67108864, &E::fillColorDirectionX);
-    inherited<DoubleTrait>       (Word::FillColorDirectionY, 0,             134217728, &E::fillColorDirectionY);
-    inherited<DoubleTrait>       (Word::FillColorDirectionZ, 1,             268435456, &E::fillColorDirectionZ);
-    // clang-format on
-  }
+using E = Mesh3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<MeshType,          &E::uMesh>               (Word::UMesh,               20),
+    mandatory<MeshType,          &E::vMesh>               (Word::VMesh,               20),
+    optional<NonNegLongType,     &E::uSubmesh>            (Word::USubmesh,            0),
+    optional<NonNegLongType,     &E::vSubmesh>            (Word::VSubmesh,            0),
+    inherited<LineStyleType,     &E::lineStyle>           (Word::LineStyle,           Word::Solid),
+    inherited<ColorType,         &E::lineColorType>       (Word::LineColorType,       Word::Flat),
+    inherited<PointStyleType,    &E::pointStyle>          (Word::PointStyle,          Word::Squares),
+    inherited<ColorType,         &E::fillColorType>       (Word::FillColorType,       Word::Flat),
+    inherited<ShadingType,       &E::shading>             (Word::Shading,             Word::Flat),
+    optional<BoolType,           &E::hasLineColors>       (Word::HasLineColors,       false),
+    inherited<BoolType,          &E::xLinesVisible>       (Word::XLinesVisible,       true),
+    inherited<BoolType,          &E::yLinesVisible>       (Word::YLinesVisible,       true),
+    inherited<BoolType,          &E::uLinesVisible>       (Word::ULinesVisible,       true),
+    inherited<BoolType,          &E::vLinesVisible>       (Word::VLinesVisible,       true),
+    optional<BoolType,           &E::useXYLinesVisible>   (Word::UseXYLinesVisible,   false),
+    inherited<BoolType,          &E::filled>              (Word::Filled,              true),
+    inherited<BoolType,          &E::pointsVisible>       (Word::PointsVisible,       true),
+    inherited<PosOutputSizeType, &E::lineWidth>           (Word::LineWidth,           0.5),
+    inherited<PosOutputSizeType, &E::pointSize>           (Word::PointSize,           2),
+    inherited<RGBAType,          &E::lineColor>           (Word::LineColor,           black),
+    inherited<RGBAType,          &E::lineColor2>          (Word::LineColor2,          blue),
+    inherited<RGBAType,          &E::fillColor>           (Word::FillColor,           red),
+    inherited<RGBAType,          &E::fillColor2>          (Word::FillColor2,          yellow),
+    inherited<DoubleType,        &E::lineColorDirectionX> (Word::LineColorDirectionX, 0),
+    inherited<DoubleType,        &E::lineColorDirectionY> (Word::LineColorDirectionY, 0),
+    inherited<DoubleType,        &E::lineColorDirectionZ> (Word::LineColorDirectionZ, 1),
+    inherited<DoubleType,        &E::fillColorDirectionX> (Word::FillColorDirectionX, 0),
+    inherited<DoubleType,        &E::fillColorDirectionY> (Word::FillColorDirectionY, 0),
+    inherited<DoubleType,        &E::fillColorDirectionZ> (Word::FillColorDirectionZ, 1),
 };
-constinit Mesh3dPropertyListMgr mesh3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Mesh3d::propertyList() { return mesh3dPropertyList; }
+const PropertyList& Mesh3d::propertyList() { return properties; }
 
 Mesh3d::Mesh3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -13,37 +13,37 @@ class Mesh3d : public Primitive<Mesh3d, P3List> {
 
   explicit Mesh3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<std::int32_t> uMesh;
-  Stored<std::int32_t> vMesh;
-  Stored<std::int32_t> uSubmesh;
-  Stored<std::int32_t> vSubmesh;
-  Stored<Token> lineStyle;
-  Stored<Token> lineColorType;
-  Stored<Token> pointStyle;
-  Stored<Token> fillColorType;
-  Stored<Token> shading;
-  Stored<bool> hasLineColors;
-  Stored<bool> xLinesVisible;
-  Stored<bool> yLinesVisible;
-  Stored<bool> uLinesVisible;
-  Stored<bool> vLinesVisible;
-  Stored<bool> useXYLinesVisible;
-  Stored<bool> filled;
-  Stored<bool> pointsVisible;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<RGBA> fillColor;
-  Stored<RGBA> fillColor2;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
-  Stored<double> lineColorDirectionZ;
-  Stored<double> fillColorDirectionX;
-  Stored<double> fillColorDirectionY;
-  Stored<double> fillColorDirectionZ;
+  Resolved<std::int32_t> uMesh;
+  Resolved<std::int32_t> vMesh;
+  Resolved<std::int32_t> uSubmesh;
+  Resolved<std::int32_t> vSubmesh;
+  Resolved<Token> lineStyle;
+  Resolved<Token> lineColorType;
+  Resolved<Token> pointStyle;
+  Resolved<Token> fillColorType;
+  Resolved<Token> shading;
+  Resolved<bool> hasLineColors;
+  Resolved<bool> xLinesVisible;
+  Resolved<bool> yLinesVisible;
+  Resolved<bool> uLinesVisible;
+  Resolved<bool> vLinesVisible;
+  Resolved<bool> useXYLinesVisible;
+  Resolved<bool> filled;
+  Resolved<bool> pointsVisible;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<RGBA> fillColor;
+  Resolved<RGBA> fillColor2;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
+  Resolved<double> lineColorDirectionZ;
+  Resolved<double> fillColorDirectionX;
+  Resolved<double> fillColorDirectionY;
+  Resolved<double> fillColorDirectionZ;
 };
 
 }  // namespace vantry::plot

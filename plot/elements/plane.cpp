@@ -4,26 +4,24 @@ namespace vantry::plot {
 
 namespace {
 
-class PlanePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Plane;
-    // clang-format off
-    mandatory<P3Trait>   (Word::Position,     {0, 0, 0},   1, &E::position);
-    mandatory<P3Trait>   (Word::Normal,       {0, 0, 1},   2, &E::normal);
-    inherited<RGBATrait> (Word::FillColor,    white,       4, &E::fillColor);
-    inherited<RGBATrait> (Word::LineColor,    black,      64, &E::lineColor);
-    inherited<BoolTrait> (Word::Filled,       true,      128, &E::filled);
-    inherited<BoolTrait> (Word::LinesVisible, false,      32, &E::linesVisible);
-    inherited<MeshType>  (Word::UMesh,        10,          8, &E::uMesh);
-    inherited<MeshType>  (Word::VMesh,        10,         16, &E::vMesh);
-    // clang-format on
-  }
+using E = Plane;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,   &E::position>     (Word::Position,     {0, 0, 0}),
+    mandatory<P3Type,   &E::normal>       (Word::Normal,       {0, 0, 1}),
+    inherited<RGBAType, &E::fillColor>    (Word::FillColor,    white),
+    inherited<RGBAType, &E::lineColor>    (Word::LineColor,    black),
+    inherited<BoolType, &E::filled>       (Word::Filled,       true),
+    inherited<BoolType, &E::linesVisible> (Word::LinesVisible, false),
+    inherited<MeshType, &E::uMesh>        (Word::UMesh,        10),
+    inherited<MeshType, &E::vMesh>        (Word::VMesh,        10),
 };
-constinit PlanePropertyListMgr planePropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Plane::propertyList() { return planePropertyList; }
+const PropertyList& Plane::propertyList() { return properties; }
 
 Plane::Plane(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

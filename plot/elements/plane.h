@@ -12,16 +12,16 @@ class Plane : public Primitive<Plane> {
 
   explicit Plane(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> position;
-  Stored<P3> normal;
-  Stored<RGBA> fillColor;
-  Stored<RGBA> lineColor;
-  Stored<bool> filled;
-  Stored<bool> linesVisible;
-  Stored<std::int32_t> uMesh;
-  Stored<std::int32_t> vMesh;
+  Resolved<P3> position;
+  Resolved<P3> normal;
+  Resolved<RGBA> fillColor;
+  Resolved<RGBA> lineColor;
+  Resolved<bool> filled;
+  Resolved<bool> linesVisible;
+  Resolved<std::int32_t> uMesh;
+  Resolved<std::int32_t> vMesh;
 };
 
 }  // namespace vantry::plot

@@ -12,24 +12,24 @@ class Poly2d : public Primitive<Poly2d, P2List> {
 
   explicit Poly2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> lineStyle;
-  Stored<Token> pointStyle;
-  Stored<Token> lineColorType;
-  Stored<Token> fillStyle;
-  Stored<Token> fillPattern;
-  Stored<bool> closed;
-  Stored<bool> linesVisible;
-  Stored<bool> pointsVisible;
-  Stored<bool> filled;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<RGBA> fillColor;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
+  Resolved<Token> lineStyle;
+  Resolved<Token> pointStyle;
+  Resolved<Token> lineColorType;
+  Resolved<Token> fillStyle;
+  Resolved<Token> fillPattern;
+  Resolved<bool> closed;
+  Resolved<bool> linesVisible;
+  Resolved<bool> pointsVisible;
+  Resolved<bool> filled;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<RGBA> fillColor;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
 };
 
 }  // namespace vantry::plot

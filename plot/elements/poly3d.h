@@ -12,25 +12,25 @@ class Poly3d : public Primitive<Poly3d, P3List> {
 
   explicit Poly3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> lineStyle;
-  Stored<Token> pointStyle;
-  Stored<Token> lineColorType;
-  Stored<Token> shading;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<RGBA> fillColor;
-  Stored<bool> hasLineColors;
-  Stored<bool> linesVisible;
-  Stored<bool> pointsVisible;
-  Stored<bool> filled;
-  Stored<bool> closed;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
-  Stored<double> lineColorDirectionZ;
+  Resolved<Token> lineStyle;
+  Resolved<Token> pointStyle;
+  Resolved<Token> lineColorType;
+  Resolved<Token> shading;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<RGBA> fillColor;
+  Resolved<bool> hasLineColors;
+  Resolved<bool> linesVisible;
+  Resolved<bool> pointsVisible;
+  Resolved<bool> filled;
+  Resolved<bool> closed;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
+  Resolved<double> lineColorDirectionZ;
 };
 
 }  // namespace vantry::plot

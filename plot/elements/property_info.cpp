@@ -6,49 +6,37 @@ namespace vantry::plot {
 
 namespace {
 
-class ObjTypePropertyListMgr final : public PropertyListMgr {
-  void fill() override { mandatory<TokenTrait>(Word::Type, {}, 1, &ObjType::type); }
+// clang-format off
+constexpr PropertyListOf objTypeProperties{
+    mandatory<TokenType, &ObjType::type> (Word::Type, {}),
 };
-constinit ObjTypePropertyListMgr objTypePropertyList;
 
-class PropCatPropertyListMgr final : public PropertyListMgr {
-  void fill() override { mandatory<StringTrait>(Word::Name, {}, 1, &PropCat::name); }
+constexpr PropertyListOf propCatProperties{
+    mandatory<StringType, &PropCat::name> (Word::Name, {}),
 };
-constinit PropCatPropertyListMgr propCatPropertyList;
 
-class PropInfoPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = PropInfo;
-    // clang-format off
-    optional<StringTrait>     (Word::Name,   {},     1, &E::name);
-    mandatory<TokenTrait>     (Word::Dom,    {},     2, &E::dom);
-    optional<TokenTrait>      (Word::Opt,    {},     4, &E::opt);
-    optional<TokenTrait>      (Word::Type,   {},     8, &E::type);
-    optional<StringTrait>     (Word::Enum,   {},    16, &E::enumWords);
-    optional<StringTrait>     (Word::Info,   {},    64, &E::info);
-    optional<BoolTrait>       (Word::Recalc, false, 32, &E::recalc);
-    // clang-format on
-  }
+constexpr PropertyListOf propInfoProperties{
+    optional<StringType, &PropInfo::name>      (Word::Name,   {}),
+    mandatory<TokenType, &PropInfo::dom>       (Word::Dom,    {}),
+    optional<TokenType,  &PropInfo::opt>       (Word::Opt,    {}),
+    optional<TokenType,  &PropInfo::type>      (Word::Type,   {}),
+    optional<StringType, &PropInfo::enumWords> (Word::Enum,   {}),
+    optional<StringType, &PropInfo::info>      (Word::Info,   {}),
+    optional<BoolType,   &PropInfo::recalc>    (Word::Recalc, false),
 };
-constinit PropInfoPropertyListMgr propInfoPropertyList;
 
-class PropPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Prop;
-    // clang-format off
-    mandatory<TokenTrait>  (Word::Opt, {}, 1, &E::opt);
-    mandatory<StringTrait> (Word::Val, {}, 2, &E::val);
-    // clang-format on
-  }
+constexpr PropertyListOf propProperties{
+    mandatory<TokenType,  &Prop::opt> (Word::Opt, {}),
+    mandatory<StringType, &Prop::val> (Word::Val, {}),
 };
-constinit PropPropertyListMgr propPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& ObjType::propertyList() { return objTypePropertyList; }
-PropertyListMgr& PropCat::propertyList() { return propCatPropertyList; }
-PropertyListMgr& PropInfo::propertyList() { return propInfoPropertyList; }
-PropertyListMgr& Prop::propertyList() { return propPropertyList; }
+const PropertyList& ObjType::propertyList() { return objTypeProperties; }
+const PropertyList& PropCat::propertyList() { return propCatProperties; }
+const PropertyList& PropInfo::propertyList() { return propInfoProperties; }
+const PropertyList& Prop::propertyList() { return propProperties; }
 
 ObjType::ObjType(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

@@ -14,9 +14,9 @@ class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, pu
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> type;
+  Resolved<Token> type;
 };
 
 /// A named category of properties.
@@ -30,9 +30,9 @@ class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, pu
   /// A category must have a name.
   bool canBeWritten() const override;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<base::FixedString> name;
+  Resolved<base::FixedString> name;
 };
 
 /// One property: `dom` is its name, `opt` the option of the algebra system's commands that it is,
@@ -45,15 +45,15 @@ class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> 
 
   explicit PropInfo(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<base::FixedString> name;
-  Stored<Token> dom;
-  Stored<Token> opt;
-  Stored<Token> type;
-  Stored<base::FixedString> enumWords;
-  Stored<base::FixedString> info;
-  Stored<bool> recalc;
+  Resolved<base::FixedString> name;
+  Resolved<Token> dom;
+  Resolved<Token> opt;
+  Resolved<Token> type;
+  Resolved<base::FixedString> enumWords;
+  Resolved<base::FixedString> info;
+  Resolved<bool> recalc;
 };
 
 /// An option of the algebra system with its value.
@@ -63,10 +63,10 @@ class Prop : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
 
   explicit Prop(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> opt;
-  Stored<base::FixedString> val;
+  Resolved<Token> opt;
+  Resolved<base::FixedString> val;
 };
 
 }  // namespace vantry::plot

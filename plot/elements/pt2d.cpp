@@ -4,23 +4,21 @@ namespace vantry::plot {
 
 namespace {
 
-class Pt2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Pt2d;
-    // clang-format off
-    mandatory<P2Trait>           (Word::Position,      {0, 0},         1, &E::position);
-    inherited<PointStyleType>    (Word::PointStyle,    Word::Squares,  2, &E::pointStyle);
-    inherited<PosOutputSizeType> (Word::PointSize,     2,              4, &E::pointSize);
-    inherited<RGBATrait>         (Word::PointColor,    black,          8, &E::pointColor);
-    inherited<BoolTrait>         (Word::PointsVisible, true,          16, &E::pointsVisible);
-    // clang-format on
-  }
+using E = Pt2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,            &E::position>      (Word::Position,      {0, 0}),
+    inherited<PointStyleType,    &E::pointStyle>    (Word::PointStyle,    Word::Squares),
+    inherited<PosOutputSizeType, &E::pointSize>     (Word::PointSize,     2),
+    inherited<RGBAType,          &E::pointColor>    (Word::PointColor,    black),
+    inherited<BoolType,          &E::pointsVisible> (Word::PointsVisible, true),
 };
-constinit Pt2dPropertyListMgr pt2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Pt2d::propertyList() { return pt2dPropertyList; }
+const PropertyList& Pt2d::propertyList() { return properties; }
 
 Pt2d::Pt2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -12,13 +12,13 @@ class Pt2d : public Primitive<Pt2d> {
 
   explicit Pt2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> position;
-  Stored<Token> pointStyle;
-  Stored<double> pointSize;
-  Stored<RGBA> pointColor;
-  Stored<bool> pointsVisible;
+  Resolved<P2> position;
+  Resolved<Token> pointStyle;
+  Resolved<double> pointSize;
+  Resolved<RGBA> pointColor;
+  Resolved<bool> pointsVisible;
 };
 
 }  // namespace vantry::plot

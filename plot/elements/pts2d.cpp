@@ -4,22 +4,20 @@ namespace vantry::plot {
 
 namespace {
 
-class Pts2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Pts2d;
-    // clang-format off
-    inherited<PointStyleType>    (Word::PointStyle,    Word::Squares, 1, &E::pointStyle);
-    inherited<PosOutputSizeType> (Word::PointSize,     2,             2, &E::pointSize);
-    inherited<RGBATrait>         (Word::PointColor,    red,           4, &E::pointColor);
-    inherited<BoolTrait>         (Word::PointsVisible, true,          8, &E::pointsVisible);
-    // clang-format on
-  }
+using E = Pts2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    inherited<PointStyleType,    &E::pointStyle>    (Word::PointStyle,    Word::Squares),
+    inherited<PosOutputSizeType, &E::pointSize>     (Word::PointSize,     2),
+    inherited<RGBAType,          &E::pointColor>    (Word::PointColor,    red),
+    inherited<BoolType,          &E::pointsVisible> (Word::PointsVisible, true),
 };
-constinit Pts2dPropertyListMgr pts2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Pts2d::propertyList() { return pts2dPropertyList; }
+const PropertyList& Pts2d::propertyList() { return properties; }
 
 Pts2d::Pts2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

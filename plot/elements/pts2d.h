@@ -12,12 +12,12 @@ class Pts2d : public Primitive<Pts2d, P2List> {
 
   explicit Pts2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> pointStyle;
-  Stored<double> pointSize;
-  Stored<RGBA> pointColor;
-  Stored<bool> pointsVisible;
+  Resolved<Token> pointStyle;
+  Resolved<double> pointSize;
+  Resolved<RGBA> pointColor;
+  Resolved<bool> pointsVisible;
 };
 
 }  // namespace vantry::plot

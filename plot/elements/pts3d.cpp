@@ -4,22 +4,20 @@ namespace vantry::plot {
 
 namespace {
 
-class Pts3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Pts3d;
-    // clang-format off
-    inherited<PointStyleType>    (Word::PointStyle,    Word::Squares, 1, &E::pointStyle);
-    inherited<PosOutputSizeType> (Word::PointSize,     2,             2, &E::pointSize);
-    inherited<RGBATrait>         (Word::PointColor,    red,           4, &E::pointColor);
-    inherited<BoolTrait>         (Word::PointsVisible, true,          8, &E::pointsVisible);
-    // clang-format on
-  }
+using E = Pts3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    inherited<PointStyleType,    &E::pointStyle>    (Word::PointStyle,    Word::Squares),
+    inherited<PosOutputSizeType, &E::pointSize>     (Word::PointSize,     2),
+    inherited<RGBAType,          &E::pointColor>    (Word::PointColor,    red),
+    inherited<BoolType,          &E::pointsVisible> (Word::PointsVisible, true),
 };
-constinit Pts3dPropertyListMgr pts3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Pts3d::propertyList() { return pts3dPropertyList; }
+const PropertyList& Pts3d::propertyList() { return properties; }
 
 Pts3d::Pts3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

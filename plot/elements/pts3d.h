@@ -12,12 +12,12 @@ class Pts3d : public Primitive<Pts3d, P3List> {
 
   explicit Pts3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> pointStyle;
-  Stored<double> pointSize;
-  Stored<RGBA> pointColor;
-  Stored<bool> pointsVisible;
+  Resolved<Token> pointStyle;
+  Resolved<double> pointSize;
+  Resolved<RGBA> pointColor;
+  Resolved<bool> pointsVisible;
 };
 
 }  // namespace vantry::plot

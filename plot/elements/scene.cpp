@@ -1,64 +1,51 @@
 #include "vantry/plot/elements/scene.h"
 
 #include "vantry/plot/elements/canvas.h"
-#include "vantry/plot/framework/property_list_mgr.h"
+#include "vantry/plot/framework/property_list.h"
 #include "vantry/plot/framework/property_types.h"
 
 namespace vantry::plot {
 
 namespace {
 
-class ScenePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    optional<IdPropertyImpl>         (Word::Id,         {});
-    optional<StringTrait>            (Word::Name,       {});
-    optional<ConsistentPropertyImpl> (Word::Consistent, false);
-    optional<PositionType>           (Word::Bottom,     0);
-    optional<PositionType>           (Word::Left,       0);
-    // clang-format on
-  }
+// clang-format off
+constexpr PropertyListOf sceneProperties{
+    optional<IdType>         (Word::Id,         {}),
+    optional<StringType>     (Word::Name,       {}),
+    optional<ConsistentType> (Word::Consistent, false),
+    optional<DoubleType>     (Word::Bottom,     0),
+    optional<DoubleType>     (Word::Left,       0),
 };
-constinit ScenePropertyListMgr scenePropertyList;
 
-class SceneStylePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    inherited<HorizontalAlignmentType>  (Word::LegendAlignment,       Word::Center);
-    inherited<HorizontalAlignmentType>  (Word::HeaderAlignment,       Word::Center);
-    inherited<HorizontalAlignmentType>  (Word::FooterAlignment,       Word::Center);
-    inherited<LegendPlacementType>      (Word::LegendPlacement,       Word::Bottom);
-    inherited<RGBATrait>                (Word::BackgroundColor,       white);
-    inherited<RGBATrait>                (Word::BorderColor,           black);
-    inherited<BoolTrait>                (Word::BackgroundTransparent, false);
-    inherited<BoolTrait>                (Word::LegendVisible,         true);
-    inherited<NonNegOutputSizeListType> (Word::TopMargin,             0);
-    inherited<NonNegOutputSizeListType> (Word::LeftMargin,            0);
-    inherited<NonNegOutputSizeListType> (Word::BottomMargin,          0);
-    inherited<NonNegOutputSizeListType> (Word::RightMargin,           0);
-    inherited<NonNegOutputSizeListType> (Word::BorderWidth,           0);
-    inherited<NonNegOutputSizeListType> (Word::YXRatio,               0);
-    inherited<PosOutputSizeType>        (Word::Width,                 100);
-    inherited<PosOutputSizeType>        (Word::Height,                75);
-    inherited<FontStyleTrait>           (Word::HeaderFont,            FontStyle::standard());
-    inherited<FontStyleTrait>           (Word::FooterFont,            FontStyle::standard());
-    inherited<FontStyleTrait>           (Word::LegendFont,            FontStyle::standard());
-    // clang-format on
-  }
+constexpr PropertyListOf sceneStyleProperties{
+    inherited<HorizontalAlignmentType>  (Word::LegendAlignment,       Word::Center),
+    inherited<HorizontalAlignmentType>  (Word::HeaderAlignment,       Word::Center),
+    inherited<HorizontalAlignmentType>  (Word::FooterAlignment,       Word::Center),
+    inherited<LegendPlacementType>      (Word::LegendPlacement,       Word::Bottom),
+    inherited<RGBAType>                 (Word::BackgroundColor,       white),
+    inherited<RGBAType>                 (Word::BorderColor,           black),
+    inherited<BoolType>                 (Word::BackgroundTransparent, false),
+    inherited<BoolType>                 (Word::LegendVisible,         true),
+    inherited<NonNegOutputSizeListType> (Word::TopMargin,             0),
+    inherited<NonNegOutputSizeListType> (Word::LeftMargin,            0),
+    inherited<NonNegOutputSizeListType> (Word::BottomMargin,          0),
+    inherited<NonNegOutputSizeListType> (Word::RightMargin,           0),
+    inherited<NonNegOutputSizeListType> (Word::BorderWidth,           0),
+    inherited<NonNegOutputSizeListType> (Word::YXRatio,               0),
+    inherited<PosOutputSizeType>        (Word::Width,                 100),
+    inherited<PosOutputSizeType>        (Word::Height,                75),
+    inherited<FontStyleType>            (Word::HeaderFont,            standardFont),
+    inherited<FontStyleType>            (Word::FooterFont,            standardFont),
+    inherited<FontStyleType>            (Word::LegendFont,            standardFont),
 };
-constinit SceneStylePropertyListMgr sceneStylePropertyList;
 
-class Scene3dStylePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    // clang-format off
-    inherited<BackgroundStyleType>      (Word::BackgroundStyle,  Word::Flat);
-    inherited<RGBATrait>                (Word::BackgroundColor2, white);
-    inherited<LightingType>             (Word::Lighting,         Word::Explicit);
-    inherited<NonNegOutputSizeListType> (Word::ZXRatio,          0);
-    // clang-format on
-  }
+constexpr PropertyListOf scene3dStyleProperties{
+    inherited<BackgroundStyleType>      (Word::BackgroundStyle,  Word::Flat),
+    inherited<RGBAType>                 (Word::BackgroundColor2, white),
+    inherited<LightingType>             (Word::Lighting,         Word::Explicit),
+    inherited<NonNegOutputSizeListType> (Word::ZXRatio,          0),
 };
-constinit Scene3dStylePropertyListMgr scene3dStylePropertyList;
+// clang-format on
 
 bool isPlacedRelatively(const SceneBase& scene) {
   const auto* canvas = elementCast<Canvas>(scene.parent());
@@ -93,19 +80,19 @@ void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
 }
 
 const Property* Scene2d::findProperty(Token name) const {
-  return findIn(name, scenePropertyList, sceneStylePropertyList);
+  return findIn(name, sceneProperties, sceneStyleProperties);
 }
 
 const Property* Scene3d::findProperty(Token name) const {
-  return findIn(name, scenePropertyList, sceneStylePropertyList, scene3dStylePropertyList);
+  return findIn(name, sceneProperties, sceneStyleProperties, scene3dStyleProperties);
 }
 
 const Property* Scene2dStyle::findProperty(Token name) const {
-  return sceneStylePropertyList.find(name);
+  return sceneStyleProperties.find(name);
 }
 
 const Property* Scene3dStyle::findProperty(Token name) const {
-  return findIn(name, scene3dStylePropertyList, sceneStylePropertyList);
+  return findIn(name, scene3dStyleProperties, sceneStyleProperties);
 }
 
 }  // namespace vantry::plot

@@ -4,22 +4,20 @@ namespace vantry::plot {
 
 namespace {
 
-class SpherePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Sphere;
-    // clang-format off
-    mandatory<P3Trait>     (Word::Center,    {0, 0, 0},   1, &E::center);
-    mandatory<RadiusType>  (Word::Radius,    1,           2, &E::radius);
-    inherited<ShadingType> (Word::Shading,   Word::Flat, 16, &E::shading);
-    inherited<RGBATrait>   (Word::FillColor, black,       8, &E::fillColor);
-    // clang-format on
-  }
+using E = Sphere;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,           &E::center>    (Word::Center,    {0, 0, 0}),
+    mandatory<NonNegLengthType, &E::radius>    (Word::Radius,    1),
+    inherited<ShadingType,      &E::shading>   (Word::Shading,   Word::Flat),
+    inherited<RGBAType,         &E::fillColor> (Word::FillColor, black),
 };
-constinit SpherePropertyListMgr spherePropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Sphere::propertyList() { return spherePropertyList; }
+const PropertyList& Sphere::propertyList() { return properties; }
 
 Sphere::Sphere(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

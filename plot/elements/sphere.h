@@ -12,12 +12,12 @@ class Sphere : public Primitive<Sphere> {
 
   explicit Sphere(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> center;
-  Stored<double> radius;
-  Stored<Token> shading;
-  Stored<RGBA> fillColor;
+  Resolved<P3> center;
+  Resolved<double> radius;
+  Resolved<Token> shading;
+  Resolved<RGBA> fillColor;
 };
 
 }  // namespace vantry::plot

@@ -4,46 +4,44 @@ namespace vantry::plot {
 
 namespace {
 
-struct TypeType : EnumTrait<> {
+struct TypeType : EnumType<> {
   static constexpr std::array allowed{Word::Triangles, Word::TriangleStrip, Word::TriangleFan,
                                       Word::Quads, Word::QuadStrip};
 };
 
-class Surf3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Surf3d;
-    // clang-format off
+using E = Surf3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
     // The default type is none of the five: a surface that does not say its type is an error.
-    mandatory<TypeType>          (Word::Type,                Word::Lines,      2048, &E::type);
-    inherited<LineStyleType>     (Word::LineStyle,           Word::Solid,         1, &E::lineStyle);
-    inherited<PointStyleType>    (Word::PointStyle,          Word::Squares,      32, &E::pointStyle);
-    inherited<ColorType>         (Word::LineColorType,       Word::Flat,          8, &E::lineColorType);
-    inherited<ColorType>         (Word::FillColorType,       Word::Flat,        512, &E::fillColorType);
-    inherited<ShadingType>       (Word::Shading,             Word::Flat,        128, &E::shading);
-    inherited<PosOutputSizeType> (Word::LineWidth,           0.5,                 2, &E::lineWidth);
-    inherited<PosOutputSizeType> (Word::PointSize,           2,                  64, &E::pointSize);
-    inherited<RGBATrait>         (Word::LineColor,           black,               4, &E::lineColor);
-    inherited<RGBATrait>         (Word::LineColor2,          blue,               16, &E::lineColor2);
-    inherited<RGBATrait>         (Word::FillColor,           red,               256, &E::fillColor);
-    inherited<RGBATrait>         (Word::FillColor2,          yellow,           1024, &E::fillColor2);
-    optional<BoolTrait>          (Word::HasLineColors,       false,           32768, &E::hasLineColors);
-    inherited<BoolTrait>         (Word::MeshVisible,         false,            4096, &E::meshVisible);
-    inherited<BoolTrait>         (Word::PointsVisible,       false,            8192, &E::pointsVisible);
-    inherited<BoolTrait>         (Word::Filled,              true,            16384, &E::filled);
-    inherited<DoubleTrait>       (Word::LineColorDirectionX, 0,               65536, &E::lineColorDirectionX);
-    inherited<DoubleTrait>       (Word::LineColorDirectionY, 0,              131072, &E::lineColorDirectionY);
-    inherited<DoubleTrait>       (Word::LineColorDirectionZ, 1,              262144, &E::lineColorDirectionZ);
-    inherited<DoubleTrait>       (Word::FillColorDirectionX, 0,              524288, &E::fillColorDirectionX);
-    inherited<DoubleTrait>       (Word::FillColorDirectionY, 0,             1048576, &E::fillColorDirectionY);
-    inherited<DoubleTrait>       (Word::FillColorDirectionZ, 1,             2097152, &E::fillColorDirectionZ);
-    // clang-format on
-  }
+    mandatory<TypeType,          &E::type>                (Word::Type,                Word::Lines),
+    inherited<LineStyleType,     &E::lineStyle>           (Word::LineStyle,           Word::Solid),
+    inherited<PointStyleType,    &E::pointStyle>          (Word::PointStyle,          Word::Squares),
+    inherited<ColorType,         &E::lineColorType>       (Word::LineColorType,       Word::Flat),
+    inherited<ColorType,         &E::fillColorType>       (Word::FillColorType,       Word::Flat),
+    inherited<ShadingType,       &E::shading>             (Word::Shading,             Word::Flat),
+    inherited<PosOutputSizeType, &E::lineWidth>           (Word::LineWidth,           0.5),
+    inherited<PosOutputSizeType, &E::pointSize>           (Word::PointSize,           2),
+    inherited<RGBAType,          &E::lineColor>           (Word::LineColor,           black),
+    inherited<RGBAType,          &E::lineColor2>          (Word::LineColor2,          blue),
+    inherited<RGBAType,          &E::fillColor>           (Word::FillColor,           red),
+    inherited<RGBAType,          &E::fillColor2>          (Word::FillColor2,          yellow),
+    optional<BoolType,           &E::hasLineColors>       (Word::HasLineColors,       false),
+    inherited<BoolType,          &E::meshVisible>         (Word::MeshVisible,         false),
+    inherited<BoolType,          &E::pointsVisible>       (Word::PointsVisible,       false),
+    inherited<BoolType,          &E::filled>              (Word::Filled,              true),
+    inherited<DoubleType,        &E::lineColorDirectionX> (Word::LineColorDirectionX, 0),
+    inherited<DoubleType,        &E::lineColorDirectionY> (Word::LineColorDirectionY, 0),
+    inherited<DoubleType,        &E::lineColorDirectionZ> (Word::LineColorDirectionZ, 1),
+    inherited<DoubleType,        &E::fillColorDirectionX> (Word::FillColorDirectionX, 0),
+    inherited<DoubleType,        &E::fillColorDirectionY> (Word::FillColorDirectionY, 0),
+    inherited<DoubleType,        &E::fillColorDirectionZ> (Word::FillColorDirectionZ, 1),
 };
-constinit Surf3dPropertyListMgr surf3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Surf3d::propertyList() { return surf3dPropertyList; }
+const PropertyList& Surf3d::propertyList() { return properties; }
 
 Surf3d::Surf3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -12,30 +12,30 @@ class Surf3d : public Primitive<Surf3d, P3List> {
 
   explicit Surf3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> type;
-  Stored<Token> lineStyle;
-  Stored<Token> pointStyle;
-  Stored<Token> lineColorType;
-  Stored<Token> fillColorType;
-  Stored<Token> shading;
-  Stored<double> lineWidth;
-  Stored<double> pointSize;
-  Stored<RGBA> lineColor;
-  Stored<RGBA> lineColor2;
-  Stored<RGBA> fillColor;
-  Stored<RGBA> fillColor2;
-  Stored<bool> hasLineColors;
-  Stored<bool> meshVisible;
-  Stored<bool> pointsVisible;
-  Stored<bool> filled;
-  Stored<double> lineColorDirectionX;
-  Stored<double> lineColorDirectionY;
-  Stored<double> lineColorDirectionZ;
-  Stored<double> fillColorDirectionX;
-  Stored<double> fillColorDirectionY;
-  Stored<double> fillColorDirectionZ;
+  Resolved<Token> type;
+  Resolved<Token> lineStyle;
+  Resolved<Token> pointStyle;
+  Resolved<Token> lineColorType;
+  Resolved<Token> fillColorType;
+  Resolved<Token> shading;
+  Resolved<double> lineWidth;
+  Resolved<double> pointSize;
+  Resolved<RGBA> lineColor;
+  Resolved<RGBA> lineColor2;
+  Resolved<RGBA> fillColor;
+  Resolved<RGBA> fillColor2;
+  Resolved<bool> hasLineColors;
+  Resolved<bool> meshVisible;
+  Resolved<bool> pointsVisible;
+  Resolved<bool> filled;
+  Resolved<double> lineColorDirectionX;
+  Resolved<double> lineColorDirectionY;
+  Resolved<double> lineColorDirectionZ;
+  Resolved<double> fillColorDirectionX;
+  Resolved<double> fillColorDirectionY;
+  Resolved<double> fillColorDirectionZ;
 };
 
 }  // namespace vantry::plot

@@ -6,23 +6,21 @@ namespace vantry::plot {
 
 namespace {
 
-class Text2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Text2d;
-    // clang-format off
-    mandatory<P2Trait>                 (Word::Position,            {0, 0},                 1, &E::position);
-    optional<DoubleTrait>              (Word::TextRotation,        0,                      2, &E::textRotation);
-    inherited<HorizontalAlignmentType> (Word::HorizontalAlignment, Word::Left,             4, &E::horizontalAlignment);
-    inherited<VerticalAlignmentType>   (Word::VerticalAlignment,   Word::BaseLine,         8, &E::verticalAlignment);
-    inherited<FontStyleTrait>          (Word::TextFont,            FontStyle::standard(), 16, &E::textFont);
-    // clang-format on
-  }
+using E = Text2d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P2Type,                  &E::position>            (Word::Position,            {0, 0}),
+    optional<DoubleType,               &E::textRotation>        (Word::TextRotation,        0),
+    inherited<HorizontalAlignmentType, &E::horizontalAlignment> (Word::HorizontalAlignment, Word::Left),
+    inherited<VerticalAlignmentType,   &E::verticalAlignment>   (Word::VerticalAlignment,   Word::BaseLine),
+    inherited<FontStyleType,           &E::textFont>            (Word::TextFont,            standardFont),
 };
-constinit Text2dPropertyListMgr text2dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Text2d::propertyList() { return text2dPropertyList; }
+const PropertyList& Text2d::propertyList() { return properties; }
 
 Text2d::Text2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

@@ -12,13 +12,13 @@ class Text2d : public Primitive<Text2d> {
 
   explicit Text2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> position;
-  Stored<double> textRotation;
-  Stored<Token> horizontalAlignment;
-  Stored<Token> verticalAlignment;
-  Stored<FontStyle> textFont;
+  Resolved<P2> position;
+  Resolved<double> textRotation;
+  Resolved<Token> horizontalAlignment;
+  Resolved<Token> verticalAlignment;
+  Resolved<FontStyle> textFont;
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;

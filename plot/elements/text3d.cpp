@@ -6,25 +6,23 @@ namespace vantry::plot {
 
 namespace {
 
-class Text3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Text3d;
-    // clang-format off
-    mandatory<P3Trait>                 (Word::Position,            {0, 0, 0},              1, &E::position);
-    mandatory<P3Trait>                 (Word::BaseDir,             {1, 0, 0},              2, &E::baseDir);
-    mandatory<P3Trait>                 (Word::FaceDir,             {0, 0, 1},              4, &E::faceDir);
-    inherited<HorizontalAlignmentType> (Word::HorizontalAlignment, Word::Left,             8, &E::horizontalAlignment);
-    inherited<VerticalAlignmentType>   (Word::VerticalAlignment,   Word::BaseLine,        16, &E::verticalAlignment);
-    inherited<FontStyleTrait>          (Word::TextFont,            FontStyle::standard(), 32, &E::textFont);
-    inherited<BoolTrait>               (Word::Billboarding,        true,                  64, &E::billboarding);
-    // clang-format on
-  }
+using E = Text3d;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<P3Type,                  &E::position>            (Word::Position,            {0, 0, 0}),
+    mandatory<P3Type,                  &E::baseDir>             (Word::BaseDir,             {1, 0, 0}),
+    mandatory<P3Type,                  &E::faceDir>             (Word::FaceDir,             {0, 0, 1}),
+    inherited<HorizontalAlignmentType, &E::horizontalAlignment> (Word::HorizontalAlignment, Word::Left),
+    inherited<VerticalAlignmentType,   &E::verticalAlignment>   (Word::VerticalAlignment,   Word::BaseLine),
+    inherited<FontStyleType,           &E::textFont>            (Word::TextFont,            standardFont),
+    inherited<BoolType,                &E::billboarding>        (Word::Billboarding,        true),
 };
-constinit Text3dPropertyListMgr text3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& Text3d::propertyList() { return text3dPropertyList; }
+const PropertyList& Text3d::propertyList() { return properties; }
 
 Text3d::Text3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

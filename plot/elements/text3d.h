@@ -12,15 +12,15 @@ class Text3d : public Primitive<Text3d> {
 
   explicit Text3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> position;
-  Stored<P3> baseDir;
-  Stored<P3> faceDir;
-  Stored<Token> horizontalAlignment;
-  Stored<Token> verticalAlignment;
-  Stored<FontStyle> textFont;
-  Stored<bool> billboarding;
+  Resolved<P3> position;
+  Resolved<P3> baseDir;
+  Resolved<P3> faceDir;
+  Resolved<Token> horizontalAlignment;
+  Resolved<Token> verticalAlignment;
+  Resolved<FontStyle> textFont;
+  Resolved<bool> billboarding;
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;

@@ -4,20 +4,18 @@ namespace vantry::plot {
 
 namespace {
 
-class TimeRangePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = TimeRange;
-    // clang-format off
-    mandatory<DoubleTrait> (Word::TimeBegin,  0, 1, &E::timeBegin);
-    mandatory<DoubleTrait> (Word::TimeEnd,   10, 2, &E::timeEnd);
-    // clang-format on
-  }
+using E = TimeRange;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<DoubleType, &E::timeBegin> (Word::TimeBegin, 0),
+    mandatory<DoubleType, &E::timeEnd>   (Word::TimeEnd,   10),
 };
-constinit TimeRangePropertyListMgr timeRangePropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& TimeRange::propertyList() { return timeRangePropertyList; }
+const PropertyList& TimeRange::propertyList() { return properties; }
 
 TimeRange::TimeRange(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

@@ -12,10 +12,10 @@ class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement
 
   explicit TimeRange(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> timeBegin;
-  Stored<double> timeEnd;
+  Resolved<double> timeBegin;
+  Resolved<double> timeEnd;
 };
 
 }  // namespace vantry::plot

@@ -6,41 +6,32 @@ namespace vantry::plot {
 
 namespace {
 
-class TrPropertyListMgr final : public PropertyListMgr {
-  void fill() override { optional<DoubleTrait>(Word::Param, nan, 1, &TrBase::param); }
+// clang-format off
+constexpr PropertyListOf trProperties{
+    optional<DoubleType, &TrBase::param> (Word::Param, nan),
 };
-constinit TrPropertyListMgr trPropertyList;
 
-class Tr2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Tr2d;
-    // clang-format off
-    optional<P2Trait> (Word::Shift, {0, 0}, 2, &E::shift);
-    optional<P2Trait> (Word::Row1,  {1, 0}, 4, &E::row1);
-    optional<P2Trait> (Word::Row2,  {0, 1}, 8, &E::row2);
-    // clang-format on
-  }
+constexpr PropertyListOf tr2dProperties{
+    trProperties,
+    optional<P2Type, &Tr2d::shift> (Word::Shift, {0, 0}),
+    optional<P2Type, &Tr2d::row1>  (Word::Row1,  {1, 0}),
+    optional<P2Type, &Tr2d::row2>  (Word::Row2,  {0, 1}),
 };
-constinit Tr2dPropertyListMgr tr2dPropertyList;
 
-class Tr3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = Tr3d;
-    // clang-format off
-    optional<P3Trait> (Word::Shift, {0, 0, 0},  2, &E::shift);
-    optional<P3Trait> (Word::Row1,  {1, 0, 0},  4, &E::row1);
-    optional<P3Trait> (Word::Row2,  {0, 1, 0},  8, &E::row2);
-    optional<P3Trait> (Word::Row3,  {0, 0, 1}, 16, &E::row3);
-    // clang-format on
-  }
+constexpr PropertyListOf tr3dProperties{
+    trProperties,
+    optional<P3Type, &Tr3d::shift> (Word::Shift, {0, 0, 0}),
+    optional<P3Type, &Tr3d::row1>  (Word::Row1,  {1, 0, 0}),
+    optional<P3Type, &Tr3d::row2>  (Word::Row2,  {0, 1, 0}),
+    optional<P3Type, &Tr3d::row3>  (Word::Row3,  {0, 0, 1}),
 };
-constinit Tr3dPropertyListMgr tr3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& TrBase::propertyList() { return trPropertyList; }
-PropertyListMgr& Tr2d::propertyList() { return tr2dPropertyList; }
-PropertyListMgr& Tr3d::propertyList() { return tr3dPropertyList; }
+const PropertyList& TrBase::propertyList() { return trProperties; }
+const PropertyList& Tr2d::propertyList() { return tr2dProperties; }
+const PropertyList& Tr3d::propertyList() { return tr3dProperties; }
 
 TrBase::TrBase(dom::Document* document) : WithMembers(document) {
   propertyList().initialise(*this);

@@ -14,9 +14,9 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> param;
+  Resolved<double> param;
 
  protected:
   TrBase(const TrBase&) = default;
@@ -32,11 +32,11 @@ class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
 
   explicit Tr2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P2> shift;
-  Stored<P2> row1;
-  Stored<P2> row2;
+  Resolved<P2> shift;
+  Resolved<P2> row1;
+  Resolved<P2> row2;
 };
 
 /// A map of space: a matrix of three rows, and a shift.
@@ -46,12 +46,12 @@ class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
 
   explicit Tr3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<P3> shift;
-  Stored<P3> row1;
-  Stored<P3> row2;
-  Stored<P3> row3;
+  Resolved<P3> shift;
+  Resolved<P3> row1;
+  Resolved<P3> row2;
+  Resolved<P3> row3;
 };
 
 }  // namespace vantry::plot

@@ -7,25 +7,23 @@ namespace vantry::plot {
 
 namespace {
 
-class TransformPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = TransformBase;
-    // clang-format off
-    mandatory<TypePropertyImpl>      (Word::Type,       {},     1, &E::type);
-    optional<IdPropertyImpl>         (Word::Id,         {},     2, &E::id);
-    optional<StringTrait>            (Word::Name,       {},     4, &E::name);
-    optional<ConsistentPropertyImpl> (Word::Consistent, false, 16, &E::consistent);
-    inherited<FramesType>            (Word::Frames,     0,      8, &E::frames);
-    inherited<DoubleTrait>           (Word::TimeBegin,  0,     32, &E::timeBegin);
-    inherited<DoubleTrait>           (Word::TimeEnd,    4,     64, &E::timeEnd);
-    // clang-format on
-  }
+using E = TransformBase;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<TypeNameType,   &E::type>       (Word::Type,       {}),
+    optional<IdType,          &E::id>         (Word::Id,         {}),
+    optional<StringType,      &E::name>       (Word::Name,       {}),
+    optional<ConsistentType,  &E::consistent> (Word::Consistent, false),
+    inherited<NonNegLongType, &E::frames>     (Word::Frames,     0),
+    inherited<DoubleType,     &E::timeBegin>  (Word::TimeBegin,  0),
+    inherited<DoubleType,     &E::timeEnd>    (Word::TimeEnd,    4),
 };
-constinit TransformPropertyListMgr transformPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& TransformBase::propertyList() { return transformPropertyList; }
+const PropertyList& TransformBase::propertyList() { return properties; }
 
 TransformBase::TransformBase(dom::Document* document) : ContainerWithMembers(document) {
   propertyList().initialise(*this);

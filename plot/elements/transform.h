@@ -24,15 +24,15 @@ class TransformBase
   bool beginCommand(CmdWriter& writer) const override;
   void endCommand(CmdWriter& writer) const override;
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<Token> type;
-  Stored<base::FixedString> id;
-  Stored<base::FixedString> name;
-  Stored<bool> consistent;
-  Stored<std::int32_t> frames;
-  Stored<double> timeBegin;
-  Stored<double> timeEnd;
+  Resolved<Token> type;
+  Resolved<base::FixedString> id;
+  Resolved<base::FixedString> name;
+  Resolved<bool> consistent;
+  Resolved<std::int32_t> frames;
+  Resolved<double> timeBegin;
+  Resolved<double> timeEnd;
 
  protected:
   TransformBase(const TransformBase&) = default;

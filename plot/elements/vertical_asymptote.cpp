@@ -4,23 +4,21 @@ namespace vantry::plot {
 
 namespace {
 
-class VerticalAsymptotePropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = VerticalAsymptote;
-    // clang-format off
-    mandatory<DoubleTrait>       (Word::Position,                  0,             1, &E::position);
-    inherited<BoolTrait>         (Word::VerticalAsymptotesVisible, true,          2, &E::verticalAsymptotesVisible);
-    inherited<LineStyleType>     (Word::VerticalAsymptotesStyle,   Word::Dashed,  4, &E::verticalAsymptotesStyle);
-    inherited<PosOutputSizeType> (Word::VerticalAsymptotesWidth,   0.5,           8, &E::verticalAsymptotesWidth);
-    inherited<RGBATrait>         (Word::VerticalAsymptotesColor,   black,        16, &E::verticalAsymptotesColor);
-    // clang-format on
-  }
+using E = VerticalAsymptote;
+
+// clang-format off
+constexpr PropertyListOf properties{
+    mandatory<DoubleType,        &E::position>                  (Word::Position,                  0),
+    inherited<BoolType,          &E::verticalAsymptotesVisible> (Word::VerticalAsymptotesVisible, true),
+    inherited<LineStyleType,     &E::verticalAsymptotesStyle>   (Word::VerticalAsymptotesStyle,   Word::Dashed),
+    inherited<PosOutputSizeType, &E::verticalAsymptotesWidth>   (Word::VerticalAsymptotesWidth,   0.5),
+    inherited<RGBAType,          &E::verticalAsymptotesColor>   (Word::VerticalAsymptotesColor,   black),
 };
-constinit VerticalAsymptotePropertyListMgr verticalAsymptotePropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& VerticalAsymptote::propertyList() { return verticalAsymptotePropertyList; }
+const PropertyList& VerticalAsymptote::propertyList() { return properties; }
 
 VerticalAsymptote::VerticalAsymptote(dom::Document* document) : ElementOf(document) {
   propertyList().initialise(*this);

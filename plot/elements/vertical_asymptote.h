@@ -12,13 +12,13 @@ class VerticalAsymptote : public Primitive<VerticalAsymptote> {
 
   explicit VerticalAsymptote(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> position;
-  Stored<bool> verticalAsymptotesVisible;
-  Stored<Token> verticalAsymptotesStyle;
-  Stored<double> verticalAsymptotesWidth;
-  Stored<RGBA> verticalAsymptotesColor;
+  Resolved<double> position;
+  Resolved<bool> verticalAsymptotesVisible;
+  Resolved<Token> verticalAsymptotesStyle;
+  Resolved<double> verticalAsymptotesWidth;
+  Resolved<RGBA> verticalAsymptotesColor;
 };
 
 }  // namespace vantry::plot

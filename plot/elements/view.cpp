@@ -4,48 +4,38 @@ namespace vantry::plot {
 
 namespace {
 
-class View2dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = View2d;
-    // clang-format off
-    optional<ViewParamType> (Word::ViewXMin, nan, 1, &E::viewXMin);
-    optional<ViewParamType> (Word::ViewXMax, nan, 2, &E::viewXMax);
-    optional<ViewParamType> (Word::ViewYMin, nan, 4, &E::viewYMin);
-    optional<ViewParamType> (Word::ViewYMax, nan, 8, &E::viewYMax);
-    // clang-format on
-  }
+// clang-format off
+constexpr PropertyListOf view2dProperties{
+    optional<FloatOrNaNType, &View2d::viewXMin> (Word::ViewXMin, nan),
+    optional<FloatOrNaNType, &View2d::viewXMax> (Word::ViewXMax, nan),
+    optional<FloatOrNaNType, &View2d::viewYMin> (Word::ViewYMin, nan),
+    optional<FloatOrNaNType, &View2d::viewYMax> (Word::ViewYMax, nan),
 };
-constinit View2dPropertyListMgr view2dPropertyList;
 
-class View3dPropertyListMgr final : public PropertyListMgr {
-  void fill() override {
-    using E = View3d;
-    // clang-format off
-    optional<ViewParamType> (Word::ViewPositionX,            nan,       1, &E::viewPositionX);
-    optional<ViewParamType> (Word::ViewPositionY,            nan,       2, &E::viewPositionY);
-    optional<ViewParamType> (Word::ViewPositionZ,            nan,       4, &E::viewPositionZ);
-    optional<ViewParamType> (Word::ViewFocalPointX,          nan,       8, &E::viewFocalPointX);
-    optional<ViewParamType> (Word::ViewFocalPointY,          nan,      16, &E::viewFocalPointY);
-    optional<ViewParamType> (Word::ViewFocalPointZ,          nan,      32, &E::viewFocalPointZ);
-    optional<ViewParamType> (Word::ViewViewingAngle,         nan,      64, &E::viewViewingAngle);
-    optional<ViewParamType> (Word::ViewTranslationX,         nan,     256, &E::viewTranslationX);
-    optional<ViewParamType> (Word::ViewTranslationY,         nan,     512, &E::viewTranslationY);
-    optional<ViewParamType> (Word::ViewTranslationZ,         nan,    1024, &E::viewTranslationZ);
-    optional<ViewParamType> (Word::ViewUpVectorX,            nan,    4096, &E::viewUpVectorX);
-    optional<ViewParamType> (Word::ViewUpVectorY,            nan,    8192, &E::viewUpVectorY);
-    optional<ViewParamType> (Word::ViewUpVectorZ,            nan,   16384, &E::viewUpVectorZ);
-    optional<BoolTrait>     (Word::ViewOrthogonalProjection, false,   128, &E::viewOrthogonalProjection);
-    optional<BoolTrait>     (Word::ViewDirectional,          false,  2048, &E::viewDirectional);
-    optional<BoolTrait>     (Word::ViewKeepUpVector,         true,  32768, &E::viewKeepUpVector);
-    // clang-format on
-  }
+constexpr PropertyListOf view3dProperties{
+    optional<FloatOrNaNType, &View3d::viewPositionX>            (Word::ViewPositionX,            nan),
+    optional<FloatOrNaNType, &View3d::viewPositionY>            (Word::ViewPositionY,            nan),
+    optional<FloatOrNaNType, &View3d::viewPositionZ>            (Word::ViewPositionZ,            nan),
+    optional<FloatOrNaNType, &View3d::viewFocalPointX>          (Word::ViewFocalPointX,          nan),
+    optional<FloatOrNaNType, &View3d::viewFocalPointY>          (Word::ViewFocalPointY,          nan),
+    optional<FloatOrNaNType, &View3d::viewFocalPointZ>          (Word::ViewFocalPointZ,          nan),
+    optional<FloatOrNaNType, &View3d::viewViewingAngle>         (Word::ViewViewingAngle,         nan),
+    optional<FloatOrNaNType, &View3d::viewTranslationX>         (Word::ViewTranslationX,         nan),
+    optional<FloatOrNaNType, &View3d::viewTranslationY>         (Word::ViewTranslationY,         nan),
+    optional<FloatOrNaNType, &View3d::viewTranslationZ>         (Word::ViewTranslationZ,         nan),
+    optional<FloatOrNaNType, &View3d::viewUpVectorX>            (Word::ViewUpVectorX,            nan),
+    optional<FloatOrNaNType, &View3d::viewUpVectorY>            (Word::ViewUpVectorY,            nan),
+    optional<FloatOrNaNType, &View3d::viewUpVectorZ>            (Word::ViewUpVectorZ,            nan),
+    optional<BoolType,       &View3d::viewOrthogonalProjection> (Word::ViewOrthogonalProjection, false),
+    optional<BoolType,       &View3d::viewDirectional>          (Word::ViewDirectional,          false),
+    optional<BoolType,       &View3d::viewKeepUpVector>         (Word::ViewKeepUpVector,         true),
 };
-constinit View3dPropertyListMgr view3dPropertyList;
+// clang-format on
 
 }  // namespace
 
-PropertyListMgr& View2d::propertyList() { return view2dPropertyList; }
-PropertyListMgr& View3d::propertyList() { return view3dPropertyList; }
+const PropertyList& View2d::propertyList() { return view2dProperties; }
+const PropertyList& View3d::propertyList() { return view3dProperties; }
 
 View2d::View2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
 

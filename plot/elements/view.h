@@ -12,12 +12,12 @@ class View2d : public ElementOf<View2d, WithMembers<View2d, LeafElement>> {
 
   explicit View2d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> viewXMin;
-  Stored<double> viewXMax;
-  Stored<double> viewYMin;
-  Stored<double> viewYMax;
+  Resolved<double> viewXMin;
+  Resolved<double> viewXMax;
+  Resolved<double> viewYMin;
+  Resolved<double> viewYMax;
 };
 
 /// From where a 3d scene is looked at. What was not chosen is NaN. The angle is in radians.
@@ -27,24 +27,24 @@ class View3d : public ElementOf<View3d, WithMembers<View3d, LeafElement>> {
 
   explicit View3d(dom::Document* document);
 
-  static PropertyListMgr& propertyList();
+  static const PropertyList& propertyList();
 
-  Stored<double> viewPositionX;
-  Stored<double> viewPositionY;
-  Stored<double> viewPositionZ;
-  Stored<double> viewFocalPointX;
-  Stored<double> viewFocalPointY;
-  Stored<double> viewFocalPointZ;
-  Stored<double> viewViewingAngle;
-  Stored<double> viewTranslationX;
-  Stored<double> viewTranslationY;
-  Stored<double> viewTranslationZ;
-  Stored<double> viewUpVectorX;
-  Stored<double> viewUpVectorY;
-  Stored<double> viewUpVectorZ;
-  Stored<bool> viewOrthogonalProjection;
-  Stored<bool> viewDirectional;
-  Stored<bool> viewKeepUpVector;
+  Resolved<double> viewPositionX;
+  Resolved<double> viewPositionY;
+  Resolved<double> viewPositionZ;
+  Resolved<double> viewFocalPointX;
+  Resolved<double> viewFocalPointY;
+  Resolved<double> viewFocalPointZ;
+  Resolved<double> viewViewingAngle;
+  Resolved<double> viewTranslationX;
+  Resolved<double> viewTranslationY;
+  Resolved<double> viewTranslationZ;
+  Resolved<double> viewUpVectorX;
+  Resolved<double> viewUpVectorY;
+  Resolved<double> viewUpVectorZ;
+  Resolved<bool> viewOrthogonalProjection;
+  Resolved<bool> viewDirectional;
+  Resolved<bool> viewKeepUpVector;
 };
 
 }  // namespace vantry::plot

@@ -31,6 +31,7 @@ class AttributeListElement : public OptionedPlotElement {
   /// Throws 15 also for a mandatory property that has no value.
   Variant getPropertyValue(Token name) const override;
   void setPropertyValue(Token name, const Variant& value) override;
+  bool parentPropertyChanged(PlotElement&, Token) override { return false; }
   void propertyChanged(PlotElement& source, Token name) override;
   void dropInheritedProperties() override;
 

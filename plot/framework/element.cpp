@@ -58,7 +58,7 @@ bool PlotElement::canSetAttribute(Token name, const Variant& value) const {
 
 bool PlotElement::canRemoveAttribute(Token name) const {
   const Property* property = findProperty(name);
-  return property && property->isRemovable(*this);
+  return property && !property->isMandatory();
 }
 
 void PlotElement::doSetAttribute(Token name, const Variant& value) {
@@ -102,10 +102,7 @@ void PlotElement::setPropertyValue(Token name, const Variant& value) {
   }
 }
 
-bool PlotElement::isWritableProperty(Token name) const {
-  const Property* property = findProperty(name);
-  return property && property->isWritable(*this);
-}
+bool PlotElement::isWritableProperty(Token name) const { return findProperty(name) != nullptr; }
 
 const PlotElement* PlotElement::styleParent(Token) const { return nullptr; }
 

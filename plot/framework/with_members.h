@@ -1,8 +1,8 @@
 // Elements that keep the values of their properties in members.
 #pragma once
 
-#include "vantry/plot/framework/property_list_mgr.h"
-#include "vantry/plot/framework/property_types.h"
+#include "vantry/plot/framework/element.h"
+#include "vantry/plot/framework/property_list.h"
 
 namespace vantry::plot {
 

@@ -1,15 +1,15 @@
 // The properties of objects and their styles.
 #pragma once
 
-#include "vantry/plot/framework/property_list_mgr.h"
+#include "vantry/plot/framework/property_list.h"
 
 namespace vantry::plot {
 
 /// What every object has for itself.
-PropertyListMgr& objectProperties();
+const PropertyList& objectProperties();
 /// What objects of both dimensions take from styles.
-PropertyListMgr& objectStyleProperties();
-PropertyListMgr& object2dStyleProperties();
-PropertyListMgr& object3dStyleProperties();
+const PropertyList& objectStyleProperties();
+const PropertyList& object2dStyleProperties();
+const PropertyList& object3dStyleProperties();
 
 }  // namespace vantry::plot

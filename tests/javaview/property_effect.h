@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "minimal_document.h"
-#include "vantry/plot/framework/property_list_mgr.h"
+#include "vantry/plot/framework/property_list.h"
 
 namespace vantry::javaview {
 
@@ -106,14 +106,13 @@ void expectPropertyEffects(const MinimalDocument& base,
   for (const auto& [name, value] : base.attributes) {
     element->setAttributeFromString(name, value.c_str());
   }
-  for (const auto& [name, property] : T::propertyList().entries()) {
-    const auto isThisOne = [&name = name](const PropertyEffect& effect) {
-      return effect.property == name;
-    };
+  for (const Property& property : T::propertyList().properties()) {
+    const Token name = property.name();
+    const auto isThisOne = [name](const PropertyEffect& effect) { return effect.property == name; };
     if (std::ranges::any_of(effects, isThisOne)) continue;
     const Variant current =
-        element->hasAttribute(name) ? element->getAttribute(name) : property->defaultVariant();
-    for (const std::string& value : otherValues(*property, current)) {
+        element->hasAttribute(name) ? element->getAttribute(name) : property.defaultVariant();
+    for (const std::string& value : otherValues(property, current)) {
       SCOPED_TRACE(std::string(name.str()) + " = " + value);
       EXPECT_EQ(convertWith(name, value), text) << "an effect where none is known";
     }

@@ -8,6 +8,7 @@
 namespace vantry::plot::test {
 
 enum Kind { optional, inherited, mandatory };
+enum Place { inList, inMember };
 enum ValueType { boolean, integer, real, word, text, color, p2, p3, font };
 
 struct ExpectedProperty {
@@ -15,8 +16,8 @@ struct ExpectedProperty {
   Kind kind;
   ValueType type;
   const char* defaultText;  ///< "none" for a null token or text, "standard" for the standard font
-  unsigned bit;             ///< 0 for a property of an attribute list
-  const char* rule;         ///< the named type, or ""
+  Place place;
+  const char* rule;  ///< the named type, or ""
 };
 
 /// The lists of properties by name.

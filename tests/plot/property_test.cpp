@@ -1,9 +1,7 @@
 // How properties are set, resolved, removed and told: for values in members, and in lists.
-#include <array>
 #include <cmath>
 #include <map>
 #include <sstream>
-#include <thread>
 
 #include "plot_test.h"
 #include "vantry/plot/elements/box.h"
@@ -17,8 +15,7 @@
 #include "vantry/plot/elements/sphere.h"
 #include "vantry/plot/elements/transform.h"
 #include "vantry/plot/elements/view.h"
-#include "vantry/plot/framework/property_list_mgr.h"
-#include "vantry/plot/framework/property_types.h"
+#include "vantry/plot/framework/property_list.h"
 #include "vantry/plot/styles/obj_style.h"
 #include "vantry/plot/values/cmd_writer.h"
 
@@ -487,26 +484,14 @@ TEST_F(PropertyTest, AListHoldsOnlyWhatWasSet) {
   EXPECT_FALSE(object->hasAttribute(Word::LineWidth));
 }
 
-TEST_F(PropertyTest, AListPropertyLeavesAllToTheElement) {
-  const ObjStyle* style = add<ObjStyle>(*canvas, {{Word::Type, "Surface"}, {Word::LineWidth, "2"}});
+TEST_F(PropertyTest, AListPropertyHasNoMember) {
   object->setAttributeFromString(Word::LineWidth, "2");
   const Property& property = *object->findProperty(Word::LineWidth);
-  PropertyObserver observer(*document);
-  EXPECT_FALSE(property.inheritFrom(*object, {style}));
-  EXPECT_FALSE(property.parentChanged(*object, *canvas));
-  EXPECT_FALSE(property.parentChanged(*object, *object));
-  property.store(*object, DoubleVariant(5));
-  property.setValue(*object, DoubleVariant(5));
-  property.clear(*object);
-  property.dropIfInherited(*object, *style);
+  Variant out;
+  EXPECT_FALSE(property.isSet(*object));
+  EXPECT_FALSE(property.getIfSet(*object, out));
+  EXPECT_TRUE(out.isEmpty());
   EXPECT_EQ(object->getAttribute(Word::LineWidth), DoubleVariant(2));
-  EXPECT_EQ(observer.take(), Log{});
-
-  std::ostringstream out;
-  CmdWriter writer(out, Word::MM);
-  property.putXmlMember(out, *object);
-  property.putCmdMember(writer, *object);
-  EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(PropertyTest, AnUnknownPropertyOfAListElement) {
@@ -644,75 +629,51 @@ TEST_F(PropertyTest, AMemberElementWritesWhatWasSet) {
       << "what is inherited is not written";
 }
 
-// The tables of properties. A list is never destroyed, so these are static too.
+// The lists of properties.
 
-struct CountingList final : PropertyListMgr {
-  int filled = 0;
-  int failures = 0;
-  PropertyListMgr* other = nullptr;
-
-  void fill() override {
-    optional<BoolTrait>(Word::Visible, true);
-    if (failures-- > 0) throw std::bad_alloc();
-    ++filled;
-    if (other) other->find(Word::Name);
-    inherited<DoubleTrait>(Word::LineWidth, 1);
-    mandatory<TokenTrait>(Word::Type, {});
-  }
+constexpr PropertyListOf someProperties{
+    optional<BoolType>(Word::Visible, true),
+    inherited<DoubleType>(Word::LineWidth, 1),
+    mandatory<TokenType>(Word::Type, {}),
 };
 
-TEST(PropertyListMgr, IsBuiltAtItsFirstUseAndOnce) {
-  static CountingList list;
-  EXPECT_EQ(list.filled, 0);
-  EXPECT_NE(list.find(Word::Type), nullptr);
-  EXPECT_EQ(list.find(Word::Name), nullptr);
-  EXPECT_EQ(list.find(Token()), nullptr);
-  EXPECT_EQ(list.find(Word::LineWidth)->name(), Word::LineWidth);
-  EXPECT_EQ(list.filled, 1);
+TEST(PropertyList, FindsItsProperties) {
+  EXPECT_EQ(someProperties.find(Word::LineWidth), &someProperties.properties()[1]);
+  EXPECT_EQ(someProperties.find(Word::LineWidth)->name(), Word::LineWidth);
+  EXPECT_EQ(someProperties.find(Word::Name), nullptr);
+  EXPECT_EQ(someProperties.find(Token()), nullptr);
+  EXPECT_EQ(someProperties.find(token("Wobbly")), nullptr);
 }
 
-TEST(PropertyListMgr, KeepsTheOrderOfTheTokens) {
-  static CountingList list;
-  ASSERT_EQ(list.entries().size(), 3U);
-  EXPECT_TRUE(list.entries()[0].first < list.entries()[1].first);
-  EXPECT_TRUE(list.entries()[1].first < list.entries()[2].first);
+TEST(PropertyList, ShowsItsPropertiesInTheOrderOfItsRows) {
+  std::vector<Token> names;
+  for (const Property& property : someProperties.properties()) names.push_back(property.name());
+  EXPECT_EQ(names, (std::vector<Token>{Word::Visible, Word::LineWidth, Word::Type}));
 }
 
-TEST(PropertyListMgr, AFailedBuildIsTriedAgain) {
-  static CountingList list;
-  list.failures = 1;
-  EXPECT_THROW(list.find(Word::Type), std::bad_alloc);
-  EXPECT_NE(list.find(Word::Type), nullptr);
-  EXPECT_EQ(list.entries().size(), 3U) << "nothing of the first attempt is left";
+TEST(PropertyList, KnowsTheKindsOfItsProperties) {
+  const auto isOfKind = [](Token name, bool isInherited, bool isMandatory) {
+    const Property& property = *someProperties.find(name);
+    return property.isInherited() == isInherited && property.isMandatory() == isMandatory;
+  };
+  EXPECT_TRUE(isOfKind(Word::Visible, false, false));
+  EXPECT_TRUE(isOfKind(Word::LineWidth, true, false));
+  EXPECT_TRUE(isOfKind(Word::Type, false, true));
 }
 
-TEST(PropertyListMgr, BuildingMayAskAnotherList) {
-  static CountingList inner;
-  static CountingList outer;
-  outer.other = &inner;
-  outer.find(Word::Type);
-  EXPECT_EQ(inner.filled, 1);
+TEST(PropertyList, IsReadyBeforeAnythingRuns) {
+  constexpr std::size_t bits = someProperties.bitCount();
+  EXPECT_EQ(bits, 3U);
+  static constexpr PropertyListOf derived{someProperties, optional<LongType>(Word::Rows, 0)};
+  EXPECT_EQ(derived.bitCount(), 4U) << "the bits go on behind those of the base";
 }
 
-TEST(PropertyListMgr, ThreadsThatAskAtOnceBuildItOnce) {
-  static std::array<CountingList, 50> lists;
-  for (CountingList& list : lists) {
-    std::array<const Property*, 4> found{};
-    std::vector<std::thread> threads;
-    for (const Property*& property : found) {
-      threads.emplace_back([&list, &property] { property = list.find(Word::Type); });
-    }
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(list.filled, 1);
-    for (const Property* property : found) EXPECT_EQ(property, list.find(Word::Type));
-  }
-}
-
-TEST(PropertyListMgr, TheFirstListThatHasTheNameAnswers) {
-  static CountingList first;
-  static CountingList second;
-  EXPECT_EQ(findIn(Word::Type, first, second), first.find(Word::Type));
-  EXPECT_EQ(findIn(Word::Name, first, second), nullptr);
+TEST(PropertyList, TheFirstListThatHasTheNameAnswers) {
+  static constexpr PropertyListOf others{mandatory<TokenType>(Word::Type, {}),
+                                         optional<LongType>(Word::Rows, 0)};
+  EXPECT_EQ(findIn(Word::Type, someProperties, others), someProperties.find(Word::Type));
+  EXPECT_EQ(findIn(Word::Rows, someProperties, others), others.find(Word::Rows));
+  EXPECT_EQ(findIn(Word::Name, someProperties, others), nullptr);
 }
 
 }  // namespace
