@@ -2,8 +2,8 @@
 #pragma once
 
 #include "vantry/dom/dom_exception.h"
-#include "vantry/plot/framework/text_content.h"
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/text_element.h"
+#include "vantry/plot/framework/with_properties.h"
 
 namespace vantry::plot {
 
@@ -12,9 +12,9 @@ using base::WordId;
 /// A text with one attribute, the property of the class, which counts as set from the beginning.
 /// Any other name is reported and throws DomException InvalidAccess.
 template <class Self, class Base>
-class WithAttribute : public WithMembers<Self, Base>, public MemberValues {
+class WithAttribute : public WithProperties<Self, Base>, public MemberValues {
  public:
-  using WithMembers<Self, Base>::WithMembers;
+  using WithProperties<Self, Base>::WithProperties;
 
   Variant getAttribute(Token name) const override {
     requireAttribute(name);
@@ -45,7 +45,7 @@ class WithAttribute : public WithMembers<Self, Base>, public MemberValues {
 };
 
 /// An expression that is the value of an option.
-class Expr : public ElementOf<Expr, WithAttribute<Expr, PCDataElement>> {
+class Expr : public ElementOf<Expr, WithAttribute<Expr, TextElement>> {
  public:
   static constexpr Token tag = Word::Expr;
 
@@ -60,9 +60,9 @@ class Expr : public ElementOf<Expr, WithAttribute<Expr, PCDataElement>> {
 };
 
 /// The base of texts that stand in lists or at fixed places.
-class SeqExprElement : public PCDataElement {
+class SeqExprElement : public TextElement {
  public:
-  using PCDataElement::PCDataElement;
+  using TextElement::TextElement;
 
   /// The bare text: commas are written by the lists around it.
   bool beginCommand(CmdWriter& writer) const override;
@@ -72,7 +72,7 @@ class SeqExprElement : public PCDataElement {
 };
 
 /// An item of a list of expressions.
-using IExpr = NameOnly<WordId::IExpr, SeqExprElement>;
+using IExpr = ElementNamed<WordId::IExpr, SeqExprElement>;
 
 /// An expression with its value, NaN where that is not known.
 class VExpr : public ElementOf<VExpr, WithAttribute<VExpr, SeqExprElement>> {
@@ -90,9 +90,9 @@ class VExpr : public ElementOf<VExpr, WithAttribute<VExpr, SeqExprElement>> {
 };
 
 /// The base of single expressions that are named by their element.
-class NamedExprElement : public PCDataElement {
+class NamedExprElement : public TextElement {
  public:
-  using PCDataElement::PCDataElement;
+  using TextElement::TextElement;
 
   bool beginCommand(CmdWriter& writer) const override;
 
@@ -100,10 +100,10 @@ class NamedExprElement : public PCDataElement {
   NamedExprElement(const NamedExprElement&) = default;
 };
 
-using ParameterName = NameOnly<WordId::ParameterName, NamedExprElement>;
-using TitlePositionX = NameOnly<WordId::TitlePositionX, NamedExprElement>;
-using TitlePositionY = NameOnly<WordId::TitlePositionY, NamedExprElement>;
-using TitlePositionZ = NameOnly<WordId::TitlePositionZ, NamedExprElement>;
+using ParameterName = ElementNamed<WordId::ParameterName, NamedExprElement>;
+using TitlePositionX = ElementNamed<WordId::TitlePositionX, NamedExprElement>;
+using TitlePositionY = ElementNamed<WordId::TitlePositionY, NamedExprElement>;
+using TitlePositionZ = ElementNamed<WordId::TitlePositionZ, NamedExprElement>;
 
 /// The base of single expressions with a value that are named by their element.
 class NamedVExprElement : public VExpr {
@@ -116,17 +116,17 @@ class NamedVExprElement : public VExpr {
   NamedVExprElement(const NamedVExprElement&) = default;
 };
 
-using AxesOriginX = NameOnly<WordId::AxesOriginX, NamedVExprElement>;
-using AxesOriginY = NameOnly<WordId::AxesOriginY, NamedVExprElement>;
-using AxesOriginZ = NameOnly<WordId::AxesOriginZ, NamedVExprElement>;
-using ParameterBegin = NameOnly<WordId::ParameterBegin, NamedVExprElement>;
-using ParameterEnd = NameOnly<WordId::ParameterEnd, NamedVExprElement>;
-using XTicksAnchor = NameOnly<WordId::XTicksAnchor, NamedVExprElement>;
-using YTicksAnchor = NameOnly<WordId::YTicksAnchor, NamedVExprElement>;
-using ZTicksAnchor = NameOnly<WordId::ZTicksAnchor, NamedVExprElement>;
-using XTicksDistance = NameOnly<WordId::XTicksDistance, NamedVExprElement>;
-using YTicksDistance = NameOnly<WordId::YTicksDistance, NamedVExprElement>;
-using ZTicksDistance = NameOnly<WordId::ZTicksDistance, NamedVExprElement>;
+using AxesOriginX = ElementNamed<WordId::AxesOriginX, NamedVExprElement>;
+using AxesOriginY = ElementNamed<WordId::AxesOriginY, NamedVExprElement>;
+using AxesOriginZ = ElementNamed<WordId::AxesOriginZ, NamedVExprElement>;
+using ParameterBegin = ElementNamed<WordId::ParameterBegin, NamedVExprElement>;
+using ParameterEnd = ElementNamed<WordId::ParameterEnd, NamedVExprElement>;
+using XTicksAnchor = ElementNamed<WordId::XTicksAnchor, NamedVExprElement>;
+using YTicksAnchor = ElementNamed<WordId::YTicksAnchor, NamedVExprElement>;
+using ZTicksAnchor = ElementNamed<WordId::ZTicksAnchor, NamedVExprElement>;
+using XTicksDistance = ElementNamed<WordId::XTicksDistance, NamedVExprElement>;
+using YTicksDistance = ElementNamed<WordId::YTicksDistance, NamedVExprElement>;
+using ZTicksDistance = ElementNamed<WordId::ZTicksDistance, NamedVExprElement>;
 
 /// A bound of the viewing box.
 class ViewingBoxExprElement : public NamedVExprElement {
@@ -153,11 +153,11 @@ class ViewingBoxPart : public ViewingBoxExprElement {
   ViewingBoxPart(const ViewingBoxPart&) = default;
 };
 
-using ViewingBoxXMin = NameOnly<WordId::ViewingBoxXMin, ViewingBoxPart<1>>;
-using ViewingBoxXMax = NameOnly<WordId::ViewingBoxXMax, ViewingBoxPart<2>>;
-using ViewingBoxYMin = NameOnly<WordId::ViewingBoxYMin, ViewingBoxPart<4>>;
-using ViewingBoxYMax = NameOnly<WordId::ViewingBoxYMax, ViewingBoxPart<8>>;
-using ViewingBoxZMin = NameOnly<WordId::ViewingBoxZMin, ViewingBoxPart<16>>;
-using ViewingBoxZMax = NameOnly<WordId::ViewingBoxZMax, ViewingBoxPart<32>>;
+using ViewingBoxXMin = ElementNamed<WordId::ViewingBoxXMin, ViewingBoxPart<1>>;
+using ViewingBoxXMax = ElementNamed<WordId::ViewingBoxXMax, ViewingBoxPart<2>>;
+using ViewingBoxYMin = ElementNamed<WordId::ViewingBoxYMin, ViewingBoxPart<4>>;
+using ViewingBoxYMax = ElementNamed<WordId::ViewingBoxYMax, ViewingBoxPart<8>>;
+using ViewingBoxZMin = ElementNamed<WordId::ViewingBoxZMin, ViewingBoxPart<16>>;
+using ViewingBoxZMax = ElementNamed<WordId::ViewingBoxZMax, ViewingBoxPart<32>>;
 
 }  // namespace vantry::plot

@@ -6,7 +6,7 @@
 
 #include "vantry/plot/elements/expr.h"
 #include "vantry/plot/elements/string_elements.h"
-#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/element_with_children.h"
 #include "vantry/plot/values/cmd_writer.h"
 
 namespace vantry::plot {
@@ -117,7 +117,7 @@ using YTicksAt = ListOf<WordId::YTicksAt, FirstItem::onSameLine>;
 using ZTicksAt = ListOf<WordId::ZTicksAt, FirstItem::onSameLine>;
 
 /// A tick mark: its place and, if it has one, its title.
-class TickPos : public ElementOf<TickPos, OptionedPlotElement> {
+class TickPos : public ElementOf<TickPos, ElementWithOptions> {
  public:
   static constexpr Token tag = Word::TickPos;
 

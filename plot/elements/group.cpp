@@ -21,7 +21,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& GroupBase::propertyList() { return properties; }
 
-GroupBase::GroupBase(dom::Document* document) : ContainerWithMembers(document) {
+GroupBase::GroupBase(dom::Document* document) : ContainerWithProperties(document) {
   propertyList().initialise(*this);
 }
 
@@ -34,7 +34,7 @@ bool GroupBase::beginCommand(CmdWriter& writer) const {
 void GroupBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
 bool Group3d::isContentChild(const dom::Node& node) const {
-  return ContentPlotElement::isContentChild(node) && isMovable3d(node);
+  return ElementWithChildren::isContentChild(node) && isMovable3d(node);
 }
 
 bool isMovableType3d(Token type) {

@@ -1,15 +1,15 @@
 // Groups of objects.
 #pragma once
 
-#include "vantry/plot/framework/content_element.h"
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/element_with_children.h"
+#include "vantry/plot/framework/with_properties.h"
 #include "vantry/plot/styles/style_index.h"
 
 namespace vantry::plot {
 
 /// Objects, groups and transforms that are shown or hidden together; styles in a group are for
 /// what is in it.
-class GroupBase : public ContainerWithMembers<GroupBase, StyleContainer<ContentPlotElement>>,
+class GroupBase : public ContainerWithProperties<GroupBase, StyleContainer<ElementWithChildren>>,
                   public MemberValues {
  public:
   explicit GroupBase(dom::Document* document);

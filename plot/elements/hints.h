@@ -1,12 +1,12 @@
 // What the algebra system knows about a drawing.
 #pragma once
 
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
 /// Tells how the axes of a coordinate system are best scaled when that is left to the viewer.
-class Hints : public ElementOf<Hints, WithMembers<Hints, LeafElement>> {
+class Hints : public ElementOf<Hints, WithProperties<Hints, LeafElement>> {
  public:
   static constexpr Token tag = Word::Hints;
 

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "vantry/plot/elements/key_frame.h"
-#include "vantry/plot/framework/content_element.h"
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/element_with_children.h"
+#include "vantry/plot/framework/with_properties.h"
 
 namespace vantry::plot {
 
 /// The primitives of an object at one value of its animation parameter.
-class ImgBase : public ContainerWithMembers<ImgBase, ContentPlotElement>, public MemberValues {
+class ImgBase : public ContainerWithProperties<ImgBase, ElementWithChildren>, public MemberValues {
  public:
   explicit ImgBase(dom::Document* document);
 

@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/property_info.h"
 
-#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/element_with_children.h"
 
 namespace vantry::plot {
 

@@ -1,12 +1,13 @@
 // The description of properties by elements: types of objects, categories, properties.
 #pragma once
 
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
 /// A type of object, with the categories of its properties.
-class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, public MemberValues {
+class ObjType : public ElementOf<ObjType, WithProperties<ObjType, PlotElement>>,
+                public MemberValues {
  public:
   static constexpr Token tag = Word::ObjType;
 
@@ -20,7 +21,8 @@ class ObjType : public ElementOf<ObjType, WithMembers<ObjType, PlotElement>>, pu
 };
 
 /// A named category of properties.
-class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, public MemberValues {
+class PropCat : public ElementOf<PropCat, WithProperties<PropCat, PlotElement>>,
+                public MemberValues {
  public:
   static constexpr Token tag = Word::PropCat;
 
@@ -39,7 +41,7 @@ class PropCat : public ElementOf<PropCat, WithMembers<PropCat, PlotElement>>, pu
 /// `type` the kind of field with which it is edited, `enumWords` the allowed words, and `recalc`
 /// tells whether a change makes a new calculation necessary. `name` and `info` have room for what a
 /// user is told of the property, its name and an explanation.
-class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> {
+class PropInfo : public ElementOf<PropInfo, WithProperties<PropInfo, LeafElement>> {
  public:
   static constexpr Token tag = Word::PropInfo;
 
@@ -57,7 +59,7 @@ class PropInfo : public ElementOf<PropInfo, WithMembers<PropInfo, LeafElement>> 
 };
 
 /// An option of the algebra system with its value.
-class Prop : public ElementOf<Prop, WithMembers<Prop, LeafElement>> {
+class Prop : public ElementOf<Prop, WithProperties<Prop, LeafElement>> {
  public:
   static constexpr Token tag = Word::Prop;
 

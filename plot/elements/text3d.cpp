@@ -1,6 +1,6 @@
 #include "vantry/plot/elements/text3d.h"
 
-#include "vantry/plot/framework/text_content.h"
+#include "vantry/plot/framework/text_element.h"
 
 namespace vantry::plot {
 

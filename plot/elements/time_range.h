@@ -1,12 +1,12 @@
 // The time of an animation.
 #pragma once
 
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
 /// From when to when the drawing moves; a drawing without it stands still.
-class TimeRange : public ElementOf<TimeRange, WithMembers<TimeRange, LeafElement>> {
+class TimeRange : public ElementOf<TimeRange, WithProperties<TimeRange, LeafElement>> {
  public:
   static constexpr Token tag = Word::TimeRange;
 

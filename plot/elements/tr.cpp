@@ -33,7 +33,7 @@ const PropertyList& TrBase::propertyList() { return trProperties; }
 const PropertyList& Tr2d::propertyList() { return tr2dProperties; }
 const PropertyList& Tr3d::propertyList() { return tr3dProperties; }
 
-TrBase::TrBase(dom::Document* document) : WithMembers(document) {
+TrBase::TrBase(dom::Document* document) : WithProperties(document) {
   propertyList().initialise(*this);
 }
 

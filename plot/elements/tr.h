@@ -2,12 +2,12 @@
 #pragma once
 
 #include "vantry/plot/elements/key_frame.h"
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
 /// A transform at one value of its animation parameter: the rows of a matrix and a translation.
-class TrBase : public WithMembers<TrBase, LeafElement> {
+class TrBase : public WithProperties<TrBase, LeafElement> {
  public:
   explicit TrBase(dom::Document* document);
 
@@ -26,7 +26,7 @@ class TrBase : public WithMembers<TrBase, LeafElement> {
 };
 
 /// A map of the plane: a matrix of two rows, and a shift.
-class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
+class Tr2d : public ElementOf<Tr2d, WithProperties<Tr2d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr2d;
 
@@ -40,7 +40,7 @@ class Tr2d : public ElementOf<Tr2d, WithMembers<Tr2d, TrBase>> {
 };
 
 /// A map of space: a matrix of three rows, and a shift.
-class Tr3d : public ElementOf<Tr3d, WithMembers<Tr3d, TrBase>> {
+class Tr3d : public ElementOf<Tr3d, WithProperties<Tr3d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr3d;
 

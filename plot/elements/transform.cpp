@@ -25,7 +25,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& TransformBase::propertyList() { return properties; }
 
-TransformBase::TransformBase(dom::Document* document) : ContainerWithMembers(document) {
+TransformBase::TransformBase(dom::Document* document) : ContainerWithProperties(document) {
   propertyList().initialise(*this);
 }
 
@@ -50,7 +50,7 @@ bool TransformBase::beginCommand(CmdWriter& writer) const {
 void TransformBase::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
 bool Transform3d::isContentChild(const dom::Node& node) const {
-  return ContentPlotElement::isContentChild(node) && isMovable3d(node);
+  return ElementWithChildren::isContentChild(node) && isMovable3d(node);
 }
 
 }  // namespace vantry::plot

@@ -1,8 +1,8 @@
 // Transforms of objects.
 #pragma once
 
-#include "vantry/plot/framework/content_element.h"
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/element_with_children.h"
+#include "vantry/plot/framework/with_properties.h"
 #include "vantry/plot/styles/style_index.h"
 
 namespace vantry::plot {
@@ -10,8 +10,8 @@ namespace vantry::plot {
 /// Maps the objects in it. It may be animated, with a Tr2d or Tr3d for each key frame, and inherits
 /// its times from the object styles around it, by its type.
 class TransformBase
-    : public ContainerWithMembers<TransformBase,
-                                  StyleContainer<OptionedPlotElement, /*hasStyles=*/false>>,
+    : public ContainerWithProperties<TransformBase,
+                                     StyleContainer<ElementWithOptions, /*hasStyles=*/false>>,
       public MemberValues {
  public:
   explicit TransformBase(dom::Document* document);

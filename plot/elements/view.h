@@ -1,12 +1,12 @@
 // The views that a user chose for a scene.
 #pragma once
 
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
 /// The part of a 2d scene that is looked at. A bound that was not chosen is NaN.
-class View2d : public ElementOf<View2d, WithMembers<View2d, LeafElement>> {
+class View2d : public ElementOf<View2d, WithProperties<View2d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View2d;
 
@@ -21,7 +21,7 @@ class View2d : public ElementOf<View2d, WithMembers<View2d, LeafElement>> {
 };
 
 /// From where a 3d scene is looked at. What was not chosen is NaN. The angle is in radians.
-class View3d : public ElementOf<View3d, WithMembers<View3d, LeafElement>> {
+class View3d : public ElementOf<View3d, WithProperties<View3d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View3d;
 

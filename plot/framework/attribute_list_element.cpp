@@ -68,7 +68,7 @@ bool AttributeListElement::canBeWritten() const {
   if (type && type->isMandatory() && !hasAttribute(Word::Type)) {
     return refuse(RefusalKind::mandatoryMissing, type->name());
   }
-  return OptionedPlotElement::canBeWritten();
+  return ElementWithOptions::canBeWritten();
 }
 
 void AttributeListElement::putAttributes(CmdWriter& writer) const {

@@ -5,15 +5,15 @@
 #include <utility>
 #include <vector>
 
-#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/element_with_children.h"
 
 namespace vantry::plot {
 
 /// Holds its attributes in a list that is sorted by token. A property that is not in it is asked of
 /// the style parent at every read, so that a change of a style shows at once.
-class AttributeListElement : public OptionedPlotElement {
+class AttributeListElement : public ElementWithOptions {
  public:
-  using OptionedPlotElement::OptionedPlotElement;
+  using ElementWithOptions::ElementWithOptions;
 
   Variant getAttribute(Token name) const override;
   bool hasAttribute(Token name) const override;

@@ -205,10 +205,10 @@ class ElementOf : public Base {
 
 /// A class that adds nothing to its base but a name.
 template <base::WordId name, class Base>
-class NameOnly : public ElementOf<NameOnly<name, Base>, Base> {
+class ElementNamed : public ElementOf<ElementNamed<name, Base>, Base> {
  public:
   static constexpr Token tag = base::tokenOf(name);
-  using ElementOf<NameOnly<name, Base>, Base>::ElementOf;
+  using ElementOf<ElementNamed<name, Base>, Base>::ElementOf;
 };
 
 }  // namespace vantry::plot

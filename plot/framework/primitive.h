@@ -1,7 +1,7 @@
 // The base of all primitives.
 #pragma once
 
-#include "vantry/plot/framework/with_members.h"
+#include "vantry/plot/framework/leaf_element.h"
 
 namespace vantry::plot {
 
@@ -25,6 +25,6 @@ class PrimitiveBase : public LeafElement {
 };
 
 template <class Self, class Base = PrimitiveBase>
-using Primitive = ElementOf<Self, WithMembers<Self, Base>>;
+using Primitive = ElementOf<Self, WithProperties<Self, Base>>;
 
 }  // namespace vantry::plot

@@ -9,7 +9,7 @@
 #include "vantry/dom/range.h"
 #include "vantry/dom/text.h"
 #include "vantry/plot/element_factory.h"
-#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/element_with_children.h"
 
 namespace vantry::plot::test {
 namespace {
@@ -248,7 +248,7 @@ TEST_F(GrammarTest, EachOptionIsThereOnce) {
   for (const auto& [parentName, content] : contents) {
     for (const std::string& childName : content.options) {
       const Ref<PlotElement> parent = make(token(parentName));
-      const auto& optioned = static_cast<const OptionedPlotElement&>(*parent);
+      const auto& optioned = static_cast<const ElementWithOptions&>(*parent);
       if (childName != requiredIn(parentName)) {
         EXPECT_FALSE(optioned.hasOption(token(childName))) << childName << " in " << parentName;
         add(*parent, token(childName));
@@ -265,7 +265,7 @@ TEST_F(GrammarTest, EachOptionIsThereOnce) {
 
 TEST_F(GrammarTest, RemovingAnOptionMakesRoomForAnother) {
   const Ref<PlotElement> scene = make(Word::Scene2d);
-  const auto& optioned = static_cast<const OptionedPlotElement&>(*scene);
+  const auto& optioned = static_cast<const ElementWithOptions&>(*scene);
   PlotElement* first = add(*scene, Word::View2d);
   EXPECT_TRUE(optioned.hasOption(Word::View2d));
   const Ref<PlotElement> second = make(Word::View2d);

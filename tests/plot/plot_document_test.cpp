@@ -79,7 +79,7 @@ TEST_F(PlotDocumentTest, TheBasesOfTheClasses) {
   EXPECT_TRUE(dynamic_cast<NamedVExprElement*>(make(Word::ViewingBoxZMax).get()));
   EXPECT_TRUE(dynamic_cast<NamedExprElement*>(make(Word::ParameterName).get()));
   EXPECT_TRUE(dynamic_cast<StringElement*>(make(Word::ZAxisTitle).get()));
-  EXPECT_TRUE(dynamic_cast<OptionedPlotElement*>(make(Word::TickPos).get()));
+  EXPECT_TRUE(dynamic_cast<ElementWithOptions*>(make(Word::TickPos).get()));
 }
 
 TEST_F(PlotDocumentTest, AComplaintIsReportedInTwoCalls) {

@@ -10,7 +10,7 @@ namespace vantry::plot {
 bool acceptsOnlyText(const PlotElement& element, dom::NewChildren newChildren);
 
 /// An element with text children.
-class PCDataElement : public PlotElement {
+class TextElement : public PlotElement {
  public:
   using PlotElement::PlotElement;
 
@@ -27,13 +27,13 @@ class PCDataElement : public PlotElement {
   void putNamed(CmdWriter& writer, Token name) const;
 
  protected:
-  PCDataElement(const PCDataElement&) = default;
+  TextElement(const TextElement&) = default;
 };
 
 /// A text for people.
-class StringElement : public PCDataElement {
+class StringElement : public TextElement {
  public:
-  using PCDataElement::PCDataElement;
+  using TextElement::TextElement;
 
   /// Writes the text in double quotes.
   void printQuoted(CmdWriter& writer) const;

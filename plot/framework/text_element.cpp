@@ -1,4 +1,4 @@
-#include "vantry/plot/framework/text_content.h"
+#include "vantry/plot/framework/text_element.h"
 
 #include "vantry/base/escape_writers.h"
 #include "vantry/base/unicode_converter.h"
@@ -24,11 +24,11 @@ bool acceptsOnlyText(const PlotElement& element, dom::NewChildren newChildren) {
   return element.refuse(RefusalKind::notText);
 }
 
-bool PCDataElement::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
+bool TextElement::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);
 }
 
-bool PCDataElement::isBlank(bool allowWhiteSpace) const {
+bool TextElement::isBlank(bool allowWhiteSpace) const {
   for (const dom::Node* child = firstChild(); child; child = child->nextSibling()) {
     if (child->nodeType() != dom::Node::TextNode) return false;
     const char* text = child->nodeValue();
@@ -37,7 +37,7 @@ bool PCDataElement::isBlank(bool allowWhiteSpace) const {
   return true;
 }
 
-void PCDataElement::putText(std::ostream& out) const {
+void TextElement::putText(std::ostream& out) const {
   if (isBlank(true)) {
     out << "NIL";
     return;
@@ -47,7 +47,7 @@ void PCDataElement::putText(std::ostream& out) const {
   }
 }
 
-void PCDataElement::putNamed(CmdWriter& writer, Token name) const {
+void TextElement::putNamed(CmdWriter& writer, Token name) const {
   const bool isBracketed = !isBlank(true);
   writer.beginAssignment(name);
   if (isBracketed) writer.out() << '(';

@@ -1,4 +1,4 @@
-#include "vantry/plot/framework/content_element.h"
+#include "vantry/plot/framework/element_with_children.h"
 
 #include <algorithm>
 
@@ -12,23 +12,23 @@ bool isContentOf(const PlotElement& parent, dom::NewChildren children) {
   return true;
 }
 
-bool ContentPlotElement::isContentChild(const dom::Node& node) const {
+bool ElementWithChildren::isContentChild(const dom::Node& node) const {
   return childRulesOf(*this).isContent(node.nodeName());
 }
 
-bool ContentPlotElement::refuseContent(const dom::Node& child) const {
+bool ElementWithChildren::refuseContent(const dom::Node& child) const {
   return refuse(RefusalKind::foreignChild, child.nodeName());
 }
 
-bool ContentPlotElement::canReplaceChildren(dom::Node*, unsigned,
-                                            dom::NewChildren newChildren) const {
+bool ElementWithChildren::canReplaceChildren(dom::Node*, unsigned,
+                                             dom::NewChildren newChildren) const {
   for (const dom::Node& child : newChildren) {
     if (!isContentChild(child)) return refuseContent(child);
   }
   return true;
 }
 
-std::uint32_t OptionedPlotElement::maskWithout(const dom::Node* first, unsigned count) const {
+std::uint32_t ElementWithOptions::maskWithout(const dom::Node* first, unsigned count) const {
   const ChildRules& rules = childRulesOf(*this);
   std::uint32_t mask = optionMask_;
   for (; first && count > 0; first = first->nextSibling(), --count) {
@@ -37,8 +37,8 @@ std::uint32_t OptionedPlotElement::maskWithout(const dom::Node* first, unsigned 
   return mask;
 }
 
-bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
-                                             dom::NewChildren newChildren) const {
+bool ElementWithOptions::canReplaceChildren(dom::Node* first, unsigned count,
+                                            dom::NewChildren newChildren) const {
   const ChildRules& rules = childRulesOf(*this);
   std::uint32_t mask = maskWithout(first, count);
   if (newChildren.isMovedWithin(*this)) mask &= ~rules.optionBit(newChildren.first()->nodeName());
@@ -60,8 +60,8 @@ bool OptionedPlotElement::canReplaceChildren(dom::Node* first, unsigned count,
   return true;
 }
 
-void OptionedPlotElement::doReplaceChildren(dom::Node* first, unsigned count,
-                                            dom::Node* newChildren) {
+void ElementWithOptions::doReplaceChildren(dom::Node* first, unsigned count,
+                                           dom::Node* newChildren) {
   const ChildRules& rules = childRulesOf(*this);
   std::vector<dom::Node*> added;
   for (dom::Node* child = newChildren; child; child = child->nextSibling()) {
@@ -82,18 +82,18 @@ void OptionedPlotElement::doReplaceChildren(dom::Node* first, unsigned count,
     optionMask_ |= rules.optionBit(child->nodeName());
     optionChildren_->push_back(child);
   }
-  ContentPlotElement::doReplaceChildren(first, count, newChildren);
+  ElementWithChildren::doReplaceChildren(first, count, newChildren);
 }
 
-dom::Node* OptionedPlotElement::firstChildByName(Token name) const {
-  if (childRulesOf(*this).optionBit(name) == 0) return ContentPlotElement::firstChildByName(name);
+dom::Node* ElementWithOptions::firstChildByName(Token name) const {
+  if (childRulesOf(*this).optionBit(name) == 0) return ElementWithChildren::firstChildByName(name);
   if (!optionChildren_) return nullptr;
   const auto found = std::find_if(optionChildren_->begin(), optionChildren_->end(),
                                   [name](dom::Node* child) { return child->nodeName() == name; });
   return found != optionChildren_->end() ? *found : nullptr;
 }
 
-bool OptionedPlotElement::hasOption(Token name) const {
+bool ElementWithOptions::hasOption(Token name) const {
   return (optionMask_ & childRulesOf(*this).optionBit(name)) != 0;
 }
 

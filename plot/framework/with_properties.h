@@ -9,7 +9,7 @@ namespace vantry::plot {
 /// Gives a class the properties of its `propertyList()` before those of its base. The class has a
 /// MemberValues below it, and its constructor calls `propertyList().initialise(*this)`.
 template <class Self, class Base>
-class WithMembers : public Base {
+class WithProperties : public Base {
  public:
   using Base::Base;
 
@@ -43,25 +43,14 @@ class WithMembers : public Base {
 /// The same for an element with children: what changes further up concerns them, even where it does
 /// not concern the element itself.
 template <class Self, class Base>
-class ContainerWithMembers : public WithMembers<Self, Base> {
+class ContainerWithProperties : public WithProperties<Self, Base> {
  public:
-  using WithMembers<Self, Base>::WithMembers;
+  using WithProperties<Self, Base>::WithProperties;
 
   bool parentPropertyChanged(PlotElement& source, Token name) override {
-    const bool changed = WithMembers<Self, Base>::parentPropertyChanged(source, name);
+    const bool changed = WithProperties<Self, Base>::parentPropertyChanged(source, name);
     return changed || &source != this;
   }
-};
-
-/// An element without children.
-class LeafElement : public PlotElement, public MemberValues {
- public:
-  using PlotElement::PlotElement;
-  bool canReplaceChildren(dom::Node* first, unsigned count,
-                          dom::NewChildren newChildren) const override;
-
- protected:
-  LeafElement(const LeafElement&) = default;
 };
 
 }  // namespace vantry::plot

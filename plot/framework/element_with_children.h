@@ -19,7 +19,7 @@ inline const ChildRules& childRulesOf(const PlotElement& element) {
 bool isContentOf(const PlotElement& parent, dom::NewChildren children);
 
 /// An element whose children are of certain names, as the grammar has them.
-class ContentPlotElement : public PlotElement {
+class ElementWithChildren : public PlotElement {
  public:
   using PlotElement::PlotElement;
 
@@ -30,16 +30,16 @@ class ContentPlotElement : public PlotElement {
                           dom::NewChildren newChildren) const override;
 
  protected:
-  ContentPlotElement(const ContentPlotElement&) = default;
+  ElementWithChildren(const ElementWithChildren&) = default;
 
   /// Reports a child that is none of the plain children. Always false.
   bool refuseContent(const dom::Node& child) const;
 };
 
 /// An element with option children, of each of which there may be one, beside the plain ones.
-class OptionedPlotElement : public ContentPlotElement {
+class ElementWithOptions : public ElementWithChildren {
  public:
-  using ContentPlotElement::ContentPlotElement;
+  using ElementWithChildren::ElementWithChildren;
 
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
@@ -52,7 +52,7 @@ class OptionedPlotElement : public ContentPlotElement {
   bool hasOption(Token name) const;
 
  protected:
-  OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}
+  ElementWithOptions(const ElementWithOptions& other) : ElementWithChildren(other) {}
 
  private:
   std::uint32_t maskWithout(const dom::Node* first, unsigned count) const;
