@@ -82,17 +82,11 @@ const dom::Node* outerContainer(const dom::Node& element) {
 
 }  // namespace
 
-const PlotElement* CoordinateSystemBase::styleParent(Token name) const {
+bool CoordinateSystemBase::visitStyles(StyleVisitor& visitor) const {
   const PlotElement* ofScene = styleIn(parent(), styleTag());
-  if (ofScene && ofScene->hasAttribute(name)) return ofScene;
+  if (ofScene && visitor.visit(*ofScene)) return true;
   const PlotElement* ofCanvas = styleIn(outerContainer(*this), styleTag());
-  return ofCanvas && ofCanvas->hasAttribute(name) ? ofCanvas : nullptr;
-}
-
-void CoordinateSystemBase::collectStyleChain(StyleChain& chain) const {
-  if (const PlotElement* ofScene = styleIn(parent(), styleTag())) chain.push_back(ofScene);
-  const PlotElement* ofCanvas = styleIn(outerContainer(*this), styleTag());
-  if (ofCanvas) chain.push_back(ofCanvas);
+  return ofCanvas && visitor.visit(*ofCanvas);
 }
 
 const Property* CoordinateSystem2d::findProperty(Token name) const {
@@ -105,14 +99,9 @@ const Property* CoordinateSystem3d::findProperty(Token name) const {
                 coordinateSystemProperties);
 }
 
-const PlotElement* CoordinateSystemStyleBase::styleParent(Token name) const {
+bool CoordinateSystemStyleBase::visitStyles(StyleVisitor& visitor) const {
   const PlotElement* ofCanvas = styleIn(outerContainer(*this), tagName());
-  return ofCanvas && ofCanvas->hasAttribute(name) ? ofCanvas : nullptr;
-}
-
-void CoordinateSystemStyleBase::collectStyleChain(StyleChain& chain) const {
-  const PlotElement* ofCanvas = styleIn(outerContainer(*this), tagName());
-  if (ofCanvas) chain.push_back(ofCanvas);
+  return ofCanvas && visitor.visit(*ofCanvas);
 }
 
 const Property* CoordinateSystem2dStyle::findProperty(Token name) const {

@@ -17,8 +17,7 @@ class CoordinateSystemBase : public StyleContainer<LibraryElement>,
   /// The tag of the style elements that this class inherits from.
   virtual Token styleTag() const = 0;
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
 
  protected:
   CoordinateSystemBase(const CoordinateSystemBase& other)
@@ -51,8 +50,7 @@ class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemSt
   explicit CoordinateSystemStyleBase(dom::Document* document)
       : StyleElement(document), CoordinateSystemStyleGetter(this) {}
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
 
  protected:
   CoordinateSystemStyleBase(const CoordinateSystemStyleBase& other)

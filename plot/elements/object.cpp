@@ -24,16 +24,8 @@ bool ObjectBase::parameterRange(double& begin, double& end) const {
 
 Token ObjectBase::localType() const { return hasAttribute(Word::Type) ? type() : Token(); }
 
-const PlotElement* ObjectBase::styleParent(Token name) const {
-  return findTypedStyle(*this, localType(), name);
-}
-
-void ObjectBase::collectStyleChain(StyleChain& chain) const {
-  collectTypedStyles(*this, localType(), chain);
-}
-
-void ObjectBase::collectEffectiveStyles(StyleChain& chain) const {
-  collectEffectiveTypedStyles(*this, localType(), chain);
+bool ObjectBase::visitStyles(StyleVisitor& visitor) const {
+  return visitTypedStyles(*this, localType(), visitor);
 }
 
 void ObjectBase::notifyPropertyChanged(Token name) {

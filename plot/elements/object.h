@@ -24,9 +24,7 @@ class ObjectBase : public LibraryElement, public ObjectStyleGetter {
   /// The type that was set, or null, for which no style is meant.
   Token localType() const;
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
-  void collectEffectiveStyles(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
   void notifyPropertyChanged(Token name) override;
 
  protected:

@@ -58,13 +58,9 @@ const PlotElement* SceneBase::styleOfCanvas() const {
   return parent() ? from(parent()->firstChildByName(styleTag())) : nullptr;
 }
 
-const PlotElement* SceneBase::styleParent(Token name) const {
+bool SceneBase::visitStyles(StyleVisitor& visitor) const {
   const PlotElement* style = styleOfCanvas();
-  return style && style->hasAttribute(name) ? style : nullptr;
-}
-
-void SceneBase::collectStyleChain(StyleChain& chain) const {
-  if (const PlotElement* style = styleOfCanvas()) chain.push_back(style);
+  return style && visitor.visit(*style);
 }
 
 // The place of a scene is a size, unless it is told in parts of the canvas.

@@ -19,8 +19,7 @@ class SceneBase : public StyleContainer<LibraryElement>, public SceneStyleGetter
   /// The tag of the style element of the canvas that this class inherits from.
   virtual Token styleTag() const = 0;
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
 
  protected:
   SceneBase(const SceneBase& other) : StyleContainer(other), SceneStyleGetter(this) {}

@@ -29,16 +29,8 @@ TransformBase::TransformBase(dom::Document* document) : ContainerWithProperties(
   propertyList().initialise(*this);
 }
 
-const PlotElement* TransformBase::styleParent(Token key) const {
-  return findTypedStyle(*this, type(), key);
-}
-
-void TransformBase::collectStyleChain(StyleChain& chain) const {
-  collectTypedStyles(*this, type(), chain);
-}
-
-void TransformBase::collectEffectiveStyles(StyleChain& chain) const {
-  collectEffectiveTypedStyles(*this, type(), chain);
+bool TransformBase::visitStyles(StyleVisitor& visitor) const {
+  return visitTypedStyles(*this, type(), visitor);
 }
 
 bool TransformBase::beginCommand(CmdWriter& writer) const {

@@ -16,9 +16,7 @@ class TransformBase
  public:
   explicit TransformBase(dom::Document* document);
 
-  const PlotElement* styleParent(Token key) const override;
-  void collectStyleChain(StyleChain& chain) const override;
-  void collectEffectiveStyles(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;

@@ -104,9 +104,53 @@ void PlotElement::setPropertyValue(Token name, const Variant& value) {
 
 bool PlotElement::isWritableProperty(Token name) const { return findProperty(name) != nullptr; }
 
-const PlotElement* PlotElement::styleParent(Token) const { return nullptr; }
+namespace {
 
-void PlotElement::collectStyleChain(StyleChain&) const {}
+class StyleWith final : public StyleVisitor {
+ public:
+  explicit StyleWith(Token name) : StyleVisitor(Styles::effective), name_(name) {}
+
+  bool visit(const PlotElement& style) override {
+    if (style.hasAttribute(name_)) found_ = &style;
+    return found_ != nullptr;
+  }
+  const PlotElement* found() const { return found_; }
+
+ private:
+  Token name_;
+  const PlotElement* found_ = nullptr;
+};
+
+class StyleCollector final : public StyleVisitor {
+ public:
+  StyleCollector(Styles wanted, StyleChain& chain) : StyleVisitor(wanted), chain_(chain) {}
+
+  bool visit(const PlotElement& style) override {
+    chain_.push_back(&style);
+    return false;
+  }
+
+ private:
+  StyleChain& chain_;
+};
+
+}  // namespace
+
+const PlotElement* PlotElement::styleParent(Token name) const {
+  StyleWith search(name);
+  visitStyles(search);
+  return search.found();
+}
+
+void PlotElement::collectStyleChain(StyleChain& chain) const {
+  StyleCollector collector(Styles::all, chain);
+  visitStyles(collector);
+}
+
+void PlotElement::collectEffectiveStyles(StyleChain& chain) const {
+  StyleCollector collector(Styles::effective, chain);
+  visitStyles(collector);
+}
 
 const Variant* PlotElement::findAttribute(Token) const { return nullptr; }
 

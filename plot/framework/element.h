@@ -5,6 +5,7 @@
 #include "vantry/dom/element.h"
 #include "vantry/plot/framework/property.h"
 #include "vantry/plot/framework/refusal.h"
+#include "vantry/plot/framework/style_visitor.h"
 
 namespace vantry::plot {
 
@@ -71,12 +72,16 @@ class PlotElement : public dom::Element {
 
   // Inheritance.
 
+  /// Visits the elements from which this one inherits, the nearest first, until the visitor wants
+  /// no further one. Returns whether that was so. All questions about styles are answered by it.
+  virtual bool visitStyles(StyleVisitor&) const { return false; }
+
   /// The nearest element from which this one inherits `name`, or null for the default.
-  virtual const PlotElement* styleParent(Token name) const;
+  const PlotElement* styleParent(Token name) const;
   /// Adds all elements from which this one inherits, the nearest first.
-  virtual void collectStyleChain(StyleChain& chain) const;
+  void collectStyleChain(StyleChain& chain) const;
   /// The same, but may leave out those that nearer ones hide.
-  virtual void collectEffectiveStyles(StyleChain& chain) const { collectStyleChain(chain); }
+  void collectEffectiveStyles(StyleChain& chain) const;
   /// The local value in the attribute list, null if there is none. It lives until the next change.
   virtual const Variant* findAttribute(Token name) const;
   /// The description of a property of this class, or null.

@@ -12,9 +12,7 @@ class PrimitiveBase : public LeafElement {
  public:
   using LeafElement::LeafElement;
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
-  void collectEffectiveStyles(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
 
  protected:
   PrimitiveBase(const PrimitiveBase&) = default;

@@ -40,19 +40,10 @@ const StyleIndex* ObjStyle::indexAround() const {
   return container ? container->styleIndex() : nullptr;
 }
 
-const PlotElement* ObjStyle::styleParent(Token name) const {
-  if (!parent()) return nullptr;
-  return localType_ == Word::Default ? findObjStyle(*parent(), Word::Default, name)
-                                     : findTypedStyle(*parent(), localType_, name);
-}
-
-void ObjStyle::collectStyleChain(StyleChain& chain) const {
-  if (!parent()) return;
-  if (localType_ == Word::Default) {
-    collectObjStyles(*parent(), Word::Default, chain);
-  } else {
-    collectTypedStyles(*parent(), localType_, chain);
-  }
+bool ObjStyle::visitStyles(StyleVisitor& visitor) const {
+  if (!parent()) return false;
+  return localType_ == Word::Default ? visitObjStyles(*parent(), Word::Default, visitor)
+                                     : visitTypedStyles(*parent(), localType_, visitor);
 }
 
 const Property* ObjStyle::findProperty(Token name) const {

@@ -21,8 +21,7 @@ class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGet
   void doSetAttribute(Token name, const Variant& value) override;
   void doRemoveAttribute(Token name) override;
 
-  const PlotElement* styleParent(Token name) const override;
-  void collectStyleChain(StyleChain& chain) const override;
+  bool visitStyles(StyleVisitor& visitor) const override;
   const Property* findProperty(Token name) const override;
 
  protected:

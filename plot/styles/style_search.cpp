@@ -33,71 +33,46 @@ bool isAllOfItsDocument(const dom::Node& element) {
          !element.nextSibling();
 }
 
-// Calls `use` with each style of that type around `start`, until it returns true.
+// Calls `use` with each style of that type around `start`, until it returns true. Returns whether
+// it did.
 template <class Use>
-void forEachStyle(const dom::Node& start, Token type, Use use) {
-  if (!type) return;  // no style is for those who have no type
+bool forEachStyle(const dom::Node& start, Token type, Use use) {
   const dom::Node* around = start.parent();
   while (around && !anyStyleIn(*around, type, use)) around = around->parent();
+  return around != nullptr;
 }
 
-// The same, without those that nearer ones hide. Where containers stand in containers, what is
-// known of all of them is used.
+// The same, without those that nearer ones hide. Where a container is in another one, what is known
+// of all of them is used.
 template <class Use>
-void forEachEffectiveStyle(const dom::Node& start, Token type, Use use) {
-  if (!type) return;
+bool forEachEffectiveStyle(const dom::Node& start, Token type, Use use) {
   const dom::Node* around = start.parent();
   while (around) {
     const PlotElement* element = PlotElement::from(around);
     if (element && element->styleIndex() && element->plotDocument()) {
       StylePath& path = element->plotDocument()->stylePath();
-      if (std::ranges::any_of(path.stylesIn(*element, type), use)) return;
-      if (isAllOfItsDocument(path.outermost())) return;
+      if (std::ranges::any_of(path.stylesIn(*element, type), use)) return true;
+      if (isAllOfItsDocument(path.outermost())) return false;
       around = path.outermost().parent();
     } else {
-      if (anyStyleIn(*around, type, use)) return;
+      if (anyStyleIn(*around, type, use)) return true;
       around = around->parent();
     }
   }
-}
-
-// What takes each style that it is called with into the chain.
-auto addTo(StyleChain& chain) {
-  return [&chain](const ObjStyle* style) {
-    chain.push_back(style);
-    return false;
-  };
+  return false;
 }
 
 }  // namespace
 
-const PlotElement* findObjStyle(const dom::Node& start, Token key, Token name) {
-  const PlotElement* found = nullptr;
-  forEachEffectiveStyle(start, key, [&](const ObjStyle* style) {
-    if (style->hasAttribute(name)) found = style;
-    return found != nullptr;
-  });
-  return found;
+bool visitObjStyles(const dom::Node& start, Token type, StyleVisitor& visitor) {
+  if (!type) return false;  // no style is for those who have no type
+  const auto use = [&visitor](const ObjStyle* style) { return visitor.visit(*style); };
+  return visitor.wanted() == Styles::all ? forEachStyle(start, type, use)
+                                         : forEachEffectiveStyle(start, type, use);
 }
 
-void collectObjStyles(const dom::Node& start, Token key, StyleChain& chain) {
-  forEachStyle(start, key, addTo(chain));
-}
-
-const PlotElement* findTypedStyle(const dom::Node& start, Token key, Token name) {
-  const PlotElement* found = findObjStyle(start, key, name);
-  return found ? found : findObjStyle(start, Word::Default, name);
-}
-
-void collectTypedStyles(const dom::Node& start, Token key, StyleChain& chain) {
-  collectObjStyles(start, key, chain);
-  collectObjStyles(start, Word::Default, chain);
-}
-
-void collectEffectiveTypedStyles(const dom::Node& start, Token key, StyleChain& chain) {
-  for (const Token type : {key, Word::Default}) {
-    forEachEffectiveStyle(start, type, addTo(chain));
-  }
+bool visitTypedStyles(const dom::Node& start, Token type, StyleVisitor& visitor) {
+  return visitObjStyles(start, type, visitor) || visitObjStyles(start, Word::Default, visitor);
 }
 
 }  // namespace vantry::plot

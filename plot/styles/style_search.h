@@ -5,22 +5,13 @@
 
 namespace vantry::plot {
 
-/// The first ObjStyle with the type `key` and a local value of `name`, in the containers around
-/// `start`, from the inside out. Null if there is none.
-const PlotElement* findObjStyle(const dom::Node& start, Token key, Token name);
+/// Visits every ObjStyle of that type in the containers around `start`: the nearest level first, in
+/// document order within a level. Returns whether the visitor has ended it. After a search near by,
+/// the cost of a visit to the effective styles does not grow with the number of containers.
+bool visitObjStyles(const dom::Node& start, Token type, StyleVisitor& visitor);
 
-/// Adds every ObjStyle with the type `key` in the containers around `start`: the nearest level
-/// first, in document order within a level.
-void collectObjStyles(const dom::Node& start, Token key, StyleChain& chain);
-
-/// What an element of the type `key` inherits from: first the styles of that type, then those of
+/// Visits what an element of that type inherits from: first the styles of the type, then those of
 /// the type Default.
-const PlotElement* findTypedStyle(const dom::Node& start, Token key, Token name);
-void collectTypedStyles(const dom::Node& start, Token key, StyleChain& chain);
-
-/// The same without styles that cannot be found, since others of their type that are nearer have
-/// all of their attributes. After a search near by, the cost does not grow with the number of
-/// containers.
-void collectEffectiveTypedStyles(const dom::Node& start, Token key, StyleChain& chain);
+bool visitTypedStyles(const dom::Node& start, Token type, StyleVisitor& visitor);
 
 }  // namespace vantry::plot
