@@ -3,12 +3,12 @@
 
 #include <vector>
 
-#include "vantry/plot/framework/primitive.h"
+#include "vantry/plot/elements/raster2d.h"
 
 namespace vantry::plot {
 
-/// A raster of `xMesh` by `yMesh` cells, each with a number; x fastest, the lowest row first.
-class DensityArray2d : public Primitive<DensityArray2d> {
+/// A raster of cells with a number each.
+class DensityArray2d : public Primitive<DensityArray2d, Raster2d> {
  public:
   static constexpr Token tag = Word::DensityArray2d;
 
@@ -16,15 +16,6 @@ class DensityArray2d : public Primitive<DensityArray2d> {
 
   static const PropertyList& propertyList();
 
-  Resolved<std::int32_t> xMesh;
-  Resolved<std::int32_t> yMesh;
-  Resolved<double> xMin;
-  Resolved<double> xMax;
-  Resolved<double> yMin;
-  Resolved<double> yMax;
-  Resolved<bool> linesVisible;
-  Resolved<double> lineWidth;
-  Resolved<RGBA> lineColor;
   Resolved<RGBA> fillColor;
   Resolved<RGBA> fillColor2;
   Resolved<Token> fillColorType;

@@ -1,10 +1,12 @@
 // The properties of an element class.
 #pragma once
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <iosfwd>
 #include <span>
+#include <utility>
 
 #include "vantry/base/word_table.h"
 #include "vantry/plot/framework/property.h"
@@ -86,7 +88,16 @@ class PropertyListOf final : public PropertyList {
   constexpr PropertyListOf(const PropertyList& base, const Rows&... rows)
       : PropertyListOf(base.bitCount(), rows...) {}
 
+  /// A list that begins with the rows of several classes.
+  template <std::size_t shared, std::same_as<Property>... Rows>
+  constexpr PropertyListOf(const std::array<Property, shared>& first, const Rows&... rows)
+      : PropertyListOf(std::make_index_sequence<shared>(), first, rows...) {}
+
  private:
+  template <std::size_t... numbers, class First, class... Rows>
+  constexpr PropertyListOf(std::index_sequence<numbers...>, const First& first, const Rows&... rows)
+      : PropertyListOf(0, first[numbers]..., rows...) {}
+
   template <std::same_as<Property>... Rows>
   constexpr PropertyListOf(std::size_t firstBit, const Rows&... rows)
       : PropertyList(rows_, byName_, size, firstBit), rows_{rows...} {
@@ -115,6 +126,9 @@ template <class... Rows>
 PropertyListOf(const Property&, const Rows&...) -> PropertyListOf<1 + sizeof...(Rows)>;
 template <class... Rows>
 PropertyListOf(const PropertyList&, const Rows&...) -> PropertyListOf<sizeof...(Rows)>;
+template <std::size_t shared, class... Rows>
+PropertyListOf(const std::array<Property, shared>&, const Rows&...)
+    -> PropertyListOf<shared + sizeof...(Rows)>;
 
 /// Where a member of a class is in its elements.
 template <auto member>
