@@ -40,7 +40,7 @@ static_assert(lengths.shortest >= 2, "the hash looks at the last two characters"
 // nearly every text that is no word, is settled by its first slot.
 constexpr std::size_t slotCount = std::bit_ceil(2 * std::size(wordTexts));
 
-// Length and four characters tell the words well enough apart. The weights are the best of some
+// Length and four characters are different enough for most words. The weights are the best of some
 // thousand random ones: no word takes more than a few slots to find.
 constexpr std::size_t firstSlot(std::string_view text) {
   const std::size_t size = text.size();

@@ -38,7 +38,7 @@ class PlotDocument : public ElementDocument {
   /// node of another document or without a parent.
   virtual void select(dom::Node* node);
   /// Selects the first element whose property `id` is this; no id or an empty one ends the
-  /// selection, and so does one that no element has. Tells whether an element was found.
+  /// selection, and so does one that no element has. Returns whether one was found.
   virtual bool selectById(const char* id);
   /// The selected element, or null unless the selection is exactly one child of one parent.
   virtual PlotElement* selectedElement() const;

@@ -10,7 +10,7 @@ enum class Place {
   append,      ///< behind the children of the current element
   unique,      ///< in the place of the first child with its name, or else behind the children
   positional,  ///< in the place of the child at the running index, or else behind the children
-  root         ///< in the place of the document's root, wherever it stands in the input
+  root         ///< in the place of the document's root, wherever it is in the input
 };
 
 /// The attribute that must be there and hold something.

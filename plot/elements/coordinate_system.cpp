@@ -75,7 +75,7 @@ const PlotElement* styleIn(const dom::Node* container, Token tag) {
   return container ? PlotElement::from(container->firstChildByName(tag)) : nullptr;
 }
 
-// The container around the parent of `element`: the canvas, for all that stands in a scene.
+// The container around the parent of `element`: the canvas, for what is in a scene.
 const dom::Node* outerContainer(const dom::Node& element) {
   return element.parent() ? element.parent()->parent() : nullptr;
 }

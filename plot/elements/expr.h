@@ -59,7 +59,7 @@ class Expr : public ElementOf<Expr, WithAttribute<Expr, TextElement>> {
   bool beginCommand(CmdWriter& writer) const override;
 };
 
-/// The base of texts that stand in lists or at fixed places.
+/// The base of texts in lists or at fixed places.
 class SeqExprElement : public TextElement {
  public:
   using TextElement::TextElement;

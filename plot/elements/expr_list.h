@@ -23,13 +23,14 @@ bool canBeTuple(const PlotElement& parent, const dom::Node* first, unsigned coun
 bool isBlankList(const PlotElement& list);
 
 /// Writes the item `name=[a,b,c]`, or `name=NIL` for a list that counts as empty. A single
-/// expression stands in round brackets.
+/// expression is in round brackets.
 void putTuple(CmdWriter& writer, Token name, const PlotElement& tuple);
 
 /// Writes the item `[a,b,c]`.
 void putPoint(CmdWriter& writer, const PlotElement& point);
 
-/// Writes `name=NIL` for a list without children and gives false; otherwise `name=` and `opening`.
+/// Writes `name=NIL` for a list without children and returns false; otherwise `name=` and
+/// `opening`.
 bool beginList(CmdWriter& writer, const PlotElement& list, const char* opening);
 
 /// What an element writes when it counts as empty.
@@ -85,7 +86,7 @@ class ExprSeq : public ElementOf<ExprSeq, Expr> {
   bool beginCommand(CmdWriter& writer) const override;
 };
 
-/// Where the first item of a list stands in the command syntax.
+/// Where the first item of a list is in the command syntax.
 enum class FirstItem { onNewLine, onSameLine };
 
 /// Any number of children of one kind.

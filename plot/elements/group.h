@@ -44,8 +44,8 @@ class Group3d : public ElementOf<Group3d, GroupBase> {
   bool isContentChild(const dom::Node& node) const override;
 };
 
-/// Whether objects of that type may stand in a 3d group or transform. Cameras, lights and clipping
-/// boxes belong to the whole coordinate system, and so stand directly in it; an object without a
+/// Whether objects of that type may be in a 3d group or transform. Cameras, lights and clipping
+/// boxes belong to the whole coordinate system, and so are directly in it; an object without a
 /// type may become one of them.
 bool isMovableType3d(Token type);
 

@@ -5,7 +5,7 @@
 
 namespace vantry::plot {
 
-/// Tells how the axes of a coordinate system are best scaled when that is left to the viewer.
+/// How the axes of a coordinate system are best scaled when that is left to the viewer.
 class Hints : public ElementOf<Hints, WithProperties<Hints, LeafElement>> {
  public:
   static constexpr Token tag = Word::Hints;

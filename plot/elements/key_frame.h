@@ -12,12 +12,12 @@ namespace vantry::plot {
 class FrameTime {
  public:
   FrameTime() = default;
-  FrameTime(const FrameTime&) {}  // a copy of a frame may come to stand elsewhere
+  FrameTime(const FrameTime&) {}  // a copy of a frame may be put elsewhere
   FrameTime& operator=(const FrameTime&) = delete;
 
   /// The time of a `frame` with the parameter value `param`: the parameter range of `parent` (see
   /// parameterRange()) mapped to its time from TimeBegin to TimeEnd. NaN if anything is missing,
-  /// and for a null `parent`, which stands for one of a class that is not animated.
+  /// and for a null `parent`, as no other class is animated.
   double of(const PlotElement& frame, double param, const PlotElement* parent) const;
 
  private:

@@ -6,7 +6,7 @@
 namespace vantry::plot {
 
 /// A parametric surface over a grid of `uMesh` by `vMesh` points, each step of which may be refined
-/// by `uSubmesh` and `vSubmesh` points between. The points stand row by row.
+/// by `uSubmesh` and `vSubmesh` points between. The points are row by row.
 class Mesh3d : public Primitive<Mesh3d, P3List> {
  public:
   static constexpr Token tag = Word::Mesh3d;

@@ -7,7 +7,7 @@
 namespace vantry::plot {
 
 /// An object of a coordinate system: it has a type and style values, an image for each of its key
-/// frames, and texts that tell where it comes from.
+/// frames, and texts that say where it comes from.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
  public:
   explicit ObjectBase(dom::Document* document)

@@ -39,8 +39,8 @@ class PropCat : public ElementOf<PropCat, WithProperties<PropCat, PlotElement>>,
 
 /// One property: `dom` is its name, `opt` the option of the algebra system's commands that it is,
 /// `type` the kind of field with which it is edited, `enumWords` the allowed words, and `recalc`
-/// tells whether a change makes a new calculation necessary. `name` and `info` have room for what a
-/// user is told of the property, its name and an explanation.
+/// is whether a change makes a new calculation necessary. `name` and `info` have room for what
+/// users see of the property, its name and an explanation.
 class PropInfo : public ElementOf<PropInfo, WithProperties<PropInfo, LeafElement>> {
  public:
   static constexpr Token tag = Word::PropInfo;

@@ -63,7 +63,7 @@ bool SceneBase::visitStyles(StyleVisitor& visitor) const {
   return style && visitor.visit(*style);
 }
 
-// The place of a scene is a size, unless it is told in parts of the canvas.
+// The place of a scene is a size, unless it is in parts of the canvas.
 void SceneBase::putAttribute(CmdWriter& writer, const Property& property,
                              const Variant& value) const {
   if (!isOneOf(property.name(), Word::Bottom, Word::Left) || isPlacedRelatively(*this)) {

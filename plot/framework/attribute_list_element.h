@@ -28,14 +28,14 @@ class AttributeListElement : public ElementWithOptions {
   /// The attributes that are set.
   std::span<const std::pair<Token, Variant>> attributes() const { return attributes_; }
 
-  /// Throws 15 also for a mandatory property that has no value.
+  /// Throws InvalidAccess also for a mandatory property that has no value.
   Variant getPropertyValue(Token name) const override;
   void setPropertyValue(Token name, const Variant& value) override;
   bool parentPropertyChanged(PlotElement&, Token) override { return false; }
   void propertyChanged(PlotElement& source, Token name) override;
   void dropInheritedProperties() override;
 
-  /// Tells those who inherit from this element that `name` has changed.
+  /// Notifies those who inherit from this element that `name` has changed.
   virtual void notifyPropertyChanged(Token name) = 0;
 
   /// Writes the name of the class in the command syntax.

@@ -176,7 +176,7 @@ void PlotElement::printCommand(CmdWriter& writer) const {
 
 void PlotElement::timeStep(double, bool, double&) {}
 
-// The rules of elements with text look at the first child only, but texts and elements never stand
+// The rules of elements with text look at the first child only, but texts and elements are never
 // together.
 bool PlotElement::canHoldItsChildren() const {
   const dom::Node* child = firstChild();

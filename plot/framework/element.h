@@ -21,7 +21,7 @@ class StyleIndex;
 /// one.
 inline constexpr dom::NodeClass plotModel{&plotModel, Token()};
 
-/// The class `T` of the model, as its elements tell it.
+/// The class `T` of the model, as its elements return it.
 template <class T>
 inline constexpr dom::NodeClass elementClass{&plotModel, T::tag};
 
@@ -39,7 +39,7 @@ class PlotElement : public dom::Element {
   /// Sends a message in the manner of printf to the document's reporter.
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
 
-  /// Hands a refusal of that kind to the document. Always false.
+  /// Reports a refusal of that kind to the document. Always false.
   bool refuse(RefusalKind kind, const char* subject = "", const char* detail = "") const;
   bool refuse(RefusalKind kind, Token subject, const char* detail = "") const {
     return refuse(kind, subject.str(), detail);
@@ -56,11 +56,12 @@ class PlotElement : public dom::Element {
   bool afterSetAttribute(Element& origin, Token name) override;
   bool afterRemoveAttribute(Element& origin, Token name) override;
 
-  /// Sets an attribute from its text in the input format. Throws 15 for an unknown name, 12 for a
-  /// text that does not parse, 3 for a value that is refused.
+  /// Sets an attribute from its text in the input format. Throws InvalidAccess for an unknown name,
+  /// Syntax for a text that does not parse, and HierarchyRequest for a value that is refused.
   virtual void setAttributeFromString(Token name, const char* text);
 
-  // Properties: resolved values, whether local, inherited or default. An unknown name throws 15.
+  // Properties: resolved values, whether local, inherited or default. An unknown name throws
+  // InvalidAccess.
 
   virtual bool hasProperty(Token name) const;
   virtual Variant getPropertyValue(Token name) const;
@@ -91,7 +92,7 @@ class PlotElement : public dom::Element {
   virtual const StyleIndex* styleIndex() const { return nullptr; }
 
   /// `source`, which is this element or one that it may inherit from, has a new value of `name`.
-  /// The result says whether the children are to be told.
+  /// Returns whether the change concerns the children too.
   virtual bool parentPropertyChanged(PlotElement& source, Token name);
   /// `source` has a new value of `name`: a local value that has become the same may go.
   virtual void propertyChanged(PlotElement& source, Token name);
@@ -108,7 +109,7 @@ class PlotElement : public dom::Element {
   virtual bool visit() { return true; }
   /// Writes the element, and what is below it, in the command syntax of the algebra system.
   void printCommand(CmdWriter& writer) const;
-  /// Writes for printCommand() what stands before the children. True if the children are to follow,
+  /// Writes for printCommand() what comes before the children. True if the children are to follow,
   /// each by its beginCommand() and endCommand(), and then endCommand().
   virtual bool beginCommand(CmdWriter&) const { return false; }
   virtual void endCommand(CmdWriter&) const {}
@@ -132,7 +133,7 @@ class PlotElement : public dom::Element {
   /// Whether the children are such as the element takes.
   virtual bool canHoldItsChildren() const;
 
-  /// The property `name`. One that does not exist is reported and throws 15.
+  /// The property `name`. Throws InvalidAccess for one that does not exist.
   const Property& requireProperty(Token name) const;
   [[noreturn]] void throwUnknownProperty(Token name) const;
 

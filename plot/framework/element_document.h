@@ -36,10 +36,10 @@ class ElementDocument : public dom::Document {
   /// Passes a complaint on to the reporter, after a call with "PlotDom error: ".
   void reportError(const char* format, va_list arguments) const;
 
-  /// Hands all refusals to `listener` from now on; null for none. The reporter gets them as well.
+  /// Passes all refusals to `listener` from now on; null for none. The reporter gets them as well.
   void setRefusalListener(RefusalListener* listener) { refusalListener_ = listener; }
 
-  /// Hands a refusal to the listener and the reporter. Always false.
+  /// Passes a refusal to the listener and the reporter. Always false.
   bool refuse(const Refusal& refusal) const;
 
  protected:

@@ -53,12 +53,12 @@ void StyleElement::notifyPropertyChanged(Token name) {
 bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
   if (reactionTo(*this, source, name) != Reaction::changed) return false;
   notifyPropertyChange(*this, name);
-  if (&source == this) tellWhatIsAround(name);
+  if (&source == this) notifyWhatIsAround(name);
   return false;
 }
 
 // All who inherit from this style are below its siblings, those that are styles again included.
-void StyleElement::tellWhatIsAround(Token name) {
+void StyleElement::notifyWhatIsAround(Token name) {
   if (!parent()) return;
   for (dom::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
     PlotElement* sibling = from(node);

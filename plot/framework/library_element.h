@@ -41,8 +41,8 @@ class StyleElement : public AttributeListElement {
                     const Variant& value) const override;
 
  private:
-  /// Tells each element around that may inherit from this one of the change, once.
-  void tellWhatIsAround(Token name);
+  /// Notifies each element around that may inherit from this one of the change, once.
+  void notifyWhatIsAround(Token name);
 };
 
 }  // namespace vantry::plot

@@ -18,7 +18,7 @@ class PrimitiveBase : public LeafElement {
   PrimitiveBase(const PrimitiveBase&) = default;
 
  private:
-  /// The parent of the image in which the primitive stands, or null.
+  /// The parent of the image in which the primitive is, or null.
   const PlotElement* object() const;
 };
 

@@ -15,7 +15,7 @@ enum class RefusalKind : std::uint8_t {
   foreignAttribute,     ///< the attribute, which the element does not have
   mandatoryMissing,     ///< the property
   illegalText,          ///< the attribute; its text, which does not parse
-  unsuitableValue,      ///< the attribute; why no text of the format gives the value
+  unsuitableValue,      ///< the attribute; why no text of the format has the value
   illegalValue,         ///< the attribute; the value is outside of the range
   unwritableValue,      ///< the attribute; why the format cannot hold the value
   emptyOptionName,      ///< an expression for no option

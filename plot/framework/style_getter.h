@@ -17,8 +17,8 @@ class StyleGetter {
   StyleGetter& operator=(const StyleGetter&) = delete;
 
  protected:
-  /// The value of a property of that type. Throws DomException 15 if the class has none of that
-  /// name, or if it is mandatory and missing.
+  /// The value of a property of that type. Throws DomException InvalidAccess if the class has none
+  /// of that name, or if it is mandatory and missing.
   template <class Value>
   Value value(Token name) const;
 

@@ -70,7 +70,7 @@ Ref<PropInfo> describe(const Property& property, Recalculation recalculation, Pl
   return info;
 }
 
-/// The properties of `element` that the row tells, at the end of `category`.
+/// Puts the properties of `element` that the row names at the end of `category`.
 void addProperties(PropCat& category, const CategoryRow& row, const PlotElement& element,
                    PlotDocument& tree) {
   for (const Token name : row.properties) {

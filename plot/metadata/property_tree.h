@@ -13,7 +13,7 @@ namespace vantry::plot {
 /// `dom` is its name, `opt` the option of a command by which the algebra system knows it, which is
 /// the same name, and null where commands leave the property out; `type` is the kind of field in
 /// which it is edited, `enumWords` the words that it may take, with a blank between them, and
-/// `recalc` tells whether a change makes a new calculation necessary. `name` and `info` are not
+/// `recalc` is whether a change makes a new calculation necessary. `name` and `info` are not
 /// set: texts for the user are the host's, in the user's language. The description of all classes
 /// is made at the first call, for all threads. It must not be changed, nor copied by cloneNode().
 const ObjType* propertyInfo(Token name);

@@ -26,7 +26,7 @@ class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGet
 
  protected:
   Token className() const override { return localType_; }
-  /// The values for all types stand without the name of a class.
+  /// The values for all types are written without the name of a class.
   void putAttribute(CmdWriter& writer, const Property& property,
                     const Variant& value) const override;
 

@@ -11,7 +11,7 @@ namespace vantry::plot {
 
 namespace {
 
-/// Takes styles that have attributes which those before them have not.
+/// Keeps a style only if it sets an attribute that no earlier one sets.
 class StyleSieve {
  public:
   void add(std::span<const ObjStyle* const> styles) {
@@ -26,7 +26,7 @@ class StyleSieve {
   bool hasNewAttribute(const ObjStyle& style) {
     bool isNew = false;
     for (const auto& [name, value] : style.attributes()) {
-      // The table cannot tell names apart that are no words.
+      // The table has one place for all names that are no words.
       if (std::exchange(seen_[name], true) && base::wordOf(name) != WordId::none) continue;
       isNew = true;
     }
@@ -79,7 +79,7 @@ void StylePath::cutAt(std::size_t level) noexcept {
   }
 }
 
-// Sees to it that the container is on the path, and tells its level.
+// Puts the container on the path if it is not there. Returns its level.
 std::size_t StylePath::enter(const PlotElement& container) {
   std::vector<const PlotElement*> missing;
   const StyleIndex* index = container.styleIndex();

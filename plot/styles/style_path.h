@@ -17,7 +17,7 @@ class ObjStyle;
 /// the order of the document, need not walk outwards again. Each document has one path.
 ///
 /// A container on the path knows so, see StyleIndex, and takes itself off when something changes by
-/// which other styles may hold in it. What is not on the path need not be told of any change.
+/// which other styles may hold in it. A change elsewhere does not matter.
 class StylePath {
  public:
   using Styles = std::vector<const ObjStyle*>;

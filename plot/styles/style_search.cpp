@@ -11,7 +11,7 @@ namespace vantry::plot {
 
 namespace {
 
-// Whether `use` gives true for a style of that type in `node` itself.
+// Whether `use` returns true for a style of that type in `node` itself.
 template <class Use>
 bool anyStyleIn(const dom::Node& node, Token type, Use use) {
   const PlotElement* element = PlotElement::from(&node);

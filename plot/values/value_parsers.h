@@ -11,8 +11,8 @@
 
 namespace vantry::plot {
 
-// Each parser gives false for a text that it does not accept and then leaves `out` undefined. What
-// follows a complete value in the text is ignored, unless said otherwise.
+// Each parser returns false for a text that it does not accept and then leaves `out` undefined.
+// What follows a complete value in the text is ignored, unless said otherwise.
 
 /// A whole number; one beyond 32 bits becomes the nearer bound.
 struct LongParser {

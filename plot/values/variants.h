@@ -23,7 +23,7 @@ class FontStyleVariant : public base::HeapVariant<FontStyleVariant, FontStyle> {
   using HeapVariant::HeapVariant;
 };
 
-/// The double that stands for an absent value.
+/// The double for an absent value.
 inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace vantry::plot
