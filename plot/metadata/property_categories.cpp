@@ -1,6 +1,6 @@
 #include "vantry/plot/metadata/property_categories.h"
 
-#include "vantry/base/vocabulary.h"
+#include "vantry/base/word_table.h"
 
 namespace vantry::plot {
 
@@ -21,8 +21,8 @@ constexpr Token definition[] = {
     Word::XMin, Word::XMax, Word::YMin, Word::YMax, Word::ZMin, Word::ZMax,
     // Maps.
     Word::Shift, Word::Row1, Word::Row2, Word::Row3,
-    // Expressions, and the description of properties itself.
-    Word::Opt, Word::Val, Word::Dom, Word::Enum, Word::Info, Word::Recalc};
+    // Expressions.
+    Word::Opt, Word::Val};
 
 constexpr Token animation[] = {Word::TimeBegin,       Word::TimeEnd,     Word::VisibleBeforeBegin,
                                Word::VisibleAfterEnd, Word::InitialTime, Word::CurrentTime,
@@ -149,6 +149,7 @@ constexpr Token cameraAndLight[] = {
 
 constexpr Token arrows[] = {Word::ArrowLength};
 
+// The definition comes first.
 constexpr CategoryRow rows[] = {
     {"Definition", Recalculation::needless, definition},
     {"Animation", Recalculation::needed, animationSteps},
@@ -171,8 +172,20 @@ constexpr CategoryRow rows[] = {
     {"Arrows", Recalculation::needless, arrows},
 };
 
+constexpr auto named = [] {
+  base::WordTable<bool> names;
+  for (const CategoryRow& row : rows) {
+    for (const Token name : row.properties) names[name] = true;
+  }
+  return names;
+}();
+
 }  // namespace
 
 std::span<const CategoryRow> propertyCategories() { return rows; }
+
+const CategoryRow& definitionRow() { return rows[0]; }
+
+bool isOnlyInTheDefinition(Token property) { return !named[property]; }
 
 }  // namespace vantry::plot

@@ -17,7 +17,11 @@ struct CategoryRow {
   std::span<const base::Token> properties;
 };
 
-/// All categories in the order in which they are shown, with all properties that there are.
+/// All categories in the order in which they are shown.
 std::span<const CategoryRow> propertyCategories();
+
+/// The row of what an element is. The properties that no row names go behind its own.
+const CategoryRow& definitionRow();
+bool isOnlyInTheDefinition(base::Token property);
 
 }  // namespace vantry::plot

@@ -80,6 +80,16 @@ void addProperties(PropCat& category, const CategoryRow& row, const PlotElement&
   }
 }
 
+/// The same for the properties that no row names.
+void addOtherProperties(PropCat& definition, const PlotElement& element, PlotDocument& tree) {
+  for (const Token name : base::wordTokens) {
+    const Property* property = element.findProperty(name);
+    if (property && isOnlyInTheDefinition(name)) {
+      definition.appendChild(describe(*property, Recalculation::needless, tree).get());
+    }
+  }
+}
+
 Ref<ObjType> describeClass(Token type, Token elementClass, PlotDocument& tree) {
   const Ref<PlotElement> element(tree.createElement(elementClass));
   Ref<ObjType> description = make<ObjType>(tree);
@@ -93,6 +103,7 @@ Ref<ObjType> describeClass(Token type, Token elementClass, PlotDocument& tree) {
       category = make<PropCat>(tree);
     }
     addProperties(*category, row, *element, tree);
+    if (&row == &definitionRow()) addOtherProperties(*category, *element, tree);
     if (category->firstChild() && !category->parent()) {
       category->setAttribute(Word::Name, textForAllThreads(row.category));
       description->appendChild(category.get());

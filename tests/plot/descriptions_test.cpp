@@ -59,7 +59,6 @@ class Descriptions : public PlotTest {
 };
 
 TEST_F(Descriptions, SayWhatEachElementIs) {
-  EXPECT_EQ(elementNames().size(), 104U);
   for (const Token element : allElements()) {
     EXPECT_NE(elementDescription(element), "") << element.str();
   }

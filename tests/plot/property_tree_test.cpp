@@ -225,12 +225,25 @@ TEST_F(PropertyTreeTest, EachPropertyHasOneCategory) {
   }
   for (const auto& [list, properties] : expectedLists) {
     for (const ExpectedProperty& property : properties) {
-      EXPECT_TRUE(categoryOf.count(token(property.name))) << property.name;
+      EXPECT_NE(isOnlyInTheDefinition(token(property.name)),
+                categoryOf.count(token(property.name)) != 0)
+          << property.name;
     }
   }
   EXPECT_EQ(categoryOf[Word::LineColor], "Lines");
   EXPECT_EQ(categoryOf[Word::Radius], "Definition");
   EXPECT_EQ(categoryOf[Word::SpotAngle], "Camera && Light");
+}
+
+TEST_F(PropertyTreeTest, WhatNoCategoryNamesIsTheEndOfTheDefinition) {
+  const dom::Node* definition = propertyInfo(Word::PropInfo)->firstChild();
+  EXPECT_EQ(textOfString(dynamic_cast<const PropCat&>(*definition).name()), "Definition");
+  std::vector<Token> names;
+  for (const dom::Node* node = definition->firstChild(); node; node = node->nextSibling()) {
+    names.push_back(dynamic_cast<const PropInfo&>(*node).dom());
+  }
+  EXPECT_EQ(names, (std::vector<Token>{Word::Name, Word::Type, Word::Opt, Word::Dom, Word::Enum,
+                                       Word::Info, Word::Recalc}));
 }
 
 TEST_F(PropertyTreeTest, ATypeOfObjectHasThePropertiesOfTheClass) {
