@@ -253,7 +253,7 @@ TEST_F(CatalogueTest, ATextIsReadAndWrittenBack) {
   forEachProperty([](PlotElement& element, const ExpectedProperty& expected) {
     const Token name = token(expected.name);
     element.setAttributeFromString(name, someText(expected.type));
-    if (std::string(expected.rule) == "IdPropertyImpl") {
+    if (std::string(expected.rule) == "IdType") {
       EXPECT_EQ(valueOf(element, name), "") << "an id is never written";
     } else if (expected.type == font) {
       EXPECT_EQ(valueOf(element, name), "'Courier' 17 #000000 Left");
@@ -315,27 +315,15 @@ TEST_F(CatalogueTest, AnyWordIsAcceptedForAnEnumeration) {
 /// The value as it is stored, or "refused".
 std::string outcome(const ExpectedProperty& expected, double value) {
   const std::string rule = expected.rule;
-  const std::string name = expected.name;
   const auto refusedBelow = [value](double bound) { return value >= bound ? "kept" : "refused"; };
-  if (rule == "PosOutputSizeType" || rule == "PosOutputSizePropertyImpl" ||
-      rule == "PosOutputSizeListPropertyImpl") {
-    return value > 0 ? "kept" : "refused";
-  }
-  if (rule == "NonNegOutputSizeListPropertyImpl") return refusedBelow(0);
-  if (rule == "NonNegOutputSizeType" || rule == "NonNegOutputSizePropertyImpl" ||
-      rule == "RadiusType" || rule == "SemiAxisType") {
+  if (rule == "PosOutputSizeType") return value > 0 ? "kept" : "refused";
+  if (rule == "NonNegOutputSizeListType") return refusedBelow(0);
+  if (rule == "NonNegOutputSizeType" || rule == "NonNegLengthType") {
     return value < 0 ? "0" : "kept";
   }
   if (rule == "LightIntensityType") return value < 0 ? "0" : value > 1 ? "1" : "kept";
-  if (rule == "NonNegLongType" || rule == "FramesType" || rule == "SubmeshType") {
-    return refusedBelow(0);
-  }
-  if (rule == "MandatoryMeshPropertyImpl") return refusedBelow(1);
-  if (rule == "MeshType") {
-    const bool isList = !isMember(expected);
-    const bool isSubmesh = name.find("Submesh") != std::string::npos || name == "AdaptiveMesh";
-    return refusedBelow(isList && isSubmesh ? 0 : 1);
-  }
+  if (rule == "NonNegLongType") return refusedBelow(0);
+  if (rule == "MeshType") return refusedBelow(1);
   return "kept";
 }
 
@@ -420,7 +408,7 @@ TEST_F(CatalogueTest, CommandForm) {
           break;
       }
     }
-    const bool isHidden = rule == "ConsistentPropertyImpl" || rule == "TypePropertyImpl";
+    const bool isHidden = rule == "ConsistentType" || rule == "TypeNameType";
     EXPECT_EQ(out.str(), isHidden ? "" : "  " + std::string(expected.name) + "=" + value);
   });
 }

@@ -62,33 +62,19 @@ std::string expectedEditor(const ExpectedProperty& expected) {
       {"VerticalAlignmentType", "VertAlignment"},
       {"YAxisTitleOrientationType", "TitleOrientation"},
       {"LegendColorType", "Token"},
-      {"TypePropertyImpl", "Token"},
+      {"TypeNameType", "Token"},
       {"PosOutputSizeType", "PosSize"},
-      {"PosOutputSizePropertyImpl", "PosSize"},
-      {"PosOutputSizeListPropertyImpl", "PosSize"},
       {"NonNegOutputSizeType", "NonNegSize"},
-      {"NonNegOutputSizePropertyImpl", "NonNegSize"},
-      {"NonNegOutputSizeListPropertyImpl", "NonNegSize"},
+      {"NonNegOutputSizeListType", "NonNegSize"},
       {"NonNegLongType", "NonNegInt"},
-      {"FramesType", "NonNegInt"},
-      {"SubmeshType", "NonNegInt"},
-      {"MandatoryMeshPropertyImpl", "PosInt"},
-      {"RadiusType", "NonNegFloat"},
-      {"SemiAxisType", "NonNegFloat"},
+      {"MeshType", "PosInt"},
+      {"NonNegLengthType", "NonNegFloat"},
       {"LightIntensityType", "Intensity"},
       {"AngleType", "Angle"},
-      {"TimeOrNaNType", "FloatOrNaN"},
-      {"ImgPropDoubleType", "FloatOrNaN"},
-      {"ViewParamType", "FloatOrNaN"},
+      {"FloatOrNaNType", "FloatOrNaN"},
   };
   const auto found = byRule.find(expected.rule);
   if (found != byRule.end()) return found->second;
-  const std::string rule = expected.rule;
-  const std::string name = expected.name;
-  if (rule == "MeshType") {
-    const bool isSubmesh = name.find("Submesh") != std::string::npos || name == "AdaptiveMesh";
-    return isSubmesh ? "NonNegInt" : "PosInt";
-  }
   switch (expected.type) {
     case boolean:
       return "Bool";
@@ -97,7 +83,7 @@ std::string expectedEditor(const ExpectedProperty& expected) {
     case real:
       return "Float";
     case word:
-      return rule.empty() ? "Token" : "Enum";
+      return *expected.rule == '\0' ? "Token" : "Enum";
     case text:
       return "String";
     case color:
@@ -164,7 +150,7 @@ TEST_F(PropertyTreeTest, EachClassHasADescriptionOfAllItsProperties) {
   }
 }
 
-TEST_F(PropertyTreeTest, WhatIsToldOfEachProperty) {
+TEST_F(PropertyTreeTest, WhatIsSaidOfEachProperty) {
   for (const auto& [elementClass, lists] : listsOfClass) {
     const auto described = allPropertiesOf(elementClass);
     for (const auto& [name, expected] : expectedProperties(elementClass)) {
@@ -187,7 +173,7 @@ TEST_F(PropertyTreeTest, WhatIsToldOfEachProperty) {
       EXPECT_EQ(info.hasAttribute(Word::Enum), !words.empty());
 
       const bool isMesh = name.find("esh") != std::string::npos && name != "MeshVisible";
-      const bool isOption = name != "Consistent" && !(name == "Type" && rule == "TypePropertyImpl");
+      const bool isOption = name != "Consistent" && !(name == "Type" && rule == "TypeNameType");
       EXPECT_EQ(info.opt(), isOption ? info.dom() : Token());
       EXPECT_EQ(info.hasAttribute(Word::Opt), isOption);
 
@@ -200,7 +186,7 @@ TEST_F(PropertyTreeTest, WhatIsToldOfEachProperty) {
   }
 }
 
-TEST_F(PropertyTreeTest, TheCategoriesStandInTheirOrder) {
+TEST_F(PropertyTreeTest, TheCategoriesAreInTheirOrder) {
   std::set<std::string> seen;
   for (const std::string& elementClass : expectedElements) {
     auto next = categories.begin();
@@ -271,7 +257,7 @@ TEST_F(PropertyTreeTest, ATypeOfObjectHasThePropertiesOfTheClass) {
   }
 }
 
-TEST_F(PropertyTreeTest, ANameOfBothStandsForTheClass) {
+TEST_F(PropertyTreeTest, ANameOfBothIsTheClass) {
   EXPECT_TRUE(allPropertiesOf("Box").count("XMin"));
   EXPECT_FALSE(allPropertiesOf("Box").count("LegendEntry"));
 }
