@@ -95,6 +95,17 @@ bool JavaViewWriter::isVisibleNow(const ObjectBase& object) const {
   return true;
 }
 
+namespace {
+
+std::string inWords(const std::tm& time) {
+  std::array<char, 26> buffer;
+  std::string text = asctime_r(&time, buffer.data());
+  if (text.ends_with('\n')) text.pop_back();
+  return text;
+}
+
+}  // namespace
+
 // The time zone is that of the process. The C library has a lock for it too, but one that a thread
 // sanitizer does not see.
 std::string JavaViewWriter::timestamp() {
@@ -103,10 +114,13 @@ std::string JavaViewWriter::timestamp() {
   const std::time_t now = std::time(nullptr);
   tzset();
   std::tm local{};
-  std::array<char, 26> buffer;
-  std::string text = asctime_r(localtime_r(&now, &local), buffer.data());
-  if (text.ends_with('\n')) text.pop_back();
-  return text;
+  return inWords(*localtime_r(&now, &local));
+}
+
+std::string JavaViewWriter::date() const {
+  if (!fixedDate_) return timestamp();
+  std::tm utc{};
+  return inWords(*gmtime_r(&*fixedDate_, &utc));
 }
 
 }  // namespace vantry::javaview

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <ctime>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -84,6 +85,14 @@ class JavaViewWriter {
   /// The date and time of now, local, in the form "Thu Jan  1 00:00:00 1970".
   static std::string timestamp();
 
+  /// Gives the output this date, in seconds since 1970, shown in UTC, in place of now: what is
+  /// written is the same on every machine. The year must have four digits.
+  void fixDate(std::time_t date) { fixedDate_ = date; }
+
+ protected:
+  /// The date for the header.
+  std::string date() const;
+
  private:
   virtual JavaViewOutput& output() = 0;
   virtual void writeHeader() = 0;
@@ -97,6 +106,7 @@ class JavaViewWriter {
   PlotDocument* document_;
   std::optional<std::size_t> scene_;
   double time_ = nan;
+  std::optional<std::time_t> fixedDate_;
 };
 
 template <class Frame>

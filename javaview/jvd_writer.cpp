@@ -9,8 +9,7 @@
 namespace vantry::javaview {
 
 void JVDWriter::writeHeader() {
-  beginHeader(out_, {"jv-disp", "http://www.javaview.de/rsrc/jv-disp.dtd", "1.04.000"},
-              timestamp());
+  beginHeader(out_, {"jv-disp", "http://www.javaview.de/rsrc/jv-disp.dtd", "1.04.000"}, date());
   out_ << "</description>\n";
 }
 

@@ -60,7 +60,7 @@ ValueRange heightRange(const ExportedScene& scene) {
 
 }  // namespace
 
-void JVXWriter::writeHeader() { writeJvxHeader(out_, timestamp()); }
+void JVXWriter::writeHeader() { writeJvxHeader(out_, date()); }
 
 void JVXWriter::writeScene(const ExportedScene& scene) {
   out_.heightRange = heightRange(scene);
@@ -129,16 +129,6 @@ void JVXWriter::geometriesWritten(const ObjectBase&, const PlotElement&, std::in
 
 namespace {
 
-/// "movie.jvx" with its number before the last dot: "movie.1.jvx".
-std::string numberedName(std::string_view fileName, std::int64_t number) {
-  const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
-  std::string name(fileName.substr(0, dot));
-  name += '.';
-  name += std::to_string(number);
-  name += fileName.substr(dot);
-  return name;
-}
-
 /// The times of the frames: from the begin on in steps, the last one at the end.
 class FrameTimes {
  public:
@@ -179,6 +169,15 @@ bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 
 
 }  // namespace
 
+std::string JVXWriter::frameName(std::string_view fileName, std::int64_t number) {
+  const std::size_t dot = std::min(fileName.rfind('.'), fileName.size());
+  std::string name(fileName.substr(0, dot));
+  name += '.';
+  name += std::to_string(number);
+  name += fileName.substr(dot);
+  return name;
+}
+
 void JVXWriter::writeAnimation(int frames, const char* fileName) {
   double begin = nan;
   double end = nan;
@@ -191,7 +190,7 @@ void JVXWriter::writeAnimation(int frames, const char* fileName) {
   bool overwriteAll = false;
   std::int64_t frameNumber = 1;
   do {
-    const std::string name = numberedName(fileName, frameNumber++);
+    const std::string name = frameName(fileName, frameNumber++);
     if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
     writeFrame(times.now(), name.c_str());
   } while (times.goOn());

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "vantry/javaview/geometry_output.h"
 #include "vantry/javaview/javaview_writer.h"
@@ -28,9 +30,16 @@ class JVXWriter : public JavaViewWriter {
   virtual void geometriesWritten(const ObjectBase& object, const PlotElement& primitive,
                                  std::int64_t count);
 
+  /// The name of the frame with this number: "movie.1.jvx" for the first one of "movie.jvx".
+  static std::string frameName(std::string_view fileName, std::int64_t number);
+
   /// Asked before a file that exists is replaced; false ends the animation. When `overwriteAll` is
   /// set it is not asked again. Here it sets that and agrees.
   virtual bool confirmOverwrite(const char* fileName, bool& overwriteAll);
+
+ protected:
+  /// Writes the frame of a time. Here the file is emptied first if it exists.
+  virtual void writeFrame(double time, const char* fileName);
 
  private:
   JavaViewOutput& output() override { return out_; }
@@ -43,7 +52,6 @@ class JVXWriter : public JavaViewWriter {
   void writeObj3d(const Obj3d& object);
   void writeObj2d(const Obj2d& object);
   void writePrimitives(const ObjectBase& object, const ImgBase& image);
-  void writeFrame(double time, const char* fileName);
 
   GeometryOutput out_;
 };
