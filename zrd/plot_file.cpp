@@ -1,11 +1,12 @@
 #include "zrd/plot_file.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <vector>
+#include <new>
 
 #include "vantry/reader/xml_parser.h"
 #include "vantry/reader/zrd_parser_handler.h"
@@ -21,8 +22,9 @@ std::string placeIn(const std::string& name, const reader::Parser& parser) {
          std::to_string(parser.columnNumber() + 1) + ": ";
 }
 
+// In blocks of the size that vantry takes, so that both make the same of every document.
 void parse(std::istream& in, const std::string& name, reader::Parser& parser) {
-  std::vector<char> block(std::size_t{64} * 1024);
+  std::array<char, 512> block;
   bool isLast = false;
   while (!isLast) {
     in.read(block.data(), std::ssize(block));
@@ -35,15 +37,19 @@ void parse(std::istream& in, const std::string& name, reader::Parser& parser) {
 
 }  // namespace
 
-PlotFile::PlotFile(const std::string& name) {
-  reader::ZrdParserHandler handler(document_.get(), false, nullptr);
+PlotFile::PlotFile(const std::string& name, Ids ids) {
+  reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
   reader::Parser parser(&handler, true, nullptr);
   std::ifstream file;
   if (name != "-") file.open(name, std::ios::binary);
   if (!file) throw Failure(badDocument, name + ": cannot be opened: " + std::strerror(errno));
   try {
     parse(name == "-" ? std::cin : file, name, parser);
-  } catch (const dom::DomException& failure) {
+  } catch (const Failure&) {
+    throw;
+  } catch (const std::bad_alloc&) {
+    throw Failure(badDocument, name + ": out of memory");
+  } catch (const std::exception& failure) {
     throw Failure(badDocument, placeIn(name, parser) + failure.what());
   }
 }

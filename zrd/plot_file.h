@@ -11,9 +11,11 @@ namespace vantry::zrd {
 /// A plot document that was read from a file, and is taken down with this.
 class PlotFile {
  public:
+  enum class Ids { kept, ignored };
+
   /// Reads a file; "-" is standard input. Throws Failure, which names the file and the place, if
   /// it cannot be read, is not well formed, or holds what a plot document may not.
-  explicit PlotFile(const std::string& name);
+  explicit PlotFile(const std::string& name, Ids ids = Ids::kept);
   PlotFile(const PlotFile&) = delete;
   PlotFile& operator=(const PlotFile&) = delete;
   ~PlotFile() { document_->tearDown(); }
