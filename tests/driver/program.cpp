@@ -63,13 +63,20 @@ void ProgramTest::setFailing(const std::string& name, const std::string& value) 
 }
 
 Outcome ProgramTest::run(const std::vector<std::string>& arguments) const {
-  return runInto(capturedOutput, arguments);
+  Outcome outcome = runInto(capturedOutput, arguments);
+  outcome.out = read(capturedOutput);
+  return outcome;
 }
 
 Outcome ProgramTest::runInto(const std::string& standardOutput,
                              const std::vector<std::string>& arguments) const {
+  return outcomeOf(start(standardOutput, arguments));
+}
+
+ProgramTest::Started ProgramTest::start(const std::string& standardOutput,
+                                        const std::vector<std::string>& arguments) const {
   std::vector<std::string> command = wrapper_;
-  command.emplace_back(VANTRY_PROGRAM);
+  command.push_back(program_);
   command.insert(command.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
   for (std::string& word : command) argv.push_back(word.data());
@@ -82,6 +89,8 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   if (child < 0) fail("fork");
   if (child == 0) {
     if (chdir(folder_.path().c_str()) != 0) _exit(127);
+    // Whoever runs the tests in the background may ignore these.
+    for (const int ending : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) signal(ending, SIG_DFL);
     for (const auto& [name, value] : environment_) setenv(name.c_str(), value.c_str(), 1);
     for (const auto& [resource, limit] : limits_) limitTo(resource, limit);
     redirect(STDERR_FILENO, errors[1]);
@@ -93,15 +102,21 @@ Outcome ProgramTest::runInto(const std::string& standardOutput,
   }
 
   close(errors[1]);
-  const std::string err = drained(errors[0]);
-  close(errors[0]);
+  return {child, errors[0]};
+}
+
+Outcome ProgramTest::outcomeOf(const Started& started) {
+  const std::string err = drained(started.errors);
+  close(started.errors);
   int status = 0;
   rusage usage{};
-  while (wait4(child, &status, 0, &usage) < 0) {
+  while (wait4(started.process, &status, 0, &usage) < 0) {
     if (errno != EINTR) fail("wait4");
   }
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, WIFSIGNALED(status) ? WTERMSIG(status) : 0,
-          standardOutput == capturedOutput ? read(capturedOutput) : "", err,
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+          WIFSIGNALED(status) ? WTERMSIG(status) : 0,
+          {},
+          err,
           std::int64_t{usage.ru_maxrss} * 1024};
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -45,12 +46,26 @@ class ProgramTest : public testing::Test {
   /// Runs the program under another one in the runs that follow: its path and its arguments.
   void setWrapper(const std::vector<std::string>& command) { wrapper_ = command; }
 
+  /// Makes another program the one that is run.
+  void setProgram(const std::string& program) { program_ = program; }
+
   /// Runs the program with its standard output caught.
   Outcome run(const std::vector<std::string>& arguments) const;
 
   /// Runs the program with the file `standardOutput` as its standard output.
   Outcome runInto(const std::string& standardOutput,
                   const std::vector<std::string>& arguments) const;
+
+  /// A run that has not ended.
+  struct Started {
+    pid_t process;
+    int errors;  ///< the pipe with its standard error
+  };
+
+  Started start(const std::string& standardOutput, const std::vector<std::string>& arguments) const;
+
+  /// Waits for the end; without the standard output.
+  static Outcome outcomeOf(const Started& started);
 
   void write(const std::string& name, std::string_view text) const;
   std::string read(const std::string& name) const;
@@ -66,4 +81,5 @@ class ProgramTest : public testing::Test {
   std::map<int, std::uint64_t> limits_;
   std::set<int> closed_;
   std::vector<std::string> wrapper_;
+  std::string program_ = VANTRY_PROGRAM;
 };

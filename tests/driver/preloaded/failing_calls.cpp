@@ -1,6 +1,7 @@
 // Is loaded into the program before its libraries, and lets calls fail as the environment says:
 //   FAIL_CLOSE=1         the file of that number cannot be closed
 //   FAIL_READ_AFTER=1000 nothing can be read behind that many bytes
+//   FAIL_FSYNC=1         no file can be brought to the disk
 //   READ_TOKENS_AGAIN=1  the XML parser reads a token that is not complete again with each block,
 //   as
 //                        it did before it knew how to wait
@@ -42,6 +43,12 @@ extern "C" ssize_t read(int descriptor, void* target, size_t size) {
   const ssize_t count = next<ssize_t(int, void*, size_t)>("read")(descriptor, target, size);
   if (count > 0) sum += count;
   return count;
+}
+
+extern "C" int fsync(int descriptor) {
+  if (!std::getenv("FAIL_FSYNC")) return next<int(int)>("fsync")(descriptor);
+  errno = EIO;
+  return -1;
 }
 
 extern "C" XML_Bool XML_SetReparseDeferralEnabled(XML_Parser parser, XML_Bool isEnabled) {
