@@ -33,5 +33,6 @@ class Failure : public std::runtime_error {
 
 // Each adds a command to the program.
 Command addCommandCommand(CLI::App& program);
+Command addConvertCommand(CLI::App& program);
 
 }  // namespace vantry::zrd

@@ -9,7 +9,7 @@ namespace vantry::zrd {
 
 namespace {
 
-constexpr std::array commands = {addCommandCommand};
+constexpr std::array commands = {addCommandCommand, addConvertCommand};
 
 int run(int argc, char** argv) {
   CLI::App program("What can be done with plot documents besides their conversion by vantry.",

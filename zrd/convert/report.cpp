@@ -1,0 +1,110 @@
+#include "zrd/convert/report.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <iostream>
+
+namespace vantry::zrd {
+
+namespace {
+
+constexpr std::chrono::milliseconds progressInterval{100};
+constexpr const char* emptyLine = "\r\033[K";
+
+std::size_t columnsOfTerminal() {
+  winsize size{};
+  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+/// Names of files and words of documents may hold line breaks and worse.
+std::string inOneLine(std::string text) {
+  std::ranges::replace_if(
+      text, [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');
+  return text;
+}
+
+}  // namespace
+
+ConvertReport::ConvertReport() : isTerminal_(isatty(STDERR_FILENO) == 1) {}
+
+void ConvertReport::begin(std::size_t documents) {
+  const std::lock_guard lock(mutex_);
+  documents_ += documents;
+  showProgress();
+}
+
+void ConvertReport::warn(const std::string& line) {
+  const std::lock_guard lock(mutex_);
+  say(line);
+}
+
+void ConvertReport::fail(const std::string& line) {
+  const std::lock_guard lock(mutex_);
+  ++failed_;
+  say(line);
+  showProgress();
+}
+
+void ConvertReport::converted() {
+  const std::lock_guard lock(mutex_);
+  ++converted_;
+  showProgress();
+}
+
+void ConvertReport::unchanged() {
+  const std::lock_guard lock(mutex_);
+  ++unchanged_;
+  showProgress();
+}
+
+void ConvertReport::summarise() {
+  const std::lock_guard lock(mutex_);
+  takeProgressAway();
+  std::string line = std::to_string(converted_) + " converted";
+  const std::size_t left = documents_ - std::min(documents_, converted_ + unchanged_ + failed_);
+  const auto add = [&line](std::size_t count, const char* what) {
+    if (count > 0) line += ", " + std::to_string(count) + what;
+  };
+  add(unchanged_, " unchanged");
+  add(failed_, " failed");
+  add(left, " not tried");
+  std::cerr << line << '\n' << std::flush;
+}
+
+std::size_t ConvertReport::failures() const {
+  const std::lock_guard lock(mutex_);
+  return failed_;
+}
+
+void ConvertReport::say(const std::string& line) {
+  takeProgressAway();
+  std::cerr << inOneLine(line) << '\n' << std::flush;
+}
+
+// "[=====     ] 5/10, 1 failed", redrawn a few times a second.
+void ConvertReport::showProgress() {
+  if (!isTerminal_ || documents_ == 0) return;
+  const Clock::time_point now = Clock::now();
+  if (isProgressShown_ && now < nextProgress_) return;
+  nextProgress_ = now + progressInterval;
+
+  const std::size_t done = std::min(documents_, converted_ + unchanged_ + failed_);
+  std::string count = " " + std::to_string(done) + '/' + std::to_string(documents_);
+  if (failed_ > 0) count += ", " + std::to_string(failed_) + " failed";
+  const std::size_t columns = columnsOfTerminal();
+  const std::size_t room = columns - std::min(columns, count.size() + 3);
+  const std::size_t width = std::min<std::size_t>(room, 50);
+  std::string bar(width * done / documents_, '=');
+  bar.resize(width, ' ');
+  std::cerr << emptyLine << '[' << bar << ']' << count << std::flush;
+  isProgressShown_ = true;
+}
+
+void ConvertReport::takeProgressAway() {
+  if (isProgressShown_) std::cerr << emptyLine << std::flush;
+  isProgressShown_ = false;
+}
+
+}  // namespace vantry::zrd

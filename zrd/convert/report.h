@@ -1,0 +1,51 @@
+// What a conversion of many documents says while it runs.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <mutex>
+#include <string>
+
+namespace vantry::zrd {
+
+/// Failures, warnings, the progress and the summary, on standard error. All threads may use it.
+class ConvertReport {
+ public:
+  ConvertReport();
+
+  /// How many documents there are to convert; from now on the progress is shown, on a terminal.
+  void begin(std::size_t documents);
+
+  /// A line about something that does not keep a document from being converted.
+  void warn(const std::string& line);
+
+  /// A line about what cannot be read or converted.
+  void fail(const std::string& line);
+
+  // How a document of those that were announced ended, besides by a failure.
+  void converted();
+  void unchanged();
+
+  /// Takes the progress away and says what has become of all documents.
+  void summarise();
+
+  std::size_t failures() const;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void say(const std::string& line);
+  void showProgress();
+  void takeProgressAway();
+
+  mutable std::mutex mutex_;
+  const bool isTerminal_;
+  bool isProgressShown_ = false;
+  Clock::time_point nextProgress_;
+  std::size_t documents_ = 0;
+  std::size_t converted_ = 0;
+  std::size_t unchanged_ = 0;
+  std::size_t failed_ = 0;
+};
+
+}  // namespace vantry::zrd

@@ -1,0 +1,157 @@
+#include <algorithm>
+#include <atomic>
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "zrd/commands.h"
+#include "zrd/convert/conversion.h"
+#include "zrd/convert/inputs.h"
+#include "zrd/convert/output_file.h"
+#include "zrd/convert/output_names.h"
+#include "zrd/convert/report.h"
+#include "zrd/convert/settings.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+/// The words of the command line.
+struct ConvertArguments {
+  ConvertSettings settings;
+  std::string to = "jvx";
+  std::vector<std::string> plots;
+  std::string listName;
+};
+
+[[noreturn]] void refuse(const std::string& message) { throw Failure(wrongUsage, message); }
+
+/// The date that the variable SOURCE_DATE_EPOCH asks for.
+std::optional<std::time_t> dateOfEnvironment() {
+  constexpr std::time_t endOfYear9999 = 253'402'300'799;
+  const char* const variable = std::getenv("SOURCE_DATE_EPOCH");
+  if (!variable) return {};
+  const std::string_view text = variable;
+  std::time_t date = 0;
+  const auto [end, failure] = std::from_chars(text.begin(), text.end(), date);
+  if (failure != std::errc{} || end != text.end() || date < 0 || date > endOfYear9999) {
+    refuse("SOURCE_DATE_EPOCH is not a number of seconds since 1970");
+  }
+  return date;
+}
+
+ConvertSettings settingsOf(const ConvertArguments& arguments) {
+  ConvertSettings settings = arguments.settings;
+  if (arguments.to == "both") {
+    settings.kinds = {OutputKind::jvx, OutputKind::jvd};
+  } else {
+    settings.kinds = {arguments.to == "jvd" ? OutputKind::jvd : OutputKind::jvx};
+  }
+  if (settings.pattern.empty() || settings.pattern.front() == '/') {
+    refuse("--name: a pattern is relative to the folder of the outputs");
+  }
+  if (arguments.to == "both" && settings.pattern.find("{ext}") == std::string::npos) {
+    refuse("--name: two kinds of outputs need an {ext} in the pattern");
+  }
+  if (arguments.to == "jvd" && settings.frames > 0) {
+    refuse("--frames: only JVX files can be animated");
+  }
+  settings.date = dateOfEnvironment();
+  return settings;
+}
+
+/// Lets as many threads as asked for, this one among them, take document after document.
+void convertAll(const std::vector<PlannedConversion>& plans, const Converter& converter,
+                const ConvertSettings& settings) {
+  std::atomic<std::size_t> next = 0;
+  std::atomic<bool> isEnough = false;
+  const auto work = [&] {
+    for (std::size_t at; !isEnough && (at = next++) < plans.size();) {
+      if (!converter.convert(plans[at]) && !settings.keepGoing) isEnough = true;
+    }
+  };
+  std::vector<std::jthread> others;
+  try {
+    while (others.size() + 1 < std::min<std::size_t>(settings.jobs, plans.size())) {
+      others.emplace_back(work);
+    }
+  } catch (const std::system_error&) {  // there are no more threads to be had
+  }
+  work();
+}
+
+int run(const ConvertArguments& arguments) {
+  const ConvertSettings settings = settingsOf(arguments);
+  // A reader that goes away and a limit on the size of files are failures like any other.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const CleanInterruption cleanInterruption;
+
+  ConvertReport report;
+  const std::vector<Input> inputs = findInputs(arguments.plots, arguments.listName, report);
+  OutputNames names(inputs);
+  report.begin(inputs.size());
+  const auto plans = planConversions(inputs, settings, names, report);
+  if (report.failures() == 0 || settings.keepGoing) {
+    convertAll(plans, Converter(settings, names, report), settings);
+  }
+  report.summarise();
+  return report.failures() == 0 ? success : badDocument;
+}
+
+}  // namespace
+
+Command addConvertCommand(CLI::App& program) {
+  CLI::App* options = program.add_subcommand("convert", "Convert plots, many at once");
+  auto arguments = std::make_shared<ConvertArguments>();
+  ConvertSettings& settings = arguments->settings;
+  settings.jobs = std::max(1U, std::thread::hardware_concurrency());
+
+  options->add_option("--to", arguments->to, "What to write")
+      ->check(CLI::IsMember({"jvx", "jvd", "both"}))
+      ->capture_default_str();
+  options
+      ->add_option("--output-dir", settings.outputFolder,
+                   "The folder of the outputs, which lie in it as the plots do in the folder "
+                   "that was named; without it each lies beside its plot")
+      ->type_name("DIR");
+  options->add_option("--name", settings.pattern, "How outputs are called")
+      ->type_name("PATTERN")
+      ->capture_default_str();
+  options
+      ->add_option("--jobs", settings.jobs,
+                   "How many plots to convert at the same time, as many as there are processors "
+                   "without it")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
+  options
+      ->add_option("--frames", settings.frames,
+                   "Write animations, with so many frames to a unit of time")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
+  options->add_option("--time", settings.time, "Write animated plots as they are at this time")
+      ->type_name("T");
+  options->add_flag("--if-changed", settings.ifChanged,
+                    "Leave outputs alone that are newer than their plot and this program");
+  options->add_flag("--keep-going", settings.keepGoing, "Try the other plots after a failure");
+  options
+      ->add_option("--files-from", arguments->listName,
+                   "A file with the names of plots, a line each; - is standard input")
+      ->type_name("FILE");
+  options->add_option("PLOT", arguments->plots,
+                      "A plot, a folder with plots, or - for a list of them on standard input");
+  options->callback([arguments] {
+    if (arguments->plots.empty() && arguments->listName.empty()) {
+      throw CLI::RequiredError("PLOT");
+    }
+  });
+  return {options, [arguments] { return run(*arguments); }};
+}
+
+}  // namespace vantry::zrd
