@@ -10,6 +10,9 @@ preset=${VANTRY_PRESET:-release}
 build_packages=(cmake ninja-build libcli11-dev libexpat1-dev libgtest-dev)
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 
+# What the tests need besides: the tools that make and check manual pages, and the shells.
+test_packages=(lowdown mandoc zsh fish)
+
 # require <package>...: installs those that are missing, or names them and ends.
 require() {
   local package missing=()
@@ -28,6 +31,12 @@ require_build() {
   if command -v dpkg-query >/dev/null && ! parser_is_current; then
     apt_install libexpat1-dev || true  # the build refuses a parser that is not safe
   fi
+}
+
+# The same for a build and its tests.
+require_tests() {
+  require_build
+  require "${test_packages[@]}"
 }
 
 parser_is_current() {
