@@ -1,13 +1,14 @@
-# vantry_layer(<folder> [LINKS <layer or target>...])
+# vantry_layer(<folder> [LINKS <layer or target>...] [PRIVATE <header>...])
 #
 # Makes the static library vantry_<name> of the sources in <folder> (a layer without sources is its
-# headers), with the alias vantry::<name>, and installs it with its headers as part of the package.
+# headers), with the alias vantry::<name>, and installs it as part of the package, with its headers but
+# for the private ones.
 # The name is that of the folder, with "_" for "/". Headers are included as "vantry/<folder>/file.h".
 # They are reached through a folder of links that holds this one layer, so that a header of a layer
 # that is not linked cannot be found. The tests of the layers hold both that and that no include
 # climbs out of its folder.
 function(vantry_layer folder)
-  cmake_parse_arguments(LAYER "" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(LAYER "" "" "LINKS;PRIVATE" ${ARGN})
   string(REPLACE "/" "_" name ${folder})
   set(target vantry_${name})
 
@@ -43,14 +44,22 @@ function(vantry_layer folder)
     target_link_libraries(${target} ${scope} ${link})
   endforeach()
 
-  install(TARGETS ${target} EXPORT vantry ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(TARGETS ${target} EXPORT vantry
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  if(sources)
+    set_property(GLOBAL APPEND PROPERTY vantry_libraries ${target})
+  endif()
   if(sources AND vantry_has_lto)
     # What only this version of the compiler can read does not belong into a package.
     install(CODE "
       set(library \"${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:${target}>\")
       cmake_path(ABSOLUTE_PATH library BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
       execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.gnu.lto_*
-        \"\$ENV{DESTDIR}\${library}\" COMMAND_ERROR_IS_FATAL ANY)")
+        \"\$ENV{DESTDIR}\${library}\" COMMAND_ERROR_IS_FATAL ANY)"
+      COMPONENT development)
   endif()
-  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry/${folder})
+  list(TRANSFORM LAYER_PRIVATE PREPEND ${PROJECT_SOURCE_DIR}/${folder}/)
+  list(REMOVE_ITEM headers ${LAYER_PRIVATE})
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry/${folder}
+    COMPONENT development)
 endfunction()
