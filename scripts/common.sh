@@ -7,7 +7,9 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 preset=${VANTRY_PRESET:-release}
 
 # What a build and its tests need of Debian.
-build_packages=(cmake ninja-build libcli11-dev libexpat1-dev libgtest-dev)
+build_packages=(
+  cmake ninja-build libcli11-dev libexpat1-dev libgtest-dev nlohmann-json3-dev zlib1g-dev
+)
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 
 # What the tests need besides: the tools that make and check manual pages, and the shells.

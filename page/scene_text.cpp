@@ -1,0 +1,142 @@
+#include "vantry/page/scene_text.h"
+
+#include <nlohmann/json.hpp>
+
+#include "vantry/dom/tree_walk.h"
+#include "vantry/javaview/emitters.h"
+#include "vantry/javaview/jvd_bounds.h"
+#include "vantry/page/color_scale.h"
+#include "vantry/plot/elements/group.h"
+#include "vantry/plot/elements/string_elements.h"
+
+namespace vantry::page {
+
+bool hasGeometry(const ObjectBase& object) {
+  for (const dom::Node* child = object.firstChild(); child; child = child->nextSibling()) {
+    if (!isElementOf<Img2d, Img3d>(*child)) continue;
+    for (const dom::Node* part = child->firstChild(); part; part = part->nextSibling()) {
+      if (javaview::emitterFor(*part)) return true;
+    }
+  }
+  return false;
+}
+
+std::vector<const ObjectBase*> objectsOf(const CoordinateSystemBase& system) {
+  std::vector<const ObjectBase*> objects;
+  dom::walkSubtree(static_cast<const dom::Node&>(system), [&](const dom::Node& node) {
+    if (const auto* object = elementCast<ObjectBase, Obj2d, Obj3d>(&node)) {
+      if (object->visible() && hasGeometry(*object)) objects.push_back(object);
+      return false;
+    }
+    const auto* group = elementCast<GroupBase, Group2d, Group3d>(&node);
+    return !group || group->visible();
+  });
+  return objects;
+}
+
+namespace {
+
+/// Where a coordinate system keeps what it says of one axis.
+struct Axis {
+  const char* name;
+  Token title;
+  Token titleAlignment;
+  Token grid;
+  Token subgrid;
+};
+
+constexpr Axis axes[] = {
+    {"x", Word::XAxisTitle, Word::XAxisTitleAlignment, Word::XGridVisible, Word::XSubgridVisible},
+    {"y", Word::YAxisTitle, Word::YAxisTitleAlignment, Word::YGridVisible, Word::YSubgridVisible},
+    {"z", Word::ZAxisTitle, Word::ZAxisTitleAlignment, Word::ZGridVisible, Word::ZSubgridVisible},
+};
+
+const char* placeAlong(Token alignment) {
+  if (alignment == Word::Begin) return "left";
+  return alignment == Word::End ? "right" : "center";
+}
+
+Json axisText(const CoordinateSystemBase& system, const Axis& axis) {
+  Json text = {{"grid", propertyValue<bool>(system, axis.grid)},
+               {"subgrid", propertyValue<bool>(system, axis.subgrid)}};
+  const std::string title = childText(system, axis.title);
+  if (title.empty()) return text;
+  text["title"] = fontText(system.axesTitleFont());
+  text["title"]["text"] = title;
+  text["title"]["align"] = placeAlong(propertyValue<Token>(system, axis.titleAlignment));
+  return text;
+}
+
+Json axesText(const CoordinateSystemBase& system, bool is2d) {
+  Json text = {
+      {"kind", wordText(system.axes())},
+      {"numbers", fontText(system.ticksLabelFont())},
+      {"grid",
+       {{"color", colorText(system.gridLineColor())},
+        {"width", pixels(system.gridLineWidth())},
+        {"style", wordText(system.gridLineStyle())}}},
+      {"subgrid",
+       {{"color", colorText(system.subgridLineColor())},
+        {"width", pixels(system.subgridLineWidth())},
+        {"style", wordText(system.subgridLineStyle())}}},
+  };
+  for (const Axis& axis : std::span(axes).first(is2d ? 2 : 3)) {
+    text[axis.name] = axisText(system, axis);
+  }
+  return text;
+}
+
+Json legendText(const SceneBase& scene) {
+  return {{"visible", scene.legendVisible()},
+          {"placement", wordText(scene.legendPlacement())},
+          {"align", wordText(scene.legendAlignment())},
+          {"font", fontText(scene.legendFont())}};
+}
+
+/// The first of the texts by which people know the object.
+std::string nameOf(const ObjectBase& object) {
+  for (const std::string& text :
+       {ownName(object), childText(object, Word::Title), childText(object, Word::LegendText)}) {
+    if (!text.empty()) return text;
+  }
+  return utf8(object.localType().str());
+}
+
+RGBA colorOf(const ObjectBase& object) {
+  RGBA color;
+  return object.legendColor(color) ? color : object.lineColor();
+}
+
+Json objectText(const ObjectBase& object, const javaview::Bounds& bounds) {
+  Json text = {{"name", nameOf(object)}};
+  if (!object.legendEntry()) return text;
+  if (const std::string legend = childText(object, Word::LegendText); !legend.empty()) {
+    text["legend"] = legend;
+    text["color"] = colorText(colorOf(object));
+  }
+  if (const auto scale = colorScaleOf(object, bounds)) {
+    text["scale"] = {{"min", scale->min}, {"max", scale->max}, {"colors", scale->colors}};
+  }
+  return text;
+}
+
+}  // namespace
+
+Json sceneText(const javaview::ExportedScene& exported, std::span<const ObjectBase* const> objects,
+               const std::string& name) {
+  const auto& [scene, system, is2d] = exported;
+  const javaview::Bounds bounds = javaview::computeBounds(system, is2d);
+  const std::string ownName = page::ownName(scene);
+  Json text = {{"name", ownName.empty() ? name : ownName},
+               {"axes", axesText(system, is2d)},
+               {"legend", legendText(scene)},
+               {"objects", Json::array()}};
+  putLine(text, scene, Word::Header, scene.headerFont(), scene.headerAlignment());
+  putLine(text, scene, Word::Footer, scene.footerFont(), scene.footerAlignment());
+  for (const ObjectBase* object : objects) {
+    text["objects"].push_back(objectText(*object, bounds));
+  }
+  return text;
+}
+
+}  // namespace vantry::page
