@@ -15,6 +15,9 @@ if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 # What the tests need besides: the tools that make and check manual pages, and the shells.
 test_packages=(lowdown mandoc zsh fish)
 
+# What the page that shows plots needs besides.
+page_packages=(nodejs npm)
+
 # require <package>...: installs those that are missing, or names them and ends.
 require() {
   local package missing=()
@@ -39,6 +42,13 @@ require_build() {
 require_tests() {
   require_build
   require "${test_packages[@]}"
+}
+
+# The same for the page. A node from elsewhere will do.
+require_page() {
+  if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
+    require "${page_packages[@]}"
+  fi
 }
 
 parser_is_current() {

@@ -13,6 +13,7 @@ enum ExitStatus : int {
   success = 0,
   wrongUsage = 1,   ///< the command line is wrong
   badDocument = 2,  ///< a document cannot be read or used
+  noBrowser = 3,    ///< what shows plots is missing, or fails
 };
 
 /// A command of the command line: its options, and what carries it out and returns the exit status.
@@ -34,5 +35,7 @@ class Failure : public std::runtime_error {
 // Each adds a command to the program.
 Command addCommandCommand(CLI::App& program);
 Command addConvertCommand(CLI::App& program);
+Command addPictureCommand(CLI::App& program);
+Command addViewCommand(CLI::App& program);
 
 }  // namespace vantry::zrd

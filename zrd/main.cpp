@@ -9,7 +9,8 @@ namespace vantry::zrd {
 
 namespace {
 
-constexpr std::array commands = {addCommandCommand, addConvertCommand};
+constexpr std::array commands = {addCommandCommand, addConvertCommand, addPictureCommand,
+                                 addViewCommand};
 
 int run(int argc, char** argv) {
   CLI::App program("What can be done with plot documents besides their conversion by vantry.",

@@ -8,7 +8,6 @@
 #include <iostream>
 #include <new>
 
-#include "vantry/reader/xml_parser.h"
 #include "vantry/reader/zrd_parser_handler.h"
 #include "zrd/commands.h"
 
@@ -22,8 +21,10 @@ std::string placeIn(const std::string& name, const reader::Parser& parser) {
          std::to_string(parser.columnNumber() + 1) + ": ";
 }
 
+}  // namespace
+
 // In blocks of the size that vantry takes, so that both make the same of every document.
-void parse(std::istream& in, const std::string& name, reader::Parser& parser) {
+void parseAll(std::istream& in, const std::string& name, reader::Parser& parser) {
   std::array<char, 512> block;
   bool isLast = false;
   while (!isLast) {
@@ -35,8 +36,6 @@ void parse(std::istream& in, const std::string& name, reader::Parser& parser) {
   }
 }
 
-}  // namespace
-
 PlotFile::PlotFile(const std::string& name, Ids ids) {
   reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
   reader::Parser parser(&handler, true, nullptr);
@@ -44,7 +43,7 @@ PlotFile::PlotFile(const std::string& name, Ids ids) {
   if (name != "-") file.open(name, std::ios::binary);
   if (!file) throw Failure(badDocument, name + ": cannot be opened: " + std::strerror(errno));
   try {
-    parse(name == "-" ? std::cin : file, name, parser);
+    parseAll(name == "-" ? std::cin : file, name, parser);
   } catch (const Failure&) {
     throw;
   } catch (const std::bad_alloc&) {

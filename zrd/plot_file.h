@@ -1,12 +1,18 @@
 // Plot documents as files.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "vantry/base/ref_counted.h"
 #include "vantry/plot/document.h"
+#include "vantry/reader/xml_parser.h"
 
 namespace vantry::zrd {
+
+/// Has a file parsed to its end. Throws Failure, which names the file and the place, if it cannot
+/// be read or is not well formed; what the parser's handler throws passes.
+void parseAll(std::istream& in, const std::string& name, reader::Parser& parser);
 
 /// A plot document that was read from a file, and is taken down with this.
 class PlotFile {

@@ -1,0 +1,186 @@
+// The command view, as a process.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "../driver/program.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string plot =
+    "<Canvas><Scene2d><CoordinateSystem2d><Obj2d Type=\"a\"><Img2d><Pt2d/></Img2d></Obj2d>"
+    "</CoordinateSystem2d></Scene2d></Canvas>\n";
+
+const std::string model = "<jvx-model><geometries></geometries></jvx-model>\n";
+
+class ViewTest : public ProgramTest {
+ protected:
+  ViewTest() { setEnvironment("LC_ALL", "C.UTF-8"); }
+
+  /// A browser that copies what it is given to `seen`, and ends with `status`.
+  std::string makeBrowser(int status = 0) const {
+    const fs::path script = folder_.path() / "browser";
+    write("browser",
+          "#!/bin/sh\neval cat '\"$'$#'\"' > seen\nexit " + std::to_string(status) + "\n");
+    fs::permissions(script, fs::perms::owner_all);
+    return script;
+  }
+
+  Outcome view(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), "view");
+    return run(arguments);
+  }
+
+  std::string errorOf(const std::vector<std::string>& arguments, int status) const {
+    const Outcome outcome = view(arguments);
+    EXPECT_EQ(outcome.status, status) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    return outcome.err;
+  }
+};
+
+bool isPage(const std::string& text) {
+  return text.starts_with("<!doctype html>") && text.ends_with("</html>\n") &&
+         text.find("<!--DATA-->") == std::string::npos &&
+         text.find(R"(<script type="application/json" data-name="page">{"title":)") != text.npos;
+}
+
+TEST_F(ViewTest, WritesAPage) {
+  write("plot.zrd", plot);
+  const Outcome outcome = view({"plot.zrd", "-o", "plot.html"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out + outcome.err, "");
+  EXPECT_TRUE(isPage(read("plot.html")));
+  EXPECT_NE(read("plot.html").find(R"("title":"plot.zrd")"), std::string::npos);
+  EXPECT_EQ(files(), "plot.html plot.zrd");
+}
+
+TEST_F(ViewTest, WritesAPageToStandardOutput) {
+  write("plot.zrd", plot);
+  const Outcome outcome = view({"plot.zrd", "-o", "-"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_TRUE(isPage(outcome.out));
+}
+
+TEST_F(ViewTest, ShowsSeveralPlots) {
+  write("a.zrd", plot);
+  write("b.jvx", model);
+  EXPECT_EQ(view({"a.zrd", "b.jvx", "-o", "plots.html"}).status, 0);
+  EXPECT_NE(read("plots.html").find(R"("title":"a.zrd, b.jvx")"), std::string::npos);
+}
+
+TEST_F(ViewTest, FindsTheDisplayBesideAModel) {
+  write("a.jvx", model);
+  EXPECT_EQ(view({"a.jvx", "-o", "alone.html"}).status, 0);
+  EXPECT_EQ(read("alone.html").find(R"("display":)"), std::string::npos);
+  write("a.jvd", "<jv-disp></jv-disp>");
+  EXPECT_EQ(view({"a.jvx", "-o", "both.html"}).status, 0);
+  EXPECT_NE(read("both.html").find(R"("display":)"), std::string::npos);
+}
+
+TEST_F(ViewTest, OpensTheBrowserOfTheUser) {
+  write("plot.zrd", plot);
+  setEnvironment("TMPDIR", folder_.path());
+  setEnvironment("BROWSER", makeBrowser());
+  EXPECT_EQ(errorOf({"plot.zrd"}, 0), "");
+  EXPECT_TRUE(isPage(read("seen")));
+}
+
+TEST_F(ViewTest, TriesTheBrowsersInTurn) {
+  write("plot.zrd", plot);
+  setEnvironment("TMPDIR", folder_.path());
+  setEnvironment("BROWSER", "./nothing:false:" + makeBrowser() + " --new %s");
+  EXPECT_EQ(errorOf({"plot.zrd"}, 0), "");
+  EXPECT_TRUE(isPage(read("seen")));
+}
+
+TEST_F(ViewTest, SaysWhereThePageIsIfThereIsNoBrowser) {
+  write("plot.zrd", plot);
+  setEnvironment("TMPDIR", folder_.path());
+  for (const std::string& browser : {std::string("./nothing"), makeBrowser(1)}) {
+    setEnvironment("BROWSER", browser);
+    const std::string error = errorOf({"plot.zrd"}, 3);
+    const std::string beginning =
+        "zrd: no browser could be opened: set the variable BROWSER, or open ";
+    ASSERT_TRUE(error.starts_with(beginning)) << error;
+    const std::string page = error.substr(beginning.size(), error.size() - beginning.size() - 1);
+    EXPECT_TRUE(isPage(contentOf(page))) << page;
+  }
+}
+
+TEST_F(ViewTest, NamesThePlaceOfBadData) {
+  write("bad.zrd", "<Canvas>\n<Scene2d Left=\"x\"/></Canvas>");
+  EXPECT_EQ(errorOf({"bad.zrd", "-o", "page.html"}, 2),
+            "zrd: bad.zrd:2:1: SYNTAX_ERR: element 'Scene2d', attribute 'Left', value 'x'\n");
+  write("cut.zrd", "<Canvas>\n<Scene2d>");
+  EXPECT_EQ(errorOf({"cut.zrd", "-o", "page.html"}, 2), "zrd: cut.zrd:2:10: not well-formed XML\n");
+  write("cut.jvx", "<jvx-model>\n <p>");
+  EXPECT_EQ(errorOf({"cut.jvx", "-o", "page.html"}, 2), "zrd: cut.jvx:2:5: not well-formed XML\n");
+  write("other.jvx", "<html/>");
+  EXPECT_EQ(errorOf({"other.jvx", "-o", "page.html"}, 2),
+            "zrd: other.jvx: the root is no <jvx-model>\n");
+  write("good.jvx", model);
+  write("good.jvd", "<html/>");
+  EXPECT_EQ(errorOf({"good.jvx", "-o", "page.html"}, 2),
+            "zrd: good.jvd: the root is no <jv-disp>\n");
+  EXPECT_EQ(errorOf({"none.zrd", "-o", "page.html"}, 2),
+            "zrd: none.zrd: cannot be opened: No such file or directory\n");
+  EXPECT_FALSE(exists("page.html"));
+}
+
+TEST_F(ViewTest, NamesThePlotThatCannotBeShown) {
+  write("good.zrd", plot);
+  write("empty.zrd", "<Canvas/>");
+  EXPECT_EQ(errorOf({"good.zrd", "empty.zrd", "-o", "page.html"}, 2),
+            "zrd: empty.zrd: there is no scene to show\n");
+}
+
+TEST_F(ViewTest, LeavesThePageThatWasThereIfItFails) {
+  write("page.html", "old");
+  // This fails in the middle of the second text.
+  write("bad.zrd",
+        "<Canvas><Scene2d><CoordinateSystem2d/></Scene2d><Scene2d><CoordinateSystem2d>"
+        "<Obj2d Type=\"a\"/></CoordinateSystem2d></Scene2d></Canvas>");
+  EXPECT_EQ(errorOf({"bad.zrd", "-o", "page.html"}, 2), "zrd: bad.zrd: no Img2d\n");
+  EXPECT_EQ(read("page.html"), "old");
+  EXPECT_EQ(files(), "bad.zrd page.html");
+}
+
+TEST_F(ViewTest, ReplacesNoPlot) {
+  write("plot.zrd", plot);
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "./plot.zrd"}, 1),
+            "zrd: ./plot.zrd: is the plot itself, which it would replace\n");
+  EXPECT_EQ(read("plot.zrd"), plot);
+}
+
+TEST_F(ViewTest, RefusesAWrongCommandLine) {
+  write("plot.zrd", plot);
+  EXPECT_NE(errorOf({}, 1), "");
+  EXPECT_NE(errorOf({"plot.zrd", "--frames", "0"}, 1), "");
+  EXPECT_NE(errorOf({"plot.zrd", "--time", "now"}, 1), "");
+  EXPECT_NE(errorOf({"plot.zrd", "--colour"}, 1), "");
+}
+
+TEST_F(ViewTest, SaysThatAPageCannotBeWritten) {
+  write("plot.zrd", plot);
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "plot.zrd/page.html"}, 2),
+            "zrd: plot.zrd/page.html cannot be written: Not a directory\n");
+}
+
+TEST_F(ViewTest, TakesTheFramesAndTheTime) {
+  write("moving.zrd",
+        "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"1\"/>"
+        "<Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
+  EXPECT_NE(view({"moving.zrd", "-o", "-", "--frames", "2"}).out.find(R"("times":[0.0,0.5,1.0])"),
+            std::string::npos);
+  EXPECT_EQ(view({"moving.zrd", "-o", "-", "--time", "1"}).out.find(R"("times":)"),
+            std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,163 @@
+#include <cctype>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "zrd/commands.h"
+#include "zrd/view/chrome.h"
+#include "zrd/view/plot_page.h"
+#include "zrd/view/process.h"
+#include "zrd/view/progress.h"
+#include "zrd/view/whole_output.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+struct PictureSettings {
+  std::string plot;
+  std::string output;
+  int width = 1200;
+  int height = 900;
+  double scale = 1;
+  bool isTransparent = false;
+  page::Options page = {.framesPerUnit = 0};
+};
+
+/// A folder for temporary files that goes with all that is in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() = default;
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code none;
+    std::filesystem::remove_all(path_, none);
+  }
+
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_ = makeTemporaryFolder();
+};
+
+/// The address of a file; all but plain letters in its name is escaped.
+std::string addressOf(const std::string& file) {
+  constexpr char digits[] = "0123456789ABCDEF";
+  std::string address = "file://";
+  for (const char letter : file) {
+    const auto byte = static_cast<unsigned char>(letter);
+    if (byte < 128 && (std::isalnum(byte) || std::strchr("/-._~", letter))) {
+      address += letter;
+    } else {
+      address.append({'%', digits[byte >> 4], digits[byte & 15]});
+    }
+  }
+  return address;
+}
+
+std::string fromBase64(const std::string& text) {
+  constexpr std::string_view letters =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bytes;
+  unsigned bits = 0;
+  int count = 0;
+  for (const char letter : text) {
+    const std::size_t value = letters.find(letter);
+    if (value == letters.npos) break;
+    bits = bits << 6 | static_cast<unsigned>(value);
+    count += 6;
+    if (count < 8) continue;
+    count -= 8;
+    bytes += static_cast<char>(bits >> count & 255);
+  }
+  return bytes;
+}
+
+void waitUntilReady(Chrome& chrome) {
+  using namespace std::chrono;
+  const auto end = steady_clock::now() + minutes(10);
+  while (chrome.evaluate("document.documentElement.dataset.state") != "ready") {
+    if (steady_clock::now() > end) throw Failure(noBrowser, "the browser takes too long to draw");
+    std::this_thread::sleep_for(milliseconds(20));
+  }
+  if (chrome.evaluate("document.querySelector('canvas') !== null") != true) {
+    throw Failure(noBrowser, "the browser cannot draw: it has no WebGL 2");
+  }
+}
+
+/// The page as the bytes of a PNG.
+std::string photograph(const std::string& page, const std::string& folder,
+                       const PictureSettings& settings) {
+  Chrome chrome(folder);
+  chrome.call("Emulation.setDeviceMetricsOverride", {{"width", settings.width},
+                                                     {"height", settings.height},
+                                                     {"deviceScaleFactor", settings.scale},
+                                                     {"mobile", false}});
+  if (settings.isTransparent) {
+    chrome.call("Emulation.setDefaultBackgroundColorOverride",
+                {{"color", {{"r", 0}, {"g", 0}, {"b", 0}, {"a", 0}}}});
+  }
+  const std::string mode = settings.isTransparent ? "#picture&transparent" : "#picture";
+  chrome.call("Page.navigate", {{"url", addressOf(page) + mode}});
+  waitUntilReady(chrome);
+  return fromBase64(chrome.call("Page.captureScreenshot", {{"format", "png"}}).value("data", ""));
+}
+
+int drawPicture(const PictureSettings& settings) {
+  refuseInput(settings.output, {settings.plot});
+  const TemporaryFolder folder;
+  const std::string page = folder.path() + "/plot.html";
+  writePlotPage(page, {settings.plot}, settings.page);
+  Progress progress;
+  progress.show("drawing " + settings.plot);
+  const std::string picture = photograph(page, folder.path(), settings);
+  writeWhole(settings.output, [&picture](std::ostream& out) { out << picture; });
+  return success;
+}
+
+/// Takes "1200x900". Returns what is wrong with it.
+std::string takeSize(const std::string& text, PictureSettings& settings) {
+  char end = '\0';
+  if (std::sscanf(text.c_str(), "%5dx%5d%c", &settings.width, &settings.height, &end) != 2 ||
+      settings.width < 1 || settings.height < 1) {
+    return "--size: " + text + " is not of the form 1200x900";
+  }
+  return {};
+}
+
+}  // namespace
+
+Command addPictureCommand(CLI::App& program) {
+  CLI::App* options = program.add_subcommand("picture", "Draw a plot as a PNG, by Chromium");
+  auto settings = std::make_shared<PictureSettings>();
+  options
+      ->add_option("PLOT", settings->plot,
+                   "A plot document, a JVX file with a JVD file beside it, or - for standard input")
+      ->required();
+  options->add_option("-o,--output", settings->output, "The picture, or - for standard output")
+      ->required();
+  options
+      ->add_option_function<std::string>(
+          "--size",
+          [settings](const std::string& text) {
+            const std::string wrong = takeSize(text, *settings);
+            if (!wrong.empty()) throw CLI::ValidationError(wrong);
+          },
+          "Width and height, in pixels of a page")
+      ->default_str("1200x900");
+  options->add_option("--scale", settings->scale, "Pixels of the picture per pixel of a page")
+      ->check(CLI::Range(0.1, 10.0))
+      ->capture_default_str();
+  options->add_option("--time", settings->page.time, "The time at which an animation is shown");
+  options->add_flag("--transparent", settings->isTransparent, "Leave the ground transparent");
+  return {options, [settings] { return drawPicture(*settings); }};
+}
+
+}  // namespace vantry::zrd

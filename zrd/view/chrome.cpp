@@ -1,0 +1,213 @@
+#include "zrd/view/chrome.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "zrd/commands.h"
+#include "zrd/view/process.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+using nlohmann::json;
+
+// In milliseconds.
+constexpr int longestSilence = 300'000;
+constexpr int longestFarewell = 5'000;
+
+/// The descriptors at which the browser expects its pipes.
+enum ChromeDescriptor : int { commands = 3, answers = 4 };
+
+/// A pipe whose ends are none of the descriptors of the browser.
+struct Pipe {
+  int read = -1;
+  int write = -1;
+
+  Pipe() {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+      throw Failure(noBrowser, std::string("no pipe to the browser: ") + std::strerror(errno));
+    }
+    read = moved(ends[0]);
+    write = moved(ends[1]);
+  }
+
+ private:
+  static int moved(int descriptor) {
+    constexpr int beyond = answers + 1;
+    const int other = fcntl(descriptor, F_DUPFD_CLOEXEC, beyond);
+    close(descriptor);
+    return other;
+  }
+};
+
+std::vector<std::string> candidates() {
+  for (const char* variable : {"VANTRY_BROWSER", "CHROME"}) {
+    const char* program = std::getenv(variable);
+    if (program && *program) return {program};
+  }
+  return {"chromium", "chromium-browser", "google-chrome", "google-chrome-stable"};
+}
+
+std::vector<std::string> commandOf(const std::string& program, const std::string& folder) {
+  std::vector<std::string> command = {
+      program,
+      "--headless",
+      "--remote-debugging-pipe",
+      "--user-data-dir=" + folder + "/profile",
+      "--no-first-run",
+      "--no-default-browser-check",
+      "--disable-background-networking",
+      "--disable-component-update",
+      "--disable-dev-shm-usage",
+      "--disable-extensions",
+      "--disable-sync",
+      "--enable-unsafe-swiftshader",
+      "--force-color-profile=srgb",
+      "--hide-scrollbars",
+      "--mute-audio",
+  };
+  // Its sandbox does not work for the system administrator.
+  if (geteuid() == 0) command.emplace_back("--no-sandbox");
+  return command;
+}
+
+}  // namespace
+
+// From here on the destructor ends the browser, also if the tab cannot be opened.
+Chrome::Chrome(const std::string& folder) : Chrome() {
+  start(folder);
+  std::signal(SIGPIPE, SIG_IGN);  // a browser that has ended is noticed when nothing comes from it
+  openTab();
+}
+
+Chrome::~Chrome() {
+  if (process_ <= 0) return;
+  close(input_);  // at this it puts everything away and ends
+  std::array<char, 4096> rest;
+  pollfd waiting{output_, POLLIN, 0};
+  while (poll(&waiting, 1, longestFarewell) > 0 && read(output_, rest.data(), rest.size()) > 0) {
+  }
+  close(output_);
+  kill(process_, SIGTERM);
+  waitForProcess(process_);
+}
+
+void Chrome::start(const std::string& folder) {
+  const std::vector<std::string> programs = candidates();
+  setenv("TMPDIR", folder.c_str(), 1);  // it leaves files there if it is in a hurry
+  for (const std::string& program : programs) {
+    if (startProgram(program, folder)) return;
+  }
+  throw Failure(noBrowser,
+                (programs.size() == 1 ? programs[0] + " cannot be started"
+                                      : std::string("neither Chromium nor Chrome was found")) +
+                    ": install the Debian package chromium, or let the variable VANTRY_BROWSER "
+                    "name the program");
+}
+
+bool Chrome::startProgram(const std::string& program, const std::string& folder) {
+  const Pipe toBrowser;
+  const Pipe fromBrowser;
+  process_ = startProcess(commandOf(program, folder),
+                          {{toBrowser.read, commands}, {fromBrowser.write, answers}}, true);
+  close(toBrowser.read);
+  close(fromBrowser.write);
+  program_ = program;
+  input_ = toBrowser.write;
+  output_ = fromBrowser.read;
+  if (process_ > 0) return true;
+  close(input_);
+  close(output_);
+  return false;
+}
+
+void Chrome::openTab() {
+  const json target = call("Target.createTarget", {{"url", "about:blank"}});
+  session_ = call("Target.attachToTarget", {{"targetId", target["targetId"]}, {"flatten", true}})
+                 .value("sessionId", "");
+  call("Page.enable");
+  call("Runtime.enable");
+  call("Log.enable");
+}
+
+json Chrome::call(const std::string& method, const json& parameters) {
+  json message = {{"id", ++lastCall_}, {"method", method}, {"params", parameters}};
+  if (parameters.is_null()) message["params"] = json::object();
+  if (!session_.empty()) message["sessionId"] = session_;
+  send(message);
+  for (;;) {
+    const json answer = receive();
+    if (answer.contains("method")) note(answer);
+    if (answer.value("id", 0) != lastCall_) continue;
+    if (answer.contains("error")) fail(method + ": " + answer["error"].value("message", ""));
+    return answer.value("result", json::object());
+  }
+}
+
+json Chrome::evaluate(const std::string& expression) {
+  const json answer =
+      call("Runtime.evaluate", {{"expression", expression}, {"returnByValue", true}});
+  return answer.value("/result/value"_json_pointer, json());
+}
+
+// A message ends with a zero byte.
+void Chrome::send(const json& message) {
+  const std::string text = message.dump();
+  std::size_t done = 0;
+  while (done <= text.size()) {
+    const ssize_t count = ::write(input_, text.c_str() + done, text.size() + 1 - done);
+    if (count < 0 && errno != EINTR) fail("it does not listen");
+    if (count > 0) done += static_cast<std::size_t>(count);
+  }
+}
+
+json Chrome::receive() {
+  std::array<char, 64 * 1024> block;
+  std::size_t searched = 0;
+  for (;;) {
+    const std::size_t end = received_.find('\0', searched);
+    if (end != received_.npos) {
+      const json message = json::parse(received_.substr(0, end), nullptr, false);
+      received_.erase(0, end + 1);
+      if (message.is_object()) return message;
+      searched = 0;
+      continue;
+    }
+    searched = received_.size();
+    pollfd waiting{output_, POLLIN, 0};
+    if (poll(&waiting, 1, longestSilence) == 0) fail("it does not answer");
+    const ssize_t count = ::read(output_, block.data(), block.size());
+    if (count == 0) fail("it has ended");
+    if (count > 0) received_.append(block.data(), static_cast<std::size_t>(count));
+  }
+}
+
+/// What a page complains of is the end of its picture.
+void Chrome::note(const json& event) const {
+  const std::string method = event["method"];
+  const json parameters = event.value("params", json::object());
+  if (method == "Inspector.targetCrashed") fail("the page has crashed");
+  if (method == "Runtime.exceptionThrown") {
+    fail(parameters.value("/exceptionDetails/exception/description"_json_pointer,
+                          "the page has failed"));
+  }
+  if (method == "Log.entryAdded" && parameters["entry"].value("level", "") == "error") {
+    fail(parameters["entry"].value("text", ""));
+  }
+}
+
+void Chrome::fail(const std::string& how) const {
+  throw Failure(noBrowser, program_ + " cannot draw the plot: " + how);
+}
+
+}  // namespace vantry::zrd

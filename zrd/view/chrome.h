@@ -1,0 +1,45 @@
+// Chromium or Chrome without a window.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace vantry::zrd {
+
+/// A running browser, which is spoken to by its developer tools. All operations throw Failure if
+/// the browser fails. It ends with this.
+class Chrome {
+ public:
+  /// Starts the browser that the environment variable VANTRY_BROWSER or CHROME names, or else the
+  /// first one that is installed. It keeps its own files in `folder`.
+  explicit Chrome(const std::string& folder);
+  Chrome(const Chrome&) = delete;
+  Chrome& operator=(const Chrome&) = delete;
+  ~Chrome();
+
+  /// Calls a method of the tools and returns its result.
+  nlohmann::json call(const std::string& method, const nlohmann::json& parameters = {});
+
+  /// The value of an expression in the page.
+  nlohmann::json evaluate(const std::string& expression);
+
+ private:
+  Chrome() = default;
+  void start(const std::string& folder);
+  bool startProgram(const std::string& program, const std::string& folder);
+  void openTab();
+  void send(const nlohmann::json& message);
+  nlohmann::json receive();
+  void note(const nlohmann::json& event) const;
+  [[noreturn]] void fail(const std::string& how) const;
+
+  std::string program_;
+  int process_ = -1;
+  int input_ = -1;   // of the browser
+  int output_ = -1;  // of the browser
+  int lastCall_ = 0;
+  std::string session_;   // of the tab
+  std::string received_;  // of messages that are not yet taken
+};
+
+}  // namespace vantry::zrd

@@ -1,0 +1,63 @@
+#include "zrd/view/model_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "vantry/reader/xml_parser.h"
+#include "zrd/commands.h"
+#include "zrd/plot_file.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+/// Takes in nothing of a document but the name of its root.
+class RootName final : public reader::Handler {
+ public:
+  const std::string& get() const { return name_; }
+
+  bool lookupElement(const char*, const char* localName, std::uint32_t&, std::uint32_t&) override {
+    if (name_.empty()) name_ = localName;
+    return false;
+  }
+  bool lookupAttribute(const char*, const char*, std::uint32_t&, std::uint32_t&) override {
+    return false;
+  }
+  void startElement(std::uint32_t, std::uint32_t, const reader::AttributeList&) override {}
+  void endElement(std::uint32_t, std::uint32_t) override {}
+  void characters(const char*, std::size_t) override {}
+
+ private:
+  std::string name_;
+};
+
+/// Opens a file and reads it once through.
+std::ifstream openChecked(const std::filesystem::path& name, std::string_view root) {
+  std::ifstream file(name, std::ios::binary);
+  if (!file) {
+    throw Failure(badDocument, name.string() + ": cannot be opened: " + std::strerror(errno));
+  }
+  RootName found;
+  reader::Parser parser(&found, false, nullptr);
+  parseAll(file, name.string(), parser);
+  if (found.get() != root) {
+    throw Failure(badDocument, name.string() + ": the root is no <" + std::string(root) + ">");
+  }
+  file.clear();
+  file.seekg(0);
+  return file;
+}
+
+}  // namespace
+
+bool isModelName(const std::filesystem::path& name) { return name.extension() == ".jvx"; }
+
+ModelFile::ModelFile(const std::filesystem::path& name) : model_(openChecked(name, "jvx-model")) {
+  std::filesystem::path display = name;
+  display.replace_extension(".jvd");
+  if (std::filesystem::exists(display)) display_ = openChecked(display, "jv-disp");
+}
+
+}  // namespace vantry::zrd

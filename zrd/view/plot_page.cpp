@@ -1,0 +1,68 @@
+#include "zrd/view/plot_page.h"
+
+#include <memory>
+#include <variant>
+
+#include "zrd/commands.h"
+#include "zrd/plot_file.h"
+#include "zrd/view/model_file.h"
+#include "zrd/view/page_template.h"
+#include "zrd/view/progress.h"
+#include "zrd/view/whole_output.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+using Plot = std::variant<std::unique_ptr<PlotFile>, std::unique_ptr<ModelFile>>;
+
+Plot readPlot(const std::string& name) {
+  if (isModelName(name)) return std::make_unique<ModelFile>(name);
+  return std::make_unique<PlotFile>(name);
+}
+
+void addPlot(page::Page& page, const Plot& plot, const std::string& name) {
+  const std::string title = name == "-" ? "plot" : std::filesystem::path(name).filename().string();
+  if (const auto* model = std::get_if<std::unique_ptr<ModelFile>>(&plot)) {
+    page.add((*model)->model(), (*model)->display(), title);
+  } else {
+    page.add(std::get<std::unique_ptr<PlotFile>>(plot)->document(), {title, name});
+  }
+}
+
+}  // namespace
+
+void refuseInput(const std::filesystem::path& output, const std::vector<std::string>& plots) {
+  for (const std::string& plot : plots) {
+    std::error_code none;
+    if (!std::filesystem::equivalent(output, plot, none)) continue;
+    throw Failure(wrongUsage, output.string() + ": is the plot itself, which it would replace");
+  }
+}
+
+void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
+                   const page::Options& options) try {
+  const std::string_view pageTemplate = zrd::pageTemplate();
+  Progress progress;
+  page::Page page;
+  std::vector<Plot> read;
+  for (const std::string& name : plots) {
+    progress.show("reading " + name);
+    addPlot(page, read.emplace_back(readPlot(name)), name);
+  }
+  page::Options shown = options;
+  shown.progress = [&progress](std::size_t frame, std::size_t frames) {
+    progress.show("writing frame " + std::to_string(frame + 1) + " of " + std::to_string(frames));
+  };
+  page.write(out, pageTemplate, shown);
+} catch (const page::PageError& failure) {
+  throw Failure(badDocument, failure.what());
+}
+
+void writePlotPage(const std::filesystem::path& name, const std::vector<std::string>& plots,
+                   const page::Options& options) {
+  refuseInput(name, plots);
+  writeWhole(name, [&](std::ostream& out) { writePlotPage(out, plots, options); });
+}
+
+}  // namespace vantry::zrd

@@ -1,0 +1,72 @@
+#include "zrd/view/process.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "zrd/commands.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+class FileActions {
+ public:
+  FileActions() { posix_spawn_file_actions_init(&actions_); }
+  FileActions(const FileActions&) = delete;
+  FileActions& operator=(const FileActions&) = delete;
+  ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
+
+  void hand(Handed descriptor) {
+    posix_spawn_file_actions_adddup2(&actions_, descriptor.own, descriptor.number);
+  }
+  void silence(int descriptor) {
+    posix_spawn_file_actions_addopen(&actions_, descriptor, "/dev/null", O_WRONLY, 0);
+  }
+
+  const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_{};
+};
+
+}  // namespace
+
+int startProcess(const std::vector<std::string>& command, const std::vector<Handed>& descriptors,
+                 bool isQuiet) {
+  std::vector<char*> words;
+  for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
+  words.push_back(nullptr);
+  FileActions actions;
+  for (const Handed descriptor : descriptors) actions.hand(descriptor);
+  if (isQuiet) {
+    actions.silence(STDOUT_FILENO);
+    actions.silence(STDERR_FILENO);
+  }
+  pid_t process = -1;
+  errno = posix_spawnp(&process, words[0], actions.get(), nullptr, words.data(), environ);
+  return errno == 0 ? process : -1;
+}
+
+int waitForProcess(int process) {
+  int status = 0;
+  while (waitpid(process, &status, 0) < 0) {
+    if (errno != EINTR) return -1;
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string makeTemporaryFolder() {
+  // mkdtemp() puts a name that is not taken in the place of the six letters.
+  std::string name = std::filesystem::temp_directory_path() / "zrd-XXXXXX";
+  if (mkdtemp(name.data())) return name;
+  throw Failure(badDocument, name + ": cannot be made: " + std::strerror(errno));
+}
+
+}  // namespace vantry::zrd
