@@ -102,9 +102,29 @@ std::string nameOf(const ObjectBase& object) {
   return utf8(object.localType().str());
 }
 
+/// The colour that a primitive shows most of: null if it has none.
+Token mainColor(const PlotElement& primitive) {
+  const bool isFilled =
+      !primitive.hasProperty(Word::Filled) || propertyValue<bool>(primitive, Word::Filled);
+  if (isFilled && primitive.hasProperty(Word::FillColor)) return Word::FillColor;
+  for (const Token color : {Word::LineColor, Word::PointColor}) {
+    if (primitive.hasProperty(color)) return color;
+  }
+  return {};
+}
+
+/// The colour of an object in the legend: that of its first primitive, unless it names another one.
 RGBA colorOf(const ObjectBase& object) {
   RGBA color;
-  return object.legendColor(color) ? color : object.lineColor();
+  if (object.legendColor(color)) return color;
+  const auto* image = firstOf<ImgBase, Img2d, Img3d>(object.firstChild());
+  for (const dom::Node* child = image ? image->firstChild() : nullptr; child;
+       child = child->nextSibling()) {
+    const PlotElement* primitive = PlotElement::from(child);
+    const Token name = primitive ? mainColor(*primitive) : Token();
+    if (name) return propertyValue<RGBA>(*primitive, name);
+  }
+  return object.lineColor();
 }
 
 Json objectText(const ObjectBase& object, const javaview::Bounds& bounds) {

@@ -155,6 +155,21 @@ TEST(PageTest, TakesTheColourOfTheLegendFromThePropertyThatIsNamed) {
   EXPECT_FALSE(page.panel(0).at("objects")[1].contains("legend"));
 }
 
+TEST(PageTest, TakesTheColourOfTheLegendFromThePrimitiveIfNoPropertyIsNamed) {
+  const std::string colors = "LineColor=\"#0000ff\" FillColor=\"#00ff00\" PointColor=\"#ff0000\"";
+  const std::string polygon = "<P2>0 0</P2><P2>1 0</P2><P2>0 1</P2></Poly2d>";
+  const ReadPage page = pageOf(canvas(
+      scene2d(object(point, colors, "<LegendText>x</LegendText>") +
+              object("<Poly2d Filled=\"1\">" + polygon, colors, "<LegendText>x</LegendText>") +
+              object("<Poly2d Filled=\"0\">" + polygon, colors, "<LegendText>x</LegendText>") +
+              object("<Text2d>x</Text2d>", colors, "<LegendText>x</LegendText>"))));
+  std::string shown;
+  for (const json& entry : page.panel(0).at("objects")) {
+    shown += entry.at("color").get<std::string>();
+  }
+  EXPECT_EQ(shown, "#ff0000#00ff00#0000ff#0000ff");
+}
+
 TEST(PageTest, HasTheScalesOfColoursByHeight) {
   const std::string box = "<ViewingBoxYMin Val=\"-1\"/><ViewingBoxYMax Val=\"3\"/>";
   const auto curve = [](const std::string& type) {
