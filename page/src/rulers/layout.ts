@@ -10,16 +10,28 @@ export type Measure = (label: Label) => readonly [number, number];
 /** The object that rulers belong to; it is always shown. */
 export const RULER_OBJECT = 0;
 
+/** Where a label is on the screen, by where its anchor is and by its size. */
+export function labelRectangle(
+  { anchor, shift }: Label,
+  [x, y]: readonly number[],
+  [width, height]: readonly [number, number],
+): Rectangle {
+  const left = x! + shift[0] - anchor[0] * width;
+  const bottom = y! + shift[1] - (1 - anchor[1]) * height;
+  return { left, bottom, width, height };
+}
+
 /** Lines and labels of the rulers for one view, laid out so that no two labels overlap. */
 export class RulerLayout {
   readonly batches = new SceneBatches();
   readonly labels: Label[] = [];
   readonly rectangles: Rectangle[] = [];
-  private readonly free = new FreePlaces(4);
+  /** What is left of the picture; labels of points go there after the rulers' own. */
+  readonly free = new FreePlaces(4);
 
   constructor(
     readonly view: View,
-    private readonly measure: Measure,
+    readonly measure: Measure,
   ) {}
 
   line(a: Place, b: Place, color: Rgb, width: number, dash = 0): void {
@@ -79,14 +91,7 @@ export class RulerLayout {
 
   /** Where a label is on the screen. */
   rectangle(label: Label): Rectangle {
-    const [width, height] = this.measure(label);
-    const [x, y] = this.view.toPixels(...label.at);
-    return {
-      left: x + label.shift[0] - label.anchor[0] * width,
-      bottom: y + label.shift[1] - (1 - label.anchor[1]) * height,
-      width,
-      height,
-    };
+    return labelRectangle(label, this.view.toPixels(...label.at), this.measure(label));
   }
 
   /** Adds a label unless another is in its way. */

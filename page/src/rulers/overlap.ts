@@ -21,16 +21,40 @@ export function isInside(a: Rectangle, width: number, height: number): boolean {
   return a.left >= 0 && a.bottom >= 0 && a.left + a.width <= width && a.bottom + a.height <= height;
 }
 
+/** The side of the cells in which neighbours are looked for. */
+const CELL = 64;
+const CELLS_A_ROW = 1 << 16;
+const FAR = 1e6;
+
 /** Rectangles of which none may touch another. */
 export class FreePlaces {
-  private readonly taken: Rectangle[] = [];
+  private readonly cells = new Map<number, Rectangle[]>();
 
   constructor(private readonly gap: number) {}
 
-  /** Takes a place; false if something is there already. */
+  /** Takes a place; false if something is there already, or if it is far off every screen. */
   take(rectangle: Rectangle): boolean {
-    if (this.taken.some((other) => overlaps(rectangle, other, this.gap))) return false;
-    this.taken.push(rectangle);
+    const { left, bottom } = rectangle;
+    if (!(Math.abs(left) < FAR && Math.abs(bottom) < FAR)) return false;
+    const keys = this.cellsAt(rectangle);
+    const isTaken = (key: number): boolean =>
+      this.cells.get(key)?.some((other) => overlaps(rectangle, other, this.gap)) ?? false;
+    if (keys.some(isTaken)) return false;
+    for (const key of keys) {
+      const known = this.cells.get(key);
+      if (known) known.push(rectangle);
+      else this.cells.set(key, [rectangle]);
+    }
     return true;
+  }
+
+  /** The cells that a rectangle and the gap beside it lie in. */
+  private cellsAt({ left, bottom, width, height }: Rectangle): number[] {
+    const keys: number[] = [];
+    const cell = (at: number): number => Math.floor(at / CELL);
+    for (let x = cell(left - this.gap); x <= cell(left + width + this.gap); x++) {
+      for (let y = cell(bottom); y <= cell(bottom + height); y++) keys.push(x * CELLS_A_ROW + y);
+    }
+    return keys;
   }
 }

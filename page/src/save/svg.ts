@@ -181,7 +181,7 @@ function text(label: Label, project: Project, width: number): Shape {
 /** The drawing as it is seen now. */
 export function toSvg(plot: Plot): string {
   plot.draw(1, false, false);
-  const { view, batches, hidden, layout } = plot;
+  const { view, batches, hidden, layout, placed } = plot;
   const { width, height } = view.size;
   const project: Project = (x, y, z) => {
     const [px, py, depth] = view.toPixels(x, y, z);
@@ -194,9 +194,7 @@ export function toSvg(plot: Plot): string {
     ...batches.faces.flatMap((batch) => triangles(batch, project, hidden, lit, patterns)),
     ...lines(batches.lines, project, hidden),
     ...discs(batches.points, project, hidden),
-    ...(plot.shown.labels ? batches.labels : [])
-      .filter((label) => !hidden.has(label.object))
-      .map((label) => text(label, project, 0)),
+    ...placed.labels.map((label, i) => text(label, project, placed.rectangles[i]!.width)),
   ].sort((a, b) => b.depth - a.depth);
   const rulers = [
     ...(layout ? lines(layout.batches.lines, project, none) : []),

@@ -28,12 +28,14 @@ export const cssColor = (color: readonly number[]): string =>
   `rgb(${color.slice(0, 3).map(Math.round).join(' ')})`;
 
 const LONGEST_LABEL = 300;
+const MOST_WIDTHS = 20_000;
 
 export class TextAtlas {
   readonly texture: CanvasTexture;
   private readonly canvas = document.createElement('canvas');
   private readonly context: CanvasRenderingContext2D;
   private readonly places = new Map<string, Glyphs>();
+  private readonly widths = new Map<string, number>();
   private x = 0;
   private y = 0;
   private rowHeight = 0;
@@ -57,8 +59,7 @@ export class TextAtlas {
 
   /** The width and height of a label in pixels of the page. */
   measure(label: Label): readonly [number, number] {
-    this.context.font = cssFont(label.style, 1);
-    const width = Math.ceil(this.context.measureText(shorten(label.text)).width);
+    const width = this.widthOf(label);
     const height = Math.ceil(label.style.size * 1.25);
     return (label.turns ?? 0) % 2 === 0 ? [width, height] : [height, width];
   }
@@ -76,6 +77,18 @@ export class TextAtlas {
 
   dispose(): void {
     this.texture.dispose();
+  }
+
+  private widthOf({ text, style }: Label): number {
+    const font = cssFont(style, 1);
+    const key = `${font}|${text}`;
+    const known = this.widths.get(key);
+    if (known !== undefined) return known;
+    if (this.widths.size >= MOST_WIDTHS) this.widths.clear();
+    this.context.font = font;
+    const width = Math.ceil(this.context.measureText(shorten(text)).width);
+    this.widths.set(key, width);
+    return width;
   }
 
   private clear(pixelRatio: number): void {

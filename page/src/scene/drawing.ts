@@ -121,7 +121,7 @@ export class Drawing {
   private readonly lift: Lift;
 
   constructor(
-    private readonly batches: SceneBatches,
+    batches: SceneBatches,
     private readonly uniforms: SceneUniforms,
     private readonly atlas: TextAtlas,
     private readonly texts: IUniform<Texture | null>,
@@ -172,10 +172,6 @@ export class Drawing {
     const geometry = labelGeometry(labels, this.atlas, pixelRatio);
     this.labels = new Mesh(geometry, material);
     add(this.group, this.labels, ORDER.labels);
-  }
-
-  get ownLabels(): readonly Label[] {
-    return this.batches.labels;
   }
 
   dispose(): void {

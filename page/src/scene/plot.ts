@@ -6,6 +6,7 @@ import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
 import { Rulers3d } from '../rulers/axes3d';
 import { homeView, isDefaultView } from '../rulers/camera';
 import { frameLook, type FrameLook } from '../rulers/frame';
+import { placeLabels, type PlacedLabels } from '../rulers/labels';
 import { RulerLayout } from '../rulers/layout';
 import { applyLights } from '../rulers/lights';
 import { isInside, type Rectangle } from '../rulers/overlap';
@@ -75,9 +76,11 @@ export class Plot {
   objects: ObjectText[] = [];
   readonly hidden = new Set<number>();
   batches: SceneBatches;
-  /** Labels of the last picture and where they were. */
+  /** Labels of the rulers in the last picture and where they were. */
   labels: readonly Label[] = [];
   rectangles: readonly Rectangle[] = [];
+  /** The same for those of points. */
+  placed: PlacedLabels = { labels: [], rectangles: [] };
   plotRectangle: Rectangle | undefined;
   layout: RulerLayout | undefined;
   private readonly uniforms: SceneUniforms;
@@ -180,9 +183,9 @@ export class Plot {
       this.texts,
       this.flat,
     );
-    const own = this.shown.labels ? this.drawing.ownLabels : [];
-    this.atlas.place([...own, ...layout.labels], pixelRatio);
-    this.drawing.setLabels(own, pixelRatio);
+    this.placed = this.placeLabels(layout);
+    this.atlas.place([...this.placed.labels, ...layout.labels], pixelRatio);
+    this.drawing.setLabels(this.placed.labels, pixelRatio);
     this.rulers.setLabels(layout.labels, pixelRatio);
     this.labels = layout.labels;
     this.rectangles = layout.rectangles;
@@ -366,6 +369,12 @@ export class Plot {
     else if (this.plotRectangle) new Rulers2d(layout, look, this.space, this.plotRectangle).draw();
     this.layout = layout;
     return layout;
+  }
+
+  private placeLabels(layout: RulerLayout): PlacedLabels {
+    const isShown = ({ object, at }: Label): boolean =>
+      this.shown.labels && !this.hidden.has(object) && !this.isClipped(...at);
+    return placeLabels(this.batches.labels, this.view, layout.measure, layout.free, isShown);
   }
 
   /** Steps back until no number is cut off, but not far from the view that is asked for. */

@@ -43,14 +43,16 @@ const cases = [
   ...exampleNames('.jvd').map((name) => ({ name, model: EMPTY, display: example(name) })),
 ];
 
-/** Labels of rulers that meet, and of flat scenes those that are cut off. */
+/** Labels that meet or are cut off. */
 function misplaced(): string[] {
   const { plot } = window.plotPage!.all[0]!;
   const { width, height } = plot.view.size;
   const found: string[] = [];
-  plot.rectangles.forEach((a, i) => {
-    const { text } = plot.labels[i]!;
-    plot.rectangles.slice(i + 1).forEach((b) => {
+  const labels = [...plot.labels, ...plot.placed.labels];
+  const rectangles = [...plot.rectangles, ...plot.placed.rectangles];
+  rectangles.forEach((a, i) => {
+    const { text } = labels[i]!;
+    rectangles.slice(i + 1).forEach((b) => {
       const apart =
         a.left >= b.left + b.width ||
         b.left >= a.left + a.width ||
@@ -60,7 +62,7 @@ function misplaced(): string[] {
     });
     const inside =
       a.left >= 0 && a.bottom >= 0 && a.left + a.width <= width && a.bottom + a.height <= height;
-    if (plot.flat && !inside) found.push(`${text} is cut off`);
+    if (!inside) found.push(`${text} is cut off`);
   });
   return found;
 }
