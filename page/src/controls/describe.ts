@@ -8,7 +8,7 @@ const counted = (count: number, one: string, many: string): string | undefined =
 
 export function describe(plot: Plot): string {
   const { box } = plot.space;
-  const { counts } = plot.batches;
+  const { counts } = plot.scene;
   const axes = plot.flat ? (['x', 'y'] as const) : (['x', 'y', 'z'] as const);
   const ranges = axes.map((axis, i) => {
     const title = plot.look.rulers[i]!.title;

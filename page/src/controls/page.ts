@@ -1,9 +1,11 @@
 /** The whole page: its panels in their layout, the animation, dropped files. */
-import { plainPanel, type PageText, type PanelText } from '../data/contract';
+import { plainPanel, type FrameText, type PageText, type PanelText } from '../data/contract';
 import type { Loader } from '../data/load';
+import { rootOf, type SceneTexts } from '../data/read';
 import type { Source } from '../data/source';
-import type { ReadResult } from '../javaview/reader';
+import { checkRoot } from '../javaview/reader';
 import { Engine } from '../scene/engine';
+import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
 import { button, element } from './dom';
 import { Panel, textLine } from './panel';
@@ -23,10 +25,27 @@ export function modeOf(hash: string): Mode {
   return { picture: words.has('picture'), transparent: words.has('transparent') };
 }
 
+interface Dropped {
+  text: PanelText;
+  texts: SceneTexts;
+  content: Content;
+}
+
 interface PanelSet {
   text: PanelText;
   panel: Panel;
 }
+
+const CUT_OFF = 'The file is cut off; this is what it holds.';
+
+function frameOf(text: PanelText, frame: number): FrameText {
+  const found = text.frames[Math.min(frame, text.frames.length - 1)];
+  if (!found) throw new Error('there is nothing to show');
+  return found;
+}
+
+/** The name of a file without its endings, which a model and its display share. */
+const stem = (name: string): string => name.replace(/(\.gz|\.jvx|\.jvd|\.xml)+$/i, '');
 
 export class Page {
   private readonly area = element('div', { class: 'area' });
@@ -114,18 +133,7 @@ export class Page {
   }
 
   private putPanel(text: PanelText, content: Content, frame: number): void {
-    const { model, display } = text.frames[Math.min(frame, text.frames.length - 1)]!;
-    const panel = new Panel(
-      this.engine!,
-      text,
-      content,
-      {
-        model: this.block(model),
-        display: display === undefined ? undefined : this.block(display),
-      },
-      this.surroundings,
-      () => this.mode.transparent,
-    );
+    const panel = this.makePanel(text, content, this.textsOf(frameOf(text, frame)));
     if (text.place && this.area.classList.contains('placed')) {
       const { left, top, width, height } = text.place;
       const { style } = panel.element;
@@ -144,19 +152,33 @@ export class Page {
     return source;
   }
 
-  private async content(text: PanelText, frame: number): Promise<Content> {
-    const frameText = text.frames[Math.min(frame, text.frames.length - 1)];
-    if (!frameText) throw new Error('there is nothing to show');
-    const [model, display] = await Promise.all([
-      this.read(frameText.model),
-      frameText.display === undefined ? undefined : this.read(frameText.display),
-    ]);
-    if (!model.whole) this.message.textContent = 'The file is cut off; this is what it holds.';
-    return { geometries: model.geometries, display: display?.displays[0], frame: frameText };
+  private textsOf({ model, display }: FrameText): SceneTexts {
+    return {
+      model: this.block(model),
+      display: display === undefined ? undefined : this.block(display),
+    };
   }
 
-  private read(name: string): Promise<ReadResult> {
-    return this.loader.load(this.block(name));
+  private makePanel(text: PanelText, content: Content, texts: SceneTexts): Panel {
+    return new Panel(
+      this.engine!,
+      text,
+      content,
+      texts,
+      this.surroundings,
+      () => this.mode.transparent,
+    );
+  }
+
+  /** A frame, in the space of an earlier one if that is given. */
+  private async content(text: PanelText, frame: number, space?: SpaceParts): Promise<Content> {
+    const { model, display, runs } = frameOf(text, frame);
+    const texts = this.textsOf({ model, display, runs });
+    const { x, y, z } = text.axes;
+    const logarithmic: Flags = [x.logarithmic, y.logarithmic, z.logarithmic];
+    const scene = await this.loader.load(texts, { runs, logarithmic, space });
+    if (!scene.whole) this.message.textContent = CUT_OFF;
+    return { name: model, scene };
   }
 
   private addPlayer(): void {
@@ -167,7 +189,9 @@ export class Page {
     const get = (frame: number): Promise<Content[]> => {
       const known = ahead.get(frame);
       if (known) return known;
-      const contents = Promise.all(this.panels.map(({ text }) => this.content(text, frame)));
+      const contents = Promise.all(
+        this.panels.map(({ text, panel }) => this.content(text, frame, panel.plot.scene.space)),
+      );
       ahead.set(frame, contents);
       return contents;
     };
@@ -236,54 +260,50 @@ export class Page {
     if (files.length === 0) return;
     this.message.textContent = 'Reading…';
     try {
-      const read = await Promise.all(
-        files.map(async (file) => ({ file, result: await this.loader.load({ file }) })),
-      );
-      const models = read.filter(({ result }) => result.root === 'jvx-model');
-      if (models.length === 0) throw new Error('there is no JVX file among them');
+      const dropped = await this.readFiles(files);
       this.engine ??= new Engine(() => this.redraw());
       for (const { panel } of this.panels) panel.dispose();
-      this.panels = [];
       this.area.replaceChildren();
       this.root.querySelector('.player')?.remove();
       this.area.classList.remove('placed');
-      this.area.classList.add(models.length > 1 ? 'several' : 'single');
-      this.area.style.setProperty('--columns', String(Math.ceil(Math.sqrt(models.length))));
-      const displays = read.filter(({ result }) => result.root === 'jv-disp');
-      models.forEach(({ file, result }, i) => {
-        const stem = (name: string): string => name.replace(/(\.gz|\.jvx|\.jvd|\.xml)+$/i, '');
-        const display =
-          displays.find((other) => stem(other.file.name) === stem(file.name)) ?? displays[i];
-        const text = plainPanel(result.title || stem(file.name), '', undefined);
-        const frame = text.frames[0]!;
-        const content = {
-          geometries: result.geometries,
-          display: display?.result.displays[0] ?? result.displays[0],
-          frame,
-        };
-        this.panels.push({ text, panel: this.droppedPanel(text, content, file, display?.file) });
-      });
+      this.area.classList.add(dropped.length > 1 ? 'several' : 'single');
+      this.area.style.setProperty('--columns', String(Math.ceil(Math.sqrt(dropped.length))));
+      this.panels = dropped.map(({ text, content, texts }) => ({
+        text,
+        panel: this.makePanel(text, content, texts),
+      }));
       for (const { panel } of this.panels) this.area.append(panel.element);
-      const whole = read.every(({ result }) => result.whole);
-      this.message.textContent = whole ? '' : 'The file is cut off; this is what it holds.';
+      const whole = dropped.every(({ content }) => content.scene.whole);
+      this.message.textContent = whole ? '' : CUT_OFF;
     } catch (error) {
       this.fail(files[0]!.name, error);
     }
   }
 
-  private droppedPanel(
-    text: PanelText,
-    content: Content,
-    model: File,
-    display: File | undefined,
-  ): Panel {
-    return new Panel(
-      this.engine!,
-      text,
-      content,
-      { model: { file: model }, display: display ? { file: display } : undefined },
-      this.surroundings,
-      () => this.mode.transparent,
+  /** Each model with the display of the same name, or else with that at the same place. */
+  private async readFiles(files: readonly File[]): Promise<Dropped[]> {
+    const kinds = await Promise.all(
+      files.map(async (file) => {
+        const root = await rootOf({ file });
+        checkRoot(root);
+        return { file, root };
+      }),
+    );
+    const ofKind = (kind: string): File[] =>
+      kinds.filter(({ root }) => root === kind).map(({ file }) => file);
+    const models = ofKind('jvx-model');
+    const displays = ofKind('jv-disp');
+    if (models.length === 0) throw new Error('there is no JVX file among them');
+    return Promise.all(
+      models.map(async (file, i) => {
+        const same = displays.find((other) => stem(other.name) === stem(file.name));
+        const display = same ?? displays[i];
+        const texts = { model: { file }, display: display && { file: display } };
+        const order = { runs: [], logarithmic: LINEAR, space: undefined };
+        const scene = await this.loader.load(texts, order);
+        const text = plainPanel(scene.title || stem(file.name), '', undefined);
+        return { text, texts, content: { name: file.name, scene } };
+      }),
     );
   }
 
@@ -296,9 +316,8 @@ export class Page {
     );
     for (const text of this.text.panels) {
       try {
-        const { geometries } = await this.content(text, 0);
-        const lines = geometries.flatMap(({ points, dimension }) => {
-          const { coordinates } = points;
+        const { scene } = await this.content(text, 0);
+        const lines = scene.geometries.flatMap(({ coordinates, dimension }) => {
           return Array.from({ length: Math.min(coordinates.length / 3, 1000) }, (_, i) =>
             [...coordinates.subarray(i * 3, i * 3 + dimension)].join(' '),
           );

@@ -1,7 +1,7 @@
 /** One plot of the page: its drawing, its texts and its buttons. */
 import { Vector3 } from 'three';
 import type { PanelText, TextLine } from '../data/contract';
-import type { Source } from '../data/source';
+import type { SceneTexts } from '../data/read';
 import { cssFont } from '../scene/atlas';
 import type { Engine } from '../scene/engine';
 import { Plot, type Content, type Hit, type Surroundings } from '../scene/plot';
@@ -25,11 +25,6 @@ export function textLine(line: TextLine | undefined, name: string): HTMLElement 
   return made;
 }
 
-export interface PanelSources {
-  model: Source;
-  display: Source | undefined;
-}
-
 export class Panel {
   readonly element: HTMLElement;
   readonly plot: Plot;
@@ -48,7 +43,7 @@ export class Panel {
     private readonly engine: Engine,
     readonly text: PanelText,
     content: Content,
-    readonly sources: PanelSources,
+    readonly sources: SceneTexts,
     surroundings: Surroundings,
     private readonly transparent: () => boolean,
   ) {

@@ -1,5 +1,6 @@
 /** Saving: pictures, models and the texts of the plot. */
-import { toFile, type Source } from '../data/source';
+import type { SceneTexts } from '../data/read';
+import { toFile } from '../data/source';
 import { MOST_PRIMITIVES, countPrimitives, toSvg } from '../save/svg';
 import { toGlb, toObj, toStl } from '../save/models';
 import type { Plot } from '../scene/plot';
@@ -8,7 +9,7 @@ import { button, element } from './dom';
 export interface Savable {
   plot: Plot;
   name: string;
-  sources: { model: Source; display: Source | undefined };
+  sources: SceneTexts;
   picture(factor: number): HTMLCanvasElement;
 }
 

@@ -6,10 +6,13 @@
 import {
   FILL_PATTERNS,
   LINE_STYLES,
+  PLAIN_TIP,
   POINT_STYLES,
+  TIP_STYLES,
   type FillPatternName,
   type LineStyleName,
   type PointStyleName,
+  type Tip,
 } from '../scene/styles';
 
 export interface TextLine {
@@ -22,8 +25,30 @@ export interface TextLine {
   align: 'left' | 'center' | 'right';
 }
 
+/** A tick at a place of its own. */
+export interface TickText {
+  at: number;
+  text: string;
+}
+
+/** How numbers stand at their ticks. */
+export const NUMBER_STYLES = ['horizontal', 'vertical', 'diagonal', 'shifted'] as const;
+export type NumberStyleName = (typeof NUMBER_STYLES)[number];
+
+/** How many ticks there are beside those that are named. */
+export const AMOUNTS = ['normal', 'none', 'low', 'high'] as const;
+export type AmountName = (typeof AMOUNTS)[number];
+
 export interface AxisText {
   title: TextLine | undefined;
+  /** Whether the title is turned to run along a vertical axis. */
+  turned: boolean;
+  logarithmic: boolean;
+  numbers: NumberStyleName;
+  amount: AmountName;
+  ticks: TickText[];
+  /** A value that has a tick. */
+  anchor: number;
   grid: boolean | undefined;
   subgrid: boolean;
 }
@@ -39,6 +64,15 @@ export interface AxesText {
   x: AxisText;
   y: AxisText;
   z: AxisText;
+  /** Whether the rulers and the grid of a scene of two dimensions are drawn over its objects. */
+  inFront: boolean;
+  gridInFront: boolean;
+  /** Whether axes through the origin end in arrows. */
+  tips: boolean;
+  /** In pixels; undefined leaves it to the page. */
+  tickLength: number | undefined;
+  /** Where axes of the kind `origin` cross. */
+  origin: readonly [number, number, number];
   grid: GridStyle;
   subgrid: GridStyle;
   /** The font of the numbers. */
@@ -67,6 +101,7 @@ export interface Run {
   line: LineStyleName;
   point: PointStyleName;
   fill: FillPatternName;
+  tip: Tip;
 }
 
 export interface FrameText {
@@ -92,8 +127,17 @@ export interface Place {
   height: number;
 }
 
+/** A ground of two colours, which run into each other. */
+export const BACKDROP_STYLES = ['flat', 'leftRight', 'topBottom', 'pyramid'] as const;
+export interface BackdropText {
+  style: (typeof BACKDROP_STYLES)[number];
+  /** At the left, the top or the rim; and at the right, the bottom or in the middle. */
+  colors: readonly [string, string];
+}
+
 export interface PanelText {
   name: string;
+  background: BackdropText | undefined;
   header: TextLine | undefined;
   footer: TextLine | undefined;
   place: Place | undefined;
@@ -146,6 +190,9 @@ const COLOR = /^#[0-9a-f]{6}$/i;
 const asColor = (value: unknown): string | undefined =>
   typeof value === 'string' && COLOR.test(value) ? value : undefined;
 
+const within = (value: number, least: number, most: number): number =>
+  Math.min(Math.max(value, least), most);
+
 const ALIGNMENTS = ['center', 'left', 'right'] as const;
 
 /** A text is either the text alone or an object with its font. */
@@ -156,7 +203,7 @@ function toTextLine(value: unknown): TextLine | undefined {
   return {
     text,
     family: asText(record.family) ?? '',
-    size: Math.min(Math.max(asNumber(record.size) ?? 12, 4), 72),
+    size: within(asNumber(record.size) ?? 12, 4, 72),
     bold: asFlag(record.bold) ?? false,
     italic: asFlag(record.italic) ?? false,
     color: asColor(record.color),
@@ -164,10 +211,28 @@ function toTextLine(value: unknown): TextLine | undefined {
   };
 }
 
+/** More ticks than this make no picture. */
+const MOST_TICKS = 200;
+
+function toTick(value: unknown): TickText | undefined {
+  const record = asRecord(value);
+  const at = asNumber(record.at);
+  return at === undefined ? undefined : { at, text: asText(record.text) ?? String(at) };
+}
+
 function toAxis(value: unknown): AxisText {
   const record = asRecord(value);
   return {
     title: toTextLine(record.title),
+    turned: asFlag(record.turned) ?? true,
+    logarithmic: asFlag(record.logarithmic) ?? false,
+    numbers: asWord(record.numbers, NUMBER_STYLES),
+    amount: asWord(record.amount, AMOUNTS),
+    ticks: asList(record.ticks)
+      .slice(0, MOST_TICKS)
+      .map(toTick)
+      .filter((tick) => tick !== undefined),
+    anchor: asNumber(record.anchor) ?? 0,
     grid: asFlag(record.grid),
     subgrid: asFlag(record.subgrid) ?? false,
   };
@@ -177,7 +242,7 @@ function toGrid(value: unknown): GridStyle {
   const record = asRecord(value);
   return {
     color: asColor(record.color),
-    width: Math.min(Math.max(asNumber(record.width) ?? 1, 0.5), 20),
+    width: within(asNumber(record.width) ?? 1, 0.5, 20),
     style: asWord(record.style, ['solid', ...LINE_STYLES]),
   };
 }
@@ -186,11 +251,18 @@ const AXES_KINDS = ['boxed', 'frame', 'origin', 'automatic', 'none'] as const;
 
 function toAxes(value: unknown): AxesText {
   const record = asRecord(value);
+  const tickLength = asNumber(record.tickLength);
+  const origin = asList(record.origin);
   return {
     kind: AXES_KINDS.find((kind) => kind === record.kind),
     x: toAxis(record.x),
     y: toAxis(record.y),
     z: toAxis(record.z),
+    inFront: asFlag(record.inFront) ?? true,
+    gridInFront: asFlag(record.gridInFront) ?? false,
+    tips: asFlag(record.tips) ?? true,
+    tickLength: tickLength === undefined ? undefined : within(tickLength, 0, 100),
+    origin: [asNumber(origin[0]) ?? 0, asNumber(origin[1]) ?? 0, asNumber(origin[2]) ?? 0],
     grid: toGrid(record.grid),
     subgrid: toGrid(record.subgrid),
     numbers: toTextLine({ ...asRecord(record.numbers), text: '' }),
@@ -218,6 +290,16 @@ function toObject(value: unknown, index: number): ObjectText {
   };
 }
 
+function toTip(value: unknown): Tip {
+  const record = asRecord(value);
+  const length = asNumber(record.length);
+  return {
+    style: asWord(record.style, TIP_STYLES),
+    length: length === undefined || length <= 0 ? undefined : within(length, 1, 200),
+    angle: within(asNumber(record.angle) ?? PLAIN_TIP.angle, 0.02, 1.5),
+  };
+}
+
 function toRun(value: unknown): Run {
   const record = asRecord(value);
   return {
@@ -226,6 +308,7 @@ function toRun(value: unknown): Run {
     line: asWord(record.line, LINE_STYLES),
     point: asWord(record.point, POINT_STYLES),
     fill: asWord(record.fill, FILL_PATTERNS),
+    tip: toTip(record.tip),
   };
 }
 
@@ -258,10 +341,18 @@ function toLegend(value: unknown): LegendText {
   };
 }
 
+function toBackdrop(value: unknown): BackdropText | undefined {
+  const record = asRecord(value);
+  const [first, second] = asList(record.colors).map(asColor);
+  if (first === undefined || second === undefined) return undefined;
+  return { style: asWord(record.style, BACKDROP_STYLES), colors: [first, second] };
+}
+
 function toPanel(value: unknown): PanelText {
   const record = asRecord(value);
   return {
     name: asText(record.name) ?? '',
+    background: toBackdrop(record.background),
     header: toTextLine(record.header),
     footer: toTextLine(record.footer),
     place: toPlace(record.place),

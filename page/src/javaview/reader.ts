@@ -34,10 +34,23 @@ export interface ReadResult extends JavaViewDocument {
   whole: boolean;
 }
 
+/** Throws if a text with this root element is neither of the two kinds. */
+export function checkRoot(root: string): void {
+  if (root === '') throw new Error('this is no XML text');
+  if (root !== 'jvx-model' && root !== 'jv-disp') {
+    throw new Error(`this is no JVX or JVD file, but "${root}"`);
+  }
+}
+
 export class Reader {
   private readonly utf8 = new ToUtf8();
   private readonly handler = new DocumentHandler();
   private readonly scanner = new Scanner(this.handler);
+
+  /** The name of the root element, empty as long as it is not known. */
+  get root(): string {
+    return this.handler.root;
+  }
 
   feed(piece: Uint8Array): void {
     this.scanner.feed(this.utf8.feed(piece));
@@ -48,11 +61,7 @@ export class Reader {
     this.scanner.feed(this.utf8.finish());
     const whole = this.scanner.finish();
     const { jvx, jvd, root } = this.handler;
-    if (root !== 'jvx-model' && root !== 'jv-disp') {
-      throw new Error(
-        root === '' ? 'this is no XML text' : `this is no JVX or JVD file, but "${root}"`,
-      );
-    }
+    checkRoot(root);
     return { title: jvx.title, geometries: jvx.geometries, displays: jvd.displays, root, whole };
   }
 }

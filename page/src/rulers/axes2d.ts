@@ -1,35 +1,46 @@
 /** Rulers of a scene of two dimensions: they keep their place while the ticks follow the view. */
-import type { Space } from '../scene/space';
+import type { TextStyle } from '../scene/batches';
+import type { Axis, Space } from '../scene/space';
 import type { View } from '../scene/view';
-import type { Axis, FrameLook, RulerLook } from './frame';
+import type { FrameLook, RulerLook } from './frame';
 import type { Place, RulerLayout } from './layout';
 import type { Rectangle } from './overlap';
-import { formatTick, makeTicks, type Ticks } from './ticks';
+import { rulerTicks, type RulerTicks } from './ticks';
 
-const MAJOR_TICK = 6;
-const MINOR_TICK = 3;
+/** As wide as the widest number of most plots. */
+const TYPICAL_NUMBER = '\u22120.000';
 const LABEL_GAP = 3;
 const PER_LABEL = [75, 45] as const;
 
 /** Rulers lie before everything, lines of the grid behind. */
 const FRONT = 1.2;
+const GRID_FRONT = 1.1;
 const BACK = 0;
 
 /** The room that numbers and titles need round the drawing, in pixels. */
 export type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
 
-export function margins(look: FrameLook, numberWidth: number): Margins {
+export function margins(
+  look: FrameLook,
+  measure: (text: string, style: TextStyle) => readonly [number, number],
+): Margins {
   const [x, y] = look.rulers;
   if (!look.visible || look.type === 'center') return { left: 12, right: 12, top: 12, bottom: 12 };
-  const beside = (ruler: RulerLook, extent: number): number =>
+  const [width, height] = measure(TYPICAL_NUMBER, look.numberStyle);
+  const slanted = (width + height) * Math.SQRT1_2;
+  const below = { horizontal: height, vertical: width, diagonal: slanted, shifted: 2 * height };
+  const left = { horizontal: width, vertical: height, diagonal: slanted, shifted: 2 * width };
+  const titleOf = ({ title, titleStyle }: RulerLook): readonly [number, number] =>
+    measure(title, titleStyle);
+  const beside = (ruler: RulerLook, numbers: number, title: number): number =>
     !ruler.visible
       ? 12
-      : MAJOR_TICK +
-        (ruler.numbers ? extent + LABEL_GAP * 2 : 0) +
-        (ruler.title === '' ? 4 : ruler.titleStyle.size * 1.25 + LABEL_GAP + 2);
+      : look.tickLength +
+        (ruler.numbers ? numbers + LABEL_GAP * 2 : 0) +
+        (ruler.title === '' ? 4 : title + LABEL_GAP + 2);
   return {
-    left: beside(y, numberWidth),
-    bottom: beside(x, look.numberStyle.size * 1.25),
+    left: beside(y, left[y.numberPlaces], titleOf(y)[y.titleTurned ? 1 : 0]),
+    bottom: beside(x, below[x.numberPlaces], titleOf(x)[1]),
     right: 18,
     top: 12,
   };
@@ -66,6 +77,7 @@ export function fromPixels(view: View, x: number, y: number): [number, number] {
 }
 
 export class Rulers2d {
+  private readonly depth: number;
   private readonly low: readonly [number, number];
   private readonly high: readonly [number, number];
 
@@ -76,6 +88,7 @@ export class Rulers2d {
     private readonly rectangle: Rectangle,
   ) {
     const { left, bottom, width, height } = rectangle;
+    this.depth = look.inFront ? FRONT : BACK;
     this.low = fromPixels(layout.view, left, bottom);
     this.high = fromPixels(layout.view, left + width, bottom + height);
   }
@@ -101,8 +114,8 @@ export class Rulers2d {
       const other = axis === 0 ? 1 : 0;
       for (const across of [this.low[other], this.high[other]]) {
         this.layout.line(
-          this.place(axis, this.low[axis], across, FRONT),
-          this.place(axis, this.high[axis], across, FRONT),
+          this.place(axis, this.low[axis], across, this.depth),
+          this.place(axis, this.high[axis], across, this.depth),
           boxColor,
           boxWidth,
         );
@@ -110,25 +123,26 @@ export class Rulers2d {
     }
   }
 
-  private ticksOf(axis: 0 | 1): Ticks {
+  private ticksOf(axis: 0 | 1): RulerTicks {
     const { space, look, rectangle } = this;
     const pixels = axis === 0 ? rectangle.width : rectangle.height;
     const ruler = look.rulers[axis];
     const a = space.toFile(axis, this.low[axis]);
     const b = space.toFile(axis, this.high[axis]);
     const count = Math.max(2, pixels / PER_LABEL[axis]);
-    return makeTicks(a, b, count, ruler.majorUnit, ruler.minorUnit);
+    return rulerTicks(ruler, a, b, count);
   }
 
-  private drawGrid(axis: 0 | 1, ticks: Ticks): void {
+  private drawGrid(axis: 0 | 1, ticks: RulerTicks): void {
     const { look, layout, space } = this;
     const ruler = look.rulers[axis];
     const other = axis === 0 ? 1 : 0;
+    const depth = look.gridInFront ? GRID_FRONT : BACK;
     const lines = (values: readonly number[], grid: FrameLook['grid']): void => {
       for (const value of values) {
         const at = space.toScene(axis, value);
-        const from = this.place(other, this.low[other], at, BACK);
-        const to = this.place(other, this.high[other], at, BACK);
+        const from = this.place(other, this.low[other], at, depth);
+        const to = this.place(other, this.high[other], at, depth);
         layout.line(from, to, grid.color, grid.width, grid.dash);
       }
     };
@@ -140,20 +154,20 @@ export class Rulers2d {
   private across(axis: 0 | 1): number {
     const other = axis === 0 ? 1 : 0;
     if (this.look.type !== 'center') return this.low[other];
-    const origin = this.space.toScene(other, 0);
+    const origin = this.space.toScene(other, this.look.origin[other]);
     return Math.min(Math.max(origin, this.low[other]), this.high[other]);
   }
 
-  private drawRuler(axis: 0 | 1, ticks: Ticks): void {
+  private drawRuler(axis: 0 | 1, ticks: RulerTicks): void {
     const { look, layout } = this;
     const ruler = look.rulers[axis];
     const across = this.across(axis);
-    const from = this.place(axis, this.low[axis], across, FRONT);
-    const to = this.place(axis, this.high[axis], across, FRONT);
-    if (look.type === 'center') layout.arrow(from, to, ruler.color, ruler.width);
+    const from = this.place(axis, this.low[axis], across, this.depth);
+    const to = this.place(axis, this.high[axis], across, this.depth);
+    if (look.type === 'center' && look.tips) layout.arrow(from, to, ruler.color, ruler.width);
     else layout.line(from, to, ruler.color, ruler.width);
-    if (ruler.majorTicks) this.drawTicks(axis, ticks.major, MAJOR_TICK, ruler);
-    if (ruler.minorTicks) this.drawTicks(axis, ticks.minor, MINOR_TICK, ruler);
+    if (ruler.majorTicks) this.drawTicks(axis, ticks.major, look.tickLength, ruler);
+    if (ruler.minorTicks) this.drawTicks(axis, ticks.minor, look.tickLength / 2, ruler);
     this.drawTitle(axis, ruler, ticks);
     if (ruler.numbers) this.drawNumbers(axis, ticks);
   }
@@ -168,7 +182,7 @@ export class Rulers2d {
     const across = this.across(axis);
     const centered = this.look.type === 'center';
     for (const value of values) {
-      const at = this.place(axis, space.toScene(axis, value), across, FRONT);
+      const at = this.place(axis, space.toScene(axis, value), across, this.depth);
       const out = axis === 0 ? ([0, -length] as const) : ([-length, 0] as const);
       const start = centered ? layout.beside(at, -out[0] * 0.6, -out[1] * 0.6) : at;
       const part = centered ? 0.6 : 1;
@@ -176,32 +190,30 @@ export class Rulers2d {
     }
   }
 
-  private drawNumbers(axis: 0 | 1, ticks: Ticks): void {
+  private drawNumbers(axis: 0 | 1, ticks: RulerTicks): void {
     const { layout, look, space } = this;
     const across = this.across(axis);
     const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
     const crossing =
       look.type === 'center' ? space.toFile(axis, this.across(axis === 0 ? 1 : 0)) : NaN;
-    for (const value of ticks.major) {
-      if (Math.abs(value - crossing) < ticks.step / 4) continue;
-      const at = this.place(axis, space.toScene(axis, value), across, FRONT);
-      const label = layout.makeLabel(
-        formatTick(value, ticks.step),
-        at,
-        outward,
-        MAJOR_TICK + LABEL_GAP,
-        look.numberStyle,
-      );
-      layout.addLabel(label);
-    }
+    const labels = layout.numbers(
+      ticks,
+      ticks.major.filter((value) => !(Math.abs(value - crossing) < ticks.step / 4)),
+      (value) => this.place(axis, space.toScene(axis, value), across, this.depth),
+      outward,
+      look.tickLength + LABEL_GAP,
+      look.rulers[axis].numberPlaces,
+      look.numberStyle,
+    );
+    for (const label of labels) layout.addLabel(label);
   }
 
-  private drawTitle(axis: 0 | 1, ruler: RulerLook, ticks: Ticks): void {
+  private drawTitle(axis: 0 | 1, ruler: RulerLook, ticks: RulerTicks): void {
     if (ruler.title === '') return;
     const { layout, look } = this;
     const across = this.across(axis);
     if (look.type === 'center') {
-      const end = this.place(axis, this.high[axis], across, FRONT);
+      const end = this.place(axis, this.high[axis], across, this.depth);
       const label = layout.makeLabel(
         ruler.title,
         end,
@@ -213,23 +225,30 @@ export class Rulers2d {
       return;
     }
     const along = this.low[axis] + (this.high[axis] - this.low[axis]) * ruler.titlePlace;
-    const at = this.place(axis, along, across, FRONT);
+    const at = this.place(axis, along, across, this.depth);
     const extent = ruler.numbers ? this.numberExtent(axis, ticks) + LABEL_GAP : 0;
-    const gap = MAJOR_TICK + LABEL_GAP + extent;
+    const gap = look.tickLength + LABEL_GAP + extent;
     const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
-    const label = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle, axis);
+    const turns = axis === 1 && ruler.titleTurned ? 1 : 0;
+    const label = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle, turns);
     const anchor: [number, number] =
       axis === 0 ? [ruler.titlePlace, label.anchor[1]] : [label.anchor[0], 1 - ruler.titlePlace];
     layout.addLabel({ ...label, anchor });
   }
 
-  private numberExtent(axis: 0 | 1, ticks: Ticks): number {
+  private numberExtent(axis: 0 | 1, ticks: RulerTicks): number {
     const { layout, look } = this;
-    const sizes = ticks.major.map((value) => {
-      const text = formatTick(value, ticks.step);
-      const label = layout.makeLabel(text, [0, 0, 0], [0, 0], 0, look.numberStyle);
-      return layout.rectangle(label);
-    });
-    return Math.max(0, ...sizes.map(({ width, height }) => (axis === 0 ? height : width)));
+    const labels = layout.numbers(
+      ticks,
+      ticks.major,
+      () => [0, 0, 0],
+      [0, 0],
+      0,
+      look.rulers[axis].numberPlaces,
+      look.numberStyle,
+    );
+    const sizes = labels.map((label) => layout.rectangle(label));
+    const rows = look.rulers[axis].numberPlaces === 'shifted' ? 2 : 1;
+    return rows * Math.max(0, ...sizes.map(({ width, height }) => (axis === 0 ? height : width)));
   }
 }

@@ -1,12 +1,10 @@
 /** Rulers of a scene of three dimensions. */
 import type { Label } from '../scene/batches';
-import type { Space } from '../scene/space';
-import { AXES, type Axis, type FrameLook, type RulerLook } from './frame';
+import { AXES, type Axis, type Space } from '../scene/space';
+import type { FrameLook, RulerLook } from './frame';
 import type { Place, RulerLayout } from './layout';
-import { formatTick, makeTicks, type Ticks } from './ticks';
+import { rulerTicks, type RulerTicks } from './ticks';
 
-const MAJOR_TICK = 6;
-const MINOR_TICK = 3;
 const LABEL_GAP = 4;
 /** Room for one number along a ruler, in pixels. */
 const PER_LABEL = 55;
@@ -105,9 +103,9 @@ export class Rulers3d {
 
   /** The line along an axis through the origin, or the nearest place to it in the box. */
   private middleLine(axis: Axis): Edge {
-    const { space, half } = this;
+    const { space, half, look } = this;
     const from = AXES.map((other) => {
-      const origin = space.toScene(other, 0);
+      const origin = space.toScene(other, look.origin[other]);
       return Math.min(Math.max(origin, -half[other]), half[other]);
     }) as [number, number, number];
     const to = [...from] as [number, number, number];
@@ -133,10 +131,10 @@ export class Rulers3d {
     return away < 0 ? [-across[0], -across[1]] : across;
   }
 
-  private ticksOf(axis: Axis, pixels: number, ruler: RulerLook): Ticks {
+  private ticksOf(axis: Axis, pixels: number, ruler: RulerLook): RulerTicks {
     const { box } = this.space;
     const count = Math.max(1, pixels / PER_LABEL);
-    return makeTicks(box.min[axis], box.max[axis], count, ruler.majorUnit, ruler.minorUnit);
+    return rulerTicks(ruler, box.min[axis], box.max[axis], count);
   }
 
   private at(edge: Edge, value: number): Place {
@@ -147,7 +145,8 @@ export class Rulers3d {
 
   private drawRuler(edge: Edge, ruler: RulerLook): void {
     const { layout, look } = this;
-    if (look.type === 'center') layout.arrow(edge.from, edge.to, ruler.color, ruler.width);
+    if (look.type === 'center' && look.tips)
+      layout.arrow(edge.from, edge.to, ruler.color, ruler.width);
     else layout.line(edge.from, edge.to, ruler.color, ruler.width);
     const a = layout.view.toPixels(...edge.from);
     const b = layout.view.toPixels(...edge.to);
@@ -155,14 +154,15 @@ export class Rulers3d {
     if (pixels < 20) return;
     const outward = this.outward(edge);
     const ticks = this.ticksOf(edge.axis, pixels, ruler);
-    if (ruler.majorTicks) this.drawTicks(edge, ticks.major, MAJOR_TICK, outward, ruler);
-    if (ruler.minorTicks) this.drawTicks(edge, ticks.minor, MINOR_TICK, outward, ruler);
+    if (ruler.majorTicks) this.drawTicks(edge, ticks.major, look.tickLength, outward, ruler);
+    if (ruler.minorTicks) this.drawTicks(edge, ticks.minor, look.tickLength / 2, outward, ruler);
     const numbers = ruler.numbers ? this.numbers(edge, ticks, outward) : [];
-    let reach = MAJOR_TICK + LABEL_GAP;
+    let reach = look.tickLength + LABEL_GAP;
     for (const label of numbers) {
       const { width, height } = layout.rectangle(label);
       const extent = Math.abs(outward[0]) * width + Math.abs(outward[1]) * height;
-      reach = Math.max(reach, MAJOR_TICK + LABEL_GAP * 2 + extent);
+      const rows = ruler.numberPlaces === 'shifted' ? 2 : 1;
+      reach = Math.max(reach, look.tickLength + LABEL_GAP * 2 + rows * extent);
     }
     this.drawTitle(edge, ruler, outward, reach);
     for (const label of numbers) layout.addLabel(label);
@@ -182,24 +182,23 @@ export class Rulers3d {
     }
   }
 
-  private numbers(edge: Edge, ticks: Ticks, outward: readonly [number, number]): Label[] {
+  private numbers(edge: Edge, ticks: RulerTicks, outward: readonly [number, number]): Label[] {
     const { layout, look, space } = this;
     // Where the rulers cross, one number is enough.
     const { min, max } = space.box;
-    const crossing = Math.min(Math.max(0, min[edge.axis]), max[edge.axis]);
+    const { origin, tickLength, rulers, numberStyle } = look;
+    const crossing = Math.min(Math.max(origin[edge.axis], min[edge.axis]), max[edge.axis]);
     const doubled = (value: number): boolean =>
       look.type === 'center' && edge.axis > 0 && Math.abs(value - crossing) < ticks.step / 4;
-    return ticks.major
-      .filter((value) => !doubled(value))
-      .map((value) =>
-        layout.makeLabel(
-          formatTick(value, ticks.step),
-          this.at(edge, value),
-          outward,
-          MAJOR_TICK + LABEL_GAP,
-          look.numberStyle,
-        ),
-      );
+    return layout.numbers(
+      ticks,
+      ticks.major.filter((value) => !doubled(value)),
+      (value) => this.at(edge, value),
+      outward,
+      tickLength + LABEL_GAP,
+      rulers[edge.axis].numberPlaces,
+      numberStyle,
+    );
   }
 
   private drawTitle(
@@ -268,13 +267,8 @@ export class Rulers3d {
     const across = (axis: Axis, draw: (at: number) => readonly [Place, Place]): void => {
       const ruler = look.rulers[axis];
       const pixels = Math.min(layout.view.size.width, layout.view.size.height) * 0.6 * half[axis];
-      const ticks = makeTicks(
-        box.min[axis],
-        box.max[axis],
-        Math.max(1, pixels / PER_LABEL),
-        ruler.majorUnit,
-        ruler.minorUnit,
-      );
+      const count = Math.max(1, pixels / PER_LABEL);
+      const ticks = rulerTicks(ruler, box.min[axis], box.max[axis], count);
       const inside = (value: number): boolean =>
         value > box.min[axis] + ticks.step * 1e-6 && value < box.max[axis] - ticks.step * 1e-6;
       if (ruler.subgrid) {

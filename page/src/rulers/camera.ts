@@ -61,10 +61,10 @@ export function isDefaultView(display: Display | undefined, space: Space): boole
 
 function cameraView(camera: Camera, space: Space): ViewState | undefined {
   const target = new Vector3(...space.point(...camera.interest));
-  const offset = new Vector3(...camera.position);
   // The position of a parallel camera is a direction with the height of the view as its length.
-  if (camera.fieldOfView > 0) offset.sub(new Vector3(...camera.interest));
-  offset.multiply(new Vector3(...space.scale));
+  const from = camera.fieldOfView > 0 ? camera.interest : [0, 0, 0];
+  const [x, y, z] = camera.position.map((value, axis) => value - from[axis]!);
+  const offset = new Vector3(...space.direction(x!, y!, z!));
   const span = offset.length();
   if (!(span > 1e-9) || !Number.isFinite(span)) return undefined;
   const toEye = offset.normalize();

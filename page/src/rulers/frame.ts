@@ -1,11 +1,10 @@
 /** What the rulers of a scene look like, out of the display and the plot document. */
-import type { AxesText, AxisText } from '../data/contract';
+import type { AxesText, AxisText, NumberStyleName } from '../data/contract';
 import type { Axes, Display, Rgb, Ruler } from '../javaview/model';
 import type { TextStyle } from '../scene/batches';
+import { hexToRgb } from '../scene/colors';
 import { LINE_STYLES } from '../scene/styles';
-
-export type Axis = 0 | 1 | 2;
-export const AXES: readonly Axis[] = [0, 1, 2];
+import type { TickLook } from './ticks';
 
 export interface GridLook {
   color: Rgb;
@@ -13,17 +12,18 @@ export interface GridLook {
   dash: number;
 }
 
-export interface RulerLook {
+export interface RulerLook extends TickLook {
   visible: boolean;
   title: string;
   titleStyle: TextStyle;
   /** Where the title is along the axis: 0 at its beginning, 1 at its end. */
   titlePlace: number;
+  /** Whether the title runs along a vertical ruler. */
+  titleTurned: boolean;
   numbers: boolean;
+  numberPlaces: NumberStyleName;
   majorTicks: boolean;
   minorTicks: boolean;
-  majorUnit: number | undefined;
-  minorUnit: number | undefined;
   color: Rgb;
   width: number;
   grid: boolean;
@@ -37,6 +37,12 @@ export interface FrameLook {
   box: boolean;
   boxColor: Rgb;
   boxWidth: number;
+  inFront: boolean;
+  gridInFront: boolean;
+  tips: boolean;
+  /** In pixels. */
+  tickLength: number;
+  origin: readonly [number, number, number];
   rulers: [RulerLook, RulerLook, RulerLook];
   gridPlanes: [boolean, boolean, boolean];
   grid: GridLook;
@@ -44,14 +50,10 @@ export interface FrameLook {
   numberStyle: TextStyle;
 }
 
+const TICK_LENGTH = 6;
 const NUMBER_SIZE = 12;
 const TITLE_SIZE = 13;
 const PLACES = { left: 0, center: 0.5, right: 1 } as const;
-
-export function hexToRgb(hex: string): Rgb {
-  const value = parseInt(hex.slice(1), 16);
-  return [value >> 16, (value >> 8) & 255, value & 255];
-}
 
 /** A mixture that stays readable on any ground between the two colours. */
 const fade = (color: Rgb, ground: Rgb, part: number): Rgb => [
@@ -76,7 +78,13 @@ function rulerLook(ruler: Ruler | undefined, text: AxisText, ink: Rgb): RulerLoo
     title,
     titleStyle: textStyle(text.title, TITLE_SIZE, color),
     titlePlace: PLACES[text.title?.align ?? 'center'],
+    titleTurned: text.turned,
     numbers: ruler?.numbers ?? true,
+    numberPlaces: text.numbers,
+    logarithmic: text.logarithmic,
+    amount: text.amount,
+    anchor: text.anchor,
+    ticks: text.ticks,
     majorTicks: ruler?.majorTicks ?? true,
     minorTicks: ruler?.minorTicks ?? true,
     majorUnit: ruler?.majorUnit,
@@ -109,6 +117,11 @@ export function frameLook(
     box: display?.boxVisible ?? false,
     boxColor: display?.boxColor ?? ink,
     boxWidth: display?.boxThickness ?? 1,
+    inFront: text.inFront,
+    gridInFront: text.gridInFront,
+    tips: text.tips,
+    tickLength: text.tickLength ?? TICK_LENGTH,
+    origin: text.origin,
     rulers: [rulers[0]!, rulers[1]!, rulers[2]!],
     gridPlanes: planes,
     grid: gridLook(text.grid, fade(line, ground, 0.75)),

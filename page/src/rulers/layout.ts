@@ -1,11 +1,22 @@
 /** What rulers are made of: lines and labels, both in places of the scene. */
 import { SceneBatches, withAlpha, type Label, type TextStyle } from '../scene/batches';
 import type { Rgb } from '../javaview/model';
+import { PLAIN_TIP } from '../scene/styles';
 import type { View } from '../scene/view';
+import type { NumberStyleName } from '../data/contract';
 import { FreePlaces, type Rectangle } from './overlap';
+import type { RulerTicks } from './ticks';
 
 export type Place = readonly [number, number, number];
 export type Measure = (label: Label) => readonly [number, number];
+
+const LINE_HEIGHT = 1.25;
+const TURNS: Record<NumberStyleName, number> = {
+  horizontal: 0,
+  vertical: 1,
+  diagonal: 0.5,
+  shifted: 0,
+};
 
 /** The object that rulers belong to; it is always shown. */
 export const RULER_OBJECT = 0;
@@ -36,13 +47,13 @@ export class RulerLayout {
 
   line(a: Place, b: Place, color: Rgb, width: number, dash = 0): void {
     const rgba = withAlpha(color, 1);
-    const style = { width, object: RULER_OBJECT, dash, tip: false };
+    const style = { width, object: RULER_OBJECT, dash, tip: undefined };
     this.batches.lines.add(a, b, rgba, rgba, style, 0);
   }
 
   arrow(a: Place, b: Place, color: Rgb, width: number): void {
     const rgba = withAlpha(color, 1);
-    const style = { width, object: RULER_OBJECT, dash: 0, tip: true };
+    const style = { width, object: RULER_OBJECT, dash: 0, tip: PLAIN_TIP };
     this.batches.lines.add(a, b, rgba, rgba, style, 0);
   }
 
@@ -87,6 +98,27 @@ export class RulerLayout {
       object: RULER_OBJECT,
       turns,
     };
+  }
+
+  /** Numbers at the major ticks of a ruler, as they are asked to stand there. */
+  numbers(
+    ticks: RulerTicks,
+    values: readonly number[],
+    at: (value: number) => Place,
+    outward: readonly [number, number],
+    gap: number,
+    places: NumberStyleName,
+    style: TextStyle,
+  ): Label[] {
+    const turns = TURNS[places];
+    return values.map((value) => {
+      const second = places === 'shifted' && Math.round(value / (ticks.step || 1)) % 2 !== 0;
+      const beyond = second ? gap + style.size * LINE_HEIGHT : gap;
+      const label = this.makeLabel(ticks.text(value), at(value), outward, beyond, style, turns);
+      // A slanted number ends at its tick.
+      const ends = turns === 0.5 && Math.abs(outward[1]) > 0.5;
+      return ends ? { ...label, anchor: [outward[1] < 0 ? 1 : 0, label.anchor[1]] } : label;
+    });
   }
 
   /** Where a label is on the screen. */

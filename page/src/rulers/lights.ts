@@ -4,14 +4,8 @@ import type { SceneUniforms } from '../scene/materials';
 import { MOST_LIGHTS } from '../scene/shaders';
 import type { Space } from '../scene/space';
 
-/** The share of white light from all sides that materials throw back. */
-const AMBIENT_SHARE = 0.2;
-
 /** Lights of a plot are made for surfaces that throw back more than they get, as plots do. */
 const GAIN = 1.35;
-
-/** How strongly lights shine on shiny materials. */
-const GLOSS = 0.3;
 
 /** The light for files that come without a display: from above, from the left and the right. */
 const DEFAULT_LIGHTS: readonly Light[] = [
@@ -52,8 +46,7 @@ export function applyLights(
 ): void {
   const lights = display ? display.lights : DEFAULT_LIGHTS;
   uniforms.lit.value = !space.flat && lights !== undefined && lights.length > 0;
-  uniforms.ambient.value.setScalar(AMBIENT_SHARE);
-  uniforms.gloss.value = GLOSS;
+  uniforms.ambient.value.setScalar(0);
   let count = 0;
   for (const light of lights ?? []) {
     const strength = GAIN * Math.min(Math.max(light.intensity, 0), 4);

@@ -1,4 +1,5 @@
 /** Round values along an axis and their numbers as text. */
+import type { AmountName, TickText } from '../data/contract';
 
 export interface Ticks {
   major: number[];
@@ -23,13 +24,14 @@ function divisions(step: number): number {
   return mantissa === 2 ? 4 : 5;
 }
 
-function multiples(min: number, max: number, step: number): number[] {
-  const first = Math.ceil(min / step - 1e-6);
-  const last = Math.floor(max / step + 1e-6);
+/** The values in the range that lie whole steps beside the anchor. */
+function multiples(min: number, max: number, step: number, anchor: number): number[] {
+  const first = Math.ceil((min - anchor) / step - 1e-6);
+  const last = Math.floor((max - anchor) / step + 1e-6);
   if (!(last - first <= MOST_TICKS)) return [];
   const values: number[] = [];
   for (let i = first; i <= last; i++) {
-    const value = i * step;
+    const value = anchor + i * step;
     // One rounding instead of a sum of errors: 3 * 0.1 is 0.3.
     values.push(Number(value.toPrecision(12)) + 0);
   }
@@ -46,6 +48,7 @@ export function makeTicks(
   count: number,
   unit?: number,
   minorUnit?: number,
+  anchor = 0,
 ): Ticks {
   const length = max - min;
   if (!(length > 0) || !Number.isFinite(length)) return { major: [], minor: [], step: 1 };
@@ -53,13 +56,72 @@ export function makeTicks(
   const step = asked ? unit : roundStep(length, count);
   const finer =
     asked && minorUnit !== undefined && minorUnit > 0 ? minorUnit : step / divisions(step);
-  const major = multiples(min, max, step);
-  const near = new Set(major.map((value) => Math.round(value / finer)));
+  const major = multiples(min, max, step, anchor);
+  const near = new Set(major.map((value) => Math.round((value - anchor) / finer)));
   const minor =
     length / finer > MOST_TICKS
       ? []
-      : multiples(min, max, finer).filter((value) => !near.has(Math.round(value / finer)));
+      : multiples(min, max, finer, anchor).filter(
+          (value) => !near.has(Math.round((value - anchor) / finer)),
+        );
   return { major, minor, step };
+}
+
+/** What a ruler asks for. */
+export interface TickLook {
+  logarithmic: boolean;
+  amount: AmountName;
+  majorUnit: number | undefined;
+  minorUnit: number | undefined;
+  anchor: number;
+  /** Ticks at places of their own. */
+  ticks: readonly TickText[];
+}
+
+export interface RulerTicks extends Ticks {
+  /** What stands at a major tick. */
+  text(value: number): string;
+}
+
+const SHARES: Record<AmountName, number> = { none: 0, low: 0.5, normal: 1, high: 2 };
+
+/** The ticks of a ruler on which about `count` numbers have room. */
+export function rulerTicks(look: TickLook, min: number, max: number, count: number): RulerTicks {
+  const most = count * SHARES[look.amount];
+  const regular =
+    most === 0
+      ? { major: [], minor: [], step: (max - min) / count }
+      : look.logarithmic
+        ? makeDecades(min, max, most)
+        : makeTicks(min, max, most, look.majorUnit, look.minorUnit, look.anchor);
+  const own = new Map(
+    look.ticks.filter(({ at }) => at >= min && at <= max).map(({ at, text }) => [at, text]),
+  );
+  return {
+    ...regular,
+    major: [...regular.major.filter((value) => !own.has(value)), ...own.keys()],
+    text: (value) => own.get(value) ?? formatTick(value, look.logarithmic ? value : regular.step),
+  };
+}
+
+/** Ticks for a logarithm: powers of ten, with room between them also twice and five times those. */
+export function makeDecades(min: number, max: number, count: number): Ticks {
+  const decades = Math.log10(max / min);
+  if (!(min > 0) || !(decades < 600)) return { major: [], minor: [], step: 1 };
+  if (decades < 1) return makeTicks(min, max, count);
+  const every = Math.ceil(decades / Math.max(count, 1));
+  const factors = every > 1 || decades * 3 > count ? [1] : [1, 2, 5];
+  const ticks: Ticks = { major: [], minor: [], step: 0 };
+  for (let power = Math.floor(Math.log10(min)); power <= Math.log10(max); power++) {
+    for (let factor = 1; factor < 10; factor++) {
+      // One rounding instead of two: ten to the power of -3 is not quite 0.001.
+      const value = Number(`${factor}e${power}`);
+      if (value < min * (1 - 1e-9) || value > max * (1 + 1e-9)) continue;
+      if (factors.includes(factor) && power % every === 0) ticks.major.push(value);
+      else if (every === 1) ticks.minor.push(value);
+    }
+  }
+  return ticks;
 }
 
 /** So many decimals show a step to a thousandth of itself. */

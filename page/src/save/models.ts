@@ -16,7 +16,7 @@ import { GLTFExporter } from 'three/examples/jsm/exporters/GLTFExporter.js';
 import { OBJExporter } from 'three/examples/jsm/exporters/OBJExporter.js';
 import { STLExporter } from 'three/examples/jsm/exporters/STLExporter.js';
 import { GrowingFloat32 } from '../javaview/growing';
-import type { FaceBatch } from '../scene/batches';
+import type { FaceData } from '../scene/batches';
 import type { Plot } from '../scene/plot';
 
 class Vertices {
@@ -46,31 +46,27 @@ class Vertices {
 
 const linear = new Color();
 
-interface Source {
-  at(index: number): number;
-}
-
-const three = (source: Source, index: number): number[] => [
-  source.at(index * 3),
-  source.at(index * 3 + 1),
-  source.at(index * 3 + 2),
+const three = (source: Float32Array, index: number): number[] => [
+  source[index * 3]!,
+  source[index * 3 + 1]!,
+  source[index * 3 + 2]!,
 ];
 
-const rgb = (source: Source, index: number): number[] => [
-  source.at(index * 4),
-  source.at(index * 4 + 1),
-  source.at(index * 4 + 2),
+const rgb = (source: Uint8Array, index: number): number[] => [
+  source[index * 4]!,
+  source[index * 4 + 1]!,
+  source[index * 4 + 2]!,
 ];
 
-function surface(batch: FaceBatch, hidden: Set<number>): Mesh | undefined {
+function surface(batch: FaceData, hidden: Set<number>): Mesh | undefined {
   const vertices = new Vertices();
   let alpha = 255;
   for (let i = 0; i < batch.index.length; i += 3) {
-    const last = batch.index.at(i + 2);
-    if (hidden.has(batch.tags.at(last * 2))) continue;
-    alpha = Math.min(alpha, batch.colors.at(last * 4 + 3));
+    const last = batch.index[i + 2]!;
+    if (hidden.has(batch.tags[last * 2]!)) continue;
+    alpha = Math.min(alpha, batch.colors[last * 4 + 3]!);
     for (let k = 0; k < 3; k++) {
-      const vertex = batch.index.at(i + k);
+      const vertex = batch.index[i + k]!;
       const color = batch.kind.smoothColors ? vertex : last;
       vertices.add(three(batch.positions, vertex), rgb(batch.colors, color));
     }
@@ -89,11 +85,11 @@ function surface(batch: FaceBatch, hidden: Set<number>): Mesh | undefined {
   return new Mesh(geometry, material);
 }
 
-function segments({ batches, hidden }: Plot): LineSegments | undefined {
-  const { lines } = batches;
+function segments({ scene, hidden }: Plot): LineSegments | undefined {
+  const { lines } = scene;
   const vertices = new Vertices();
   for (let i = 0; i < lines.count; i++) {
-    if (hidden.has(lines.styles.at(i * 4 + 1))) continue;
+    if (hidden.has(lines.styles[i * 4 + 1]!)) continue;
     vertices.add(three(lines.starts, i), rgb(lines.startColors, i));
     vertices.add(three(lines.ends, i), rgb(lines.endColors, i));
   }
@@ -101,11 +97,11 @@ function segments({ batches, hidden }: Plot): LineSegments | undefined {
   return new LineSegments(vertices.geometry(), new LineBasicMaterial({ vertexColors: true }));
 }
 
-function cloud({ batches, hidden }: Plot): Points | undefined {
-  const { points } = batches;
+function cloud({ scene, hidden }: Plot): Points | undefined {
+  const { points } = scene;
   const vertices = new Vertices();
   for (let i = 0; i < points.count; i++) {
-    if (hidden.has(points.tags.at(i * 3 + 1))) continue;
+    if (hidden.has(points.tags[i * 3 + 1]!)) continue;
     vertices.add(three(points.positions, i), rgb(points.colors, i));
   }
   if (vertices.isEmpty) return undefined;
@@ -115,7 +111,7 @@ function cloud({ batches, hidden }: Plot): Points | undefined {
 /** Everything that is shown, with the z axis of the plot upwards. */
 function makeGroup(plot: Plot, upwards: 'y' | 'z'): Group {
   const group = new Group();
-  for (const batch of plot.batches.faces) {
+  for (const batch of plot.scene.faces) {
     const mesh = surface(batch, plot.hidden);
     if (mesh) group.add(mesh);
   }

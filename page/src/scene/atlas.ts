@@ -27,6 +27,9 @@ export function cssFont(style: TextStyle, pixelRatio: number): string {
 export const cssColor = (color: readonly number[]): string =>
   `rgb(${color.slice(0, 3).map(Math.round).join(' ')})`;
 
+const LINE_HEIGHT = 1.25;
+/** The longest side of the picture. */
+const LARGEST = 8192;
 const LONGEST_LABEL = 300;
 const MOST_WIDTHS = 20_000;
 
@@ -60,8 +63,13 @@ export class TextAtlas {
   /** The width and height of a label in pixels of the page. */
   measure(label: Label): readonly [number, number] {
     const width = this.widthOf(label);
-    const height = Math.ceil(label.style.size * 1.25);
-    return (label.turns ?? 0) % 2 === 0 ? [width, height] : [height, width];
+    const height = Math.ceil(label.style.size * LINE_HEIGHT);
+    const angle = ((label.turns ?? 0) * Math.PI) / 2;
+    const [along, across] = [Math.abs(Math.cos(angle)), Math.abs(Math.sin(angle))];
+    return [
+      Math.ceil(width * along + height * across - 1e-9),
+      Math.ceil(width * across + height * along - 1e-9),
+    ];
   }
 
   /** Places for all labels, drawn anew only where a text is not there yet. */
@@ -102,7 +110,7 @@ export class TextAtlas {
 
   private grow(): boolean {
     const next = Math.max(this.canvas.width, this.canvas.height) * 2;
-    if (next > 8192) return false;
+    if (next > LARGEST) return false;
     this.canvas.width = next;
     this.canvas.height = next;
     this.texture.dispose();
@@ -124,7 +132,11 @@ export class TextAtlas {
   private draw(label: Label, key: string): Glyphs | undefined {
     const { context, canvas, pixelRatio } = this;
     const [cssWidth, cssHeight] = this.measure(label);
-    const width = Math.min(Math.ceil(cssWidth * pixelRatio), canvas.width - 2 * MARGIN);
+    const cssLine = Math.ceil(label.style.size * LINE_HEIGHT);
+    const wanted = Math.ceil(cssWidth * pixelRatio);
+    const most = canvas.width - 2 * MARGIN;
+    if (wanted > most && canvas.width < LARGEST) return undefined;
+    const width = Math.min(wanted, most);
     const height = Math.ceil(cssHeight * pixelRatio);
     if (this.x + width + 2 * MARGIN > canvas.width) {
       this.x = 0;
@@ -134,11 +146,9 @@ export class TextAtlas {
     if (this.y + height + 2 * MARGIN > canvas.height) return undefined;
     const glyphs = { x: this.x + MARGIN, y: this.y + MARGIN, width, height };
     context.save();
-    context.translate(glyphs.x, glyphs.y);
-    if ((label.turns ?? 0) === 1) {
-      context.translate(0, height);
-      context.rotate(-Math.PI / 2);
-    }
+    context.translate(glyphs.x + width / 2, glyphs.y + height / 2);
+    context.rotate((-(label.turns ?? 0) * Math.PI) / 2);
+    context.translate(-this.widthOf(label) * 0.5 * pixelRatio, -cssLine * 0.5 * pixelRatio);
     context.font = cssFont(label.style, pixelRatio);
     context.fillStyle = cssColor(label.style.color);
     context.textBaseline = 'alphabetic';

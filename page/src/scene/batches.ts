@@ -4,6 +4,8 @@
  */
 import { GrowingFloat32, GrowingUint32, GrowingUint8 } from '../javaview/growing';
 import type { Rgb } from '../javaview/model';
+import { coarseIndex, FINE_ENOUGH } from './coarse';
+import type { Tip } from './styles';
 
 export type Rgba = readonly [number, number, number, number];
 
@@ -23,12 +25,50 @@ export interface FaceKind {
   transparent: boolean;
 }
 
+/** What a surface does with light, in parts of it. */
+export interface Gloss {
+  specular: readonly [number, number, number];
+  /** The larger, the smaller the shining spots. */
+  exponent: number;
+  emissive: readonly [number, number, number];
+  /** Of the white light from all sides. */
+  ambient: number;
+}
+
+export const PLAIN_GLOSS: Gloss = {
+  specular: [0.3, 0.3, 0.3],
+  exponent: 50,
+  emissive: [0, 0, 0],
+  ambient: 0.2,
+};
+
+/** So many kinds of gloss are told apart in one scene; others look like the last of them. */
+export const MOST_GLOSSES = 32;
+
+/** How the second number of a tag holds a pattern and the number of a gloss. */
+export const lookCode = (pattern: number, gloss: number): number => pattern + 8 * gloss;
+export const patternOf = (code: number): number => code % 8;
+export const glossOf = (code: number): number => Math.floor(code / 8);
+
+/** A batch of faces as it is drawn. */
+export interface FaceData {
+  kind: FaceKind;
+  positions: Float32Array;
+  /** Four a vertex, the last unused. */
+  normals: Int8Array;
+  colors: Uint8Array;
+  /** Object, and code of pattern and gloss, of each vertex. */
+  tags: Float32Array;
+  index: Uint32Array;
+  /** Fewer triangles of a large surface, for as long as it moves. */
+  coarse: Uint32Array | undefined;
+}
+
 export class FaceBatch {
   readonly positions = new GrowingFloat32();
   /** Four signed bytes a vertex, the last unused. */
   readonly normals = new GrowingUint8();
   readonly colors = new GrowingUint8();
-  /** Object and pattern of each vertex. */
   readonly tags = new GrowingFloat32();
   readonly index = new GrowingUint32();
 
@@ -45,7 +85,7 @@ export class FaceBatch {
     normal: readonly number[],
     color: Rgba,
     object: number,
-    pattern: number,
+    look: number,
   ): number {
     const vertex = this.vertexCount;
     this.positions.push(x);
@@ -55,7 +95,7 @@ export class FaceBatch {
     this.setNormal(vertex, normal);
     pushColor(this.colors, color);
     this.tags.push(object);
-    this.tags.push(pattern);
+    this.tags.push(look);
     return vertex;
   }
 
@@ -78,6 +118,21 @@ export class FaceBatch {
     for (let i = 0; i < 2; i++) this.tags.push(this.tags.at(vertex * 2 + i));
     return copy;
   }
+
+  finish(): FaceData {
+    const positions = this.positions.take();
+    const index = this.index.take();
+    const isLarge = !this.kind.transparent && index.length > FINE_ENOUGH * 3;
+    return {
+      kind: this.kind,
+      positions,
+      normals: new Int8Array(this.normals.take().buffer),
+      colors: this.colors.take(),
+      tags: this.tags.take(),
+      index,
+      coarse: isLarge ? coarseIndex(positions, index) : undefined,
+    };
+  }
 }
 
 export interface LineStyle {
@@ -85,8 +140,28 @@ export interface LineStyle {
   object: number;
   /** 0 solid, 1 dashed, 2 dotted. */
   dash: number;
-  /** Whether the end is covered by the tip of an arrow. */
-  tip: boolean;
+  /** At the end of the line, if there is one. */
+  tip: Tip | undefined;
+}
+
+/** So many kinds of tips are told apart in one scene; others look like the last of them. */
+export const MOST_TIPS = 15;
+
+/** How the third number of a style holds a dash, and the number of a tip from 1 on. */
+export const styleCode = (dash: number, tip: number): number => dash + 4 * tip;
+export const dashOf = (code: number): number => code % 4;
+export const tipOf = (code: number): number => Math.floor(code / 4);
+
+export interface LineData {
+  count: number;
+  starts: Float32Array;
+  ends: Float32Array;
+  startColors: Uint8Array;
+  endColors: Uint8Array;
+  /** Width, object, code of dash and tip, distance from the start of the whole line. */
+  styles: Float32Array;
+  /** The tips that are counted from 1. */
+  tips: Tip[];
 }
 
 export class LineBatch {
@@ -94,8 +169,8 @@ export class LineBatch {
   readonly ends = new GrowingFloat32();
   readonly startColors = new GrowingUint8();
   readonly endColors = new GrowingUint8();
-  /** Width, object, dash (and 4 for a tip), distance from the start of the whole line. */
   readonly styles = new GrowingFloat32();
+  private readonly tips: Tip[] = [];
 
   get count(): number {
     return this.styles.length / 4;
@@ -115,19 +190,57 @@ export class LineBatch {
     pushColor(this.endColors, colorB);
     this.styles.push(style.width);
     this.styles.push(style.object);
-    this.styles.push(style.dash + (style.tip ? 4 : 0));
+    this.styles.push(styleCode(style.dash, style.tip ? this.numberOf(style.tip) : 0));
     this.styles.push(distance);
   }
+
+  finish(): LineData {
+    return {
+      count: this.count,
+      starts: this.starts.take(),
+      ends: this.ends.take(),
+      startColors: this.startColors.take(),
+      endColors: this.endColors.take(),
+      styles: this.styles.take(),
+      tips: this.tips,
+    };
+  }
+
+  private numberOf(tip: Tip): number {
+    const same = this.tips.findIndex(
+      ({ style, length, angle }) =>
+        style === tip.style && length === tip.length && angle === tip.angle,
+    );
+    if (same >= 0) return same + 1;
+    if (this.tips.length < MOST_TIPS) this.tips.push(tip);
+    return this.tips.length;
+  }
+}
+
+export interface PointData {
+  count: number;
+  positions: Float32Array;
+  colors: Uint8Array;
+  /** Radius, object, style. */
+  tags: Float32Array;
 }
 
 export class PointBatch {
   readonly positions = new GrowingFloat32();
   readonly colors = new GrowingUint8();
-  /** Radius, object, style. */
   readonly tags = new GrowingFloat32();
 
   get count(): number {
     return this.positions.length / 3;
+  }
+
+  finish(): PointData {
+    return {
+      count: this.count,
+      positions: this.positions.take(),
+      colors: this.colors.take(),
+      tags: this.tags.take(),
+    };
   }
 
   add(at: ArrayLike<number>, color: Rgba, radius: number, object: number, style: number): void {
@@ -160,12 +273,12 @@ export interface Label {
   turns?: number;
 }
 
-/** Every vertex of the file that may be pointed at. */
+/** A geometry whose points may be pointed at. */
 export interface Pickable {
   geometry: number;
   object: number;
-  /** Drawn coordinates, three a point; NaN where the file has none. */
-  positions: Float32Array;
+  /** The height at which it is drawn in a scene of two dimensions. */
+  layer: number;
 }
 
 export interface Counts {
@@ -176,8 +289,20 @@ export interface Counts {
   vectors: number;
 }
 
+/** What is drawn, in arrays that can be handed from one thread to another. */
+export interface SceneData {
+  faces: FaceData[];
+  glosses: Gloss[];
+  lines: LineData;
+  points: PointData;
+  labels: Label[];
+  pickables: Pickable[];
+  counts: Counts;
+}
+
 export class SceneBatches {
   readonly faces: FaceBatch[] = [];
+  private readonly glosses: Gloss[] = [PLAIN_GLOSS];
   readonly lines = new LineBatch();
   readonly points = new PointBatch();
   readonly labels: Label[] = [];
@@ -195,5 +320,27 @@ export class SceneBatches {
     const fresh = new FaceBatch(kind);
     this.faces.push(fresh);
     return fresh;
+  }
+
+  /** The number of a gloss, for the tags of faces. */
+  glossNumber(gloss: Gloss): number {
+    const text = JSON.stringify(gloss);
+    const same = this.glosses.findIndex((other) => JSON.stringify(other) === text);
+    if (same >= 0) return same;
+    if (this.glosses.length < MOST_GLOSSES) this.glosses.push(gloss);
+    return this.glosses.length - 1;
+  }
+
+  finish(): SceneData {
+    const { glosses, labels, pickables, counts } = this;
+    return {
+      glosses,
+      faces: this.faces.map((batch) => batch.finish()),
+      lines: this.lines.finish(),
+      points: this.points.finish(),
+      labels,
+      pickables,
+      counts,
+    };
   }
 }

@@ -37,12 +37,10 @@ function layer(index: number, total: number): number {
 function drawnPoints(points: PointSet, space: Space, flatLayer: number): Float32Array {
   const { coordinates } = points;
   const at = new Float32Array(coordinates.length);
-  const [cx, cy, cz] = space.center;
-  const [sx, sy, sz] = space.scale;
   for (let i = 0; i < coordinates.length; i += 3) {
-    const x = (coordinates[i]! - cx) * sx;
-    const y = (coordinates[i + 1]! - cy) * sy;
-    const z = space.flat ? flatLayer : (coordinates[i + 2]! - cz) * sz;
+    const x = space.toScene(0, coordinates[i]!);
+    const y = space.toScene(1, coordinates[i + 1]!);
+    const z = space.flat ? flatLayer : space.toScene(2, coordinates[i + 2]!);
     // Beyond these sizes the graphics hardware makes stripes of triangles; no plot needs them.
     const drawable = Math.abs(x) < 1e6 && Math.abs(y) < 1e6 && Math.abs(z) < 1e6;
     at[i] = drawable ? x : NaN;
@@ -101,12 +99,13 @@ export function buildScene(
   const batches = new SceneBatches();
   geometries.forEach((geometry, i) => {
     if (!geometry.visible) return;
+    const flatLayer = layer(i, geometries.length);
     const draft: Draft = {
       geometry,
       style: styleOf(i),
       batches,
       space,
-      at: drawnPoints(geometry.points, space, layer(i, geometries.length)),
+      at: drawnPoints(geometry.points, space, flatLayer),
       alpha: 1 - (geometry.material?.transparency ?? 0),
     };
     addFaces(draft);
@@ -115,7 +114,7 @@ export function buildScene(
     addPoints(draft);
     addLabels(draft);
     if (isSeen(geometry)) {
-      batches.pickables.push({ geometry: i, object: draft.style.object, positions: draft.at });
+      batches.pickables.push({ geometry: i, object: draft.style.object, layer: flatLayer });
     }
   });
   return batches;

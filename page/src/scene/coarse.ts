@@ -5,18 +5,14 @@ export const FINE_ENOUGH = 150_000;
 
 const CELLS = 90;
 
-/**
- * Triangles between one vertex for each cell of a lattice over the scene; `reach` is half the side
- * of the cube that holds it.
- */
-export function coarseIndex(
-  positions: Float32Array,
-  index: Uint32Array,
-  reach: number,
-): Uint32Array {
+/** Half the side of the cube that holds a scene, with room for what lies outside of its box. */
+const REACH = 1.5;
+
+/** Triangles between one vertex for each cell of a lattice over the scene. */
+export function coarseIndex(positions: Float32Array, index: Uint32Array): Uint32Array {
   const cells = new Int32Array(CELLS ** 3).fill(-1);
   const cell = (value: number): number =>
-    Math.min(CELLS - 1, Math.max(0, Math.floor(((value + reach) / (2 * reach)) * CELLS)));
+    Math.min(CELLS - 1, Math.max(0, Math.floor(((value + REACH) / (2 * REACH)) * CELLS)));
   const representative = new Uint32Array(positions.length / 3);
   for (let i = 0; i < representative.length; i++) {
     const k = i * 3;

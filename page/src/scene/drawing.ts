@@ -14,8 +14,7 @@ import {
   type Texture,
 } from 'three';
 import type { TextAtlas } from './atlas';
-import type { FaceBatch, Label, LineBatch, PointBatch, SceneBatches } from './batches';
-import { coarseIndex, FINE_ENOUGH } from './coarse';
+import type { FaceData, Label, LineData, PointData, SceneData } from './batches';
 import * as materials from './materials';
 import type { Lift, SceneUniforms } from './materials';
 import { sortTriangles } from './sort';
@@ -24,7 +23,6 @@ import type { View } from './view';
 /** So many lines are drawn thin even when nothing moves, and so many wide ones while it does. */
 const MOST_WIDE_LINES = 250_000;
 const MOST_WIDE_LINES_MOVING = 3_000;
-const REACH = 1.5;
 
 /** The order of drawing: what is transparent after what is not, labels last. */
 const ORDER = { faces: 0, lines: 1, tips: 2, points: 3, transparent: 4, labels: 5 } as const;
@@ -39,18 +37,19 @@ function add(group: Group, object: Object3D, order: number): void {
   group.add(object);
 }
 
-function faceGeometry(batch: FaceBatch): BufferGeometry {
+function faceGeometry(data: FaceData): BufferGeometry {
   const geometry = new BufferGeometry();
-  geometry.setAttribute('position', new BufferAttribute(batch.positions.take(), 3));
-  const normals = new Int8Array(batch.normals.take().buffer);
-  geometry.setAttribute('normal', new BufferAttribute(normals, 4, true));
-  geometry.setAttribute('color', new BufferAttribute(batch.colors.take(), 4, true));
-  geometry.setAttribute('tag', new BufferAttribute(batch.tags.take(), 2));
-  geometry.setIndex(new BufferAttribute(batch.index.take(), 1));
+  geometry.setAttribute('position', new BufferAttribute(data.positions, 3));
+  geometry.setAttribute('normal', new BufferAttribute(data.normals, 4, true));
+  geometry.setAttribute('color', new BufferAttribute(data.colors, 4, true));
+  geometry.setAttribute('tag', new BufferAttribute(data.tags, 2));
+  // What is sorted for each view has an order of its own, apart from that of the scene.
+  const index = data.kind.transparent ? data.index.slice() : data.index;
+  geometry.setIndex(new BufferAttribute(index, 1));
   return geometry;
 }
 
-function instances(batch: LineBatch, corners: number[], index: number[]): InstancedBufferGeometry {
+function instances(data: LineData, corners: number[], index: number[]): InstancedBufferGeometry {
   const geometry = new InstancedBufferGeometry();
   geometry.setAttribute('position', new BufferAttribute(Float32Array.from(corners), 3));
   geometry.setIndex(index);
@@ -58,12 +57,12 @@ function instances(batch: LineBatch, corners: number[], index: number[]): Instan
     const normalized = values instanceof Uint8Array;
     geometry.setAttribute(name, new InstancedBufferAttribute(values, size, normalized));
   };
-  set('start', batch.starts.take(), 3);
-  set('end', batch.ends.take(), 3);
-  set('startColor', batch.startColors.take(), 4);
-  set('endColor', batch.endColors.take(), 4);
-  set('style', batch.styles.take(), 4);
-  geometry.instanceCount = batch.count;
+  set('start', data.starts, 3);
+  set('end', data.ends, 3);
+  set('startColor', data.startColors, 4);
+  set('endColor', data.endColors, 4);
+  set('style', data.styles, 4);
+  geometry.instanceCount = data.count;
   return geometry;
 }
 
@@ -72,7 +71,7 @@ const sharing = (
   corners: number[],
   index: number[],
 ): InstancedBufferGeometry => {
-  const other = geometry.clone();
+  const other = new InstancedBufferGeometry();
   for (const name of Object.keys(geometry.attributes)) {
     other.setAttribute(name, geometry.getAttribute(name));
   }
@@ -89,11 +88,11 @@ const SEGMENT_INDEX = [0, 1];
 const TIP = [0, 0, 0, 1, -1, 0, 1, 1, 0];
 const TIP_INDEX = [0, 1, 2];
 
-function pointGeometry(batch: PointBatch): BufferGeometry {
+function pointGeometry(data: PointData): BufferGeometry {
   const geometry = new BufferGeometry();
-  geometry.setAttribute('position', new BufferAttribute(batch.positions.take(), 3));
-  geometry.setAttribute('color', new BufferAttribute(batch.colors.take(), 4, true));
-  geometry.setAttribute('tag', new BufferAttribute(batch.tags.take(), 3));
+  geometry.setAttribute('position', new BufferAttribute(data.positions, 3));
+  geometry.setAttribute('color', new BufferAttribute(data.colors, 4, true));
+  geometry.setAttribute('tag', new BufferAttribute(data.tags, 3));
   return geometry;
 }
 
@@ -121,16 +120,17 @@ export class Drawing {
   private readonly lift: Lift;
 
   constructor(
-    batches: SceneBatches,
+    data: SceneData,
     private readonly uniforms: SceneUniforms,
     private readonly atlas: TextAtlas,
     private readonly texts: IUniform<Texture | null>,
     flat: boolean,
   ) {
     this.lift = flat ? NO_LIFT : LIFT;
-    for (const batch of batches.faces) this.addFaces(batch);
-    if (batches.lines.count > 0) this.addLines(batches.lines);
-    if (batches.points.count > 0) this.addPoints(batches.points);
+    materials.setTables(uniforms, data.glosses, data.lines.tips);
+    for (const faces of data.faces) this.addFaces(faces);
+    if (data.lines.count > 0) this.addLines(data.lines);
+    if (data.points.count > 0) this.addPoints(data.points);
   }
 
   /** Fewer and thinner things while the view moves. */
@@ -185,24 +185,25 @@ export class Drawing {
     return thing;
   }
 
-  private addFaces(batch: FaceBatch): void {
-    const geometry = this.keep(faceGeometry(batch));
-    const material = this.keep(materials.faceMaterial(this.uniforms, batch.kind));
-    const positions = geometry.getAttribute('position').array as Float32Array;
-    const fine = geometry.getIndex()!;
-    const index = fine.array as Uint32Array;
-    if (batch.kind.transparent) this.sorted.push({ geometry, positions, index: index.slice() });
-    else if (index.length > FINE_ENOUGH * 3) {
-      const coarse = new BufferAttribute(coarseIndex(positions, index, REACH), 1);
-      this.coarse.push({ geometry, fine, coarse });
+  private addFaces(data: FaceData): void {
+    const geometry = this.keep(faceGeometry(data));
+    const material = this.keep(materials.faceMaterial(this.uniforms, data.kind));
+    const { kind, positions, index, coarse } = data;
+    if (kind.transparent) this.sorted.push({ geometry, positions, index });
+    if (coarse) {
+      const fine = geometry.getIndex()!;
+      this.coarse.push({ geometry, fine, coarse: new BufferAttribute(coarse, 1) });
     }
-    const order = batch.kind.transparent ? ORDER.transparent : ORDER.faces;
-    add(this.group, new Mesh(geometry, material), order);
+    add(
+      this.group,
+      new Mesh(geometry, material),
+      kind.transparent ? ORDER.transparent : ORDER.faces,
+    );
   }
 
-  private addLines(batch: LineBatch): void {
-    this.lineCount = batch.count;
-    const quads = this.keep(instances(batch, QUAD, QUAD_INDEX));
+  private addLines(data: LineData): void {
+    this.lineCount = data.count;
+    const quads = this.keep(instances(data, QUAD, QUAD_INDEX));
     const wideMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, false));
     this.wide = new Mesh(quads, wideMaterial);
     add(this.group, this.wide, ORDER.lines);
@@ -210,11 +211,7 @@ export class Drawing {
     const thinMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, true));
     this.thin = new LineSegments(segments, thinMaterial);
     add(this.group, this.thin, ORDER.lines);
-    const styles = quads.getAttribute('style');
-    const hasTips = Array.from({ length: styles.count }, (_, i) => styles.getZ(i) > 3.5).includes(
-      true,
-    );
-    if (hasTips) {
+    if (data.tips.length > 0) {
       const tips = this.keep(sharing(quads, TIP, TIP_INDEX));
       add(this.group, new Mesh(tips, this.keep(this.tipMaterial())), ORDER.tips);
     }
@@ -225,9 +222,9 @@ export class Drawing {
     return materials.tipMaterial(this.uniforms, this.lift);
   }
 
-  private addPoints(batch: PointBatch): void {
+  private addPoints(data: PointData): void {
     const material = this.keep(materials.pointMaterial(this.uniforms, this.lift));
-    add(this.group, new Points(this.keep(pointGeometry(batch)), material), ORDER.points);
+    add(this.group, new Points(this.keep(pointGeometry(data)), material), ORDER.points);
   }
 }
 

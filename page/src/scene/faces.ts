@@ -1,6 +1,7 @@
 /** Faces of any number of corners, and their edges. */
-import type { FaceSet, Rgb } from '../javaview/model';
-import { withAlpha, type FaceBatch } from './batches';
+import { GrowingInt32 } from '../javaview/growing';
+import type { FaceSet, Material, Rgb } from '../javaview/model';
+import { lookCode, withAlpha, type FaceBatch, type Gloss } from './batches';
 import { colorAt, type Draft } from './build';
 import { areaNormal, triangulate } from './polygons';
 import { FILL_PATTERNS } from './styles';
@@ -10,6 +11,14 @@ const DEFAULT_EDGE_COLOR: Rgb = [0, 0, 0];
 
 /** Above this number of points, coincident ones are no longer found for common normals. */
 const MOST_WELDED = 200_000;
+
+/** Object, and code of pattern and gloss. */
+type Tag = readonly [number, number];
+
+/** White spots are as bright as this on a surface that throws all light back. */
+const BRIGHTEST_SPOT = 0.6;
+/** The exponent for the shininess 1. */
+const SHARPEST = 56;
 
 /** Transparent triangles are cut until no side is longer, so that sorting them is right. */
 const LONGEST_TRANSPARENT_SIDE = 0.25;
@@ -37,6 +46,22 @@ export function meanColor(colors: Uint8Array, points: readonly number[], otherwi
     for (let i = 0; i < 3; i++) sum[i]! += color[i]!;
   }
   return [sum[0]! / points.length, sum[1]! / points.length, sum[2]! / points.length];
+}
+
+/** Shininess is a part of the sharpest, or an exponent. */
+function glossOfMaterial({ specular, shininess, emissive, ambient }: Material): Gloss {
+  const part = (color: Rgb, most: number): [number, number, number] => [
+    (color[0] / 255) * most,
+    (color[1] / 255) * most,
+    (color[2] / 255) * most,
+  ];
+  const exponent = shininess <= 1 ? shininess * SHARPEST : shininess;
+  return {
+    specular: part(specular, BRIGHTEST_SPOT),
+    exponent: Math.min(Math.max(exponent, 1), 128),
+    emissive: part(emissive, 1),
+    ambient: Math.min(Math.max(ambient, 0), 1),
+  };
 }
 
 /** The colour before it was made lighter to stand in for a pattern. */
@@ -89,7 +114,9 @@ function firstAtSamePlace(at: Float32Array): Int32Array {
  */
 class OpaqueFaces {
   private readonly vertexOfPoint: Int32Array;
-  private readonly ownerOfVertex = new Map<number, number>();
+  /** The face that has taken each vertex of this geometry, or -1. */
+  private readonly owners = new GrowingInt32();
+  private readonly firstVertex: number;
   private readonly shared: boolean;
 
   constructor(
@@ -97,11 +124,11 @@ class OpaqueFaces {
     private readonly at: Float32Array,
     private readonly normals: Float32Array | undefined,
     private readonly pointColor: ((point: number) => Rgb) | undefined,
-    private readonly object: number,
-    private readonly pattern: number,
+    private readonly tag: Tag,
   ) {
     this.vertexOfPoint = new Int32Array(at.length / 3).fill(-1);
     this.shared = normals !== undefined && pointColor !== undefined;
+    this.firstVertex = batch.vertexCount;
   }
 
   add(
@@ -141,19 +168,23 @@ class OpaqueFaces {
       at[k + 2]!,
       normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : [0, 0, 1],
       withAlpha(this.pointColor?.(point) ?? color, 1),
-      this.object,
-      this.pattern,
+      ...this.tag,
     );
     this.vertexOfPoint[point] = vertex;
+    this.owners.push(-1);
     return vertex;
   }
 
   private freeCorner(vertices: readonly number[], face: number): number {
-    const free = vertices.findIndex((vertex) => {
-      const owner = this.ownerOfVertex.get(vertex);
-      return owner === undefined || owner === face;
-    });
-    return Math.max(free, 0);
+    return Math.max(
+      vertices.findIndex((vertex) => this.isFree(vertex, face)),
+      0,
+    );
+  }
+
+  private isFree(vertex: number, face: number): boolean {
+    const owner = this.owners.at(vertex - this.firstVertex);
+    return owner === -1 || owner === face;
   }
 
   private claim(
@@ -162,9 +193,9 @@ class OpaqueFaces {
     normal: [number, number, number],
     color: Rgb,
   ): number {
-    const owner = this.ownerOfVertex.get(vertex);
-    const own = owner === undefined || owner === face ? vertex : this.batch.copyVertex(vertex);
-    this.ownerOfVertex.set(own, face);
+    const own = this.isFree(vertex, face) ? vertex : this.batch.copyVertex(vertex);
+    if (own === vertex) this.owners.set(own - this.firstVertex, face);
+    else this.owners.push(face);
     if (!this.normals) this.batch.setNormal(own, normal);
     if (!this.pointColor) this.batch.setColor(own, withAlpha(color, 1));
     return own;
@@ -207,7 +238,7 @@ function addTransparent(
   batch: FaceBatch,
   corners: readonly [Corner, Corner, Corner],
   alpha: number,
-  tag: readonly [number, number],
+  tag: Tag,
   depth: number,
 ): void {
   const [a, b, c] = corners;
@@ -223,15 +254,7 @@ function addTransparent(
     return;
   }
   for (const { at, normal, color } of corners) {
-    const vertex = batch.addVertex(
-      at[0]!,
-      at[1]!,
-      at[2]!,
-      normal,
-      withAlpha(color, alpha),
-      tag[0],
-      tag[1],
-    );
+    const vertex = batch.addVertex(at[0]!, at[1]!, at[2]!, normal, withAlpha(color, alpha), ...tag);
     batch.index.push(vertex);
   }
 }
@@ -259,13 +282,15 @@ export function addFaces(draft: Draft): void {
     return points.colors.length > 0 ? meanColor(points.colors, corners, base) : base;
   };
 
+  const gloss = material ? batches.glossNumber(glossOfMaterial(material)) : 0;
+  const tag: Tag = [style.object, lookCode(pattern, gloss)];
   const transparent = alpha < 1;
   const batch = batches.faceBatch(
     transparent
       ? { transparent, smoothColors: true, smoothNormals: true }
       : { transparent, smoothColors, smoothNormals: normals !== undefined },
   );
-  const opaque = new OpaqueFaces(batch, at, normals, pointColor, style.object, pattern);
+  const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
   for (let face = 0; face < count; face++) {
     const corners = cornersOf(faces, face, at);
     if (corners.length === 0) continue;
@@ -288,7 +313,7 @@ export function addFaces(draft: Draft): void {
     const depth = count < 20_000 ? 12 : 0;
     for (let i = 0; i < places.length; i += 3) {
       const triangle = [full[places[i]!]!, full[places[i + 1]!]!, full[places[i + 2]!]!] as const;
-      addTransparent(batch, triangle, alpha, [style.object, pattern], depth);
+      addTransparent(batch, triangle, alpha, tag, depth);
     }
   }
 }
@@ -328,7 +353,7 @@ function addEdges({ geometry, style, batches, at }: Draft, faces: FaceSet): void
   const base = faces.edgeColor ?? DEFAULT_EDGE_COLOR;
   const byPoints = faces.colorEdges && points.colors.length > 0;
   const seen = new PairSet(faces.faces.values.length);
-  const lineStyle = { width, object: style.object, dash: 0, tip: false };
+  const lineStyle = { width, object: style.object, dash: 0, tip: undefined };
   for (let face = 0; face + 1 < faces.faces.offsets.length; face++) {
     const corners = cornersOf(faces, face, at);
     for (let i = 0; i < corners.length; i++) {

@@ -37,7 +37,7 @@ export function addLines({ geometry, style, batches, at, alpha }: Draft): void {
           width: lines.thickness ?? 1,
           object: style.object,
           dash: LINE_STYLES.indexOf(style.line),
-          tip: lines.arrows && k + 2 === offsets[line + 1],
+          tip: lines.arrows && k + 2 === offsets[line + 1] ? style.tip : undefined,
         },
         distance,
       );
@@ -61,7 +61,7 @@ export function addField(draft: Draft, field: VectorField): void {
     width: field.thickness ?? 1,
     object: style.object,
     dash: LINE_STYLES.indexOf(style.line),
-    tip: field.arrows,
+    tip: field.arrows ? style.tip : undefined,
   };
   for (let i = 0; i * 3 < Math.min(vectors.length, at.length); i++) {
     batches.counts.vectors++;

@@ -18,8 +18,9 @@ import {
   type ShaderMaterialParameters,
   type Texture,
 } from 'three';
-import type { FaceKind } from './batches';
+import { MOST_GLOSSES, MOST_TIPS, type FaceKind, type Gloss } from './batches';
 import * as shaders from './shaders';
+import { TIP_STYLES, type Tip } from './styles';
 
 const TEXELS_A_ROW = 1024;
 
@@ -47,15 +48,20 @@ export interface SceneUniforms extends Record<string, IUniform> {
   lightCount: IUniform<number>;
   lightPositions: IUniform<Vector4[]>;
   lightColors: IUniform<Vector3[]>;
-  gloss: IUniform<number>;
+  /** Specular colour and exponent; emissive colour and share of the light from all sides. */
+  speculars: IUniform<Vector4[]>;
+  emissives: IUniform<Vector4[]>;
+  /** Style, length (0 goes by the width) and spread of each tip. */
+  tips: IUniform<Vector3[]>;
   shownObjects: IUniform<DataTexture>;
   thin: IUniform<boolean>;
 }
 
 const FAR = 1e9;
 
+const vectors = (count: number): Vector4[] => Array.from({ length: count }, () => new Vector4());
+
 export function makeUniforms(objects: number): SceneUniforms {
-  const lights = Array.from({ length: shaders.MOST_LIGHTS });
   return {
     viewport: { value: new Vector2(1, 1) },
     pixelRatio: { value: 1 },
@@ -67,12 +73,29 @@ export function makeUniforms(objects: number): SceneUniforms {
     lit: { value: false },
     ambient: { value: new Vector3(1, 1, 1) },
     lightCount: { value: 0 },
-    lightPositions: { value: lights.map(() => new Vector4()) },
-    lightColors: { value: lights.map(() => new Vector3()) },
-    gloss: { value: 0 },
+    lightPositions: { value: vectors(shaders.MOST_LIGHTS) },
+    lightColors: { value: Array.from({ length: shaders.MOST_LIGHTS }, () => new Vector3()) },
+    speculars: { value: vectors(MOST_GLOSSES) },
+    emissives: { value: vectors(MOST_GLOSSES) },
+    tips: { value: Array.from({ length: MOST_TIPS }, () => new Vector3()) },
     shownObjects: { value: makeVisibility(objects) },
     thin: { value: false },
   };
+}
+
+/** Sets what the tags of faces and the styles of lines refer to by numbers. */
+export function setTables(
+  { speculars, emissives, tips }: SceneUniforms,
+  glosses: readonly Gloss[],
+  looks: readonly Tip[],
+): void {
+  glosses.forEach(({ specular, exponent, emissive, ambient }, i) => {
+    speculars.value[i]!.set(...specular, exponent);
+    emissives.value[i]!.set(...emissive, ambient);
+  });
+  looks.forEach(({ style, length, angle }, i) => {
+    tips.value[i]!.set(TIP_STYLES.indexOf(style), length ?? 0, Math.tan(angle));
+  });
 }
 
 function make(
@@ -149,7 +172,7 @@ export function tipMaterial(uniforms: SceneUniforms, lift: Lift): RawShaderMater
     shaders.tipsVertex,
     shaders.tipsFragment,
     { lift: { value: lift.lines } },
-    OPAQUE,
+    { ...SEE_THROUGH, transparent: false, depthWrite: true },
   );
 }
 

@@ -1,7 +1,7 @@
 /** One scene with its rulers and its view, drawn into a picture; it knows nothing of the page. */
 import { Vector3, type IUniform, type Texture } from 'three';
-import type { FrameText, ObjectText, PanelText } from '../data/contract';
-import type { Display, Geometry, Rgb } from '../javaview/model';
+import type { BackdropText, ObjectText, PanelText } from '../data/contract';
+import type { Display, Rgb } from '../javaview/model';
 import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
 import { Rulers3d } from '../rulers/axes3d';
 import { homeView, isDefaultView } from '../rulers/camera';
@@ -11,13 +11,13 @@ import { RulerLayout } from '../rulers/layout';
 import { applyLights } from '../rulers/lights';
 import { isInside, type Rectangle } from '../rulers/overlap';
 import { TextAtlas } from './atlas';
-import type { FaceBatch, Label, SceneBatches } from './batches';
-import { buildScene } from './build';
+import { Backdrop } from './backdrop';
+import { glossOf, type Label, type LineData, type TextStyle } from './batches';
 import { Drawing } from './drawing';
 import type { Engine } from './engine';
 import { makeUniforms, makeVisibility, type SceneUniforms } from './materials';
-import { Space, sceneBox } from './space';
-import type { GeometryStyle } from './styles';
+import type { Scene } from './scene';
+import { AXES, Space } from './space';
 import { View, type Size } from './view';
 
 /** The colours of the surroundings, for what a plot leaves open. */
@@ -42,29 +42,12 @@ export interface Shown {
   labels: boolean;
 }
 
+export type Triple = readonly [number, number, number];
+
+/** A scene and the name of the text that it comes from. */
 export interface Content {
-  geometries: readonly Geometry[];
-  display: Display | undefined;
-  frame: FrameText;
-}
-
-const PLAIN_STYLE: GeometryStyle = {
-  object: 0,
-  line: 'solid',
-  point: 'filledCircles',
-  fill: 'solid',
-};
-
-/** The style of each geometry; those beyond the runs are objects of their own. */
-function stylesOf(content: Content): GeometryStyle[] {
-  const styles: GeometryStyle[] = [];
-  for (const run of content.frame.runs) {
-    for (let i = 0; i < run.count && styles.length < content.geometries.length; i++)
-      styles.push(run);
-  }
-  let next = styles.reduce((most, style) => Math.max(most, style.object + 1), 0);
-  while (styles.length < content.geometries.length) styles.push({ ...PLAIN_STYLE, object: next++ });
-  return styles;
+  name: string;
+  scene: Scene;
 }
 
 export class Plot {
@@ -75,16 +58,20 @@ export class Plot {
   readonly shown: Shown;
   objects: ObjectText[] = [];
   readonly hidden = new Set<number>();
-  batches: SceneBatches;
+  /** The name of the text that is shown. */
+  name: string;
+  scene: Scene;
   /** Labels of the rulers in the last picture and where they were. */
   labels: readonly Label[] = [];
   rectangles: readonly Rectangle[] = [];
   /** The same for those of points. */
   placed: PlacedLabels = { labels: [], rectangles: [] };
   plotRectangle: Rectangle | undefined;
-  layout: RulerLayout | undefined;
+  /** The lines of the rulers in the last picture. */
+  rulerLines: LineData | undefined;
   private readonly uniforms: SceneUniforms;
   private readonly rulerUniforms: SceneUniforms;
+  private readonly backdrop: Backdrop | undefined;
   private readonly atlas = new TextAtlas();
   private readonly texts: IUniform<Texture | null> = { value: this.atlas.texture };
   private drawing: Drawing;
@@ -95,47 +82,47 @@ export class Plot {
   constructor(
     private readonly engine: Engine,
     private readonly text: PanelText,
-    private content: Content,
+    content: Content,
     private surroundings: Surroundings,
   ) {
-    const { display, geometries } = content;
-    this.flat = isFlat(display, geometries);
-    this.space = new Space(sceneBox(display, geometries), display?.boxRatio, this.flat);
+    const { scene } = content;
+    const { display } = scene;
+    this.name = content.name;
+    this.scene = scene;
+    this.space = new Space(scene.space);
+    this.flat = this.space.flat;
     this.view = new View(homeView(display, this.space), this.flat);
     this.look = frameLook(display, text.axes, surroundings.ink, surroundings.ground);
     this.shown = { axes: this.look.visible, box: this.look.box, labels: true };
     this.uniforms = makeUniforms(1);
     this.rulerUniforms = makeUniforms(1);
+    this.backdrop = text.background && new Backdrop(text.background);
     applyLights(this.uniforms, display, this.space);
-    this.batches = this.build();
+    this.nameObjects();
     this.drawing = this.makeDrawing();
   }
 
   get background(): Rgb | undefined {
-    return this.content.display?.background;
+    return this.display?.background;
   }
 
   get display(): Display | undefined {
-    return this.content.display;
-  }
-
-  get geometries(): readonly Geometry[] {
-    return this.content.geometries;
+    return this.scene.display;
   }
 
   /** Shows another frame of the same scene. */
   setContent(content: Content): void {
-    this.content = content;
+    this.name = content.name;
+    this.scene = content.scene;
     this.drawing.dispose();
-    this.batches = this.build();
+    this.nameObjects();
     this.drawing = this.makeDrawing();
     this.sortedFor = '';
   }
 
   setSurroundings(surroundings: Surroundings): void {
     this.surroundings = surroundings;
-    const { display } = this.content;
-    this.look = frameLook(display, this.text.axes, surroundings.ink, surroundings.ground);
+    this.look = frameLook(this.display, this.text.axes, surroundings.ink, surroundings.ground);
   }
 
   setHidden(object: number, hidden: boolean): void {
@@ -156,13 +143,13 @@ export class Plot {
 
   /** The view that the display asks for, from so far that no number is cut off. */
   reset(): void {
-    this.view.setHome(homeView(this.content.display, this.space));
+    this.view.setHome(homeView(this.display, this.space));
     this.view.reset();
     if (this.flat) {
       this.fitFlat();
       return;
     }
-    if (isDefaultView(this.content.display, this.space)) this.fitBox();
+    if (isDefaultView(this.display, this.space)) this.fitBox();
     else this.fitLabels();
     this.view.setHome(this.view.state);
   }
@@ -175,14 +162,10 @@ export class Plot {
     const height = Math.max(1, Math.round(view.size.height * pixelRatio));
     this.updateUniforms(width, height, pixelRatio);
     const layout = this.layOut();
+    const rulers = layout.batches.finish();
+    this.rulerLines = rulers.lines;
     this.rulers?.dispose();
-    this.rulers = new Drawing(
-      layout.batches,
-      this.rulerUniforms,
-      this.atlas,
-      this.texts,
-      this.flat,
-    );
+    this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, this.flat);
     this.placed = this.placeLabels(layout);
     this.atlas.place([...this.placed.labels, ...layout.labels], pixelRatio);
     this.drawing.setLabels(this.placed.labels, pixelRatio);
@@ -192,7 +175,11 @@ export class Plot {
     this.drawing.setMoving(moving);
     this.sort();
     return this.engine.draw({
-      contents: [this.drawing.group, this.rulers.group],
+      contents: [
+        ...(this.backdrop && !transparent ? [this.backdrop.mesh] : []),
+        this.drawing.group,
+        this.rulers.group,
+      ],
       view,
       width,
       height,
@@ -200,9 +187,9 @@ export class Plot {
     });
   }
 
-  /** The name of the text that is shown. */
-  get frameName(): string {
-    return this.content.frame.model;
+  /** The ground of two colours, if there is one. */
+  get backdropText(): BackdropText | undefined {
+    return this.text.background;
   }
 
   get drawCalls(): number {
@@ -214,41 +201,48 @@ export class Plot {
     return this.background ?? this.surroundings.ground;
   }
 
-  /** The colour that light gives to a triangle, for drawings that are not made by the hardware. */
-  lightOf(batch: FaceBatch, corners: readonly number[], color: readonly number[]): number[] {
-    const { lit, ambient, lightCount, lightPositions, lightColors } = this.uniforms;
-    if (!lit.value) return [...color];
-    const places = corners.map(
-      (v) => new Vector3(...[0, 1, 2].map((k) => batch.positions.at(v * 3 + k))),
-    );
-    const [a, b, c] = places as [Vector3, Vector3, Vector3];
-    const normal = b.clone().sub(a).cross(c.clone().sub(a)).normalize();
-    const middle = a.clone().add(b).add(c).divideScalar(3);
-    const toEye = this.view.state.field === 0 ? this.view.state.toEye : this.view.eye.sub(middle);
-    if (normal.dot(toEye) < 0) normal.negate();
-    const light = ambient.value.clone();
+  /** The colour that light gives to a place, for drawings that are not made by the hardware. */
+  lightOf(look: number, at: Vector3, normal: Vector3, color: Triple): Triple {
+    const { lit, ambient, lightCount, lightPositions, lightColors, speculars, emissives } =
+      this.uniforms;
+    if (!lit.value) return color;
+    const { state } = this.view;
+    const toEye = state.field === 0 ? state.toEye.clone() : this.view.eye.sub(at).normalize();
+    const facing = normal.clone().multiplyScalar(normal.dot(toEye) < 0 ? -1 : 1);
+    const specular = speculars.value[glossOf(look)]!;
+    const emissive = emissives.value[glossOf(look)]!;
+    const diffuse = ambient.value.clone().addScalar(emissive.w);
+    const shine = new Vector3();
     for (let i = 0; i < lightCount.value; i++) {
       const position = lightPositions.value[i]!;
       const toLight = new Vector3(position.x, position.y, position.z);
-      if (position.w > 0.5) toLight.sub(middle);
-      light.addScaledVector(lightColors.value[i]!, Math.max(0, normal.dot(toLight.normalize())));
+      if (position.w > 0.5) toLight.sub(at);
+      const strength = facing.dot(toLight.normalize());
+      if (strength <= 0) continue;
+      diffuse.addScaledVector(lightColors.value[i]!, strength);
+      const spot = Math.max(facing.dot(toLight.add(toEye).normalize()), 0) ** specular.w;
+      shine.addScaledVector(lightColors.value[i]!, spot);
     }
-    return [light.x, light.y, light.z].map((share, k) => Math.min(255, color[k]! * share));
+    const channel = (k: 0 | 1 | 2): number =>
+      color[k] * diffuse.getComponent(k) +
+      255 * (specular.getComponent(k) * shine.getComponent(k) + emissive.getComponent(k));
+    return [Math.min(channel(0), 255), Math.min(channel(1), 255), Math.min(channel(2), 255)];
   }
 
   /** The point of the file that is seen nearest to a place of the screen. */
   pick(x: number, y: number, reach = 24): Hit | undefined {
-    const { view } = this;
+    const { view, space } = this;
     const m = view.matrix().elements;
     const { width, height } = view.size;
     let best: Hit | undefined;
     let bestRank = Infinity;
-    for (const { geometry, object, positions } of this.batches.pickables) {
+    for (const { geometry, object, layer } of this.scene.pickables) {
       if (this.hidden.has(object)) continue;
-      for (let i = 0; i < positions.length; i += 3) {
-        const px = positions[i]!;
-        const py = positions[i + 1]!;
-        const pz = positions[i + 2]!;
+      const { coordinates } = this.scene.geometries[geometry]!;
+      for (let i = 0; i < coordinates.length; i += 3) {
+        const px = space.toScene(0, coordinates[i]!);
+        const py = space.toScene(1, coordinates[i + 1]!);
+        const pz = space.flat ? layer : space.toScene(2, coordinates[i + 2]!);
         const w = m[3]! * px + m[7]! * py + m[11]! * pz + m[15]!;
         if (!(w > 0)) continue;
         const sx = ((m[0]! * px + m[4]! * py + m[8]! * pz + m[12]!) / w + 1) * 0.5 * width;
@@ -268,52 +262,44 @@ export class Plot {
   }
 
   coordinates(geometry: number, point: number): readonly [number, number, number] {
-    const { coordinates } = this.content.geometries[geometry]!.points;
+    const { coordinates } = this.scene.geometries[geometry]!;
     const k = point * 3;
     return [coordinates[k]!, coordinates[k + 1]!, coordinates[k + 2]!];
   }
 
   /** Where a point of the file is drawn in the scene. */
-  placeOf(hit: Hit): readonly [number, number, number] {
-    const { positions } = this.batches.pickables.find((some) => some.geometry === hit.geometry)!;
-    const k = hit.point * 3;
-    return [positions[k]!, positions[k + 1]!, positions[k + 2]!];
+  placeOf({ geometry, point }: Hit): readonly [number, number, number] {
+    const [x, y, z] = this.space.point(...this.coordinates(geometry, point));
+    const layer = this.scene.pickables.find((some) => some.geometry === geometry)!.layer;
+    return [x, y, this.flat ? layer : z];
   }
 
   dispose(): void {
     this.drawing.dispose();
     this.rulers?.dispose();
+    this.backdrop?.dispose();
     this.atlas.dispose();
     this.uniforms.shownObjects.value.dispose();
     this.rulerUniforms.shownObjects.value.dispose();
   }
 
-  private build(): SceneBatches {
-    const styles = stylesOf(this.content);
-    const count = styles.reduce(
-      (most, style) => Math.max(most, style.object + 1),
-      this.text.objects.length,
+  /** Objects have the names of the plot document, of their geometries, or numbers. */
+  private nameObjects(): void {
+    const { objectNames } = this.scene;
+    const count = Math.max(objectNames.length, this.text.objects.length);
+    if (this.objects.length === count) return;
+    const plain = { legend: undefined, color: undefined, scale: undefined };
+    this.objects = Array.from(
+      { length: count },
+      (_, i) => this.text.objects[i] ?? { name: objectNames[i] || `Object ${i + 1}`, ...plain },
     );
-    const { geometries } = this.content;
-    if (this.objects.length !== count) {
-      const firstOf = new Map<number, number>();
-      styles.forEach((style, i) => {
-        if (!firstOf.has(style.object)) firstOf.set(style.object, i);
-      });
-      this.objects = Array.from({ length: count }, (_, i) => {
-        const name = geometries[firstOf.get(i) ?? -1]?.name;
-        const plain = { legend: undefined, color: undefined, scale: undefined };
-        return this.text.objects[i] ?? { name: name || `Object ${i + 1}`, ...plain };
-      });
-      this.uniforms.shownObjects.value.dispose();
-      this.uniforms.shownObjects.value = makeVisibility(count);
-      this.updateVisibility();
-    }
-    return buildScene(geometries, this.space, (i) => styles[i] ?? PLAIN_STYLE);
+    this.uniforms.shownObjects.value.dispose();
+    this.uniforms.shownObjects.value = makeVisibility(count);
+    this.updateVisibility();
   }
 
   private makeDrawing(): Drawing {
-    return new Drawing(this.batches, this.uniforms, this.atlas, this.texts, this.flat);
+    return new Drawing(this.scene, this.uniforms, this.atlas, this.texts, this.flat);
   }
 
   private updateVisibility(): void {
@@ -347,12 +333,17 @@ export class Plot {
       clipMax.value.set(x1 + room, y1 + room, 1e9);
       return;
     }
-    const ranges = this.content.display?.clip ?? [];
-    ([0, 1, 2] as const).forEach((axis) => {
+    const ranges = this.display?.clip ?? [];
+    for (const axis of AXES) {
       const range = ranges[axis];
       clipMin.value.setComponent(axis, range ? this.space.toScene(axis, range[0]) - 1e-6 : -1e9);
       clipMax.value.setComponent(axis, range ? this.space.toScene(axis, range[1]) + 1e-6 : 1e9);
-    });
+    }
+  }
+
+  /** The box in the scene outside of which nothing is drawn. */
+  get clipBox(): { min: Vector3; max: Vector3 } {
+    return { min: this.uniforms.clipMin.value, max: this.uniforms.clipMax.value };
   }
 
   private isClipped(x: number, y: number, z: number): boolean {
@@ -367,14 +358,13 @@ export class Plot {
     const look = { ...this.look, visible: this.shown.axes, box: this.shown.box };
     if (!this.flat) new Rulers3d(layout, look, this.space).draw();
     else if (this.plotRectangle) new Rulers2d(layout, look, this.space, this.plotRectangle).draw();
-    this.layout = layout;
     return layout;
   }
 
   private placeLabels(layout: RulerLayout): PlacedLabels {
     const isShown = ({ object, at }: Label): boolean =>
       this.shown.labels && !this.hidden.has(object) && !this.isClipped(...at);
-    return placeLabels(this.batches.labels, this.view, layout.measure, layout.free, isShown);
+    return placeLabels(this.scene.labels, this.view, layout.measure, layout.free, isShown);
   }
 
   /** Steps back until no number is cut off, but not far from the view that is asked for. */
@@ -425,25 +415,14 @@ export class Plot {
   /** Puts the box of a flat scene into its rectangle of the picture. */
   private fitFlat(): void {
     const { view, space } = this;
-    const style = this.look.numberStyle;
-    const widest = this.atlas.measure({
-      text: '\u22120.00',
-      at: [0, 0, 0],
-      style,
-      anchor: [0, 0],
-      shift: [0, 0],
-      object: 0,
-    })[0];
+    const measure = (text: string, style: TextStyle): readonly [number, number] =>
+      this.atlas.measure({ text, at: [0, 0, 0], style, anchor: [0, 0], shift: [0, 0], object: 0 });
     const look = { ...this.look, visible: this.shown.axes };
-    const rectangle = plotRectangle(
-      view.size.width,
-      view.size.height,
-      space,
-      margins(look, widest + 8),
-    );
+    const room = margins(look, measure);
+    const rectangle = plotRectangle(view.size.width, view.size.height, space, room);
     this.plotRectangle = rectangle;
     const unit = (2 * space.half[0]) / rectangle.width;
-    const state = homeView(this.content.display, space);
+    const state = homeView(this.display, space);
     state.span = unit * Math.min(view.size.width, view.size.height);
     state.target.set(
       (view.size.width / 2 - rectangle.left - rectangle.width / 2) * unit,
@@ -462,9 +441,4 @@ export class Plot {
     this.sortedFor = key;
     this.drawing.sort(this.view);
   }
-}
-
-function isFlat(display: Display | undefined, geometries: readonly Geometry[]): boolean {
-  if (display?.axes) return display.axes.dimension === 2;
-  return geometries.length > 0 && geometries.every(({ dimension }) => dimension === 2);
 }

@@ -1,5 +1,10 @@
 /** Triangles of polygons of any number of corners. */
-import { ShapeUtils, Vector2 } from 'three';
+import { Earcut } from 'three/src/extras/Earcut.js';
+
+interface Place {
+  x: number;
+  y: number;
+}
 
 /** Twice the area times the unit normal, by the sum over all corners; robust for bent polygons. */
 export function areaNormal(at: Float32Array, corners: readonly number[]): [number, number, number] {
@@ -21,16 +26,16 @@ function project(
   at: Float32Array,
   corners: readonly number[],
   normal: readonly [number, number, number],
-): Vector2[] {
+): Place[] {
   const [x, y, z] = normal.map(Math.abs) as [number, number, number];
   const axis = x >= y && x >= z ? 0 : y >= z ? 1 : 2;
   const u = (axis + 1) % 3;
   const v = (axis + 2) % 3;
   const turn = normal[axis] < 0 ? -1 : 1;
-  return corners.map((corner) => new Vector2(at[corner * 3 + u]! * turn, at[corner * 3 + v]!));
+  return corners.map((corner) => ({ x: at[corner * 3 + u]! * turn, y: at[corner * 3 + v]! }));
 }
 
-function isConvex(points: readonly Vector2[]): boolean {
+function isConvex(points: readonly Place[]): boolean {
   const n = points.length;
   return points.every((b, i) => {
     const a = points[(i + n - 1) % n]!;
@@ -51,6 +56,6 @@ export function triangulate(
   if (corners.length === 3) return 'fan';
   const points = project(at, corners, normal);
   if (isConvex(points)) return 'fan';
-  const triangles = ShapeUtils.triangulateShape(points, []);
-  return triangles.length > 0 ? triangles.flat() : 'fan';
+  const triangles = Earcut.triangulate(points.flatMap(({ x, y }) => [x, y]));
+  return triangles.length > 0 ? triangles : 'fan';
 }

@@ -1,4 +1,5 @@
 /** The programs that draw faces, lines, points and labels. Colours are drawn as the file has them. */
+import { MOST_GLOSSES, MOST_TIPS } from './batches';
 
 export const MOST_LIGHTS = 12;
 
@@ -42,12 +43,12 @@ in vec2 tag;
 out vec3 vAt;
 ${colors} out vec4 vColor;
 ${normals} out vec3 vNormal;
-flat out float vPattern;
+flat out float vLook;
 void main() {
   vAt = position;
   vColor = color;
   vNormal = normal.xyz;
-  vPattern = tag.y;
+  vLook = tag.y;
   gl_Position = isShown(tag.x) ? projectionMatrix * modelViewMatrix * vec4(position, 1.0) : NOWHERE;
 }
 `;
@@ -61,12 +62,13 @@ uniform vec3 ambient;
 uniform int lightCount;
 uniform vec4 lightPositions[${MOST_LIGHTS}];
 uniform vec3 lightColors[${MOST_LIGHTS}];
-uniform float gloss;
+uniform vec4 speculars[${MOST_GLOSSES}];
+uniform vec4 emissives[${MOST_GLOSSES}];
 uniform float pixelRatio;
 in vec3 vAt;
 ${colors} in vec4 vColor;
 ${normals} in vec3 vNormal;
-flat in float vPattern;
+flat in float vLook;
 out vec4 fragColor;
 
 bool onStroke(float at) {
@@ -75,7 +77,7 @@ bool onStroke(float at) {
 }
 
 void hatch() {
-  int pattern = int(vPattern + 0.5);
+  int pattern = int(vLook + 0.5) & 7;
   if (pattern == 0) return;
   vec2 p = gl_FragCoord.xy;
   float down = (p.x + p.y) * 0.70710678;
@@ -98,7 +100,10 @@ void main() {
     vec3 toEye = parallel ? -viewDirection : normalize(cameraPosition - vAt);
     vec3 n = normalize(vNormal);
     if (dot(n, toEye) < 0.0) n = -n;
-    vec3 diffuse = ambient;
+    int look = int(vLook + 0.5) >> 3;
+    vec4 specular = speculars[look];
+    vec4 emissive = emissives[look];
+    vec3 diffuse = ambient + emissive.w;
     vec3 shine = vec3(0.0);
     for (int i = 0; i < lightCount; i++) {
       vec4 position = lightPositions[i];
@@ -106,9 +111,9 @@ void main() {
       float strength = dot(n, toLight);
       if (strength <= 0.0) continue;
       diffuse += lightColors[i] * strength;
-      shine += lightColors[i] * pow(max(dot(n, normalize(toLight + toEye)), 0.0), 50.0);
+      shine += lightColors[i] * pow(max(dot(n, normalize(toLight + toEye)), 0.0), specular.w);
     }
-    color = color * diffuse + gloss * shine;
+    color = color * diffuse + specular.rgb * shine + emissive.rgb;
   }
   fragColor = vec4(min(color, vec3(1.0)), vColor.a);
 }
@@ -120,9 +125,13 @@ uniform float pixelRatio;
 vec2 toPixels(vec4 clipped) { return (clipped.xy / clipped.w * 0.5 + 0.5) * viewport; }
 `;
 
-/** The length of the tip of an arrow by the width of its line. */
+/** Tips of arrows: their style, their length by the width of the line if they have none, their spread. */
 const TIP = `
-float tipLength(float width) { return (7.0 + 3.0 * width) * pixelRatio; }
+uniform vec3 tips[${MOST_TIPS}];
+vec3 tipOf(vec4 style) { return tips[int(style.z + 0.5) / 4 - 1]; }
+float tipLength(vec3 tip, float width) {
+  return (tip.y > 0.0 ? tip.y : 7.0 + 3.0 * width) * pixelRatio;
+}
 `;
 
 /** Lines as rectangles with round ends; positions are divided so that what varies does so evenly. */
@@ -148,7 +157,7 @@ void main() {
   vec4 a = projectionMatrix * modelViewMatrix * vec4(start, 1.0);
   vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
   bool hasTip = style.z > 3.5;
-  vDash = hasTip ? style.z - 4.0 : style.z;
+  vDash = mod(style.z, 4.0);
   vStart = style.w * pixelsPerUnit;
   if (!isShown(style.y) || (a.w <= 0.0 && b.w <= 0.0)) {
     gl_Position = NOWHERE;
@@ -168,7 +177,10 @@ void main() {
   vec2 direction = length > 1e-4 ? along / length : vec2(1.0, 0.0);
   float halfWidth = max(style.x * pixelRatio, 1.0) * 0.5;
   if (hasTip) {
-    float back = min(tipLength(style.x) * 0.7, length);
+    // The line ends below a filled tip, at a closed one, and runs through an open one.
+    vec3 tip = tipOf(style);
+    float part = tip.x < 0.5 ? 0.7 : tip.x < 1.5 ? 0.0 : 1.0;
+    float back = min(tipLength(tip, style.x) * part, length);
     pixelsB -= direction * back;
     length -= back;
   }
@@ -216,7 +228,7 @@ void main() {
 }
 `;
 
-/** Tips of arrows: triangles that face the viewer. */
+/** Tips of arrows: triangles that face the viewer, larger than the tip by the width of its pen. */
 export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}${TIP}
 uniform float lift;
 in vec3 position;
@@ -226,6 +238,12 @@ in vec4 endColor;
 in vec4 style;
 out vec3 vAt;
 out vec4 vColor;
+/** Pixels back from the point of the tip, and to the side. */
+out vec2 vPlace;
+flat out float vStyle;
+flat out float vSize;
+flat out float vSpread;
+flat out float vPen;
 void main() {
   vec4 a = projectionMatrix * modelViewMatrix * vec4(start, 1.0);
   vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
@@ -233,13 +251,20 @@ void main() {
     gl_Position = NOWHERE;
     return;
   }
-  vec2 tip = toPixels(b);
-  vec2 along = tip - toPixels(a);
+  vec3 tip = tipOf(style);
+  vec2 point = toPixels(b);
+  vec2 along = point - toPixels(a);
   float length = length(along);
   vec2 direction = length > 1e-4 ? along / length : vec2(1.0, 0.0);
-  float size = min(tipLength(style.x), max(length, 2.0));
-  vec2 pixels = tip - direction * size * position.x;
-  pixels += vec2(-direction.y, direction.x) * size * 0.35 * position.y;
+  vStyle = tip.x;
+  vSize = min(tipLength(tip, style.x), max(length, 2.0));
+  vSpread = tip.z;
+  vPen = max(style.x * pixelRatio, 1.0);
+  float room = vPen + 1.0;
+  float ahead = room / sin(atan(tip.z));
+  vPlace = vec2(-ahead + (vSize + room + ahead) * position.x, 0.0);
+  vPlace.y = (vPlace.x + ahead) * tip.z * position.y;
+  vec2 pixels = point - direction * vPlace.x + vec2(-direction.y, direction.x) * vPlace.y;
   vAt = end;
   vColor = endColor;
   gl_Position = vec4(pixels / viewport * 2.0 - 1.0, b.z / b.w - lift, 1.0);
@@ -249,10 +274,22 @@ void main() {
 export const tipsFragment = `${HEAD}${CLIPPING}
 in vec3 vAt;
 in vec4 vColor;
+in vec2 vPlace;
+flat in float vStyle;
+flat in float vSize;
+flat in float vSpread;
+flat in float vPen;
 out vec4 fragColor;
 void main() {
   clip(vAt);
-  fragColor = vColor;
+  float toSide = (vPlace.x * vSpread - abs(vPlace.y)) / sqrt(1.0 + vSpread * vSpread);
+  float toBase = vSize - vPlace.x;
+  float inside = min(toSide, toBase);
+  float pen = vPen * 0.5;
+  float cover = vStyle < 0.5 ? inside : vStyle < 1.5 ? min(pen - abs(toSide), toBase) : pen - abs(inside);
+  float alpha = clamp(cover + 0.5, 0.0, 1.0);
+  if (alpha < 0.02) discard;
+  fragColor = vec4(vColor.rgb, vColor.a * alpha);
 }
 `;
 
@@ -347,5 +384,31 @@ void main() {
   clip(vAt);
   fragColor = texture(texts, vSource);
   if (fragColor.a < 0.004) discard;
+}
+`;
+
+export const backdropVertex = `${HEAD}
+in vec2 position;
+out vec2 vPlace;
+void main() {
+  vPlace = position;
+  gl_Position = vec4(position, 0.0, 1.0);
+}
+`;
+
+/** Places are -1 to 1 from left to right and from bottom to top. */
+export const backdropFragment = `${HEAD}
+uniform vec3 first;
+uniform vec3 second;
+uniform int kind;
+in vec2 vPlace;
+out vec4 fragColor;
+void main() {
+  float part =
+    kind == 1 ? vPlace.x * 0.5 + 0.5 :
+    kind == 2 ? 0.5 - vPlace.y * 0.5 :
+    kind == 3 ? 1.0 - max(abs(vPlace.x), abs(vPlace.y)) :
+    0.0;
+  fragColor = vec4(mix(first, second, part), 1.0);
 }
 `;

@@ -1,57 +1,82 @@
 /** The box of a scene and the way from the file's coordinates to those that are drawn. */
-import type { Display, Geometry, Vector } from '../javaview/model';
+import type { Display, Geometry, Range, Vector } from '../javaview/model';
 
 export interface Box {
   min: Vector;
   max: Vector;
 }
 
-const AXES = [0, 1, 2] as const;
+export type Axis = 0 | 1 | 2;
+export const AXES: readonly Axis[] = [0, 1, 2];
 
-/** The smallest box round all finite points; undefined if there are none. */
-export function boxOfPoints(geometries: readonly Geometry[]): Box | undefined {
-  const min = [Infinity, Infinity, Infinity];
-  const max = [-Infinity, -Infinity, -Infinity];
+/** One for each axis. */
+export type Flags = readonly [boolean, boolean, boolean];
+
+export const LINEAR: Flags = [false, false, false];
+
+/** The smallest range of the finite coordinates along an axis, for a logarithm those above 0. */
+function rangeOfPoints(geometries: readonly Geometry[], axis: Axis, logarithmic: boolean): Range {
+  let min = Infinity;
+  let max = -Infinity;
   for (const { points } of geometries) {
     const { coordinates } = points;
-    for (let i = 0; i < coordinates.length; i++) {
+    for (let i: number = axis; i < coordinates.length; i += 3) {
       const value = coordinates[i]!;
-      if (!Number.isFinite(value)) continue;
-      const axis = i % 3;
-      if (value < min[axis]!) min[axis] = value;
-      if (value > max[axis]!) max[axis] = value;
+      if (!Number.isFinite(value) || (logarithmic && value <= 0)) continue;
+      if (value < min) min = value;
+      if (value > max) max = value;
     }
   }
-  if (AXES.some((axis) => min[axis]! > max[axis]!)) return undefined;
-  return { min: [min[0]!, min[1]!, min[2]!], max: [max[0]!, max[1]!, max[2]!] };
+  if (min <= max) return [min, max];
+  return logarithmic ? [1, 10] : [-1, 1];
 }
-
-const UNIT_BOX: Box = { min: [-1, -1, -1], max: [1, 1, 1] };
 
 /** Rulers of a flat scene do not run through the outermost points. */
 const FLAT_ROOM = 0.06;
 
+/** The range along an axis: the ruler's if it names one, otherwise that of the points. */
+function rangeOf(
+  display: Display | undefined,
+  geometries: readonly Geometry[],
+  axis: Axis,
+  logarithmic: boolean,
+): Range {
+  const { min, max } = display?.axes?.rulers[axis] ?? { min: undefined, max: undefined };
+  const named = min !== undefined && max !== undefined && min < max && (!logarithmic || min > 0);
+  if (named) return [min, max];
+  const [low, high] = rangeOfPoints(geometries, axis, logarithmic);
+  if (display?.axes?.dimension !== 2) return [low, high];
+  if (!logarithmic) return [low - (high - low) * FLAT_ROOM, high + (high - low) * FLAT_ROOM];
+  return [low * (low / high) ** FLAT_ROOM, high * (high / low) ** FLAT_ROOM];
+}
+
 /** The box that a display names, each axis that it leaves open filled up from the points. */
-export function sceneBox(display: Display | undefined, geometries: readonly Geometry[]): Box {
-  const points = boxOfPoints(geometries) ?? UNIT_BOX;
-  const room = display?.axes?.dimension === 2 ? FLAT_ROOM : 0;
-  const ranges = AXES.map((axis) => {
-    const ruler = display?.axes?.rulers[axis];
-    const { min, max } = ruler ?? { min: undefined, max: undefined };
-    if (min !== undefined && max !== undefined && min < max) return [min, max] as const;
-    const more = (points.max[axis] - points.min[axis]) * room;
-    return [points.min[axis] - more, points.max[axis] + more] as const;
-  });
+export function sceneBox(
+  display: Display | undefined,
+  geometries: readonly Geometry[],
+  logarithmic: Flags = LINEAR,
+): Box {
+  const ranges = AXES.map((axis) => rangeOf(display, geometries, axis, logarithmic[axis]));
   const widest = Math.max(...ranges.map(([low, high]) => high - low), Number.MIN_VALUE);
-  const open = ranges.map(([low, high]) =>
-    high - low > widest * 1e-9
-      ? ([low, high] as const)
-      : ([low - widest / 2, high + widest / 2] as const),
-  );
+  const open = AXES.map((axis): Range => {
+    const [low, high] = ranges[axis]!;
+    if (logarithmic[axis]) return low < high ? [low, high] : [low / 2, high * 2];
+    return high - low > widest * 1e-9 ? [low, high] : [low - widest / 2, high + widest / 2];
+  });
   return {
     min: [open[0]![0], open[1]![0], open[2]![0]],
     max: [open[0]![1], open[1]![1], open[2]![1]],
   };
+}
+
+/** What a space is made of; plain data that a worker can hand over. */
+export interface SpaceParts {
+  box: Box;
+  /** Factors of the coordinates; undefined keeps the proportions of what is drawn. */
+  ratio: Vector | undefined;
+  flat: boolean;
+  /** Along which axes the logarithm is drawn; there the box lies above 0. */
+  logarithmic: Flags;
 }
 
 /**
@@ -59,38 +84,54 @@ export function sceneBox(display: Display | undefined, geometries: readonly Geom
  * the box ratio, and the longest side is 2.
  */
 export class Space {
-  readonly center: Vector;
-  readonly scale: Vector;
+  readonly box: Box;
+  readonly flat: boolean;
+  readonly logarithmic: Flags;
   /** Half the sides of the box as drawn. */
   readonly half: Vector;
+  private readonly center: Vector;
+  private readonly scale: Vector;
 
-  constructor(
-    readonly box: Box,
-    ratio: Vector | undefined,
-    readonly flat: boolean,
-  ) {
-    const sides = AXES.map((axis) => (box.max[axis] - box.min[axis]) * (ratio?.[axis] ?? 1));
+  constructor(readonly parts: SpaceParts) {
+    const { box, ratio, flat, logarithmic } = parts;
+    this.box = box;
+    this.flat = flat;
+    this.logarithmic = logarithmic;
+    const low = AXES.map((axis) => this.measure(axis, box.min[axis]));
+    const high = AXES.map((axis) => this.measure(axis, box.max[axis]));
+    const lengths = AXES.map((axis) => high[axis]! - low[axis]!);
+    const sides = AXES.map((axis) =>
+      ratio ? (box.max[axis] - box.min[axis]) * ratio[axis] : lengths[axis]!,
+    );
     const relevant = flat ? sides.slice(0, 2) : sides;
     const longest = Math.max(...relevant.filter(Number.isFinite), Number.MIN_VALUE);
-    const factor = (axis: 0 | 1 | 2): number => ((ratio?.[axis] ?? 1) * 2) / longest;
+    const factor = (axis: Axis): number => (sides[axis]! * 2) / longest / lengths[axis]!;
+    const middle = (axis: Axis): number => (low[axis]! + high[axis]!) / 2;
     this.scale = [factor(0), factor(1), factor(2)];
-    this.center = [
-      (box.min[0] + box.max[0]) / 2,
-      (box.min[1] + box.max[1]) / 2,
-      flat ? 0 : (box.min[2] + box.max[2]) / 2,
-    ];
+    this.center = [middle(0), middle(1), flat ? 0 : middle(2)];
     this.half = [sides[0]! / longest, sides[1]! / longest, flat ? 0 : sides[2]! / longest];
   }
 
-  toScene(axis: 0 | 1 | 2, value: number): number {
-    return (value - this.center[axis]) * this.scale[axis];
+  /** NaN or an infinity where the axis has no place for the value. */
+  toScene(axis: Axis, value: number): number {
+    return (this.measure(axis, value) - this.center[axis]) * this.scale[axis];
   }
 
-  toFile(axis: 0 | 1 | 2, value: number): number {
-    return value / this.scale[axis] + this.center[axis];
+  toFile(axis: Axis, value: number): number {
+    const measured = value / this.scale[axis] + this.center[axis];
+    return this.logarithmic[axis] ? 10 ** measured : measured;
   }
 
   point(x: number, y: number, z: number): [number, number, number] {
     return [this.toScene(0, x), this.toScene(1, y), this.toScene(2, z)];
+  }
+
+  /** A difference of coordinates as it is drawn. */
+  direction(x: number, y: number, z: number): [number, number, number] {
+    return [x * this.scale[0], y * this.scale[1], z * this.scale[2]];
+  }
+
+  private measure(axis: Axis, value: number): number {
+    return this.logarithmic[axis] ? Math.log10(value) : value;
   }
 }

@@ -27,10 +27,36 @@ export const FILL_PATTERNS = [
 ] as const;
 export type FillPatternName = (typeof FILL_PATTERNS)[number];
 
+export const TIP_STYLES = ['filled', 'open', 'closed'] as const;
+export type TipStyleName = (typeof TIP_STYLES)[number];
+
+/** The tip of an arrow. */
+export interface Tip {
+  style: TipStyleName;
+  /** In pixels along the arrow; undefined goes by the width of its line. */
+  length: number | undefined;
+  /** Between the arrow and each side of its tip, in radians. */
+  angle: number;
+}
+
+export const PLAIN_TIP: Tip = { style: 'filled', length: undefined, angle: Math.atan(0.35) };
+
+/** The length of a tip in pixels, by the width of its line if it has none of its own. */
+export const tipLength = ({ length }: Tip, width: number): number => length ?? 7 + 3 * width;
+
 /** What a geometry belongs to and how it is drawn. */
 export interface GeometryStyle {
   object: number;
   line: LineStyleName;
   point: PointStyleName;
   fill: FillPatternName;
+  tip: Tip;
 }
+
+export const PLAIN_STYLE: GeometryStyle = {
+  object: 0,
+  line: 'solid',
+  point: 'filledCircles',
+  fill: 'solid',
+  tip: PLAIN_TIP,
+};

@@ -30,12 +30,15 @@ const placeOf = (page: Page, geometry: number, point: number): Promise<[number, 
   page.evaluate(
     ([g, p]) => {
       const panel = window.plotPage!.all[0]!;
-      const { positions } = panel.plot.batches.pickables.find((some) => some.geometry === g)!;
-      const [x, y] = panel.plot.view.toPixels(
-        positions[p! * 3]!,
-        positions[p! * 3 + 1]!,
-        positions[p! * 3 + 2]!,
-      );
+      const { plot } = panel;
+      const hit = {
+        geometry: g!,
+        point: p!,
+        object: 0,
+        at: [0, 0],
+        coordinates: [0, 0, 0],
+      } as const;
+      const [x, y] = plot.view.toPixels(...plot.placeOf(hit));
       const box = document.querySelector('.stage')!.getBoundingClientRect();
       return [box.left + x, box.bottom - y] as [number, number];
     },
@@ -165,15 +168,11 @@ test('a double click brings a point to the middle', async () => {
   const [u, v] = await page.evaluate(() => {
     const { plot } = window.plotPage!.all[0]!;
     const { target } = plot.view.state;
-    const { positions } = plot.batches.pickables[0]!;
+    const { coordinates } = plot.scene.geometries[0]!;
     let nearest = Infinity;
-    for (let i = 0; i < positions.length; i += 3) {
-      const d = Math.hypot(
-        positions[i]! - target.x,
-        positions[i + 1]! - target.y,
-        positions[i + 2]! - target.z,
-      );
-      nearest = Math.min(nearest, d);
+    for (let i = 0; i < coordinates.length; i += 3) {
+      const [x, y, z] = plot.space.point(...plot.coordinates(0, i / 3));
+      nearest = Math.min(nearest, Math.hypot(x - target.x, y - target.y, z - target.z));
     }
     return [nearest, 0];
   });
@@ -242,7 +241,7 @@ test('an animation is stepped, sought and played; keys do the same', async () =>
   const slider = page.getByRole('slider', { name: 'Time' });
   const shown = async (frame: number): Promise<void> => {
     await page.waitForFunction(
-      (name) => window.plotPage!.all[0]!.plot.frameName === name,
+      (name) => window.plotPage!.all[0]!.plot.name === name,
       `m${frame + 1}`,
     );
   };
@@ -256,7 +255,7 @@ test('an animation is stepped, sought and played; keys do the same', async () =>
   await shown(3);
   await page.keyboard.press(' ');
   assert.ok(await page.getByRole('button', { name: 'Pause' }).isVisible());
-  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.frameName !== 'm4');
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name !== 'm4');
   await page.keyboard.press(' ');
   assert.ok(await page.getByRole('button', { name: 'Play' }).isVisible());
   assert.deepEqual(complaints, []);
@@ -331,7 +330,7 @@ test('files that are dropped are shown, with their display', async () => {
     ['surface.jvx', 'lights_automatic.jvd'].map((name) => new TextDecoder().decode(example(name))),
   );
   await page.locator('.stage').waitFor();
-  await page.waitForFunction(() => window.plotPage!.all[0]?.plot.batches.counts.faces);
+  await page.waitForFunction(() => window.plotPage!.all[0]?.plot.scene.counts.faces);
   assert.equal(await page.evaluate(() => window.plotPage!.all[0]!.plot.display?.lights?.length), 7);
   assert.deepEqual(complaints, []);
   await close();

@@ -70,7 +70,7 @@ function misplaced(): string[] {
 for (const { name, model, display } of cases) {
   test(`${name} is drawn in full, without a complaint or a request`, async () => {
     const { page, complaints, requests, close } = await browser.open(simplePage(model, display));
-    const counts = await page.evaluate(() => window.plotPage!.all[0]!.plot.batches.counts);
+    const counts = await page.evaluate(() => window.plotPage!.all[0]!.plot.scene.counts);
     assert.deepEqual(counts, expected(typeof model === 'string' ? Buffer.from(model) : model));
     assert.deepEqual(await page.evaluate(misplaced), []);
     assert.deepEqual(complaints, []);

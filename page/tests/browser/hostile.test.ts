@@ -124,7 +124,7 @@ test('100,000 small geometries are few draw calls', async () => {
   const { page, complaints, close } = await browser.open(simplePage(model(all)));
   const { calls, faces } = await page.evaluate(() => {
     const { plot } = window.plotPage!.all[0]!;
-    return { calls: plot.drawCalls, faces: plot.batches.counts.faces };
+    return { calls: plot.drawCalls, faces: plot.scene.counts.faces };
   });
   assert.equal(faces, 100_000);
   assert.ok(calls <= 200, `${calls} draw calls`);

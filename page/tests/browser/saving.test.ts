@@ -106,6 +106,49 @@ test('an SVG file is a drawing that a browser reads, with as many parts and the 
   assert.ok(found.texts.includes('0'));
 });
 
+/** A text of one geometry with the same points for all. */
+const square = (more: string): string =>
+  '<jvx-model><geometries><geometry><pointSet dim="2" color="show" point="show"><points>' +
+  '<p>0 0</p><p>1 0</p><p>1 1</p><p>0 1</p><thickness>6</thickness></points>' +
+  '<colors><c>255 0 0</c><c>255 0 0</c><c>0 0 255</c><c>0 0 255</c></colors></pointSet>' +
+  `${more}</geometry></geometries></jvx-model>`;
+
+const svgOf = async (more: string, run: object): Promise<string> => {
+  const frames = [{ model: 'm', runs: [{ object: 0, count: 1, ...run }] }];
+  const { page, close } = await browser.open(simplePage(square(more), undefined, { frames }));
+  await page.getByRole('button', { name: 'Save' }).click();
+  const text = (await save(page, 'SVG')).toString('utf8');
+  await close();
+  return text;
+};
+
+const FACE =
+  '<faceSet edge="hide" color="show" colorSmooth="show"><faces><f>0 1 2 3</f></faces></faceSet>';
+const LINES =
+  '<lineSet arrow="show"><lines><l>0 1</l><l>3 2</l><thickness>2</thickness></lines></lineSet>';
+
+test('in an SVG colours run into each other, points have their signs', async () => {
+  const text = await svgOf(FACE, { point: 'squares' });
+  const gradients = text.match(/<linearGradient.*?<\/linearGradient>/g) ?? [];
+  assert.equal(gradients.length, 2);
+  for (const gradient of gradients) {
+    assert.deepEqual(gradient.match(/rgb\([^)]*\)/g)?.sort(), ['rgb(0 0 255)', 'rgb(255 0 0)']);
+  }
+  assert.equal(text.match(/<path d="M-[^"]*z" transform[^>]* fill="none" stroke="rgb/g)?.length, 4);
+});
+
+test('in an SVG lines are dashed and have their tips', async () => {
+  const text = await svgOf(LINES, { line: 'dashed', tip: { style: 'open', length: 20 } });
+  assert.equal(text.match(/stroke-dasharray="10 6"/g)?.length, 2);
+  assert.equal(text.match(/<polyline /g)?.length, 2);
+});
+
+test('in an SVG patterns are turned as on the screen', async () => {
+  const text = await svgOf(FACE.replace('colorSmooth="show"', ''), { fill: 'diagonalLines' });
+  assert.ok(text.includes('patternTransform="rotate(-45)"'));
+  assert.ok(/<polygon [^>]*fill="url\(#d\d+\)"/.test(text));
+});
+
 test('hidden objects are not saved', async () => {
   const { page, close } = await browser.open(functionPage());
   await page.getByRole('button', { name: 'Objects' }).click();

@@ -1,18 +1,22 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { readDocument } from '../../src/javaview/reader';
-import type { SceneBatches } from '../../src/scene/batches';
+import { glossOf, lookCode, patternOf, tipOf, type SceneBatches } from '../../src/scene/batches';
 import { buildScene } from '../../src/scene/build';
-import { Space } from '../../src/scene/space';
-import type { GeometryStyle } from '../../src/scene/styles';
+import { LINEAR, Space, sceneBox } from '../../src/scene/space';
+import { PLAIN_STYLE, type GeometryStyle } from '../../src/scene/styles';
 
-const STYLE: GeometryStyle = { object: 0, line: 'solid', point: 'filledCircles', fill: 'solid' };
-const UNIT = new Space({ min: [-1, -1, -1], max: [1, 1, 1] }, undefined, false);
+const UNIT = new Space({
+  box: { min: [-1, -1, -1], max: [1, 1, 1] },
+  ratio: undefined,
+  flat: false,
+  logarithmic: LINEAR,
+});
 
 function build(inner: string, style: Partial<GeometryStyle> = {}, space = UNIT): SceneBatches {
   const text = `<jvx-model><geometries><geometry>${inner}</geometry></geometries></jvx-model>`;
   const { geometries } = readDocument(new TextEncoder().encode(text));
-  return buildScene(geometries, space, () => ({ ...STYLE, ...style }));
+  return buildScene(geometries, space, () => ({ ...PLAIN_STYLE, ...style }));
 }
 
 const points = (...all: string[]): string =>
@@ -140,7 +144,84 @@ test('a point of no size is not drawn, but its name is', () => {
 });
 
 test('the box ratio stretches the scene, the longest side is 2', () => {
-  const space = new Space({ min: [0, 0, 0], max: [10, 1, 1] }, [1, 10, 5], false);
+  const space = new Space({
+    box: { min: [0, 0, 0], max: [10, 1, 1] },
+    ratio: [1, 10, 5],
+    flat: false,
+    logarithmic: LINEAR,
+  });
   assert.deepEqual(space.point(10, 1, 1), [1, 1, 0.5]);
   assert.equal(space.toFile(2, 0.5), 1);
+});
+
+test('along a logarithm powers of ten are evenly spaced, and nothing is at 0 or below', () => {
+  const space = new Space({
+    box: { min: [0.1, -1, -1], max: [1000, 1, 1] },
+    ratio: undefined,
+    flat: true,
+    logarithmic: [true, false, false],
+  });
+  const close = (a: number, b: number): void => assert.ok(Math.abs(a - b) < 1e-9, `${a}, ${b}`);
+  [0.1, 1, 10, 100, 1000].forEach((value, i) => close(space.toScene(0, value), (i - 2) / 2));
+  close(space.toFile(0, 0.5), 100);
+  assert.ok(!Number.isFinite(space.toScene(0, 0)));
+  assert.ok(Number.isNaN(space.toScene(0, -1)));
+});
+
+test('the box of a logarithm holds the points above 0', () => {
+  const text = `<jvx-model><geometries><geometry>${points('-5 0 0', '0 0 0', '2 1 0', '50 2 0')}</geometry></geometries></jvx-model>`;
+  const { geometries } = readDocument(new TextEncoder().encode(text));
+  const box = sceneBox(undefined, geometries, [true, false, false]);
+  assert.deepEqual([box.min[0], box.max[0], box.min[1], box.max[1]], [2, 50, 0, 2]);
+});
+
+test('tips of arrows have the look that the plot document names, each kind once', () => {
+  const arrows =
+    points('0 0 0', '1 0 0') +
+    '<lineSet arrow="show"><lines><l>0 1</l><l>1 0</l></lines></lineSet>';
+  const tip = { style: 'open', length: 12, angle: 0.5 } as const;
+  const { lines } = build(arrows, { tip }).finish();
+  assert.deepEqual(lines.tips, [tip]);
+  assert.deepEqual(
+    [lines.styles[2], lines.styles[6]].map((code) => tipOf(code!)),
+    [1, 1],
+  );
+  assert.deepEqual(build(points('0 0 0')).finish().lines.tips, []);
+});
+
+test('materials shine as they say', () => {
+  const shining =
+    '<material><ambientIntensity>0.5</ambientIntensity><specular><color>255 0 0</color></specular>' +
+    '<emissive><color>0 51 0</color></emissive><shininess>0.5</shininess></material>';
+  const { faces: batches, glosses } = build(SQUARE + faces('<f>0 1 2</f>') + shining).finish();
+  const number = glossOf(batches[0]!.tags[1]!);
+  assert.deepEqual(glosses[number], {
+    specular: [0.6, 0, 0],
+    exponent: 28,
+    emissive: [0, 0.2, 0],
+    ambient: 0.5,
+  });
+  const plain = build(SQUARE + faces('<f>0 1 2</f>')).finish();
+  assert.equal(glossOf(plain.faces[0]!.tags[1]!), 0);
+});
+
+test('patterns and glosses are told apart in one number', () => {
+  const code = lookCode(6, 31);
+  assert.deepEqual([patternOf(code), glossOf(code)], [6, 31]);
+});
+
+test('a large surface has a coarser level, a small one has none', () => {
+  const n = 300;
+  const all: string[] = [];
+  const list: string[] = [];
+  for (let i = 0; i < n; i++) {
+    for (let j = 0; j < n; j++) {
+      all.push(`${(2 * i) / n - 1} ${(2 * j) / n - 1} 0`);
+      const a = i * n + j;
+      if (i + 1 < n && j + 1 < n) list.push(`<f>${a} ${a + 1} ${a + n + 1} ${a + n}</f>`);
+    }
+  }
+  const [large] = build(points(...all) + faces(list.join(''))).finish().faces;
+  assert.ok(large!.coarse!.length > 0 && large!.coarse!.length < large!.index.length / 4);
+  assert.equal(build(SQUARE + faces('<f>0 1 2 3</f>')).finish().faces[0]!.coarse, undefined);
 });

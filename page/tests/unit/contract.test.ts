@@ -3,6 +3,7 @@ import { test } from 'node:test';
 import { frameAt, playedTime } from '../../src/controls/player';
 import { decodeBase64 } from '../../src/data/base64';
 import { toPageText } from '../../src/data/contract';
+import { PLAIN_STYLE } from '../../src/scene/styles';
 
 test('nothing at all is a page without panels', () => {
   for (const value of [undefined, null, 3, 'x', [], { panels: 7 }]) {
@@ -26,9 +27,37 @@ test('what has the wrong type counts as absent', () => {
   assert.equal(page.animation, undefined);
   const [panel] = page.panels;
   assert.equal(panel?.name, '');
-  assert.deepEqual(panel?.frames[0]?.runs, [
-    { object: 0, count: 1, line: 'solid', point: 'filledCircles', fill: 'solid' },
-  ]);
+  assert.deepEqual(panel?.frames[0]?.runs, [{ ...PLAIN_STYLE, count: 1 }]);
+});
+
+test('tips, ticks and grounds are read, within limits', () => {
+  const { panels } = toPageText({
+    panels: [
+      {
+        background: { style: 'pyramid', colors: ['#000000', '#ffffff', '#123456'] },
+        axes: {
+          origin: [1, 'x'],
+          tickLength: 1e9,
+          x: { logarithmic: true, numbers: 'diagonal', ticks: [{ at: 2 }, { text: 'no place' }] },
+        },
+        frames: [
+          { runs: [{ tip: { style: 'open', length: 9, angle: 7 } }, { tip: { length: -3 } }] },
+        ],
+      },
+      { background: { style: 'pyramid', colors: ['#000000'] } },
+    ],
+  });
+  const [panel, other] = panels;
+  assert.deepEqual(panel?.background, { style: 'pyramid', colors: ['#000000', '#ffffff'] });
+  assert.equal(other?.background, undefined);
+  assert.deepEqual(panel?.axes.origin, [1, 0, 0]);
+  assert.equal(panel?.axes.tickLength, 100);
+  assert.deepEqual(panel?.axes.x.ticks, [{ at: 2, text: '2' }]);
+  assert.equal(panel?.axes.x.numbers, 'diagonal');
+  assert.ok(panel?.axes.x.logarithmic && !panel.axes.y.logarithmic);
+  const [first, second] = panel!.frames[0]!.runs;
+  assert.deepEqual(first?.tip, { style: 'open', length: 9, angle: 1.5 });
+  assert.deepEqual(second?.tip, PLAIN_STYLE.tip);
 });
 
 test('the frame of a time is the last one that is not later', () => {

@@ -1,6 +1,13 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { formatTick, makeTicks, roundStep } from '../../src/rulers/ticks';
+import {
+  formatTick,
+  makeDecades,
+  makeTicks,
+  roundStep,
+  rulerTicks,
+  type TickLook,
+} from '../../src/rulers/ticks';
 
 test('steps are 1, 2 or 5 times a power of ten', () => {
   assert.equal(roundStep(10, 10), 1);
@@ -53,4 +60,48 @@ test('numbers have the digits that the step calls for', () => {
   assert.equal(formatTick(0.001, 0.0005), '0.001');
   assert.equal(formatTick(2e-7, 1e-7), '2e\u22127');
   assert.equal(formatTick(2500000, 500000), '2.5e6');
+});
+
+const PLAIN: TickLook = {
+  logarithmic: false,
+  amount: 'normal',
+  majorUnit: undefined,
+  minorUnit: undefined,
+  anchor: 0,
+  ticks: [],
+};
+
+test('ticks lie whole steps beside the anchor', () => {
+  assert.deepEqual(makeTicks(0, 10, 3, 4, undefined, 1).major, [1, 5, 9]);
+});
+
+test('a logarithm has ticks at powers of ten, and between them if there is room', () => {
+  assert.deepEqual(makeDecades(0.01, 100, 5).major, [0.01, 0.1, 1, 10, 100]);
+  assert.deepEqual(makeDecades(1, 100, 8).major, [1, 2, 5, 10, 20, 50, 100]);
+  assert.deepEqual(makeDecades(1, 100, 8).minor.slice(0, 4), [3, 4, 6, 7]);
+  assert.deepEqual(makeDecades(1, 1e12, 4).major, [1, 1000, 1e6, 1e9, 1e12]);
+  assert.deepEqual(makeDecades(2, 6, 4).major, [2, 3, 4, 5, 6]);
+});
+
+test('a logarithm of a range that is not above 0 has no ticks', () => {
+  assert.deepEqual(makeDecades(0, 10, 4).major, []);
+  assert.deepEqual(makeDecades(-5, 10, 4).major, []);
+});
+
+test('numbers of a logarithm have their own digits', () => {
+  const ticks = rulerTicks({ ...PLAIN, logarithmic: true }, 0.001, 1000, 7);
+  assert.deepEqual(ticks.major.map(ticks.text), ['0.001', '0.01', '0.1', '1', '10', '100', '1000']);
+});
+
+test('ticks of their own stand beside the regular ones or alone', () => {
+  const ticks = [
+    { at: 1, text: 'one' },
+    { at: 2.5, text: 'more' },
+    { at: 99, text: 'outside' },
+  ];
+  const beside = rulerTicks({ ...PLAIN, ticks }, 0, 3, 3);
+  assert.deepEqual(beside.major, [0, 2, 3, 1, 2.5]);
+  assert.equal(beside.text(1), 'one');
+  assert.equal(beside.text(2), '2');
+  assert.deepEqual(rulerTicks({ ...PLAIN, amount: 'none', ticks }, 0, 3, 3).major, [1, 2.5]);
 });

@@ -1,0 +1,309 @@
+/** The parts of a plot as shapes of SVG. */
+import { Vector3 } from 'three';
+import type { Rgb } from '../javaview/model';
+import type { Rectangle } from '../rulers/overlap';
+import { cssColor, cssFont } from '../scene/atlas';
+import {
+  dashOf,
+  patternOf,
+  tipOf,
+  type FaceData,
+  type Label,
+  type LineData,
+  type PointData,
+} from '../scene/batches';
+import type { Plot } from '../scene/plot';
+import { tipLength, type Tip } from '../scene/styles';
+import { clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
+import { escape, short, tag, type Definitions } from './svgText';
+
+export interface Shape {
+  depth: number;
+  svg: string;
+}
+
+/** What the shapes of one part are made with. */
+export interface Scope {
+  plot: Plot;
+  definitions: Definitions;
+  clip: ClipBox;
+  hidden: ReadonlySet<number>;
+}
+
+/** How far what lies on a surface is moved to the front, so that it is drawn after it. */
+const IN_FRONT = 0.004;
+
+/** Colours that differ by less in every channel are one. */
+const SAME_COLOR = 3;
+
+type Pixels = readonly [number, number, number];
+
+/** A place in pixels from the left and the top; undefined behind the viewer. */
+function project({ view }: Plot, at: Vector3): Pixels | undefined {
+  const [x, y, depth] = view.toPixels(at.x, at.y, at.z);
+  return depth >= -1 && depth <= 1 ? [x, view.size.height - y, depth] : undefined;
+}
+
+function projectAll(plot: Plot, corners: readonly Corner[]): Pixels[] | undefined {
+  const places = corners.map(({ at }) => project(plot, at));
+  return places.every((place) => place !== undefined) ? places : undefined;
+}
+
+const rgbAt = (colors: Uint8Array, i: number): Rgb => [
+  colors[i * 4]!,
+  colors[i * 4 + 1]!,
+  colors[i * 4 + 2]!,
+];
+
+const opacity = (alpha: number): number | undefined => (alpha < 255 ? alpha / 255 : undefined);
+
+const distance = (a: Rgb, b: Rgb): number =>
+  Math.max(...a.map((channel, k) => Math.abs(channel - b[k]!)));
+
+const mean = (colors: readonly Rgb[]): Rgb => {
+  const channel = (k: 0 | 1 | 2): number =>
+    colors.reduce((sum, color) => sum + color[k], 0) / colors.length;
+  return [channel(0), channel(1), channel(2)];
+};
+
+/**
+ * One colour, or a gradient between the two that differ most: three colours on a line between them
+ * are drawn as they are, others as near as a gradient comes.
+ */
+function paint(
+  places: readonly Pixels[],
+  colors: readonly Rgb[],
+  definitions: Definitions,
+): string {
+  const [a, b, c] = [0, 1, 2] as const;
+  const pairs = [
+    [a, b, c],
+    [b, c, a],
+    [c, a, b],
+  ] as const;
+  const apart = pairs.map(([i, j]) => distance(colors[i]!, colors[j]!));
+  const most = apart.indexOf(Math.max(...apart));
+  const [i, j, k] = pairs[most]!;
+  if (apart[most]! < SAME_COLOR) return cssColor(mean(colors));
+  const [from, to, other] = [colors[i]!, colors[j]!, colors[k]!];
+  const length = from.reduce((sum, channel, n) => sum + (to[n]! - channel) ** 2, 0);
+  const part =
+    from.reduce((sum, channel, n) => sum + (to[n]! - channel) * (other[n]! - channel), 0) / length;
+  const end = gradientEnd(places[i]!, places[j]!, places[k]!, part);
+  return end ? definitions.gradient(places[i]!, end, from, to) : cssColor(mean(colors));
+}
+
+/** Where the share reaches 1 that is 0 at `p`, 1 at `q` and `part` at `r`, straight across its lines. */
+function gradientEnd(p: Pixels, q: Pixels, r: Pixels, part: number): [number, number] | undefined {
+  const [ux, uy] = [q[0] - p[0], q[1] - p[1]];
+  const [vx, vy] = [r[0] - p[0], r[1] - p[1]];
+  const area = ux * vy - uy * vx;
+  if (Math.abs(area) < 1e-3) return undefined;
+  const gx = (vy - uy * part) / area;
+  const gy = (ux * part - vx) / area;
+  const square = gx * gx + gy * gy;
+  return [p[0] + gx / square, p[1] + gy / square];
+}
+
+/** The corners of a triangle with the colours that light gives them. */
+function litCorners(data: FaceData, start: number, plot: Plot): Corner[] {
+  const { kind, positions, normals, colors, tags, index } = data;
+  const last = index[start + 2]!;
+  const look = tags[last * 2 + 1]!;
+  const vertices = [index[start]!, index[start + 1]!, last];
+  const at = vertices.map((vertex) => new Vector3().fromArray(positions, vertex * 3));
+  return vertices.map((vertex, i) => {
+    const normal = new Vector3().fromArray(normals, (kind.smoothNormals ? vertex : last) * 4);
+    const color = rgbAt(colors, kind.smoothColors ? vertex : last);
+    return { at: at[i]!, color: plot.lightOf(look, at[i]!, normal.normalize(), color) };
+  });
+}
+
+export function surfaceShapes(data: FaceData, { plot, definitions, clip, hidden }: Scope): Shape[] {
+  const shapes: Shape[] = [];
+  const { index, tags, colors, kind } = data;
+  for (let i = 0; i < index.length; i += 3) {
+    const last = index[i + 2]!;
+    if (hidden.has(tags[last * 2]!)) continue;
+    const whole = litCorners(data, i, plot);
+    const places = projectAll(plot, whole);
+    const clipped = clipPolygon(whole, clip);
+    const outline = clipped.length < 3 ? undefined : projectAll(plot, clipped);
+    if (!places || !outline) continue;
+    const varies = kind.smoothColors || kind.smoothNormals;
+    const shades = whole.map(({ color }) => color);
+    const color = varies ? paint(places, shades, definitions) : cssColor(mean(shades));
+    const pattern = patternOf(tags[last * 2 + 1]!);
+    const fill = pattern > 0 ? definitions.pattern(pattern, cssColor(mean(shades))) : color;
+    const alpha = colors[last * 4 + 3]!;
+    // A thin rim of its own colour closes the seams between opaque triangles.
+    const rim = pattern === 0 && alpha === 255 ? { stroke: color, 'stroke-width': 0.4 } : {};
+    const points = outline.map(([x, y]) => `${short(x)},${short(y)}`).join(' ');
+    shapes.push({
+      depth: outline.reduce((sum, place) => sum + place[2], 0) / outline.length,
+      svg: tag('polygon', { points, fill, 'fill-opacity': opacity(alpha), ...rim }),
+    });
+  }
+  return shapes;
+}
+
+/** How long a line is drawn and not drawn, in widths of it, as on the screen. */
+const DASHES = [undefined, [5, 3], [1.2, 1.8]] as const;
+
+function dashes(dash: number, width: number, before: number): Record<string, string | number> {
+  const lengths = DASHES[dash];
+  if (!lengths) return {};
+  const unit = Math.max(width, 1.5);
+  const period = (lengths[0] + lengths[1]) * unit;
+  return {
+    'stroke-linecap': 'butt',
+    'stroke-dasharray': lengths.map((length) => short(length * unit)).join(' '),
+    'stroke-dashoffset': before % period,
+  };
+}
+
+export function lineShapes(data: LineData, scope: Scope): Shape[] {
+  const { plot, definitions, clip, hidden } = scope;
+  const shapes: Shape[] = [];
+  for (let i = 0; i < data.count; i++) {
+    const [drawnWidth, object, code, before] = data.styles.subarray(i * 4, i * 4 + 4);
+    if (hidden.has(object!)) continue;
+    const start = { at: vectorAt(data.starts, i), color: rgbAt(data.startColors, i) };
+    const end = { at: vectorAt(data.ends, i), color: rgbAt(data.endColors, i) };
+    const clipped = clipSegment(start, end, clip);
+    const places = clipped && projectAll(plot, clipped);
+    if (!places) continue;
+    const [a, b] = places as [Pixels, Pixels];
+    const width = Math.max(drawnWidth!, 1);
+    const depth = (a[2] + b[2]) / 2 - IN_FRONT;
+    const isPlain = distance(start.color, end.color) < SAME_COLOR;
+    const stroke = isPlain
+      ? cssColor(start.color)
+      : definitions.gradient(a, b, clipped![0].color, clipped![1].color);
+    const alpha = opacity(data.startColors[i * 4 + 3]!);
+    const tip = clipped![1].at === end.at ? data.tips[tipOf(code!) - 1] : undefined;
+    const [x2, y2] = tip ? lineEnd(a, b, tip, width) : b;
+    shapes.push({
+      depth,
+      svg: tag('line', {
+        x1: a[0],
+        y1: a[1],
+        x2,
+        y2,
+        stroke,
+        'stroke-width': width,
+        'stroke-opacity': alpha,
+        ...dashes(dashOf(code!), width, before! / plot.view.unitsPerPixel),
+      }),
+    });
+    if (tip) {
+      const svg = tipElement(a, b, tip, width, cssColor(end.color), alpha);
+      shapes.push({ depth: depth - IN_FRONT, svg });
+    }
+  }
+  return shapes;
+}
+
+const vectorAt = (list: Float32Array, i: number): Vector3 => new Vector3().fromArray(list, i * 3);
+
+/** A place so many pixels back from the end of a line, and as many to its side. */
+function backFrom(a: Pixels, b: Pixels, back: number, side: number): [number, number] {
+  const length = Math.hypot(b[0] - a[0], b[1] - a[1]) || 1;
+  const [dx, dy] = [(b[0] - a[0]) / length, (b[1] - a[1]) / length];
+  return [b[0] - dx * back - dy * side, b[1] - dy * back + dx * side];
+}
+
+const tipSize = (a: Pixels, b: Pixels, tip: Tip, width: number): number =>
+  Math.min(tipLength(tip, width), Math.max(Math.hypot(b[0] - a[0], b[1] - a[1]), 2));
+
+/** A line ends below a filled tip, at a closed one, and runs through an open one. */
+function lineEnd(a: Pixels, b: Pixels, tip: Tip, width: number): [number, number] {
+  const part = { filled: 0.7, open: 0, closed: 1 }[tip.style];
+  return backFrom(a, b, tipSize(a, b, tip, width) * part, 0);
+}
+
+function tipElement(
+  a: Pixels,
+  b: Pixels,
+  tip: Tip,
+  width: number,
+  color: string,
+  alpha: number | undefined,
+): string {
+  const size = tipSize(a, b, tip, width);
+  const side = size * Math.tan(tip.angle);
+  const corners = [backFrom(a, b, size, side), [b[0], b[1]], backFrom(a, b, size, -side)];
+  const points = corners.map(([x, y]) => `${short(x!)},${short(y!)}`).join(' ');
+  if (tip.style === 'filled') return tag('polygon', { points, fill: color, 'fill-opacity': alpha });
+  const pen = { fill: 'none', stroke: color, 'stroke-width': width, 'stroke-opacity': alpha };
+  return tag(tip.style === 'open' ? 'polyline' : 'polygon', { points, ...pen });
+}
+
+/** The paths of the signs of points round the origin, by the place in the list of names. */
+function sign(style: number, radius: number): { d: string; pen: number } {
+  const pen = Math.max(1.4, radius * 0.36);
+  const hollow = style < 6 && style % 2 === 1;
+  const r = hollow ? Math.max(radius - pen / 2, 0.1) : radius;
+  const drawn = hollow || style >= 6 ? pen : 0;
+  const s = short(r * 0.886);
+  const e = short(r * 1.25);
+  const c = short(r);
+  const t = short(r * Math.SQRT1_2);
+  const upright = `M-${c} 0H${c}M0-${c}V${c}`;
+  const slanted = `M-${t}-${t}L${t} ${t}M-${t} ${t}L${t}-${t}`;
+  const circle = `M-${c} 0a${c} ${c} 0 1 1 ${short(2 * r)} 0a${c} ${c} 0 1 1-${short(2 * r)} 0z`;
+  const square = `M-${s}-${s}H${s}V${s}H-${s}z`;
+  const diamond = `M0-${e}L${e} 0L0 ${e}L-${e} 0z`;
+  const paths = [circle, circle, square, square, diamond, diamond, upright, slanted];
+  return { d: paths[style] ?? upright + slanted, pen: drawn };
+}
+
+export function pointShapes(data: PointData, { plot, clip, hidden }: Scope): Shape[] {
+  const shapes: Shape[] = [];
+  for (let i = 0; i < data.count; i++) {
+    const [radius, object, style] = data.tags.subarray(i * 3, i * 3 + 3);
+    if (hidden.has(object!)) continue;
+    const at = vectorAt(data.positions, i);
+    const place = project(plot, at);
+    if (!place || !isWithin(at, clip)) continue;
+    const { d, pen } = sign(style!, Math.max(radius!, 0.5));
+    const color = cssColor(rgbAt(data.colors, i));
+    const alpha = opacity(data.colors[i * 4 + 3]!);
+    const drawn =
+      pen === 0
+        ? { fill: color, 'fill-opacity': alpha }
+        : {
+            fill: 'none',
+            stroke: color,
+            'stroke-width': pen,
+            'stroke-opacity': alpha,
+            'stroke-linecap': 'butt',
+            'stroke-linejoin': 'miter',
+          };
+    const transform = `translate(${short(place[0])} ${short(place[1])})`;
+    shapes.push({ depth: place[2] - 2 * IN_FRONT, svg: tag('path', { d, transform, ...drawn }) });
+  }
+  return shapes;
+}
+
+const isWithin = ({ x, y, z }: Vector3, { min, max }: ClipBox): boolean =>
+  x >= min.x && x <= max.x && y >= min.y && y <= max.y && z >= min.z && z <= max.z;
+
+/** A label in the middle of its rectangle. */
+export function labelShape(label: Label, rectangle: Rectangle, { plot }: Scope): Shape {
+  const { style, turns = 0 } = label;
+  const x = rectangle.left + rectangle.width / 2;
+  const y = plot.view.size.height - rectangle.bottom - rectangle.height / 2;
+  const turn = turns === 0 ? '' : ` rotate(${short(-90 * turns)})`;
+  const font = escape(cssFont(style, 1)).replaceAll('&#34;', "'");
+  const below = style.size * 0.325;
+  const values = {
+    transform: `translate(${short(x)} ${short(y)})${turn}`,
+    y: below,
+    'text-anchor': 'middle',
+    style: `font:${font}`,
+    fill: cssColor(style.color),
+  };
+  const depth = plot.view.toPixels(...label.at)[2] - 3 * IN_FRONT;
+  return { depth, svg: tag('text', values).replace('/>', `>${escape(label.text)}</text>`) };
+}
