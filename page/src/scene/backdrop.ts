@@ -1,5 +1,13 @@
 /** A ground of two colours behind everything. */
-import { BufferAttribute, BufferGeometry, GLSL3, Mesh, RawShaderMaterial, Vector3 } from 'three';
+import {
+  BufferAttribute,
+  BufferGeometry,
+  GLSL3,
+  Mesh,
+  RawShaderMaterial,
+  Sphere,
+  Vector3,
+} from 'three';
 import { BACKDROP_STYLES, type BackdropText } from '../data/contract';
 import { hexToRgb } from './colors';
 import { backdropFragment, backdropVertex } from './shaders';
@@ -33,6 +41,7 @@ export class Backdrop {
       depthWrite: false,
     });
     this.mesh = new Mesh(geometry, material);
+    geometry.boundingSphere = new Sphere();
     this.mesh.frustumCulled = false;
     this.mesh.renderOrder = ORDER;
   }

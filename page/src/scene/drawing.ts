@@ -8,8 +8,9 @@ import {
   LineSegments,
   Mesh,
   Points,
+  Sphere,
+  Vector3,
   type IUniform,
-  type Object3D,
   type RawShaderMaterial,
   type Texture,
 } from 'three';
@@ -30,7 +31,13 @@ const ORDER = { faces: 0, lines: 1, tips: 2, points: 3, transparent: 4, labels: 
 const LIFT: Lift = { lines: 0.0006, points: 0.0012, labels: 0.004 };
 const NO_LIFT: Lift = { lines: 0, points: 0, labels: 0 };
 
-function add(group: Group, object: Object3D, order: number): void {
+type Drawn = Mesh | LineSegments | Points;
+
+/** Everything is always drawn, in an order of its own; nobody has to measure it for that. */
+const EVERYWHERE = new Sphere(new Vector3(), Infinity);
+
+function add(group: Group, object: Drawn, order: number): void {
+  object.geometry.boundingSphere = EVERYWHERE;
   object.frustumCulled = false;
   object.matrixAutoUpdate = false;
   object.renderOrder = order;
@@ -113,8 +120,8 @@ export class Drawing {
   private readonly coarse: CoarseFaces[] = [];
   private readonly sorted: SortedFaces[] = [];
   private readonly owned: { dispose(): void }[] = [];
-  private wide: Object3D | undefined;
-  private thin: Object3D | undefined;
+  private wide: Mesh | undefined;
+  private thin: LineSegments | undefined;
   private lineCount = 0;
   private labels: Mesh | undefined;
   private readonly lift: Lift;

@@ -128,6 +128,16 @@ const SEE_THROUGH: ShaderMaterialParameters = {
   blendDstAlpha: OneMinusSrcAlphaFactor,
 };
 
+/** Alpha says how much of a pixel is covered; of that, colours and depths are set. */
+const COVERING: ShaderMaterialParameters = {
+  alphaToCoverage: true,
+  blending: CustomBlending,
+  blendSrc: OneFactor,
+  blendDst: ZeroFactor,
+  blendSrcAlpha: OneFactor,
+  blendDstAlpha: OneFactor,
+};
+
 export function faceMaterial(uniforms: SceneUniforms, kind: FaceKind): RawShaderMaterial {
   const colors = kind.smoothColors ? '' : 'flat';
   const normals = kind.smoothNormals ? '' : 'flat';
@@ -162,7 +172,7 @@ export function lineMaterial(
     shaders.linesVertex,
     shaders.linesFragment,
     { lift: { value: lift.lines }, thin: { value: thin } },
-    { ...SEE_THROUGH, transparent: false, depthWrite: true },
+    COVERING,
   );
 }
 
@@ -172,7 +182,7 @@ export function tipMaterial(uniforms: SceneUniforms, lift: Lift): RawShaderMater
     shaders.tipsVertex,
     shaders.tipsFragment,
     { lift: { value: lift.lines } },
-    { ...SEE_THROUGH, transparent: false, depthWrite: true },
+    COVERING,
   );
 }
 
@@ -182,14 +192,7 @@ export function pointMaterial(uniforms: SceneUniforms, lift: Lift): RawShaderMat
     shaders.pointsVertex,
     shaders.pointsFragment,
     { lift: { value: lift.points } },
-    {
-      alphaToCoverage: true,
-      blending: CustomBlending,
-      blendSrc: OneFactor,
-      blendDst: ZeroFactor,
-      blendSrcAlpha: OneFactor,
-      blendDstAlpha: OneFactor,
-    },
+    COVERING,
   );
 }
 

@@ -187,13 +187,15 @@ void main() {
   bool atEnd = position.x > 0.5;
   vec4 clipped = atEnd ? q : p;
   vec2 pixels = atEnd ? pixelsB : pixelsA;
+  // Room for edges that fade out.
+  float reach = halfWidth + 1.0;
   if (!thin) {
-    pixels += (atEnd ? direction : -direction) * halfWidth;
-    pixels += vec2(-direction.y, direction.x) * position.y * halfWidth;
+    pixels += (atEnd ? direction : -direction) * reach;
+    pixels += vec2(-direction.y, direction.x) * position.y * reach;
   }
   vColor = atEnd ? endColor : startColor;
   vAt = mix(start, end, atEnd ? to : from);
-  vPlace = vec2(atEnd ? length + halfWidth : -halfWidth, position.y * halfWidth);
+  vPlace = vec2(atEnd ? length + reach : -reach, position.y * reach);
   vLength = length;
   vHalf = halfWidth;
   vec2 ndc = pixels / viewport * 2.0 - 1.0;
@@ -211,20 +213,26 @@ flat in float vHalf;
 flat in float vStart;
 flat in float vDash;
 out vec4 fragColor;
+/** How far a place along a dashed line lies within a dash. */
+float inDash(float at, float on, float period) {
+  float place = mod(at, period);
+  return min(place, on - place);
+}
+
 void main() {
   clip(vAt);
+  float inside = 1.0;
   if (!thin) {
     float beyond = vPlace.x < 0.0 ? vPlace.x : max(vPlace.x - vLength, 0.0);
-    if (vHalf > 0.8 && length(vec2(beyond, vPlace.y)) > vHalf) discard;
+    inside = vHalf - length(vec2(beyond, vPlace.y));
     float unit = max(vHalf * 2.0, 1.5);
     float at = vStart + clamp(vPlace.x, 0.0, vLength);
-    if (vDash > 1.5) {
-      if (mod(at, unit * 3.0) > unit * 1.2) discard;
-    } else if (vDash > 0.5) {
-      if (mod(at, unit * 8.0) > unit * 5.0) discard;
-    }
+    if (vDash > 1.5) inside = min(inside, inDash(at, unit * 1.2, unit * 3.0));
+    else if (vDash > 0.5) inside = min(inside, inDash(at, unit * 5.0, unit * 8.0));
   }
-  fragColor = vColor;
+  float cover = clamp(inside + 0.5, 0.0, 1.0);
+  if (cover < 0.05) discard;
+  fragColor = vec4(vColor.rgb, vColor.a * cover);
 }
 `;
 
