@@ -3,6 +3,7 @@ import type { Rgb, VectorField } from '../javaview/model';
 import { withAlpha } from './batches';
 import { colorAt, type Draft } from './build';
 import { meanColor } from './faces';
+import { vectorEnd } from './space';
 import { LINE_STYLES } from './styles';
 
 const DEFAULT_LINE_COLOR: Rgb = [0, 0, 0];
@@ -66,13 +67,7 @@ export function addField(draft: Draft, field: VectorField): void {
   for (let i = 0; i * 3 < Math.min(vectors.length, at.length); i++) {
     batches.counts.vectors++;
     const k = i * 3;
-    const own = Math.hypot(vectors[k]!, vectors[k + 1]!, vectors[k + 2]!);
-    const factor = field.length === undefined ? 1 : field.length / own;
-    const end = space.point(
-      coordinates[k]! + vectors[k]! * factor,
-      coordinates[k + 1]! + vectors[k + 1]! * factor,
-      coordinates[k + 2]! + vectors[k + 2]! * factor,
-    );
+    const end = space.point(...vectorEnd(field, coordinates, i));
     if (space.flat) end[2] = at[k + 2]!;
     if (!end.every(Number.isFinite) || Number.isNaN(at[k])) continue;
     const color = withAlpha(field.showColors ? colorAt(field.colors, i, base) : base, alpha);

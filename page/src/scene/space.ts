@@ -1,5 +1,5 @@
 /** The box of a scene and the way from the file's coordinates to those that are drawn. */
-import type { Display, Geometry, Range, Vector } from '../javaview/model';
+import type { Display, Geometry, Range, Vector, VectorField } from '../javaview/model';
 
 export interface Box {
   min: Vector;
@@ -14,17 +14,34 @@ export type Flags = readonly [boolean, boolean, boolean];
 
 export const LINEAR: Flags = [false, false, false];
 
+/** Where a vector that starts at point `i` ends: it is as long as the field says, if it does. */
+export function vectorEnd(
+  { vectors, length }: VectorField,
+  coordinates: Float64Array,
+  i: number,
+): [number, number, number] {
+  const k = i * 3;
+  const own = Math.hypot(vectors[k]!, vectors[k + 1]!, vectors[k + 2]!);
+  const factor = length === undefined ? 1 : length / own;
+  const end = (axis: Axis): number => coordinates[k + axis]! + vectors[k + axis]! * factor;
+  return [end(0), end(1), end(2)];
+}
+
 /** The smallest range of the finite coordinates along an axis, for a logarithm those above 0. */
 function rangeOfPoints(geometries: readonly Geometry[], axis: Axis, logarithmic: boolean): Range {
   let min = Infinity;
   let max = -Infinity;
-  for (const { points } of geometries) {
+  const take = (value: number): void => {
+    if (!Number.isFinite(value) || (logarithmic && value <= 0)) return;
+    if (value < min) min = value;
+    if (value > max) max = value;
+  };
+  for (const { points, fields } of geometries) {
     const { coordinates } = points;
-    for (let i: number = axis; i < coordinates.length; i += 3) {
-      const value = coordinates[i]!;
-      if (!Number.isFinite(value) || (logarithmic && value <= 0)) continue;
-      if (value < min) min = value;
-      if (value > max) max = value;
+    for (let i: number = axis; i < coordinates.length; i += 3) take(coordinates[i]!);
+    for (const field of fields.filter(({ visible }) => visible)) {
+      const count = Math.min(field.vectors.length, coordinates.length) / 3;
+      for (let i = 0; i < count; i++) take(vectorEnd(field, coordinates, i)[axis]);
     }
   }
   if (min <= max) return [min, max];
