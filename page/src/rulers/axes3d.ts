@@ -162,7 +162,7 @@ export class Rulers3d {
       const { width, height } = layout.rectangle(label);
       const extent = Math.abs(outward[0]) * width + Math.abs(outward[1]) * height;
       const rows = ruler.numberPlaces === 'shifted' ? 2 : 1;
-      reach = Math.max(reach, look.tickLength + LABEL_GAP * 2 + rows * extent);
+      reach = Math.max(reach, look.tickLength + LABEL_GAP * 3 + rows * extent);
     }
     this.drawTitle(edge, ruler, outward, reach);
     for (const label of numbers) layout.addLabel(label);

@@ -18,6 +18,12 @@ const PLACES = [
   [0, -1],
   [1, 0],
   [-1, 0],
+  [0, 2],
+  [0, -2],
+  [1, 1],
+  [-1, 1],
+  [1, -1],
+  [-1, -1],
 ] as const;
 
 export interface PlacedLabels {
