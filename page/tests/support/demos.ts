@@ -9,7 +9,7 @@ const frame = (model: string, display: string | undefined, runs: unknown[] = [])
 });
 
 /** Two functions with a legend, dashed asymptotes, a hatched area and axes through the origin. */
-export function functionPage(): string {
+export function functionPage(display = example('axes_origin_2d_grid.jvd')): string {
   return compose({
     page: {
       title: 'Two functions',
@@ -44,12 +44,12 @@ export function functionPage(): string {
         },
       ],
     },
-    blocks: { m: example('function_plot2d.jvx'), d: example('axes_origin_2d_grid.jvd') },
+    blocks: { m: example('function_plot2d.jvx'), d: display },
   });
 }
 
 /** Two scenes side by side. */
-export function twoScenesPage(): string {
+export function twoScenesPage(display = example('axes_boxed_3d.jvd')): string {
   return compose({
     page: {
       title: 'Two scenes',
@@ -76,19 +76,19 @@ export function twoScenesPage(): string {
     },
     blocks: {
       a: example('surface.jvx'),
-      d: example('axes_boxed_3d.jvd'),
+      d: display,
       b: example('curves2d.jvx'),
     },
   });
 }
 
 /** A surface that changes with time. */
-export function animatedPage(autoPlay = false): string {
+export function animatedPage(autoPlay = false, initial = 0): string {
   const numbers = [1, 2, 3, 4, 5];
   return compose({
     page: {
       title: 'An animation',
-      animation: { times: [0, 1, 2, 3, 4], style: 'backAndForth', autoPlay, initial: 0 },
+      animation: { times: [0, 1, 2, 3, 4], style: 'backAndForth', autoPlay, initial },
       panels: [
         {
           name: 'moving',
