@@ -1,7 +1,16 @@
 import js from '@eslint/js';
 import tseslint from 'typescript-eslint';
 
-const node = { console: 'readonly', process: 'readonly', URL: 'readonly', Buffer: 'readonly' };
+const readonly = (...names) => Object.fromEntries(names.map((name) => [name, 'readonly']));
+const node = readonly('console', 'process', 'URL', 'Buffer');
+/** What functions use that are handed over to a browser. */
+const browser = readonly(
+  'window',
+  'performance',
+  'requestAnimationFrame',
+  'WebGLRenderingContext',
+  'WebGL2RenderingContext',
+);
 
 export default tseslint.config(
   { ignores: ['dist/', 'build/', 'node_modules/'] },
@@ -15,4 +24,5 @@ export default tseslint.config(
     },
   },
   { files: ['tools/*.mjs'], languageOptions: { globals: node } },
+  { files: ['tools/bench.mjs'], languageOptions: { globals: browser } },
 );

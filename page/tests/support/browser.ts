@@ -6,7 +6,9 @@ import { chromium, type Browser, type BrowserContextOptions, type Page } from 'p
 
 const PROGRAMS = ['/usr/bin/chromium', '/usr/bin/chromium-browser', '/usr/bin/google-chrome'];
 
-export const executable = process.env.CHROMIUM ?? PROGRAMS.find((path) => existsSync(path)) ?? '';
+/** The program that a variable names, or the first of the usual ones that is there. */
+export const installed = (variable: string, programs: readonly string[]): string =>
+  process.env[variable] ?? programs.find((path) => existsSync(path)) ?? '';
 
 export interface Opened {
   page: Page;
@@ -25,7 +27,7 @@ export class TestBrowser {
 
   static async launch(args: string[] = ['--enable-unsafe-swiftshader']): Promise<TestBrowser> {
     const browser = await chromium.launch({
-      executablePath: executable,
+      executablePath: installed('CHROMIUM', PROGRAMS),
       args: [
         '--no-sandbox',
         '--disable-background-networking',

@@ -1,0 +1,61 @@
+import assert from 'node:assert/strict';
+import { after, before, test } from 'node:test';
+import { CASES, expected } from '../support/cases';
+import { simplePage } from '../support/compose';
+import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
+import { example } from '../support/examples';
+import { TestFirefox } from '../support/firefox';
+import { PICTURES } from '../support/pictures';
+
+let firefox: TestFirefox;
+before(async () => {
+  firefox = await TestFirefox.launch();
+});
+after(() => firefox.close());
+
+for (const { name, model, display } of CASES) {
+  test(`${name} is drawn in full, without a complaint`, async () => {
+    const { page, complaints, close } = await firefox.open(simplePage(model, display));
+    const counts = await page.evaluate(() => window.plotPage!.all[0]!.plot.scene.counts);
+    assert.deepEqual(counts, expected(model));
+    assert.deepEqual(complaints, []);
+    await close();
+  });
+}
+
+/** How many pixels of the drawing are red. */
+function redPixels(): number {
+  const canvas = window.plotPage!.all[0]!.picture(1, false);
+  const { data } = canvas.getContext('2d')!.getImageData(0, 0, canvas.width, canvas.height);
+  let count = 0;
+  for (let i = 0; i < data.length; i += 4) {
+    if (data[i]! > 150 && data[i + 1]! < 80 && data[i + 2]! < 80) count++;
+  }
+  return count;
+}
+
+test('a surface is seen', async () => {
+  const { page, close } = await firefox.open(PICTURES.lights_automatic!());
+  assert.ok((await page.evaluate(redPixels)) > 5_000);
+  await close();
+});
+
+test('legends, several scenes and animations are shown without a complaint', async () => {
+  for (const html of [functionPage(), twoScenesPage(), animatedPage()]) {
+    const { page, complaints, close } = await firefox.open(html);
+    assert.ok(await page.$('.stage canvas'));
+    assert.deepEqual(complaints, []);
+    await close();
+  }
+});
+
+test('the view turns by keys', async () => {
+  const { page, close } = await firefox.open(simplePage(example('surface.jvx')));
+  const toEye = (): Promise<number[]> =>
+    page.evaluate(() => [...window.plotPage!.all[0]!.plot.view.state.toEye]);
+  const before = await toEye();
+  await page.focus('.stage');
+  await page.keyboard.press('ArrowRight');
+  assert.notDeepEqual(await toEye(), before);
+  await close();
+});
