@@ -1,26 +1,39 @@
 /** Typed arrays that grow as values come in, since the counts that a file declares are only hints. */
 
-type Numbers = Float64Array | Float32Array | Int32Array | Uint32Array | Uint8Array;
+type Numbers = Float64Array | Float32Array | Int32Array | Uint32Array | Int8Array | Uint8Array;
+
+const FIRST_CAPACITY = 64;
+const LARGE_BYTES = 1 << 14;
 
 class Growing<T extends Numbers> {
-  private array: T;
+  /** The values so far, and room for more behind them; valid until it grows. */
+  values: T;
   length = 0;
+  private capacity = FIRST_CAPACITY;
 
   constructor(private readonly make: (capacity: number) => T) {
-    this.array = make(64);
+    this.values = make(FIRST_CAPACITY);
   }
 
   push(value: number): void {
-    if (this.length === this.array.length) this.reserve(this.length * 2);
-    this.array[this.length++] = value;
+    if (this.length === this.capacity) this.reserve(this.length + 1);
+    this.values[this.length++] = value;
+  }
+
+  /** Room for more values; says where the first of them goes. */
+  extend(count: number): number {
+    const first = this.length;
+    if (first + count > this.capacity) this.reserve(first + count);
+    this.length = first + count;
+    return first;
   }
 
   at(index: number): number {
-    return this.array[index] ?? NaN;
+    return index < this.length ? this.values[index]! : NaN;
   }
 
   set(index: number, value: number): void {
-    this.array[index] = value;
+    this.values[index] = value;
   }
 
   /** Forgets all values, and keeps the room for new ones. */
@@ -28,17 +41,28 @@ class Growing<T extends Numbers> {
     this.length = 0;
   }
 
-  /** The values so far, in an array of exactly their number that `make` gives. */
+  /**
+   * Hands over the values so far and forgets them. Few are copied into an array that `make` gives;
+   * many are handed over where they are.
+   */
   take(make: (length: number) => T = this.make): T {
-    const taken = make(this.length);
-    taken.set(this.array.subarray(0, this.length));
-    return taken;
+    const { values, length } = this;
+    this.length = 0;
+    if (length * values.BYTES_PER_ELEMENT <= LARGE_BYTES) {
+      const taken = make(length);
+      taken.set(values.subarray(0, length));
+      return taken;
+    }
+    this.values = this.make(FIRST_CAPACITY);
+    this.capacity = FIRST_CAPACITY;
+    return values.subarray(0, length) as T;
   }
 
-  private reserve(capacity: number): void {
-    const grown = this.make(capacity);
-    grown.set(this.array);
-    this.array = grown;
+  private reserve(least: number): void {
+    this.capacity = Math.max(this.capacity * 2, least);
+    const grown = this.make(this.capacity);
+    grown.set(this.values);
+    this.values = grown;
   }
 }
 
@@ -51,6 +75,12 @@ export class GrowingFloat64 extends Growing<Float64Array> {
 export class GrowingInt32 extends Growing<Int32Array> {
   constructor() {
     super((n) => new Int32Array(n));
+  }
+}
+
+export class GrowingInt8 extends Growing<Int8Array> {
+  constructor() {
+    super((n) => new Int8Array(n));
   }
 }
 
@@ -73,7 +103,6 @@ export class GrowingUint32 extends Growing<Uint32Array> {
 }
 
 const POOL_BYTES = 1 << 20;
-const LARGE_BYTES = 1 << 14;
 
 /**
  * Gives out typed arrays, small ones side by side in common buffers: a hundred thousand buffers of

@@ -2,7 +2,7 @@
  * What is drawn, in merged arrays: any number of geometries end up in a few batches, each of which
  * is one draw call.
  */
-import { GrowingFloat32, GrowingUint32, GrowingUint8 } from '../javaview/growing';
+import { GrowingFloat32, GrowingInt8, GrowingUint32, GrowingUint8 } from '../javaview/growing';
 import type { Rgb } from '../javaview/model';
 import { coarseIndex, FINE_ENOUGH } from './coarse';
 import type { Tip } from './styles';
@@ -11,11 +11,25 @@ export type Rgba = readonly [number, number, number, number];
 
 export const withAlpha = (color: Rgb, alpha: number): Rgba => [...color, Math.round(alpha * 255)];
 
+// Loops over all points of a scene write to arrays of one type each, which engines compile best.
+
+function pushPlace(to: GrowingFloat32, at: ArrayLike<number>, from = 0): void {
+  const first = to.extend(3);
+  const { values } = to;
+  values[first] = at[from]!;
+  values[first + 1] = at[from + 1]!;
+  values[first + 2] = at[from + 2]!;
+}
+
 function pushColor(to: GrowingUint8, color: Rgba): void {
-  to.push(color[0]);
-  to.push(color[1]);
-  to.push(color[2]);
-  to.push(color[3]);
+  setColor(to, to.extend(4), color);
+}
+
+function setColor({ values }: GrowingUint8, first: number, color: Rgba): void {
+  values[first] = color[0];
+  values[first + 1] = color[1];
+  values[first + 2] = color[2];
+  values[first + 3] = color[3];
 }
 
 /** Which way a batch of faces is coloured and lit; faces that differ go to different batches. */
@@ -45,6 +59,9 @@ export const PLAIN_GLOSS: Gloss = {
 /** So many kinds of gloss are told apart in one scene; others look like the last of them. */
 export const MOST_GLOSSES = 32;
 
+/** Object, and code of pattern and gloss. */
+export type Tag = readonly [number, number];
+
 /** How the second number of a tag holds a pattern and the number of a gloss. */
 export const lookCode = (pattern: number, gloss: number): number => pattern + 8 * gloss;
 export const patternOf = (code: number): number => code % 8;
@@ -66,8 +83,7 @@ export interface FaceData {
 
 export class FaceBatch {
   readonly positions = new GrowingFloat32();
-  /** Four signed bytes a vertex, the last unused. */
-  readonly normals = new GrowingUint8();
+  readonly normals = new GrowingInt8();
   readonly colors = new GrowingUint8();
   readonly tags = new GrowingFloat32();
   readonly index = new GrowingUint32();
@@ -78,45 +94,62 @@ export class FaceBatch {
     return this.positions.length / 3;
   }
 
+  /** Adds a vertex at the place that begins at `from` in a list. */
   addVertex(
-    x: number,
-    y: number,
-    z: number,
-    normal: readonly number[],
+    at: ArrayLike<number>,
+    from: number,
+    normal: ArrayLike<number>,
     color: Rgba,
-    object: number,
-    look: number,
+    tag: Tag,
   ): number {
     const vertex = this.vertexCount;
-    this.positions.push(x);
-    this.positions.push(y);
-    this.positions.push(z);
-    for (let i = 0; i < 4; i++) this.normals.push(0);
+    pushPlace(this.positions, at, from);
+    this.normals.extend(4);
     this.setNormal(vertex, normal);
     pushColor(this.colors, color);
-    this.tags.push(object);
-    this.tags.push(look);
+    this.pushTag(tag[0], tag[1]);
     return vertex;
   }
 
-  setNormal(vertex: number, normal: readonly number[]): void {
-    const length = Math.hypot(normal[0]!, normal[1]!, normal[2]!) || 1;
-    for (let i = 0; i < 3; i++) {
-      this.normals.set(vertex * 4 + i, Math.round((normal[i]! / length) * 127) & 255);
-    }
+  setNormal(vertex: number, normal: ArrayLike<number>): void {
+    const { values } = this.normals;
+    const [x, y, z] = [normal[0]!, normal[1]!, normal[2]!];
+    const scale = 127 / (Math.sqrt(x * x + y * y + z * z) || 1);
+    values[vertex * 4] = Math.round(x * scale);
+    values[vertex * 4 + 1] = Math.round(y * scale);
+    values[vertex * 4 + 2] = Math.round(z * scale);
   }
 
   setColor(vertex: number, color: Rgba): void {
-    for (let i = 0; i < 4; i++) this.colors.set(vertex * 4 + i, color[i]!);
+    setColor(this.colors, vertex * 4, color);
   }
 
   copyVertex(vertex: number): number {
     const copy = this.vertexCount;
-    for (let i = 0; i < 3; i++) this.positions.push(this.positions.at(vertex * 3 + i));
-    for (let i = 0; i < 4; i++) this.normals.push(this.normals.at(vertex * 4 + i));
-    for (let i = 0; i < 4; i++) this.colors.push(this.colors.at(vertex * 4 + i));
-    for (let i = 0; i < 2; i++) this.tags.push(this.tags.at(vertex * 2 + i));
+    const { positions, normals, colors, tags } = this;
+    positions.extend(3);
+    positions.values.copyWithin(copy * 3, vertex * 3, vertex * 3 + 3);
+    normals.extend(4);
+    normals.values.copyWithin(copy * 4, vertex * 4, vertex * 4 + 4);
+    colors.extend(4);
+    colors.values.copyWithin(copy * 4, vertex * 4, vertex * 4 + 4);
+    this.pushTag(tags.at(vertex * 2), tags.at(vertex * 2 + 1));
     return copy;
+  }
+
+  addTriangle(a: number, b: number, c: number): void {
+    const first = this.index.extend(3);
+    const { values } = this.index;
+    values[first] = a;
+    values[first + 1] = b;
+    values[first + 2] = c;
+  }
+
+  private pushTag(object: number, look: number): void {
+    const first = this.tags.extend(2);
+    const { values } = this.tags;
+    values[first] = object;
+    values[first + 1] = look;
   }
 
   finish(): FaceData {
@@ -126,7 +159,7 @@ export class FaceBatch {
     return {
       kind: this.kind,
       positions,
-      normals: new Int8Array(this.normals.take().buffer),
+      normals: this.normals.take(),
       colors: this.colors.take(),
       tags: this.tags.take(),
       index,
@@ -184,14 +217,16 @@ export class LineBatch {
     style: LineStyle,
     distance: number,
   ): void {
-    for (let i = 0; i < 3; i++) this.starts.push(a[i]!);
-    for (let i = 0; i < 3; i++) this.ends.push(b[i]!);
+    pushPlace(this.starts, a);
+    pushPlace(this.ends, b);
     pushColor(this.startColors, colorA);
     pushColor(this.endColors, colorB);
-    this.styles.push(style.width);
-    this.styles.push(style.object);
-    this.styles.push(styleCode(style.dash, style.tip ? this.numberOf(style.tip) : 0));
-    this.styles.push(distance);
+    const first = this.styles.extend(4);
+    const { values } = this.styles;
+    values[first] = style.width;
+    values[first + 1] = style.object;
+    values[first + 2] = styleCode(style.dash, style.tip ? this.numberOf(style.tip) : 0);
+    values[first + 3] = distance;
   }
 
   finish(): LineData {
@@ -244,11 +279,13 @@ export class PointBatch {
   }
 
   add(at: ArrayLike<number>, color: Rgba, radius: number, object: number, style: number): void {
-    for (let i = 0; i < 3; i++) this.positions.push(at[i]!);
+    pushPlace(this.positions, at);
     pushColor(this.colors, color);
-    this.tags.push(radius);
-    this.tags.push(object);
-    this.tags.push(style);
+    const first = this.tags.extend(3);
+    const { values } = this.tags;
+    values[first] = radius;
+    values[first + 1] = object;
+    values[first + 2] = style;
   }
 }
 

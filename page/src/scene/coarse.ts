@@ -21,16 +21,16 @@ export function coarseIndex(positions: Float32Array, index: Uint32Array): Uint32
     if (cells[at] === -1) cells[at] = i;
     representative[i] = cells[at]!;
   }
-  const coarse = new Uint32Array(index.length);
+  const corner = (i: number): number => representative[index[i]!]!;
+  const isSeen = (i: number): boolean =>
+    corner(i) !== corner(i + 1) && corner(i + 1) !== corner(i + 2) && corner(i + 2) !== corner(i);
+  let count = 0;
+  for (let i = 0; i < index.length; i += 3) if (isSeen(i)) count++;
+  const coarse = new Uint32Array(count * 3);
   let length = 0;
   for (let i = 0; i < index.length; i += 3) {
-    const a = representative[index[i]!]!;
-    const b = representative[index[i + 1]!]!;
-    const c = representative[index[i + 2]!]!;
-    if (a === b || b === c || c === a) continue;
-    coarse[length++] = a;
-    coarse[length++] = b;
-    coarse[length++] = c;
+    if (!isSeen(i)) continue;
+    for (let k = 0; k < 3; k++) coarse[length++] = corner(i + k);
   }
-  return coarse.slice(0, length);
+  return coarse;
 }

@@ -1,7 +1,7 @@
 /** Faces of any number of corners, and their edges. */
 import { GrowingInt32 } from '../javaview/growing';
 import type { FaceSet, Material, Rgb } from '../javaview/model';
-import { lookCode, withAlpha, type FaceBatch, type Gloss } from './batches';
+import { lookCode, withAlpha, type FaceBatch, type Gloss, type Tag } from './batches';
 import { colorAt, type Draft } from './build';
 import { areaNormal, triangulate } from './polygons';
 import { FILL_PATTERNS } from './styles';
@@ -12,8 +12,8 @@ const DEFAULT_EDGE_COLOR: Rgb = [0, 0, 0];
 /** Above this number of points, coincident ones are no longer found for common normals. */
 const MOST_WELDED = 200_000;
 
-/** Object, and code of pattern and gloss. */
-type Tag = readonly [number, number];
+const UPWARDS = [0, 0, 1];
+const NO_CORNERS: readonly number[] = [];
 
 /** White spots are as bright as this on a surface that throws all light back. */
 const BRIGHTEST_SPOT = 0.6;
@@ -23,19 +23,24 @@ const SHARPEST = 56;
 /** Transparent triangles are cut until no side is longer, so that sorting them is right. */
 const LONGEST_TRANSPARENT_SIDE = 0.25;
 
-/** The corners of face `i` that are there; empty if one of them cannot be drawn. */
-function cornersOf(faces: FaceSet, i: number, at: Float32Array): number[] {
+/** The corners of face `i` that are there, in `corners`; none if one of them cannot be drawn. */
+function cornersOf(
+  faces: FaceSet,
+  i: number,
+  at: Float32Array,
+  corners: number[] = [],
+): readonly number[] {
   const { offsets, values } = faces.faces;
-  const corners: number[] = [];
+  corners.length = 0;
   for (let k = offsets[i]!; k < offsets[i + 1]!; k++) {
     const corner = values[k]!;
     const x = corner < 0 ? undefined : at[corner * 3];
     if (x === undefined) continue;
-    if (Number.isNaN(x)) return [];
+    if (Number.isNaN(x)) return NO_CORNERS;
     if (corner !== corners[corners.length - 1]) corners.push(corner);
   }
   if (corners.length > 1 && corners[0] === corners[corners.length - 1]) corners.pop();
-  return corners.length < 3 ? [] : corners;
+  return corners.length < 3 ? NO_CORNERS : corners;
 }
 
 /** The mean of the colours of points. */
@@ -163,12 +168,11 @@ class OpaqueFaces {
     const { at, normals } = this;
     const k = point * 3;
     const vertex = this.batch.addVertex(
-      at[k]!,
-      at[k + 1]!,
-      at[k + 2]!,
-      normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : [0, 0, 1],
+      at,
+      k,
+      normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : UPWARDS,
       withAlpha(this.pointColor?.(point) ?? color, 1),
-      ...this.tag,
+      this.tag,
     );
     this.vertexOfPoint[point] = vertex;
     this.owners.push(-1);
@@ -202,7 +206,10 @@ class OpaqueFaces {
   }
 
   private addTriangles(vertices: readonly number[], places: readonly number[]): void {
-    for (const place of places) this.batch.index.push(vertices[place]!);
+    for (let i = 0; i < places.length; i += 3) {
+      const [a, b, c] = [places[i]!, places[i + 1]!, places[i + 2]!];
+      this.batch.addTriangle(vertices[a]!, vertices[b]!, vertices[c]!);
+    }
   }
 }
 
@@ -253,10 +260,10 @@ function addTransparent(
     addTransparent(batch, [m, q, r], alpha, tag, depth - 1);
     return;
   }
-  for (const { at, normal, color } of corners) {
-    const vertex = batch.addVertex(at[0]!, at[1]!, at[2]!, normal, withAlpha(color, alpha), ...tag);
-    batch.index.push(vertex);
-  }
+  const [p, q, r] = corners.map(({ at, normal, color }) =>
+    batch.addVertex(at, 0, normal, withAlpha(color, alpha), tag),
+  );
+  batch.addTriangle(p!, q!, r!);
 }
 
 export function addFaces(draft: Draft): void {
@@ -291,8 +298,9 @@ export function addFaces(draft: Draft): void {
       : { transparent, smoothColors, smoothNormals: normals !== undefined },
   );
   const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
+  const room: number[] = [];
   for (let face = 0; face < count; face++) {
-    const corners = cornersOf(faces, face, at);
+    const corners = cornersOf(faces, face, at, room);
     if (corners.length === 0) continue;
     const normal = areaNormal(at, corners);
     const cut = triangulate(at, corners, normal);

@@ -35,13 +35,27 @@ function project(
   return corners.map((corner) => ({ x: at[corner * 3 + u]! * turn, y: at[corner * 3 + v]! }));
 }
 
-function isConvex(points: readonly Place[]): boolean {
-  const n = points.length;
-  return points.every((b, i) => {
-    const a = points[(i + n - 1) % n]!;
-    const c = points[(i + 1) % n]!;
-    return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x) >= -1e-12;
-  });
+/** Whether no corner of a polygon turns away from its normal. */
+function isConvex(
+  at: Float32Array,
+  corners: readonly number[],
+  [nx, ny, nz]: readonly [number, number, number],
+): boolean {
+  const n = corners.length;
+  for (let i = 0; i < n; i++) {
+    const a = corners[i]! * 3;
+    const b = corners[(i + 1) % n]! * 3;
+    const c = corners[(i + 2) % n]! * 3;
+    const ux = at[b]! - at[a]!;
+    const uy = at[b + 1]! - at[a + 1]!;
+    const uz = at[b + 2]! - at[a + 2]!;
+    const vx = at[c]! - at[b]!;
+    const vy = at[c + 1]! - at[b + 1]!;
+    const vz = at[c + 2]! - at[b + 2]!;
+    const turn = (uy * vz - uz * vy) * nx + (uz * vx - ux * vz) * ny + (ux * vy - uy * vx) * nz;
+    if (turn < -1e-20) return false;
+  }
+  return true;
 }
 
 /**
@@ -54,8 +68,8 @@ export function triangulate(
   normal: readonly [number, number, number],
 ): 'fan' | number[] {
   if (corners.length === 3) return 'fan';
+  if (isConvex(at, corners, normal)) return 'fan';
   const points = project(at, corners, normal);
-  if (isConvex(points)) return 'fan';
   const triangles = Earcut.triangulate(points.flatMap(({ x, y }) => [x, y]));
   return triangles.length > 0 ? triangles : 'fan';
 }
