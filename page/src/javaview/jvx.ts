@@ -74,6 +74,15 @@ class IndexLists implements ItemList {
   }
 }
 
+/** Passes over the numbers of items that nothing is drawn of. */
+class UnusedList implements ItemList {
+  constructor(readonly item: string) {}
+
+  add(): void {
+    // Nothing is kept.
+  }
+}
+
 function channel(value: number): number {
   return value > 0 ? Math.min(Math.round(value), 255) : 0;
 }
@@ -266,6 +275,7 @@ export class JvxHandler {
     'lineSet/lines': () => this.openList(new IndexLists(this.offsets, this.indices, 'l')),
     'lineSet/colors': () => this.openList(new ColorList(this.colors)),
     'faceSet/faces': () => this.openList(new IndexLists(this.offsets, this.indices, 'f')),
+    'faceSet/neighbours': () => this.openList(new UnusedList('nb')),
     'faceSet/colors': () => this.openList(new ColorList(this.colors)),
     'vectorField/vectors': () => {
       this.openList(new TupleList(this.numbers, 'v', [NaN, NaN, 0], this.geometry.dimension));
@@ -287,6 +297,7 @@ export class JvxHandler {
     'lines/thickness': (text) => (this.lines().thickness = toNumberOr(text, undefined)),
     'lines/color': (text) => (this.lines().color = toColor(text)),
     'faceSet/faces': () => (this.faces().faces = this.takeLists()),
+    'faceSet/neighbours': () => (this.list = undefined),
     'faceSet/colors': () => (this.faces().colors = this.takeColors()),
     'faces/color': (text) => (this.faces().color = toColor(text)),
     'edges/thickness': (text) => (this.faces().edgeThickness = toNumberOr(text, undefined)),

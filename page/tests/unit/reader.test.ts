@@ -17,6 +17,19 @@ const only = (result: ReadResult) => {
 
 const count = (text: string, pattern: RegExp): number => [...text.matchAll(pattern)].length;
 
+test('neighbours are passed over, whatever they say', () => {
+  const list = '<faces><f>0 1 2</f></faces><neighbours num="7"><nb>1 x 3</nb><nb/></neighbours>';
+  const colors = '<colors><c>1 2 3</c></colors>';
+  const { geometries } = readDocument(
+    new TextEncoder().encode(
+      `<jvx-model><geometries><geometry><faceSet>${list}${colors}</faceSet></geometry></geometries></jvx-model>`,
+    ),
+  );
+  const { faces } = geometries[0]!;
+  assert.deepEqual([...faces!.faces.values], [0, 1, 2]);
+  assert.deepEqual([...faces!.colors], [1, 2, 3]);
+});
+
 test('coordinates come as the file has them', () => {
   const { points } = only(
     model(
