@@ -14,11 +14,14 @@ export function readPageText(root: ParentNode): PageText {
   }
 }
 
-/** All blocks by their names; their texts are taken out of the page, which need not hold them twice. */
+/**
+ * All blocks by their names. Their texts are taken out of the page into blobs, which another thread
+ * reads without a copy and which browsers may keep on disk.
+ */
 export function takeBlocks(root: ParentNode): Map<string, Source> {
   const blocks = new Map<string, Source>();
   for (const script of root.querySelectorAll<HTMLElement>(`script[type="${DATA_TYPE}"]`)) {
-    blocks.set(script.dataset.name ?? '', { packed: script.textContent ?? '' });
+    blocks.set(script.dataset.name ?? '', { packed: new Blob([script.textContent ?? '']) });
     script.remove();
   }
   return blocks;

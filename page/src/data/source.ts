@@ -1,8 +1,8 @@
 /** The texts of a page or of dropped files as streams of bytes, unpacked where they are packed. */
-import { decodeBase64 } from './base64';
+import { Base64Decoder } from './base64';
 
-/** A text that is in the page, packed by gzip and written in base64, or a file. */
-export type Source = { packed: string } | { file: Blob };
+/** A text that was in the page, packed by gzip and written in base64, or a file. */
+export type Source = { packed: Blob } | { file: Blob };
 
 export type Bytes = Uint8Array<ArrayBuffer>;
 
@@ -47,15 +47,13 @@ function inflate(packed: ReadableStream<Bytes>): ReadableStream<Bytes> {
   return unpacked.pipeThrough(guard(allowed));
 }
 
-function fromBase64(text: string): ReadableStream<Bytes> {
-  const pieces = decodeBase64(text);
-  return new ReadableStream({
-    pull(controller) {
-      const next = pieces.next();
-      if (next.done) controller.close();
-      else controller.enqueue(next.value);
-    },
-  });
+function fromBase64(letters: ReadableStream<Bytes>): ReadableStream<Bytes> {
+  const decoder = new Base64Decoder();
+  return letters.pipeThrough(
+    new TransformStream<Bytes, Bytes>({
+      transform: (piece, controller) => controller.enqueue(decoder.decode(piece)),
+    }),
+  );
 }
 
 async function isGzip(file: Blob): Promise<boolean> {
@@ -65,8 +63,8 @@ async function isGzip(file: Blob): Promise<boolean> {
 
 /** The bytes of the text. */
 export async function open(source: Source): Promise<ReadableStream<Bytes>> {
-  if ('packed' in source) return inflate(fromBase64(source.packed));
-  const stream = source.file.stream() as ReadableStream<Bytes>;
+  if ('packed' in source) return inflate(fromBase64(source.packed.stream()));
+  const stream = source.file.stream();
   return (await isGzip(source.file))
     ? inflate(stream)
     : stream.pipeThrough(guard(() => NEVER_ALLOWED));
