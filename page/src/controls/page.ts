@@ -8,18 +8,13 @@ import { Engine } from '../scene/engine';
 import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
 import { button, element } from './dom';
-import { Panel, textLine } from './panel';
+import { Panel, textLine, type Mode } from './panel';
 import { Player } from './player';
 
 const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255] };
 const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28] };
 
-/** How a picture is asked for: the page without its controls, opened with this behind a "#". */
-export interface Mode {
-  picture: boolean;
-  transparent: boolean;
-}
-
+/** What stands behind the "#" of the address. */
 export function modeOf(hash: string): Mode {
   const words = new Set(hash.replace(/^#/, '').split(/[&,]/));
   return { picture: words.has('picture'), transparent: words.has('transparent') };
@@ -160,14 +155,7 @@ export class Page {
   }
 
   private makePanel(text: PanelText, content: Content, texts: SceneTexts): Panel {
-    return new Panel(
-      this.engine!,
-      text,
-      content,
-      texts,
-      this.surroundings,
-      () => this.mode.transparent,
-    );
+    return new Panel(this.engine!, text, content, texts, this.surroundings, this.mode);
   }
 
   /** A frame, in the space of an earlier one if that is given. */

@@ -25,6 +25,12 @@ export function textLine(line: TextLine | undefined, name: string): HTMLElement 
   return made;
 }
 
+/** How a picture is asked for: the page without its controls. */
+export interface Mode {
+  picture: boolean;
+  transparent: boolean;
+}
+
 export class Panel {
   readonly element: HTMLElement;
   readonly plot: Plot;
@@ -45,7 +51,7 @@ export class Panel {
     content: Content,
     readonly sources: SceneTexts,
     surroundings: Surroundings,
-    private readonly transparent: () => boolean,
+    private readonly mode: Mode,
   ) {
     this.plot = new Plot(engine, text, content, surroundings);
     this.tip.hidden = true;
@@ -124,7 +130,7 @@ export class Panel {
       window.devicePixelRatio || 1,
       this.engine.largest / Math.max(width, height),
     );
-    const picture = this.plot.draw(density, this.moving, this.transparent());
+    const picture = this.plot.draw(density, this.moving, this.mode.transparent);
     if (this.canvas.width !== picture.width || this.canvas.height !== picture.height) {
       this.canvas.width = picture.width;
       this.canvas.height = picture.height;
@@ -159,7 +165,7 @@ export class Panel {
       plot: this.plot,
       name: this.text.name,
       sources: this.sources,
-      picture: (f) => this.picture(f, this.transparent()),
+      picture: (f) => this.picture(f, this.mode.transparent),
     };
   }
 
@@ -226,14 +232,24 @@ export class Panel {
     this.tip.hidden = true;
     this.moving = moving;
     clearTimeout(this.rest);
-    if (moving) this.rest = setTimeout(() => this.moved(false), REST);
+    if (moving) this.restLater();
     this.request();
+  }
+
+  private restLater(): void {
+    clearTimeout(this.rest);
+    this.rest = setTimeout(() => this.moved(false), REST);
   }
 
   private resize(): void {
     const { clientWidth: width, clientHeight: height } = this.stage;
     if (width === 0 || height === 0) return;
     this.plot.resize({ width, height });
+    // A large surface is seen coarsely at once, and finely a moment later.
+    if (this.plot.isLarge && !this.mode.picture) {
+      this.moving = true;
+      this.restLater();
+    }
     this.draw();
   }
 

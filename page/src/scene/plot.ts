@@ -192,6 +192,11 @@ export class Plot {
     return this.text.background;
   }
 
+  /** Whether there is a coarser level to show for a while. */
+  get isLarge(): boolean {
+    return this.scene.faces.some(({ coarse }) => coarse !== undefined);
+  }
+
   get drawCalls(): number {
     return this.engine.drawCalls;
   }

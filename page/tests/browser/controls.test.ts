@@ -9,6 +9,14 @@ import { TestBrowser } from '../support/browser';
 import { compose, simplePage } from '../support/compose';
 import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
 import { example } from '../support/examples';
+import { model, sheet } from '../support/plots';
+
+declare global {
+  interface Window {
+    /** How many vertices each draw call took. */
+    drawn?: number[];
+  }
+}
 
 let browser: TestBrowser;
 before(async () => {
@@ -301,6 +309,22 @@ test('dark surroundings where the plot sets no background, its own where it does
   };
   assert.deepEqual(await corner(simplePage(example('surface.jvx'))), [24, 24, 28]);
   assert.deepEqual(await corner(surface()), [255, 255, 255]);
+});
+
+test('a large surface is drawn coarsely at once and finely a moment later', async () => {
+  const html = simplePage(model(sheet({ side: 300, height: (x, y) => x * y })));
+  const triangles = (hash: string): Promise<number[]> =>
+    browser.open(html, {}, hash).then(async ({ page, close }) => {
+      await page.waitForTimeout(1_000);
+      const drawn = await page.evaluate(() => window.drawn!);
+      await close();
+      return drawn.filter((count) => count > 1_000);
+    });
+  const whole = 299 * 299 * 6;
+  const drawn = await triangles('');
+  assert.ok(drawn[0]! < whole / 4, drawn.join());
+  assert.equal(drawn[drawn.length - 1], whole);
+  assert.deepEqual([...new Set(await triangles('#picture'))], [whole]);
 });
 
 test('a width of 320 pixels holds everything', async () => {

@@ -19,6 +19,17 @@ export interface Opened {
   close(): Promise<void>;
 }
 
+/** Notes how many vertices each draw call takes, in `window.drawn`. */
+function noteDraws(): void {
+  const drawn: number[] = [];
+  const { drawElements } = WebGL2RenderingContext.prototype;
+  WebGL2RenderingContext.prototype.drawElements = function (mode, count, type, offset): void {
+    drawn.push(count);
+    drawElements.call(this, mode, count, type, offset);
+  };
+  Object.assign(window, { drawn });
+}
+
 export class TestBrowser {
   private readonly folder = mkdtempSync(join(tmpdir(), 'plot-page-'));
   private opened = 0;
@@ -50,6 +61,7 @@ export class TestBrowser {
       ...options,
     });
     const page = await context.newPage();
+    await page.addInitScript(noteDraws);
     const complaints: string[] = [];
     const requests: string[] = [];
     page.on('console', (message) => {
