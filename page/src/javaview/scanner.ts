@@ -36,6 +36,8 @@ const SPACE = 0x20;
 const LONGEST_TAG = 1 << 20;
 const LONGEST_TEXT = 1 << 24;
 const DEEPEST = 200;
+const MOST_KNOWN = 200;
+const LONGEST_KNOWN = 500;
 
 const NO_ATTRIBUTES: Attributes = new Map();
 
@@ -81,6 +83,29 @@ class Names {
   }
 }
 
+interface ItemTags {
+  open: Uint8Array;
+  close: Uint8Array;
+}
+
+const itemTagsOf = (item: string): ItemTags => ({
+  open: ascii(`<${item}>`),
+  close: ascii(`</${item}>`),
+});
+
+/** Most tags of a text have one of a few lists of attributes. */
+class KnownAttributes {
+  private readonly known = new Map<string, Attributes>();
+
+  get(text: string): Attributes {
+    const known = this.known.get(text);
+    if (known) return known;
+    const fresh = parseAttributes(text);
+    if (this.known.size < MOST_KNOWN && text.length < LONGEST_KNOWN) this.known.set(text, fresh);
+    return fresh;
+  }
+}
+
 export class Scanner {
   private buffer: Uint8Array = new Uint8Array(0);
   private at = 0;
@@ -99,6 +124,8 @@ export class Scanner {
   private listOf: ItemList | undefined;
   private itemOpen: Uint8Array = new Uint8Array(0);
   private itemClose: Uint8Array = new Uint8Array(0);
+  private readonly itemTags = new Map<string, ItemTags>();
+  private readonly attributes = new KnownAttributes();
 
   constructor(private readonly handler: Handler) {}
 
@@ -296,7 +323,7 @@ export class Scanner {
     const attributes =
       nameEnd === stop
         ? NO_ATTRIBUTES
-        : parseAttributes(this.decoder.decode(buffer.subarray(nameEnd, stop)));
+        : this.attributes.get(this.decoder.decode(buffer.subarray(nameEnd, stop)));
     if (this.path.length === DEEPEST) throw new ScanError('elements are nested too deep');
     this.path.push(name);
     this.text = '';
@@ -327,8 +354,10 @@ export class Scanner {
     if (list === this.listOf) return;
     this.listOf = list;
     if (!list) return;
-    this.itemOpen = ascii(`<${list.item}>`);
-    this.itemClose = ascii(`</${list.item}>`);
+    const tags = this.itemTags.get(list.item) ?? itemTagsOf(list.item);
+    this.itemTags.set(list.item, tags);
+    this.itemOpen = tags.open;
+    this.itemClose = tags.close;
   }
 }
 
