@@ -107,13 +107,14 @@ export function shown(attributes: Attributes, name: string, otherwise: boolean):
 /** What a geometry has before anything is read; never written to. */
 const NO_NUMBERS = new Float64Array(0);
 const NO_COLORS = new Uint8Array(0);
+const NO_NAMES: ReadonlyMap<number, string> = new Map();
 const NO_LISTS: Lists = { offsets: new Int32Array(1), values: new Int32Array(0) };
 
 const newPoints = (attributes: Attributes): PointSet => ({
   visible: shown(attributes, 'point', true),
   showColors: shown(attributes, 'color', false),
   coordinates: NO_NUMBERS,
-  names: new Map(),
+  names: NO_NAMES,
   colors: NO_COLORS,
   normals: NO_NUMBERS,
   color: undefined,
@@ -214,6 +215,8 @@ export class JvxHandler {
   private font = newFont(NO_ATTRIBUTES);
   private material = newMaterial(NO_ATTRIBUTES);
   private transparencyVisible = true;
+  /** The names of points of the geometry that is being read, from its first name on. */
+  private names = new Map<number, string>();
   private readonly arena = new Arena();
   private readonly numbers = new GrowingFloat64();
   private readonly colors = new GrowingUint8();
@@ -236,9 +239,13 @@ export class JvxHandler {
 
   private openPoint(attributes: Attributes): void {
     const name = attributes.get('name');
-    if (name !== undefined && this.list instanceof TupleList) {
-      this.points().names.set(this.list.count, name);
+    if (name === undefined || !(this.list instanceof TupleList)) return;
+    const points = this.points();
+    if (points.names === NO_NAMES) {
+      this.names = new Map();
+      points.names = this.names;
     }
+    this.names.set(this.list.count, name);
   }
 
   private readonly openers: Record<string, Opener> = {

@@ -28,7 +28,7 @@ export interface PointSet {
   /** Three coordinates a point, as the file has them; z is 0 in a set of two dimensions. */
   coordinates: Float64Array;
   /** Names of points, by their number; only those that have one. */
-  names: Map<number, string>;
+  names: ReadonlyMap<number, string>;
   /** Three bytes a point, empty if the file has none. */
   colors: Uint8Array;
   normals: Float64Array;
