@@ -1,4 +1,4 @@
-// The data that stands in the text of elements: points, and lists of colours or numbers.
+#include "vantry/reader/data_parsing.h"
 
 #include <algorithm>
 #include <array>
@@ -18,9 +18,10 @@
 #include "vantry/plot/elements/pts3d.h"
 #include "vantry/plot/elements/surf3d.h"
 #include "vantry/plot/values/value_parsers.h"
-#include "vantry/reader/zrd_parser_handler.h"
 
 namespace vantry::reader {
+
+using namespace plot;
 
 namespace {
 
@@ -74,119 +75,92 @@ bool isFormOf(const P3List& list, const WordCounts& words) {
 
 }  // namespace
 
-void ZrdParserHandler::endP2() {
-  auto* list = elementCast<P2List, Poly2d, Field2d, Pts2d>(current_.get());
-  if (!list) illegal("P2");
-  parseP2(*list);
+P2List* pointsInPlane(PlotElement* element) {
+  return elementCast<P2List, Poly2d, Field2d, Pts2d>(element);
 }
 
-void ZrdParserHandler::endP3() {
-  auto* list = elementCast<P3List, Mesh3d, Poly3d, Pts3d, Lines3d, Field3d, Surf3d>(current_.get());
-  if (!list) illegal("P3");
-  parseP3(*list);
+P3List* pointsInSpace(PlotElement* element) {
+  return elementCast<P3List, Mesh3d, Poly3d, Pts3d, Lines3d, Field3d, Surf3d>(element);
 }
 
-// A colour after plain points, and a plain point after coloured ones, are called illegal; in space
-// the same is called corrupted.
-void ZrdParserHandler::parseP2(P2List& list) {
+PointError appendPoint(P2List& list, const char* text) {
   std::array<double, 2> numbers;
-  if (!std::strchr(text(), '#')) {
-    if (!list.colors.empty()) illegal("P2");
-    if (base::scanDoubles(text(), numbers) != 2) corrupted("P2", text());
+  const auto wrongNumbers = [text] {
+    return countWords(text).numbers < 2 ? PointError::wrongCount : PointError::badNumber;
+  };
+  if (!std::strchr(text, '#')) {
+    if (!list.colors.empty()) return PointError::unlikeOthers;
+    if (base::scanDoubles(text, numbers) != 2) return wrongNumbers();
     list.points.push_back({numbers[0], numbers[1]});
-    return;
+    return PointError::none;
   }
-  if (!list.points.empty() && list.colors.empty()) illegal("P2");
+  if (!list.points.empty() && list.colors.empty()) return PointError::unlikeOthers;
   std::array<base::ScannedWord, 1> word;
   RGBA color;
-  if (base::scanPoint(text(), numbers, word) != 3 || !ColorParser::parse(color, word[0].data())) {
-    corrupted("P2", text());
-  }
+  const int items = base::scanPoint(text, numbers, word);
+  if (items < 2) return wrongNumbers();
+  if (items != 3 || !ColorParser::parse(color, word[0].data())) return PointError::badColor;
   list.points.push_back({numbers[0], numbers[1]});
   list.colors.push_back(color);
+  return PointError::none;
 }
 
-void ZrdParserHandler::parseP3(P3List& list) {
+PointError appendPoint(P3List& list, const char* text) {
   P3 point;
-  if (hasPlainPoints(list) && scanPlainPoint(text(), point)) {
+  if (hasPlainPoints(list) && scanPlainPoint(text, point)) {
     makeRoom(list);
     list.points.push_back(point);
-    return;
+    return PointError::none;
   }
-  const WordCounts words = countWords(text());
-  if (words.colors > 2) corrupted("P3", text());
-  if (words.numbers != 3 && words.numbers != 6) corrupted("P3", text());
-  if (!list.points.empty() && !isFormOf(list, words)) corrupted("P3", text());
+  const WordCounts words = countWords(text);
+  if (words.colors > 2) return PointError::wrongCount;
+  if (words.numbers != 3 && words.numbers != 6) return PointError::wrongCount;
+  if (!list.points.empty() && !isFormOf(list, words)) return PointError::unlikeOthers;
 
   std::array<double, 6> numbers;
   std::array<base::ScannedWord, 2> colorWords;
-  const int items = base::scanPoint(text(), std::span(numbers).first(words.numbers),
+  const int items = base::scanPoint(text, std::span(numbers).first(words.numbers),
                                     std::span(colorWords).first(words.colors));
-  if (items != static_cast<int>(words.numbers + words.colors)) corrupted("P3", text());
+  if (items < static_cast<int>(words.numbers)) return PointError::badNumber;
+  if (items < static_cast<int>(words.numbers + words.colors)) return PointError::badColor;
   std::array<RGBA, 2> colors;
   for (std::size_t i = 0; i < words.colors; ++i) {
-    if (!ColorParser::parse(colors[i], colorWords[i].data())) corrupted("P3", text());
+    if (!ColorParser::parse(colors[i], colorWords[i].data())) return PointError::badColor;
   }
 
   list.points.push_back({numbers[0], numbers[1], numbers[2]});
   if (words.numbers == 6) list.normals.push_back({numbers[3], numbers[4], numbers[5]});
   if (words.colors > 0) list.colors.push_back(colors[0]);
   if (words.colors > 1) list.secondColors.push_back(colors[1]);
+  return PointError::none;
 }
 
-void ZrdParserHandler::flushColor(ColorArray2d& array) {
+bool appendCell(ColorArray2d& array, const char* word) {
   RGBA color;
-  if (!ColorParser::parse(color, wordBuffer_.c_str())) {
-    corrupted("ColorArray2d", wordBuffer_.c_str());
-  }
+  if (!ColorParser::parse(color, word)) return false;
   array.colors.push_back(color);
+  return true;
 }
 
-void ZrdParserHandler::flushValue(DensityArray2d& array) {
+bool appendCell(DensityArray2d& array, const char* word) {
   double value = nan;
-  if (!base::scanDouble(wordBuffer_.c_str(), value)) {
-    corrupted("DensityArray2d", wordBuffer_.c_str());
-  }
+  if (!base::scanDouble(word, value)) return false;
   array.values.push_back(value);
-}
-
-void ZrdParserHandler::flushWord() {
-  if (wordBuffer_.empty()) return;
-  if (auto* colors = elementCast<ColorArray2d>(current_.get())) flushColor(*colors);
-  if (auto* values = elementCast<DensityArray2d>(current_.get())) flushValue(*values);
-  wordBuffer_.clear();
-}
-
-// A word may span any number of calls.
-void ZrdParserHandler::appendWords(const char* data, std::size_t length) {
-  const auto isSeparator = [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; };
-  const char* const end = data + length;
-  while (data != end) {
-    const char* const wordEnd = std::find_if(data, end, isSeparator);
-    wordBuffer_.append(data, wordEnd);
-    if (wordEnd == end) return;
-    flushWord();
-    data = wordEnd + 1;
-  }
+  return true;
 }
 
 namespace {
 
 template <class Array>
-bool isShort(const Array& array, std::size_t size) {
+bool hasFewerThanCells(const Array& array, std::size_t size) {
   const std::int64_t cells = std::int64_t{array.xMesh()} * array.yMesh();
   return static_cast<std::int64_t>(size) < cells;
 }
 
 }  // namespace
 
-void ZrdParserHandler::endArray() {
-  appendText(" ", 1);
-  const char* tag = current_->tagName().str();
-  const auto* colors = elementCast<ColorArray2d>(current_.get());
-  if (colors && isShort(*colors, colors->colors.size())) incomplete(tag, "colors missing");
-  const auto* values = elementCast<DensityArray2d>(current_.get());
-  if (values && isShort(*values, values->values.size())) incomplete(tag, "values missing");
-}
+bool isShort(const ColorArray2d& array) { return hasFewerThanCells(array, array.colors.size()); }
+
+bool isShort(const DensityArray2d& array) { return hasFewerThanCells(array, array.values.size()); }
 
 }  // namespace vantry::reader

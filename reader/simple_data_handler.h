@@ -32,6 +32,8 @@ class SimpleDataHandler : public Handler {
   /// Starts the collection. To be called inside startElement().
   void collectText() { collecting_ = true; }
 
+  bool isCollecting() const { return collecting_; }
+
   /// The collected text, NUL-terminated. It is whole inside endElement(), and empty afterwards.
   const char* text() const { return text_.c_str(); }
 

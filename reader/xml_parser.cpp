@@ -146,6 +146,10 @@ std::int32_t Parser::lineNumber() const { return place().line; }
 
 std::int32_t Parser::columnNumber() const { return place().column; }
 
+std::int64_t Parser::byteOffset() const {
+  return parser_ ? XML_GetCurrentByteIndex(parser_.get()) : -1;
+}
+
 Parser::Place Parser::place() const {
   if (!parser_) return {};
   if (stoppedAt_) return *stoppedAt_;

@@ -59,6 +59,10 @@ class Parser {
   /// Where the parser stands in its line, in bytes, counted from 0.
   std::int32_t columnNumber() const;
 
+  /// Where the parser stands, in bytes from the beginning of the document, or -1 before its first
+  /// token. While a handler is called that is the beginning of the tag or the text.
+  std::int64_t byteOffset() const;
+
  private:
   struct Callbacks;
 

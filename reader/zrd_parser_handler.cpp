@@ -126,7 +126,7 @@ void ZrdParserHandler::addElement(WordId word, const reader::AttributeList& attr
   if (!current_ && rule.place != Place::root) throw DomException(DomException::HierarchyRequest);
 
   Ref<PlotElement> element = makeElement(base::tokenOf(word), attributes);
-  require(*element, word);
+  requireAttributes(*element);
   attach(*element, word);
   if (rule.content == Content::words) wordBuffer_.clear();
   if (rule.content != Content::nothing) collectText();
@@ -140,14 +140,18 @@ Ref<PlotElement> ZrdParserHandler::makeElement(Token name,
   for (const reader::Attribute& attribute : attributes) {
     const Token attributeName = base::tokenById(static_cast<int>(attribute.attributeId));
     if (!keepIds_ && attributeName == Word::Id) continue;
-    sayingAbout(
-        [&] {
-          return "element " + inQuotes(name.str()) + ", attribute " +
-                 inQuotes(attributeName.str()) + ", value " + inQuotes(attribute.value);
-        },
-        [&] { element->setAttributeFromString(attributeName, attribute.value); });
+    setAttribute(*element, attributeName, attribute.value);
   }
   return element;
+}
+
+void ZrdParserHandler::setAttribute(PlotElement& element, Token name, const char* value) {
+  sayingAbout(
+      [&] {
+        return "element " + inQuotes(element.tagName().str()) + ", attribute " +
+               inQuotes(name.str()) + ", value " + inQuotes(value);
+      },
+      [&] { element.setAttributeFromString(name, value); });
 }
 
 namespace {
@@ -182,8 +186,8 @@ void requireString(const PlotElement& element, Token name, bool notEmpty) {
 
 }  // namespace
 
-void ZrdParserHandler::require(const PlotElement& element, WordId elementId) const {
-  switch (attachmentRule(elementId).required) {
+void ZrdParserHandler::requireAttributes(PlotElement& element) {
+  switch (attachmentRule(base::wordOf(element.tagName())).required) {
     case Required::nothing:
       return;
     case Required::typeToken:
@@ -259,9 +263,8 @@ void ZrdParserHandler::endElement(std::uint32_t, std::uint32_t elementId) {
 void ZrdParserHandler::closeElement(WordId word) {
   switch (word) {
     case WordId::P2:
-      return endP2();
     case WordId::P3:
-      return endP3();
+      return endPoint(word);
     case WordId::Canvas:
       current_ = nullptr;
       previous_ = nullptr;
@@ -271,17 +274,19 @@ void ZrdParserHandler::closeElement(WordId word) {
       break;
   }
   if (!current_) throw DomException(DomException::HierarchyRequest);
-  switch (attachmentRule(word).content) {
-    case Content::nothing:
-      break;
-    case Content::text:
-      endText();
-      break;
-    case Content::words:
-      endArray();
-      break;
-  }
+  endContent(word);
   current_ = PlotElement::from(current_->parent());
+}
+
+void ZrdParserHandler::endContent(WordId element) {
+  switch (attachmentRule(element).content) {
+    case Content::nothing:
+      return;
+    case Content::text:
+      return endText();
+    case Content::words:
+      return endArray();
+  }
 }
 
 void ZrdParserHandler::endText() {
@@ -290,13 +295,56 @@ void ZrdParserHandler::endText() {
   current_->appendChild(child.get());
 }
 
+void ZrdParserHandler::endArray() {
+  appendText(" ", 1);
+  const char* tag = current_->tagName().str();
+  const auto* colors = elementCast<ColorArray2d>(current_.get());
+  if (colors && isShort(*colors)) incomplete(tag, "colors missing");
+  const auto* values = elementCast<DensityArray2d>(current_.get());
+  if (values && isShort(*values)) incomplete(tag, "values missing");
+}
+
+void ZrdParserHandler::endPoint(WordId point) {
+  const PointError error = appendPointTo(current_.get(), point);
+  if (error != PointError::none) refusePoint(point, error);
+}
+
+PointError ZrdParserHandler::appendPointTo(PlotElement* list, WordId point) {
+  if (point == WordId::P3) {
+    P3List* inSpace = pointsInSpace(list);
+    return inSpace ? appendPoint(*inSpace, text()) : PointError::misplaced;
+  }
+  P2List* inPlane = pointsInPlane(list);
+  return inPlane ? appendPoint(*inPlane, text()) : PointError::misplaced;
+}
+
+// A colour after plain points, and a plain point after coloured ones, are called illegal; in space
+// the same is called corrupted.
+void ZrdParserHandler::refusePoint(WordId point, PointError error) {
+  const char* tag = base::tokenOf(point).str();
+  const bool isIllegal =
+      error == PointError::misplaced || (error == PointError::unlikeOthers && point == WordId::P2);
+  if (isIllegal) illegal(tag);
+  corrupted(tag, text());
+}
+
 void ZrdParserHandler::appendText(const char* data, std::size_t length) {
   if (current_ && isElementOf<ColorArray2d, DensityArray2d>(*current_)) {
-    appendWords(data, length);
+    splitWords(wordBuffer_, data, length,
+               [this](const char* word) { appendCellTo(*current_, word); });
   } else {
     appendTextWithoutReturns(data, length);
   }
 }
+
+void ZrdParserHandler::appendCellTo(PlotElement& array, const char* word) {
+  auto* colors = elementCast<ColorArray2d>(&array);
+  const bool isTaken =
+      colors ? appendCell(*colors, word) : appendCell(static_cast<DensityArray2d&>(array), word);
+  if (!isTaken) refuseCell(word);
+}
+
+void ZrdParserHandler::refuseCell(const char* word) { corrupted(current_->tagName().str(), word); }
 
 void ZrdParserHandler::parseFailed() {
   previous_ = nullptr;

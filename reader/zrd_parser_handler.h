@@ -6,9 +6,7 @@
 #include <string_view>
 
 #include "vantry/plot/document.h"
-#include "vantry/plot/elements/color_array2d.h"
-#include "vantry/plot/elements/density_array2d.h"
-#include "vantry/plot/framework/point_list.h"
+#include "vantry/reader/data_parsing.h"
 #include "vantry/reader/simple_data_handler.h"
 #include "vantry/reader/xml_parser.h"
 
@@ -23,6 +21,9 @@ using namespace plot;
 /// The document is in a batch from the constructor to the end of the Canvas. Unknown names are
 /// skipped. Bad data, a refused child or a bad value throws dom::DomException. A document that is
 /// not well formed is thrown away: an empty Canvas takes its place.
+///
+/// A reader that goes on after a mistake derives from it: an element that startElement() refuses is
+/// nowhere, and the other refusals have an operation each, which throws here.
 class ZrdParserHandler : public reader::SimpleDataHandler {
  public:
   /// Takes a format and arguments in the manner of vprintf.
@@ -44,6 +45,21 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
  protected:
   void appendText(const char* data, std::size_t length) override;
 
+  /// The innermost element that is open, null outside of the root. Points are no elements.
+  PlotElement* current() const { return current_.get(); }
+
+  /// Gives a new element an attribute of its start tag. One that is refused leaves the element as
+  /// it was.
+  virtual void setAttribute(PlotElement& element, Token name, const char* value);
+  /// Refuses a new element without an attribute that must be there, or with an empty one.
+  virtual void requireAttributes(PlotElement& element);
+  /// Takes the characters of the current element, which ends.
+  virtual void endContent(base::WordId element);
+  /// A P2 or P3 is not such as the list around it takes.
+  virtual void refusePoint(base::WordId point, PointError error);
+  /// A word in the current element, an array, is no colour or no number.
+  virtual void refuseCell(const char* word);
+
  private:
   [[gnu::format(printf, 2, 3)]] void report(const char* format, ...) const;
   [[noreturn]] void corrupted(const char* what, const char* text) const;
@@ -55,23 +71,15 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   void addElement(base::WordId word, const reader::AttributeList& attributes);
   void closeElement(base::WordId word);
   base::Ref<PlotElement> makeElement(Token name, const reader::AttributeList& attributes);
-  void require(const PlotElement& element, base::WordId elementId) const;
   void attach(PlotElement& element, base::WordId elementId);
   void attachUnique(PlotElement& element);
   void attachPositional(PlotElement& element);
   void attachRoot(PlotElement& element);
   void endText();
   void endArray();
-
-  // Data in text; see data_parsing.cpp.
-  void parseP2(P2List& list);
-  void parseP3(P3List& list);
-  void endP2();
-  void endP3();
-  void flushColor(ColorArray2d& array);
-  void flushValue(DensityArray2d& array);
-  void flushWord();
-  void appendWords(const char* data, std::size_t length);
+  void endPoint(base::WordId point);
+  PointError appendPointTo(PlotElement* list, base::WordId point);
+  void appendCellTo(PlotElement& array, const char* word);
 
   PlotDocument* document_;
   base::Ref<PlotElement> current_;
