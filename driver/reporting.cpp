@@ -30,10 +30,13 @@ void parserWarning(int code, int line, int column) {
   std::fprintf(stderr, "Warning: parser error '%d' [line %d column %d]\n", code, line, column);
 }
 
-void badData(const char* reason) { std::fprintf(stderr, "vantry: bad data: %s\n", reason); }
+void badData(const char* reason) {
+  std::fprintf(stderr, "vantry: bad data: %s (zrd check FILE explains it)\n", reason);
+}
 
 void badData(const char* reason, int line, int column) {
-  std::fprintf(stderr, "vantry: bad data in line %d, column %d: %s\n", line, column, reason);
+  std::fprintf(stderr, "vantry: bad data in line %d, column %d: %s (zrd check FILE explains it)\n",
+               line, column, reason);
 }
 
 void uncaught(const char* type, const char* what) {
