@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "vantry/base/output_sink.h"
-#include "vantry/javaview/color_writer.h"
+#include "vantry/javaview/color_scale.h"
 #include "vantry/page/texts.h"
 #include "vantry/plot/elements/density_array2d.h"
 #include "vantry/plot/elements/img.h"
@@ -27,26 +26,18 @@ struct Source {
 constexpr Source lineColors = {Word::LineColorType, Word::LineColor, Word::LineColor2};
 constexpr Source fillColors = {Word::FillColorType, Word::FillColor, Word::FillColor2};
 
-/// The colours of the writer, which are those of the drawing.
-class Mixer : public javaview::ColorWriter {
- public:
-  using ColorWriter::ColorWriter;
-  std::string colorAt(double value) const { return colorText(mapped(value)); }
-};
-
 /// `top` is the value that has the first of the two colours, `bottom` the one with the second.
 std::optional<ColorScale> scaleOf(const PlotElement& primitive, const Source& source, double bottom,
                                   double top) {
   const auto type = propertyValue<Token>(primitive, source.type);
   if (isOneOf(type, Word::Flat, Word::Functional) || bottom == top) return std::nullopt;
-  base::OutputSink nowhere;
-  const Mixer mixer(type, propertyValue<RGBA>(primitive, source.color),
-                    propertyValue<RGBA>(primitive, source.color2), bottom, top, nowhere);
+  const javaview::ColorScale drawn(type, propertyValue<RGBA>(primitive, source.color),
+                                   propertyValue<RGBA>(primitive, source.color2), {bottom, top});
   const int steps = isOneOf(type, Word::Monochrome, Word::Dichromatic) ? 1 : 24;
   ColorScale scale{std::min(bottom, top), std::max(bottom, top), {}};
   for (int i = 0; i <= steps; ++i) {
     const double part = static_cast<double>(i) / steps;
-    scale.colors.push_back(mixer.colorAt(scale.min + part * (scale.max - scale.min)));
+    scale.colors.push_back(colorText(drawn.colorOf(scale.min + part * (scale.max - scale.min))));
   }
   return scale;
 }
