@@ -1,14 +1,14 @@
-# vantry_layer(<folder> [LINKS <layer or target>...] [PRIVATE <header>...])
+# vantry_layer(<folder> [LINKS <layer or target>...] [PUBLIC <header>... | PRIVATE <header>...])
 #
 # Makes the static library vantry_<name> of the sources in <folder> (a layer without sources is its
-# headers), with the alias vantry::<name>, and installs it as part of the package, with its headers but
-# for the private ones.
+# headers), with the alias vantry::<name>, and installs it as part of the package, with the headers
+# that are named as public, or all but those that are named as private.
 # The name is that of the folder, with "_" for "/". Headers are included as "vantry/<folder>/file.h".
 # They are reached through a folder of links that holds this one layer, so that a header of a layer
 # that is not linked cannot be found. The tests of the layers hold both that and that no include
 # climbs out of its folder.
 function(vantry_layer folder)
-  cmake_parse_arguments(LAYER "" "" "LINKS;PRIVATE" ${ARGN})
+  cmake_parse_arguments(LAYER "" "" "LINKS;PUBLIC;PRIVATE" ${ARGN})
   string(REPLACE "/" "_" name ${folder})
   set(target vantry_${name})
 
@@ -58,7 +58,11 @@ function(vantry_layer folder)
         \"\$ENV{DESTDIR}\${library}\" COMMAND_ERROR_IS_FATAL ANY)"
       COMPONENT development)
   endif()
+  list(TRANSFORM LAYER_PUBLIC PREPEND ${PROJECT_SOURCE_DIR}/${folder}/)
   list(TRANSFORM LAYER_PRIVATE PREPEND ${PROJECT_SOURCE_DIR}/${folder}/)
+  if(LAYER_PUBLIC)
+    set(headers ${LAYER_PUBLIC})
+  endif()
   list(REMOVE_ITEM headers ${LAYER_PRIVATE})
   install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vantry/${folder}
     COMPONENT development)
