@@ -29,18 +29,14 @@ class Folder : public TemporaryFolder {
     return names;
   }
 
-  std::string read(const std::string& name) const {
-    std::ostringstream content;
-    content << std::ifstream(path() / name, std::ios::binary).rdbuf();
-    return content.str();
-  }
+  std::string read(const std::string& name) const { return contentOf(path() / name); }
 
   void write(const std::string& name, const std::string& content) const {
     std::ofstream(path() / name) << content;
   }
 };
 
-/// A writer that tells what it is asked, and in place of a document writes the time.
+/// A writer that keeps what it is asked, and writes the time in place of a document.
 class Listener : public JVXWriter {
  public:
   using JVXWriter::JVXWriter;
@@ -275,7 +271,7 @@ TEST(AnimationTest, WarnsOncePerFrame) {
   const ReadDocument document(
       "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"1\"/>"
       "<Scene3d><CoordinateSystem3d></CoordinateSystem3d></Scene3d><Scene2d></Scene2d></Canvas>");
-  ListeningWriter<JVXWriter> writer(document.get());
+  WarningsWriter<JVXWriter> writer(document.get());
   writer.writeAnimation(1, (folder / "film").c_str());
   EXPECT_EQ(writer.warnings, (Strings{"more than one scene", "more than one scene"}));
 }

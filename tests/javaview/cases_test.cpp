@@ -13,7 +13,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "../locale_guard.h"
@@ -27,11 +26,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path folder = VANTRY_SOURCE_DIR "/tests/javaview/cases";
-
-std::string contentOf(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// The name of an expected text, in its parts.
 struct CaseName {

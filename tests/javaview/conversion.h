@@ -1,6 +1,9 @@
 // Whole conversions: from the text of a document to the text of a model.
 #pragma once
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -36,12 +39,27 @@ class ReadDocument {
 
 /// Any writer, with its warnings kept.
 template <class Writer>
-class ListeningWriter : public Writer {
+class WarningsWriter : public Writer {
  public:
   using Writer::Writer;
   void warning(const char* text) override { warnings.emplace_back(text); }
   std::vector<std::string> warnings;
 };
+
+/// The whole content of a file.
+inline std::string contentOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// How often `part` occurs in `text`.
+inline std::size_t countOf(std::string_view part, std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) {
+    ++count;
+  }
+  return count;
+}
 
 /// The text without its header.
 inline std::string withoutHeader(const std::string& text) {
@@ -68,7 +86,7 @@ struct Conversion {
 
  private:
   void convert(PlotDocument* document, double time) {
-    ListeningWriter<Writer> writer(document);
+    WarningsWriter<Writer> writer(document);
     std::ostringstream stream;
     try {
       writer.write(stream, time);

@@ -281,7 +281,7 @@ TEST(CirclePointsTest, CollapseWithoutANormal) {
   EXPECT_EQ(circle({1, 2, 3}, {1e-16, 0, 0}, 5), expected);
 }
 
-TEST(CirclePointsTest, StandWithinTheTransform) {
+TEST(CirclePointsTest, FollowTheTransform) {
   const std::string text = written([](GeometryOutput& out) {
     out.pushTransform(turnAndMove);
     out.writeCirclePoints({0, 0, 1}, {0, 0, 1}, 1);

@@ -415,27 +415,6 @@ TEST(JvdAxes, AGridDoesNotShowTheBoundingBox) {
                   .starts_with("<bndbox visible=\"hide\">\n"));
 }
 
-TEST(JvdAxes, TheBoundingBoxHasTheLineOfTheAxes) {
-  EXPECT_EQ(
-      Display(plot3d("", "AxesLineColor=\"#80ff0040\" AxesLineWidth=\"1\"")).element("bndbox"),
-      "<bndbox visible=\"show\">\n"
-      "<color>128 255 0</color>\n"
-      "<thickness>3.54331</thickness>\n"
-      "</bndbox>\n");
-}
-
-TEST(JvdAxes, PropertiesComeFromTheStylesOfSceneAndCanvas) {
-  const std::string zrd =
-      "<Canvas><CoordinateSystem3dStyle Axes=\"Frame\" AxesLineColor=\"#010101\"/>"
-      "<Scene3d><CoordinateSystem3dStyle AxesLineColor=\"#020202\"/>"
-      "<CoordinateSystem3d AxesLineWidth=\"1\"/></Scene3d></Canvas>";
-  EXPECT_EQ(Display(zrd).element("bndbox"),
-            "<bndbox visible=\"hide\">\n"
-            "<color>2 2 2</color>\n"
-            "<thickness>3.54331</thickness>\n"
-            "</bndbox>\n");
-}
-
 /// Attributes of a coordinate system that say nothing to a display, each with a value that is not
 /// its default.
 constexpr const char* unread2d[] = {

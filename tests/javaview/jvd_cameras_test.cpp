@@ -38,42 +38,8 @@ std::string view(const std::string& position, const std::string& interest,
 
 const std::string defaultView = view("-3.25458 -7.77334 3.06473", "0 5 1", "0.174977");
 
-TEST(JvdCameras, ThePositionOfAPerspectiveIsScaledByTheFieldOfView) {
-  // 2 tan(15 degrees) = 0.535898
-  EXPECT_EQ(cameras(camera("")), view("5.35898 0 0", "0 0 0", "0.535898"));
-  // 2 tan(45 degrees) = 2
-  EXPECT_EQ(cameras(camera("ViewingAngle=\"1.5707963267948966\" Position=\"4 -2 1.5\" "
-                           "FocalPoint=\"1 2 0.5\"")),
-            view("7 -6 2.5", "1 2 0.5", "2"));
-}
-
 TEST(JvdCameras, APerspectiveNeedsNoViewingBox) {
   EXPECT_EQ(cameras(camera("")), cameras(box3d + camera("")));
-}
-
-TEST(JvdCameras, AParallelViewIsMeasuredByTheLargestSideOfTheBox) {
-  // 1.5 * 10 along (0.6, 0.8, 0)
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"3 4 0\"")),
-            view("9 12 0", "0 0 0", "0"));
-}
-
-TEST(JvdCameras, ThePositionOfAParallelViewDoesNotMoveWithTheFocalPoint) {
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"4 6 3\" "
-                                   "FocalPoint=\"1 2 3\"")),
-            view("9 12 0", "1 2 3", "0"));
-}
-
-TEST(JvdCameras, AParallelViewFromItsFocalPointStandsAtTheOrigin) {
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"1 2 3\" "
-                                   "FocalPoint=\"1 2 3\"")),
-            view("0 0 0", "1 2 3", "0"));
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"1e-16 0 0\"")),
-            view("0 0 0", "0 0 0", "0"));
-}
-
-TEST(JvdCameras, AParallelViewFromNowhereStandsAtTheOrigin) {
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"nan 0 0\"")),
-            view("0 0 0", "0 0 0", "0"));
 }
 
 TEST(JvdCameras, AParallelViewFromItsFocalPointIsNowhereInABoxWithoutEnd) {
@@ -81,37 +47,6 @@ TEST(JvdCameras, AParallelViewFromItsFocalPointIsNowhereInABoxWithoutEnd) {
   const std::string text =
       cameras(range('X', "0", "inf") + camera("OrthogonalProjection=\"1\" Position=\"0 0 0\""));
   EXPECT_NE(text.find("nan "), std::string::npos) << text;
-}
-
-TEST(JvdCameras, AParallelViewNeedsOneKnownSideOnly) {
-  EXPECT_EQ(cameras(range('Y', "0", "2") + camera("OrthogonalProjection=\"1\"")),
-            view("3 0 0", "0 0 0", "0"));
-}
-
-TEST(JvdCameras, AParallelViewOfAnUnknownBoxIsDroppedAndTheDefaultViewToo) {
-  EXPECT_EQ(cameras(camera("OrthogonalProjection=\"1\"")), "");
-}
-
-TEST(JvdCameras, TheProjectionMayComeFromTheObject) {
-  EXPECT_EQ(cameras(range('Y', "0", "2") + camera("", "OrthogonalProjection=\"1\"")),
-            view("3 0 0", "0 0 0", "0"));
-}
-
-TEST(JvdCameras, AParallelViewOfAnUnknownBoxGivesWayToTheNextCamera) {
-  const std::string parallel = "<Camera OrthogonalProjection=\"1\"/>";
-  const std::string perspective = "<Camera Position=\"0 20 0\"/>";
-  EXPECT_EQ(cameras("<Obj3d Type=\"Camera\"><Img3d>" + parallel + perspective + "</Img3d></Obj3d>"),
-            view("0 10.718 0", "0 0 0", "0.535898"));
-  EXPECT_EQ(cameras(camera("OrthogonalProjection=\"1\"") + camera("Position=\"0 20 0\"")),
-            view("0 10.718 0", "0 0 0", "0.535898"));
-}
-
-TEST(JvdCameras, OnlyTheFirstIsWritten) {
-  const std::string first = view("5.35898 0 0", "0 0 0", "0.535898");
-  EXPECT_EQ(cameras(camera("") + camera("Position=\"0 20 0\"")), first);
-  EXPECT_EQ(cameras("<Obj3d Type=\"Camera\"><Img3d><Camera/><Camera Position=\"0 20 0\"/></Img3d>"
-                    "</Obj3d>"),
-            first);
 }
 
 TEST(JvdCameras, WhatFollowsTheFirstIsNotLookedAt) {
@@ -145,25 +80,6 @@ TEST(JvdCameras, TheDefaultViewNeedsTheWholeBox) {
   EXPECT_EQ(cameras(unitBox3d), view("-1.62729 -2.55467 1.03237", "0 0 0", "0.174977"));
   EXPECT_EQ(cameras(box2d), "");
   EXPECT_EQ(cameras(box2d + range('Z', "0", "nan")), "");
-}
-
-/// A document from time 0 to 10 with one animated camera.
-std::string animated(const std::string& images) {
-  return "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"10\"/><Scene3d><CoordinateSystem3d>"
-         "<Obj3d Type=\"Camera\" TimeBegin=\"0\" TimeEnd=\"10\"><ParameterBegin Val=\"0\"/>"
-         "<ParameterEnd Val=\"1\"/>" +
-         images + "</Obj3d></CoordinateSystem3d></Scene3d></Canvas>";
-}
-
-TEST(JvdCameras, TheImageIsThatOfTheTime) {
-  const std::string zrd = animated(
-      "<Img3d Param=\"0\"><Camera Position=\"1 0 0\" ViewingAngle=\"1.5707963267948966\"/></Img3d>"
-      "<Img3d Param=\"0.5\"><Camera Position=\"2 0 0\" ViewingAngle=\"1.5707963267948966\"/>"
-      "</Img3d>");
-  EXPECT_EQ(Display(zrd).element("cameras"), view("2 0 0", "0 0 0", "2"));
-  EXPECT_EQ(Display(zrd, 4.9).element("cameras"), view("2 0 0", "0 0 0", "2"));
-  EXPECT_EQ(Display(zrd, 5).element("cameras"), view("4 0 0", "0 0 0", "2"));
-  EXPECT_EQ(Display(zrd, 99).element("cameras"), view("4 0 0", "0 0 0", "2"));
 }
 
 struct Roll {
@@ -269,12 +185,6 @@ TEST(JvdCameraRoll, IsNoneWhenLookingAlongZOrAlongTheUpVector) {
   });
 }
 
-TEST(JvdCameraRoll, IsWrittenForAParallelViewToo) {
-  EXPECT_EQ(cameras(box3d + camera("OrthogonalProjection=\"1\" Position=\"0 -10 0\" "
-                                   "UpVector=\"1 0 0\"")),
-            view("0 -15 0", "0 0 0", "0", "<roll>90</roll>\n"));
-}
-
 TEST(JvdCameras, KeepUpVectorChangesNothing) {
   EXPECT_EQ(cameras(camera("KeepUpVector=\"0\" UpVector=\"1 0 0\"")),
             cameras(camera("UpVector=\"1 0 0\"")));
@@ -282,36 +192,6 @@ TEST(JvdCameras, KeepUpVectorChangesNothing) {
 
 std::string cameras2d(const std::string& content, const std::string& attributes = "") {
   return Display(plot2d(content, attributes, "Width=\"120\" Height=\"80\"")).element("cameras");
-}
-
-std::string viewFromAbove(const std::string& position, const std::string& interest) {
-  return "<cameras select=\"X-Y\">\n"
-         "<camera projection=\"X-Y\" sceneRatio=\"show\">\n"
-         "<position>" +
-         position +
-         "</position>\n"
-         "<interest>" +
-         interest +
-         "</interest>\n"
-         "<fieldOfView>0</fieldOfView>\n"
-         "</camera>\n"
-         "</cameras>\n";
-}
-
-TEST(JvdCamera2d, StandsAboveTheCenterOfTheBox) {
-  // The larger of 4 * 0.75 and 2, times 1.2.
-  EXPECT_EQ(cameras2d(box2d), viewFromAbove("2 0 3.6", "2 0 0"));
-  // The larger of 2 * (20 / 2 * 120 / 80) and 20, times 1.2.
-  EXPECT_EQ(cameras2d(range('X', "-1", "1") + range('Y', "10", "30")),
-            viewFromAbove("0 20 36", "0 20 0"));
-}
-
-TEST(JvdCamera2d, MeasuresConstrainedAxesAlike) {
-  // The larger of 4 and 2, times 1.2.
-  EXPECT_EQ(cameras2d(box2d, "Scaling=\"Constrained\""), viewFromAbove("2 0 4.8", "2 0 0"));
-  // The larger of 2 and 20, times 1.2.
-  EXPECT_EQ(cameras2d(range('X', "-1", "1") + range('Y', "10", "30"), "Scaling=\"Constrained\""),
-            viewFromAbove("0 20 24", "0 20 0"));
 }
 
 TEST(JvdCamera2d, IsMissingInItsListIfTheBoxIsUnknown) {

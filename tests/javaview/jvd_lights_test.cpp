@@ -20,105 +20,6 @@ std::string lights(const std::string& content) {
   return Display(plot3d(content, "", "Lighting=\"Explicit\"")).element("lights");
 }
 
-/// The block with these lights in it.
-std::string block(const std::string& content) {
-  return "<lights lightingModel=\"Light\">\n"
-         "<ambient><color>255 255 255</color></ambient>\n" +
-         content + "</lights>\n";
-}
-
-const std::string ambient =
-    "<light type=\"ambient\">\n"
-    "<color>255 255 255</color>\n"
-    "<intensity>1</intensity>\n"
-    "</light>\n";
-
-TEST(JvdLights, AmbientLightHasNoPlace) {
-  EXPECT_EQ(lights(object("AmbientLight",
-                          "<AmbientLight LightIntensity=\"0.25\" LightColor=\"#0a141e\"/>")),
-            block("<light type=\"ambient\">\n"
-                  "<color>10 20 30</color>\n"
-                  "<intensity>0.25</intensity>\n"
-                  "</light>\n"));
-}
-
-TEST(JvdLights, PointLightHasAPosition) {
-  EXPECT_EQ(lights(object("PointLight",
-                          "<PointLight Position=\"1 -2 3.5\" LightIntensity=\"0.5\" "
-                          "LightColor=\"#0a141e\"/>")),
-            block("<light type=\"point\">\n"
-                  "<position>1 -2 3.5</position>\n"
-                  "<color>10 20 30</color>\n"
-                  "<intensity>0.5</intensity>\n"
-                  "</light>\n"));
-}
-
-TEST(JvdLights, DistantLightHasAPositionAndATarget) {
-  EXPECT_EQ(lights(object("DistantLight",
-                          "<DistantLight Position=\"1 -2 3.5\" Target=\"4 5 6\" "
-                          "LightIntensity=\"0.75\" LightColor=\"#0a141e\"/>")),
-            block("<light type=\"direction\">\n"
-                  "<position>1 -2 3.5</position>\n"
-                  "<interest>4 5 6</interest>\n"
-                  "<color>10 20 30</color>\n"
-                  "<intensity>0.75</intensity>\n"
-                  "</light>\n"));
-}
-
-TEST(JvdLights, SpotLightHasAPositionAndATarget) {
-  EXPECT_EQ(lights(object("SpotLight",
-                          "<SpotLight Position=\"1 -2 3.5\" Target=\"4 5 6\" "
-                          "LightIntensity=\"0.75\" LightColor=\"#0a141e\"/>")),
-            block("<light type=\"spot\">\n"
-                  "<position>1 -2 3.5</position>\n"
-                  "<interest>4 5 6</interest>\n"
-                  "<color>10 20 30</color>\n"
-                  "<intensity>0.75</intensity>\n"
-                  "</light>\n"));
-}
-
-TEST(JvdLights, HaveDefaults) {
-  EXPECT_EQ(lights(object("SpotLight", "<SpotLight/>")), block("<light type=\"spot\">\n"
-                                                               "<position>0 10 0</position>\n"
-                                                               "<interest>0 0 0</interest>\n"
-                                                               "<color>255 255 255</color>\n"
-                                                               "<intensity>1</intensity>\n"
-                                                               "</light>\n"));
-}
-
-TEST(JvdLights, TheColorMayComeFromAStyleAndItsAlphaIsNotWritten) {
-  EXPECT_EQ(lights("<ObjStyle Type=\"AmbientLight\" LightColor=\"#11223344\"/>" +
-                   object("AmbientLight", "<AmbientLight/>")),
-            block("<light type=\"ambient\">\n"
-                  "<color>17 34 51</color>\n"
-                  "<intensity>1</intensity>\n"
-                  "</light>\n"));
-}
-
-TEST(JvdLights, OfAllObjectsShareOneBlock) {
-  EXPECT_EQ(
-      lights(object("AmbientLight", "<AmbientLight/>") + object("PointLight", "<PointLight/>") +
-             object("AmbientLight", "<AmbientLight/>")),
-      block(ambient +
-            "<light type=\"point\">\n"
-            "<position>0 10 0</position>\n"
-            "<color>255 255 255</color>\n"
-            "<intensity>1</intensity>\n"
-            "</light>\n" +
-            ambient));
-}
-
-TEST(JvdLights, AnImageGivesItsFirstLightInDocumentOrder) {
-  EXPECT_EQ(lights(object("SpotLight", "<Camera/><AmbientLight/><SpotLight/>")), block(ambient));
-  EXPECT_EQ(lights(object("AmbientLight", "<SpotLight Position=\"1 2 3\"/><AmbientLight/>")),
-            block("<light type=\"spot\">\n"
-                  "<position>1 2 3</position>\n"
-                  "<interest>0 0 0</interest>\n"
-                  "<color>255 255 255</color>\n"
-                  "<intensity>1</intensity>\n"
-                  "</light>\n"));
-}
-
 TEST(JvdLights, WithoutLightsThereIsNoBlock) {
   EXPECT_EQ(lights(""), "");
   EXPECT_EQ(lights(object("PointLight", "")), "");
@@ -141,30 +42,6 @@ TEST(JvdLights, AnObjectWithoutImageIsAnError) {
   }
 }
 
-/// A document from time 0 to 10 with one light that is there from 5 on.
-const std::string animated =
-    "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"10\"/><Scene3d><CoordinateSystem3d>"
-    "<Obj3d Type=\"AmbientLight\" TimeBegin=\"5\" TimeEnd=\"9\" VisibleBeforeBegin=\"0\">"
-    "<ParameterBegin Val=\"0\"/><ParameterEnd Val=\"1\"/>"
-    "<Img3d Param=\"0\"><AmbientLight LightIntensity=\"0.5\"/></Img3d>"
-    "<Img3d Param=\"0.5\"><AmbientLight/></Img3d>"
-    "</Obj3d></CoordinateSystem3d></Scene3d></Canvas>";
-
-TEST(JvdLights, TheImageIsThatOfTheTime) {
-  EXPECT_EQ(Display(animated, 7).element("lights"), block(ambient));
-  EXPECT_EQ(Display(animated, 6.9).element("lights"), block("<light type=\"ambient\">\n"
-                                                            "<color>255 255 255</color>\n"
-                                                            "<intensity>0.5</intensity>\n"
-                                                            "</light>\n"));
-}
-
-TEST(JvdLights, ALightShinesEvenBeforeItsObjectAppears) {
-  EXPECT_EQ(Display(animated, 0).element("lights"), block("<light type=\"ambient\">\n"
-                                                          "<color>255 255 255</color>\n"
-                                                          "<intensity>0.5</intensity>\n"
-                                                          "</light>\n"));
-}
-
 TEST(JvdLights, SpotAngleAndCameraCoordinatesChangeNothing) {
   EXPECT_EQ(lights(object("SpotLight", "<SpotLight SpotAngle=\"1\" CameraCoordinates=\"1\"/>")),
             lights(object("SpotLight", "<SpotLight/>")));
@@ -172,31 +49,6 @@ TEST(JvdLights, SpotAngleAndCameraCoordinatesChangeNothing) {
 
 std::string defaultLights(const std::string& content) {
   return Display(plot3d(content, "", "Lighting=\"Automatic\"")).element("lights");
-}
-
-std::string rigLight(const std::string& position, const std::string& intensity) {
-  return "<light type=\"point\">\n"
-         "<position>" +
-         position +
-         "</position>\n"
-         "<interest>0 0 0</interest>\n"
-         "<color>255 255 255</color>\n"
-         "<intensity>" +
-         intensity +
-         "</intensity>\n"
-         "<exponent>50</exponent>\n"
-         "</light>\n";
-}
-
-TEST(JvdLights, TheDefaultRigIsFittedToTheBox) {
-  EXPECT_EQ(defaultLights(unitBox3d),
-            block("<light type=\"ambient\">\n"
-                  "<color>255 255 255</color>\n"
-                  "<intensity>0.125</intensity>\n"
-                  "</light>\n" +
-                  rigLight("5 6 -8", "0.4") + rigLight("-5 -6 8", "0.5") +
-                  rigLight("-5 6 -8", "0.1") + rigLight("5 -6 8", "0.125") +
-                  rigLight("5 -6 -8", "0.1") + rigLight("-5 6 8", "0.125")));
 }
 
 TEST(JvdLights, TheDefaultRigNeedsTheWholeBox) {

@@ -87,7 +87,7 @@ constexpr char emptyModel[] = "<geometries>\n</geometries>\n</jvx-model>\n";
 
 }  // namespace
 
-TEST(JvxHeaderTest, TellsNothingOfTheDocument) {
+TEST(JvxHeaderTest, SaysNothingOfTheDocument) {
   EXPECT_EQ(written([](auto& out) { writeJvxHeader(out, "Thu Jan  1 00:00:00 1970"); }),
             "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\"?>\n"
             "<!DOCTYPE jvx-model SYSTEM \"http://www.javaview.de/rsrc/jvx.dtd\">\n"
@@ -321,7 +321,7 @@ TEST(JVXWriterTest, ExportsTheSceneWithTheIndexAskedFor) {
              "</CoordinateSystem2d></Scene2d><Scene3d><CoordinateSystem3d>" + pointAt("3") +
              "</CoordinateSystem3d></Scene3d>"));
   const auto exported = [&](std::size_t scene) {
-    ListeningWriter<JVXWriter> writer(document.get(), scene);
+    WarningsWriter<JVXWriter> writer(document.get(), scene);
     std::ostringstream out;
     writer.write(out, nan);
     EXPECT_EQ(writer.warnings, Strings());

@@ -3,11 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "property_effect.h"
-#include "vantry/plot/elements/arrow3d.h"
-#include "vantry/plot/elements/line3d.h"
-#include "vantry/plot/elements/lines3d.h"
-#include "vantry/plot/elements/poly3d.h"
-#include "vantry/plot/elements/pts3d.h"
 
 namespace vantry::javaview {
 
@@ -211,36 +206,26 @@ namespace {
 
 const Attributes fromAndTo{{Word::From, "1 2 3"}, {Word::To, "4 5 6"}};
 
+const std::vector<PropertyEffect> effectsOfALine{
+    {Word::From, "-1 0 0.5", {{"<p>1 2 3</p>", "<p>-1 0 0.5</p>"}}},
+    {Word::To, "-1 0 0.5", {{"<p>4 5 6</p>", "<p>-1 0 0.5</p>"}}},
+    {Word::LineWidth, "1", {{"<thickness>1.77165", "<thickness>3.54331"}}},
+    {Word::LineColor,
+     "#01020380",
+     {{"<color>0 0 0</color>\n</points>", "<color>1 2 3</color>\n</points>"},
+      {"<color>0 0 0</color>\n</lines>", "<color>1 2 3</color>\n</lines>"},
+      {"\"hide\">0</tr", "\"show\">0.498039</tr"}}},
+};
+
 }  // namespace
 
-TEST(Line3dTest, ShowsItsProperties) {
-  expectPropertyEffects<Line3d>(
-      {fromAndTo}, {
-                       {Word::From, "-1 0 0.5", {{"<p>1 2 3</p>", "<p>-1 0 0.5</p>"}}},
-                       {Word::To, "-1 0 0.5", {{"<p>4 5 6</p>", "<p>-1 0 0.5</p>"}}},
-                       {Word::LineWidth, "1", {{"<thickness>1.77165</", "<thickness>3.54331</"}}},
-                       {Word::LineColor,
-                        "#01020380",
-                        {{"<color>0 0 0</color>\n</points>", "<color>1 2 3</color>\n</points>"},
-                         {"<color>0 0 0</color>\n</lines>", "<color>1 2 3</color>\n</lines>"},
-                         {"\"hide\">0</tr", "\"show\">0.498039</tr"}}},
-                   });
-}
+TEST(Line3dTest, ShowsItsProperties) { expectPropertyEffects<Line3d>({fromAndTo}, effectsOfALine); }
 
 TEST(Arrow3dTest, ShowsItsProperties) {
-  expectPropertyEffects<Arrow3d>(
-      {fromAndTo}, {
-                       {Word::From, "-1 0 0.5", {{"<p>1 2 3</p>", "<p>-1 0 0.5</p>"}}},
-                       {Word::To, "-1 0 0.5", {{"<p>4 5 6</p>", "<p>-1 0 0.5</p>"}}},
-                       {Word::TipLength, "0", {{"arrow=\"show\"", "arrow=\"hide\""}}},
-                       {Word::TipAngle, "0", {{"arrow=\"show\"", "arrow=\"hide\""}}},
-                       {Word::LineWidth, "1", {{"<thickness>1.77165</", "<thickness>3.54331</"}}},
-                       {Word::LineColor,
-                        "#01020380",
-                        {{"<color>0 0 0</color>\n</points>", "<color>1 2 3</color>\n</points>"},
-                         {"<color>0 0 0</color>\n</lines>", "<color>1 2 3</color>\n</lines>"},
-                         {"\"hide\">0</tr", "\"show\">0.498039</tr"}}},
-                   });
+  std::vector<PropertyEffect> effects = effectsOfALine;
+  effects.push_back({Word::TipLength, "0", {{"arrow=\"show\"", "arrow=\"hide\""}}});
+  effects.push_back({Word::TipAngle, "0", {{"arrow=\"show\"", "arrow=\"hide\""}}});
+  expectPropertyEffects<Arrow3d>({fromAndTo}, effects);
 }
 
 }  // namespace vantry::javaview

@@ -1,22 +1,20 @@
 // Conversion of documents that hold a single primitive.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <map>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "vantry/javaview/jvx_writer.h"
-#include "vantry/plot/document.h"
+#include "conversion.h"
 #include "vantry/plot/framework/grammar.h"
-#include "vantry/plot/values/variants.h"
-#include "vantry/reader/zrd_parser_handler.h"
 
 namespace vantry::javaview {
 
-/// Attributes of an element by name, with the values as they stand in its start tag.
+/// Attributes of an element by name, with their values as they are in its start tag.
 using Attributes = std::map<Token, std::string>;
 
 /// `attributes` with `more` beside them.
@@ -71,27 +69,20 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
   return element("Canvas", {}, element("Scene" + dimension, {}, coordinateSystem));
 }
 
-/// What is written for the one primitive of the document: all that stands in `<geometries>`.
+/// What is written for the one primitive of the document: the content of `<geometries>`.
 template <class T>
 std::string convert(const MinimalDocument& source) {
-  const base::Ref<PlotDocument> document(new PlotDocument);
   const auto primitives2d = contentOf(Word::Img2d);
   const bool is2d = std::ranges::find(primitives2d, T::tag) != primitives2d.end();
-  const std::string text = textOf(source, T::tag.str(), is2d ? "2d" : "3d");
 
-  reader::ZrdParserHandler handler(document.get(), true, nullptr);
-  reader::Parser parser(&handler, true, nullptr);
-  if (!parser.parse(text.data(), static_cast<int>(text.size()), true)) return "not well formed";
-
-  std::ostringstream out;
-  JVXWriter(document.get()).write(out, nan);
-  const std::string model = out.str();
+  const JvxConversion conversion(textOf(source, T::tag.str(), is2d ? "2d" : "3d"));
+  EXPECT_EQ(conversion.error, "");
   const std::string_view head = "<geometries>\n";
-  const std::size_t begin = model.find(head) + head.size();
-  return model.substr(begin, model.find("</geometries>\n") - begin);
+  const std::size_t begin = conversion.text.find(head) + head.size();
+  return conversion.text.substr(begin, conversion.text.find("</geometries>\n") - begin);
 }
 
-// Texts that stand in nearly every geometry.
+// Texts that nearly every geometry has.
 
 /// `<material>` with the content of `<transparency>` and its attribute; opaque as a rule.
 inline std::string material(std::string_view attributes = "",

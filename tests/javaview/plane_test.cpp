@@ -9,18 +9,6 @@
 
 namespace vantry::javaview {
 
-namespace {
-
-int count(const std::string& text, const std::string& part) {
-  int result = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
-    ++result;
-  }
-  return result;
-}
-
-}  // namespace
-
 TEST(Pts2dTest, ShowsItsProperties) {
   expectPropertyEffects<Pts2d>(
       {{}, "<P2>1 2</P2>"},
@@ -222,8 +210,8 @@ TEST(Arc2dTest, RefusesAnglesWithoutEndBeforeAnythingIsWritten) {
 
 TEST(Arc2dTest, AcceptsManyTurns) {
   const std::string text = convert<Arc2d>({{{Word::EndAngle, "1000"}, {Word::Filled, "false"}}});
-  EXPECT_EQ(count(text, "<points num=\"15918\">"), 1);
-  EXPECT_EQ(count(text, "<p>"), 15918);
+  EXPECT_EQ(countOf("<points num=\"15918\">", text), 1U);
+  EXPECT_EQ(countOf("<p>", text), 15918U);
 }
 
 TEST(Arc2dTest, ShowsItsProperties) {

@@ -13,7 +13,7 @@
 
 namespace vantry::javaview {
 
-/// A piece of text that becomes another one. It stands in the text exactly once; an empty `before`
+/// A piece of text that becomes another one. It is in the text exactly once; an empty `before`
 /// is the whole text.
 struct Edit {
   std::string before;

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "conversion.h"
 
@@ -33,9 +31,9 @@ std::string nameOf(const ObjectBase& object) {
 }
 
 /// A writer that keeps the runs.
-class RunsWriter : public ListeningWriter<JVXWriter> {
+class RunsWriter : public WarningsWriter<JVXWriter> {
  public:
-  using ListeningWriter::ListeningWriter;
+  using WarningsWriter::WarningsWriter;
   void geometriesWritten(const ObjectBase& object, const PlotElement& primitive,
                          std::int64_t count) override {
     runs.push_back({nameOf(object), primitive.tagName().str(), count});
@@ -49,19 +47,6 @@ Runs runsOf(const std::string& source, std::size_t scene = 0) {
   std::ostringstream out;
   writer.write(out, nan);
   return writer.runs;
-}
-
-std::int64_t countOf(std::string_view part, std::string_view text) {
-  std::int64_t count = 0;
-  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) {
-    ++count;
-  }
-  return count;
-}
-
-std::string contentOf(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace
@@ -110,8 +95,8 @@ TEST(RunsTest, AccountForAllGeometriesOfTheExamples) {
     RunsWriter writer(document.get(), 0);
     std::ostringstream out;
     writer.write(out, nan);
-    std::int64_t geometries = 0;
-    for (const GeometryRun& run : writer.runs) geometries += run.count;
+    std::size_t geometries = 0;
+    for (const GeometryRun& run : writer.runs) geometries += static_cast<std::size_t>(run.count);
     EXPECT_EQ(geometries, countOf("<geometry>", out.str()));
     EXPECT_EQ(withoutHeader(out.str()), JvxConversion(document.get()).body());
     ++models;

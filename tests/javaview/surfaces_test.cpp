@@ -99,7 +99,7 @@ TEST(Mesh3dTest, NeedsAsManyPointsAsTheGridHas) {
   EXPECT_EQ(errorOf(with(threeByTwo, {{Word::USubmesh, "1"}}), 10), "");
 }
 
-TEST(Mesh3dTest, IsNotImpressedByEnormousGrids) {
+TEST(Mesh3dTest, RefusesEnormousGrids) {
   const std::string error = "not enough points in Mesh3d";
   const std::string most = "2147483647";
   EXPECT_EQ(errorOf({{Word::UMesh, most}, {Word::VMesh, most}}, 100), error);
