@@ -11,7 +11,7 @@ using namespace plot;
 /// Writes the set-up of a display. Points are those of the coordinate system: no transform applies.
 class DisplayOutput : public JavaViewOutput {
  public:
-  /// Where a camera or a light stands.
+  /// The place of a camera or a light.
   void writePosition(const P3& point) { writePoint("position", point); }
 
   /// What it is directed at.

@@ -68,7 +68,7 @@ double smallestStep(const P3& delta) {
 
 bool hasArrowHeads(const Field2d& field) { return hasTip(field); }
 
-/// A field in space has no properties of tips: the visibility of its points stands in for them.
+/// A field in space has no properties of tips: the visibility of its points decides instead.
 bool hasArrowHeads(const Field3d& field) { return field.pointsVisible(); }
 
 /// The range of the colours of a field. It reaches one step beyond the last nodes.

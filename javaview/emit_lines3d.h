@@ -12,6 +12,7 @@ namespace vantry::javaview {
 
 using namespace plot;
 
+/// Writes nothing if points are not visible.
 void emitPts3d(GeometryOutput& out, const Pts3d& points);
 
 /// `Lines` of an odd number of points end in a line to a point that does not exist, and their

@@ -86,8 +86,8 @@ double spanOf(const Arc2d& arc) { return arc.endAngle() - arc.startAngle(); }
 
 bool isFull(const Arc2d& arc) { return std::fabs(spanOf(arc) - fullTurn) <= 0x1p-52; }
 
-/// Whether the walk over the angles would never end, or not soon. It would not get on at all where
-/// angles are so large that the step is lost in them.
+/// Whether the steps from angle to angle would never end, or not soon. Where angles are so large
+/// that a step is lost in them, the angle would stay as it is.
 bool isEndless(const Arc2d& arc) {
   const double start = arc.startAngle();
   const double end = arc.endAngle();
@@ -103,8 +103,8 @@ std::int64_t truncated(double value) {
   return std::isnan(value) ? 0 : static_cast<std::int64_t>(std::max(value, least));
 }
 
-/// The index of the last point, as the span has it. The walk may end one point earlier or later,
-/// and for a span that goes backwards the index is negative; both are left as they are.
+/// The index of the last point, computed from the span. The steps may end one point earlier or
+/// later, and for a span that goes backwards the index is negative; both are so on purpose.
 std::int64_t lastIndex(const Arc2d& arc) {
   return isFull(arc) ? 99 : truncated(spanOf(arc) / arcStep) + 2;
 }

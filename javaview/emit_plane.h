@@ -15,6 +15,7 @@ namespace vantry::javaview {
 
 using namespace plot;
 
+/// Writes nothing if points are not visible.
 void emitPts2d(GeometryOutput& out, const Pts2d& points);
 
 /// A single point is written whether points are visible or not.
@@ -26,11 +27,12 @@ void emitPoly2d(GeometryOutput& out, const Poly2d& polygon);
 void emitLine2d(GeometryOutput& out, const Line2d& line);
 void emitArrow2d(GeometryOutput& out, const Arrow2d& arrow);
 
-/// Fill and line are two geometries, the fill first. Throws JavaViewExportError if the angles are
-/// so far apart, or so large, that there is no end to the points between them.
+/// Fill and line are two geometries, the fill first. Throws JavaViewExportError, before anything is
+/// written, if the angles are so far apart, or so large, that the points between them have no end.
 void emitArc2d(GeometryOutput& out, const Arc2d& arc);
 
-/// A text does not follow the transforms around it. Throws base::BadUnicodeString.
+/// The place of a text does not follow the transforms around it. Throws base::BadUnicodeString for
+/// a text that the locale cannot hold.
 void emitText2d(GeometryOutput& out, const Text2d& text);
 
 /// A line over the height of the viewing box, and a tenth of that beyond either end.

@@ -10,7 +10,7 @@ namespace vantry::javaview {
 using namespace plot;
 
 // Both throw JavaViewExportError, before anything is written, if there are fewer entries than
-// cells. Entries beyond the cells play no part. A raster does not follow the transforms around it.
+// cells. Entries beyond the cells are ignored. A raster does not follow the transforms around it.
 
 void emitColorArray2d(GeometryOutput& out, const ColorArray2d& raster);
 

@@ -1,4 +1,4 @@
-// Writers of the primitives in space whose geometry is generated. How finely they are divided is
+// Writers of the primitives in space whose geometry is computed. How finely they are divided is
 // fixed: no property and no size changes it.
 #pragma once
 
@@ -22,7 +22,8 @@ void emitCircle3d(GeometryOutput& out, const Circle3d& circle);
 /// The mantle and the two rims, without caps.
 void emitCone(GeometryOutput& out, const Cone& cone);
 
-/// Throws base::BadUnicodeString.
+/// The place of a text does not follow the transforms around it. Throws base::BadUnicodeString for
+/// a text that the locale cannot hold.
 void emitText3d(GeometryOutput& out, const Text3d& text);
 
 }  // namespace vantry::javaview

@@ -51,7 +51,7 @@ Grid::Grid(const Mesh3d& mesh)
       vStep(std::int64_t{mesh.vSubmesh()} + 1),
       columns((uMesh - 1) * uStep + 1),
       rows((vMesh - 1) * vStep + 1) {
-  // The product may be too large for any integer, so it is only taken when it is known to be small.
+  // The product may be too large for any integer, so it is computed once it is known to be small.
   const auto available = static_cast<std::int64_t>(mesh.points.size());
   if (rows > available / columns) throw JavaViewExportError("not enough points in Mesh3d");
   points = std::span(mesh.points).first(static_cast<std::size_t>(rows * columns));
@@ -73,7 +73,7 @@ void forEachCrossing(const Grid& grid, Visit visit) {
 }
 
 /// The points of a refined mesh, in a geometry of their own: only those of the parameter lines are
-/// to be seen.
+/// visible.
 void writeCrossings(GeometryOutput& out, const Mesh3d& mesh, const Grid& grid) {
   PointColors<P3> colors = surfaceLineColors(out, mesh, grid.points);
   const std::int64_t count = grid.uMesh * grid.vMesh;
@@ -147,8 +147,8 @@ void writeParameterLines(GeometryOutput& out, const Grid& grid) {
   }
 }
 
-/// The colours do not go along with the lines, and files are wanted so: each walk takes one step
-/// more than there are lines, and the second one counts as if the grid lay the other way round.
+/// The colours do not go along with the lines, on purpose: each loop takes one step more than there
+/// are lines, and the second one counts as if rows were columns.
 void writeParameterLineColors(GeometryOutput& out, const Grid& grid, PointColors<P3>& colors) {
   out << "<colors num=\"" << grid.lineCount() << "\">\n";
   for (std::int64_t row = 0; row < grid.rows; row += grid.vStep) {

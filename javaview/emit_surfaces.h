@@ -1,4 +1,5 @@
-// Surfaces: the grid of a function of two parameters, and lists of triangles or quadrilaterals.
+// Writers of surfaces: the grid of a function of two parameters, and lists of triangles or
+// quadrilaterals.
 #pragma once
 
 #include "vantry/javaview/geometry_output.h"

@@ -8,8 +8,9 @@ namespace vantry::javaview {
 
 using namespace plot;
 
-/// Writes a primitive of the class that the function belongs to as geometries, or as none if
-/// nothing of it is visible. Throws JavaViewExportError and base::BadUnicodeString.
+/// Writes a primitive, which is of the class that the function belongs to, as geometries; as none
+/// if nothing of it is visible. Throws JavaViewExportError, and base::BadUnicodeString for a text
+/// that the locale cannot hold.
 using Emitter = void (*)(GeometryOutput& out, const dom::Node& primitive);
 
 /// The function for primitives of the class of `node`. Null for any other node, and for what an

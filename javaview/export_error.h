@@ -1,11 +1,11 @@
-// What ends an export.
+// The error that ends an export.
 #pragma once
 
 #include <exception>
 
 namespace vantry::javaview {
 
-/// The document, or the place to write to, does not allow the export. The message is for people.
+/// The document, or the file to write to, does not allow the export. The message is for users.
 class JavaViewExportError : public std::exception {
  public:
   /// `message` must have static lifetime.

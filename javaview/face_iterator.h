@@ -12,8 +12,8 @@ namespace vantry::javaview {
 /// Room for the indices of one face: up to four vertices or four pairs.
 using FaceIndices = std::array<std::int64_t, 8>;
 
-/// Tells for each face of a surface which points it is made of. It computes from the number of the
-/// face and the number of points alone. With too few points the counts may be 0 or below.
+/// The points that each face of a surface is made of. They follow from the number of the face and
+/// the number of points alone. With too few points the counts may be 0 or below.
 class FaceIterator {
  public:
   explicit FaceIterator(std::int64_t pointCount) : pointCount_(pointCount) {}

@@ -27,7 +27,7 @@ using PointOf = typename decltype(Primitive::points)::value_type;
 /// As a size: the colour is written alone.
 inline constexpr double noThickness = std::numeric_limits<double>::quiet_NaN();
 
-/// Writes geometry. Points and vectors go through the innermost transform on their way. Sizes are
+/// Writes geometry. Transforms apply to all points and vectors. Sizes, widths and thicknesses are
 /// in millimetres.
 class GeometryOutput : public JavaViewOutput {
  public:
@@ -71,7 +71,7 @@ class GeometryOutput : public JavaViewOutput {
   void writePoint(const P2& point);
   void writePoint(const P3& point);
 
-  /// A point list. `size` is a diameter; the list states a radius.
+  /// A point list. `size` is a diameter, of which the list has the half.
   void writePoints(std::span<const P2> points, RGBA color, double size);
   void writePoints(std::span<const P3> points, RGBA color, double size);
 
@@ -122,7 +122,7 @@ class GeometryOutput : public JavaViewOutput {
   std::int64_t geometryCount_ = 0;
 };
 
-/// The colour that stands for a hatched fill: half-way to white, with the alpha of `color`.
+/// The colour in place of a hatched fill: half-way to white, with the alpha of `color`.
 RGBA lightenColor(RGBA color);
 
 }  // namespace vantry::javaview

@@ -7,7 +7,7 @@
 
 namespace vantry::javaview {
 
-/// What sets the headers of the document types apart.
+/// The differences between the headers of the document types.
 struct DocumentType {
   std::string_view root;
   std::string_view systemIdentifier;
@@ -18,7 +18,7 @@ struct DocumentType {
 /// `<description>`.
 void beginHeader(JavaViewOutput& out, const DocumentType& type, std::string_view date);
 
-/// The whole header of a model. All that it could tell of the document stays empty.
+/// The whole header of a model. All that it could say of the document stays empty.
 void writeJvxHeader(JavaViewOutput& out, std::string_view date);
 
 }  // namespace vantry::javaview

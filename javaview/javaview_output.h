@@ -14,7 +14,7 @@ using namespace plot;
 inline constexpr double pixelsPerMillimetre = 3.5433070866141736;
 
 /// Writes to a stream through a sink, with the pieces that every JavaView file is made of. Emitters
-/// write literal text with << and show it in the order in which it stands in the file.
+/// write literal text with <<, in the order in which it is in the file.
 class JavaViewOutput {
  public:
   /// From now on writes to `stream`, which must outlive the writing.

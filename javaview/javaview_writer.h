@@ -43,11 +43,11 @@ class JavaViewWriter {
   virtual ~JavaViewWriter() = default;
 
   /// Writes the whole document as it is at `time`; NaN asks for no certain time. Throws
-  /// JavaViewExportError, and base::BadUnicodeString for a text. However it ends, `stream` has got
-  /// all that was written so far.
+  /// JavaViewExportError, and base::BadUnicodeString for a text that the locale cannot hold.
+  /// However it ends, `stream` has all that was written so far.
   virtual void write(std::ostream& stream, double time);
 
-  /// Hears of what does not stop the export; does nothing here.
+  /// Called with what does not stop the export; does nothing here.
   virtual void warning(const char* text);
 
   /// Whether the document has a time range.
@@ -56,19 +56,19 @@ class JavaViewWriter {
   /// The time range of the document; false if there is none.
   bool timeRange(double& begin, double& end) const;
 
-  /// Sets the time of the output: `t`, brought into the time range, whose begin stands for NaN. For
-  /// a document without time range that is NaN, and another `t` is warned of.
+  /// Sets the time of the output: `t`, or the nearest time in the time range; for NaN its begin.
+  /// For a document without time range it is NaN, with a warning of any other `t`.
   void setTime(double t);
 
-  /// Searches what is to be exported; warns if there is more. Throws JavaViewExportError.
+  /// Finds what is to be exported; warns if there is more. Throws JavaViewExportError.
   ExportedScene findScene();
 
   /// Whether the object appears at the time of the output.
   bool isVisibleNow(const ObjectBase& object) const;
 
   /// The child of class `Frame` that holds at the time of the output: the last one that is not
-  /// later, where the frames stand in the order of their times. Otherwise the first one; null if
-  /// there is none.
+  /// later, if the frames are in the order of their times. Otherwise the first one; null if there
+  /// is none.
   template <class Frame>
   const Frame* findTimed(const dom::Node& parent) const;
   const Img3d* findImg3d(const Obj3d& object) const { return findTimed<Img3d>(object); }

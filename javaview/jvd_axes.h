@@ -9,7 +9,7 @@ namespace vantry::javaview {
 
 using namespace plot;
 
-/// Writes `<axes>`. The result tells whether the clip ranges are to be wider than the viewing box.
+/// Writes `<axes>`. Returns whether the clip ranges are to be wider than the viewing box.
 /// Throws base::BadUnicodeString for a title that is no text of the locale.
 bool writeAxes(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem, bool is2d,
                const Bounds& bounds, bool isAnimated);

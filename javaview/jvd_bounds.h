@@ -21,7 +21,7 @@ struct AxisRange {
   double size() const { return std::abs(max - min); }
 };
 
-/// The viewing box as far as the document tells it.
+/// The viewing box, as far as the document gives it, in the units of the model.
 struct Bounds {
   AxisRange x;
   AxisRange y;
@@ -43,8 +43,8 @@ P3 mapToBox(const Bounds& bounds, const P3& point);
 /// Whether the axes are scaled alike.
 bool isConstrained(const CoordinateSystemBase& coordinateSystem);
 
-/// Writes `<boxRatio>` and gives the ratio with which the camera sees the box: 1 if the scaling is
-/// constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.
+/// Writes `<boxRatio>` and returns the ratio with which the camera sees the box: 1 if the scaling
+/// is constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.
 double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                        const Bounds& bounds);
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-/// The part of `p` that lies in the plane normal to `v`, whose squared length is `squaredLength`.
+/// The part of `p` in the plane normal to `v`, whose squared length is `squaredLength`.
 P3 projectAlong(const P3& v, double squaredLength, const P3& p) {
   const double xx = v.y * v.y + v.z * v.z;
   const double yy = v.x * v.x + v.z * v.z;
@@ -64,8 +64,8 @@ void writeRoll(DisplayOutput& out, const Camera& camera) {
   out << "<roll>" << (isTurnedBack(a, b) ? -angle : angle) << "</roll>\n";
 }
 
-/// A parallel view stands outside of the viewing box, at a place that does not depend on where the
-/// focal point is.
+/// A parallel view looks from outside of the viewing box, from a place that does not depend on
+/// where the focal point is.
 P3 parallelPosition(const P3& d, double span) {
   const double distance = length(d);
   return 1.5 * span * (distance >= epsilon ? d / distance : P3{});

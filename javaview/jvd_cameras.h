@@ -11,12 +11,12 @@ namespace vantry::javaview {
 using namespace plot;
 
 /// Writes `<cameras>` with the first camera of the coordinate system that can be used at the
-/// writer's time; without one, with a view on the whole viewing box; and nothing if that is
+/// writer's time; without one, with a view of the whole viewing box; and nothing if that is
 /// unknown. Throws JavaViewExportError for a camera object without an image.
 void writeCameras3d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                     const Bounds& bounds, const JavaViewWriter& writer);
 
-/// Writes `<cameras>` with a view from above on the viewing box, empty if that is unknown. `ratio`
+/// Writes `<cameras>` with a view of the viewing box from above, empty if that is unknown. `ratio`
 /// is the box ratio.
 void writeCamera2d(DisplayOutput& out, const Bounds& bounds, double ratio);
 

@@ -76,7 +76,7 @@ void JVXWriter::writeContainer(const dom::Node& container) {
       [this](const dom::Node& node) { leave(node); });
 }
 
-/// Writes the node if it is an object, and tells whether to go on with its children.
+/// Writes the node if it is an object. Returns whether to go on with its children.
 bool JVXWriter::enter(const dom::Node& node) {
   if (const auto* object = elementCast<Obj3d>(&node)) {
     writeObj3d(*object);

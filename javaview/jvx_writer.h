@@ -19,8 +19,8 @@ class JVXWriter : public JavaViewWriter {
   using JavaViewWriter::JavaViewWriter;
 
   /// Writes a document with a time range as a series of files, from its begin on with `frames`
-  /// (above 0) files to a unit of time, the last one at its end. Their number stands before the
-  /// last dot of `fileName`: "movie.jvx" becomes "movie.1.jvx" and so on. Throws
+  /// (above 0) files to a unit of time, the last one at its end. Their number goes before the last
+  /// dot of `fileName`: "movie.jvx" becomes "movie.1.jvx" and so on. Throws
   /// JavaViewExportError, and base::BadUnicodeString for a text that the locale cannot hold; the
   /// files of earlier frames stay then.
   void writeAnimation(int frames, const char* fileName);

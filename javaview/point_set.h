@@ -1,4 +1,4 @@
-// Points that stand alone, in the plane and in space.
+// Points alone, without lines and faces, in the plane and in space.
 #pragma once
 
 #include "vantry/javaview/geometry_output.h"

@@ -7,8 +7,8 @@
 
 namespace vantry::javaview {
 
-/// Writes a line as a geometry of its own. `tip` says whether an arrow has a tip; a line that is no
-/// arrow has no say in that.
+/// Writes a line as a geometry of its own. `tip` says whether an arrow has a tip; it is empty for a
+/// line that is no arrow.
 template <class Point>
 void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, RGBA color,
                        double width, std::optional<bool> tip = std::nullopt) {
