@@ -137,23 +137,25 @@ void Document::endSubscription(Subscription& subscription) {
 }
 
 void Document::beginBatch() {
-  if (batchDepth_ > 0) {
+  if (isInBatch() || isBatchBeginning_) {
     ++batchDepth_;
     return;
   }
-  const unsigned limit = history_.limit();
+  savedHistoryLimit_ = history_.limit();
   history_.setLimit(0);
+  isBatchBeginning_ = true;
   for (auto notified = observers_.begin(); notified != observers_.end(); ++notified) {
     try {
       if (notified->observer) notified->observer->beforeBatch();
     } catch (...) {
-      history_.setLimit(limit);
+      isBatchBeginning_ = false;
+      setUndoLimit(savedHistoryLimit_);
       reportEndOfBatch(notified);
       throw;
     }
   }
+  isBatchBeginning_ = false;
   removeUnreferencedRanges();
-  savedHistoryLimit_ = limit;
   ++batchDepth_;  // an observer may have begun one of its own
 }
 
@@ -170,7 +172,7 @@ std::exception_ptr Document::reportEndOfBatch(std::list<Subscription>::iterator 
 }
 
 void Document::endBatch() {
-  if (batchDepth_ == 0 || --batchDepth_ > 0) return;
+  if (batchDepth_ == 0 || --batchDepth_ > 0 || isBatchBeginning_) return;
   history_.setLimit(savedHistoryLimit_);
   const std::exception_ptr error = reportEndOfBatch(observers_.end());
   removeUnreferencedRanges();
@@ -241,7 +243,7 @@ void Document::redo() {
 }
 
 void Document::setUndoLimit(unsigned limit) {
-  if (isInBatch()) {
+  if (isInBatch() || isBatchBeginning_) {
     savedHistoryLimit_ = limit;
   } else {
     history_.setLimit(limit);

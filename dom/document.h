@@ -81,7 +81,7 @@ class Document : public InnerNode {
 
   /// Between these two nothing is recorded and no events are sent. They nest. A batch empties the
   /// undo history. If an observer throws at its begin, there is no batch; afterBatch() is called
-  /// for those already notified.
+  /// for those already notified. One that begins within another is part of that, even at its begin.
   virtual void beginBatch();
   virtual void endBatch();
   bool isInBatch() const { return batchDepth_ > 0; }
@@ -241,6 +241,7 @@ class Document : public InnerNode {
   unsigned batchDepth_ = 0;
   unsigned savedHistoryLimit_ = 0;
   unsigned executionDepth_ = 0;
+  bool isBatchBeginning_ = false;
   bool isAbandoned_ = false;
 };
 

@@ -285,41 +285,66 @@ TEST_F(UnrulyObserverTest, ABatchThatAnObserverPreventsHasNotBegun) {
   }
 }
 
-/// Does what it is asked to, once, when a batch begins.
+/// Does what it is asked to when a batch begins.
 template <class Function>
 class BatchBeginner final : public Recorder {
  public:
   explicit BatchBeginner(Function function) : function_(std::move(function)) {}
   void beforeBatch() override {
-    if (std::exchange(isFirst_, false)) function_();
+    Recorder::beforeBatch();
+    function_();
   }
 
  private:
   Function function_;
-  bool isFirst_ = true;
 };
 
-TEST_F(UnrulyObserverTest, ABatchWithinTheBeginOfABatchKeepsTheUndoLimit) {
+TEST_F(UnrulyObserverTest, ABatchWithinTheBeginOfABatchIsPartOfIt) {
   TestElement* root = load("<r></r>");
+  const Ref<Range> range = document->createRange(false);
   for (const bool isEnded : {true, false}) {
     BatchBeginner observer([&] {
       document->beginBatch();
+      EXPECT_TRUE(document->isInBatch());
       if (isEnded) document->endBatch();
     });
     document->addObserver(&observer);
     document->beginBatch();
+    EXPECT_TRUE(range->isFrozen());
     root->setAttribute(x, LongVariant(1));
     document->endBatch();
     if (!isEnded) {
       EXPECT_TRUE(document->isInBatch());
       document->endBatch();
     }
+    EXPECT_EQ(observer.log, (Log{"beforeBatch", "afterBatch"}));
     document->removeObserver(&observer);
     expectAtRest();
+    EXPECT_FALSE(range->isFrozen());
     EXPECT_FALSE(document->canUndo());
     root->setAttribute(x, LongVariant(2));
     EXPECT_TRUE(document->canUndo());
   }
+}
+
+TEST_F(UnrulyObserverTest, ABatchWithinTheBeginOfOneThatIsPreventedKeepsTheUndoLimit) {
+  TestElement* root = load("<r></r>");
+  BatchBeginner observer([&] {
+    document->beginBatch();
+    document->setUndoLimit(1);
+    throw Thrown();
+  });
+  document->addObserver(&observer);
+  EXPECT_THROW(document->beginBatch(), Thrown);
+  document->removeObserver(&observer);
+  EXPECT_TRUE(document->isInBatch()) << "in that of the observer";
+  document->endBatch();
+  for (int i = 0; i < 2; ++i) {
+    document->startUndoGroup();
+    root->setAttribute(x, LongVariant(i));
+  }
+  document->undo();
+  EXPECT_FALSE(document->canUndo());
 }
 
 TEST_F(UnrulyObserverTest, ADocumentIsTornDownWhateverObserversThrow) {
