@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "vantry/dom/document.h"
+#include "vantry/dom/dom_exception.h"
 #include "vantry/dom/tree_walk.h"
 
 namespace vantry::dom {
@@ -173,6 +174,7 @@ ReplaceTextOperation::ReplaceTextOperation(Text* node, unsigned offset, unsigned
 
 void ReplaceTextOperation::execute() {
   Text& target = *node()->asText();
+  if (offset_ > target.length()) throw DomException(DomException::IndexSize);
   const char* text = text_.empty() ? nullptr : text_.c_str();
   document().announce(BeforeReplaceTextEvent(&target, offset_, count_, text));
   std::optional<std::string> old = target.substringData(offset_, count_);

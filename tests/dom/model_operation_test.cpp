@@ -253,7 +253,11 @@ TEST_F(ModelOperationTest, UndoOnATextThatHasBecomeShorterRaises) {
   load("<r>abcdef</r>");
   text()->replaceData(5, 1, "X");
   document->executeDeferred(std::make_unique<ReplaceTextOperation>(text(), 0U, 6U, nullptr));
+  Recorder recorder;
+  document->addObserver(&recorder);
   EXPECT_DOM_ERROR(1, document->undo());
+  document->removeObserver(&recorder);
+  EXPECT_EQ(recorder.log, (Log{"detached all"})) << "nothing is announced that does not come";
 }
 
 // Attributes
