@@ -6,8 +6,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "vantry/reader/error_end.h"
-
 namespace vantry::reader {
 
 namespace {
@@ -24,7 +22,7 @@ constexpr unsigned long long freeMemory = 8 * 1024 * 1024;
 constexpr std::size_t declarationsOfAByte = 16;
 
 /// A token is read again with each block until it is as long as this.
-constexpr std::int64_t longToken = 16 * 1024;
+constexpr std::int64_t longTokenSize = 16 * 1024;
 
 /// Bounds the memory that a parser takes. A document is out of memory beyond it. A start tag whose
 /// attributes have a long namespace is a product of both, before anybody is called. A parser that
@@ -39,12 +37,20 @@ void boundMemory(Handle parser) {
 
 /// Reads a token that is not complete only when it has grown to twice its size, or with each block.
 /// Without the former a long token would cost the square of its length, which it does with a parser
-/// that does not know of it. The latter finds an error in the block in which it is.
+/// that does not know of it. The latter finds an error in the block in which it is, and is what the
+/// block with the end of a long token needs.
 template <class Handle>
 void deferReparsing(Handle parser, bool isDeferred) {
   if constexpr (requires { XML_SetReparseDeferralEnabled(parser, XML_TRUE); }) {
     XML_SetReparseDeferralEnabled(parser, isDeferred ? XML_TRUE : XML_FALSE);
   }
+}
+
+/// The bytes of a character of UTF-8, by its first one.
+std::int64_t sizeOfCharacter(char first) {
+  const auto byte = static_cast<unsigned char>(first);
+  if (byte < 0xC0 || byte >= 0xF8) return 1;
+  return byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
 }
 
 }  // namespace
@@ -118,9 +124,14 @@ bool Parser::parse(const char* buffer, int length, bool isFinal) {
   bool isAccepted = false;
   if (parser_ && XML_GetErrorCode(parser_.get()) != XML_ERROR_NO_MEMORY) {
     size_ += length;
+    const std::string_view block(buffer, static_cast<std::size_t>(length));
+    deferReparsing(parser_.get(), longToken_ && !longToken_->isIn(block));
     isAccepted = XML_Parse(parser_.get(), buffer, length, isFinal) == XML_STATUS_OK;
-    if (isAccepted) noteToken();
-    deferReparsing(parser_.get(), isAccepted && size_ - tokenBegin_ >= longToken);
+    if (isAccepted) {
+      noteToken();
+    } else {
+      longToken_.reset();  // a parser that defers takes more blocks as if nothing had happened
+    }
   }
   if (failure_) std::rethrow_exception(failure_);
   if (!isAccepted && handler_) handler_->parseFailed();
@@ -130,7 +141,16 @@ bool Parser::parse(const char* buffer, int length, bool isFinal) {
 // Where the parser has not looked at the token again, it does not say where that begins.
 void Parser::noteToken() {
   const std::int64_t begin = XML_GetCurrentByteIndex(parser_.get());
-  if (begin >= 0) tokenBegin_ = begin;
+  if (begin < 0) return;
+  if (begin != tokenBegin_) longToken_.reset();
+  tokenBegin_ = begin;
+  if (longToken_ || size_ - begin < longTokenSize) return;
+  int offset = 0;
+  int size = 0;
+  if (const char* context = XML_GetInputContext(parser_.get(), &offset, &size)) {
+    longToken_.emplace(std::string_view(context, static_cast<std::size_t>(size))
+                           .substr(static_cast<std::size_t>(offset)));
+  }
 }
 
 std::int32_t Parser::errorCode() const {
@@ -138,8 +158,16 @@ std::int32_t Parser::errorCode() const {
   return isTooLarge_ ? XML_ERROR_AMPLIFICATION_LIMIT_BREACH : XML_GetErrorCode(parser_.get());
 }
 
+// The place of an invalid token is that of the character which makes it so. All other errors are
+// found when the token is complete, in the last block.
 std::int64_t Parser::errorEnd() const {
-  return parser_ ? endOfError(parser_.get(), tokenBegin_, size_) : size_;
+  const std::int64_t beyondAll = size_ + 1;
+  if (errorCode() != XML_ERROR_INVALID_TOKEN) return beyondAll;
+  const std::int64_t place = XML_GetCurrentByteIndex(parser_.get());
+  int offset = 0;
+  int size = 0;
+  const char* const context = XML_GetInputContext(parser_.get(), &offset, &size);
+  return context && offset < size ? place + sizeOfCharacter(context[offset]) : beyondAll;
 }
 
 std::int32_t Parser::lineNumber() const { return place().line; }

@@ -14,6 +14,7 @@
 
 #include "vantry/reader/namespaces.h"
 #include "vantry/reader/recent_names.h"
+#include "vantry/reader/token_end.h"
 #include "vantry/reader/xml_handler.h"
 
 struct XML_ParserStruct;  // expat's parser
@@ -50,7 +51,7 @@ class Parser {
 
   /// To be asked when parse() has failed for the first time: how many bytes of the document show
   /// the error. They may be less than it took by several blocks, for a long token is not read again
-  /// until it has grown; and more if the document is wrong in that it ends.
+  /// until it has grown or ends. They are more than it took if only the last block shows the error.
   std::int64_t errorEnd() const;
 
   /// Where the parser stands, counted from line 1; 0 if no parser could be created.
@@ -98,8 +99,9 @@ class Parser {
   double unwritten_ = 0;  // bytes of start tags that the document did not write
   std::size_t declaredAttributes_ = 0;
   bool isTooLarge_ = false;
-  std::int64_t size_ = 0;        // of all blocks
-  std::int64_t tokenBegin_ = 0;  // of the token that is not yet complete
+  std::int64_t size_ = 0;              // of all blocks
+  std::int64_t tokenBegin_ = 0;        // of the token that is not yet complete
+  std::optional<TokenEnd> longToken_;  // its end, if it has grown long
   std::exception_ptr failure_;
   std::optional<Place> stoppedAt_;
 };

@@ -250,6 +250,7 @@ TEST_F(HostileDocument, PointBehindThirtyMegabytesOfBlanks) {
 // The number of warnings is that of the blocks from the one on that shows the error, however the
 // parser looks for it, and so are their places.
 TEST_F(HostileDocument, ErrorInALongTokenIsWarnedOfFromItsBlockOn) {
+  const std::string behindAComment = "-->" + repeated("<b/>", 200) + "</b>";
   const struct {
     const char* before;
     const char* error;  // its last character shows it
@@ -257,6 +258,7 @@ TEST_F(HostileDocument, ErrorInALongTokenIsWarnedOfFromItsBlockOn) {
   } rows[] = {{"<Canvas>\n<Group2d Name='", "<", "4"},
               {"<Canvas>\n<Group2d Name='", "' Name=''>", "8"},
               {"<Canvas>\n<!-- ", "--x", "4"},
+              {"<Canvas>\n<!-- it's ", behindAComment.c_str(), "7"},
               {"<Canvas>\n</Canva", ">", "7"}};
   for (const auto& [before, error, number] : rows) {
     for (const std::size_t length : {20u, 2'000u, 15'000u, 16'500u, 60'000u, 300'000u}) {
