@@ -92,8 +92,7 @@ struct Parser::Callbacks {
     try {
       event(self);
     } catch (...) {
-      self.failure_ = std::current_exception();
-      self.stop();
+      self.keepFailure();
     }
   }
 };
@@ -191,17 +190,30 @@ void Parser::stop() {
   XML_StopParser(parser_.get(), XML_FALSE);
 }
 
+void Parser::keepFailure() {
+  failure_ = std::current_exception();
+  stop();
+}
+
 // The codes of a name, null for one that the handler does not know.
-const NameCodes* Parser::lookUpElement(const SplitName& name) {
-  if (const NameCodes* known = elementNames_.find(name.localName, name.space)) return known;
+const NameCodes* Parser::lookUpElement(SplitName name) {
+  const NameCodes* known = elementNames_.find(name.localName, name.space);
+  return known ? known : askForElement(name);
+}
+
+const NameCodes* Parser::lookUpAttribute(const char* name) {
+  const NameCodes* known = attributeNames_.find(name);
+  return known ? known : askForAttribute(name);
+}
+
+const NameCodes* Parser::askForElement(SplitName name) {
   NameCodes codes;
   const bool isKnown =
       handler_->lookupElement(name.namespaceUri(), name.localName, codes.namespaceId, codes.nameId);
   return isKnown ? elementNames_.add(name.localName, codes, name.space) : nullptr;
 }
 
-const NameCodes* Parser::lookUpAttribute(const char* name) {
-  if (const NameCodes* known = attributeNames_.find(name)) return known;
+const NameCodes* Parser::askForAttribute(const char* name) {
   const SplitName split = namespaces_.splitAttribute(name);
   auto& unknown = unknownAttributes_[split.space];
   if (unknown.contains(std::string_view(split.localName))) return nullptr;

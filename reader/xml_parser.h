@@ -80,13 +80,19 @@ class Parser {
   void endElement();
   void characters(const char* data, int length);
 
-  const NameCodes* lookUpElement(const SplitName& name);
+  const NameCodes* lookUpElement(SplitName name);
   const NameCodes* lookUpAttribute(const char* name);
   bool countUnwritten(const char* const* namesAndValues);
   bool countUnwritten(std::size_t bytes);
   void noteToken();
   Place place() const;
   void stop();
+
+  // Rare, and each with an address of something in its frame. Within their callers they would have
+  // each of these frames checked for an overflow.
+  [[gnu::noinline]] const NameCodes* askForElement(SplitName name);
+  [[gnu::noinline]] const NameCodes* askForAttribute(const char* name);
+  [[gnu::noinline]] void keepFailure();
 
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   Handler* handler_;
