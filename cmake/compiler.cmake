@@ -37,6 +37,15 @@ function(vantry_lto target)
   endif()
 endfunction()
 
+# vantry_program(<target>): makes a target one of the programs. Most of the start of a small process is
+# the work of the dynamic loader, and most of that is for the C++ library.
+function(vantry_program target)
+  vantry_lto(${target})
+  if(VANTRY_STATIC_RUNTIME)
+    target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc)
+  endif()
+endfunction()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
