@@ -19,6 +19,22 @@ if(VANTRY_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
+# What distributions build with, as far as the compiler has it for the processor. What it costs, and
+# what is left out, is in docs/performance.md.
+if(VANTRY_HARDENING)
+  include(CheckCXXCompilerFlag)
+  foreach(flag stack-protector-strong stack-clash-protection)
+    check_cxx_compiler_flag(-f${flag} VANTRY_HAS_${flag})
+    if(VANTRY_HAS_${flag})
+      add_compile_options(-f${flag})
+    endif()
+  endforeach()
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
+  add_compile_options($<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>>:-fPIE>)
+  add_link_options($<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie>)
+  add_link_options(-Wl,-z,relro,-z,now)
+endif()
+
 set(vantry_has_lto FALSE)
 if(VANTRY_LTO AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set(vantry_has_lto TRUE)
