@@ -12,8 +12,9 @@ build_packages=(
 )
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 
-# What the tests need besides: the tools that make and check manual pages, and the shells.
-test_packages=(lowdown mandoc zsh fish)
+# What the tests need besides: the tools that make and check manual pages, and what the recipes of
+# docs/many-files.md run in.
+test_packages=(lowdown make mandoc parallel zsh fish)
 
 # What the page that shows plots needs besides.
 page_packages=(nodejs npm)

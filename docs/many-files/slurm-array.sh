@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# A job array that shares out the plots of a list, a name a line, among so many tasks:
+#     find plots -name '*.zrd' > list
+#     sbatch --array=0-9 slurm-array.sh 10 list out
+# Each task converts its part with the processors that it was given. What is new already stays, so one
+# that failed can be run again: sbatch --array=3 slurm-array.sh 10 list out
+#SBATCH --job-name=plots
+#SBATCH --output=plots-%A-%a.log
+#SBATCH --cpus-per-task=4
+set -euo pipefail
+tasks=$1
+list=$2
+output=$3
+
+# Neighbours in the list go to different tasks, for large plots often stand side by side.
+awk -v tasks="$tasks" -v task="$SLURM_ARRAY_TASK_ID" 'NR % tasks == task' "$list" |
+  zrd convert --jobs "${SLURM_CPUS_PER_TASK:-1}" --keep-going --if-changed --output-dir "$output" -
