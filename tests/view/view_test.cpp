@@ -68,6 +68,14 @@ TEST_F(ViewTest, WritesAPageToStandardOutput) {
   EXPECT_TRUE(isPage(outcome.out));
 }
 
+TEST_F(ViewTest, ReadsStandardInput) {
+  write("plot.zrd", plot);
+  setWrapper({"/bin/sh", "-c", R"("$0" "$@" < plot.zrd)"});
+  const Outcome outcome = view({"-", "-o", "-"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(isPage(outcome.out));
+}
+
 TEST_F(ViewTest, ShowsSeveralPlots) {
   write("a.zrd", plot);
   write("b.jvx", model);
