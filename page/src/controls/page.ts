@@ -14,7 +14,7 @@ import { Player } from './player';
 const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255] };
 const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28] };
 
-/** What stands behind the "#" of the address. */
+/** What the address says behind its "#". */
 export function modeOf(hash: string): Mode {
   const words = new Set(hash.replace(/^#/, '').split(/[&,]/));
   return { picture: words.has('picture'), transparent: words.has('transparent') };

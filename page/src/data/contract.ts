@@ -31,7 +31,7 @@ export interface TickText {
   text: string;
 }
 
-/** How numbers stand at their ticks. */
+/** How numbers are written at their ticks. */
 export const NUMBER_STYLES = ['horizontal', 'vertical', 'diagonal', 'shifted'] as const;
 export type NumberStyleName = (typeof NUMBER_STYLES)[number];
 

@@ -30,7 +30,7 @@ export async function readScene(
   return makeScene(await readText(model, pause), displays, order);
 }
 
-/** The name of the root element, as far as the beginning of a text tells it. */
+/** The name of the root element, read from the beginning of a text. */
 export async function rootOf(source: Source): Promise<string> {
   const reader = new Reader();
   const stream = (await open(source)).getReader();

@@ -100,7 +100,7 @@ export class RulerLayout {
     };
   }
 
-  /** Numbers at the major ticks of a ruler, as they are asked to stand there. */
+  /** Numbers at the major ticks of a ruler, written in one of the styles. */
   numbers(
     ticks: RulerTicks,
     values: readonly number[],

@@ -79,7 +79,7 @@ export interface TickLook {
 }
 
 export interface RulerTicks extends Ticks {
-  /** What stands at a major tick. */
+  /** The text at a major tick. */
   text(value: number): string;
 }
 

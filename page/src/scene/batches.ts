@@ -56,7 +56,7 @@ export const PLAIN_GLOSS: Gloss = {
   ambient: 0.2,
 };
 
-/** So many kinds of gloss are told apart in one scene; others look like the last of them. */
+/** A scene has at most so many kinds of gloss; further ones look like the last of them. */
 export const MOST_GLOSSES = 32;
 
 /** Object, and code of pattern and gloss. */
@@ -177,7 +177,7 @@ export interface LineStyle {
   tip: Tip | undefined;
 }
 
-/** So many kinds of tips are told apart in one scene; others look like the last of them. */
+/** A scene has at most so many kinds of tips; further ones look like the last of them. */
 export const MOST_TIPS = 15;
 
 /** How the third number of a style holds a dash, and the number of a tip from 1 on. */

@@ -205,7 +205,7 @@ test('materials shine as they say', () => {
   assert.equal(glossOf(plain.faces[0]!.tags[1]!), 0);
 });
 
-test('patterns and glosses are told apart in one number', () => {
+test('a number holds both a pattern and a gloss', () => {
   const code = lookCode(6, 31);
   assert.deepEqual([patternOf(code), glossOf(code)], [6, 31]);
 });

@@ -93,7 +93,7 @@ test('numbers of a logarithm have their own digits', () => {
   assert.deepEqual(ticks.major.map(ticks.text), ['0.001', '0.01', '0.1', '1', '10', '100', '1000']);
 });
 
-test('ticks of their own stand beside the regular ones or alone', () => {
+test('named ticks come beside the regular ones or alone', () => {
   const ticks = [
     { at: 1, text: 'one' },
     { at: 2.5, text: 'more' },
