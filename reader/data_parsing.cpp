@@ -75,12 +75,20 @@ bool isFormOf(const P3List& list, const WordCounts& words) {
 
 }  // namespace
 
-P2List* pointsInPlane(PlotElement* element) {
+const P2List* pointsInPlane(const PlotElement* element) {
   return elementCast<P2List, Poly2d, Field2d, Pts2d>(element);
 }
 
-P3List* pointsInSpace(PlotElement* element) {
+const P3List* pointsInSpace(const PlotElement* element) {
   return elementCast<P3List, Mesh3d, Poly3d, Pts3d, Lines3d, Field3d, Surf3d>(element);
+}
+
+P2List* pointsInPlane(PlotElement* element) {
+  return const_cast<P2List*>(pointsInPlane(static_cast<const PlotElement*>(element)));
+}
+
+P3List* pointsInSpace(PlotElement* element) {
+  return const_cast<P3List*>(pointsInSpace(static_cast<const PlotElement*>(element)));
 }
 
 PointError appendPoint(P2List& list, const char* text) {

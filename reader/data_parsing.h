@@ -25,6 +25,8 @@ enum class PointError : std::uint8_t {
 /// The list that an element keeps points in; null for any other element, and for null.
 plot::P2List* pointsInPlane(plot::PlotElement* element);
 plot::P3List* pointsInSpace(plot::PlotElement* element);
+const plot::P2List* pointsInPlane(const plot::PlotElement* element);
+const plot::P3List* pointsInSpace(const plot::PlotElement* element);
 
 /// Appends the point that a text describes, with its normal and colours. A text that is refused
 /// leaves the list as it was.

@@ -119,6 +119,12 @@ constexpr Token textElements[] = {
 };
 // clang-format on
 
+constexpr auto isText = [] {
+  base::WordTable<bool> table;
+  for (const Token element : textElements) table[element] = true;
+  return table;
+}();
+
 constexpr Row noChildren = {Token(), {}};
 
 // The row of each parent, from 1; 0 for a name without one.
@@ -156,9 +162,7 @@ std::span<const Token> allowedOptionsOf(Token parent) { return spanOf(rowOf(pare
 
 std::span<const Token> requiredOptionsOf(Token parent) { return spanOf(rowOf(parent).required); }
 
-bool takesText(Token element) {
-  return std::ranges::find(textElements, element) != std::end(textElements);
-}
+bool takesText(Token element) { return isText[element]; }
 
 const ChildRules& childRulesOf(Token parent) { return rulesOfRows[rowNumbers[parent]]; }
 

@@ -1,0 +1,33 @@
+// The check of whole documents.
+#pragma once
+
+#include <iosfwd>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "vantry/check/diagnostic.h"
+
+namespace vantry::check {
+
+/// All that is wrong with a document, in the order of the places, but no more than 10,000 findings
+/// of a kind. Without an error among it, the document can be converted: by JVXWriter and JVDWriter
+/// at no certain time. The texts of the document are judged by the character set of the process's
+/// locale.
+std::vector<Diagnostic> check(std::string_view document);
+
+/// The same for a document that is read to its end. What the stream says after that is left to the
+/// caller.
+std::vector<Diagnostic> check(std::istream& document);
+
+/// What a code is about, whatever document it is found in.
+struct CodeInfo {
+  std::string_view code;
+  Severity severity;
+  std::string_view summary;
+};
+
+/// All codes, each once.
+std::span<const CodeInfo> codes();
+
+}  // namespace vantry::check

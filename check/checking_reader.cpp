@@ -1,0 +1,535 @@
+#include "vantry/check/checking_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "vantry/base/scan.h"
+#include "vantry/base/text_errors.h"
+#include "vantry/check/names.h"
+#include "vantry/check/values.h"
+#include "vantry/check/xml_errors.h"
+#include "vantry/dom/dom_exception.h"
+#include "vantry/reader/attachment_rules.h"
+#include "vantry/reader/zrd_names.h"
+
+namespace vantry::check {
+
+namespace Word = base::Word;
+using base::WordId;
+using dom::DomException;
+using reader::AttributeList;
+
+namespace {
+
+/// The namespaces of codes: names of the format, and others.
+constexpr std::uint32_t knownNames = 0;
+constexpr std::uint32_t unknownNames = 1;
+
+constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
+constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
+std::string question(std::string_view nearest) {
+  return nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?';
+}
+
+/// What may be inside of an element, as a sentence.
+std::string contentInWords(const ClassFacts& facts) {
+  const std::string name = facts.name.str();
+  if (!facts.children.empty()) return name + " takes " + listOf(facts.childNames());
+  return name + (facts.holdsText ? " takes text alone" : " takes no elements");
+}
+
+/// What an element has of attributes, as a sentence, if they are few.
+std::string attributesInWords(const ClassFacts& facts) {
+  constexpr std::size_t few = 12;
+  const std::string name = facts.name.str();
+  if (facts.properties.empty()) return name + " has no attributes";
+  return facts.properties.size() > few ? "" : name + " has " + listOf(facts.propertyNames());
+}
+
+/// What of the children of an element takes the name, as a sentence.
+std::string wayInto(const ClassFacts& parent, Token name) {
+  std::vector<Token> between;
+  for (const ChildFacts& child : parent.children) {
+    if (factsOf(child.name)->takes(name)) between.push_back(child.name);
+  }
+  if (between.empty()) return {};
+  return "put it into " + listOf(between, "or") + ", which " + parent.name.str() + " takes";
+}
+
+/// Where an element may be, as a sentence.
+std::string parentsInWords(Token element) {
+  const ClassFacts* facts = factsOf(element);
+  if (!facts || facts->parents.empty()) return {};
+  return std::string(element.str()) + " can be in " + listOf(facts->parents, "or");
+}
+
+/// The name in the other dimension, "Obj3d" for "Obj2d" and "P3" for "P2", if a parent takes that.
+std::string inOtherDimension(const ClassFacts& parent, std::string name) {
+  const std::size_t digit = name.find_first_of("23");
+  if (digit == name.npos) return {};
+  name[digit] = name[digit] == '2' ? '3' : '2';
+  const Token other = base::tokenOf(base::findWord(name));
+  if (!other || !parent.takes(other)) return {};
+  const bool isPlane = name[digit] == '2';
+  return std::string(parent.name.str()) + " is in " + (isPlane ? "the plane" : "space") +
+         ", where this is " + name;
+}
+
+/// Whether a refusal of a reader is one of those that it is meant to raise; any other ends the
+/// check.
+template <class Action>
+bool passes(Action action) {
+  try {
+    action();
+    return true;
+  } catch (const DomException&) {
+  } catch (const base::BadUnicodeString&) {
+  }
+  return false;
+}
+
+}  // namespace
+
+std::size_t Origins::tagOf(const dom::Node& element) const {
+  const auto tag = tags.find(&element);
+  return tag == tags.end() ? 0 : tag->second;
+}
+
+CheckingReader::CheckingReader(plot::PlotDocument& document, const Source& source,
+                               Findings& findings)
+    : ZrdParserHandler(&document, true, nullptr),
+      document_(document),
+      source_(source),
+      findings_(findings),
+      parser_(this, true, nullptr) {
+  document_.setRefusalListener(this);
+}
+
+CheckingReader::~CheckingReader() { document_.setRefusalListener(nullptr); }
+
+// In blocks of the size that vantry takes, so that both make the same of every document.
+bool CheckingReader::read() {
+  constexpr std::size_t blockSize = 512;
+  std::string_view rest = source_.text();
+  for (bool isLast = false; !isLast;) {
+    const std::string_view block = rest.substr(0, blockSize);
+    rest.remove_prefix(block.size());
+    isLast = block.size() < blockSize;
+    if (parser_.parse(block.data(), static_cast<int>(block.size()), isLast)) continue;
+    reportNotWellFormed();
+    return false;
+  }
+  return true;
+}
+
+std::size_t CheckingReader::here() const {
+  return static_cast<std::size_t>(std::max<std::int64_t>(parser_.byteOffset(), 0));
+}
+
+Span CheckingReader::placeOfValue(Token attribute) const {
+  return source_.valueIn(here(), attribute.str()).value_or(source_.nameIn(here()));
+}
+
+Span CheckingReader::placeOfAttribute(std::string_view attribute) const {
+  return source_.attributeIn(here(), attribute).value_or(source_.nameIn(here()));
+}
+
+void CheckingReader::markDamaged() {
+  if (current()) origins_.damaged.insert(current());
+}
+
+void CheckingReader::refused(const plot::Refusal& refusal) {
+  refusal_ = {refusal.kind, refusal.detail};
+}
+
+// Names.
+
+std::uint32_t CheckingReader::numberOf(std::string_view namespaceUri, const char* localName,
+                                       bool isForeign) {
+  unknownNames_.push_back({std::string(namespaceUri), localName, isForeign});
+  return static_cast<std::uint32_t>(unknownNames_.size() - 1);
+}
+
+bool CheckingReader::lookupElement(std::string_view namespaceUri, const char* localName,
+                                   std::uint32_t& outNamespaceId, std::uint32_t& outElementId) {
+  outNamespaceId = knownNames;
+  if (ZrdParserHandler::lookupElement(namespaceUri, localName, outNamespaceId, outElementId)) {
+    return true;
+  }
+  const bool isForeign = !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
+  outNamespaceId = unknownNames;
+  outElementId = numberOf(namespaceUri, localName, isForeign);
+  return true;
+}
+
+bool CheckingReader::lookupAttribute(std::string_view namespaceUri, const char* localName,
+                                     std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) {
+  outNamespaceId = knownNames;
+  if (ZrdParserHandler::lookupAttribute(namespaceUri, localName, outNamespaceId, outAttributeId)) {
+    return true;
+  }
+  if (namespaceUri == xmlNamespace) return false;
+  const bool isForeign = !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
+  outNamespaceId = unknownNames;
+  outAttributeId = numberOf(namespaceUri, localName, isForeign);
+  return true;
+}
+
+bool CheckingReader::reportForeignNamespace(const UnknownName& name, Span where) {
+  if (!name.isForeign) return false;
+  const std::optional<Span> declaration = source_.valueIn(here(), "xmlns");
+  if (declaration && source_.textOf(*declaration) == name.namespaceUri) where = *declaration;
+  if (foreignNamespaces_.insert(name.namespaceUri).second) {
+    findings_.add({.kind = Kind::unknownNamespace, .subject = shortened(name.namespaceUri)}, where,
+                  {"plot documents have one that ends in /xml/Corvane, such as " +
+                       std::string(formatNamespace) + ", or none",
+                   "what is in another namespace is left out"});
+  }
+  return true;
+}
+
+void CheckingReader::reportUnknownElement(const UnknownName& name) {
+  const Span where = source_.nameIn(here());
+  if (reportForeignNamespace(name, where)) return;
+  const ClassFacts* parent = current() ? factsOf(current()->tagName()) : nullptr;
+  std::vector<std::string> help;
+  if (name.localName == "jvx-model" || name.localName == "jv-disp") {
+    help.emplace_back("this is a file for JavaView, as vantry writes it, and no plot document");
+  } else if (!parent) {
+    help.emplace_back("the outermost element of a plot document is Canvas");
+  } else {
+    const std::vector<Token> children = parent->childNames();
+    std::string_view nearest = nearestName(name.localName, children);
+    const bool isHere = !nearest.empty();
+    if (!isHere) nearest = nearestName(name.localName, elementNames());
+    help.push_back(question(nearest));
+    if (!isHere) help.push_back(contentInWords(*parent));
+  }
+  findings_.add({.kind = Kind::unknownElement, .subject = shortened(name.localName)}, where,
+                std::move(help));
+}
+
+void CheckingReader::reportUnknownAttribute(Token element, const UnknownName& name) {
+  const Span where = placeOfAttribute(name.localName);
+  if (reportForeignNamespace(name, where)) return;
+  const ClassFacts* facts = factsOf(element);
+  const std::string_view nearest =
+      facts ? nearestName(name.localName, facts->propertyNames()) : std::string_view();
+  findings_.add({.kind = Kind::unknownAttribute, .subject = shortened(name.localName)}, where,
+                {question(nearest)});
+}
+
+AttributeList CheckingReader::knownAttributes(Token element, const AttributeList& attributes) {
+  AttributeList known;
+  for (const reader::Attribute& attribute : attributes) {
+    if (attribute.namespaceId == knownNames) {
+      known.push_back(attribute);
+    } else {
+      reportUnknownAttribute(element, unknownNames_[attribute.attributeId]);
+    }
+  }
+  return known;
+}
+
+// Start tags.
+
+void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t elementId,
+                                  const AttributeList& attributes) {
+  if (namespaceId == unknownNames) {
+    reportUnknownElement(unknownNames_[elementId]);
+    markDamaged();
+    return enterSkipped();
+  }
+  const Token name = base::tokenById(static_cast<int>(elementId));
+  if (name == Word::Canvas && reportSecondCanvas(name)) return enterSkipped();
+
+  const bool isPoint = name == Word::P2 || name == Word::P3;
+  const AttributeList known = knownAttributes(name, attributes);
+  if (isPoint) {
+    for (const reader::Attribute& attribute : known) {
+      const Token foreign = base::tokenById(static_cast<int>(attribute.attributeId));
+      findings_.add(
+          {.kind = Kind::foreignAttribute, .subject = foreign.str(), .element = name.str()},
+          placeOfAttribute(foreign.str()));
+    }
+  } else if (current()) {
+    reportReplacement(name);
+  }
+  refusal_.reset();
+  if (!passes([&] { ZrdParserHandler::startElement(knownNames, elementId, known); })) {
+    reportMisplaced(name, known);
+    markDamaged();
+    return enterSkipped();
+  }
+  open_.push_back(here());
+  if (!isPoint) origins_.tags[current()] = here();
+}
+
+void CheckingReader::enterSkipped() {
+  ZrdParserHandler::enterSkipped();
+  open_.push_back(here());
+}
+
+void CheckingReader::leaveSkipped() {
+  ZrdParserHandler::leaveSkipped();
+  open_.pop_back();
+}
+
+bool CheckingReader::reportSecondCanvas(Token name) {
+  if (!hasCanvas_) {
+    hasCanvas_ = true;
+    return false;
+  }
+  findings_.add({.kind = Kind::secondCanvas}, source_.nameIn(here()), {parentsInWords(name)});
+  markDamaged();
+  return true;
+}
+
+// What an element is made with, and nobody has written, is not replaced but filled.
+void CheckingReader::reportReplacement(Token name) {
+  if (reader::attachmentRule(base::wordOf(name)).place != reader::Place::unique) return;
+  const dom::Node* present = current()->firstChildByName(name);
+  const auto tag = present ? origins_.tags.find(present) : origins_.tags.end();
+  if (tag == origins_.tags.end()) return;
+  const int line = source_.placeOf({tag->second, 0}).line;
+  findings_.add({.kind = Kind::replacedElement, .subject = name.str()}, source_.nameIn(here()),
+                {"the one before it is in line " + std::to_string(line)});
+}
+
+void CheckingReader::reportMisplaced(Token name, const AttributeList& attributes) {
+  const Span where = source_.nameIn(here());
+  if (!current()) {
+    const Kind kind = hasCanvas_ ? Kind::misplacedElement : Kind::wrongRoot;
+    findings_.add({.kind = kind, .subject = name.str(), .element = "the document"}, where,
+                  {parentsInWords(name)});
+    return;
+  }
+  const ClassFacts& parent = *factsOf(current()->tagName());
+  Finding finding = {.kind = refusal_ ? kindOf(refusal_->kind) : Kind::refusedElement,
+                     .subject = name.str(),
+                     .element = parent.name.str()};
+  std::vector<std::string> help;
+  if (!parent.takes(name)) {
+    finding.kind = Kind::misplacedElement;
+    help = {inOtherDimension(parent, name.str()), wayInto(parent, name)};
+    if (help[0].empty() && help[1].empty()) help.push_back(contentInWords(parent));
+    help.push_back(parentsInWords(name));
+  } else if (finding.kind == Kind::misplacedElement) {  // by its type, for its name may be there
+    const auto type = std::ranges::find_if(attributes, [](const reader::Attribute& attribute) {
+      return attribute.attributeId == static_cast<std::uint32_t>(WordId::Type);
+    });
+    finding.kind = Kind::misplacedObject;
+    finding.subject = type == attributes.end() ? "" : shortened(type->value);
+    findings_.add(finding, placeOfValue(Word::Type),
+                  {"cameras and lights belong directly into the coordinate system"});
+    return;
+  } else {
+    finding.kind = Kind::tooManyChildren;
+    if (const dom::Node* present = current()->firstChildByName(name)) {
+      const int line = source_.placeOf({origins_.tagOf(*present), 0}).line;
+      help.push_back("the first one is in line " + std::to_string(line));
+    }
+  }
+  findings_.add(finding, where, std::move(help));
+}
+
+// Attributes.
+
+void CheckingReader::setAttribute(PlotElement& element, Token name, const char* value) {
+  refusal_.reset();
+  const bool isTaken = passes([&] { ZrdParserHandler::setAttribute(element, name, value); });
+  const Property* property = element.findProperty(name);
+  if (!isTaken) {
+    origins_.damaged.insert(&element);
+    return reportValue(element, name, value);
+  }
+  if (!property) return;
+  const Span where = placeOfValue(name);
+  if (!reviewValue(*property, element.getAttribute(name), value, where, findings_)) {
+    origins_.damaged.insert(&element);
+  }
+}
+
+void CheckingReader::reportValue(const PlotElement& element, Token name, const char* value) {
+  const Property* property = element.findProperty(name);
+  Finding finding = {.kind = refusal_ ? kindOf(refusal_->kind) : Kind::badValue,
+                     .subject = name.str(),
+                     .element = element.tagName().str(),
+                     .detail = shortened(value)};
+  if (!property) {
+    const ClassFacts& facts = *factsOf(element.tagName());
+    const std::string_view nearest = nearestName(name.str(), facts.propertyNames());
+    finding.kind = Kind::foreignAttribute;
+    findings_.add(finding, placeOfAttribute(name.str()),
+                  {question(nearest), attributesInWords(facts)});
+    return;
+  }
+  std::vector<std::string> help = helpForValue(*property, value);
+  if (finding.kind == Kind::unsuitableValue) help = {refusal_->detail};
+  findings_.add(finding, placeOfValue(name), std::move(help));
+}
+
+// An element without what it needs gets something in its place, so that what is in it is read.
+void CheckingReader::requireAttributes(PlotElement& element) {
+  if (passes([&] { ZrdParserHandler::requireAttributes(element); })) return;
+  const ClassFacts& facts = *factsOf(element.tagName());
+  for (const Token name : facts.required) {
+    const std::optional<Span> value = source_.valueIn(here(), name.str());
+    if (value && origins_.isDamaged(element)) continue;  // it was refused
+    findings_.add(
+        {.kind = Kind::missingAttribute, .subject = name.str(), .element = element.tagName().str()},
+        value.value_or(source_.nameIn(here())));
+  }
+  origins_.damaged.insert(&element);
+  for (const Token name : facts.required) {
+    passes([&] { element.setAttributeFromString(name, Word::Default.str()); });
+  }
+}
+
+// Content and end tags.
+
+void CheckingReader::characters(const char* data, std::size_t length) {
+  if (isCollecting()) {
+    ZrdParserHandler::characters(data, length);
+    return;
+  }
+  const std::string_view text(data, length);
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  if (first == text.npos || !current() || !withStrayText_.insert(current()).second) return;
+  const std::size_t last = text.find_last_not_of(" \t\r\n");
+  const ClassFacts& facts = *factsOf(current()->tagName());
+  findings_.add({.kind = Kind::strayText, .element = current()->tagName().str()},
+                {here() + first, last + 1 - first},
+                {facts.children.empty() ? attributesInWords(facts) : contentInWords(facts)});
+}
+
+void CheckingReader::endElement(std::uint32_t namespaceId, std::uint32_t elementId) {
+  const auto word = static_cast<WordId>(elementId);
+  const bool isPoint = word == WordId::P2 || word == WordId::P3;
+  if (!passes([&] { ZrdParserHandler::endElement(namespaceId, elementId); })) {
+    findings_.add({.kind = Kind::refusedElement, .subject = base::tokenOf(word).str()},
+                  source_.nameIn(here()));
+  } else if (isPoint && !isPointRefused_) {
+    reviewPoint(word);
+  }
+  isPointRefused_ = false;
+  open_.pop_back();
+}
+
+void CheckingReader::endContent(WordId element) {
+  if (passes([&] { ZrdParserHandler::endContent(element); })) return;
+  if (origins_.isDamaged(*current())) return;  // what is missing was refused before
+  markDamaged();
+  if (reader::attachmentRule(element).content == reader::Content::words) {
+    reportTooFewCells();
+  } else {
+    findings_.add({.kind = Kind::refusedContent, .element = base::tokenOf(element).str()},
+                  source_.textBefore(here()));
+  }
+}
+
+void CheckingReader::reportTooFewCells() {
+  const auto compare = [](std::size_t entries, std::int64_t columns, std::int64_t rows) {
+    return std::to_string(entries) + " for " + std::to_string(columns) + " columns and " +
+           std::to_string(rows) + " rows";
+  };
+  const auto* colors = plot::elementCast<plot::ColorArray2d>(current());
+  const auto* values = plot::elementCast<plot::DensityArray2d>(current());
+  const std::string detail = colors
+                                 ? compare(colors->colors.size(), colors->xMesh(), colors->yMesh())
+                                 : compare(values->values.size(), values->xMesh(), values->yMesh());
+  findings_.add(
+      {.kind = Kind::tooFewCells, .element = current()->tagName().str(), .detail = detail},
+      source_.nameIn(open_.back()));
+}
+
+void CheckingReader::refusePoint(WordId point, reader::PointError error) {
+  const Token name = base::tokenOf(point);
+  const ClassFacts& facts = *factsOf(current() ? current()->tagName() : Word::Canvas);
+  Finding finding = {.kind = kindOf(error), .subject = name.str(), .element = facts.name.str()};
+  Span where = source_.textBefore(here());
+  std::vector<std::string> help;
+  if (error == reader::PointError::misplaced) {
+    where = source_.nameIn(open_.back());
+    help = {inOtherDimension(facts, name.str()), parentsInWords(name)};
+  } else {
+    describePoint(finding, where, help);
+  }
+  findings_.add(finding, where, std::move(help));
+  markDamaged();
+  isPointRefused_ = true;
+}
+
+namespace {
+
+std::string formOf(const std::string& point) {
+  return "a " + point +
+         (point == "P2" ? " has two numbers, and perhaps a colour"
+                        : " has three numbers, or six with its normal, and up to two colours");
+}
+
+std::string helpForNumber(std::string_view word) {
+  const bool hasComma = word.find(',') != word.npos;
+  return hasComma ? "numbers have a point before the decimals, and blanks between them" : "";
+}
+
+}  // namespace
+
+// What is wrong with a point that its list could take, by the words in its text.
+void CheckingReader::describePoint(Finding& finding, Span& where,
+                                   std::vector<std::string>& help) const {
+  if (finding.kind == Kind::wrongCount) {
+    finding.detail = countsInWords(text());
+  } else if (finding.kind == Kind::badNumber || finding.kind == Kind::badColor) {
+    const bool isColor = finding.kind == Kind::badColor;
+    const std::string_view bad = isColor ? firstBadColor(text()) : firstBadNumber(text());
+    finding.detail = shortened(bad.empty() ? text() : bad);
+    if (!bad.empty()) where = source_.findWord(where, bad).value_or(where);
+    help = {isColor ? "a colour is #RRGGBB or #RRGGBBAA" : helpForNumber(bad)};
+  }
+  help.push_back(formOf(finding.subject));
+}
+
+// A point that was taken may have more to it than is looked at.
+void CheckingReader::reviewPoint(WordId point) {
+  const int numbers = point == WordId::P2 ? 2 : 6;
+  if (isPlainNumbers(text(), numbers)) return;
+  const std::string_view unused = unusedPartOfPoint(text(), numbers);
+  if (unused.empty()) return;
+  const std::string name = base::tokenOf(point).str();
+  const Span data = source_.textBefore(here());
+  const std::size_t at = source_.textOf(data).rfind(unused);
+  const Span where = at == std::string_view::npos ? data : Span{data.begin + at, unused.size()};
+  findings_.add(
+      {.kind = Kind::textAfterValue, .subject = "this " + name, .detail = shortened(unused)}, where,
+      {helpForNumber(unused), formOf(name)});
+}
+
+void CheckingReader::refuseCell(const char* word) {
+  const bool isColor = plot::isElementOf<plot::ColorArray2d>(*current());
+  constexpr std::size_t nearby = 4096;  // a word comes to its end in the block after its beginning
+  const std::size_t begin =
+      std::max({open_.back(), behindLastCell_, here() - std::min(here(), nearby)});
+  const Span part{begin, here() + nearby - begin};
+  const Span where = source_.findWord(part, word).value_or(source_.nameIn(open_.back()));
+  behindLastCell_ = where.begin + where.size;
+  findings_.add(
+      {.kind = isColor ? Kind::badColor : Kind::badNumber, .detail = shortened(word)}, where,
+      {isColor ? helpForColorName(word) : "", isColor ? "a colour is #RRGGBB or #RRGGBBAA" : ""});
+  markDamaged();
+}
+
+void CheckingReader::reportNotWellFormed() {
+  const XmlError error = describeXmlError(parser_.errorCode(), source_.text());
+  Span where{here(), 0};
+  std::vector<std::string> help = {error.help};
+  if (!open_.empty() && error.concernsOpenElement) {
+    const Span name = source_.nameIn(open_.back());
+    help.insert(help.begin(), "the element that is open is " + std::string(source_.textOf(name)) +
+                                  " in line " + std::to_string(source_.placeOf(name).line));
+  }
+  findings_.add({.kind = Kind::notWellFormed, .detail = error.reason}, where, std::move(help));
+}
+
+}  // namespace vantry::check

@@ -1,0 +1,26 @@
+#include "vantry/check/findings.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace vantry::check {
+
+void Findings::add(const Finding& finding, Span where, std::vector<std::string> help) {
+  constexpr int mostOfAKind = 10'000;
+  if (++counts_[finding.kind] > mostOfAKind) return;
+  const Severity severity = severityOf(finding.kind);
+  hasErrors_ = hasErrors_ || severity == Severity::error;
+  std::erase(help, std::string());
+  diagnostics_.push_back({codeOf(finding.kind), severity, source_.placeOf(where),
+                          sentenceOf(finding), std::move(help)});
+}
+
+std::vector<Diagnostic> Findings::take() {
+  std::ranges::stable_sort(diagnostics_, {}, [](const Diagnostic& diagnostic) {
+    return std::tuple(diagnostic.place.line, diagnostic.place.column);
+  });
+  return std::exchange(diagnostics_, {});
+}
+
+}  // namespace vantry::check

@@ -1,0 +1,67 @@
+#include "vantry/check/names.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace vantry::check {
+
+namespace {
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+// Of steps, ten make up a letter that is missing, too much or another one; a letter of the other
+// case is one step.
+constexpr int letter = 10;
+
+int stepsFromTo(char a, char b) {
+  if (a == b) return 0;
+  return lower(a) == lower(b) ? 1 : letter;
+}
+
+// The steps from one name to the other, where two letters that are swapped are one letter.
+int distance(std::string_view a, std::string_view b) {
+  std::vector<int> before(b.size() + 1);
+  std::vector<int> row(b.size() + 1);
+  std::vector<int> next(b.size() + 1);
+  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = static_cast<int>(j) * letter;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    next[0] = static_cast<int>(i) * letter;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      next[j] = std::min(
+          {row[j] + letter, next[j - 1] + letter, row[j - 1] + stepsFromTo(a[i - 1], b[j - 1])});
+      const bool isSwapped = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+      if (isSwapped) next[j] = std::min(next[j], before[j - 2] + letter);
+    }
+    std::swap(before, row);
+    std::swap(row, next);
+  }
+  return row[b.size()];
+}
+
+}  // namespace
+
+std::string_view nearestName(std::string_view name, std::span<const base::Token> names) {
+  constexpr std::size_t longestName = 64;
+  if (name.size() > longestName) return {};
+  int nearest = std::max(letter, static_cast<int>(name.size()) * letter / 3);
+  std::string_view found;
+  for (const base::Token candidate : names) {
+    const int steps = distance(name, candidate.str());
+    if (steps > nearest || (steps == nearest && !found.empty())) continue;
+    nearest = steps;
+    found = candidate.str();
+  }
+  return found;
+}
+
+std::string listOf(std::span<const base::Token> names, std::string_view last) {
+  std::string list;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i > 0) list += i + 1 < names.size() ? ", " : ' ' + std::string(last) + ' ';
+    list += names[i].str();
+  }
+  return list;
+}
+
+}  // namespace vantry::check

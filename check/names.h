@@ -1,0 +1,19 @@
+// Names that are close to a misspelt one.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "vantry/base/token.h"
+
+namespace vantry::check {
+
+/// The nearest of the names, which differs in few enough letters to be meant; empty if there is
+/// none. The case of letters counts least.
+std::string_view nearestName(std::string_view name, std::span<const base::Token> names);
+
+/// The names in a sentence: "A, B and C".
+std::string listOf(std::span<const base::Token> names, std::string_view last = "and");
+
+}  // namespace vantry::check

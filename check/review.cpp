@@ -1,0 +1,233 @@
+#include "vantry/check/review.h"
+
+#include <cmath>
+#include <ostream>
+#include <string>
+
+#include "vantry/base/text_errors.h"
+#include "vantry/base/unicode_converter.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/javaview/export_error.h"
+#include "vantry/javaview/jvd_writer.h"
+#include "vantry/javaview/jvx_writer.h"
+#include "vantry/plot/elements/expr.h"
+#include "vantry/plot/elements/group.h"
+#include "vantry/plot/elements/img.h"
+#include "vantry/plot/elements/scene.h"
+#include "vantry/plot/elements/time_range.h"
+#include "vantry/plot/elements/tr.h"
+#include "vantry/plot/elements/transform.h"
+
+namespace vantry::check {
+
+namespace Word = base::Word;
+using plot::elementCast;
+using plot::firstChildOf;
+using plot::firstOf;
+using plot::isElementOf;
+
+void Review::add(Finding finding, const dom::Node& element, std::vector<std::string> help) {
+  findings_.add(finding, source_.nameIn(origins_.tagOf(element)), std::move(help));
+}
+
+void Review::addAtValue(Finding finding, const dom::Node& element, Token attribute,
+                        std::vector<std::string> help) {
+  const std::size_t tag = origins_.tagOf(element);
+  findings_.add(finding, source_.valueIn(tag, attribute.str()).value_or(source_.nameIn(tag)),
+                std::move(help));
+}
+
+void Review::run() {
+  const PlotElement* canvas = document_.documentElement();
+  if (!canvas) return;
+  reviewTimeRange(*canvas);
+  reviewTexts(*canvas);
+  reviewStyles(*canvas);
+  reviewScenes(*canvas);
+  if (!findings_.hasErrors()) tryToConvert();
+}
+
+void Review::reviewTimeRange(const PlotElement& canvas) {
+  const auto* range = firstChildOf<plot::TimeRange>(canvas);
+  hasTimeRange_ = range != nullptr;
+  if (range && !std::isfinite(range->timeEnd() - range->timeBegin())) {
+    add({.kind = Kind::endlessTimeRange}, *range);
+  }
+}
+
+namespace {
+
+bool isNativeText(const char* text) {
+  for (int length = base::nativeCharacterLength(text); length != 0;
+       length = base::nativeCharacterLength(text)) {
+    if (length < 0) return false;
+    text += length;
+  }
+  return true;
+}
+
+}  // namespace
+
+void Review::reviewTexts(const PlotElement& canvas) {
+  dom::walkSubtree<const dom::Node>(canvas, [this](const dom::Node& node) {
+    const bool isText = node.nodeType() == dom::Node::TextNode;
+    if (isText && node.nodeValue() && !isNativeText(node.nodeValue())) {
+      add({.kind = Kind::textNotInLocale}, *node.parent(),
+          {"run the program in a locale with UTF-8, such as C.UTF-8"});
+    }
+    return true;
+  });
+}
+
+namespace {
+
+constexpr auto firstScene = firstOf<plot::SceneBase, plot::Scene2d, plot::Scene3d>;
+constexpr auto firstSystem =
+    firstOf<plot::CoordinateSystemBase, plot::CoordinateSystem2d, plot::CoordinateSystem3d>;
+
+template <class Min, class Max>
+std::optional<Interval> boundsOf(const plot::CoordinateSystemBase& system) {
+  const auto* min = firstChildOf<Min>(system);
+  const auto* max = firstChildOf<Max>(system);
+  if (!min || !max || !(max->value() > min->value())) return std::nullopt;
+  return Interval{min->value(), max->value()};
+}
+
+}  // namespace
+
+void Review::reviewScenes(const PlotElement& canvas) {
+  const plot::SceneBase* scene = firstScene(canvas.firstChild());
+  if (!scene) {
+    const bool isRead = origins_.tags.contains(&canvas);
+    if (isRead && !origins_.isDamaged(canvas)) add({.kind = Kind::noScene}, canvas);
+    return;
+  }
+  if (const auto* second = firstScene(scene->nextSibling())) {
+    add({.kind = Kind::leftOut,
+         .subject = second->tagName().str(),
+         .detail = "the first scene of a document is converted"},
+        *second);
+  }
+  is2d_ = isElementOf<plot::Scene2d>(*scene);
+  const auto* system = firstSystem(scene->firstChild());
+  if (!system) {
+    const Token name = is2d_ ? Word::CoordinateSystem2d : Word::CoordinateSystem3d;
+    if (origins_.isDamaged(*scene)) return;
+    add({.kind = Kind::noCoordinateSystem,
+         .subject = name.str(),
+         .element = scene->tagName().str()},
+        *scene);
+    return;
+  }
+  if (const auto* second = firstSystem(system->nextSibling())) {
+    add({.kind = Kind::leftOut,
+         .subject = second->tagName().str(),
+         .detail = "the first coordinate system of a scene is converted"},
+        *second);
+  }
+  box_ = {boundsOf<plot::ViewingBoxXMin, plot::ViewingBoxXMax>(*system),
+          boundsOf<plot::ViewingBoxYMin, plot::ViewingBoxYMax>(*system),
+          boundsOf<plot::ViewingBoxZMin, plot::ViewingBoxZMax>(*system)};
+  reviewCoordinateSystem(*system);
+}
+
+// What is hidden is not converted, but for an object, which may be shown at another time.
+void Review::reviewCoordinateSystem(const plot::CoordinateSystemBase& system) {
+  int transforms = 0;
+  const auto enter = [&](const dom::Node& node) {
+    if (const auto* object = elementCast<plot::ObjectBase, plot::Obj2d, plot::Obj3d>(&node)) {
+      reviewObject(*object, transforms > 0);
+      return false;
+    }
+    if (const auto* group = elementCast<plot::GroupBase, plot::Group2d, plot::Group3d>(&node)) {
+      return group->visible();
+    }
+    const bool isPlane = isElementOf<plot::Transform2d>(node);
+    if (isPlane || isElementOf<plot::Transform3d>(node)) {
+      reviewTransform(static_cast<const PlotElement&>(node), isPlane ? Word::Tr2d : Word::Tr3d);
+      ++transforms;
+      return true;
+    }
+    return &node == &system;
+  };
+  const auto leave = [&](const dom::Node& node) {
+    if (isElementOf<plot::Transform2d, plot::Transform3d>(node)) --transforms;
+  };
+  dom::walkSubtree<const dom::Node>(system, enter, leave);
+}
+
+void Review::reviewTransform(const PlotElement& transform, Token frame) {
+  if (!transform.firstChildByName(frame) && !origins_.isDamaged(transform)) {
+    add({.kind = Kind::noMap, .subject = frame.str(), .element = transform.tagName().str()},
+        transform);
+  }
+  reviewAnimation(transform, frame);
+}
+
+// A display needs the image of each camera.
+void Review::reviewObject(const plot::ObjectBase& object, bool isTransformed) {
+  const Token image = isElementOf<plot::Obj2d>(object) ? Word::Img2d : Word::Img3d;
+  const bool isNeeded = object.visible() || object.localType() == Word::Camera;
+  if (!object.firstChildByName(image)) {
+    if (origins_.isDamaged(object)) return;
+    add({.kind = isNeeded ? Kind::noImage : Kind::noImageInHidden,
+         .subject = image.str(),
+         .element = object.tagName().str()},
+        object);
+    return;
+  }
+  reviewImages(object, image);
+  reviewAnimation(object, image);
+  if (!isTransformed) reviewExtent(object, image);
+}
+
+void Review::reviewImages(const plot::ObjectBase& object, Token image) {
+  for (const dom::Node* frame = object.firstChild(); frame; frame = frame->nextSibling()) {
+    if (frame->nodeName() != image) continue;
+    for (const dom::Node* child = frame->firstChild(); child; child = child->nextSibling()) {
+      if (const auto* primitive = PlotElement::from(child)) reviewPrimitive(*primitive, object);
+    }
+  }
+}
+
+void Review::reviewAnimation(const PlotElement& element, Token frame) {
+  if (hasTimeRange_) return;
+  int frames = 0;
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+    if (child->nodeName() == frame) ++frames;
+  }
+  bool isAnimated = frames > 1;
+  for (const Token bound : {Word::ParameterBegin, Word::ParameterEnd}) {
+    isAnimated = isAnimated || element.firstChildByName(bound);
+  }
+  for (const Token time :
+       {Word::TimeBegin, Word::TimeEnd, Word::VisibleBeforeBegin, Word::VisibleAfterEnd}) {
+    isAnimated = isAnimated || element.hasAttribute(time);
+  }
+  if (isAnimated) {
+    add({.kind = Kind::noTimeRange, .element = element.tagName().str()}, element,
+        {"put <TimeRange TimeBegin=\"0\" TimeEnd=\"4\"/> into the Canvas"});
+  }
+}
+
+// All reasons not to convert a document have been looked for, with their places. This makes sure.
+void Review::tryToConvert() {
+  const PlotElement& canvas = *document_.documentElement();
+  const auto refuse = [&](const char* reason) {
+    add({.kind = Kind::notConvertible, .detail = reason}, canvas);
+  };
+  try {
+    std::ostream nowhere(nullptr);
+    javaview::JVXWriter(&document_).write(nowhere, plot::nan);
+    javaview::JVDWriter(&document_).write(nowhere, plot::nan);
+  } catch (const javaview::JavaViewExportError& failure) {
+    refuse(failure.what());
+  } catch (const base::BadUnicodeString&) {
+    add({.kind = Kind::textNotWritable}, canvas,
+        {"run the program in a locale with UTF-8, such as C.UTF-8"});
+  } catch (const dom::DomException& failure) {
+    refuse(failure.what());
+  }
+}
+
+}  // namespace vantry::check

@@ -1,0 +1,77 @@
+// The text of a document, as it was given: its lines, and the parts of its tags.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+
+#include "vantry/check/diagnostic.h"
+
+namespace vantry::check {
+
+/// A part of the document, in bytes.
+struct Span {
+  std::size_t begin = 0;
+  std::size_t size = 0;
+};
+
+/// A document as its bytes. What it says of tags is right for documents in UTF-8, and for all other
+/// encodings in which markup is ASCII.
+/// Where there is no tag at a place, it gives the place alone. Questions are answered fast that
+/// come in the order of the document.
+class Source {
+ public:
+  /// `text` must outlive it.
+  explicit Source(std::string_view text) : text_(text) {}
+
+  std::string_view text() const { return text_; }
+  std::string_view textOf(Span span) const { return text_.substr(span.begin, span.size); }
+
+  /// Where a part begins and where it ends, but at the latest at the end of its first line.
+  Place placeOf(Span span) const;
+
+  /// The name in the tag that begins at `tag`, with its prefix.
+  Span nameIn(std::size_t tag) const;
+  /// The value of an attribute in it, by the name without a prefix, if it has one of that name.
+  std::optional<Span> valueIn(std::size_t tag, std::string_view attribute) const;
+  /// The name of that attribute.
+  std::optional<Span> attributeIn(std::size_t tag, std::string_view attribute) const;
+
+  /// The text before the tag that begins at `tag`, up to the markup before it, without blanks at
+  /// either end. Where there is none, or too much of it, the place before the tag.
+  Span textBefore(std::size_t tag) const;
+  /// The first word of exactly these letters in a part of the document.
+  std::optional<Span> findWord(Span part, std::string_view word) const;
+
+ private:
+  struct RawAttribute {
+    Span name;
+    Span value;
+  };
+  /// The tag that was asked for last, with its attributes by their names without prefixes.
+  struct Tag {
+    std::size_t begin = std::string_view::npos;
+    std::unordered_map<std::string_view, RawAttribute> attributes;
+  };
+  /// The place that was asked for last: that of the next one is counted from there.
+  struct Counted {
+    std::size_t offset = 0;
+    int line = 1;
+    std::size_t lineBegin = 0;
+    int column = 1;
+  };
+
+  const RawAttribute* findAttribute(std::size_t tag, std::string_view name) const;
+  void readAttributes(std::size_t tag) const;
+  void countUpTo(std::size_t offset) const;
+
+  std::string_view text_;
+  mutable Counted counted_;
+  mutable Tag tag_;
+};
+
+/// How many characters some bytes of UTF-8 are.
+int countCharacters(std::string_view text);
+
+}  // namespace vantry::check

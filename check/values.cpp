@@ -1,0 +1,227 @@
+#include "vantry/check/values.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <optional>
+
+#include "vantry/base/scan.h"
+#include "vantry/check/names.h"
+#include "vantry/plot/values/value_parsers.h"
+#include "vantry/plot/values/variants.h"
+
+namespace vantry::check {
+
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
+
+/// Takes the first word of a text, and the blanks before it; empty where there is none.
+std::string_view takeWord(std::string_view& text) {
+  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  const std::string_view word = text.substr(0, text.find_first_of(blanks));
+  text.remove_prefix(word.size());
+  return word;
+}
+
+/// How much of a word is a number. What is not decimal is all of it.
+std::size_t sizeOfNumber(std::string_view word, bool isWhole) {
+  const std::size_t sign = word.starts_with('+') ? 1 : 0;
+  const std::string_view digits = word.substr(std::min(word.find_first_not_of("+-"), word.size()));
+  const bool isHexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
+  if (isHexadecimal && !isWhole) return word.size();
+  const char* const begin = word.data() + sign;
+  const char* const end = word.data() + word.size();
+  double number = 0;
+  const auto read = std::from_chars(begin, end, number);
+  std::size_t size = static_cast<std::size_t>(read.ptr - word.data());
+  if (isWhole) size = std::min(size, word.find_first_not_of("0123456789", sign + 1));
+  return std::min(size, word.size());
+}
+
+std::size_t countOfWords(ValueKind kind) {
+  if (kind == ValueKind::planePoint) return 2;
+  return kind == ValueKind::spacePoint ? 3 : 1;
+}
+
+/// What of a value is not looked at.
+std::string_view unusedPart(ValueKind kind, std::string_view text) {
+  if (kind == ValueKind::text || kind == ValueKind::font) return {};
+  const bool isWhole = kind == ValueKind::wholeNumber;
+  const bool isNumeric = isWhole || kind == ValueKind::number || kind == ValueKind::planePoint ||
+                         kind == ValueKind::spacePoint;
+  std::string_view rest = text;
+  for (std::size_t i = countOfWords(kind); i > 0; --i) {
+    const std::string_view word = takeWord(rest);
+    std::size_t used = word.size();
+    if (isNumeric) used = sizeOfNumber(word, isWhole);
+    if (kind == ValueKind::color)
+      used = std::min(used, std::size_t{word.starts_with('#') ? 9u : 8u});
+    if (used < word.size())
+      return text.substr(static_cast<std::size_t>(word.data() - text.data()) + used);
+  }
+  rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
+  return rest;
+}
+
+std::optional<double> numberIn(const base::Variant& value) {
+  if (const auto real = value.as<base::DoubleVariant>()) return real->get();
+  if (const auto whole = value.as<base::LongVariant>()) return whole->get();
+  return std::nullopt;
+}
+
+bool isFinite(const plot::P2& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+bool isFinite(const plot::P3& p) {
+  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+bool hasFiniteCoordinates(const base::Variant& value) {
+  if (const auto point = value.as<plot::P2Variant>()) return isFinite(point->get());
+  if (const auto point = value.as<plot::P3Variant>()) return isFinite(point->get());
+  return true;
+}
+
+// clang-format off
+constexpr struct {
+  std::string_view name;
+  std::string_view value;
+} colorNames[] = {
+    {"black",  "#000000"}, {"white",   "#FFFFFF"}, {"gray",   "#808080"}, {"grey",   "#808080"},
+    {"red",    "#FF0000"}, {"green",   "#008000"}, {"blue",   "#0000FF"}, {"yellow", "#FFFF00"},
+    {"orange", "#FFA500"}, {"brown",   "#A52A2A"}, {"purple", "#800080"}, {"pink",   "#FFC0CB"},
+    {"cyan",   "#00FFFF"}, {"magenta", "#FF00FF"}, {"silver", "#C0C0C0"}, {"gold",   "#FFD700"},
+};
+// clang-format on
+
+}  // namespace
+
+std::string shortened(std::string_view text) {
+  constexpr std::size_t longest = 40;
+  std::string line(text.substr(0, longest));
+  while (text.size() > line.size() && !line.empty() && (text[line.size()] & 0xC0) == 0x80) {
+    line.pop_back();  // not within a character
+  }
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
+  if (line.size() < text.size()) line += "...";
+  return line;
+}
+
+std::string helpForColorName(const std::string& text) {
+  std::string name = text;
+  std::ranges::transform(name, name.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+  const auto* row =
+      std::ranges::find(colorNames, name, [](const auto& color) { return color.name; });
+  if (row == std::end(colorNames)) return {};
+  return std::string(row->name) + " is " + std::string(row->value);
+}
+
+std::string_view firstBadNumber(std::string_view point) {
+  for (std::string_view word = takeWord(point); !word.empty(); word = takeWord(point)) {
+    if (!word.starts_with('#') && sizeOfNumber(word, false) < word.size()) return word;
+  }
+  return {};
+}
+
+std::string_view firstBadColor(std::string_view point) {
+  for (std::string_view word = takeWord(point); !word.empty(); word = takeWord(point)) {
+    plot::RGBA color;
+    const bool isColor = plot::ColorParser::parse(color, std::string(word).c_str());
+    if (word.starts_with('#') && !isColor) return word;
+  }
+  return {};
+}
+
+bool isPlainNumbers(std::string_view point, int most) {
+  static constexpr auto isPlain = [] {
+    std::array<bool, 256> plain{};
+    for (const char c : std::string_view("0123456789+-.eE \t\r\n")) {
+      plain[static_cast<unsigned char>(c)] = true;
+    }
+    return plain;
+  }();
+  int words = 0;
+  bool isBlank = true;
+  for (const char c : point) {
+    if (!isPlain[static_cast<unsigned char>(c)]) return false;
+    const bool wasBlank = isBlank;
+    isBlank = c <= ' ';
+    if (wasBlank && !isBlank) ++words;
+  }
+  return words <= most;
+}
+
+std::string_view unusedPartOfPoint(std::string_view point, int most) {
+  int numbers = 0;
+  std::string_view rest = point;
+  for (std::string_view word = takeWord(rest); !word.empty(); word = takeWord(rest)) {
+    if (word.starts_with('#')) continue;
+    if (++numbers > most) return {word.data(), word.size() + rest.size()};
+    const std::size_t used = sizeOfNumber(word, false);
+    if (used < word.size()) return word.substr(used);
+  }
+  return {};
+}
+
+std::string countsInWords(std::string_view point) {
+  std::int64_t numbers = 0;
+  std::int64_t colors = 0;
+  for (std::string_view word = takeWord(point); !word.empty(); word = takeWord(point)) {
+    ++(word.starts_with('#') ? colors : numbers);
+  }
+  return counted(numbers, "number") + (colors > 0 ? " and " + counted(colors, "colour") : "");
+}
+
+std::string counted(std::int64_t count, const std::string& thing) {
+  return (count == 0 ? "no" : std::to_string(count)) + ' ' + thing + (count == 1 ? "" : "s");
+}
+
+std::vector<std::string> helpForValue(const Property& property, const std::string& text) {
+  std::vector<std::string> help;
+  if (const auto words = property.allowedWords(); !words.empty()) {
+    const std::string_view nearest = nearestName(text, words);
+    if (!nearest.empty()) help.push_back("did you mean " + std::string(nearest) + '?');
+  }
+  if (valueKind(property) == ValueKind::color) help.push_back(helpForColorName(text));
+  help.push_back(std::string(property.name().str()) + " is " + typeInWords(property));
+  return help;
+}
+
+bool reviewValue(const Property& property, const base::Variant& stored, const std::string& text,
+                 Span where, Findings& findings) {
+  const std::string name = property.name().str();
+  const auto add = [&](Kind kind, std::string_view detail, std::vector<std::string> help = {}) {
+    findings.add({.kind = kind, .subject = name, .detail = shortened(detail)}, where,
+                 std::move(help));
+  };
+
+  if (const auto word = stored.as<base::TokenVariant>()) {
+    const auto words = property.allowedWords();
+    if (!words.empty() && std::ranges::find(words, word->get()) == words.end()) {
+      add(Kind::unknownWord, word->get().str(), helpForValue(property, word->get().str()));
+      return false;
+    }
+  }
+  const std::string_view unused = unusedPart(valueKind(property), text);
+  if (!unused.empty()) {
+    const bool isAsWritten = where.size == text.size();  // and nothing of it was an entity
+    const auto begin = static_cast<std::size_t>(unused.data() - text.data());
+    const Span part = isAsWritten ? Span{where.begin + begin, unused.size()} : where;
+    findings.add({.kind = Kind::textAfterValue, .subject = name, .detail = shortened(unused)}, part,
+                 helpForValue(property, text));
+  }
+  const std::optional<double> number = numberIn(stored);
+  double written = 0;
+  const bool isMoved = unused.empty() && number && base::scanDouble(text.c_str(), written) &&
+                       !std::isnan(written) && written != *number;
+  if (isMoved) add(Kind::clampedValue, text, helpForValue(property, text));
+  if (!hasFiniteCoordinates(stored)) {
+    add(Kind::notFinite, "a coordinate of " + name + " is not finite");
+  }
+  return true;
+}
+
+}  // namespace vantry::check

@@ -1,0 +1,50 @@
+// The values of attributes: what is odd about one that was taken, and help for one that was not.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vantry/check/findings.h"
+#include "vantry/check/model_facts.h"
+
+namespace vantry::check {
+
+/// Looks at a value that a property has taken: `stored` came of `text`. False for a word that means
+/// nothing.
+bool reviewValue(const Property& property, const base::Variant& stored, const std::string& text,
+                 Span where, Findings& findings);
+
+/// What a value of the property is instead of `text`.
+std::vector<std::string> helpForValue(const Property& property, const std::string& text);
+
+/// The hexadecimal form of a colour that was given by its name, as a sentence; empty for any other
+/// text.
+std::string helpForColorName(const std::string& text);
+
+/// The first word of a point's text that is not a number from its first letter to its last, and is
+/// none of its colours; empty where there is none.
+std::string_view firstBadNumber(std::string_view point);
+/// The first word that is to be a colour, as it begins with "#", and is none; empty where there is
+/// none.
+std::string_view firstBadColor(std::string_view point);
+
+/// Whether each character of a point's text is one of those that plain numbers are written with,
+/// and there are no more than `most` words.
+bool isPlainNumbers(std::string_view point, int most);
+
+/// The part of a point's text that is not looked at: what follows a number within its word, or what
+/// follows the first `most` numbers. Empty where there is none.
+std::string_view unusedPartOfPoint(std::string_view point, int most);
+
+/// How many numbers and colours a point's text has, as in "2 numbers and 1 colour".
+std::string countsInWords(std::string_view point);
+
+/// A number of things, as in "1 row" and "2 rows".
+std::string counted(std::int64_t count, const std::string& thing);
+
+/// A text of a document within a sentence: on one line, and cut if it is long.
+std::string shortened(std::string_view text);
+
+}  // namespace vantry::check

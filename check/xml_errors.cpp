@@ -1,0 +1,73 @@
+#include "vantry/check/xml_errors.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace vantry::check {
+
+namespace {
+
+struct Row {
+  std::int32_t code;
+  const char* reason;
+  const char* help = "";
+  bool concernsOpenElement = false;
+};
+
+// clang-format off
+constexpr Row rows[] = {
+    {XML_ERROR_NO_MEMORY,               "there is not enough memory for the document"},
+    {XML_ERROR_SYNTAX,                  "there is text outside of the outermost element", "a document begins with a tag such as <Canvas>"},
+    {XML_ERROR_NO_ELEMENTS,             "the document ends before its outermost element does", "each element needs its end tag, or ends with />", true},
+    {XML_ERROR_INVALID_TOKEN,           "a character cannot be here", "in text < is written as &lt; and & as &amp;; values of attributes are between quotes", true},
+    {XML_ERROR_UNCLOSED_TOKEN,          "the document ends within a tag or a comment", "", true},
+    {XML_ERROR_PARTIAL_CHAR,            "the document ends within a character"},
+    {XML_ERROR_TAG_MISMATCH,            "this end tag is not that of the element that is open", "names are compared letter by letter, capitals included", true},
+    {XML_ERROR_DUPLICATE_ATTRIBUTE,     "a tag has the same attribute twice"},
+    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT,  "something follows the outermost element", "a document has one outermost element, the Canvas"},
+    {XML_ERROR_UNDEFINED_ENTITY,        "there is no entity of this name", "XML knows &lt; &gt; &amp; &quot; and &apos;; for any other character write its number, as in &#176;"},
+    {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself"},
+    {XML_ERROR_BAD_CHAR_REF,            "there is no character of this number in XML"},
+    {XML_ERROR_MISPLACED_XML_PI,        "<?xml ...?> is not at the very beginning"},
+    {XML_ERROR_UNKNOWN_ENCODING,        "the encoding that the document names is not known", "use UTF-8"},
+    {XML_ERROR_INCORRECT_ENCODING,      "the document is not in the encoding that it names"},
+    {XML_ERROR_UNCLOSED_CDATA_SECTION,  "a <![CDATA[ section is not closed", "it ends with ]]>"},
+    {XML_ERROR_UNBOUND_PREFIX,          "a prefix belongs to no namespace", "declare it, as in xmlns:my=\"...\""},
+    {XML_ERROR_XML_DECL,                "<?xml ...?> is not right", "it is written as <?xml version=\"1.0\" encoding=\"UTF-8\"?>"},
+    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, "entities or namespaces make the document too large"},
+};
+
+/// What files of other formats begin with.
+constexpr struct {
+  std::string_view beginning;
+  const char* help;
+} otherFormats[] = {
+    {"\x89PNG",        "this is a picture, a PNG file, and no plot document"},
+    {"\xFF\xD8\xFF",   "this is a picture, a JPEG file, and no plot document"},
+    {"GIF8",           "this is a picture, a GIF file, and no plot document"},
+    {"%PDF",           "this is a PDF file and no plot document"},
+    {"PK\x03\x04",     "this is a ZIP archive and no plot document"},
+    {"\x1F\x8B",       "this is a compressed file; unpack it first"},
+    {"{",              "this looks like JSON; a plot document is XML"},
+};
+// clang-format on
+
+bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
+
+}  // namespace
+
+XmlError describeXmlError(std::int32_t code, std::string_view document) {
+  if (isBlank(document)) return {"the document is empty", "", false};
+  const auto* format = std::ranges::find_if(
+      otherFormats, [&](const auto& other) { return document.starts_with(other.beginning); });
+  const auto* row = std::ranges::find(rows, code, &Row::code);
+  const bool isKnown = row != std::end(rows);
+  XmlError error = {isKnown ? row->reason : "this is not well-formed XML", isKnown ? row->help : "",
+                    isKnown && row->concernsOpenElement};
+  if (format != std::end(otherFormats)) error.help = format->help;
+  return error;
+}
+
+}  // namespace vantry::check

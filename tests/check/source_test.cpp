@@ -1,0 +1,74 @@
+#include "vantry/check/source.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using vantry::check::Place;
+using vantry::check::Source;
+using vantry::check::Span;
+
+std::string placeIn(const Source& source, Span span) {
+  const Place place = source.placeOf(span);
+  return std::to_string(place.line) + ':' + std::to_string(place.column) + '-' +
+         std::to_string(place.endColumn);
+}
+
+TEST(Source, CountsCharactersOfLines) {
+  const Source source("ab\n\xC3\xA4\xE2\x84\x9Dx\r\nlast");
+  EXPECT_EQ(placeIn(source, {0, 2}), "1:1-3");
+  EXPECT_EQ(placeIn(source, {8, 1}), "2:3-4");
+  EXPECT_EQ(placeIn(source, {11, 4}), "3:1-5");
+  EXPECT_EQ(placeIn(source, {3, 2}), "2:1-2") << "also back";
+  EXPECT_EQ(source.placeOf({11, 4}).offset, 11u);
+}
+
+TEST(Source, APlaceEndsWithItsFirstLineAndWithTheText) {
+  const Source source("abc\ndef");
+  EXPECT_EQ(placeIn(source, {1, 5}), "1:2-4");
+  EXPECT_EQ(placeIn(source, {7, 3}), "2:4-4");
+  EXPECT_EQ(placeIn(source, {100, 3}), "2:4-4");
+  EXPECT_EQ(placeIn(Source(""), {0, 1}), "1:1-1");
+}
+
+TEST(Source, FindsTheAttributesOfATag) {
+  const std::string text = "<my:Obj2d my:Type = 'a>b' Name=\"x='y'\"\n Empty=''/><Name/>";
+  const Source source(text);
+  EXPECT_EQ(source.textOf(source.nameIn(0)), "my:Obj2d");
+  EXPECT_EQ(source.textOf(source.valueIn(0, "Type").value()), "a>b");
+  EXPECT_EQ(source.textOf(source.attributeIn(0, "Type").value()), "my:Type");
+  EXPECT_EQ(source.textOf(source.valueIn(0, "Name").value()), "x='y'");
+  EXPECT_EQ(source.textOf(source.valueIn(0, "Empty").value()), "");
+  EXPECT_FALSE(source.valueIn(0, "Other").has_value());
+  EXPECT_FALSE(source.valueIn(3, "Type").has_value()) << "there is no tag";
+  EXPECT_EQ(source.nameIn(3).size, 0u);
+}
+
+TEST(Source, HasAnAnswerForTagsThatAreCutOff) {
+  for (const std::string text : {"<", "<a", "<a b", "<a b=", "<a b='", "<a b='c", "<a b='c' d"}) {
+    const Source source(text);
+    EXPECT_LE(source.nameIn(0).size, 1u) << text;
+    EXPECT_FALSE(source.valueIn(0, "x").has_value()) << text;
+    EXPECT_FALSE(source.valueIn(text.size(), "x").has_value()) << text;
+  }
+}
+
+TEST(Source, FindsTheTextBeforeATag) {
+  const std::string text = "<P2>\n 1 2 </P2><P2></P2>";
+  const Source source(text);
+  EXPECT_EQ(source.textOf(source.textBefore(10)), "1 2");
+  EXPECT_EQ(source.textOf(source.textBefore(19)), "");
+  EXPECT_EQ(Source("no markup").textBefore(5).size, 0u);
+}
+
+TEST(Source, FindsWholeWords) {
+  const Source source("<a>12 2 212</a> 2");
+  EXPECT_EQ(source.findWord({0, 100}, "2")->begin, 6u);
+  EXPECT_EQ(source.findWord({7, 100}, "2")->begin, 16u);
+  EXPECT_FALSE(source.findWord({0, 100}, "21").has_value());
+  EXPECT_FALSE(source.findWord({7, 9}, "2").has_value());
+}
+
+}  // namespace

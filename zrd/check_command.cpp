@@ -1,0 +1,136 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "vantry/check/check.h"
+#include "vantry/check/report.h"
+#include "zrd/commands.h"
+#include "zrd/file_content.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+using check::Diagnostic;
+using check::FileReport;
+using check::Severity;
+
+enum class Format { text, json, sarif };
+enum class Color { automatic, always, never };
+
+const std::map<std::string, Format> formats = {
+    {"text", Format::text}, {"json", Format::json}, {"sarif", Format::sarif}};
+const std::map<std::string, Color> colors = {
+    {"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}};
+
+struct Options {
+  std::vector<std::string> files;
+  Format format = Format::text;
+  Color color = Color::automatic;
+  std::size_t most = 0;  ///< 0: all are shown
+  bool isStrict = false;
+};
+
+/// https://no-color.org: a variable that is there and not empty.
+bool isColored(Color color) {
+  if (color != Color::automatic) return color == Color::always;
+  const char* const noColor = std::getenv("NO_COLOR");
+  const char* const terminal = std::getenv("TERM");
+  const bool isRefused = noColor && *noColor != '\0';
+  const bool isDumb = !terminal || std::string_view(terminal) == "dumb";
+  return isatty(STDOUT_FILENO) == 1 && !isRefused && !isDumb;
+}
+
+std::string counted(std::size_t count, const std::string& thing) {
+  return (count == 0 ? "no" : std::to_string(count)) + ' ' + thing + (count == 1 ? "" : "s");
+}
+
+/// Checks the files one after the other, and shows what it finds.
+class Checker {
+ public:
+  explicit Checker(const Options& options) : options_(options) {}
+
+  int run() {
+    for (const std::string& name : options_.files) check(name);
+    if (options_.format == Format::sarif) check::writeSarif(std::cout, reports_, VANTRY_VERSION);
+    if (options_.format == Format::text) writeSummary();
+    std::cout.flush();
+    if (isUnreadable_ || !std::cout) return badDocument;
+    return errors_ > 0 || (options_.isStrict && warnings_ > 0) ? hasMistakes : success;
+  }
+
+ private:
+  void check(const std::string& name) try {
+    const std::string text = contentOf(name);
+    FileReport report{name, check::check(text)};
+    const auto errors =
+        std::ranges::count(report.diagnostics, Severity::error, &Diagnostic::severity);
+    errors_ += static_cast<std::size_t>(errors);
+    warnings_ += report.diagnostics.size() - static_cast<std::size_t>(errors);
+    limit(report);
+    show(report, text);
+  } catch (const Failure& failure) {
+    std::cerr << "zrd: " << failure.what() << '\n';
+    isUnreadable_ = true;
+  }
+
+  void limit(FileReport& report) {
+    const std::size_t all = report.diagnostics.size();
+    const std::size_t most =
+        options_.most > 0 ? options_.most - std::min(shown_, options_.most) : all;
+    report.diagnostics.resize(std::min(all, most));
+    shown_ += report.diagnostics.size();
+  }
+
+  void show(FileReport& report, const std::string& text) {
+    switch (options_.format) {
+      case Format::text:
+        return check::writeText(std::cout, report, text, isColored(options_.color));
+      case Format::json:
+        return check::writeJsonLines(std::cout, report);
+      case Format::sarif:
+        reports_.push_back(std::move(report));
+    }
+  }
+
+  void writeSummary() const {
+    std::cout << counted(errors_, "error") << " and " << counted(warnings_, "warning");
+    if (shown_ < errors_ + warnings_) std::cout << ", of which " << shown_ << " are shown";
+    std::cout << '\n';
+  }
+
+  const Options& options_;
+  std::vector<FileReport> reports_;
+  std::size_t errors_ = 0;
+  std::size_t warnings_ = 0;
+  std::size_t shown_ = 0;
+  bool isUnreadable_ = false;
+};
+
+}  // namespace
+
+Command addCheckCommand(CLI::App& program) {
+  CLI::App* command =
+      program.add_subcommand("check", "Find what is wrong with documents, and say how to mend it");
+  auto options = std::make_shared<Options>();
+  command->add_option("FILE", options->files, "The plot documents, or - for standard input")
+      ->required();
+  command
+      ->add_option("--format", options->format,
+                   "text (default), json: a JSON object per line, or sarif")
+      ->transform(CLI::CheckedTransformer(formats));
+  command->add_option("--max", options->most, "Show at most so many")->check(CLI::PositiveNumber);
+  command->add_option("--color", options->color, "auto (default), always or never")
+      ->transform(CLI::CheckedTransformer(colors));
+  command->add_flag("--strict", options->isStrict, "Warnings count as errors for the exit status");
+  return {command, [options] { return Checker(*options).run(); }};
+}
+
+}  // namespace vantry::zrd

@@ -1,0 +1,223 @@
+#include "zrd/outline.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <sstream>
+#include <unordered_map>
+
+#include "vantry/check/model_facts.h"
+#include "vantry/dom/tree_walk.h"
+#include "vantry/plot/elements/color_array2d.h"
+#include "vantry/plot/elements/density_array2d.h"
+#include "vantry/reader/data_parsing.h"
+#include "zrd/shortest_numbers.h"
+
+namespace vantry::zrd {
+
+namespace {
+
+using namespace plot;
+
+/// The places of the elements of a document: each by its name, and by its number among those of
+/// its name below its parent, as in "Obj2d[2]".
+class Paths {
+ public:
+  explicit Paths(const PlotElement& root) {
+    steps_[&root] = root.tagName().str();
+    dom::walkSubtree<const dom::Node>(root, [this](const dom::Node& node) {
+      std::map<Token, int> counts;
+      for (const dom::Node* child = node.firstChild(); child; child = child->nextSibling()) {
+        const Token name = child->nodeName();
+        steps_[child] = std::string(name.str()) + '[' + std::to_string(++counts[name]) + ']';
+      }
+      return true;
+    });
+  }
+
+  std::string of(const PlotElement& element) const {
+    std::string path = steps_.at(&element);
+    for (const PlotElement* parent = PlotElement::from(element.parent()); parent;
+         parent = PlotElement::from(parent->parent())) {
+      path = steps_.at(parent) + '/' + path;
+    }
+    return path;
+  }
+
+ private:
+  std::unordered_map<const dom::Node*, std::string> steps_;
+};
+
+std::string textOf(const Property& property, const Variant& value) {
+  std::ostringstream out;
+  out.imbue(withShortestNumbers());
+  property.putXml(out, value);
+  const std::string attribute = out.str();  // name="value"
+  const std::size_t open = attribute.find('"');
+  return open == attribute.npos ? "" : attribute.substr(open + 1, attribute.size() - open - 2);
+}
+
+/// The style that gives the value of a property, however many elements it is passed on by.
+const PlotElement* originOf(const PlotElement& element, Token name) {
+  const PlotElement* origin = element.styleParent(name);
+  while (origin && !origin->hasAttribute(name)) origin = origin->styleParent(name);
+  return origin;
+}
+
+std::vector<ShownValue> valuesOf(const PlotElement& element, const Paths& paths, bool hasDefaults) {
+  std::vector<ShownValue> values;
+  for (const Property* property : check::factsOf(element.tagName())->properties) {
+    const Token name = property->name();
+    const bool isOwn = element.hasAttribute(name);
+    const PlotElement* style = isOwn ? nullptr : originOf(element, name);
+    if (!isOwn && !style && !hasDefaults) continue;
+    const Origin origin = isOwn ? Origin::own : style ? Origin::style : Origin::byDefault;
+    const Variant value = isOwn                     ? element.getAttribute(name)
+                          : property->isMandatory() ? property->defaultVariant()
+                                                    : element.getPropertyValue(name);
+    values.push_back({name.str(), textOf(*property, value), origin, style ? paths.of(*style) : ""});
+  }
+  return values;
+}
+
+std::string textIn(const PlotElement& element) {
+  std::string text;
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+    if (child->asText() && child->nodeValue()) text += child->nodeValue();
+  }
+  return text;
+}
+
+template <class Values, class Number>
+void addRange(ShownElement& shown, const char* name, const Values& values, Number number) {
+  ShownRange range{name, INFINITY, -INFINITY};
+  for (const auto& value : values) {
+    range.min = std::min(range.min, number(value));
+    range.max = std::max(range.max, number(value));
+  }
+  if (range.min <= range.max) shown.ranges.push_back(range);
+}
+
+void addData(ShownElement& shown, const PlotElement& element) {
+  const auto describe = [&shown](std::size_t count, const std::string& things) {
+    shown.count = count;
+    shown.data = std::to_string(count) + ' ' + things;
+  };
+  if (const P2List* list = reader::pointsInPlane(&element)) {
+    describe(list->points.size(), list->colors.empty() ? "points" : "points with colours");
+    addRange(shown, "x", list->points, [](const P2& p) { return p.x; });
+    addRange(shown, "y", list->points, [](const P2& p) { return p.y; });
+  } else if (const P3List* space = reader::pointsInSpace(&element)) {
+    const std::string with = space->normals.empty() ? "" : " with normals";
+    const std::string also = with.empty() ? " with" : " and";
+    const char* colors = space->secondColors.empty() ? " colours" : " two colours each";
+    describe(space->points.size(), "points" + with + (space->colors.empty() ? "" : also + colors));
+    addRange(shown, "x", space->points, [](const P3& p) { return p.x; });
+    addRange(shown, "y", space->points, [](const P3& p) { return p.y; });
+    addRange(shown, "z", space->points, [](const P3& p) { return p.z; });
+  } else if (const auto* colors = elementCast<ColorArray2d>(&element)) {
+    describe(colors->colors.size(), "colours");
+  } else if (const auto* values = elementCast<DensityArray2d>(&element)) {
+    describe(values->values.size(), "numbers");
+    addRange(shown, "values", values->values, [](double value) { return value; });
+  }
+}
+
+ShownElement shown(const PlotElement& element, unsigned depth, const Paths& paths,
+                   bool hasDefaults) {
+  ShownElement result = {.name = element.tagName().str(),
+                         .path = paths.of(element),
+                         .depth = depth,
+                         .values = valuesOf(element, paths, hasDefaults),
+                         .text = textIn(element),
+                         .data = {},
+                         .count = 0,
+                         .ranges = {}};
+  addData(result, element);
+  return result;
+}
+
+const char* nameOf(Origin origin) {
+  switch (origin) {
+    case Origin::own:
+      return "own";
+    case Origin::style:
+      return "style";
+    case Origin::byDefault:
+      return "default";
+  }
+  return "";
+}
+
+}  // namespace
+
+Outline::Outline(const PlotDocument& document, const OutlineSelection& selection) {
+  const PlotElement* root = document.documentElement();
+  if (!root) return;
+  const Paths paths(*root);
+  const PlotElement* selected = selection.path.empty() ? root : nullptr;  // with all that is in it
+  unsigned depth = 0;                                                     // below that
+  const auto enter = [&](const dom::Node& node) {
+    const PlotElement* element = PlotElement::from(&node);
+    if (!element) return false;
+    if (!selected && paths.of(*element) == selection.path) selected = element;
+    if (!selected) return true;
+    if (depth > selection.depth) return false;
+    if (selection.element.empty()) {
+      elements_.push_back(shown(*element, depth, paths, selection.hasDefaults));
+    } else if (selection.element == node.nodeName().str()) {
+      elements_.push_back(shown(*element, 0, paths, selection.hasDefaults));
+    }
+    ++depth;
+    return true;
+  };
+  const auto leave = [&](const dom::Node& node) {
+    if (selected) --depth;
+    if (&node == selected) selected = nullptr;
+  };
+  dom::walkSubtree<const dom::Node>(*root, enter, leave);
+}
+
+void Outline::writeText(std::ostream& out) const {
+  const std::locale before = out.imbue(withShortestNumbers());
+  for (const ShownElement& element : elements_) {
+    const std::string indent(std::size_t{2} * element.depth, ' ');
+    out << indent << (element.depth == 0 ? element.path : element.name);
+    if (!element.text.empty()) out << " \"" << element.text << '"';
+    if (!element.data.empty()) out << ": " << element.data;
+    for (const ShownRange& range : element.ranges) {
+      out << ", " << range.name << " from " << range.min << " to " << range.max;
+    }
+    out << '\n';
+    for (const ShownValue& value : element.values) {
+      out << indent << "  @" << value.name << " = " << value.text;
+      if (value.origin == Origin::style) out << "  (style " << value.style << ')';
+      if (value.origin == Origin::byDefault) out << "  (default)";
+      out << '\n';
+    }
+  }
+  out.imbue(before);
+}
+
+void Outline::writeJson(std::ostream& out) const {
+  using Json = nlohmann::ordered_json;
+  for (const ShownElement& element : elements_) {
+    Json json = {{"element", element.name}, {"path", element.path}};
+    json["attributes"] = Json::object();
+    for (const ShownValue& value : element.values) {
+      Json& attribute = json["attributes"][value.name];
+      attribute = {{"value", value.text}, {"from", nameOf(value.origin)}};
+      if (value.origin == Origin::style) attribute["style"] = value.style;
+    }
+    if (!element.text.empty()) json["text"] = element.text;
+    if (!element.data.empty()) json["count"] = element.count;
+    for (const ShownRange& range : element.ranges) {
+      json["ranges"][range.name] = {range.min, range.max};
+    }
+    out << json.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+  }
+}
+
+}  // namespace vantry::zrd

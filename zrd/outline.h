@@ -1,0 +1,64 @@
+// The tree of a document as an outline.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "vantry/plot/document.h"
+
+namespace vantry::zrd {
+
+/// Which elements of a document are shown, and what of them.
+struct OutlineSelection {
+  unsigned depth = 1'000'000;  ///< levels below the outermost element
+  std::string element;         ///< the name of those that are shown; empty for all
+  std::string path;            ///< the path of the one that is shown with what is in it; or empty
+  bool hasDefaults = false;    ///< whether values that are defaults are shown
+};
+
+/// Where the value of a property comes from.
+enum class Origin { own, style, byDefault };
+
+struct ShownValue {
+  std::string name;
+  std::string text;
+  Origin origin;
+  std::string style;  ///< the path of the element that gives it, where it is inherited
+};
+
+/// The smallest and the largest number along an axis, or of an array.
+struct ShownRange {
+  std::string name;
+  double min;
+  double max;
+};
+
+struct ShownElement {
+  std::string name;
+  std::string path;  ///< as in "Canvas/Scene2d[1]/CoordinateSystem2d[1]"
+  unsigned depth;    ///< of those that are shown around it
+  std::vector<ShownValue> values;
+  std::string text;
+  std::string data;   ///< what it has of points or cells, as "5 points with colours"; or empty
+  std::size_t count;  ///< how many of them
+  std::vector<ShownRange> ranges;
+};
+
+/// What is to be shown of a document.
+class Outline {
+ public:
+  Outline(const plot::PlotDocument& document, const OutlineSelection& selection);
+
+  bool isEmpty() const { return elements_.empty(); }
+
+  /// Writes an element per line, indented, with its values below it.
+  void writeText(std::ostream& out) const;
+  /// Writes each element as a JSON object on a line of its own.
+  void writeJson(std::ostream& out) const;
+
+ private:
+  std::vector<ShownElement> elements_;
+};
+
+}  // namespace vantry::zrd

@@ -1,0 +1,33 @@
+#include <iostream>
+#include <memory>
+
+#include "zrd/commands.h"
+#include "zrd/outline.h"
+#include "zrd/plot_file.h"
+
+namespace vantry::zrd {
+
+Command addShowCommand(CLI::App& program) {
+  CLI::App* command = program.add_subcommand(
+      "show", "Show the tree of a document, with the values and their origins");
+  auto name = std::make_shared<std::string>();
+  auto selection = std::make_shared<OutlineSelection>();
+  auto isJson = std::make_shared<bool>(false);
+  command->add_option("FILE", *name, "The plot document, or - for standard input")->required();
+  command->add_flag("--json", *isJson, "Write a JSON object for each element that is shown");
+  command->add_option("--depth", selection->depth, "Show so many levels below the Canvas");
+  command->add_option("--element", selection->element, "Show the elements of this name alone");
+  command->add_option("--path", selection->path,
+                      "Show what is at this path alone, as in Canvas/Scene2d[1]");
+  command->add_flag("--all", selection->hasDefaults, "Show values that are defaults too");
+  return {command, [name, selection, isJson] {
+            const PlotFile file(*name);
+            const Outline outline(file.document(), *selection);
+            *isJson ? outline.writeJson(std::cout) : outline.writeText(std::cout);
+            std::cout.flush();
+            if (outline.isEmpty()) throw Failure(badDocument, *name + ": no such element");
+            return std::cout ? success : badDocument;
+          }};
+}
+
+}  // namespace vantry::zrd
