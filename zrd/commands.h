@@ -12,6 +12,7 @@ namespace vantry::zrd {
 enum ExitStatus : int {
   success = 0,
   wrongUsage = 1,   ///< the command line is wrong
+  hasMistakes = 1,  ///< a document that was to be checked has errors
   badDocument = 2,  ///< a document cannot be read or used
   noBrowser = 3,    ///< what shows plots is missing, or fails
 };
@@ -33,9 +34,14 @@ class Failure : public std::runtime_error {
 };
 
 // Each adds a command to the program.
+Command addCheckCommand(CLI::App& program);
 Command addCommandCommand(CLI::App& program);
 Command addConvertCommand(CLI::App& program);
+Command addFormatCommand(CLI::App& program);
 Command addPictureCommand(CLI::App& program);
+Command addReferenceCommand(CLI::App& program);
+Command addSchemaCommand(CLI::App& program);
+Command addShowCommand(CLI::App& program);
 Command addViewCommand(CLI::App& program);
 
 }  // namespace vantry::zrd

@@ -4,8 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <sstream>
-#include <string_view>
+#include <unordered_set>
 
 #include "vantry/check/model_facts.h"
 #include "vantry/dom/dom_exception.h"
@@ -28,35 +27,44 @@ struct Options {
   bool isMinimal = false;
 };
 
-/// Whether an element without this value would have it all the same, and so would all others. What
-/// an object or a style has hides the defaults of the primitives, which may be others.
-bool isWithoutEffect(const PlotElement& element, const Property& property) {
-  const Token name = property.name();
-  const bool isPassedOn =
-      property.isInherited() && (element.isStyle() || isElementOf<Obj2d, Obj3d>(element));
-  return !isPassedOn && !property.isMandatory() && element.hasAttribute(name) &&
-         !element.styleParent(name) && element.getAttribute(name) == property.defaultVariant();
-}
-
-void dropDefaults(PlotElement& element) {
-  const check::ClassFacts& facts = *check::factsOf(element.tagName());
-  for (const Property* property : facts.properties) {
-    if (isWithoutEffect(element, *property)) element.removeAttribute(property->name());
+/// Leaves out each value that its element would have anyway, and all others too.
+class Minimiser {
+ public:
+  void minimise(PlotDocument& document) {
+    dom::walkSubtree<dom::Node>(*document.documentElement(), [this](dom::Node& node) {
+      PlotElement* element = PlotElement::from(&node);
+      if (element) drop(*element);
+      return element != nullptr;
+    });
   }
-}
 
-/// Leaves out each value that an element inherits or has by default anyway.
-void minimise(PlotDocument& document) {
-  document.documentElement()->dropInheritedProperties();
-  dom::walkSubtree<dom::Node>(*document.documentElement(), [](dom::Node& node) {
-    if (PlotElement* element = PlotElement::from(&node)) dropDefaults(*element);
-    return true;
-  });
-}
+ private:
+  void drop(PlotElement& element) {
+    passed_.insert(&element);
+    for (const Property* property : check::factsOf(element.tagName())->properties) {
+      if (isWithoutEffect(element, *property)) element.removeAttribute(property->name());
+    }
+  }
+
+  /// Styles are asked by elements that are not known here. What an object has hides the defaults of
+  /// its primitives, which may be others. And a style that comes later is none for a reader.
+  bool isWithoutEffect(const PlotElement& element, const Property& property) const {
+    const Token name = property.name();
+    if (property.isMandatory() || element.isStyle() || !element.hasAttribute(name)) return false;
+    const Variant value = element.getAttribute(name);
+    if (const PlotElement* style = element.styleParent(name)) {
+      return passed_.contains(style) && style->getPropertyValue(name) == value;
+    }
+    const bool isPassedOn = property.isInherited() && isElementOf<Obj2d, Obj3d>(element);
+    return !isPassedOn && value == property.defaultVariant();
+  }
+
+  std::unordered_set<const PlotElement*> passed_;
+};
 
 std::string formatted(const Options& options) {
   const PlotFile file(options.file);
-  if (options.isMinimal) minimise(file.document());
+  if (options.isMinimal) Minimiser().minimise(file.document());
   try {
     return indentedXml(file.document());
   } catch (const dom::DomException& failure) {
@@ -91,10 +99,10 @@ Command addFormatCommand(CLI::App& program) {
   command->add_flag("--minimal", options->isMinimal,
                     "Drop values that are inherited or default anyway");
   return {command, [options] {
-            const std::string text = formatted(*options);
             if (options->isInPlace && options->file == "-") {
               throw Failure(wrongUsage, "standard input cannot be written to");
             }
+            const std::string text = formatted(*options);
             const std::string& name = options->isInPlace ? options->file : options->out;
             if (!name.empty()) {
               replace(name, text);

@@ -9,8 +9,9 @@ namespace vantry::zrd {
 
 namespace {
 
-constexpr std::array commands = {addCommandCommand, addConvertCommand, addPictureCommand,
-                                 addViewCommand};
+constexpr std::array commands = {addCheckCommand,  addCommandCommand, addConvertCommand,
+                                 addFormatCommand, addPictureCommand, addReferenceCommand,
+                                 addSchemaCommand, addShowCommand,    addViewCommand};
 
 int run(int argc, char** argv) {
   CLI::App program("What can be done with plot documents besides their conversion by vantry.",

@@ -1,0 +1,129 @@
+// zrd format: the same document, for people.
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "../driver/documents.h"
+#include "../driver/program.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+
+const std::string document = R"(<Canvas Width="80.1" Spacing="0"><ObjStyle LineWidth="0.35"
+ Type="Default"/><Scene2d><CoordinateSystem2d><Obj2d Type="Curve2d" Visible="1"><Title> a &lt; b</Title><Img2d>
+<Poly2d LineWidth="0.35" LinesVisible="1"><P2>0.1 1e-20</P2><P2>2 3.25</P2></Poly2d>
+<Poly2d/><DensityArray2d XMesh="2" YMesh="2">1 2 3 0.3</DensityArray2d>
+</Img2d></Obj2d></CoordinateSystem2d></Scene2d></Canvas>)";
+
+const std::string formatted = R"(<?xml version="1.0" encoding="UTF-8"?>
+<Canvas xmlns="http://www.example.org/xml/Corvane" Spacing="0" Width="80.1">
+  <ObjStyle LineWidth="0.35" Type="Default"/>
+  <Scene2d>
+    <CoordinateSystem2d>
+      <Obj2d Type="Curve2d" Visible="1">
+        <Title> a &lt; b</Title>
+        <Img2d>
+          <Poly2d LineWidth="0.35" LinesVisible="1">
+            <P2>0.1 1e-20</P2>
+            <P2>2 3.25</P2>
+          </Poly2d>
+          <Poly2d/>
+          <DensityArray2d XMesh="2" YMesh="2">
+            1 2
+            3 0.3
+          </DensityArray2d>
+        </Img2d>
+      </Obj2d>
+    </CoordinateSystem2d>
+  </Scene2d>
+</Canvas>
+)";
+
+class FormatCommand : public ProgramTest {
+ protected:
+  FormatCommand() {
+    setProgram(ZRD_PROGRAM);
+    setEnvironment("LC_ALL", "C.UTF-8");
+    write("in.zrd", document);
+  }
+
+  Outcome format(Strings arguments) const {
+    arguments.insert(arguments.begin(), "format");
+    return run(arguments);
+  }
+
+  std::string converted(const std::string& name) {
+    setProgram(VANTRY_PROGRAM);
+    const Outcome outcome = run({name});
+    EXPECT_EQ(outcome.status, 0) << name;
+    setProgram(ZRD_PROGRAM);
+    return undated(outcome.out);
+  }
+};
+
+TEST_F(FormatCommand, WritesEachPartOnALineOfItsOwn) {
+  const Outcome outcome = format({"in.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, formatted);
+}
+
+TEST_F(FormatCommand, ChangesNothingTheSecondTime) {
+  write("formatted.zrd", formatted);
+  EXPECT_EQ(format({"formatted.zrd"}).out, formatted);
+}
+
+TEST_F(FormatCommand, WritesToAFile) {
+  EXPECT_EQ(format({"-o", "out.zrd", "in.zrd"}).out, "");
+  EXPECT_EQ(read("out.zrd"), formatted);
+  EXPECT_EQ(format({"-i", "in.zrd"}).out, "");
+  EXPECT_EQ(read("in.zrd"), formatted);
+  EXPECT_EQ(files(), "in.zrd out.zrd");
+}
+
+TEST_F(FormatCommand, LeavesAFileAloneThatItCannotRead) {
+  write("in.zrd", "<Canvas>");
+  EXPECT_EQ(format({"-i", "in.zrd"}).status, 2);
+  EXPECT_EQ(read("in.zrd"), "<Canvas>");
+  EXPECT_EQ(format({"-i", "-"}).status, 1);
+  EXPECT_EQ(format({"-i", "-o", "out.zrd", "in.zrd"}).status, 1);
+}
+
+TEST_F(FormatCommand, DropsWhatMeansNothing) {
+  const std::string minimal = format({"--minimal", "in.zrd"}).out;
+  EXPECT_EQ(minimal.find("Spacing"), std::string::npos) << "a default";
+  EXPECT_EQ(minimal.find("Visible=\"1\">\n        <Title"), std::string::npos) << "a default";
+  EXPECT_NE(minimal.find("<Poly2d LinesVisible=\"1\">"), std::string::npos)
+      << "the width is that of the style";
+}
+
+// Without the value of the first style the object would have that of the group; and the second
+// style comes too late for the primitives, so they have the value of the object.
+TEST_F(FormatCommand, DropsNothingThatAStyleHides) {
+  write("in.zrd",
+        R"(<Canvas><ObjStyle Type="A" LineWidth="1"/><ObjStyle Type="Default" LineWidth="1"/>
+<Scene2d><CoordinateSystem2d><Group2d><ObjStyle Type="Default" LineWidth="2"/>
+<Obj2d Type="A"><Img2d><Line2d/></Img2d></Obj2d></Group2d>
+<Obj2d Type="B" PointSize="3"><Img2d><Pt2d/></Img2d></Obj2d><ObjStyle Type="B" PointSize="3"/>
+</CoordinateSystem2d></Scene2d></Canvas>)");
+  const std::string minimal = format({"--minimal", "in.zrd"}).out;
+  EXPECT_EQ(countOf("LineWidth=\"1\"", minimal), 2U) << minimal;
+  EXPECT_EQ(countOf("PointSize=\"3\"", minimal), 2U) << minimal;
+}
+
+TEST_F(FormatCommand, KeepsTheDrawingOfEachExample) {
+  for (const auto& entry : fs::directory_iterator(fs::path(VANTRY_SOURCE_DIR) / "examples")) {
+    if (entry.path().extension() != ".zrd") continue;
+    const std::string drawing = converted(entry.path());
+    for (const Strings& options : {Strings{}, Strings{"--minimal"}}) {
+      Strings arguments = options;
+      arguments.insert(arguments.end(), {"-o", "out.zrd", entry.path()});
+      EXPECT_EQ(format(arguments).status, 0) << entry.path();
+      EXPECT_EQ(converted("out.zrd"), drawing) << entry.path();
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,122 @@
+// zrd schema: what it accepts and what not, as other programs read it, beside what zrd check finds.
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "../check/made_document.h"
+#include "../driver/program.h"
+#include "vantry/check/check.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using vantry::check::Diagnostic;
+using vantry::check::Severity;
+using Strings = std::vector<std::string>;
+
+/// What a schema can see.
+constexpr std::string_view codesOfTheSchema[] = {
+    "unknown-element", "unknown-attribute", "misplaced-element", "foreign-attribute",
+    "unknown-word",    "wrong-root",        "second-canvas",     "misplaced-point"};
+
+struct Verdict {
+  bool hasErrors = false;
+  bool isForTheSchema = false;  ///< the schema has to refuse it
+};
+
+Verdict verdictOn(const std::string& document) {
+  Verdict verdict;
+  for (const Diagnostic& found : vantry::check::check(document)) {
+    verdict.hasErrors = verdict.hasErrors || found.severity == Severity::error;
+    verdict.isForTheSchema =
+        verdict.isForTheSchema ||
+        std::ranges::find(codesOfTheSchema, found.code) != std::end(codesOfTheSchema);
+  }
+  return verdict;
+}
+
+class Schema : public ProgramTest {
+ protected:
+  Schema() {
+    setEnvironment("LC_ALL", "C.UTF-8");
+    setProgram(ZRD_PROGRAM);
+    write("zrd.rng", run({"schema"}).out);
+    for (const char* folder : {"examples", "docs/examples", "tests/check/cases"}) {
+      for (const auto& entry : fs::directory_iterator(fs::path(VANTRY_SOURCE_DIR) / folder)) {
+        if (entry.path().extension() != ".zrd") continue;
+        std::ifstream in(entry.path(), std::ios::binary);
+        add({std::istreambuf_iterator<char>(in), {}});
+      }
+    }
+    for (unsigned seed = 0; seed < 1500; ++seed) {
+      DocumentMaker maker(seed);
+      const std::string document = maker.make();
+      add(document);
+      add(maker.withMistake(document));
+    }
+  }
+
+  void add(const std::string& document) {
+    const std::string name = std::to_string(documents_.size()) + ".zrd";
+    write(name, document);
+    documents_[name] = document;
+  }
+
+  /// Runs the validator on all documents; those that it names in a line with `complaint` are
+  /// refused.
+  void expectAgreement(const std::string& validator, const Strings& options,
+                       const std::string& complaint) {
+    setProgram(validator);
+    std::set<std::string> refused;
+    for (auto next = documents_.begin(); next != documents_.end();) {
+      Strings arguments = options;
+      for (int i = 0; i < 500 && next != documents_.end(); ++i, ++next) {
+        arguments.push_back(next->first);
+      }
+      const Outcome outcome = run(arguments);
+      std::istringstream lines(outcome.out + outcome.err);
+      for (std::string line; std::getline(lines, line);) {
+        const std::size_t end = line.find(".zrd");
+        if (end == line.npos || line.find(complaint) == line.npos) continue;
+        const std::size_t begin = line.find_last_of("/ ", end) + 1;
+        refused.insert(line.substr(begin, end + 4 - begin));
+      }
+    }
+    int accepted = 0;
+    for (const auto& [name, document] : documents_) {
+      const Verdict verdict = verdictOn(document);
+      const bool isRefused = refused.contains(name);
+      if (!verdict.hasErrors) {
+        EXPECT_FALSE(isRefused) << document;
+        ++accepted;
+      }
+      if (verdict.isForTheSchema) {
+        EXPECT_TRUE(isRefused) << document;
+      }
+    }
+    EXPECT_GT(accepted, 500);
+  }
+
+ private:
+  std::map<std::string, std::string> documents_;
+};
+
+#ifdef XMLLINT
+TEST_F(Schema, AgreesWithTheCheckInXmllint) {
+  expectAgreement(XMLLINT, {"--noout", "--relaxng", "zrd.rng"}, "fails to validate");
+}
+#endif
+
+#ifdef JING
+TEST_F(Schema, AgreesWithTheCheckInJing) { expectAgreement(JING, {"zrd.rng"}, "error:"); }
+#endif
+
+}  // namespace
