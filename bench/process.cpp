@@ -15,7 +15,9 @@ Cost run(const std::vector<std::string>& command, const std::filesystem::path& o
   const pid_t child = fork();
   if (child == 0) {
     const int file = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-    if (file >= 0 && dup2(file, STDOUT_FILENO) >= 0) execv(argv[0], argv.data());
+    if (file >= 0 && dup2(file, STDOUT_FILENO) >= 0 && dup2(file, STDERR_FILENO) >= 0) {
+      execv(argv[0], argv.data());
+    }
     _exit(127);
   }
   int status = 0;

@@ -10,5 +10,5 @@ struct Cost {
   double megabytes;     ///< the most memory that was in use at once
 };
 
-/// Runs a program to its end with `output` as its standard output. Throws if it fails.
+/// Runs a program to its end with `output` as its standard output and error. Throws if it fails.
 Cost run(const std::vector<std::string>& command, const std::filesystem::path& output);
