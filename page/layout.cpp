@@ -47,11 +47,12 @@ std::vector<Place> placesInGrid(const Canvas& canvas, std::size_t count) {
   const double height = (1 - top - bottom - (rows - 1) * vertical) / rows;
 
   std::vector<Place> places;
+  places.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
-    const auto row = static_cast<double>(i / grid.columns);
-    const auto column = static_cast<double>(i % grid.columns);
-    places.push_back(
-        {left + column * (width + horizontal), top + row * (height + vertical), width, height});
+    const std::size_t row = i / grid.columns;
+    const std::size_t column = i % grid.columns;
+    places.push_back({left + static_cast<double>(column) * (width + horizontal),
+                      top + static_cast<double>(row) * (height + vertical), width, height});
   }
   return places;
 }
@@ -74,6 +75,7 @@ std::vector<Place> placesOf(const Canvas& canvas, std::span<const SceneBase* con
     return placesInGrid(canvas, scenes.size());
   }
   std::vector<Place> places;
+  places.reserve(scenes.size());
   for (const SceneBase* scene : scenes) places.push_back(ownPlace(canvas, *scene));
   return places;
 }

@@ -124,6 +124,7 @@ std::vector<double> frameTimes(Panels panels, const PlotDocument* document,
 
 void putPlaces(Json& text, Panels panels, const Canvas& canvas) {
   std::vector<const SceneBase*> scenes;
+  scenes.reserve(panels.size());
   for (const auto& panel : panels) scenes.push_back(panel->scene());
   const std::vector<Place> places = placesOf(canvas, scenes);
   for (std::size_t i = 0; i < places.size(); ++i) {

@@ -162,6 +162,7 @@ std::vector<std::unique_ptr<Panel>> panelsOf(PlotDocument& document, const PlotN
   const std::vector<std::size_t> scenes = drawableScenes(document.firstChild());
   if (scenes.empty()) throw PageError(name.source + ": there is no scene to show");
   std::vector<std::unique_ptr<Panel>> panels;
+  panels.reserve(scenes.size());
   for (const std::size_t scene : scenes) {
     const std::string number = scenes.size() > 1 ? ' ' + std::to_string(panels.size() + 1) : "";
     const PlotName own = {name.title + number, name.source};

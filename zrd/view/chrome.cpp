@@ -177,7 +177,7 @@ json Chrome::receive() {
   for (;;) {
     const std::size_t end = received_.find('\0', searched);
     if (end != received_.npos) {
-      const json message = json::parse(received_.substr(0, end), nullptr, false);
+      json message = json::parse(received_.substr(0, end), nullptr, false);
       received_.erase(0, end + 1);
       if (message.is_object()) return message;
       searched = 0;

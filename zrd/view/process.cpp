@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -40,9 +41,9 @@ class FileActions {
 
 int startProcess(const std::vector<std::string>& command, const std::vector<Handed>& descriptors,
                  bool isQuiet) {
-  std::vector<char*> words;
-  for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
-  words.push_back(nullptr);
+  std::vector<char*> words(command.size() + 1);
+  std::ranges::transform(command, words.begin(),
+                         [](const std::string& word) { return const_cast<char*>(word.c_str()); });
   FileActions actions;
   for (const Handed descriptor : descriptors) actions.hand(descriptor);
   if (isQuiet) {
