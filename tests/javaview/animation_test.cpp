@@ -29,7 +29,7 @@ class Folder : public TemporaryFolder {
     return names;
   }
 
-  std::string read(const std::string& name) const { return contentOf(path() / name); }
+  std::string read(const std::string& name) const { return fileContent(path() / name); }
 
   void write(const std::string& name, const std::string& content) const {
     std::ofstream(path() / name) << content;

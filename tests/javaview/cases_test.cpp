@@ -82,12 +82,12 @@ TEST_P(Case, IsWrittenAsExpected) {
   const LocaleGuard utf8(LC_CTYPE, "C.UTF-8");
   const CaseName name(GetParam());
   ASSERT_TRUE(fs::exists(name.document)) << "no document for " << GetParam();
-  const std::string source = contentOf(name.document);
+  const std::string source = fileContent(name.document);
   EXPECT_TRUE(source.starts_with("<!-- ")) << "a document says first what it shows";
 
   const std::string text = name.isDisplay ? convertedBy<JVDWriter>(source, name.time)
                                           : convertedBy<JVXWriter>(source, name.time);
-  const std::string expected = contentOf(folder / GetParam());
+  const std::string expected = fileContent(folder / GetParam());
   EXPECT_EQ(expected, text);
   if (text != expected && std::getenv("VANTRY_UPDATE_CASES")) {
     std::ofstream(folder / GetParam(), std::ios::binary) << text;

@@ -47,7 +47,7 @@ class WarningsWriter : public Writer {
 };
 
 /// The whole content of a file.
-inline std::string contentOf(const std::filesystem::path& path) {
+inline std::string fileContent(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }

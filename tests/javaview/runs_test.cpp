@@ -91,7 +91,7 @@ TEST(RunsTest, AccountForAllGeometriesOfTheExamples) {
   for (const auto& entry : std::filesystem::directory_iterator(VANTRY_SOURCE_DIR "/examples")) {
     if (entry.path().extension() != ".zrd") continue;
     SCOPED_TRACE(entry.path().filename().string());
-    const ReadDocument document(contentOf(entry.path()));
+    const ReadDocument document(fileContent(entry.path()));
     RunsWriter writer(document.get(), 0);
     std::ostringstream out;
     writer.write(out, nan);

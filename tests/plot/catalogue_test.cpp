@@ -237,7 +237,9 @@ TEST_F(CatalogueTest, SettingAPropertySetsNoOther) {
     EXPECT_EQ(property.isSet(element), isMember(expected));
     Variant out;
     EXPECT_EQ(property.getIfSet(element, out), isMember(expected));
-    if (isMember(expected)) EXPECT_EQ(out, property.getValue(element));
+    if (isMember(expected)) {
+      EXPECT_EQ(out, property.getValue(element));
+    }
     EXPECT_EQ(out.isEmpty(), !isMember(expected));
     EXPECT_EQ(element.getAttribute(name), element.getPropertyValue(name));
 

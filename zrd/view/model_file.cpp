@@ -18,11 +18,12 @@ class RootName final : public reader::Handler {
  public:
   const std::string& get() const { return name_; }
 
-  bool lookupElement(const char*, const char* localName, std::uint32_t&, std::uint32_t&) override {
+  bool lookupElement(std::string_view, const char* localName, std::uint32_t&,
+                     std::uint32_t&) override {
     if (name_.empty()) name_ = localName;
     return false;
   }
-  bool lookupAttribute(const char*, const char*, std::uint32_t&, std::uint32_t&) override {
+  bool lookupAttribute(std::string_view, const char*, std::uint32_t&, std::uint32_t&) override {
     return false;
   }
   void startElement(std::uint32_t, std::uint32_t, const reader::AttributeList&) override {}
