@@ -198,10 +198,12 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
                  std::move(help));
   };
 
-  if (const auto word = stored.as<base::TokenVariant>()) {
-    const auto words = property.allowedWords();
-    if (!words.empty() && std::ranges::find(words, word->get()) == words.end()) {
-      add(Kind::unknownWord, word->get().str(), helpForValue(property, word->get().str()));
+  if (const auto words = property.allowedWords(); !words.empty()) {
+    std::string_view rest = text;
+    const std::string_view word = takeWord(rest);
+    const bool isWhole = rest.find_first_not_of(blanks) == rest.npos;
+    if (!isWhole || std::ranges::find(words, word, &Token::str) == words.end()) {
+      add(Kind::unknownWord, text, helpForValue(property, text));
       return false;
     }
   }

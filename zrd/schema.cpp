@@ -24,17 +24,17 @@ constexpr const char* patterns = R"(
     <data type="string"><param name="pattern">\s*(0|1|true|false)(\s.*)?</param></data>
   </define>
   <define name="number">
-    <data type="string"><param name="pattern">\s*[+\-]?([0-9]|\.[0-9]|[nN][aA][nN]|[iI][nN][fF])(.|\s)*</param></data>
+    <data type="string"><param name="pattern">\s*[+\-]?([0-9]|\.[0-9]|[nN][aA][nN]|[iI][nN][fF])[\s\S]*</param></data>
   </define>
   <define name="twoNumbers">
-    <data type="string"><param name="pattern">\s*[+\-]?([0-9]|\.[0-9]|[nNiI])(.|\s)*</param></data>
+    <data type="string"><param name="pattern">\s*[+\-]?([0-9]|\.[0-9]|[nNiI])[\s\S]*</param></data>
   </define>
   <define name="threeNumbers"><ref name="twoNumbers"/></define>
   <define name="color">
-    <data type="string"><param name="pattern">\s*#?[0-9A-Fa-f]{6}(.|\s)*</param></data>
+    <data type="string"><param name="pattern">\s*#?[0-9A-Fa-f]{6}[\s\S]*</param></data>
   </define>
   <define name="word">
-    <data type="string"><param name="pattern">\s*\S(.|\s)*</param></data>
+    <data type="string"><param name="pattern">\s*\S[\s\S]*</param></data>
   </define>
   <define name="foreign">
     <zeroOrMore>
@@ -111,12 +111,11 @@ void writeContent(std::ostream& out, const ClassFacts& element) {
     out << "      <text/>\n";
     return;
   }
-  out << "      <mixed>\n        <zeroOrMore>\n          <choice>\n";
+  out << "      <zeroOrMore>\n        <choice>\n          <text/>\n";
   for (const check::ChildFacts& child : element.children) {
-    out << "            <ref name=\"element." << child.name.str() << "\"/>\n";
+    out << "          <ref name=\"element." << child.name.str() << "\"/>\n";
   }
-  if (element.children.empty()) out << "            <notAllowed/>\n";
-  out << "          </choice>\n        </zeroOrMore>\n      </mixed>\n";
+  out << "        </choice>\n      </zeroOrMore>\n";
 }
 
 void writeElement(std::ostream& out, const ClassFacts& element) {

@@ -22,25 +22,15 @@ using vantry::check::Diagnostic;
 using vantry::check::Severity;
 using Strings = std::vector<std::string>;
 
+constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
+
 /// What a schema can see.
 constexpr std::string_view codesOfTheSchema[] = {
     "unknown-element", "unknown-attribute", "misplaced-element", "foreign-attribute",
     "unknown-word",    "wrong-root",        "second-canvas",     "misplaced-point"};
 
-struct Verdict {
-  bool hasErrors = false;
-  bool isForTheSchema = false;  ///< the schema has to refuse it
-};
-
-Verdict verdictOn(const std::string& document) {
-  Verdict verdict;
-  for (const Diagnostic& found : vantry::check::check(document)) {
-    verdict.hasErrors = verdict.hasErrors || found.severity == Severity::error;
-    verdict.isForTheSchema =
-        verdict.isForTheSchema ||
-        std::ranges::find(codesOfTheSchema, found.code) != std::end(codesOfTheSchema);
-  }
-  return verdict;
+bool isForTheSchema(const Diagnostic& found) {
+  return std::ranges::find(codesOfTheSchema, found.code) != std::end(codesOfTheSchema);
 }
 
 class Schema : public ProgramTest {
@@ -56,6 +46,14 @@ class Schema : public ProgramTest {
         add({std::istreambuf_iterator<char>(in), {}});
       }
     }
+    const auto examples = documents_;
+    for (const auto& [name, example] : examples) {
+      if (example.text.size() > 20'000) continue;
+      for (unsigned seed = 0; seed < 8; ++seed) add(DocumentMaker(seed).withMistake(example.text));
+    }
+  }
+
+  void addMadeDocuments() {
     for (unsigned seed = 0; seed < 1500; ++seed) {
       DocumentMaker maker(seed);
       const std::string document = maker.make();
@@ -64,10 +62,19 @@ class Schema : public ProgramTest {
     }
   }
 
+  /// Validators end at what is not well formed, fetch the types of documents, and know one
+  /// namespace of many.
   void add(const std::string& document) {
+    const auto found = vantry::check::check(document);
+    const bool isWellFormed = std::ranges::none_of(
+        found, [](const Diagnostic& one) { return one.code == "not-well-formed"; });
+    const bool isOfAnotherHost =
+        document.find("xmlns=") != document.npos && document.find(formatNamespace) == document.npos;
+    const bool hasType = document.find("<!DOCTYPE") != document.npos;
+    if (!isWellFormed || isOfAnotherHost || hasType) return;
     const std::string name = std::to_string(documents_.size()) + ".zrd";
     write(name, document);
-    documents_[name] = document;
+    documents_[name] = {document, found};
   }
 
   /// Runs the validator on all documents; those that it names in a line with `complaint` are
@@ -92,23 +99,30 @@ class Schema : public ProgramTest {
     }
     int accepted = 0;
     for (const auto& [name, document] : documents_) {
-      const Verdict verdict = verdictOn(document);
       const bool isRefused = refused.contains(name);
-      if (!verdict.hasErrors) {
-        EXPECT_FALSE(isRefused) << document;
+      const bool hasErrors = std::ranges::any_of(
+          document.found, [](const Diagnostic& one) { return one.severity == Severity::error; });
+      if (!hasErrors) {
+        EXPECT_FALSE(isRefused) << document.text;
         ++accepted;
       }
-      if (verdict.isForTheSchema) {
-        EXPECT_TRUE(isRefused) << document;
+      if (std::ranges::any_of(document.found, isForTheSchema)) {
+        EXPECT_TRUE(isRefused) << document.text;
       }
     }
-    EXPECT_GT(accepted, 500);
+    EXPECT_GT(accepted, 100);
   }
 
  private:
-  std::map<std::string, std::string> documents_;
+  struct Document {
+    std::string text;
+    std::vector<Diagnostic> found;
+  };
+  std::map<std::string, Document> documents_;
 };
 
+// Each optional attribute that is there doubles what xmllint has to go through, so it gets no
+// documents with as many as made ones have.
 #ifdef XMLLINT
 TEST_F(Schema, AgreesWithTheCheckInXmllint) {
   expectAgreement(XMLLINT, {"--noout", "--relaxng", "zrd.rng"}, "fails to validate");
@@ -116,7 +130,10 @@ TEST_F(Schema, AgreesWithTheCheckInXmllint) {
 #endif
 
 #ifdef JING
-TEST_F(Schema, AgreesWithTheCheckInJing) { expectAgreement(JING, {"zrd.rng"}, "error:"); }
+TEST_F(Schema, AgreesWithTheCheckInJing) {
+  addMadeDocuments();
+  expectAgreement(JING, {"zrd.rng"}, "error:");
+}
 #endif
 
 }  // namespace
