@@ -12,9 +12,14 @@ build_packages=(
 )
 if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 
-# What the tests need besides: the tools that make and check manual pages, and what the recipes of
-# docs/many-files.md run in.
-test_packages=(lowdown make mandoc parallel zsh fish)
+# What the tests need besides: the tools that make and check manual pages, what the recipes of
+# docs/many-files.md run in, shells, and what reads schemas.
+test_packages=(
+  lowdown mandoc
+  make parallel
+  fish zsh
+  jing libxml2-utils python3-jsonschema
+)
 
 # What the page that shows plots needs besides.
 page_packages=(nodejs npm)
@@ -50,6 +55,11 @@ require_page() {
   if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
     require "${page_packages[@]}"
   fi
+}
+
+# The browser that the tests of the page open, and the font that their pictures are drawn with.
+require_browser() {
+  require chromium fonts-dejavu-core
 }
 
 parser_is_current() {
