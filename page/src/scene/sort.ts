@@ -25,12 +25,12 @@ export function sortTriangles(
       y += positions[at + 1]!;
       z += positions[at + 2]!;
     }
-    const depth = depthOf(x / 3, y / 3, z / 3);
+    const depth = Math.fround(depthOf(x / 3, y / 3, z / 3));
     depths[i] = depth;
     if (depth < least) least = depth;
     if (depth > most) most = depth;
   }
-  const step = (BUCKETS - 1) / Math.max(most - least, Number.MIN_VALUE);
+  const step = most > least ? (BUCKETS - 1) / (most - least) : 0;
   const bucket = (i: number): number =>
     Math.min(BUCKETS - 1, Math.floor((most - depths[i]!) * step));
   const starts = new Uint32Array(BUCKETS + 1);
