@@ -67,6 +67,9 @@ function rangeOf(
   return [low * (low / high) ** FLAT_ROOM, high * (high / low) ** FLAT_ROOM];
 }
 
+/** The side of the box around a single point. */
+const SIDE_OF_POINT = 2;
+
 /** The box that a display names, each axis that it leaves open filled up from the points. */
 export function sceneBox(
   display: Display | undefined,
@@ -74,7 +77,7 @@ export function sceneBox(
   logarithmic: Flags = LINEAR,
 ): Box {
   const ranges = AXES.map((axis) => rangeOf(display, geometries, axis, logarithmic[axis]));
-  const widest = Math.max(...ranges.map(([low, high]) => high - low), Number.MIN_VALUE);
+  const widest = Math.max(...ranges.map(([low, high]) => high - low)) || SIDE_OF_POINT;
   const open = AXES.map((axis): Range => {
     const [low, high] = ranges[axis]!;
     if (logarithmic[axis]) return low < high ? [low, high] : [low / 2, high * 2];

@@ -1,5 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
+import type { Geometry } from '../../src/javaview/model';
 import { readDocument } from '../../src/javaview/reader';
 import { glossOf, lookCode, patternOf, tipOf, type SceneBatches } from '../../src/scene/batches';
 import { buildScene } from '../../src/scene/build';
@@ -13,10 +14,13 @@ const UNIT = new Space({
   logarithmic: LINEAR,
 });
 
-function build(inner: string, style: Partial<GeometryStyle> = {}, space = UNIT): SceneBatches {
+function read(inner: string): Geometry[] {
   const text = `<jvx-model><geometries><geometry>${inner}</geometry></geometries></jvx-model>`;
-  const { geometries } = readDocument(new TextEncoder().encode(text));
-  return buildScene(geometries, space, () => ({ ...PLAIN_STYLE, ...style }));
+  return readDocument(new TextEncoder().encode(text)).geometries;
+}
+
+function build(inner: string, style: Partial<GeometryStyle> = {}, space = UNIT): SceneBatches {
+  return buildScene(read(inner), space, () => ({ ...PLAIN_STYLE, ...style }));
 }
 
 const points = (...all: string[]): string =>
@@ -169,10 +173,13 @@ test('along a logarithm powers of ten are evenly spaced, and nothing is at 0 or 
 });
 
 test('the box of a logarithm holds the points above 0', () => {
-  const text = `<jvx-model><geometries><geometry>${points('-5 0 0', '0 0 0', '2 1 0', '50 2 0')}</geometry></geometries></jvx-model>`;
-  const { geometries } = readDocument(new TextEncoder().encode(text));
+  const geometries = read(points('-5 0 0', '0 0 0', '2 1 0', '50 2 0'));
   const box = sceneBox(undefined, geometries, [true, false, false]);
   assert.deepEqual([box.min[0], box.max[0], box.min[1], box.max[1]], [2, 50, 0, 2]);
+});
+
+test('a single point is in the middle of a box', () => {
+  assert.deepEqual(sceneBox(undefined, read(points('3 4 5'))), { min: [2, 3, 4], max: [4, 5, 6] });
 });
 
 test('tips of arrows have the look that the plot document names, each kind once', () => {
