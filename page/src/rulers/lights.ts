@@ -1,11 +1,16 @@
 /** The lights that a display asks for. */
+import { Vector3 } from 'three';
 import type { Display, Light } from '../javaview/model';
+import { PLAIN_GLOSS } from '../scene/batches';
 import type { SceneUniforms } from '../scene/materials';
 import { MOST_LIGHTS } from '../scene/shaders';
 import type { Space } from '../scene/space';
 
 /** Lights of a plot are made for surfaces that throw back more than they get, as plots do. */
 const GAIN = 1.35;
+
+/** More light than this, beside what a material throws back on its own, washes out its colour. */
+const BRIGHTEST = 1 - PLAIN_GLOSS.ambient;
 
 /** The light for files that come without a display: from above, from the left and the right. */
 const DEFAULT_LIGHTS: readonly Light[] = [
@@ -67,6 +72,29 @@ export function applyLights(
     count++;
   }
   uniforms.lightCount.value = count;
+  const brightness = brightnessOf(uniforms);
+  if (brightness > BRIGHTEST) dim(uniforms, BRIGHTEST / brightness);
+}
+
+/** The light on a face in the middle of the scene, turned towards one light or between two. */
+function brightnessOf({ ambient, lightCount, lightPositions, lightColors }: SceneUniforms): number {
+  const strengths = lightColors.value.slice(0, lightCount.value).map((color) => Math.max(...color));
+  const beams = strengths.map((strength, i) => {
+    const { x, y, z } = lightPositions.value[i]!;
+    return new Vector3(x, y, z).setLength(strength);
+  });
+  const sides = beams.flatMap((one) => beams.map((other) => one.clone().add(other)));
+  const fromSides = sides.map((side) =>
+    beams
+      .filter((beam) => beam.dot(side) > 0)
+      .reduce((sum, beam) => sum.add(beam), new Vector3())
+      .length(),
+  );
+  return Math.max(...ambient.value) + Math.max(0, ...strengths, ...fromSides);
+}
+
+function dim({ ambient, lightColors }: SceneUniforms, factor: number): void {
+  for (const color of [ambient.value, ...lightColors.value]) color.multiplyScalar(factor);
 }
 
 function placeLight(
