@@ -12,14 +12,14 @@ const GAIN = 1.35;
 /** More light than this, beside what a material throws back on its own, washes out its colour. */
 const BRIGHTEST = 1 - PLAIN_GLOSS.ambient;
 
-/** The light for files that come without a display: from above, from the left and the right. */
+/** The light for plots that come without any: from above, from the left and the right. */
 const DEFAULT_LIGHTS: readonly Light[] = [
   {
     type: 'ambient',
     position: [0, 0, 0],
     interest: [0, 0, 0],
     color: [255, 255, 255],
-    intensity: 0.2,
+    intensity: 0.45,
   },
   {
     type: 'direction',
@@ -49,11 +49,11 @@ export function applyLights(
   display: Display | undefined,
   space: Space,
 ): void {
-  const lights = display ? display.lights : DEFAULT_LIGHTS;
-  uniforms.lit.value = !space.flat && lights !== undefined && lights.length > 0;
+  const own = display?.lights?.length ? display.lights : undefined;
+  uniforms.lit.value = !space.flat;
   uniforms.ambient.value.setScalar(0);
   let count = 0;
-  for (const light of lights ?? []) {
+  for (const light of own ?? DEFAULT_LIGHTS) {
     const strength = GAIN * Math.min(Math.max(light.intensity, 0), 4);
     const [r, g, b] = light.color.map((channel) => (channel / 255) * strength) as [
       number,
@@ -67,7 +67,7 @@ export function applyLights(
       continue;
     }
     if (count === MOST_LIGHTS) break;
-    placeLight(uniforms, count, light, display ? space : undefined);
+    placeLight(uniforms, count, light, own && space);
     uniforms.lightColors.value[count]!.set(r, g, b);
     count++;
   }

@@ -5,20 +5,21 @@ import { applyLights } from '../../src/rulers/lights';
 import { makeUniforms, type SceneUniforms } from '../../src/scene/materials';
 import { LINEAR, Space } from '../../src/scene/space';
 
-const SPACE = new Space({
-  box: { min: [-1, -1, -1], max: [1, 1, 1] },
-  ratio: undefined,
-  flat: false,
-  logarithmic: LINEAR,
-});
+const space = (flat: boolean): Space =>
+  new Space({
+    box: { min: [-1, -1, -1], max: [1, 1, 1] },
+    ratio: undefined,
+    flat,
+    logarithmic: LINEAR,
+  });
 
 /** What the lights of a display come to. */
-function light(lights: string): SceneUniforms {
+function light(lights: string, flat = false): SceneUniforms {
   const text = `<jv-disp><displays><display>${lights}</display></displays></jv-disp>`;
   const uniforms = makeUniforms(1);
   const [display] = readDocument(new TextEncoder().encode(text)).displays;
   assert.ok(display);
-  applyLights(uniforms, display, SPACE);
+  applyLights(uniforms, display, space(flat));
   return uniforms;
 }
 
@@ -38,6 +39,14 @@ const strengths = ({ ambient, lightColors, lightCount }: SceneUniforms): number[
   );
 
 const gray = (part: number): number[] => [part, part, part];
+
+test('without lights of its own a drawing in space is lit, one in the plane is not', () => {
+  for (const none of ['', lights()]) {
+    const inSpace = light(none);
+    assert.ok(inSpace.lit.value && inSpace.lightCount.value > 0);
+    assert.equal(light(none, true).lit.value, false);
+  }
+});
 
 test('faint lights are made a little stronger', () => {
   const given = light(lights(ambient(0.1), from('0 0 1', 0.2)));
