@@ -27,7 +27,7 @@ inline constexpr int wordCount = static_cast<int>(WordId::pastLast) - 1;
 inline constexpr std::size_t wordSize = [] {
   std::size_t longest = 0;
   for (const std::size_t size : {
-#define WORD_AS(name, text) sizeof text,
+#define WORD_AS(name, text) sizeof(text),
 #include "vantry/base/vocabulary.def"
        }) {
     if (size > longest) longest = size;

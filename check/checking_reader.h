@@ -30,7 +30,7 @@ struct Origins {
 class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalListener {
  public:
   CheckingReader(plot::PlotDocument& document, const Source& source, Findings& findings);
-  ~CheckingReader();
+  ~CheckingReader() override;
   CheckingReader(const CheckingReader&) = delete;
   CheckingReader& operator=(const CheckingReader&) = delete;
 

@@ -26,11 +26,11 @@ using plot::firstChildOf;
 using plot::firstOf;
 using plot::isElementOf;
 
-void Review::add(Finding finding, const dom::Node& element, std::vector<std::string> help) {
+void Review::add(const Finding& finding, const dom::Node& element, std::vector<std::string> help) {
   findings_.add(finding, source_.nameIn(origins_.tagOf(element)), std::move(help));
 }
 
-void Review::addAtValue(Finding finding, const dom::Node& element, Token attribute,
+void Review::addAtValue(const Finding& finding, const dom::Node& element, Token attribute,
                         std::vector<std::string> help) {
   const std::size_t tag = origins_.tagOf(element);
   findings_.add(finding, source_.valueIn(tag, attribute.str()).value_or(source_.nameIn(tag)),

@@ -40,8 +40,8 @@ class Review {
   void run();
 
  private:
-  void add(Finding finding, const dom::Node& element, std::vector<std::string> help = {});
-  void addAtValue(Finding finding, const dom::Node& element, Token attribute,
+  void add(const Finding& finding, const dom::Node& element, std::vector<std::string> help = {});
+  void addAtValue(const Finding& finding, const dom::Node& element, Token attribute,
                   std::vector<std::string> help = {});
 
   // review.cpp: what is converted of the document.
