@@ -16,7 +16,7 @@
 namespace vantry::page {
 
 std::string Blocks::add(const std::function<void(std::ostream& text)>& write) {
-  const std::string name = "text-" + std::to_string(++count_);
+  std::string name = "text-" + std::to_string(++count_);
   out_ << "<script type=\"application/octet-stream\" data-name=\"" << name << "\">";
   writePacked(out_, write);
   out_ << "</script>\n";
