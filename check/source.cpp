@@ -18,7 +18,7 @@ int countCharacters(std::string_view text) {
 }
 
 void Source::countUpTo(std::size_t offset) const {
-  if (offset < counted_.offset) counted_ = {};
+  if (offset < counted_.offset) return countBackTo(offset);
   const std::string_view between = text_.substr(counted_.offset, offset - counted_.offset);
   const std::size_t lineBreak = between.rfind('\n');
   if (lineBreak != between.npos) {
@@ -28,6 +28,20 @@ void Source::countUpTo(std::size_t offset) const {
   }
   const std::size_t begin = std::max(counted_.offset, counted_.lineBegin);
   counted_.column += countCharacters(text_.substr(begin, offset - begin));
+  counted_.offset = offset;
+}
+
+void Source::countBackTo(std::size_t offset) const {
+  const std::string_view between = text_.substr(offset, counted_.offset - offset);
+  const auto lineBreaks = static_cast<int>(std::ranges::count(between, '\n'));
+  if (lineBreaks > 0) {
+    counted_.line -= lineBreaks;
+    const std::string_view before = text_.substr(0, offset);
+    counted_.lineBegin = before.rfind('\n') + 1;  // 0 in the first line
+    counted_.column = 1 + countCharacters(before.substr(counted_.lineBegin));
+  } else {
+    counted_.column -= countCharacters(between);
+  }
   counted_.offset = offset;
 }
 

@@ -65,6 +65,7 @@ class Source {
   const RawAttribute* findAttribute(std::size_t tag, std::string_view name) const;
   void readAttributes(std::size_t tag) const;
   void countUpTo(std::size_t offset) const;
+  void countBackTo(std::size_t offset) const;
 
   std::string_view text_;
   mutable Counted counted_;

@@ -25,6 +25,17 @@ TEST(Source, CountsCharactersOfLines) {
   EXPECT_EQ(source.placeOf({11, 4}).offset, 11u);
 }
 
+TEST(Source, CountsBackToo) {
+  const Source source("\xC3\xA4bc\nd\n\xC3\xA4fg");
+  EXPECT_EQ(placeIn(source, {10, 1}), "3:3-4");
+  EXPECT_EQ(placeIn(source, {9, 1}), "3:2-3");
+  EXPECT_EQ(placeIn(source, {7, 2}), "3:1-2");
+  EXPECT_EQ(placeIn(source, {5, 1}), "2:1-2");
+  EXPECT_EQ(placeIn(source, {3, 1}), "1:3-4");
+  EXPECT_EQ(placeIn(source, {0, 2}), "1:1-2");
+  EXPECT_EQ(placeIn(source, {9, 1}), "3:2-3");
+}
+
 TEST(Source, APlaceEndsWithItsFirstLineAndWithTheText) {
   const Source source("abc\ndef");
   EXPECT_EQ(placeIn(source, {1, 5}), "1:2-4");
