@@ -1,6 +1,6 @@
 # What is installed besides the programs and the libraries, and the packages of both for Debian.
 
-# The package that find_package(vantry) finds: the layers as vantry::base to vantry::javaview.
+# The package that find_package(vantry) finds: the layers as vantry::base to vantry::page.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vantry)
@@ -51,7 +51,7 @@ of JavaView: geometry, animations and displays. zrd converts many of them
 at once.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvantry-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libexpat1-dev (>= 2.5.0)")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libexpat1-dev (>= 2.5.0), zlib1g-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
   "model of plot documents - development files
 Static libraries and headers to read, change and write plot documents in

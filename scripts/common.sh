@@ -15,7 +15,7 @@ if ! command -v c++ >/dev/null; then build_packages+=(g++); fi
 # What the tests need besides: the tools that make and check manual pages, what the recipes of
 # docs/many-files.md run in, shells, and what reads schemas.
 test_packages=(
-  lowdown mandoc
+  lowdown mandoc valgrind
   make parallel
   fish zsh
   jing libxml2-utils python3-jsonschema
