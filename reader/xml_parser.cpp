@@ -55,7 +55,7 @@ std::int64_t sizeOfCharacter(char first) {
 
 }  // namespace
 
-/// What expat calls. Nothing tells whether its frames can be unwound, so an exception is kept until
+/// What expat calls. Nothing says whether its frames can be unwound, so an exception is kept until
 /// they are gone, and nothing reaches the handler in between.
 struct Parser::Callbacks {
   static void XMLCALL start(void* parser, const char* name, const char** namesAndValues) {

@@ -21,7 +21,7 @@ struct XML_ParserStruct;  // expat's parser
 
 namespace vantry::reader {
 
-/// Takes one document in blocks and tells its elements and text to a handler. Comments, processing
+/// Takes one document in blocks and passes its elements and text to a handler. Comments, processing
 /// instructions and the document type reach nobody; CDATA sections arrive as text.
 ///
 /// What a document makes of itself is bounded: once its entities come to a megabyte, they may make

@@ -7,7 +7,6 @@
 namespace vantry::plot {
 
 using base::Token;
-using base::WordId;
 
 namespace {
 
