@@ -88,9 +88,7 @@ void convertAll(const std::vector<PlannedConversion>& plans, const Converter& co
 
 int run(const ConvertArguments& arguments) {
   const ConvertSettings settings = settingsOf(arguments);
-  // A reader that goes away and a limit on the size of files are failures like any other.
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is a failure like any other
   const CleanInterruption cleanInterruption;
 
   ConvertReport report;

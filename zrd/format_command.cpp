@@ -1,7 +1,3 @@
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <unordered_set>
@@ -13,6 +9,7 @@
 #include "zrd/commands.h"
 #include "zrd/indented_xml.h"
 #include "zrd/plot_file.h"
+#include "zrd/view/whole_output.h"
 
 namespace vantry::zrd {
 
@@ -72,20 +69,6 @@ std::string formatted(const Options& options) {
   }
 }
 
-/// The new file takes the place of the old one when it is complete.
-void replace(const std::string& name, const std::string& text) {
-  const std::string aside = name + ".zrd-format";
-  std::ofstream out(aside, std::ios::binary);
-  out << text;
-  out.close();
-  std::error_code failure;
-  if (out) std::filesystem::rename(aside, name, failure);
-  if (out && !failure) return;
-  const std::string reason = out ? failure.message() : std::strerror(errno);
-  std::filesystem::remove(aside, failure);
-  throw Failure(badDocument, name + ": cannot be written: " + reason);
-}
-
 }  // namespace
 
 Command addFormatCommand(CLI::App& program) {
@@ -105,7 +88,7 @@ Command addFormatCommand(CLI::App& program) {
             const std::string text = formatted(*options);
             const std::string& name = options->isInPlace ? options->file : options->out;
             if (!name.empty()) {
-              replace(name, text);
+              writeWhole(name, [&text](std::ostream& out) { out << text; });
               return success;
             }
             std::cout << text << std::flush;

@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <array>
 #include <clocale>
+#include <csignal>
+#include <exception>
 #include <iostream>
+#include <new>
 
 #include "zrd/commands.h"
 
@@ -38,10 +41,17 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
   std::setlocale(LC_CTYPE, "");
   std::ios::sync_with_stdio(false);
+  std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is a failure like any other
   try {
     return vantry::zrd::run(argc, argv);
   } catch (const vantry::zrd::Failure& failure) {
     std::cerr << "zrd: " << failure.what() << '\n';
     return failure.status();
+  } catch (const std::bad_alloc&) {
+    std::cerr << "zrd: out of memory\n";
+    return vantry::zrd::badDocument;
+  } catch (const std::exception& failure) {
+    std::cerr << "zrd: " << failure.what() << '\n';
+    return vantry::zrd::badDocument;
   }
 }

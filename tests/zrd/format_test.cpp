@@ -83,6 +83,27 @@ TEST_F(FormatCommand, WritesToAFile) {
   EXPECT_EQ(files(), "in.zrd out.zrd");
 }
 
+TEST_F(FormatCommand, KeepsThePermissionsOfAFile) {
+  fs::permissions(folder_.path() / "in.zrd", fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(format({"-i", "in.zrd"}).err, "");
+  EXPECT_EQ(fs::status(folder_.path() / "in.zrd").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(FormatCommand, WritesTheFileThatALinkNames) {
+  fs::create_symlink("in.zrd", folder_.path() / "link.zrd");
+  EXPECT_EQ(format({"-i", "link.zrd"}).err, "");
+  EXPECT_TRUE(fs::is_symlink(folder_.path() / "link.zrd"));
+  EXPECT_EQ(read("in.zrd"), formatted);
+}
+
+TEST_F(FormatCommand, PutsNoFileInThePlaceOfSomethingElse) {
+  const Outcome outcome = format({"-o", "/dev/null", "in.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "zrd: /dev/null cannot be written: it is not a regular file\n");
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
 TEST_F(FormatCommand, LeavesAFileAloneThatItCannotRead) {
   write("in.zrd", "<Canvas>");
   EXPECT_EQ(format({"-i", "in.zrd"}).status, 2);

@@ -63,6 +63,14 @@ TemporaryFiles& temporaryFiles() {
   return *files;
 }
 
+// The file that is meant by the name of a link.
+std::filesystem::path withoutLinks(std::filesystem::path name) {
+  std::error_code failure;
+  if (!std::filesystem::is_symlink(name, failure)) return name;
+  std::filesystem::path target = std::filesystem::weakly_canonical(name, failure);
+  return failure ? name : target;
+}
+
 }  // namespace
 
 OutputFile::Descriptor::int_type OutputFile::Descriptor::overflow(int_type c) {
@@ -84,15 +92,18 @@ std::streamsize OutputFile::Descriptor::xsputn(const char* data, std::streamsize
   return written;
 }
 
-OutputFile::OutputFile(std::filesystem::path name) : name_(std::move(name)) {
+OutputFile::OutputFile(std::filesystem::path name) : name_(withoutLinks(std::move(name))) {
+  struct stat old {};
+  const bool isThere = stat(name_.c_str(), &old) == 0;
+  if (isThere && S_ISDIR(old.st_mode)) fail(EISDIR);
+  if (isThere && !S_ISREG(old.st_mode)) {
+    throw std::runtime_error(name_.string() + " cannot be written: it is not a regular file");
+  }
   std::error_code failure;
   if (name_.has_parent_path()) std::filesystem::create_directories(name_.parent_path(), failure);
   descriptor_.number = temporaryFiles().create(name_, temporary_);
   if (descriptor_.number < 0) fail(errno);
-  struct stat old {};
-  if (stat(name_.c_str(), &old) == 0 && S_ISREG(old.st_mode)) {
-    fchmod(descriptor_.number, old.st_mode & 0777);
-  }
+  if (isThere) fchmod(descriptor_.number, old.st_mode & 0777);
 }
 
 OutputFile::~OutputFile() {

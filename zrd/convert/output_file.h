@@ -12,8 +12,9 @@
 namespace vantry::zrd {
 
 /// A file that is written under a temporary name in its folder, which is made if need be, and moved
-/// to its own name by appear(). Until then a file of that name stays as it was. Failures are thrown
-/// as std::runtime_error with the name and the reason.
+/// to its own name by appear(). Until then a file of that name stays as it was. The name of a link
+/// is that of its target; what is no regular file, as a device, is refused. Failures are thrown as
+/// std::runtime_error with the name and the reason.
 class OutputFile {
  public:
   /// Opens the temporary file.
