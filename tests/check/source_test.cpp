@@ -26,7 +26,7 @@ TEST(Source, CountsCharactersOfLines) {
 }
 
 TEST(Source, CountsBackToo) {
-  const Source source("\xC3\xA4bc\nd\n\xC3\xA4fg");
+  const Source source("\xC3\xA4yz\nd\n\xC3\xA4yz");
   EXPECT_EQ(placeIn(source, {10, 1}), "3:3-4");
   EXPECT_EQ(placeIn(source, {9, 1}), "3:2-3");
   EXPECT_EQ(placeIn(source, {7, 2}), "3:1-2");
