@@ -65,7 +65,7 @@ int waitForProcess(int process) {
 
 std::string makeTemporaryFolder() {
   // mkdtemp() puts a name that is not taken in the place of the six letters.
-  std::string name = std::filesystem::temp_directory_path() / "zrd-XXXXXX";
+  std::string name = std::filesystem::temp_directory_path() / ("zrd-" + std::string(6, 'X'));
   if (mkdtemp(name.data())) return name;
   throw Failure(badDocument, name + ": cannot be made: " + std::strerror(errno));
 }
