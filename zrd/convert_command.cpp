@@ -13,10 +13,10 @@
 #include "zrd/commands.h"
 #include "zrd/convert/conversion.h"
 #include "zrd/convert/inputs.h"
-#include "zrd/convert/output_file.h"
 #include "zrd/convert/output_names.h"
 #include "zrd/convert/report.h"
 #include "zrd/convert/settings.h"
+#include "zrd/output_file.h"
 
 namespace vantry::zrd {
 

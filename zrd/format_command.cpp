@@ -9,7 +9,7 @@
 #include "zrd/commands.h"
 #include "zrd/indented_xml.h"
 #include "zrd/plot_file.h"
-#include "zrd/view/whole_output.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 

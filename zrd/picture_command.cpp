@@ -14,7 +14,7 @@
 #include "zrd/view/plot_page.h"
 #include "zrd/view/process.h"
 #include "zrd/view/progress.h"
-#include "zrd/view/whole_output.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 

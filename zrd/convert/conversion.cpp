@@ -12,7 +12,7 @@
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
 #include "zrd/commands.h"
-#include "zrd/convert/output_file.h"
+#include "zrd/output_file.h"
 #include "zrd/plot_file.h"
 
 namespace vantry::zrd {

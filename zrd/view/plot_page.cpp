@@ -8,7 +8,7 @@
 #include "zrd/view/model_file.h"
 #include "zrd/view/page_template.h"
 #include "zrd/view/progress.h"
-#include "zrd/view/whole_output.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 

@@ -1,4 +1,4 @@
-// Outputs of the commands that show plots.
+// Outputs of commands that make one file.
 #pragma once
 
 #include <filesystem>

@@ -1,9 +1,9 @@
-#include "zrd/view/whole_output.h"
+#include "zrd/whole_output.h"
 
 #include <iostream>
 
 #include "zrd/commands.h"
-#include "zrd/convert/output_file.h"
+#include "zrd/output_file.h"
 
 namespace vantry::zrd {
 

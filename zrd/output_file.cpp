@@ -1,4 +1,4 @@
-#include "zrd/convert/output_file.h"
+#include "zrd/output_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
