@@ -88,7 +88,7 @@ Command addFormatCommand(CLI::App& program) {
             const std::string text = formatted(*options);
             const std::string& name = options->isInPlace ? options->file : options->out;
             if (!name.empty()) {
-              writeWhole(name, [&text](std::ostream& out) { out << text; });
+              writeWhole(name, [&text](std::ostream& file) { file << text; });
               return success;
             }
             std::cout << text << std::flush;
