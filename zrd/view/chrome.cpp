@@ -86,7 +86,7 @@ std::vector<std::string> commandOf(const std::string& program, const std::string
 // From here on the destructor ends the browser, also if the tab cannot be opened.
 Chrome::Chrome(const std::string& folder) : Chrome() {
   start(folder);
-  std::signal(SIGPIPE, SIG_IGN);  // a browser that has ended is noticed when nothing comes from it
+  std::signal(SIGPIPE, SIG_IGN);  // a browser that has ended gets a message of ours
   openTab();
 }
 
@@ -160,13 +160,14 @@ json Chrome::evaluate(const std::string& expression) {
   return answer.value("/result/value"_json_pointer, json());
 }
 
-// A message ends with a zero byte.
+// A message ends with a zero byte. A browser that has ended is noticed here or when nothing comes
+// from it, whichever is first.
 void Chrome::send(const json& message) {
   const std::string text = message.dump();
   std::size_t done = 0;
   while (done <= text.size()) {
     const ssize_t count = ::write(input_, text.c_str() + done, text.size() + 1 - done);
-    if (count < 0 && errno != EINTR) fail("it does not listen");
+    if (count < 0 && errno != EINTR) fail("it has ended");
     if (count > 0) done += static_cast<std::size_t>(count);
   }
 }
