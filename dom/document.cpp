@@ -181,7 +181,7 @@ void Document::endBatch() {
 
 void Document::execute(std::unique_ptr<base::Operation> operation) {
   if (!operation) return;
-  run([&] {
+  asOneChange([&] {
     Recording recording(*this);
     operation->execute();
     recording.keep(std::move(operation));
@@ -206,8 +206,14 @@ void Document::holdBack() {
   if (!heldBack_) heldBack_ = std::current_exception();
 }
 
+void Document::keepDuringChange(Node* first, unsigned count) {
+  if (executionDepth_ == 0) return;
+  for (; first && count > 0; first = first->nextSibling(), --count) takenOut_.emplace_back(first);
+}
+
 void Document::finishExecution() {
   std::exception_ptr error = std::exchange(heldBack_, nullptr);
+  const std::vector<Ref<Node>> takenOut = std::exchange(takenOut_, {});
   for (auto& change : std::exchange(changes_, {})) history_.add(std::move(change));
   while (executionDepth_ == 0 && !pendingOperations_.empty()) {
     const std::unique_ptr<base::Operation> operation = std::move(pendingOperations_.front());
@@ -235,11 +241,11 @@ void Document::executeDeferred(std::unique_ptr<base::Operation> operation) {
 }
 
 void Document::undo() {
-  if (executionDepth_ == 0) run([this] { history_.undo(); });
+  if (executionDepth_ == 0) asOneChange([this] { history_.undo(); });
 }
 
 void Document::redo() {
-  if (executionDepth_ == 0) run([this] { history_.redo(); });
+  if (executionDepth_ == 0) asOneChange([this] { history_.redo(); });
 }
 
 void Document::setUndoLimit(unsigned limit) {

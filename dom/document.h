@@ -95,7 +95,7 @@ class Document : public InnerNode {
   template <class Operation, class... Arguments>
   void perform(const Arguments&... arguments) {
     if (isInBatch()) {
-      run([&] {
+      asOneChange([&] {
         Operation(arguments...).execute();
         removeUnreferencedRanges();
       });
@@ -103,6 +103,26 @@ class Document : public InnerNode {
       execute(std::make_unique<Operation>(arguments...));
     }
   }
+
+  /// Does `work` as one change, or as part of the one under way. Deferred operations run at its
+  /// end, and what observers throw after a change is thrown there. A node that is taken out of a
+  /// tree meanwhile lives until then, even if nobody holds it, so whoever is at work can go on with
+  /// it.
+  template <class Work>
+  void asOneChange(Work work) {
+    try {
+      const Execution execution(*this);
+      work();
+    } catch (...) {
+      if (executionDepth_ > 0) throw;
+      holdBack();
+    }
+    if (executionDepth_ == 0) finishExecution();
+  }
+
+  /// To be called before `count` siblings from `first` on are taken out: they live as long as the
+  /// change under way.
+  void keepDuringChange(Node* first, unsigned count);
 
   /// Runs the operation when the execution under way has ended, at once if there is none, without
   /// recording it.
@@ -204,19 +224,6 @@ class Document : public InnerNode {
     std::size_t place_ = 0;
   };
 
-  /// Does the work as one execution, or as part of the one under way: deferred operations wait for
-  /// its end.
-  template <class Work>
-  void run(Work work) {
-    try {
-      const Execution execution(*this);
-      work();
-    } catch (...) {
-      if (executionDepth_ > 0) throw;
-      holdBack();
-    }
-    if (executionDepth_ == 0) finishExecution();
-  }
   void holdBack();
   void finishExecution();
   void runDeferred(base::Operation& operation);
@@ -235,6 +242,7 @@ class Document : public InnerNode {
   Ref<RangeList> ranges_;
   std::vector<std::unique_ptr<base::Operation>> changes_;  // of the execution, in their order
   Recording* recording_ = nullptr;                         // the innermost
+  std::vector<Ref<Node>> takenOut_;                        // during the execution
   std::exception_ptr heldBack_;
   std::size_t nodeCount_ = 0;
   std::uint64_t changeCount_ = 1;
@@ -244,5 +252,15 @@ class Document : public InnerNode {
   bool isBatchBeginning_ = false;
   bool isAbandoned_ = false;
 };
+
+/// The same for a node, which need not have a document.
+template <class Work>
+void asOneChange(const Node& node, Work work) {
+  if (node.ownerDocument()) {
+    node.ownerDocument()->asOneChange(work);
+  } else {
+    work();
+  }
+}
 
 }  // namespace vantry::dom

@@ -93,6 +93,7 @@ void ReplaceChildrenOperation::execute() {
         BeforeReplaceChildrenEvent(node(), first(), coming_.first(), going_.size()));
     if (document().changeCount() != changeCount) takeStock(origins);
     behindRun = behind();
+    document().keepDuringChange(going_.first(), going_.size());
     node()->doReplaceChildren(first(), going_.size(), coming_.first());
   } catch (...) {
     putBack(origins);

@@ -95,6 +95,7 @@ void Node::performReplaceChildren(Node* first, unsigned count, NewChildren newCh
     return;
   }
   const Ref<Node> kept = newChildren.first();
+  if (ownerDocument()) ownerDocument()->keepDuringChange(first, count);
   if (newChildren.isSingle()) kept->parent()->doReplaceChildren(kept.get(), 1, nullptr);
   doReplaceChildren(first, count, kept.get());
 }
@@ -135,7 +136,7 @@ void Node::moveIn(Node* first, unsigned count, Node& newChild) {
 
   // Observers are notified in between. Nothing here may die of what they do.
   const Ref<Node> kept[] = {keep(this), keep(first), &newChild};
-  ownerDocument()->run([&] {
+  ownerDocument()->asOneChange([&] {
     formerParent.performReplaceChildren(&newChild, 1, nullptr);
     // Out of the document there is no way but a recorded one.
     const bool isBack = newChild.isInDocument() && !isInDocument();

@@ -60,8 +60,7 @@ Ref<Text> Text::splitText(unsigned offset) {
   if (parent()) checkReplaceData(offset, tailLength, nullptr);  // before the tail is put in
   Ref<Text> tail = new Text(ownerDocument(), data_.c_str() + offset);
   if (isInDocument()) {
-    const Ref<Text> self = this;  // an observer may take it out
-    ownerDocument()->run([&] {
+    ownerDocument()->asOneChange([&] {
       parent()->insertBefore(tail.get(), nextSibling());
       checkReplaceData(offset, tailLength, nullptr);
       ownerDocument()->perform<ReplaceTextOperation>(this, offset, tailLength, nullptr);

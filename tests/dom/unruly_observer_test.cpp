@@ -720,4 +720,82 @@ TEST_F(UnrulyObserverTest, ATextThatIsTakenOutWhileItIsSplitIsSplitAllTheSame) {
   }
 }
 
+// What is taken out during a change
+
+TEST_F(UnrulyObserverTest, WhatIsTakenOutDuringAChangeLivesUntilItsEnd) {
+  enum class Way { Recorded, InABatch, WithTheRoot, Outside };
+  for (const Way way : {Way::Recorded, Way::InABatch, Way::WithTheRoot, Way::Outside}) {
+    TestElement* root = load("<r><a><b></b></a><c></c></r>");
+    document->setUndoLimit(0);
+    const int before = TestElement::alive;
+    CallObserver observer([&](const DomEvent&) {
+      Node* const a = node("a");
+      Node* const b = node("b");
+      if (way == Way::InABatch) document->beginBatch();
+      if (way == Way::WithTheRoot) document->removeChild(root);
+      root->removeChild(a);
+      if (way == Way::InABatch) document->endBatch();
+      if (way == Way::Outside) a->removeChild(b);
+      EXPECT_EQ(TestElement::alive, before);
+      EXPECT_EQ(b->nodeName(), token("b"));
+    });
+    document->addObserver(&observer, EventType::AfterSetAttribute);
+    element("c")->setAttribute(x, LongVariant(1));
+    document->removeObserver(&observer);
+    EXPECT_EQ(TestElement::alive, way == Way::WithTheRoot ? 0 : before - 2);
+  }
+}
+
+TEST_F(UnrulyObserverTest, WhatIsTakenOutDuringAnUndoLivesUntilItsEnd) {
+  TestElement* root = load("<r><a></a><c></c></r>");
+  element("c")->setAttribute(x, LongVariant(1));
+  const int before = TestElement::alive;
+  bool isFirst = true;
+  CallObserver observer([&](const DomEvent&) {
+    if (!std::exchange(isFirst, false)) return;
+    root->removeChild(node("a"));
+    EXPECT_EQ(TestElement::alive, before);
+  });
+  document->addObserver(&observer);
+  document->undo();
+  document->removeObserver(&observer);
+  EXPECT_EQ(TestElement::alive, before - 1);
+  EXPECT_EQ(xml(), "<r><c></c></r>");
+}
+
+TEST_F(UnrulyObserverTest, SeveralChangesCanBeOne) {
+  TestElement* root = load("<r><a></a></r>");
+  const Snapshot before(*document);
+  Log log;
+  CallObserver observer([&](const DomEvent&) {
+    document->executeDeferred(callOperation([&] { log.push_back("deferred"); }));
+    throw Thrown();
+  });
+  document->addObserver(&observer, EventType::AfterReplaceChildren);
+  EXPECT_THROW(document->asOneChange([&] {
+    root->removeChild(node("a"));
+    root->setAttribute(x, LongVariant(1));
+    document->undo();
+    log.push_back("end");
+  }),
+               Thrown);
+  document->removeObserver(&observer);
+  EXPECT_EQ(log, (Log{"end", "deferred"}));
+  EXPECT_EQ(xml(), "<r x=\"1\"></r>");
+  expectAtRest();
+  document->undo();
+  before.expectIn(*document);
+}
+
+TEST_F(UnrulyObserverTest, ARefusalEndsWhatWasToBeOneChange) {
+  TestElement* root = load("<r></r>");
+  EXPECT_DOM_ERROR(8, document->asOneChange([&] {
+    root->setAttribute(x, LongVariant(1));
+    root->removeChild(root);
+    root->setAttribute(x, LongVariant(2));
+  }));
+  EXPECT_EQ(xml(), "<r x=\"1\"></r>");
+  expectAtRest();
+}
+
 }  // namespace
