@@ -4,7 +4,7 @@
 
 #include "vantry/dom/document.h"
 #include "vantry/dom/dom_exception.h"
-#include "vantry/dom/tree_walk.h"
+#include "vantry/dom/walk_in_change.h"
 
 namespace vantry::dom {
 
@@ -13,7 +13,7 @@ namespace {
 /// Calls `hook` on `origin`, and on the elements below each element whose hook asks for it.
 template <class Hook>
 void callDown(Element& origin, Hook hook) {
-  walkSubtree<Node>(origin, [&](Node& node) {
+  walkInChange(origin, [&](Node& node) {
     Element* element = node.asElement();
     return element && hook(*element);
   });
@@ -107,7 +107,9 @@ void ReplaceChildrenOperation::execute() {
   std::erase_if(placesOfRun_, [&](const Place& place) { return place.parent == &document(); });
   document().afterChange([&] {
     putBack(home);
-    for (unsigned i = 0; i < going_.size(); ++i) going_[i].attachedToDocument();
+    for (unsigned i = 0; i < going_.size(); ++i) {
+      if (going_[i].isInDocument()) going_[i].attachedToDocument();
+    }
     document().notify(AfterReplaceChildrenEvent(node()));
   });
 }

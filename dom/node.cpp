@@ -7,6 +7,7 @@
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/model_operation.h"
 #include "vantry/dom/tree_walk.h"
+#include "vantry/dom/walk_in_change.h"
 
 namespace vantry::dom {
 
@@ -232,7 +233,7 @@ void Node::setParents(Node* chain, InnerNode* parent) {
 }
 
 void Node::attachedToDocument() {
-  walkSubtree(*this, [](Node& node) {
+  walkInChange(*this, [](Node& node) {
     node.onAttached();
     return true;
   });

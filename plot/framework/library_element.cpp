@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "vantry/dom/tree_walk.h"
+#include "vantry/dom/walk_in_change.h"
 #include "vantry/plot/values/cmd_writer.h"
 
 namespace vantry::plot {
@@ -44,10 +44,10 @@ void LibraryElement::endCommand(CmdWriter& writer) const { writer.endCall(); }
 
 void StyleElement::notifyPropertyChanged(Token name) {
   if (!parent()) return;
-  for (dom::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
-    PlotElement* sibling = from(node);
+  dom::forEachChildInChange(*parent(), [&](dom::Node& node) {
+    PlotElement* sibling = from(&node);
     if (sibling && !sibling->isStyle()) sibling->propertyChanged(*this, name);
-  }
+  });
 }
 
 bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
@@ -59,15 +59,15 @@ bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
 
 // All who inherit from this style are below its siblings, those that are styles again included.
 void StyleElement::notifyWhatIsAround(Token name) {
-  if (!parent()) return;
-  for (dom::Node* node = parent()->firstChild(); node; node = node->nextSibling()) {
-    PlotElement* sibling = from(node);
-    if (!sibling || sibling->isStyle()) continue;
-    dom::walkSubtree(*node, [&](dom::Node& below) {
-      PlotElement* element = from(&below);
-      return element && element->parentPropertyChanged(*this, name);
-    });
-  }
+  dom::Node* const container = parent();
+  if (!container) return;
+  dom::walkInChange(*container, [&](dom::Node& node) {
+    if (&node == container) return true;
+    PlotElement* element = from(&node);
+    const bool isBesideThis = node.parent() == container;
+    if (!element || (isBesideThis && element->isStyle())) return false;
+    return element->parentPropertyChanged(*this, name);
+  });
 }
 
 bool StyleElement::beginCommand(CmdWriter& writer) const {

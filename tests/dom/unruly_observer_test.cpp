@@ -798,4 +798,59 @@ TEST_F(UnrulyObserverTest, ARefusalEndsWhatWasToBeOneChange) {
   expectAtRest();
 }
 
+/// Takes itself out in each of its hooks, and goes on.
+class FleetingElement : public TestElement {
+ public:
+  using TestElement::TestElement;
+  bool beforeSetAttribute(Element&, Token name, const Variant&) override { return flee(name); }
+  bool afterSetAttribute(Element&, Token name) override { return flee(name); }
+  bool beforeRemoveAttribute(Element&, Token name) override { return flee(name); }
+  bool afterRemoveAttribute(Element&, Token name) override { return flee(name); }
+  void onAttached() override { flee(token("attached")); }
+
+  static inline int calls = 0;
+
+ private:
+  bool flee(Token name) {
+    const bool hadName = hasAttribute(name);
+    if (parent()) parent()->removeChild(this);
+    EXPECT_EQ(hasAttribute(name), hadName);
+    ++calls;
+    return true;
+  }
+};
+
+TEST_F(UnrulyObserverTest, AnElementMayTakeItselfOutInItsHooks) {
+  for (const unsigned limit : {0U, 100U}) {
+    document->setUndoLimit(limit);
+    FleetingElement::calls = 0;
+    const auto expectCall = [&](int number) {
+      EXPECT_EQ(FleetingElement::calls, number);
+      EXPECT_EQ(xml().find("<f>"), std::string::npos);
+      checkLinks(*document);
+    };
+    TestElement* root = load("<r><a></a></r>");
+    // Without their hooks, which come for nodes that are put in as changes of the document.
+    const auto putBothIn = [&] {
+      for (int i = 0; i < 2; ++i) {
+        const Ref<Node> fleeting = new FleetingElement(document.get(), token("f"));
+        root->doReplaceChildren(nullptr, 0, fleeting.get());
+      }
+    };
+    const Ref<TestElement> top = readXml(*document, "<t><u></u></t>");
+    for (int i = 0; i < 2; ++i) {
+      const Ref<Node> fleeting = new FleetingElement(document.get(), token("f"));
+      top->insertBefore(fleeting.get(), top->firstChild());
+    }
+    root->appendChild(top.get());
+    expectCall(2);
+    putBothIn();
+    root->setAttribute(x, LongVariant(1));
+    expectCall(4);
+    putBothIn();
+    root->removeAttribute(x);
+    expectCall(6);
+  }
+}
+
 }  // namespace
