@@ -52,6 +52,14 @@ class UndoGroup {
   PlotDocument& document_;
 };
 
+std::vector<PlotElement*> elementsAround(const dom::Node& node) {
+  std::vector<PlotElement*> elements;
+  for (dom::Node* around = node.parent(); around; around = around->parent()) {
+    if (PlotElement* element = PlotElement::from(around)) elements.push_back(element);
+  }
+  return elements;
+}
+
 void makeInconsistent(PlotElement& element) {
   const Variant inconsistent = base::BoolVariant(false);
   if (element.hasAttribute(Word::Consistent) &&
@@ -70,6 +78,7 @@ void PlotDocument::select(dom::Node* node) {
   if (node->ownerDocument() != this || !node->parent()) {
     throw DomException(DomException::WrongDocument);
   }
+  const Ref<dom::Node> selected = node;  // which an observer may take out
   Ref<Range> selection = firstSelectedRange();
   if (selection) {
     deselectFrom(*this, nextSelectedRange(selection.get()));
@@ -116,12 +125,15 @@ bool PlotDocument::canDeleteSelection() const {
 void PlotDocument::deleteSelection() {
   if (!canDeleteSelection()) return;
   PlotElement* element = selectedElement();
-  const Ref<dom::Node> parent = element->parent();
+  const bool inDocument = element->isInDocument();
   const UndoGroup group(*this);
-  parent->removeChild(element);
-  for (Ref<dom::Node> node = parent; node; node = node->parent()) {
-    if (PlotElement* ancestor = PlotElement::from(node.get())) makeInconsistent(*ancestor);
-  }
+  asOneChange([&] {
+    const std::vector<PlotElement*> around = elementsAround(*element);
+    element->parent()->removeChild(element);
+    for (PlotElement* each : around) {
+      if (each->isInDocument() == inDocument) makeInconsistent(*each);
+    }
+  });
 }
 
 }  // namespace vantry::plot

@@ -286,13 +286,15 @@ void setAttributes(PlotElement& element, std::span<const AttributeText> attribut
 }  // namespace
 
 void Canvas::createDefaultStyles() {
-  setAttributes(*this, canvasLook);
-  for (const StyleLook& look : styleLooks) {
-    const base::Ref<PlotElement> style(plotDocument()->createElement(look.tag));
-    if (look.type) style->setAttributeFromString(Word::Type, look.type);
-    setAttributes(*style, look.attributes);
-    appendChild(style.get());
-  }
+  dom::asOneChange(*this, [this] {
+    setAttributes(*this, canvasLook);
+    for (const StyleLook& look : styleLooks) {
+      const base::Ref<PlotElement> style(plotDocument()->createElement(look.tag));
+      if (look.type) style->setAttributeFromString(Word::Type, look.type);
+      setAttributes(*style, look.attributes);
+      appendChild(style.get());
+    }
+  });
 }
 
 }  // namespace vantry::plot

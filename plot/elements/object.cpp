@@ -28,11 +28,7 @@ bool ObjectBase::visitStyles(StyleVisitor& visitor) const {
   return visitTypedStyles(*this, localType(), visitor);
 }
 
-void ObjectBase::notifyPropertyChanged(Token name) {
-  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
-  }
-}
+void ObjectBase::notifyPropertyChanged(Token name) { passToChildren(*this, name); }
 
 const Property* Obj2d::findProperty(Token name) const {
   return findIn(name, objectStyleProperties(), object2dStyleProperties(), objectProperties());

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "vantry/dom/dom_exception.h"
+#include "vantry/dom/walk_in_change.h"
 #include "vantry/plot/values/cmd_writer.h"
 
 namespace vantry::plot {
@@ -100,44 +101,48 @@ Variant AttributeListElement::getPropertyValue(Token name) const {
 }
 
 void AttributeListElement::setPropertyValue(Token name, const Variant& value) {
-  const Property& property = requireProperty(name);
-  const PlotElement* parent = property.isInherited() ? styleParent(name) : nullptr;
-  if (parent && parent->getPropertyValue(name) == value) {
-    if (!hasAttribute(name)) return;
-    removeAttribute(name);
-  } else {
-    setAttribute(name, value);
-  }
-  notifyPropertyChanged(name);
+  dom::asOneChange(*this, [&] {
+    const bool inDocument = isInDocument();
+    const Property& property = requireProperty(name);
+    const PlotElement* parent = property.isInherited() ? styleParent(name) : nullptr;
+    if (parent && parent->getPropertyValue(name) == value) {
+      if (!hasAttribute(name)) return;
+      removeAttribute(name);
+    } else {
+      setAttribute(name, value);
+    }
+    if (isInDocument() == inDocument) notifyPropertyChanged(name);
+  });
 }
 
-bool AttributeListElement::isSameAsInherited(const Attribute& attribute) const {
-  const auto& [name, value] = attribute;
-  const Property* property = findProperty(name);
+bool AttributeListElement::isSameAsInherited(Token name) const {
+  const Variant* value = findAttribute(name);
+  const Property* property = value ? findProperty(name) : nullptr;
   const PlotElement* parent = property && property->isInherited() ? styleParent(name) : nullptr;
-  return parent && parent->getPropertyValue(name) == value;
+  return parent && parent->getPropertyValue(name) == *value;
 }
 
 void AttributeListElement::propertyChanged(PlotElement& source, Token name) {
-  const Variant* value = findAttribute(name);
-  if (value && styleParent(name) == &source && isSameAsInherited({name, *value})) {
-    removeAttribute(name);
-  }
-  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (PlotElement* element = from(child)) element->propertyChanged(source, name);
-  }
+  dom::asOneChange(*this, [&] {
+    const bool inDocument = isInDocument();
+    if (isSameAsInherited(name) && styleParent(name) == &source) removeAttribute(name);
+    if (isInDocument() == inDocument) passToChildren(source, name);
+  });
 }
 
 void AttributeListElement::dropInheritedProperties() {
-  const auto isSame = [this](const Attribute& attribute) { return isSameAsInherited(attribute); };
-  for (;;) {
-    const auto entry = std::find_if(attributes_.begin(), attributes_.end(), isSame);
-    if (entry == attributes_.end()) break;
-    removeAttribute(Token(entry->first));
-  }
-  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (PlotElement* element = from(child)) element->dropInheritedProperties();
-  }
+  dom::asOneChange(*this, [this] {
+    const bool inDocument = isInDocument();
+    std::vector<Token> names;  // observers may change the list
+    for (const auto& [name, value] : attributes_) names.push_back(name);
+    for (const Token name : names) {
+      if (isSameAsInherited(name)) removeAttribute(name);
+      if (isInDocument() != inDocument) return;
+    }
+    dom::forEachChildInChange(*this, [](dom::Node& child) {
+      if (PlotElement* element = from(&child)) element->dropInheritedProperties();
+    });
+  });
 }
 
 }  // namespace vantry::plot

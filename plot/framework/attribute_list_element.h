@@ -55,7 +55,7 @@ class AttributeListElement : public ElementWithOptions {
                             const Variant& value) const;
 
  private:
-  bool isSameAsInherited(const Attribute& attribute) const;
+  bool isSameAsInherited(Token name) const;
 
   std::vector<Attribute> attributes_;
 };

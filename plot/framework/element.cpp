@@ -1,9 +1,13 @@
 #include "vantry/plot/framework/element.h"
 
 #include <cstdarg>
+#include <exception>
+#include <memory>
 
+#include "vantry/base/operation.h"
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/tree_walk.h"
+#include "vantry/dom/walk_in_change.h"
 #include "vantry/plot/framework/element_document.h"
 #include "vantry/plot/framework/property_change_event.h"
 
@@ -96,10 +100,17 @@ Variant PlotElement::getPropertyValue(Token name) const {
 }
 
 void PlotElement::setPropertyValue(Token name, const Variant& value) {
-  requireProperty(name).setValue(*this, value);
-  for (dom::Node* child = firstChild(); child; child = child->nextSibling()) {
-    if (PlotElement* element = from(child)) element->propertyChanged(*this, name);
-  }
+  dom::asOneChange(*this, [&] {
+    const bool inDocument = isInDocument();
+    requireProperty(name).setValue(*this, value);
+    if (isInDocument() == inDocument) passToChildren(*this, name);
+  });
+}
+
+void PlotElement::passToChildren(PlotElement& source, Token name) {
+  dom::forEachChildInChange(*this, [&](dom::Node& child) {
+    if (PlotElement* element = from(&child)) element->propertyChanged(source, name);
+  });
 }
 
 bool PlotElement::isWritableProperty(Token name) const { return findProperty(name) != nullptr; }
@@ -190,13 +201,33 @@ bool PlotElement::canBeWritten() const {
   return refuse(RefusalKind::unwritableChildren);
 }
 
+namespace {
+
+/// Throws later what is caught where it is made.
+class LateThrow final : public base::Operation {
+ public:
+  void execute() override { std::rethrow_exception(error_); }
+  void undo() override {}
+
+ private:
+  const std::exception_ptr error_ = std::current_exception();
+};
+
+}  // namespace
+
+// A change concerns many elements, and each of them is to get its new value.
 void notifyPropertyChange(PlotElement& element, Token name) {
   dom::Document* document = element.ownerDocument();
   if (!document) return;
   document->noteChange();
   if (document->isInBatch()) return;
-  AfterPropertyChangeEvent event(element, name);
-  document->notify(event);
+  document->asOneChange([&] {
+    try {
+      document->notify(AfterPropertyChangeEvent(element, name));
+    } catch (...) {
+      document->executeDeferred(std::make_unique<LateThrow>());
+    }
+  });
 }
 
 }  // namespace vantry::plot

@@ -130,6 +130,9 @@ class PlotElement : public dom::Element {
   /// To be called by a class that has changed what its attributes are.
   void noteChange();
 
+  /// Calls propertyChanged() of each child.
+  void passToChildren(PlotElement& source, Token name);
+
   /// Whether the children are such as the element takes.
   virtual bool canHoldItsChildren() const;
 

@@ -52,8 +52,10 @@ void StyleElement::notifyPropertyChanged(Token name) {
 
 bool StyleElement::parentPropertyChanged(PlotElement& source, Token name) {
   if (reactionTo(*this, source, name) != Reaction::changed) return false;
-  notifyPropertyChange(*this, name);
-  if (&source == this) notifyWhatIsAround(name);
+  dom::asOneChange(*this, [&] {
+    notifyPropertyChange(*this, name);
+    if (&source == this) notifyWhatIsAround(name);
+  });
   return false;
 }
 

@@ -1,6 +1,7 @@
 // Elements that keep the values of their properties in members.
 #pragma once
 
+#include "vantry/dom/document.h"
 #include "vantry/plot/framework/element.h"
 #include "vantry/plot/framework/property_list.h"
 
@@ -29,8 +30,10 @@ class WithProperties : public Base {
   }
 
   void dropInheritedProperties() override {
-    Base::dropInheritedProperties();
-    Self::propertyList().dropAllInherited(*this);
+    dom::asOneChange(*this, [this] {
+      Base::dropInheritedProperties();
+      Self::propertyList().dropAllInherited(*this);
+    });
   }
 
  protected:

@@ -311,6 +311,58 @@ TEST_F(SelectionTest, ADeletionIsSeparateFromWhatComesBehindThoughAnObserverThro
   EXPECT_EQ(group->firstChild(), nullptr);
 }
 
+TEST_F(SelectionTest, ADeletionIsCompleteThoughAnObserverThrowsOrTakesMoreOut) {
+  struct Thrown {};
+  class Thief final : public PropertyObserver {
+   public:
+    using PropertyObserver::PropertyObserver;
+    void handleEvent(const dom::DomEvent& event) override {
+      if (event.target->nodeName() != Word::Group2d) return;
+      event.target->parent()->removeChild(event.target);
+      throw Thrown();
+    }
+  };
+  for (const Token name : {Word::Consistent, Word::Width})
+    canvas->setAttributeFromString(name, "1");
+  group->setAttributeFromString(Word::Consistent, "1");
+  document->select(object);
+  document->clearUndo();
+  const std::string before = xmlOf(*canvas);
+  {
+    const Thief thief(*document);
+    EXPECT_THROW(document->deleteSelection(), Thrown);
+  }
+  EXPECT_EQ(system->firstChild(), nullptr);
+  EXPECT_EQ(valueOf(*canvas, Word::Consistent), "0");
+  document->undo();
+  EXPECT_EQ(xmlOf(*canvas), before);
+  EXPECT_FALSE(document->canUndo());
+}
+
+TEST_F(SelectionTest, WhatIsTakenOutWhileItIsToBeSelectedIsNotSelected) {
+  class Thief final : public PropertyObserver {
+   public:
+    Thief(PlotDocument& document, PlotElement* victim)
+        : PropertyObserver(document), victim_(victim) {
+      document.addObserver(this, dom::EventType::BeforeDeselect);
+    }
+    void handleEvent(const dom::DomEvent&) override {
+      if (victim_->parent()) victim_->parent()->removeChild(victim_);
+    }
+
+   private:
+    PlotElement* victim_;
+  };
+  document->setUndoLimit(0);
+  const Ref<Range> ranges[] = {document->createRange(true), document->createRange(true)};
+  {
+    const Thief thief(*document, object);
+    EXPECT_EQ(codeOf([&] { document->select(object); }), DomException::WrongDocument);
+  }
+  EXPECT_EQ(group->firstChild(), nullptr);
+  EXPECT_EQ(document->selectedElement(), nullptr);
+}
+
 // Times.
 
 TEST_F(SelectionTest, TheCurrentTime) {
