@@ -28,6 +28,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Arc2d::propertyList() { return properties; }
 
-Arc2d::Arc2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Arc2d::Arc2d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Arc2d : public Primitive<Arc2d> {
  public:
   static constexpr Token tag = Word::Arc2d;
 
-  explicit Arc2d(dom::Document* document);
+  explicit Arc2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -23,7 +23,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Arrow2d::propertyList() { return properties; }
 
-Arrow2d::Arrow2d(dom::Document* document) : ElementOf(document) {
+Arrow2d::Arrow2d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

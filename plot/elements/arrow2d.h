@@ -10,7 +10,7 @@ class Arrow2d : public Primitive<Arrow2d> {
  public:
   static constexpr Token tag = Word::Arrow2d;
 
-  explicit Arrow2d(dom::Document* document);
+  explicit Arrow2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -25,7 +25,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Arrow3d::propertyList() { return properties; }
 
-Arrow3d::Arrow3d(dom::Document* document) : ElementOf(document) {
+Arrow3d::Arrow3d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

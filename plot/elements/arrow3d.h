@@ -10,7 +10,7 @@ class Arrow3d : public Primitive<Arrow3d> {
  public:
   static constexpr Token tag = Word::Arrow3d;
 
-  explicit Arrow3d(dom::Document* document);
+  explicit Arrow3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

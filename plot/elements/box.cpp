@@ -27,6 +27,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Box::propertyList() { return properties; }
 
-Box::Box(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Box::Box(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Box : public Primitive<Box> {
  public:
   static constexpr Token tag = Word::Box;
 
-  explicit Box(dom::Document* document);
+  explicit Box(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -21,6 +21,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Camera::propertyList() { return properties; }
 
-Camera::Camera(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Camera::Camera(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Camera : public Primitive<Camera> {
  public:
   static constexpr Token tag = Word::Camera;
 
-  explicit Camera(dom::Document* document);
+  explicit Camera(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -13,7 +13,7 @@ class Canvas : public ElementOf<Canvas, StyleContainer<LibraryElement>>, private
  public:
   static constexpr Token tag = Word::Canvas;
 
-  explicit Canvas(dom::Document* document) : ElementOf(document), StyleGetter(this) {}
+  explicit Canvas(ElementDocument* document) : ElementOf(document), StyleGetter(this) {}
   Canvas(const Canvas& other) : ElementOf(other), StyleGetter(this) {}
 
   // clang-format off

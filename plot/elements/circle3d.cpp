@@ -24,7 +24,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Circle3d::propertyList() { return properties; }
 
-Circle3d::Circle3d(dom::Document* document) : ElementOf(document) {
+Circle3d::Circle3d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

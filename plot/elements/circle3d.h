@@ -10,7 +10,7 @@ class Circle3d : public Primitive<Circle3d> {
  public:
   static constexpr Token tag = Word::Circle3d;
 
-  explicit Circle3d(dom::Document* document);
+  explicit Circle3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -21,7 +21,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& ClippingBox::propertyList() { return properties; }
 
-ClippingBox::ClippingBox(dom::Document* document) : ElementOf(document) {
+ClippingBox::ClippingBox(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

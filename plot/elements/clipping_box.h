@@ -11,7 +11,7 @@ class ClippingBox : public Primitive<ClippingBox> {
  public:
   static constexpr Token tag = Word::ClippingBox;
 
-  explicit ClippingBox(dom::Document* document);
+  explicit ClippingBox(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

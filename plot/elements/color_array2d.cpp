@@ -10,7 +10,7 @@ constexpr PropertyListOf properties{rasterProperties};
 
 const PropertyList& ColorArray2d::propertyList() { return properties; }
 
-ColorArray2d::ColorArray2d(dom::Document* document) : ElementOf(document) {
+ColorArray2d::ColorArray2d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

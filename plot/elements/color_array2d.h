@@ -12,7 +12,7 @@ class ColorArray2d : public Primitive<ColorArray2d, Raster2d> {
  public:
   static constexpr Token tag = Word::ColorArray2d;
 
-  explicit ColorArray2d(dom::Document* document);
+  explicit ColorArray2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

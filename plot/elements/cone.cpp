@@ -26,6 +26,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Cone::propertyList() { return properties; }
 
-Cone::Cone(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Cone::Cone(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

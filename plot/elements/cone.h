@@ -10,7 +10,7 @@ class Cone : public Primitive<Cone> {
  public:
   static constexpr Token tag = Word::Cone;
 
-  explicit Cone(dom::Document* document);
+  explicit Cone(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -11,7 +11,7 @@ namespace vantry::plot {
 class CoordinateSystemBase : public StyleContainer<LibraryElement>,
                              public CoordinateSystemStyleGetter {
  public:
-  explicit CoordinateSystemBase(dom::Document* document)
+  explicit CoordinateSystemBase(ElementDocument* document)
       : StyleContainer(document), CoordinateSystemStyleGetter(this) {}
 
   /// The tag of the style elements that this class inherits from.
@@ -47,7 +47,7 @@ class CoordinateSystem3d : public ElementOf<CoordinateSystem3d, CoordinateSystem
 /// What the coordinate systems of a scene, or of all scenes of a canvas, inherit from.
 class CoordinateSystemStyleBase : public StyleElement, public CoordinateSystemStyleGetter {
  public:
-  explicit CoordinateSystemStyleBase(dom::Document* document)
+  explicit CoordinateSystemStyleBase(ElementDocument* document)
       : StyleElement(document), CoordinateSystemStyleGetter(this) {}
 
   bool visitStyles(StyleVisitor& visitor) const override;

@@ -19,7 +19,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& DensityArray2d::propertyList() { return properties; }
 
-DensityArray2d::DensityArray2d(dom::Document* document) : ElementOf(document) {
+DensityArray2d::DensityArray2d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

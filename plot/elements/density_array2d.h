@@ -12,7 +12,7 @@ class DensityArray2d : public Primitive<DensityArray2d, Raster2d> {
  public:
   static constexpr Token tag = Word::DensityArray2d;
 
-  explicit DensityArray2d(dom::Document* document);
+  explicit DensityArray2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

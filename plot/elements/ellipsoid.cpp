@@ -21,7 +21,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Ellipsoid::propertyList() { return properties; }
 
-Ellipsoid::Ellipsoid(dom::Document* document) : ElementOf(document) {
+Ellipsoid::Ellipsoid(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

@@ -10,7 +10,7 @@ class Ellipsoid : public Primitive<Ellipsoid> {
  public:
   static constexpr Token tag = Word::Ellipsoid;
 
-  explicit Ellipsoid(dom::Document* document);
+  explicit Ellipsoid(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

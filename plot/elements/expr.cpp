@@ -31,9 +31,9 @@ constexpr PropertyListOf vExprProperties{
 const PropertyList& Expr::propertyList() { return exprProperties; }
 const PropertyList& VExpr::propertyList() { return vExprProperties; }
 
-Expr::Expr(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Expr::Expr(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-VExpr::VExpr(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+VExpr::VExpr(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 void Expr::setAttributeFromString(Token name, const char* text) {
   requireAttribute(name);

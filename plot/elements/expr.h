@@ -49,7 +49,7 @@ class Expr : public ElementOf<Expr, WithAttribute<Expr, TextElement>> {
  public:
   static constexpr Token tag = Word::Expr;
 
-  explicit Expr(dom::Document* document);
+  explicit Expr(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -79,7 +79,7 @@ class VExpr : public ElementOf<VExpr, WithAttribute<VExpr, SeqExprElement>> {
  public:
   static constexpr Token tag = Word::VExpr;
 
-  explicit VExpr(dom::Document* document);
+  explicit VExpr(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -87,7 +87,7 @@ bool ExprSeq::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChild
   return isContentOf(*this, newChildren);
 }
 
-TickPos::TickPos(dom::Document* document) : ElementOf(document) {
+TickPos::TickPos(ElementDocument* document) : ElementOf(document) {
   addChildren(*this, Word::VExpr, 1);
 }
 

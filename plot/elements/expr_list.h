@@ -42,7 +42,7 @@ class ExprTuple : public ElementOf<ExprTuple<name, least, most, whenBlank, Base>
  public:
   static constexpr Token tag = base::tokenOf(name);
 
-  explicit ExprTuple(dom::Document* document) : ElementOf<ExprTuple, Base>(document) {
+  explicit ExprTuple(ElementDocument* document) : ElementOf<ExprTuple, Base>(document) {
     addChildren(*this, Word::IExpr, least);
   }
 
@@ -122,7 +122,7 @@ class TickPos : public ElementOf<TickPos, ElementWithOptions> {
  public:
   static constexpr Token tag = Word::TickPos;
 
-  explicit TickPos(dom::Document* document);
+  explicit TickPos(ElementDocument* document);
 
   bool beginCommand(CmdWriter& writer) const override;
 };

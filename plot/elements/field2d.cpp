@@ -29,7 +29,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Field2d::propertyList() { return properties; }
 
-Field2d::Field2d(dom::Document* document) : ElementOf(document) {
+Field2d::Field2d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

@@ -11,7 +11,7 @@ class Field2d : public Primitive<Field2d, P2List> {
  public:
   static constexpr Token tag = Word::Field2d;
 
-  explicit Field2d(dom::Document* document);
+  explicit Field2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

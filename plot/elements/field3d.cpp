@@ -31,7 +31,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Field3d::propertyList() { return properties; }
 
-Field3d::Field3d(dom::Document* document) : ElementOf(document) {
+Field3d::Field3d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

@@ -11,7 +11,7 @@ class Field3d : public Primitive<Field3d, P3List> {
  public:
   static constexpr Token tag = Word::Field3d;
 
-  explicit Field3d(dom::Document* document);
+  explicit Field3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

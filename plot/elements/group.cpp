@@ -21,7 +21,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& GroupBase::propertyList() { return properties; }
 
-GroupBase::GroupBase(dom::Document* document) : ContainerWithProperties(document) {
+GroupBase::GroupBase(ElementDocument* document) : ContainerWithProperties(document) {
   propertyList().initialise(*this);
 }
 

@@ -12,7 +12,7 @@ namespace vantry::plot {
 class GroupBase : public ContainerWithProperties<GroupBase, StyleContainer<ElementWithChildren>>,
                   public MemberValues {
  public:
-  explicit GroupBase(dom::Document* document);
+  explicit GroupBase(ElementDocument* document);
 
   /// A call with the attributes and the children as its arguments.
   bool beginCommand(CmdWriter& writer) const override;

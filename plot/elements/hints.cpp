@@ -14,6 +14,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Hints::propertyList() { return properties; }
 
-Hints::Hints(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Hints::Hints(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Hints : public ElementOf<Hints, WithProperties<Hints, LeafElement>> {
  public:
   static constexpr Token tag = Word::Hints;
 
-  explicit Hints(dom::Document* document);
+  explicit Hints(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

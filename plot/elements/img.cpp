@@ -21,7 +21,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& ImgBase::propertyList() { return properties; }
 
-ImgBase::ImgBase(dom::Document* document) : ContainerWithProperties(document) {
+ImgBase::ImgBase(ElementDocument* document) : ContainerWithProperties(document) {
   propertyList().initialise(*this);
 }
 

@@ -10,7 +10,7 @@ namespace vantry::plot {
 /// The primitives of an object at one value of its animation parameter.
 class ImgBase : public ContainerWithProperties<ImgBase, ElementWithChildren>, public MemberValues {
  public:
-  explicit ImgBase(dom::Document* document);
+  explicit ImgBase(ElementDocument* document);
 
   /// The time from which on the object looks like this; NaN if it is not animated.
   double frameTime() const;

@@ -31,25 +31,25 @@ constexpr PropertyListOf spotLightProperties{
 
 const PropertyList& AmbientLight::propertyList() { return ambientLightProperties; }
 
-AmbientLight::AmbientLight(dom::Document* document) : ElementOf(document) {
+AmbientLight::AmbientLight(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 const PropertyList& PointLight::propertyList() { return pointLightProperties; }
 
-PointLight::PointLight(dom::Document* document) : ElementOf(document) {
+PointLight::PointLight(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 const PropertyList& DistantLight::propertyList() { return distantLightProperties; }
 
-DistantLight::DistantLight(dom::Document* document) : ElementOf(document) {
+DistantLight::DistantLight(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
 const PropertyList& SpotLight::propertyList() { return spotLightProperties; }
 
-SpotLight::SpotLight(dom::Document* document) : ElementOf(document) {
+SpotLight::SpotLight(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

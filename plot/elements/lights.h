@@ -10,7 +10,7 @@ class AmbientLight : public Primitive<AmbientLight> {
  public:
   static constexpr Token tag = Word::AmbientLight;
 
-  explicit AmbientLight(dom::Document* document);
+  explicit AmbientLight(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -23,7 +23,7 @@ class PointLight : public Primitive<PointLight, AmbientLight> {
  public:
   static constexpr Token tag = Word::PointLight;
 
-  explicit PointLight(dom::Document* document);
+  explicit PointLight(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -36,7 +36,7 @@ class DistantLight : public Primitive<DistantLight, PointLight> {
  public:
   static constexpr Token tag = Word::DistantLight;
 
-  explicit DistantLight(dom::Document* document);
+  explicit DistantLight(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -48,7 +48,7 @@ class SpotLight : public Primitive<SpotLight, DistantLight> {
  public:
   static constexpr Token tag = Word::SpotLight;
 
-  explicit SpotLight(dom::Document* document);
+  explicit SpotLight(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -21,6 +21,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Line2d::propertyList() { return properties; }
 
-Line2d::Line2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Line2d::Line2d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Line2d : public Primitive<Line2d> {
  public:
   static constexpr Token tag = Word::Line2d;
 
-  explicit Line2d(dom::Document* document);
+  explicit Line2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -23,6 +23,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Line3d::propertyList() { return properties; }
 
-Line3d::Line3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Line3d::Line3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Line3d : public Primitive<Line3d> {
  public:
   static constexpr Token tag = Word::Line3d;
 
-  explicit Line3d(dom::Document* document);
+  explicit Line3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -31,7 +31,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Lines3d::propertyList() { return properties; }
 
-Lines3d::Lines3d(dom::Document* document) : ElementOf(document) {
+Lines3d::Lines3d(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

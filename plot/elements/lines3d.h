@@ -10,7 +10,7 @@ class Lines3d : public Primitive<Lines3d, P3List> {
  public:
   static constexpr Token tag = Word::Lines3d;
 
-  explicit Lines3d(dom::Document* document);
+  explicit Lines3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

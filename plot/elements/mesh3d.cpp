@@ -44,6 +44,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Mesh3d::propertyList() { return properties; }
 
-Mesh3d::Mesh3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Mesh3d::Mesh3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

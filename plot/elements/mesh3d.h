@@ -11,7 +11,7 @@ class Mesh3d : public Primitive<Mesh3d, P3List> {
  public:
   static constexpr Token tag = Word::Mesh3d;
 
-  explicit Mesh3d(dom::Document* document);
+  explicit Mesh3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

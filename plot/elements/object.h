@@ -10,7 +10,7 @@ namespace vantry::plot {
 /// frames, and texts that say where it comes from.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
  public:
-  explicit ObjectBase(dom::Document* document)
+  explicit ObjectBase(ElementDocument* document)
       : LibraryElement(document), ObjectStyleGetter(this) {}
 
   using ObjectStyleGetter::legendColor;

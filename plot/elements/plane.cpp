@@ -23,6 +23,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Plane::propertyList() { return properties; }
 
-Plane::Plane(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Plane::Plane(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Plane : public Primitive<Plane> {
  public:
   static constexpr Token tag = Word::Plane;
 
-  explicit Plane(dom::Document* document);
+  explicit Plane(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -31,6 +31,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Poly2d::propertyList() { return properties; }
 
-Poly2d::Poly2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Poly2d::Poly2d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

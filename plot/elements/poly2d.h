@@ -10,7 +10,7 @@ class Poly2d : public Primitive<Poly2d, P2List> {
  public:
   static constexpr Token tag = Word::Poly2d;
 
-  explicit Poly2d(dom::Document* document);
+  explicit Poly2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -32,6 +32,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Poly3d::propertyList() { return properties; }
 
-Poly3d::Poly3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Poly3d::Poly3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Poly3d : public Primitive<Poly3d, P3List> {
  public:
   static constexpr Token tag = Word::Poly3d;
 
-  explicit Poly3d(dom::Document* document);
+  explicit Poly3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -38,19 +38,19 @@ const PropertyList& PropCat::propertyList() { return propCatProperties; }
 const PropertyList& PropInfo::propertyList() { return propInfoProperties; }
 const PropertyList& Prop::propertyList() { return propProperties; }
 
-ObjType::ObjType(dom::Document* document) : ElementOf(document) {
+ObjType::ObjType(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropCat::PropCat(dom::Document* document) : ElementOf(document) {
+PropCat::PropCat(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-PropInfo::PropInfo(dom::Document* document) : ElementOf(document) {
+PropInfo::PropInfo(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 
-Prop::Prop(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Prop::Prop(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 bool ObjType::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return isContentOf(*this, newChildren);

@@ -11,7 +11,7 @@ class ObjType : public ElementOf<ObjType, WithProperties<ObjType, PlotElement>>,
  public:
   static constexpr Token tag = Word::ObjType;
 
-  explicit ObjType(dom::Document* document);
+  explicit ObjType(ElementDocument* document);
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
 
@@ -26,7 +26,7 @@ class PropCat : public ElementOf<PropCat, WithProperties<PropCat, PlotElement>>,
  public:
   static constexpr Token tag = Word::PropCat;
 
-  explicit PropCat(dom::Document* document);
+  explicit PropCat(ElementDocument* document);
   bool canReplaceChildren(dom::Node* first, unsigned count,
                           dom::NewChildren newChildren) const override;
   /// A category must have a name.
@@ -45,7 +45,7 @@ class PropInfo : public ElementOf<PropInfo, WithProperties<PropInfo, LeafElement
  public:
   static constexpr Token tag = Word::PropInfo;
 
-  explicit PropInfo(dom::Document* document);
+  explicit PropInfo(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -63,7 +63,7 @@ class Prop : public ElementOf<Prop, WithProperties<Prop, LeafElement>> {
  public:
   static constexpr Token tag = Word::Prop;
 
-  explicit Prop(dom::Document* document);
+  explicit Prop(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

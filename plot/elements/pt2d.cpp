@@ -20,6 +20,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Pt2d::propertyList() { return properties; }
 
-Pt2d::Pt2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pt2d::Pt2d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

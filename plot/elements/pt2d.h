@@ -10,7 +10,7 @@ class Pt2d : public Primitive<Pt2d> {
  public:
   static constexpr Token tag = Word::Pt2d;
 
-  explicit Pt2d(dom::Document* document);
+  explicit Pt2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

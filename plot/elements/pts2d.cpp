@@ -19,6 +19,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Pts2d::propertyList() { return properties; }
 
-Pts2d::Pts2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pts2d::Pts2d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

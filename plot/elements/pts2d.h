@@ -10,7 +10,7 @@ class Pts2d : public Primitive<Pts2d, P2List> {
  public:
   static constexpr Token tag = Word::Pts2d;
 
-  explicit Pts2d(dom::Document* document);
+  explicit Pts2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -19,6 +19,6 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Pts3d::propertyList() { return properties; }
 
-Pts3d::Pts3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Pts3d::Pts3d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Pts3d : public Primitive<Pts3d, P3List> {
  public:
   static constexpr Token tag = Word::Pts3d;
 
-  explicit Pts3d(dom::Document* document);
+  explicit Pts3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -10,7 +10,8 @@ namespace vantry::plot {
 /// One plot area of a canvas.
 class SceneBase : public StyleContainer<LibraryElement>, public SceneStyleGetter {
  public:
-  explicit SceneBase(dom::Document* document) : StyleContainer(document), SceneStyleGetter(this) {}
+  explicit SceneBase(ElementDocument* document)
+      : StyleContainer(document), SceneStyleGetter(this) {}
 
   // The place in the canvas, in millimetres, or in parts of the canvas if its layout is Relative.
   PLOT_GETTER(double, bottom, Bottom)
@@ -56,7 +57,7 @@ class Scene2dStyle : public ElementOf<Scene2dStyle, StyleElement>, public SceneS
  public:
   static constexpr Token tag = Word::Scene2dStyle;
 
-  explicit Scene2dStyle(dom::Document* document) : ElementOf(document), SceneStyleGetter(this) {}
+  explicit Scene2dStyle(ElementDocument* document) : ElementOf(document), SceneStyleGetter(this) {}
   Scene2dStyle(const Scene2dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
 
   const Property* findProperty(Token name) const override;
@@ -70,7 +71,7 @@ class Scene3dStyle : public ElementOf<Scene3dStyle, StyleElement>, public SceneS
  public:
   static constexpr Token tag = Word::Scene3dStyle;
 
-  explicit Scene3dStyle(dom::Document* document) : ElementOf(document), SceneStyleGetter(this) {}
+  explicit Scene3dStyle(ElementDocument* document) : ElementOf(document), SceneStyleGetter(this) {}
   Scene3dStyle(const Scene3dStyle& other) : ElementOf(other), SceneStyleGetter(this) {}
 
   const Property* findProperty(Token name) const override;

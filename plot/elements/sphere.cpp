@@ -19,6 +19,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Sphere::propertyList() { return properties; }
 
-Sphere::Sphere(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Sphere::Sphere(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Sphere : public Primitive<Sphere> {
  public:
   static constexpr Token tag = Word::Sphere;
 
-  explicit Sphere(dom::Document* document);
+  explicit Sphere(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

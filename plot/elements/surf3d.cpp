@@ -43,6 +43,8 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Surf3d::propertyList() { return properties; }
 
-Surf3d::Surf3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Surf3d::Surf3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class Surf3d : public Primitive<Surf3d, P3List> {
  public:
   static constexpr Token tag = Word::Surf3d;
 
-  explicit Surf3d(dom::Document* document);
+  explicit Surf3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

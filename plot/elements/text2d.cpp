@@ -22,7 +22,9 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Text2d::propertyList() { return properties; }
 
-Text2d::Text2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Text2d::Text2d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 bool Text2d::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);

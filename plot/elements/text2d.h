@@ -10,7 +10,7 @@ class Text2d : public Primitive<Text2d> {
  public:
   static constexpr Token tag = Word::Text2d;
 
-  explicit Text2d(dom::Document* document);
+  explicit Text2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -24,7 +24,9 @@ constexpr PropertyListOf properties{
 
 const PropertyList& Text3d::propertyList() { return properties; }
 
-Text3d::Text3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Text3d::Text3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 bool Text3d::canReplaceChildren(dom::Node*, unsigned, dom::NewChildren newChildren) const {
   return acceptsOnlyText(*this, newChildren);

@@ -10,7 +10,7 @@ class Text3d : public Primitive<Text3d> {
  public:
   static constexpr Token tag = Word::Text3d;
 
-  explicit Text3d(dom::Document* document);
+  explicit Text3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -17,7 +17,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& TimeRange::propertyList() { return properties; }
 
-TimeRange::TimeRange(dom::Document* document) : ElementOf(document) {
+TimeRange::TimeRange(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

@@ -10,7 +10,7 @@ class TimeRange : public ElementOf<TimeRange, WithProperties<TimeRange, LeafElem
  public:
   static constexpr Token tag = Word::TimeRange;
 
-  explicit TimeRange(dom::Document* document);
+  explicit TimeRange(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -33,13 +33,13 @@ const PropertyList& TrBase::propertyList() { return trProperties; }
 const PropertyList& Tr2d::propertyList() { return tr2dProperties; }
 const PropertyList& Tr3d::propertyList() { return tr3dProperties; }
 
-TrBase::TrBase(dom::Document* document) : WithProperties(document) {
+TrBase::TrBase(ElementDocument* document) : WithProperties(document) {
   propertyList().initialise(*this);
 }
 
-Tr2d::Tr2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Tr2d::Tr2d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
-Tr3d::Tr3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+Tr3d::Tr3d(ElementDocument* document) : ElementOf(document) { propertyList().initialise(*this); }
 
 double TrBase::frameTime() const {
   const auto* transform = elementCast<TransformBase, Transform2d, Transform3d>(parent());

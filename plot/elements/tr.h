@@ -9,7 +9,7 @@ namespace vantry::plot {
 /// A transform at one value of its animation parameter: the rows of a matrix and a translation.
 class TrBase : public WithProperties<TrBase, LeafElement> {
  public:
-  explicit TrBase(dom::Document* document);
+  explicit TrBase(ElementDocument* document);
 
   /// The time from which on this map holds; NaN if the transform is not animated.
   double frameTime() const;
@@ -30,7 +30,7 @@ class Tr2d : public ElementOf<Tr2d, WithProperties<Tr2d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr2d;
 
-  explicit Tr2d(dom::Document* document);
+  explicit Tr2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -44,7 +44,7 @@ class Tr3d : public ElementOf<Tr3d, WithProperties<Tr3d, TrBase>> {
  public:
   static constexpr Token tag = Word::Tr3d;
 
-  explicit Tr3d(dom::Document* document);
+  explicit Tr3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

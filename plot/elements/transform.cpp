@@ -25,7 +25,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& TransformBase::propertyList() { return properties; }
 
-TransformBase::TransformBase(dom::Document* document) : ContainerWithProperties(document) {
+TransformBase::TransformBase(ElementDocument* document) : ContainerWithProperties(document) {
   propertyList().initialise(*this);
 }
 

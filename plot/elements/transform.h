@@ -14,7 +14,7 @@ class TransformBase
                                      StyleContainer<ElementWithOptions, /*hasStyles=*/false>>,
       public MemberValues {
  public:
-  explicit TransformBase(dom::Document* document);
+  explicit TransformBase(ElementDocument* document);
 
   bool visitStyles(StyleVisitor& visitor) const override;
 

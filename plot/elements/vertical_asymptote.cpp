@@ -20,7 +20,7 @@ constexpr PropertyListOf properties{
 
 const PropertyList& VerticalAsymptote::propertyList() { return properties; }
 
-VerticalAsymptote::VerticalAsymptote(dom::Document* document) : ElementOf(document) {
+VerticalAsymptote::VerticalAsymptote(ElementDocument* document) : ElementOf(document) {
   propertyList().initialise(*this);
 }
 

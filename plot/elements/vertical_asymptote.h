@@ -10,7 +10,7 @@ class VerticalAsymptote : public Primitive<VerticalAsymptote> {
  public:
   static constexpr Token tag = Word::VerticalAsymptote;
 
-  explicit VerticalAsymptote(dom::Document* document);
+  explicit VerticalAsymptote(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -37,8 +37,12 @@ constexpr PropertyListOf view3dProperties{
 const PropertyList& View2d::propertyList() { return view2dProperties; }
 const PropertyList& View3d::propertyList() { return view3dProperties; }
 
-View2d::View2d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+View2d::View2d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
-View3d::View3d(dom::Document* document) : ElementOf(document) { propertyList().initialise(*this); }
+View3d::View3d(ElementDocument* document) : ElementOf(document) {
+  propertyList().initialise(*this);
+}
 
 }  // namespace vantry::plot

@@ -10,7 +10,7 @@ class View2d : public ElementOf<View2d, WithProperties<View2d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View2d;
 
-  explicit View2d(dom::Document* document);
+  explicit View2d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 
@@ -25,7 +25,7 @@ class View3d : public ElementOf<View3d, WithProperties<View3d, LeafElement>> {
  public:
   static constexpr Token tag = Word::View3d;
 
-  explicit View3d(dom::Document* document);
+  explicit View3d(ElementDocument* document);
 
   static const PropertyList& propertyList();
 

@@ -15,6 +15,8 @@ namespace vantry::plot {
 
 using dom::DomException;
 
+PlotElement::PlotElement(ElementDocument* document) : Element(document) {}
+
 ElementDocument* PlotElement::plotDocument() const {
   return static_cast<ElementDocument*>(ownerDocument());
 }

@@ -29,7 +29,8 @@ inline constexpr dom::NodeClass elementClass{&plotModel, T::tag};
 /// reporter of its document; nothing has changed then.
 class PlotElement : public dom::Element {
  public:
-  explicit PlotElement(dom::Document* document) : Element(document) {}
+  /// An element for a document of this model, or for none.
+  explicit PlotElement(ElementDocument* document);
 
   const dom::NodeClass* nodeClass() const override { return &plotModel; }
 

@@ -6,7 +6,7 @@
 
 namespace vantry::plot {
 
-ObjStyle::ObjStyle(dom::Document* document) : ElementOf(document), ObjectStyleGetter(this) {}
+ObjStyle::ObjStyle(ElementDocument* document) : ElementOf(document), ObjectStyleGetter(this) {}
 
 ObjStyle::ObjStyle(const ObjStyle& other)
     : ElementOf(other), ObjectStyleGetter(this), localType_(other.localType_) {}

@@ -12,7 +12,7 @@ class ObjStyle : public ElementOf<ObjStyle, StyleElement>, public ObjectStyleGet
  public:
   static constexpr Token tag = Word::ObjStyle;
 
-  explicit ObjStyle(dom::Document* document);
+  explicit ObjStyle(ElementDocument* document);
   ObjStyle(const ObjStyle& other);
 
   /// The type that was set, or null.

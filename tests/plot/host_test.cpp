@@ -1,5 +1,6 @@
 // Element classes of a host's own: which ones a document takes, and what they can do there.
 #include <tuple>
+#include <type_traits>
 #include <typeinfo>
 
 #include "plot_test.h"
@@ -154,6 +155,20 @@ class HostTest : public PlotTest {
     expectRefused(*fragment, stranger.get());
   }
 
+  /// An element asks its document for more than each kind of document has.
+  template <class Element>
+  static void checkConstructor() {
+    EXPECT_TRUE((std::is_constructible_v<Element, PlotDocument*>));
+    EXPECT_FALSE((std::is_constructible_v<Element, dom::Document*>));
+  }
+
+  template <class... Models>
+  static void checkConstructors(const std::tuple<Models...>*) {
+    (checkConstructor<Models>(), ...);
+    (checkConstructor<Derived<Models>>(), ...);
+    checkConstructor<Impostor<Group2d>>();
+  }
+
   template <class... Models>
   void checkClasses(const std::tuple<Models...>*) {
     (checkClass<Models>(), ...);
@@ -163,6 +178,10 @@ class HostTest : public PlotTest {
 TEST_F(HostTest, EachClassIsOpenAndNoOtherClassOfItsNameComesIn) {
   EXPECT_EQ(std::tuple_size_v<AllClasses>, elementNames().size());
   checkClasses(static_cast<const AllClasses*>(nullptr));
+}
+
+TEST_F(HostTest, NoElementIsMadeForADocumentOfAnotherKind) {
+  checkConstructors(static_cast<const AllClasses*>(nullptr));
 }
 
 TEST_F(HostTest, AWrongClassIsRefusedWhereverItIsToGo) {
