@@ -34,7 +34,7 @@ TEST_F(DocumentTest, ARootThatIsNoElementIsNoDocumentElement) {
 
 // Observers
 
-TEST_F(DocumentTest, ObserversHearOfEveryChange) {
+TEST_F(DocumentTest, ObserversAreNotifiedOfEveryChange) {
   TestElement* root = load("<r>text</r>");
   Recorder recorder;
   document->addObserver(&recorder);
@@ -145,7 +145,7 @@ TEST_F(DocumentTest, OneSubscriptionEndsAlone) {
   document->removeObserver(&recorder);
 }
 
-TEST_F(DocumentTest, ObserversAreToldInTheOrderOfTheirPlaces) {
+TEST_F(DocumentTest, ObserversAreNotifiedInTheOrderOfTheirPlaces) {
   TestElement* root = load("<r></r>");
   Log order;
   const auto noting = [&order](const char* name) {
@@ -203,7 +203,7 @@ TEST_F(DocumentTest, AnObserverMayAddAndRemoveOthers) {
 
 // Batches
 
-TEST_F(DocumentTest, ABatchIsToldOnceAndSilent) {
+TEST_F(DocumentTest, ABatchIsReportedOnceAndSilent) {
   TestElement* root = load("<r></r>");
   Recorder recorder;
   document->addObserver(&recorder);
@@ -252,7 +252,7 @@ TEST_F(DocumentTest, ABatchKeepsTheUndoLimit) {
   EXPECT_FALSE(document->canUndo());
 }
 
-/// An observer that is told what to do around a batch.
+/// An observer that calls a function before a batch and one after it.
 template <class Before, class After>
 class BatchObserver final : public Recorder {
  public:
@@ -433,7 +433,7 @@ TEST_F(DocumentTest, TearDownEndsEverythingButTheTree) {
   EXPECT_EQ(xml(), "<r x=\"2\"></r>");
 }
 
-TEST_F(DocumentTest, ADocumentThatWasTornDownTellsNothing) {
+TEST_F(DocumentTest, ADocumentThatWasTornDownSendsNoEvents) {
   load("<r></r>");
   document->tearDown();
   Recorder recorder;

@@ -89,7 +89,7 @@ TEST_F(ElementTest, HooksGoDownTheTreeInDocumentOrder) {
                       "afterRemove a of a.x", "afterRemove b of a.x", "afterRemove c of a.x"}));
 }
 
-TEST_F(ElementTest, AHookDecidesWhetherItsChildrenAreTold) {
+TEST_F(ElementTest, AHookDecidesWhetherItsChildrenAreCalled) {
   load("<r><a><b></b></a><c></c></r>");
   logHooks();
   element("a")->passesHooksOn = false;

@@ -348,7 +348,7 @@ TEST_F(NodeTest, AParentIsAskedAboutASingleNodeThatIsStillInItsPlace) {
   EXPECT_TRUE(detached->isMovedWithin);
 }
 
-TEST_F(NodeTest, ANodeCannotStandBeforeOrReplaceItself) {
+TEST_F(NodeTest, ANodeCannotGoBeforeOrReplaceItself) {
   load("<r><a></a><b></b></r>");
   EXPECT_DOM_ERROR(8, node("r")->insertBefore(node("a"), node("a")));
   EXPECT_DOM_ERROR(8, node("r")->replaceChild(node("a"), node("a")));
@@ -367,7 +367,7 @@ class FragmentTest : public TreeTest {
   }
 };
 
-TEST_F(FragmentTest, ItsChildrenStandForIt) {
+TEST_F(FragmentTest, ItsChildrenGoInItsPlace) {
   TestElement* root = load("<r><z></z></r>");
   Ref<DocumentFragment> fragment = filled("<a></a><b></b>");
   Node* a = fragment->firstChild();
@@ -627,7 +627,7 @@ TEST_F(NodeTest, DetachedTreesChangeWithoutRecordOrEvents) {
   document->removeObserver(&recorder);
 }
 
-TEST_F(NodeTest, EveryNodeOfANewSubtreeIsToldInDocumentOrder) {
+TEST_F(NodeTest, EveryNodeOfANewSubtreeIsAttachedInDocumentOrder) {
   TestElement* root = load("<r></r>");
   Log log;
   const Ref<DocumentFragment> fragment = document->fragment();

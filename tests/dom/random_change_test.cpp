@@ -9,7 +9,7 @@ using namespace vantry;
 using namespace vantry::dom::test;
 
 /// Expects each live range to have both containers, in whatever trees of its document they are. Of
-/// the offsets nothing is said: changes of a detached tree are not told.
+/// the offsets nothing is said: changes of a detached tree send no events.
 void checkContainers(const std::vector<Ref<Range>>& ranges) {
   for (const Ref<Range>& range : ranges) {
     if (range->isDetached()) continue;
@@ -76,7 +76,7 @@ class RandomChangeTest : public TreeTest, public testing::WithParamInterface<uns
         try {
           element.insertBefore(&node, element.childAt(below(4)));
         } catch (const DomException&) {
-          // The node holds the element, or is the one to stand before.
+          // The node holds the element, or is the one to go before.
         }
         break;
       case 5:

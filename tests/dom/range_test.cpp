@@ -419,7 +419,7 @@ TEST_F(RangeTest, AFrozenRangeIsDeselectedInSilence) {
 
 // Selection events
 
-TEST_F(RangeTest, ASelectedRangeTellsOfItsChanges) {
+TEST_F(RangeTest, ASelectedRangeReportsItsChanges) {
   Recorder recorder;
   document->addObserver(&recorder);
   const Ref<Range> selected = document->createRange(true);
@@ -607,7 +607,7 @@ TEST_F(RangeTest, AppendingMovesAStartThatIsBehindTheEndOfItsContainer) {
   EXPECT_EQ(bounds(*range), "b 3, b 3");
 }
 
-TEST_F(RangeTest, AppendingMovesAStartWhoseContainerGotShorterUntold) {
+TEST_F(RangeTest, AppendingMovesAStartWhoseContainerGotShorterWithoutAnEvent) {
   const Ref<Range> range = this->range(node("b"), 1, node("b"), 3);
   const Ref<Node> root = document->removeChild(document->firstChild());
   Node* const b = range->startContainer();
@@ -635,7 +635,7 @@ TEST_F(RangeTest, RangesFollowUndoAndRedo) {
   EXPECT_EQ(bounds(*range), "r 2, r 1");
 }
 
-TEST_F(RangeTest, AMovingSelectionIsTold) {
+TEST_F(RangeTest, AMovingSelectionIsReported) {
   const Ref<Range> selected = this->range(node("r"), 3, node("r"), 3, true);
   Recorder recorder;
   document->addObserver(&recorder, EventType::BeforeSelectionChange);
@@ -657,9 +657,9 @@ TEST_F(RangeTest, AChangeThatIsPreventedMovesNothing) {
     return all;
   };
   const Log before = boundsOfAll();
-  Log told;
+  Log reported;
   CallObserver follower([&](const DomEvent& event) {
-    if (event.target == ranges[0].get()) told.push_back(bounds(*ranges[0]));
+    if (event.target == ranges[0].get()) reported.push_back(bounds(*ranges[0]));
   });
   CallObserver thrower([](const DomEvent& event) {
     if (event.type == EventType::BeforeReplaceChildren ||
@@ -671,7 +671,7 @@ TEST_F(RangeTest, AChangeThatIsPreventedMovesNothing) {
   document->addObserver(&thrower);
   EXPECT_THROW(node("r")->removeChild(node("b")), std::string);
   EXPECT_EQ(boundsOfAll(), before);
-  EXPECT_EQ(told, (Log{"r 1, r 1", "b 1, b 2"}));
+  EXPECT_EQ(reported, (Log{"r 1, r 1", "b 1, b 2"}));
   EXPECT_THROW(text()->deleteData(0, 4), std::string);
   EXPECT_EQ(boundsOfAll(), before);
   EXPECT_THROW(node("r")->insertBefore(document->element("n").get(), node("a")), std::string);

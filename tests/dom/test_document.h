@@ -24,7 +24,7 @@ inline Token token(const std::string& text) { return Token(text.c_str(), true); 
 
 using Log = std::vector<std::string>;
 
-/// An element that keeps its attributes in a map, and does what the tests tell it.
+/// An element that keeps its attributes in a map, and behaves as the tests want.
 class TestElement : public Element {
  public:
   TestElement(Document* owner, Token tag) : Element(owner), tag_(tag) { ++alive; }
@@ -118,7 +118,7 @@ class TestDocument : public Document {
   Ref<Element> newElement(Token tagName) override { return new TestElement(this, tagName); }
 };
 
-/// An operation that does what it is told.
+/// An operation that calls a function.
 template <class Function>
 class CallOperation final : public base::Operation {
  public:
@@ -135,7 +135,7 @@ std::unique_ptr<base::Operation> callOperation(Function function) {
   return std::make_unique<CallOperation<Function>>(std::move(function));
 }
 
-/// An observer that writes down what it hears.
+/// An observer that writes down its calls.
 class Recorder : public IDocObserver {
  public:
   Log log;
@@ -150,7 +150,7 @@ class Recorder : public IDocObserver {
   }
 };
 
-/// An observer that does what it is told.
+/// An observer that calls a function with each event.
 template <class Function>
 class CallObserver final : public Recorder {
  public:
@@ -170,7 +170,7 @@ inline std::string toXml(const Node& node) {
   return out.str();
 }
 
-/// Makes the tree that `xml` tells: elements with start and end tag, attributes that hold integers,
+/// Makes the tree of `xml`: elements with start and end tag, attributes that hold integers,
 /// and text, in the very form in which a tree is written.
 inline Ref<TestElement> readXml(TestDocument& document, const std::string& xml) {
   const Ref<TestElement> top = document.element("top");

@@ -379,7 +379,7 @@ TEST_F(UnrulyObserverTest, TheLastReleaseThrowsNothing) {
   EXPECT_EQ(TestElement::alive, 0);
 }
 
-TEST_F(UnrulyObserverTest, TheEndOfABatchIsToldToAll) {
+TEST_F(UnrulyObserverTest, TheEndOfABatchReachesAllObservers) {
   TestElement* root = load("<r></r>");
   BatchThrower thrower;
   thrower.throwsAfter = true;
