@@ -107,7 +107,7 @@ class RandomChanges {
     return element;
   }
 
-  /// An element that may stand in `parent`, with a descendant or a text if it takes that too; null
+  /// An element that may be in `parent`, with a descendant or a text if it takes that too; null
   /// if none was met.
   vantry::base::Ref<vantry::dom::Node> freshChildOf(const PlotElement& parent) {
     const vantry::base::Ref<vantry::dom::Node> text = document_.createTextNode("some text");

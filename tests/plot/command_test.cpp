@@ -218,7 +218,7 @@ TEST_F(CommandTest, NamedExpressions) {
   EXPECT_EQ(commandOf(*make(Word::XTicksDistance, {{Word::Val, "1"}})), "  XTicksDistance=NIL");
   EXPECT_EQ(commandOf(*makeWithText(Word::Expr, "a<\"b\"", {{Word::Opt, "Function"}})),
             "  Function=(a<\"b\")")
-      << "as it stands";
+      << "as it is";
   EXPECT_EQ(commandOf(*make(Word::Expr, {{Word::Opt, "Function"}})), "  Function=NIL");
   EXPECT_EQ(commandOf(*make(Word::Expr)), "  =NIL");
 }

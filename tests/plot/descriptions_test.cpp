@@ -12,7 +12,7 @@
 namespace vantry::plot::test {
 namespace {
 
-/// A row of the table. A null token stands for what the row does not name.
+/// A row of the table. The token of what the row does not name is null.
 struct Row {
   Token element;
   Token property;
@@ -104,7 +104,7 @@ TEST_F(Descriptions, AreOnlyOfWhatThereIs) {
   }
 }
 
-TEST_F(Descriptions, StandOnceEach) {
+TEST_F(Descriptions, AreThereOnceEach) {
   std::set<std::string> names;
   for (const Row& row : rows) EXPECT_TRUE(names.insert(nameOf(row)).second) << nameOf(row);
 }

@@ -111,7 +111,7 @@ TEST_F(ElementTest, WhatAnExprRefuses) {
   }
 }
 
-TEST_F(ElementTest, TheirPropertiesStandInNoList) {
+TEST_F(ElementTest, TheirPropertiesAreInNoList) {
   const Property* val = make<VExpr>()->findProperty(Word::Val);
   const Property* opt = make<Expr>()->findProperty(Word::Opt);
   EXPECT_TRUE(val->isMandatory() && opt->isMandatory());
@@ -266,7 +266,7 @@ TEST_F(ElementTest, ArraysAsXml) {
 
 // Copies.
 
-TEST_F(ElementTest, ACopyStandsAloneAndHoldsTheSame) {
+TEST_F(ElementTest, ACopyIsIndependentAndHoldsTheSame) {
   PlotElement* canvas = add(*document, Word::Canvas);
   PlotElement* scene = add(*canvas, Word::Scene3d, {{Word::Lighting, "None"}});
   PlotElement* system = add(*scene, Word::CoordinateSystem3d);

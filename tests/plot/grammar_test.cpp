@@ -1,4 +1,4 @@
-// Which child may stand below which parent, and what is said where it may not.
+// Which child a parent takes, and what is reported where it takes none.
 #include <algorithm>
 #include <map>
 #include <set>
@@ -119,7 +119,7 @@ bool contains(const Names& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// What a new element says when it is offered one child: "" stands for yes, "no" for a refusal
+/// What a new element says when it is offered one child: "" means yes, "no" a refusal
 /// without a word.
 std::string expectedAnswer(const std::string& parent, const std::string& child) {
   const auto content = contents.find(parent);
@@ -355,14 +355,14 @@ TEST_F(GrammarTest, SeveralChildrenAtOnceAreAllLookedAt) {
             "PlotDom error: not a valid content child 'Obj2d' [parent 'Scene2d']\n");
   EXPECT_EQ(answer({Word::Header, Word::Footer, Word::Header}),
             "PlotDom error: option child 'Header' defined twice [parent 'Scene2d']\n");
-  // The mask is looked at when all children have been: the wrong one is told first.
+  // The mask is looked at when all children have been: the wrong one is reported first.
   EXPECT_EQ(answer({Word::View3d, Word::Obj2d}),
             "PlotDom error: not a valid content child 'Obj2d' [parent 'Scene2d']\n");
   EXPECT_EQ(answer({Word::View3d, Word::View2d}),
             "PlotDom error: illegal option child [parent 'Scene2d']\n");
 }
 
-TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsTold) {
+TEST_F(GrammarTest, TheFirstWrongChildIsTheOneThatIsReported) {
   const auto complaint = [this](Token parent, std::initializer_list<Token> children) {
     const Ref<dom::DocumentFragment> fragment(document->createDocumentFragment());
     for (const Token child : children) add(*fragment, child);
@@ -460,7 +460,7 @@ TEST_F(GrammarTest, ATickMarkHasItsPlaceFromTheStart) {
   EXPECT_EQ(takeComplaints(), "");
 }
 
-TEST_F(GrammarTest, CamerasLightsAndClippingBoxesStandDirectlyInACoordinateSystem) {
+TEST_F(GrammarTest, CamerasLightsAndClippingBoxesAreDirectlyInACoordinateSystem) {
   for (const Token special : {Word::Camera, Word::AmbientLight, Word::PointLight,
                               Word::DistantLight, Word::SpotLight, Word::ClippingBox}) {
     const Ref<PlotElement> object = make(Word::Obj3d, {{Word::Type, special.str()}});

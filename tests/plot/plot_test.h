@@ -118,7 +118,7 @@ class PlotTest : public testing::Test {
   static inline std::string complaints_;
 };
 
-/// Keeps what it is told of properties, as "tag.property".
+/// Keeps of which properties a change is reported, as "tag.property".
 class PropertyObserver : public dom::IDocObserver {
  public:
   explicit PropertyObserver(dom::Document& document) : document_(&document) {

@@ -1,4 +1,4 @@
-// How properties are set, resolved, removed and told: for values in members, and in lists.
+// How properties are set, resolved, removed and reported: for values in members, and in lists.
 #include <cmath>
 #include <map>
 #include <sstream>
@@ -246,7 +246,7 @@ TEST_F(PropertyTest, AMemberIsResolvedWhenTheElementMeetsTheDocument) {
 }
 
 // The outermost element comes into the document by a way of its own.
-TEST_F(PropertyTest, AWholeTreeIsResolvedWhenItIsToldThatItIsAttached) {
+TEST_F(PropertyTest, AWholeTreeIsResolvedByACallOfAttachedToDocument) {
   document->removeChild(canvas);
   const Ref<Canvas> whole = make<Canvas>();
   add<ObjStyle>(*whole, {{Word::Type, "Surface"}, {Word::LineWidth, "3"}});
@@ -310,7 +310,7 @@ TEST_F(PropertyTest, UndoGivesAMemberBackWhatItInherited) {
   EXPECT_TRUE(mesh->hasAttribute(Word::LineWidth));
 }
 
-/// Keeps of which properties it is told, as "tag.property".
+/// Keeps of which properties it is notified, as "tag.property".
 class ListeningObject final : public ElementOf<ListeningObject, Obj2d> {
  public:
   using ElementOf::ElementOf;
@@ -321,7 +321,7 @@ class ListeningObject final : public ElementOf<ListeningObject, Obj2d> {
   Log log;
 };
 
-TEST_F(PropertyTest, AnElementWithMembersTellsItsChildrenWhatItWasGiven) {
+TEST_F(PropertyTest, AnElementWithMembersNotifiesItsChildrenOfWhatItWasGiven) {
   const Ref<PlotElement> group = make(Word::Group2d);
   const Ref<ListeningObject> child(new ListeningObject(document.get()));
   const Ref<ListeningObject> deeper(new ListeningObject(document.get()));
@@ -331,7 +331,7 @@ TEST_F(PropertyTest, AnElementWithMembersTellsItsChildrenWhatItWasGiven) {
   EXPECT_EQ(child->log, Log{"Group2d.Visible"});
   EXPECT_EQ(deeper->log, Log{}) << "only its children";
   group->setAttribute(Word::Visible, BoolVariant(true));
-  EXPECT_EQ(child->log.size(), 1U) << "an attribute is not told that way";
+  EXPECT_EQ(child->log.size(), 1U) << "an attribute is not passed on that way";
 }
 
 TEST_F(PropertyTest, SettingWhatTheStyleParentHasLeavesTheMemberUnset) {
@@ -407,7 +407,7 @@ TEST_F(PropertyTest, TheZerosOfBothSignsAreTheSameWhenDropped) {
   EXPECT_FALSE(mesh->hasAttribute(Word::LineColorDirectionX));
 }
 
-TEST_F(PropertyTest, WhatIsToldAboutMembers) {
+TEST_F(PropertyTest, WhatIsReportedOfMembers) {
   Mesh3d* mesh = add<Mesh3d>(*image);
   PropertyObserver observer(*document);
   document->startUndoGroup();
@@ -430,16 +430,16 @@ TEST_F(PropertyTest, WhatIsToldAboutMembers) {
   document->beginBatch();
   mesh->setAttributeFromString(Word::LineWidth, "5");
   document->endBatch();
-  EXPECT_EQ(observer.take(), Log{}) << "nothing is told in a batch";
+  EXPECT_EQ(observer.take(), Log{}) << "nothing is reported in a batch";
 }
 
-TEST_F(PropertyTest, AttachingTellsAboutEachInheritedMember) {
+TEST_F(PropertyTest, AttachingReportsEachInheritedMember) {
   PropertyObserver observer(*document);
   add<Sphere>(*image, {{Word::FillColor, "#123456"}});
   EXPECT_EQ(observer.take(), Log{"Sphere.Shading"});
 }
 
-TEST_F(PropertyTest, WhatAnElementInNoTreeInheritsIsToldToo) {
+TEST_F(PropertyTest, WhatAnElementInNoTreeInheritsIsReportedToo) {
   const Ref<Mesh3d> mesh = make<Mesh3d>();
   PropertyObserver observer(*document);
   EXPECT_TRUE(mesh->findProperty(Word::LineWidth)->inheritFrom(*mesh, {}));

@@ -261,7 +261,7 @@ TEST_F(StyleTest, ACurveTakesEachValueFromTheFirstThatHasIt) {
 
 // Scenes and coordinate systems.
 
-TEST_F(StyleTest, AScenesStyleStandsInTheCanvas) {
+TEST_F(StyleTest, AScenesStyleIsInTheCanvas) {
   EXPECT_EQ(scene->styleParent(Word::Width), nullptr);
   EXPECT_TRUE(chainOf(*scene).empty());
   EXPECT_EQ(scene->width(), 100);
@@ -282,7 +282,7 @@ TEST_F(StyleTest, AScenesStyleStandsInTheCanvas) {
   EXPECT_EQ(make<Scene2d>()->styleParent(Word::Width), nullptr) << "not in a canvas";
 }
 
-TEST_F(StyleTest, ACoordinateSystemsStyleStandsInTheSceneOrInTheCanvas) {
+TEST_F(StyleTest, ACoordinateSystemsStyleIsInTheSceneOrInTheCanvas) {
   EXPECT_EQ(system->styleParent(Word::Axes), nullptr);
   EXPECT_TRUE(chainOf(*system).empty());
   const auto* ofCanvas =
@@ -475,9 +475,9 @@ TEST_F(StyleTest, AChangeOfAnOuterStyleGoesThroughAnInnerOne) {
   EXPECT_EQ(inner->lineWidth(), 4);
   EXPECT_EQ(object->lineWidth(), 4);
   EXPECT_EQ(curve->lineWidth(), 4);
-  const Log told = observer.take();
-  EXPECT_EQ(std::count(told.begin(), told.end(), "ObjStyle.LineWidth"), 2);
-  EXPECT_GE(std::count(told.begin(), told.end(), "Poly2d.LineWidth"), 1);
+  const Log events = observer.take();
+  EXPECT_EQ(std::count(events.begin(), events.end(), "ObjStyle.LineWidth"), 2);
+  EXPECT_GE(std::count(events.begin(), events.end(), "Poly2d.LineWidth"), 1);
 
   inner->setAttributeFromString(Word::LineWidth, "5");
   outer->setAttributeFromString(Word::LineWidth, "6");
@@ -546,14 +546,14 @@ TEST_F(StyleTest, AStyleThatComesLaterIsSeenByListsButNotByMembers) {
   (void)style;
 }
 
-TEST_F(StyleTest, ASceneStyleTellsTheScenes) {
+TEST_F(StyleTest, ASceneStyleNotifiesTheScenes) {
   Scene2dStyle* style = add<Scene2dStyle>(*canvas);
   PropertyObserver observer(*document);
   style->setAttributeFromString(Word::Width, "80");
-  const Log told = observer.take();
-  ASSERT_GE(told.size(), 2U);
-  EXPECT_EQ(told[0], "Scene2dStyle.Width");
-  EXPECT_EQ(told[1], "Scene2d.Width");
+  const Log events = observer.take();
+  ASSERT_GE(events.size(), 2U);
+  EXPECT_EQ(events[0], "Scene2dStyle.Width");
+  EXPECT_EQ(events[1], "Scene2d.Width");
 }
 
 TEST_F(StyleTest, AStyleOfCoordinateSystemsInTheCanvasReachesThoseOfAllScenes) {
@@ -567,9 +567,9 @@ TEST_F(StyleTest, AStyleOfCoordinateSystemsInTheCanvasReachesThoseOfAllScenes) {
   ofScene->setAttributeFromString(Word::Axes, "Origin");
   observer.take();
   ofCanvas->setAttributeFromString(Word::Axes, "Boxed");
-  const Log told = observer.take();
-  EXPECT_EQ(told.front(), "CoordinateSystem2dStyle.Axes");
-  EXPECT_EQ(std::count(told.begin(), told.end(), "CoordinateSystem2dStyle.Axes"), 1);
+  const Log events = observer.take();
+  EXPECT_EQ(events.front(), "CoordinateSystem2dStyle.Axes");
+  EXPECT_EQ(std::count(events.begin(), events.end(), "CoordinateSystem2dStyle.Axes"), 1);
 }
 
 TEST_F(StyleTest, WhatIsAnsweredToAChange) {
@@ -619,7 +619,7 @@ TEST_F(StyleTest, ALocalValueGoesWhenTheStyleGetsTheSame) {
   EXPECT_TRUE(beside->hasAttribute(Word::LineWidth));
 }
 
-TEST_F(StyleTest, AStyleTellsScenesAndWhatIsInThem) {
+TEST_F(StyleTest, AStyleNotifiesScenesAndWhatIsInThem) {
   ObjStyle* style = addStyle(*canvas, "Curve2d");
   Obj2d* direct = add<Obj2d>(*system, {{Word::Type, "Curve2d"}, {Word::LineWidth, "4"}});
   ObjStyle* nearer = addStyle(*scene, "Curve2d", {{Word::PointSize, "6"}});

@@ -169,7 +169,7 @@ TEST(FontStyleParser, FamilyAndSizeAreEnough) {
   EXPECT_EQ(font.value.alignment, Word::Left);
 }
 
-TEST(FontStyleParser, WordsStandInAnyOrder) {
+TEST(FontStyleParser, WordsComeInAnyOrder) {
   for (const char* text :
        {"'My Font' 14 Bold Italic #ff0000 Center", "  'My Font'\tCenter\n#ff0000 Italic Bold 14",
         "'My Font'14 Bold Italic #ff0000 Center",  // right behind the quote

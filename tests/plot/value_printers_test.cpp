@@ -131,7 +131,7 @@ TEST(PutCmd, Words) {
 
 TEST(PutCmd, Texts) {
   const FixedString text("a\b\t\n\r\"\\b <&'");
-  EXPECT_EQ(cmd<StringPutCmd>(text), "\"a\b\t\n\r\"\\b <&'\"") << "as it stands";
+  EXPECT_EQ(cmd<StringPutCmd>(text), "\"a\b\t\n\r\"\\b <&'\"") << "as it is";
   EXPECT_EQ(cmd<MStringPutCmd>(text), R"("a\b\t\n\r\"\\b <&'")");
   EXPECT_EQ(cmd<MStringPutCmd>(FixedString("")), "\"\"");
   EXPECT_EQ(cmd<StringPutCmd>(FixedString()), "\"\"");
@@ -148,7 +148,7 @@ TEST(PutCmd, ColorsPointsAndFonts) {
             "[\"A B\",9,Bold,Italic,[1,0,0,0.2],Right]");
 }
 
-TEST(CmdWriter, ItemsStandOnLinesOfTheirOwn) {
+TEST(CmdWriter, ItemsAreOnLinesOfTheirOwn) {
   std::ostringstream out;
   CmdWriter writer(out, Word::MM);
   writer.beginItem();
