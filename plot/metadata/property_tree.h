@@ -6,8 +6,8 @@
 namespace vantry::plot {
 
 /// The properties of an element class, or of a type of object: the class's own name or the type
-/// under which an object or a transform stands in a drawing. A name that is both stands for the
-/// class. Null for any other name.
+/// of an object or a transform in a drawing. A name that is both means the class. Null for any
+/// other name.
 ///
 /// The result has a PropCat for each category, which has a PropInfo for each property of the class:
 /// `dom` is its name, `opt` the option of a command by which the algebra system knows it, which is
