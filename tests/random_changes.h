@@ -178,16 +178,18 @@ class RandomChanges {
     if (!mayMove(other) || !fits(parent, child) || !fits(parent, other)) return;
     const vantry::base::Ref<vantry::dom::DocumentFragment> fragment =
         document_.createDocumentFragment();
+    const vantry::base::Ref<PlotElement> kept[] = {&parent, &other};  // observers may take part
     fragment->appendChild(&child);
     fragment->appendChild(&other);
-    parent.appendChild(fragment.get());
+    if (parent.isInDocument()) parent.appendChild(fragment.get());
   }
 
   void moveWrapped(PlotElement& parent, PlotElement& child) {
     const vantry::base::Ref<vantry::dom::Node> wrapper = freshChildOf(parent);
     if (!wrapper || vantry::dom::isOrHolds(child, parent) || !fits(*wrapper, child)) return;
+    const vantry::base::Ref<PlotElement> kept = &parent;
     wrapper->appendChild(&child);
-    parent.appendChild(wrapper.get());
+    if (parent.isInDocument()) parent.appendChild(wrapper.get());
   }
 
   /// Whether so little is below the node that the drawing can be without it.

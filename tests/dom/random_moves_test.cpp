@@ -28,13 +28,7 @@ class RandomMoves {
   }
 
   void changeSomething() {
-    try {
-      change();
-    } catch (const DomException&) {
-      ++refusals_;
-    } catch (const Objection&) {
-    }
-    noteWhatIsThere();
+    attempt([this] { change(); });
     if (below(3) == 0) document_.startUndoGroup();
   }
 
@@ -47,15 +41,18 @@ class RandomMoves {
     noteWhatIsThere();
   }
 
-  /// To be called by an observer: objects now and then, or makes a change at once or later. An undo
-  /// does not record what is changed meanwhile, so that one is only objected to.
-  void meddle() {
+  /// To be called by an observer: objects now and then, takes out what the event is about, or makes
+  /// another change, at once or later. An undo does not record what is changed meanwhile, so that
+  /// one is only objected to.
+  void meddle(Node& target) {
     if (isMeddling_ || below(6) != 0) return;
     if (isReplaying_ || below(3) == 0) throw Objection();
     noteWhatIsThere();
     isMeddling_ = true;
     if (below(3) == 0) {
       document_.executeDeferred(callOperation([this] { changeSomething(); }));
+    } else if (below(3) == 0) {
+      attempt([&] { remove(target); });
     } else {
       changeSomething();
     }
@@ -65,6 +62,17 @@ class RandomMoves {
   unsigned refusals() const { return refusals_; }
 
  private:
+  template <class Change>
+  void attempt(Change change) {
+    try {
+      change();
+    } catch (const DomException&) {
+      ++refusals_;
+    } catch (const Objection&) {
+    }
+    noteWhatIsThere();
+  }
+
   unsigned below(std::size_t bound) { return static_cast<unsigned>(random_() % bound); }
 
   template <class T>
@@ -279,14 +287,14 @@ class RandomMoves {
 
 class RandomMovesTest : public TreeTest, public testing::WithParamInterface<unsigned> {
  protected:
-  /// Calls `expectThereAndBack(seed)` for each sequence of the parameter.
+  /// Calls `expect(seed)` for the first `count` sequences of the parameter.
   template <class Expect>
-  void forEachSequence(Expect expectThereAndBack) {
-    for (unsigned i = 0; i < sequencesOfSeed; ++i) {
+  void forSequences(unsigned count, Expect expect) {
+    for (unsigned i = 0; i < count; ++i) {
       const unsigned seed = GetParam() * sequencesOfSeed + i;
       load("<r x=\"1\"><a>first text</a><b><c><d></d></c></b>second text<e></e></r>");
       document->setUndoLimit(1000000);
-      expectThereAndBack(seed);
+      expect(seed);
       ASSERT_FALSE(HasFailure()) << "sequence " << seed;
     }
   }
@@ -308,7 +316,7 @@ class RandomMovesTest : public TreeTest, public testing::WithParamInterface<unsi
 };
 
 TEST_P(RandomMovesTest, BothEndsAreReachedNodeForNode) {
-  forEachSequence([this](unsigned seed) {
+  forSequences(sequencesOfSeed, [this](unsigned seed) {
     const Snapshot before(*document);
     RandomMoves moves(*document, seed);
     for (unsigned i = 0; i < steps; ++i) moves.changeSomething();
@@ -318,9 +326,9 @@ TEST_P(RandomMovesTest, BothEndsAreReachedNodeForNode) {
 }
 
 TEST_P(RandomMovesTest, BothEndsAreReachedWhateverObserversDo) {
-  forEachSequence([this](unsigned seed) {
+  forSequences(sequencesOfSeed, [this](unsigned seed) {
     RandomMoves moves(*document, seed);
-    CallObserver meddler([&](const DomEvent&) { moves.meddle(); });
+    CallObserver meddler([&](const DomEvent& event) { moves.meddle(*event.target); });
     document->addObserver(&meddler);
     for (unsigned i = 0; i < steps / 2; ++i) moves.changeSomething();
     moves.changeInBatch();
@@ -328,6 +336,46 @@ TEST_P(RandomMovesTest, BothEndsAreReachedWhateverObserversDo) {
     for (unsigned i = 0; i < steps / 2; ++i) moves.changeSomething();
     document->removeObserver(&meddler);
     expectThereAndBackFrom(before);
+  });
+}
+
+TEST_P(RandomMovesTest, TheLastGroupIsUndoneWithAShortHistory) {
+  forSequences(sequencesOfSeed / 4, [this](unsigned seed) {
+    document->setUndoLimit(1);
+    RandomMoves moves(*document, seed);
+    Recorder recorder;
+    document->addObserver(&recorder);
+    for (unsigned i = 0; i < steps; ++i) {
+      const Snapshot before(*document);
+      document->startUndoGroup();
+      recorder.log.clear();
+      moves.changeSomething();
+      if (recorder.log.empty() || !document->canUndo()) continue;  // nothing is recorded, or undone
+      const Snapshot after(*document);
+      document->undo();
+      before.expectIn(*document);
+      EXPECT_FALSE(document->canUndo());
+      document->redo();
+      after.expectIn(*document);
+      EXPECT_FALSE(document->canRedo());
+    }
+    document->removeObserver(&recorder);
+  });
+}
+
+TEST_P(RandomMovesTest, ObserversMayDoAllWithAShortHistoryOrNone) {
+  forSequences(sequencesOfSeed / 4, [this](unsigned seed) {
+    document->setUndoLimit(seed % 2);
+    RandomMoves moves(*document, seed);
+    CallObserver meddler([&](const DomEvent& event) { moves.meddle(*event.target); });
+    document->addObserver(&meddler);
+    for (unsigned i = 0; i < steps; ++i) {
+      moves.changeSomething();
+      checkLinks(*document);
+    }
+    document->removeObserver(&meddler);
+    while (document->canUndo()) document->undo();
+    checkLinks(*document);
   });
 }
 

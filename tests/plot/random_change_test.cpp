@@ -3,6 +3,7 @@
 
 #include "../random_changes.h"
 #include "plot_test.h"
+#include "vantry/base/operation.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/framework/primitive.h"
 
@@ -156,6 +157,111 @@ TEST_P(RandomDrawingTest, AllIsUndoneAndRedone) {
     while (document->canRedo()) document->redo();
     EXPECT_EQ(xmlOf(*document->documentElement()), after);
     EXPECT_EQ(nodesOfDocument(), nodesAfter);
+  }
+}
+
+/// What an observer throws.
+struct Objection {};
+
+/// Takes part in the changes of a drawing: objects to one now and then, takes out what it is about,
+/// or makes another one, at once or later.
+class Meddler final : public dom::IDocObserver {
+ public:
+  Meddler(PlotDocument& document, RandomChanges& changes) : document_(document), changes_(changes) {
+    document_.addObserver(this);
+  }
+  Meddler(const Meddler&) = delete;
+  Meddler& operator=(const Meddler&) = delete;
+  ~Meddler() override { document_.removeObserver(this); }
+
+  void observerDetached(Token) override {}
+  void beforeBatch() override {}
+  void afterBatch() override {}
+  void handleEvent(const dom::DomEvent& event) override {
+    if (isBusy_ || changes_.below(10) != 0) return;
+    const unsigned way = changes_.below(4);
+    if (way == 0) throw Objection();
+    if (way == 1) return document_.executeDeferred(std::make_unique<Change>(*this, *event.target));
+    meddle(way == 2 ? event.target : nullptr);
+  }
+
+ private:
+  /// A change to be made later.
+  class Change final : public base::Operation {
+   public:
+    Change(Meddler& meddler, dom::Node& target) : meddler_(meddler), target_(&target) {}
+    void execute() override { meddler_.meddle(target_.get()); }
+    void undo() override {}
+
+   private:
+    Meddler& meddler_;
+    Ref<dom::Node> target_;
+  };
+
+  /// Takes a node out, or does any change if there is none.
+  void meddle(dom::Node* target) {
+    isBusy_ = true;
+    try {
+      if (!target) {
+        changes_.changeSomething();
+      } else if (target->isInDocument() && target->parent() != &document_) {
+        target->parent()->removeChild(target);
+      }
+    } catch (const DomException&) {
+      // It is one that its parent needs.
+    }
+    isBusy_ = false;
+  }
+
+  PlotDocument& document_;
+  RandomChanges& changes_;
+  bool isBusy_ = false;
+};
+
+TEST_P(RandomDrawingTest, AllIsUndoneAndRedoneWhateverObserversDo) {
+  buildDrawing();
+  const std::string before = xmlOf(*document->documentElement());
+  RandomChanges changes(*document, GetParam());
+  {
+    Meddler meddler(*document, changes);
+    for (unsigned i = 0; i < 100; ++i) {
+      if (changes.below(3) == 0) document->startUndoGroup();
+      try {
+        changes.changeSomething();
+      } catch (const Objection&) {
+      }
+      expectStylesIn(*document);
+      ASSERT_FALSE(HasFailure()) << "change " << i;
+    }
+  }
+  const std::string after = xmlOf(*document->documentElement());
+  for (int round = 0; round < 2; ++round) {
+    while (document->canUndo()) document->undo();
+    EXPECT_EQ(xmlOf(*document->documentElement()), before);
+    while (document->canRedo()) document->redo();
+    EXPECT_EQ(xmlOf(*document->documentElement()), after);
+  }
+}
+
+TEST_P(RandomDrawingTest, ObserversMayDoAllWithAShortHistoryOrNone) {
+  for (const unsigned limit : {0U, 1U}) {
+    if (document->firstChild()) document->removeChild(document->firstChild());
+    buildDrawing();
+    document->setUndoLimit(limit);
+    RandomChanges changes(*document, GetParam());
+    Meddler meddler(*document, changes);
+    for (unsigned i = 0; i < 100; ++i) {
+      document->startUndoGroup();
+      try {
+        changes.changeSomething();
+        if (i % 4 == 0) document->undo();
+        if (i % 8 == 0) document->redo();
+      } catch (const Objection&) {
+      }
+      expectStylesIn(*document);
+      ASSERT_FALSE(HasFailure()) << "change " << i;
+    }
+    EXPECT_TRUE(limit > 0 || !document->canUndo());
   }
 }
 
