@@ -137,11 +137,12 @@ void Node::moveIn(Node* first, unsigned count, Node& newChild) {
 
   // Observers are notified in between. Nothing here may die of what they do.
   const Ref<Node> kept[] = {keep(this), keep(first), &newChild};
+  const bool wasInDocument = isInDocument();
   ownerDocument()->asOneChange([&] {
     formerParent.performReplaceChildren(&newChild, 1, nullptr);
-    // Out of the document there is no way but a recorded one.
-    const bool isBack = newChild.isInDocument() && !isInDocument();
-    if (isBack) throw DomException(DomException::HierarchyRequest);
+    // What was in the document is changed by recorded changes only, which are made there.
+    const bool wasOrIsInDocument = wasInDocument || newChild.isInDocument();
+    if (wasOrIsInDocument && !isInDocument()) throw DomException(DomException::HierarchyRequest);
     const NewChildren arriving = newChild.parent() ? moved : NewChildren(&newChild);
     checkReplaceChildren(first, count, arriving);
     performReplaceChildren(first, count, arriving);

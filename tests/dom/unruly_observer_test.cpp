@@ -656,6 +656,28 @@ TEST_F(UnrulyObserverTest, AMoveWhoseTargetAnObserverTakesAwayEndsWithARefusal) 
   EXPECT_EQ(xml(), "<r><a><x><t></t></x></a></r>");
 }
 
+TEST_F(UnrulyObserverTest, AMoveWhoseTargetLeavesTheDocumentEndsWithARefusal) {
+  TestElement* root = load("<r><a><x></x><y></y></a><b></b></r>");
+  const Snapshot before(*document);
+  for (const char* source : {"y", "b"}) {
+    bool isFirst = true;
+    CallObserver observer([&](const DomEvent&) {
+      if (std::exchange(isFirst, false)) root->removeChild(node("a"));
+    });
+    document->addObserver(&observer, EventType::AfterReplaceChildren);
+    const Ref<Node> target = node("a");
+    EXPECT_DOM_ERROR(3, target->replaceChild(node(source), node("x")));
+    document->removeObserver(&observer);
+    EXPECT_EQ(target->firstChild()->nodeName(), token("x"));
+    const Snapshot after(*document);
+    document->undo();
+    before.expectIn(*document);
+    document->redo();
+    after.expectIn(*document);
+    document->undo();
+  }
+}
+
 TEST_F(UnrulyObserverTest, AMoveOutThatAnObserverPutsBackEndsWithARefusal) {
   TestElement* root = load("<r><a></a><x></x></r>");
   const Snapshot before(*document);
