@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
 
@@ -32,20 +32,15 @@ struct PngHead {
   bool hasAlpha = false;
 };
 
-class PictureTest : public ProgramTest {
+class PictureTest : public ZrdCommandTest {
  protected:
-  PictureTest() { setEnvironment("LC_ALL", "C.UTF-8"); }
-
-  Outcome picture(std::vector<std::string> arguments) const {
-    arguments.insert(arguments.begin(), "picture");
-    return run(arguments);
-  }
+  PictureTest() : ZrdCommandTest("picture") {}
 };
 
 const std::string surface = source / "docs/examples/surface.zrd";
 
 TEST_F(PictureTest, HasTheSizeThatIsAskedFor) {
-  const Outcome outcome = picture({surface, "-o", "a.png", "--size", "320x200", "--scale", "1.5"});
+  const Outcome outcome = command({surface, "-o", "a.png", "--size", "320x200", "--scale", "1.5"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out + outcome.err, "");
   EXPECT_EQ(PngHead(read("a.png")).size, "480 x 300");
@@ -54,7 +49,7 @@ TEST_F(PictureTest, HasTheSizeThatIsAskedFor) {
 }
 
 TEST_F(PictureTest, MayBeTransparentAndGoToStandardOutput) {
-  const Outcome outcome = picture({surface, "-o", "-", "--size", "100x100", "--transparent"});
+  const Outcome outcome = command({surface, "-o", "-", "--size", "100x100", "--transparent"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(PngHead(outcome.out).size, "100 x 100");
   EXPECT_TRUE(PngHead(outcome.out).hasAlpha);
@@ -63,13 +58,13 @@ TEST_F(PictureTest, MayBeTransparentAndGoToStandardOutput) {
 TEST_F(PictureTest, LeavesNothingBehind) {
   fs::create_directory(folder_.path() / "tmp");
   setEnvironment("TMPDIR", folder_.path() / "tmp");
-  EXPECT_EQ(picture({surface, "-o", "a.png", "--size", "100x100"}).status, 0);
+  EXPECT_EQ(command({surface, "-o", "a.png", "--size", "100x100"}).status, 0);
   EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
 }
 
 TEST_F(PictureTest, NamesTheBrowserThatIsMissing) {
   setEnvironment("VANTRY_BROWSER", "./nothing");
-  const Outcome outcome = picture({surface, "-o", "a.png"});
+  const Outcome outcome = command({surface, "-o", "a.png"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err,
             "zrd: ./nothing cannot be started: install the Debian package chromium, or let the "
@@ -79,7 +74,7 @@ TEST_F(PictureTest, NamesTheBrowserThatIsMissing) {
 
 TEST_F(PictureTest, NamesTheBrowserThatFails) {
   setEnvironment("VANTRY_BROWSER", "false");
-  const Outcome outcome = picture({surface, "-o", "a.png"});
+  const Outcome outcome = command({surface, "-o", "a.png"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err, "zrd: false cannot draw the plot: it has ended\n");
   EXPECT_FALSE(exists("a.png"));
@@ -87,7 +82,7 @@ TEST_F(PictureTest, NamesTheBrowserThatFails) {
 
 TEST_F(PictureTest, LooksForChromiumAndChrome) {
   setEnvironment("PATH", "");
-  const Outcome outcome = picture({surface, "-o", "a.png"});
+  const Outcome outcome = command({surface, "-o", "a.png"});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_TRUE(outcome.err.starts_with("zrd: neither Chromium nor Chrome was found: "))
       << outcome.err;
@@ -95,15 +90,15 @@ TEST_F(PictureTest, LooksForChromiumAndChrome) {
 
 TEST_F(PictureTest, RefusesAWrongCommandLine) {
   for (const char* size : {"x", "1200", "0x9", "9x-1", "10x10x10", "10x10 "}) {
-    EXPECT_EQ(picture({surface, "-o", "a.png", "--size", size}).status, 1) << size;
+    EXPECT_EQ(command({surface, "-o", "a.png", "--size", size}).status, 1) << size;
   }
-  EXPECT_EQ(picture({surface}).status, 1);
-  EXPECT_EQ(picture({surface, "-o", "a.png", "--scale", "0"}).status, 1);
+  EXPECT_EQ(command({surface}).status, 1);
+  EXPECT_EQ(command({surface, "-o", "a.png", "--scale", "0"}).status, 1);
 }
 
 TEST_F(PictureTest, NamesThePlotThatCannotBeShown) {
   write("bad.zrd", "<Canvas>");
-  const Outcome outcome = picture({"bad.zrd", "-o", "a.png"});
+  const Outcome outcome = command({"bad.zrd", "-o", "a.png"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "zrd: bad.zrd:1:9: not well-formed XML\n");
 }
@@ -113,7 +108,7 @@ class PictureOfExample : public PictureTest, public testing::WithParamInterface<
 
 TEST_P(PictureOfExample, IsDrawnWithoutAComplaint) {
   const Outcome outcome =
-      picture({source / "examples" / (GetParam() + ".zrd"), "-o", "a.png", "--size", "160x120"});
+      command({source / "examples" / (GetParam() + ".zrd"), "-o", "a.png", "--size", "160x120"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(PngHead(read("a.png")).size, "160 x 120");

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
 
@@ -18,9 +18,9 @@ const std::string plot =
 
 const std::string model = "<jvx-model><geometries></geometries></jvx-model>\n";
 
-class ViewTest : public ProgramTest {
+class ViewTest : public ZrdCommandTest {
  protected:
-  ViewTest() { setEnvironment("LC_ALL", "C.UTF-8"); }
+  ViewTest() : ZrdCommandTest("view") {}
 
   /// A browser that copies what it is given to `seen`, and ends with `status`.
   std::string makeBrowser(int status = 0) const {
@@ -29,18 +29,6 @@ class ViewTest : public ProgramTest {
           "#!/bin/sh\neval cat '\"$'$#'\"' > seen\nexit " + std::to_string(status) + "\n");
     fs::permissions(script, fs::perms::owner_all);
     return script;
-  }
-
-  Outcome view(std::vector<std::string> arguments) const {
-    arguments.insert(arguments.begin(), "view");
-    return run(arguments);
-  }
-
-  std::string errorOf(const std::vector<std::string>& arguments, int status) const {
-    const Outcome outcome = view(arguments);
-    EXPECT_EQ(outcome.status, status) << outcome.err;
-    EXPECT_EQ(outcome.out, "");
-    return outcome.err;
   }
 };
 
@@ -52,7 +40,7 @@ bool isPage(const std::string& text) {
 
 TEST_F(ViewTest, WritesAPage) {
   write("plot.zrd", plot);
-  const Outcome outcome = view({"plot.zrd", "-o", "plot.html"});
+  const Outcome outcome = command({"plot.zrd", "-o", "plot.html"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out + outcome.err, "");
   EXPECT_TRUE(isPage(read("plot.html")));
@@ -62,7 +50,7 @@ TEST_F(ViewTest, WritesAPage) {
 
 TEST_F(ViewTest, WritesAPageToStandardOutput) {
   write("plot.zrd", plot);
-  const Outcome outcome = view({"plot.zrd", "-o", "-"});
+  const Outcome outcome = command({"plot.zrd", "-o", "-"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
   EXPECT_TRUE(isPage(outcome.out));
@@ -71,7 +59,7 @@ TEST_F(ViewTest, WritesAPageToStandardOutput) {
 TEST_F(ViewTest, ReadsStandardInput) {
   write("plot.zrd", plot);
   setWrapper({"/bin/sh", "-c", R"("$0" "$@" < plot.zrd)"});
-  const Outcome outcome = view({"-", "-o", "-"});
+  const Outcome outcome = command({"-", "-o", "-"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_TRUE(isPage(outcome.out));
 }
@@ -79,16 +67,16 @@ TEST_F(ViewTest, ReadsStandardInput) {
 TEST_F(ViewTest, ShowsSeveralPlots) {
   write("a.zrd", plot);
   write("b.jvx", model);
-  EXPECT_EQ(view({"a.zrd", "b.jvx", "-o", "plots.html"}).status, 0);
+  EXPECT_EQ(command({"a.zrd", "b.jvx", "-o", "plots.html"}).status, 0);
   EXPECT_NE(read("plots.html").find(R"("title":"a.zrd, b.jvx")"), std::string::npos);
 }
 
 TEST_F(ViewTest, FindsTheDisplayBesideAModel) {
   write("a.jvx", model);
-  EXPECT_EQ(view({"a.jvx", "-o", "alone.html"}).status, 0);
+  EXPECT_EQ(command({"a.jvx", "-o", "alone.html"}).status, 0);
   EXPECT_EQ(read("alone.html").find(R"("display":)"), std::string::npos);
   write("a.jvd", "<jv-disp></jv-disp>");
-  EXPECT_EQ(view({"a.jvx", "-o", "both.html"}).status, 0);
+  EXPECT_EQ(command({"a.jvx", "-o", "both.html"}).status, 0);
   EXPECT_NE(read("both.html").find(R"("display":)"), std::string::npos);
 }
 
@@ -185,9 +173,10 @@ TEST_F(ViewTest, TakesTheFramesAndTheTime) {
   write("moving.zrd",
         "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"1\"/>"
         "<Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
-  EXPECT_NE(view({"moving.zrd", "-o", "-", "--frames", "2"}).out.find(R"("times":[0.0,0.5,1.0])"),
-            std::string::npos);
-  EXPECT_EQ(view({"moving.zrd", "-o", "-", "--time", "1"}).out.find(R"("times":)"),
+  EXPECT_NE(
+      command({"moving.zrd", "-o", "-", "--frames", "2"}).out.find(R"("times":[0.0,0.5,1.0])"),
+      std::string::npos);
+  EXPECT_EQ(command({"moving.zrd", "-o", "-", "--time", "1"}).out.find(R"("times":)"),
             std::string::npos);
 }
 

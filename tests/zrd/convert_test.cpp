@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "../driver/documents.h"
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
 
@@ -28,22 +28,13 @@ const fs::path examples = fs::path(VANTRY_SOURCE_DIR) / "examples";
 const std::string brokenDocument = "<Canvas>\n  <Scene2d></Canvas>\n";
 const std::string brokenLine = "broken.zrd:2:14: not well-formed XML\n";
 
-class Convert : public ProgramTest {
+class Convert : public ZrdCommandTest {
  protected:
-  Convert() {
-    setProgram(ZRD_PROGRAM);
-    setEnvironment("LC_ALL", "C.UTF-8");
-  }
-
-  /// Runs the command with these arguments.
-  Outcome convert(Strings arguments) const {
-    arguments.insert(arguments.begin(), "convert");
-    return run(arguments);
-  }
+  Convert() : ZrdCommandTest("convert") {}
 
   /// Succeeds and says nothing but the summary.
   void expectConverted(const Strings& arguments, const std::string& summary) const {
-    const Outcome outcome = convert(arguments);
+    const Outcome outcome = command(arguments);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, summary + '\n');
@@ -132,7 +123,7 @@ TEST_F(Convert, WritesAnimationsAsVantryDoes) {
 
 TEST_F(Convert, AnAnimationWithoutATimeRangeIsOneFile) {
   write("plot.zrd", staticDocument);
-  const Outcome outcome = convert({"--frames", "5", "plot.zrd"});
+  const Outcome outcome = command({"--frames", "5", "plot.zrd"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "plot.zrd: warning: no animation, --frames ignored\n1 converted\n");
   EXPECT_EQ(files(), "plot.jvx plot.zrd");
@@ -151,7 +142,7 @@ TEST_F(Convert, WarnsOfWhatVantryWarnsOf) {
   write("plot.zrd",
         "<Canvas xmlns=\"http://plots.example/xml/Corvane\">"
         "<Scene3d><CoordinateSystem3d/></Scene3d><Scene3d/></Canvas>\n");
-  const Outcome outcome = convert({"--time", "1", "plot.zrd"});
+  const Outcome outcome = command({"--time", "1", "plot.zrd"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err,
             "plot.zrd: warning: not an animation\n"
@@ -207,9 +198,9 @@ TEST_F(Convert, AListMayComeFromStandardInput) {
 }
 
 TEST_F(Convert, AListThatCannotBeReadIsAFailure) {
-  EXPECT_EQ(convert({"--files-from", "none"}).err,
+  EXPECT_EQ(command({"--files-from", "none"}).err,
             "none: cannot be read: No such file or directory\n0 converted, 1 failed\n");
-  EXPECT_EQ(convert({"--files-from", "."}).err,
+  EXPECT_EQ(command({"--files-from", "."}).err,
             ".: cannot be read: Is a directory\n0 converted, 1 failed\n");
 }
 
@@ -240,7 +231,7 @@ TEST_F(Convert, WrongUsage) {
       {"--unknown", "plot.zrd"},
   };
   for (const Strings& arguments : wrong) {
-    const Outcome outcome = convert(arguments);
+    const Outcome outcome = command(arguments);
     EXPECT_EQ(outcome.status, 1) << testing::PrintToString(arguments);
     EXPECT_NE(outcome.err, "");
   }
@@ -254,7 +245,7 @@ TEST_F(Convert, AFailureIsALineWithPlaceAndReason) {
   write("good.zrd", staticDocument);
   makeFolder("folder.zrd");
 
-  const Outcome outcome = convert({"--keep-going", "--jobs", "1", "broken.zrd", "corrupted.zrd",
+  const Outcome outcome = command({"--keep-going", "--jobs", "1", "broken.zrd", "corrupted.zrd",
                                    "empty.zrd", "good.zrd", "none.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(countOf("\n", outcome.err), 5U) << outcome.err;
@@ -275,7 +266,7 @@ TEST_F(Convert, WhatEndsVantryCostsTheOthersNothing) {
     arguments.push_back(std::to_string(i) + ".zrd");
     write(arguments.back(), staticDocument);
   }
-  const Outcome outcome = convert(arguments);
+  const Outcome outcome = command(arguments);
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.signal, 0);
   EXPECT_EQ(countOf("corrupted.zrd:1:", outcome.err), 1U) << outcome.err;
@@ -288,7 +279,7 @@ TEST_F(Convert, StopsAtTheFirstFailureUnlessToldToKeepGoing) {
   for (const char* name : {"a.zrd", "c.zrd", "d.zrd"}) write(name, staticDocument);
   write("broken.zrd", brokenDocument);
   const Strings plots = {"--jobs", "1", "a.zrd", "broken.zrd", "c.zrd", "d.zrd"};
-  const Outcome outcome = convert(plots);
+  const Outcome outcome = command(plots);
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, brokenLine + "1 converted, 1 failed, 2 not tried\n");
   EXPECT_EQ(files(), "a.jvx a.zrd broken.zrd c.zrd d.zrd");
@@ -297,7 +288,7 @@ TEST_F(Convert, StopsAtTheFirstFailureUnlessToldToKeepGoing) {
 TEST_F(Convert, AFailureLeavesAnOldOutputAsItWas) {
   write("broken.zrd", brokenDocument);
   write("broken.jvx", "old");
-  EXPECT_EQ(convert({"broken.zrd"}).status, 2);
+  EXPECT_EQ(command({"broken.zrd"}).status, 2);
   EXPECT_EQ(read("broken.jvx"), "old");
 }
 
@@ -305,7 +296,7 @@ TEST_F(Convert, AnOutputThatCannotBeWrittenWholeDoesNotAppear) {
   write("plot.zrd", staticDocument);
   write("plot.jvx", "old");
   setLimit(RLIMIT_FSIZE, 300);
-  const Outcome outcome = convert({"plot.zrd"});
+  const Outcome outcome = command({"plot.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err,
             "plot.zrd: plot.jvx cannot be written: File too large\n0 converted, 1 failed\n");
@@ -316,7 +307,7 @@ TEST_F(Convert, AnOutputThatCannotBeWrittenWholeDoesNotAppear) {
 TEST_F(Convert, AnOutputIsOnTheDiskBeforeItAppears) {
   write("plot.zrd", staticDocument);
   setFailing("FAIL_FSYNC", "1");
-  const Outcome outcome = convert({"plot.zrd"});
+  const Outcome outcome = command({"plot.zrd"});
   EXPECT_EQ(outcome.err,
             "plot.zrd: plot.jvx cannot be written: Input/output error\n0 converted, 1 failed\n");
   EXPECT_EQ(files(), "plot.zrd");
@@ -325,7 +316,7 @@ TEST_F(Convert, AnOutputIsOnTheDiskBeforeItAppears) {
 TEST_F(Convert, TheOutputsOfADocumentAppearTogether) {
   write("plot.zrd", staticDocument);
   makeFolder("plot.jvd");
-  const Outcome outcome = convert({"--to", "both", "plot.zrd"});
+  const Outcome outcome = command({"--to", "both", "plot.zrd"});
   EXPECT_EQ(outcome.err,
             "plot.zrd: plot.jvd cannot be written: Is a directory\n0 converted, 1 failed\n");
   EXPECT_EQ(files(), "plot.jvd plot.zrd");
@@ -346,16 +337,16 @@ TEST_F(Convert, AnOutputKeepsThePermissionsOfWhatItReplaces) {
 TEST_F(Convert, AnOutputThatIsAnInputIsRefused) {
   write("a.zrd", staticDocument);
   write("b.jvx", staticDocument);
-  EXPECT_EQ(convert({"--name", "{name}.zrd", "a.zrd"}).err,
+  EXPECT_EQ(command({"--name", "{name}.zrd", "a.zrd"}).err,
             "a.zrd: a.zrd is not written over the input a.zrd\n0 converted, 1 failed\n");
-  EXPECT_EQ(convert({"--keep-going", "b.jvx", "a.zrd"}).err,
+  EXPECT_EQ(command({"--keep-going", "b.jvx", "a.zrd"}).err,
             "b.jvx: b.jvx is not written over the input b.jvx\n1 converted, 1 failed\n");
   EXPECT_EQ(read("a.zrd"), staticDocument);
   EXPECT_EQ(read("b.jvx"), staticDocument);
 
   fs::remove(folder_.path() / "a.jvx");
   fs::create_hard_link(folder_.path() / "b.jvx", folder_.path() / "a.jvx");
-  const Outcome outcome = convert({"--keep-going", "--name", "{name}.jvx", "a.zrd", "b.jvx"});
+  const Outcome outcome = command({"--keep-going", "--name", "{name}.jvx", "a.zrd", "b.jvx"});
   EXPECT_EQ(outcome.err,
             "a.zrd: a.jvx is not written over the input b.jvx\n"
             "b.jvx: b.jvx is not written over the input b.jvx\n"
@@ -365,7 +356,7 @@ TEST_F(Convert, AnOutputThatIsAnInputIsRefused) {
 TEST_F(Convert, AFrameThatIsAnInputIsRefused) {
   write("movie.zrd", animatedDocument);
   write("movie.2.jvx", staticDocument);
-  const Outcome outcome = convert({"--keep-going", "--frames", "2", "--name", "{name}.jvx",
+  const Outcome outcome = command({"--keep-going", "--frames", "2", "--name", "{name}.jvx",
                                    "--jobs", "1", "movie.zrd", "movie.2.jvx"});
   EXPECT_EQ(outcome.err,
             "movie.2.jvx: movie.2.jvx is not written over the input movie.2.jvx\n"
@@ -379,7 +370,7 @@ TEST_F(Convert, TwoDocumentsDoNotWriteOneOutput) {
   makeFolder("b");
   write("a/plot.zrd", staticDocument);
   write("b/plot.zrd", staticDocument);
-  EXPECT_EQ(convert({"--keep-going", "--output-dir", "out", "a/plot.zrd", "b/plot.zrd"}).err,
+  EXPECT_EQ(command({"--keep-going", "--output-dir", "out", "a/plot.zrd", "b/plot.zrd"}).err,
             "b/plot.zrd: out/plot.jvx is the output of a/plot.zrd\n1 converted, 1 failed\n");
 }
 
@@ -429,7 +420,7 @@ TEST_F(Convert, TheFirstFrameShowsThatAllAreNew) {
   fs::remove(folder_.path() / "movie.1.jvx");
   expectConverted(arguments, "1 converted");
 
-  EXPECT_EQ(convert({"--frames", "2", "still.zrd"}).status, 0);
+  EXPECT_EQ(command({"--frames", "2", "still.zrd"}).status, 0);
   expectConverted({"--if-changed", "--frames", "2", "still.zrd"}, "0 converted, 1 unchanged");
 }
 
@@ -450,7 +441,7 @@ TEST_F(Convert, ADateThatIsNoneIsWrongUsage) {
   write("plot.zrd", staticDocument);
   for (const char* date : {"", "today", "-1", "12 ", "253402300800"}) {
     setEnvironment("SOURCE_DATE_EPOCH", date);
-    const Outcome outcome = convert({"plot.zrd"});
+    const Outcome outcome = command({"plot.zrd"});
     EXPECT_EQ(outcome.status, 1) << date;
     EXPECT_EQ(outcome.err, "zrd: SOURCE_DATE_EPOCH is not a number of seconds since 1970\n");
   }
@@ -464,7 +455,7 @@ TEST_F(Convert, ManyDocumentsOnManyThreads) {
   for (int i = 0; i < 300; ++i) {
     write("plots/" + std::to_string(i) + ".zrd", i % 3 == 0 ? brokenDocument : staticDocument);
   }
-  const Outcome outcome = convert({"--keep-going", "--jobs", "8", "plots"});
+  const Outcome outcome = command({"--keep-going", "--jobs", "8", "plots"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(countOf("not well-formed XML\n", outcome.err), 100U);
   EXPECT_TRUE(outcome.err.ends_with("200 converted, 100 failed\n"));

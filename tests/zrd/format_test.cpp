@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "../driver/documents.h"
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
 
@@ -42,18 +42,9 @@ const std::string formatted = R"(<?xml version="1.0" encoding="UTF-8"?>
 </Canvas>
 )";
 
-class FormatCommand : public ProgramTest {
+class FormatCommand : public ZrdCommandTest {
  protected:
-  FormatCommand() {
-    setProgram(ZRD_PROGRAM);
-    setEnvironment("LC_ALL", "C.UTF-8");
-    write("in.zrd", document);
-  }
-
-  Outcome format(Strings arguments) const {
-    arguments.insert(arguments.begin(), "format");
-    return run(arguments);
-  }
+  FormatCommand() : ZrdCommandTest("format") { write("in.zrd", document); }
 
   std::string converted(const std::string& name) {
     setProgram(VANTRY_PROGRAM);
@@ -65,40 +56,40 @@ class FormatCommand : public ProgramTest {
 };
 
 TEST_F(FormatCommand, WritesEachPartOnALineOfItsOwn) {
-  const Outcome outcome = format({"in.zrd"});
+  const Outcome outcome = command({"in.zrd"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, formatted);
 }
 
 TEST_F(FormatCommand, ChangesNothingTheSecondTime) {
   write("formatted.zrd", formatted);
-  EXPECT_EQ(format({"formatted.zrd"}).out, formatted);
+  EXPECT_EQ(command({"formatted.zrd"}).out, formatted);
 }
 
 TEST_F(FormatCommand, WritesToAFile) {
-  EXPECT_EQ(format({"-o", "out.zrd", "in.zrd"}).out, "");
+  EXPECT_EQ(command({"-o", "out.zrd", "in.zrd"}).out, "");
   EXPECT_EQ(read("out.zrd"), formatted);
-  EXPECT_EQ(format({"-i", "in.zrd"}).out, "");
+  EXPECT_EQ(command({"-i", "in.zrd"}).out, "");
   EXPECT_EQ(read("in.zrd"), formatted);
   EXPECT_EQ(files(), "in.zrd out.zrd");
 }
 
 TEST_F(FormatCommand, KeepsThePermissionsOfAFile) {
   fs::permissions(folder_.path() / "in.zrd", fs::perms::owner_read | fs::perms::owner_write);
-  EXPECT_EQ(format({"-i", "in.zrd"}).err, "");
+  EXPECT_EQ(command({"-i", "in.zrd"}).err, "");
   EXPECT_EQ(fs::status(folder_.path() / "in.zrd").permissions(),
             fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(FormatCommand, WritesTheFileThatALinkNames) {
   fs::create_symlink("in.zrd", folder_.path() / "link.zrd");
-  EXPECT_EQ(format({"-i", "link.zrd"}).err, "");
+  EXPECT_EQ(command({"-i", "link.zrd"}).err, "");
   EXPECT_TRUE(fs::is_symlink(folder_.path() / "link.zrd"));
   EXPECT_EQ(read("in.zrd"), formatted);
 }
 
 TEST_F(FormatCommand, PutsNoFileInThePlaceOfSomethingElse) {
-  const Outcome outcome = format({"-o", "/dev/null", "in.zrd"});
+  const Outcome outcome = command({"-o", "/dev/null", "in.zrd"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "zrd: /dev/null cannot be written: it is not a regular file\n");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
@@ -106,14 +97,14 @@ TEST_F(FormatCommand, PutsNoFileInThePlaceOfSomethingElse) {
 
 TEST_F(FormatCommand, LeavesAFileAloneThatItCannotRead) {
   write("in.zrd", "<Canvas>");
-  EXPECT_EQ(format({"-i", "in.zrd"}).status, 2);
+  EXPECT_EQ(command({"-i", "in.zrd"}).status, 2);
   EXPECT_EQ(read("in.zrd"), "<Canvas>");
-  EXPECT_EQ(format({"-i", "-"}).status, 1);
-  EXPECT_EQ(format({"-i", "-o", "out.zrd", "in.zrd"}).status, 1);
+  EXPECT_EQ(command({"-i", "-"}).status, 1);
+  EXPECT_EQ(command({"-i", "-o", "out.zrd", "in.zrd"}).status, 1);
 }
 
 TEST_F(FormatCommand, DropsWhatMeansNothing) {
-  const std::string minimal = format({"--minimal", "in.zrd"}).out;
+  const std::string minimal = command({"--minimal", "in.zrd"}).out;
   EXPECT_EQ(minimal.find("Spacing"), std::string::npos) << "a default";
   EXPECT_EQ(minimal.find("Visible=\"1\">\n        <Title"), std::string::npos) << "a default";
   EXPECT_NE(minimal.find("<Poly2d LinesVisible=\"1\">"), std::string::npos)
@@ -129,7 +120,7 @@ TEST_F(FormatCommand, DropsNothingThatAStyleHides) {
 <Obj2d Type="A"><Img2d><Line2d/></Img2d></Obj2d></Group2d>
 <Obj2d Type="B" PointSize="3"><Img2d><Pt2d/></Img2d></Obj2d><ObjStyle Type="B" PointSize="3"/>
 </CoordinateSystem2d></Scene2d></Canvas>)");
-  const std::string minimal = format({"--minimal", "in.zrd"}).out;
+  const std::string minimal = command({"--minimal", "in.zrd"}).out;
   EXPECT_EQ(countOf("LineWidth=\"1\"", minimal), 2U) << minimal;
   EXPECT_EQ(countOf("PointSize=\"3\"", minimal), 2U) << minimal;
 }
@@ -141,7 +132,7 @@ TEST_F(FormatCommand, KeepsTheDrawingOfEachExample) {
     for (const Strings& options : {Strings{}, Strings{"--minimal"}}) {
       Strings arguments = options;
       arguments.insert(arguments.end(), {"-o", "out.zrd", entry.path()});
-      EXPECT_EQ(format(arguments).status, 0) << entry.path();
+      EXPECT_EQ(command(arguments).status, 0) << entry.path();
       EXPECT_EQ(converted("out.zrd"), drawing) << entry.path();
     }
   }

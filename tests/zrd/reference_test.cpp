@@ -1,13 +1,11 @@
 // zrd reference: the pages of docs/reference are what it writes.
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <sstream>
 #include <string>
 
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
 
@@ -15,34 +13,24 @@ namespace fs = std::filesystem;
 
 const fs::path pages = fs::path(VANTRY_SOURCE_DIR) / "docs" / "reference";
 
-std::string contentOf(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  EXPECT_TRUE(in) << file;
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-class ReferenceCommand : public ProgramTest {
+class ReferenceCommand : public ZrdCommandTest {
  protected:
-  ReferenceCommand() {
-    setProgram(ZRD_PROGRAM);
-    setEnvironment("LC_ALL", "C.UTF-8");
-  }
+  ReferenceCommand() : ZrdCommandTest("reference") {}
 
   std::set<std::string> elements() const {
     std::set<std::string> names;
-    std::istringstream lines(run({"reference"}).out);
+    std::istringstream lines(outputOf({}));
     for (std::string line; std::getline(lines, line);) names.insert(line.substr(0, line.find(':')));
     return names;
   }
 };
 
 TEST_F(ReferenceCommand, WritesThePagesOfTheManual) {
-  EXPECT_EQ(run({"reference", "--markdown"}).out, contentOf(pages / "README.md"));
+  EXPECT_EQ(outputOf({"--markdown"}), contentOf(pages / "README.md"));
   std::set<std::string> files = {"README.md"};
   for (const std::string& name : elements()) {
     if (name == "P2" || name == "P3") continue;  // they are described with the lists
-    EXPECT_EQ(run({"reference", "--markdown", "--element", name}).out,
-              contentOf(pages / (name + ".md")));
+    EXPECT_EQ(outputOf({"--markdown", "--element", name}), contentOf(pages / (name + ".md")));
     files.insert(name + ".md");
   }
   std::set<std::string> found;
@@ -51,7 +39,7 @@ TEST_F(ReferenceCommand, WritesThePagesOfTheManual) {
 }
 
 TEST_F(ReferenceCommand, SaysWhatAnElementMayHold) {
-  EXPECT_EQ(run({"reference", "--element", "TimeRange"}).out, R"(TimeRange
+  EXPECT_EQ(outputOf({"--element", "TimeRange"}), R"(TimeRange
   The span of time of the animation; a document without it stands still.
 
 Is in
@@ -68,9 +56,8 @@ Attributes
 }
 
 TEST_F(ReferenceCommand, KnowsOnlyElements) {
-  const Outcome outcome = run({"reference", "--element", "Mesh3D"});
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "zrd: there is no element Mesh3D; did you mean Mesh3d?\n");
+  EXPECT_EQ(errorOf({"--element", "Mesh3D"}, 1),
+            "zrd: there is no element Mesh3D; did you mean Mesh3d?\n");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "../check/made_document.h"
-#include "../driver/program.h"
+#include "../zrd_command.h"
 #include "vantry/check/check.h"
 
 namespace {
@@ -33,12 +33,10 @@ bool isForTheSchema(const Diagnostic& found) {
   return std::ranges::find(codesOfTheSchema, found.code) != std::end(codesOfTheSchema);
 }
 
-class Schema : public ProgramTest {
+class Schema : public ZrdCommandTest {
  protected:
-  Schema() {
-    setEnvironment("LC_ALL", "C.UTF-8");
-    setProgram(ZRD_PROGRAM);
-    write("zrd.rng", run({"schema"}).out);
+  Schema() : ZrdCommandTest("schema") {
+    write("zrd.rng", outputOf({}));
     for (const char* folder : {"examples", "docs/examples", "tests/check/cases"}) {
       for (const auto& entry : fs::directory_iterator(fs::path(VANTRY_SOURCE_DIR) / folder)) {
         if (entry.path().extension() != ".zrd") continue;

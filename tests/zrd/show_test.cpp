@@ -1,13 +1,10 @@
 // zrd show: the tree of a document.
 
 #include <string>
-#include <vector>
 
-#include "../driver/program.h"
+#include "../zrd_command.h"
 
 namespace {
-
-using Strings = std::vector<std::string>;
 
 const std::string document = R"(<Canvas>
   <ObjStyle Type="Default" LineWidth="0.35"/>
@@ -20,25 +17,13 @@ const std::string document = R"(<Canvas>
 </Canvas>
 )";
 
-class ShowCommand : public ProgramTest {
+class ShowCommand : public ZrdCommandTest {
  protected:
-  ShowCommand() {
-    setProgram(ZRD_PROGRAM);
-    setEnvironment("LC_ALL", "C.UTF-8");
-    write("in.zrd", document);
-  }
-
-  std::string show(Strings arguments, int status = 0) const {
-    arguments.insert(arguments.begin(), "show");
-    arguments.emplace_back("in.zrd");
-    const Outcome outcome = run(arguments);
-    EXPECT_EQ(outcome.status, status) << outcome.err;
-    return outcome.out;
-  }
+  ShowCommand() : ZrdCommandTest("show") { write("in.zrd", document); }
 };
 
 TEST_F(ShowCommand, ShowsElementsWithTheirValuesAndOrigins) {
-  EXPECT_EQ(show({"--path", "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[1]"}),
+  EXPECT_EQ(outputOf({"--path", "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[1]", "in.zrd"}),
             R"(Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[1]
   @LineWidth = 0.35  (style Canvas/ObjStyle[1])
   @Type = A
@@ -49,24 +34,24 @@ TEST_F(ShowCommand, ShowsElementsWithTheirValuesAndOrigins) {
 }
 
 TEST_F(ShowCommand, ShowsAsMuchAsIsWanted) {
-  EXPECT_EQ(show({"--depth", "1"}), R"(Canvas
+  EXPECT_EQ(outputOf({"--depth", "1", "in.zrd"}), R"(Canvas
   ObjStyle
     @LineWidth = 0.35
     @Type = Default
   Scene2d
 )");
-  EXPECT_EQ(show({"--element", "Title"}),
+  EXPECT_EQ(outputOf({"--element", "Title", "in.zrd"}),
             "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[2]/Title[1] \"a title\"\n");
-  EXPECT_EQ(show({"--element", "Sphere"}, 2), "");
+  EXPECT_EQ(errorOf({"--element", "Sphere", "in.zrd"}, 2), "zrd: in.zrd: no such element\n");
 }
 
 TEST_F(ShowCommand, ShowsDefaultsIfTheyAreWanted) {
-  const std::string text = show({"--all", "--element", "Poly2d"});
+  const std::string text = outputOf({"--all", "--element", "Poly2d", "in.zrd"});
   EXPECT_NE(text.find("  @LineColor = #000000  (default)\n"), std::string::npos) << text;
 }
 
 TEST_F(ShowCommand, WritesJson) {
-  EXPECT_EQ(show({"--json", "--element", "Poly2d"}),
+  EXPECT_EQ(outputOf({"--json", "--element", "Poly2d", "in.zrd"}),
             R"({"element":"Poly2d","path":"Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[1]/)"
             R"(Img2d[1]/Poly2d[1]","attributes":{"LineWidth":{"value":"0.35","from":"style",)"
             R"("style":"Canvas/ObjStyle[1]"}},"count":2,"ranges":{"x":[0.0,2.0],"y":[-3.5,1.0]}})"
