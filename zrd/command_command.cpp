@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
 #include "zrd/plot_file.h"
 
 namespace vantry::zrd {
@@ -10,7 +11,7 @@ Command addCommandCommand(CLI::App& program) {
   CLI::App* options =
       program.add_subcommand("command", "Print the plot as a command of the algebra system");
   auto name = std::make_shared<std::string>();
-  options->add_option("FILE", *name, "The plot document, or - for standard input")->required();
+  addDocument(*options, *name);
   return {options, [name] {
             const PlotFile file(*name);
             file.document().printCommands(std::cout, false);

@@ -11,11 +11,13 @@
 #include <vector>
 
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
 #include "zrd/convert/conversion.h"
 #include "zrd/convert/inputs.h"
 #include "zrd/convert/output_names.h"
 #include "zrd/convert/report.h"
 #include "zrd/convert/settings.h"
+#include "zrd/option_values.h"
 #include "zrd/output_file.h"
 
 namespace vantry::zrd {
@@ -25,12 +27,9 @@ namespace {
 /// The words of the command line.
 struct ConvertArguments {
   ConvertSettings settings;
-  std::string to = "jvx";
   std::vector<std::string> plots;
   std::string listName;
 };
-
-[[noreturn]] void refuse(const std::string& message) { throw Failure(wrongUsage, message); }
 
 /// The date that the variable SOURCE_DATE_EPOCH asks for.
 std::optional<std::time_t> dateOfEnvironment() {
@@ -41,26 +40,27 @@ std::optional<std::time_t> dateOfEnvironment() {
   std::time_t date = 0;
   const auto [end, failure] = std::from_chars(text.begin(), text.end(), date);
   if (failure != std::errc{} || end != text.end() || date < 0 || date > endOfYear9999) {
-    refuse("SOURCE_DATE_EPOCH is not a number of seconds since 1970");
+    throw Failure(wrongUsage, "SOURCE_DATE_EPOCH is not a number of seconds since 1970");
   }
   return date;
 }
 
 ConvertSettings settingsOf(const ConvertArguments& arguments) {
+  if (arguments.plots.empty() && arguments.listName.empty()) {
+    throw CLI::ValidationError("PLOT is missing");
+  }
   ConvertSettings settings = arguments.settings;
-  if (arguments.to == "both") {
-    settings.kinds = {OutputKind::jvx, OutputKind::jvd};
-  } else {
-    settings.kinds = {arguments.to == "jvd" ? OutputKind::jvd : OutputKind::jvx};
-  }
+  const auto writes = [&settings](OutputKind kind) {
+    return std::ranges::find(settings.kinds, kind) != settings.kinds.end();
+  };
   if (settings.pattern.empty() || settings.pattern.front() == '/') {
-    refuse("--name: a pattern is relative to the folder of the outputs");
+    throw CLI::ValidationError("--name", "a pattern is relative to the folder of the outputs");
   }
-  if (arguments.to == "both" && settings.pattern.find("{ext}") == std::string::npos) {
-    refuse("--name: two kinds of outputs need an {ext} in the pattern");
+  if (settings.kinds.size() > 1 && settings.pattern.find("{ext}") == std::string::npos) {
+    throw CLI::ValidationError("--name", "two kinds of outputs need an {ext} in the pattern");
   }
-  if (arguments.to == "jvd" && settings.frames > 0) {
-    refuse("--frames: only JVX files can be animated");
+  if (settings.frames > 0 && !writes(OutputKind::jvx)) {
+    throw CLI::ValidationError("--frames", "only JVX files can be animated");
   }
   settings.date = dateOfEnvironment();
   return settings;
@@ -111,9 +111,10 @@ Command addConvertCommand(CLI::App& program) {
   ConvertSettings& settings = arguments->settings;
   settings.jobs = std::max(1U, std::thread::hardware_concurrency());
 
-  options->add_option("--to", arguments->to, "What to write")
-      ->check(CLI::IsMember({"jvx", "jvd", "both"}))
-      ->capture_default_str();
+  const Choices<std::vector<OutputKind>> kinds = {{"jvx", {OutputKind::jvx}},
+                                                  {"jvd", {OutputKind::jvd}},
+                                                  {"both", {OutputKind::jvx, OutputKind::jvd}}};
+  addChoice(*options, "--to", settings.kinds, kinds, "What to write")->default_str("jvx");
   options
       ->add_option("--output-dir", settings.outputFolder,
                    "The folder of the outputs, which lie in it as the plots do in the folder "
@@ -122,19 +123,11 @@ Command addConvertCommand(CLI::App& program) {
   options->add_option("--name", settings.pattern, "How outputs are called")
       ->type_name("PATTERN")
       ->capture_default_str();
-  options
-      ->add_option("--jobs", settings.jobs,
-                   "How many plots to convert at the same time, as many as there are processors "
-                   "without it")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber);
-  options
-      ->add_option("--frames", settings.frames,
-                   "Write animations, with so many frames to a unit of time")
-      ->type_name("N")
-      ->check(CLI::PositiveNumber);
-  options->add_option("--time", settings.time, "Write animated plots as they are at this time")
-      ->type_name("T");
+  addWholeNumber(*options, "--jobs", settings.jobs, 1, 1000,
+                 "How many plots to convert at the same time, as many as there are processors "
+                 "without it");
+  addFrames(*options, settings.frames, "Write animations, with so many frames in a unit of time");
+  addTime(*options, settings.time);
   options->add_flag("--if-changed", settings.ifChanged,
                     "Leave outputs alone that are newer than their plot and this program");
   options->add_flag("--keep-going", settings.keepGoing, "Try the other plots after a failure");
@@ -144,11 +137,6 @@ Command addConvertCommand(CLI::App& program) {
       ->type_name("FILE");
   options->add_option("PLOT", arguments->plots,
                       "A plot, a folder with plots, or - for a list of them on standard input");
-  options->callback([arguments] {
-    if (arguments->plots.empty() && arguments->listName.empty()) {
-      throw CLI::RequiredError("PLOT");
-    }
-  });
   return {options, [arguments] { return run(*arguments); }};
 }
 

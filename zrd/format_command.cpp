@@ -7,6 +7,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/elements/object.h"
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
 #include "zrd/indented_xml.h"
 #include "zrd/plot_file.h"
 #include "zrd/whole_output.h"
@@ -75,15 +76,17 @@ Command addFormatCommand(CLI::App& program) {
   CLI::App* command = program.add_subcommand(
       "format", "Write a plot document back, sorted and indented, without comments");
   auto options = std::make_shared<Options>();
-  command->add_option("FILE", options->file, "The plot document, or - for standard input")
-      ->required();
-  CLI::Option* out = command->add_option("-o,--output", options->out, "The file to be written");
-  command->add_flag("-i,--in-place", options->isInPlace, "Write to the file itself")->excludes(out);
+  addDocument(*command, options->file);
+  addOutput(*command, options->out, "The file to be written");
+  command->add_flag("-i,--in-place", options->isInPlace, "Write to the file itself");
   command->add_flag("--minimal", options->isMinimal,
                     "Drop values that are inherited or default anyway");
   return {command, [options] {
+            if (options->isInPlace && !options->out.empty()) {
+              throw CLI::ValidationError("-i and -o cannot be given together");
+            }
             if (options->isInPlace && options->file == "-") {
-              throw Failure(wrongUsage, "standard input cannot be written to");
+              throw CLI::ValidationError("-i", "standard input cannot be written to");
             }
             const std::string text = formatted(*options);
             const std::string& name = options->isInPlace ? options->file : options->out;

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "zrd/commands.h"
+#include "zrd/wrong_usage.h"
 
 namespace vantry::zrd {
 
@@ -20,18 +21,21 @@ int run(int argc, char** argv) {
   CLI::App program("What can be done with plot documents besides their conversion by vantry.",
                    "zrd");
   program.require_subcommand(1);
+  program.option_defaults()->disable_flag_override();  // no flag has a value
   program.set_version_flag("--version", "zrd " VANTRY_VERSION);
 
   std::array<Command, commands.size()> added;
   std::ranges::transform(commands, added.begin(), [&program](auto add) { return add(program); });
   try {
     program.parse(argc, argv);
-  } catch (const CLI::ParseError& failure) {
-    return program.exit(failure) == 0 ? success : wrongUsage;
+    const auto chosen = std::ranges::find_if(
+        added, [](const Command& command) { return command.options->parsed(); });
+    return chosen->run();
+  } catch (const CLI::Success& question) {  // for help, or the version
+    return program.exit(question);
+  } catch (const CLI::ParseError& refusal) {
+    throw Failure(wrongUsage, describe(program, refusal));
   }
-  const auto chosen =
-      std::ranges::find_if(added, [](const Command& command) { return command.options->parsed(); });
-  return chosen->run();
 }
 
 }  // namespace

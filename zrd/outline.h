@@ -11,10 +11,12 @@ namespace vantry::zrd {
 
 /// Which elements of a document are shown, and what of them.
 struct OutlineSelection {
-  unsigned depth = 1'000'000;  ///< levels below the outermost element
-  std::string element;         ///< the name of those that are shown; empty for all
-  std::string path;            ///< the path of the one that is shown with what is in it; or empty
-  bool hasDefaults = false;    ///< whether values that are defaults are shown
+  static constexpr unsigned mostLevels = 1'000'000;
+
+  unsigned depth = mostLevels;  ///< levels below the outermost element
+  std::string element;          ///< the name of those that are shown; empty for all
+  std::string path;             ///< the path of the one that is shown with what is in it; or empty
+  bool hasDefaults = false;     ///< whether values that are defaults are shown
 };
 
 /// Where the value of a property comes from.

@@ -1,6 +1,6 @@
 #include <cctype>
 #include <chrono>
-#include <cstdio>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -10,6 +10,8 @@
 #include <thread>
 
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
+#include "zrd/option_values.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/plot_page.h"
 #include "zrd/view/process.h"
@@ -20,11 +22,13 @@ namespace vantry::zrd {
 
 namespace {
 
+constexpr std::int64_t longestSide = 16'384;  // in pixels
+
 struct PictureSettings {
   std::string plot;
   std::string output;
-  int width = 1200;
-  int height = 900;
+  std::int64_t width = 1200;
+  std::int64_t height = 900;
   double scale = 1;
   bool isTransparent = false;
   page::Options page = {.framesPerUnit = 0};
@@ -122,14 +126,12 @@ int drawPicture(const PictureSettings& settings) {
   return success;
 }
 
-/// Takes "1200x900". Returns what is wrong with it.
-std::string takeSize(const std::string& text, PictureSettings& settings) {
-  char end = '\0';
-  if (std::sscanf(text.c_str(), "%5dx%5d%c", &settings.width, &settings.height, &end) != 2 ||
-      settings.width < 1 || settings.height < 1) {
-    return "--size: " + text + " is not of the form 1200x900";
-  }
-  return {};
+/// Takes "1200x900".
+bool takeSize(const std::string& text, PictureSettings& settings) {
+  const std::size_t cross = text.find('x');
+  return cross != text.npos &&
+         takeWholeNumber(text.substr(0, cross), 1, longestSide, settings.width) &&
+         takeWholeNumber(text.substr(cross + 1), 1, longestSide, settings.height);
 }
 
 }  // namespace
@@ -137,25 +139,19 @@ std::string takeSize(const std::string& text, PictureSettings& settings) {
 Command addPictureCommand(CLI::App& program) {
   CLI::App* options = program.add_subcommand("picture", "Draw a plot as a PNG, by Chromium");
   auto settings = std::make_shared<PictureSettings>();
-  options
-      ->add_option("PLOT", settings->plot,
-                   "A plot document, a JVX file with a JVD file beside it, or - for standard input")
-      ->required();
-  options->add_option("-o,--output", settings->output, "The picture, or - for standard output")
-      ->required();
-  options
-      ->add_option_function<std::string>(
-          "--size",
-          [settings](const std::string& text) {
-            const std::string wrong = takeSize(text, *settings);
-            if (!wrong.empty()) throw CLI::ValidationError(wrong);
-          },
-          "Width and height, in pixels of a page")
+  options->add_option("PLOT", settings->plot, aboutShownPlot)->required();
+  addOutput(*options, settings->output, "The picture, or - for standard output")->required();
+  addValue(
+      *options, "--size",
+      "a size such as 1200x900, with sides from 1 to " + std::to_string(longestSide),
+      [settings](const std::string& text) { return takeSize(text, *settings); },
+      "Width and height, in pixels of a page")
+      ->type_name("WIDTHxHEIGHT")
       ->default_str("1200x900");
-  options->add_option("--scale", settings->scale, "Pixels of the picture per pixel of a page")
-      ->check(CLI::Range(0.1, 10.0))
-      ->capture_default_str();
-  options->add_option("--time", settings->page.time, "The time at which an animation is shown");
+  addNumber(*options, "--scale", settings->scale, 0.1, 10,
+            "Pixels of the picture per pixel of a page")
+      ->default_str("1");
+  addTime(*options, settings->page.time);
   options->add_flag("--transparent", settings->isTransparent, "Leave the ground transparent");
   return {options, [settings] { return drawPicture(*settings); }};
 }

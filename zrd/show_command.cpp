@@ -2,6 +2,8 @@
 #include <memory>
 
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
+#include "zrd/option_values.h"
 #include "zrd/outline.h"
 #include "zrd/plot_file.h"
 
@@ -13,9 +15,10 @@ Command addShowCommand(CLI::App& program) {
   auto name = std::make_shared<std::string>();
   auto selection = std::make_shared<OutlineSelection>();
   auto isJson = std::make_shared<bool>(false);
-  command->add_option("FILE", *name, "The plot document, or - for standard input")->required();
+  addDocument(*command, *name);
   command->add_flag("--json", *isJson, "Write a JSON object for each element that is shown");
-  command->add_option("--depth", selection->depth, "Show so many levels below the Canvas");
+  addWholeNumber(*command, "--depth", selection->depth, 0, OutlineSelection::mostLevels,
+                 "Show so many levels below the Canvas");
   command->add_option("--element", selection->element, "Show the elements of this name alone");
   command->add_option("--path", selection->path,
                       "Show what is at this path alone, as in Canvas/Scene2d[1]");

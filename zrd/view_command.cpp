@@ -1,9 +1,9 @@
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "zrd/commands.h"
+#include "zrd/common_options.h"
 #include "zrd/view/browser.h"
 #include "zrd/view/plot_page.h"
 #include "zrd/view/process.h"
@@ -34,19 +34,12 @@ int view(const ViewSettings& settings) {
 Command addViewCommand(CLI::App& program) {
   CLI::App* options = program.add_subcommand("view", "Show plots on a page, in a browser");
   auto settings = std::make_shared<ViewSettings>();
-  options
-      ->add_option("PLOT", settings->plots,
-                   "A plot document, a JVX file with a JVD file beside it, or - for standard input")
-      ->required();
-  options->add_option("-o,--output", settings->output,
-                      "Write the page into this file, or with - to standard output, and open no "
-                      "browser");
-  options->add_option("--time", settings->page.time, "Show an animation at this time only");
-  options
-      ->add_option("--frames", settings->page.framesPerUnit,
-                   "The frames of an animation per unit of time")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
+  options->add_option("PLOT", settings->plots, aboutShownPlot)->required();
+  addOutput(*options, settings->output,
+            "Write the page into this file, or with - to standard output, and open no browser");
+  addTime(*options, settings->page.time);
+  addFrames(*options, settings->page.framesPerUnit, "The frames of animations in a unit of time")
+      ->default_str(std::to_string(settings->page.framesPerUnit));
   return {options, [settings] { return view(*settings); }};
 }
 

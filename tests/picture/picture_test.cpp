@@ -88,14 +88,6 @@ TEST_F(PictureTest, LooksForChromiumAndChrome) {
       << outcome.err;
 }
 
-TEST_F(PictureTest, RefusesAWrongCommandLine) {
-  for (const char* size : {"x", "1200", "0x9", "9x-1", "10x10x10", "10x10 "}) {
-    EXPECT_EQ(command({surface, "-o", "a.png", "--size", size}).status, 1) << size;
-  }
-  EXPECT_EQ(command({surface}).status, 1);
-  EXPECT_EQ(command({surface, "-o", "a.png", "--scale", "0"}).status, 1);
-}
-
 TEST_F(PictureTest, NamesThePlotThatCannotBeShown) {
   write("bad.zrd", "<Canvas>");
   const Outcome outcome = command({"bad.zrd", "-o", "a.png"});

@@ -155,14 +155,6 @@ TEST_F(ViewTest, ReplacesNoPlot) {
   EXPECT_EQ(read("plot.zrd"), plot);
 }
 
-TEST_F(ViewTest, RefusesAWrongCommandLine) {
-  write("plot.zrd", plot);
-  EXPECT_NE(errorOf({}, 1), "");
-  EXPECT_NE(errorOf({"plot.zrd", "--frames", "0"}, 1), "");
-  EXPECT_NE(errorOf({"plot.zrd", "--time", "now"}, 1), "");
-  EXPECT_NE(errorOf({"plot.zrd", "--colour"}, 1), "");
-}
-
 TEST_F(ViewTest, SaysThatAPageCannotBeWritten) {
   write("plot.zrd", plot);
   EXPECT_EQ(errorOf({"plot.zrd", "-o", "plot.zrd/page.html"}, 2),

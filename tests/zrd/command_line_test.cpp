@@ -1,0 +1,119 @@
+// The command line of zrd: what is refused, in which words, and where help is.
+
+#include <string>
+#include <vector>
+
+#include "../driver/program.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class CommandLine : public ProgramTest {
+ protected:
+  CommandLine() {
+    setProgram(ZRD_PROGRAM);
+    setEnvironment("LC_ALL", "C.UTF-8");
+    write("a.zrd", "<Canvas/>");
+  }
+
+  /// The line is refused for a reason, with help of `command`, or of the program.
+  void expectRefused(const Strings& arguments, const std::string& reason,
+                     const std::string& command = "") const {
+    const Outcome outcome = run(arguments);
+    const std::string help = "zrd " + (command.empty() ? "" : command + ' ') + "--help";
+    EXPECT_EQ(outcome.status, 1) << testing::PrintToString(arguments);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "zrd: " + reason + " (see " + help + ")\n");
+    EXPECT_EQ(files(), "a.zrd");
+  }
+};
+
+TEST_F(CommandLine, NamesTheCommandThatIsMeant) {
+  expectRefused({"chek"}, "there is no command chek; did you mean check?");
+  expectRefused({"Show", "a.zrd"}, "there is no command Show; did you mean show?");
+  expectRefused({"frobnicate"}, "there is no command frobnicate");
+  expectRefused({"a.zrd"}, "there is no command a.zrd");
+  expectRefused({}, "a command is missing");
+}
+
+TEST_F(CommandLine, NamesTheOptionThatIsMeant) {
+  expectRefused({"--verison"}, "there is no option --verison; did you mean --version?");
+  expectRefused({"show", "--jason", "a.zrd"}, "there is no option --jason; did you mean --json?",
+                "show");
+  expectRefused({"convert", "--job=3", "a.zrd"}, "there is no option --job; did you mean --jobs?",
+                "convert");
+  expectRefused({"view", "--colour", "a.zrd"}, "there is no option --colour", "view");
+  expectRefused({"view", "-x", "a.zrd"}, "there is no option -x", "view");
+}
+
+TEST_F(CommandLine, SaysWhatIsMissingOrTooMuch) {
+  expectRefused({"show"}, "FILE is missing", "show");
+  expectRefused({"view"}, "PLOT is missing", "view");
+  expectRefused({"convert"}, "PLOT is missing", "convert");
+  expectRefused({"picture", "a.zrd"}, "--output is missing", "picture");
+  expectRefused({"show", "a.zrd", "b.zrd"}, "b.zrd is one argument too many", "show");
+  expectRefused({"schema", "a.zrd"}, "a.zrd is one argument too many", "schema");
+  expectRefused({"view", "a.zrd", "--time"}, "--time needs a value", "view");
+  expectRefused({"view", "a.zrd", "--time", "1", "--time", "2"}, "--time can be given only once",
+                "view");
+  expectRefused({"show", "a.zrd", "--json=3"}, "--json takes no value", "show");
+  expectRefused({"show", "a.zrd", "--json=x"}, "--json takes no value", "show");
+  expectRefused({"format", "-i", "-o", "b.zrd", "a.zrd"}, "-i and -o cannot be given together",
+                "format");
+  expectRefused({"format", "-i", "-"}, "-i: standard input cannot be written to", "format");
+}
+
+TEST_F(CommandLine, SaysWhatAWholeNumberIs) {
+  for (const std::string number :
+       {"0", "-1", "1001", "99999999999999999999", "2.5", "2x", "many"}) {
+    expectRefused({"convert", "--jobs", number, "a.zrd"},
+                  "--jobs: \"" + number + "\" is not a whole number from 1 to 1000", "convert");
+  }
+  for (const std::string command : {"convert", "view"}) {
+    expectRefused({command, "--frames", "0", "a.zrd"},
+                  "--frames: \"0\" is not a whole number from 1 to 1000000", command);
+  }
+  expectRefused({"show", "--depth", "-1", "a.zrd"},
+                "--depth: \"-1\" is not a whole number from 0 to 1000000", "show");
+}
+
+TEST_F(CommandLine, SaysWhatATimeIs) {
+  for (const std::string time : {"nan", "inf", "-inf", "1e999", "soon", "1s", "1,5"}) {
+    for (const std::string command : {"convert", "view", "picture"}) {
+      expectRefused({command, "--time", time, "a.zrd"},
+                    "--time: \"" + time + "\" is not a finite number", command);
+    }
+  }
+}
+
+TEST_F(CommandLine, SaysWhatASizeIs) {
+  for (const std::string size :
+       {"x", "1200", "0x9", "9x-1", "10x10x10", "10x10 ", "1e2x9", "16385x9", "9x16385", "9X9"}) {
+    expectRefused(
+        {"picture", "-o", "a.png", "--size", size, "a.zrd"},
+        "--size: \"" + size + "\" is not a size such as 1200x900, with sides from 1 to 16384",
+        "picture");
+  }
+  for (const std::string scale : {"0", "0.09", "10.1", "nan", "twice"}) {
+    expectRefused({"picture", "-o", "a.png", "--scale", scale, "a.zrd"},
+                  "--scale: \"" + scale + "\" is not a number from 0.1 to 10", "picture");
+  }
+}
+
+TEST_F(CommandLine, ListsTheWordsThatThereAre) {
+  expectRefused({"convert", "--to", "pdf", "a.zrd"}, "--to: \"pdf\" is not jvx, jvd or both",
+                "convert");
+}
+
+TEST_F(CommandLine, ShowsHelpAndVersion) {
+  for (const Strings& arguments :
+       {Strings{"--help"}, Strings{"show", "--help"}, Strings{"--version"}}) {
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.out, "");
+    EXPECT_EQ(outcome.err, "");
+  }
+}
+
+}  // namespace

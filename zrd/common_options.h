@@ -1,0 +1,25 @@
+// What the command lines of several commands have in common.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+namespace vantry::zrd {
+
+/// Adds the document that a command reads.
+void addDocument(CLI::App& command, std::string& name);
+
+/// Adds the file that a command writes.
+CLI::Option* addOutput(CLI::App& command, std::string& name, const std::string& about);
+
+/// Adds the time at which animated plots are taken. Without the option it stays as it is.
+void addTime(CLI::App& command, double& time);
+
+/// Adds the number of frames in a unit of time. Without the option it stays as it is.
+CLI::Option* addFrames(CLI::App& command, int& frames, const std::string& about);
+
+/// What the arguments of commands are that show plots.
+inline constexpr const char* aboutShownPlot =
+    "A plot document, a JVX file with a JVD file beside it, or - for standard input";
+
+}  // namespace vantry::zrd
