@@ -1,9 +1,10 @@
-#include <iostream>
 #include <memory>
+#include <ostream>
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/plot_file.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 
@@ -14,9 +15,11 @@ Command addCommandCommand(CLI::App& program) {
   addDocument(*options, *name);
   return {options, [name] {
             const PlotFile file(*name);
-            file.document().printCommands(std::cout, false);
-            std::cout << '\n' << std::flush;
-            return std::cout ? success : badDocument;
+            writeOut([&file](std::ostream& out) {
+              file.document().printCommands(out, false);
+              out << '\n';
+            });
+            return success;
           }};
 }
 

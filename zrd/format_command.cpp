@@ -1,5 +1,5 @@
-#include <iostream>
 #include <memory>
+#include <ostream>
 #include <unordered_set>
 
 #include "vantry/check/model_facts.h"
@@ -20,7 +20,7 @@ using namespace plot;
 
 struct Options {
   std::string file;
-  std::string out;
+  std::string out = "-";
   bool isInPlace = false;
   bool isMinimal = false;
 };
@@ -82,20 +82,16 @@ Command addFormatCommand(CLI::App& program) {
   command->add_flag("--minimal", options->isMinimal,
                     "Drop values that are inherited or default anyway");
   return {command, [options] {
-            if (options->isInPlace && !options->out.empty()) {
+            if (options->isInPlace && options->out != "-") {
               throw CLI::ValidationError("-i and -o cannot be given together");
             }
             if (options->isInPlace && options->file == "-") {
               throw CLI::ValidationError("-i", "standard input cannot be written to");
             }
             const std::string text = formatted(*options);
-            const std::string& name = options->isInPlace ? options->file : options->out;
-            if (!name.empty()) {
-              writeWhole(name, [&text](std::ostream& file) { file << text; });
-              return success;
-            }
-            std::cout << text << std::flush;
-            return std::cout ? success : badDocument;
+            writeWhole(options->isInPlace ? options->file : options->out,
+                       [&text](std::ostream& out) { out << text; });
+            return success;
           }};
 }
 

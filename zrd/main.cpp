@@ -7,6 +7,7 @@
 #include <new>
 
 #include "zrd/commands.h"
+#include "zrd/whole_output.h"
 #include "zrd/wrong_usage.h"
 
 namespace vantry::zrd {
@@ -32,7 +33,8 @@ int run(int argc, char** argv) {
         added, [](const Command& command) { return command.options->parsed(); });
     return chosen->run();
   } catch (const CLI::Success& question) {  // for help, or the version
-    return program.exit(question);
+    writeOut([&](std::ostream& out) { program.exit(question, out); });
+    return success;
   } catch (const CLI::ParseError& refusal) {
     throw Failure(wrongUsage, describe(program, refusal));
   }

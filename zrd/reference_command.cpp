@@ -1,11 +1,12 @@
-#include <fstream>
-#include <iostream>
+#include <algorithm>
 #include <memory>
+#include <ostream>
 
 #include "vantry/check/model_facts.h"
 #include "vantry/check/names.h"
 #include "zrd/commands.h"
 #include "zrd/reference.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 
@@ -37,14 +38,13 @@ Command addReferenceCommand(CLI::App& program) {
   command->add_flag("--markdown", options->isMarkdown, "Write a page of the manual");
   return {command, [options] {
             if (options->element.empty()) {
-              options->isMarkdown ? writeReferenceIndex(std::cout) : writeReferenceList(std::cout);
-            } else {
-              const check::ClassFacts& element = elementNamed(options->element);
-              options->isMarkdown ? writeReferencePage(std::cout, element)
-                                  : writeReference(std::cout, element);
+              writeOut(options->isMarkdown ? writeReferenceIndex : writeReferenceList);
+              return success;
             }
-            std::cout.flush();
-            return std::cout ? success : badDocument;
+            const check::ClassFacts& element = elementNamed(options->element);
+            const auto write = options->isMarkdown ? writeReferencePage : writeReference;
+            writeOut([&](std::ostream& out) { write(out, element); });
+            return success;
           }};
 }
 

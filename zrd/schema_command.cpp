@@ -1,7 +1,6 @@
-#include <iostream>
-
 #include "zrd/commands.h"
 #include "zrd/schema.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 
@@ -9,9 +8,8 @@ Command addSchemaCommand(CLI::App& program) {
   CLI::App* command = program.add_subcommand(
       "schema", "Write a RELAX NG schema of plot documents, for editors and validators");
   return {command, [] {
-            writeSchema(std::cout);
-            std::cout.flush();
-            return std::cout ? success : badDocument;
+            writeOut(writeSchema);
+            return success;
           }};
 }
 

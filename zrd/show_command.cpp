@@ -1,11 +1,12 @@
-#include <iostream>
 #include <memory>
+#include <ostream>
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
 #include "zrd/outline.h"
 #include "zrd/plot_file.h"
+#include "zrd/whole_output.h"
 
 namespace vantry::zrd {
 
@@ -26,10 +27,11 @@ Command addShowCommand(CLI::App& program) {
   return {command, [name, selection, isJson] {
             const PlotFile file(*name);
             const Outline outline(file.document(), *selection);
-            *isJson ? outline.writeJson(std::cout) : outline.writeText(std::cout);
-            std::cout.flush();
             if (outline.isEmpty()) throw Failure(badDocument, *name + ": no such element");
-            return std::cout ? success : badDocument;
+            writeOut([&](std::ostream& out) {
+              *isJson ? outline.writeJson(out) : outline.writeText(out);
+            });
+            return success;
           }};
 }
 

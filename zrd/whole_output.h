@@ -7,9 +7,14 @@
 
 namespace vantry::zrd {
 
-/// Writes a file by `write`, or standard output if the name is "-". A file appears whole or not at
-/// all. Throws Failure if it cannot be written.
-void writeWhole(const std::filesystem::path& name,
-                const std::function<void(std::ostream& out)>& write);
+/// What writes an output.
+using Writing = std::function<void(std::ostream& out)>;
+
+/// Has standard output written. Throws Failure if it cannot be written.
+void writeOut(const Writing& write);
+
+/// Has a file written, or standard output if the name is "-". A file appears whole or not at all.
+/// Throws std::runtime_error with the name and the reason if it cannot be written.
+void writeWhole(const std::filesystem::path& name, const Writing& write);
 
 }  // namespace vantry::zrd

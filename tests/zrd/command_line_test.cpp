@@ -106,6 +106,18 @@ TEST_F(CommandLine, ListsTheWordsThatThereAre) {
                 "convert");
 }
 
+TEST_F(CommandLine, NoticesThatStandardOutputIsFull) {
+  for (const Strings& arguments :
+       {Strings{"show", "a.zrd"}, Strings{"show", "--json", "a.zrd"}, Strings{"format", "a.zrd"},
+        Strings{"command", "a.zrd"}, Strings{"schema"}, Strings{"reference"},
+        Strings{"reference", "--markdown"}, Strings{"reference", "--element", "Canvas"},
+        Strings{"--help"}, Strings{"show", "--help"}, Strings{"--version"}}) {
+    const Outcome outcome = runInto("/dev/full", arguments);
+    EXPECT_EQ(outcome.status, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(outcome.err, "zrd: standard output cannot be written\n");
+  }
+}
+
 TEST_F(CommandLine, ShowsHelpAndVersion) {
   for (const Strings& arguments :
        {Strings{"--help"}, Strings{"show", "--help"}, Strings{"--version"}}) {
