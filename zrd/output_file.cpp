@@ -73,6 +73,14 @@ std::filesystem::path withoutLinks(std::filesystem::path name) {
 
 }  // namespace
 
+void requireFolderOf(const std::filesystem::path& name) {
+  const std::filesystem::path folder = name.parent_path();
+  std::error_code unknown;
+  if (folder.empty() || exists(folder, unknown) || unknown) return;
+  throw std::runtime_error(name.string() + " cannot be written: there is no folder " +
+                           folder.string());
+}
+
 OutputFile::Descriptor::int_type OutputFile::Descriptor::overflow(int_type c) {
   const char character = traits_type::to_char_type(c);
   return xsputn(&character, 1) == 1 ? traits_type::not_eof(c) : traits_type::eof();
@@ -99,8 +107,7 @@ OutputFile::OutputFile(std::filesystem::path name) : name_(withoutLinks(std::mov
   if (isThere && !S_ISREG(old.st_mode)) {
     throw std::runtime_error(name_.string() + " cannot be written: it is not a regular file");
   }
-  std::error_code failure;
-  if (name_.has_parent_path()) std::filesystem::create_directories(name_.parent_path(), failure);
+  requireFolderOf(name_);
   descriptor_.number = temporaryFiles().create(name_, temporary_);
   if (descriptor_.number < 0) fail(errno);
   if (isThere) fchmod(descriptor_.number, old.st_mode & 0777);

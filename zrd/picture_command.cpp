@@ -12,6 +12,7 @@
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
+#include "zrd/output_file.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/plot_page.h"
 #include "zrd/view/process.h"
@@ -116,6 +117,7 @@ std::string photograph(const std::string& page, const std::string& folder,
 
 int drawPicture(const PictureSettings& settings) {
   refuseInput(settings.output, {settings.plot});
+  requireFolderOf(settings.output);
   const TemporaryFolder folder;
   const std::string page = folder.path() + "/plot.html";
   writePlotPage(page, {settings.plot}, settings.page);

@@ -159,6 +159,9 @@ TEST_F(ViewTest, SaysThatAPageCannotBeWritten) {
   write("plot.zrd", plot);
   EXPECT_EQ(errorOf({"plot.zrd", "-o", "plot.zrd/page.html"}, 2),
             "zrd: plot.zrd/page.html cannot be written: Not a directory\n");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "missing/page.html"}, 2),
+            "zrd: missing/page.html cannot be written: there is no folder missing\n");
+  EXPECT_EQ(files(), "plot.zrd");
 }
 
 TEST_F(ViewTest, TakesTheFramesAndTheTime) {

@@ -167,6 +167,13 @@ TEST_F(Convert, FoldersAreWalked) {
   EXPECT_TRUE(exists("out/of/it/c.jvx"));
 }
 
+TEST_F(Convert, AFolderThatCannotBeMadeIsAFailure) {
+  write("plot.zrd", staticDocument);
+  EXPECT_EQ(errorOf({"--output-dir", "plot.zrd", "plot.zrd"}, 2),
+            "plot.zrd: plot.zrd cannot be made: Not a directory\n0 converted, 1 failed\n");
+  EXPECT_EQ(files(), "plot.zrd");
+}
+
 TEST_F(Convert, ADocumentThatComesTwiceIsConvertedOnce) {
   makeFolder("plots");
   write("plots/a.zrd", staticDocument);

@@ -95,6 +95,12 @@ TEST_F(FormatCommand, PutsNoFileInThePlaceOfSomethingElse) {
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
+TEST_F(FormatCommand, MakesNoFolder) {
+  EXPECT_EQ(errorOf({"-o", "missing/folder/out.zrd", "in.zrd"}, 2),
+            "zrd: missing/folder/out.zrd cannot be written: there is no folder missing/folder\n");
+  EXPECT_EQ(files(), "in.zrd");
+}
+
 TEST_F(FormatCommand, LeavesAFileAloneThatItCannotRead) {
   write("in.zrd", "<Canvas>");
   EXPECT_EQ(command({"-i", "in.zrd"}).status, 2);

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -35,6 +36,15 @@ fs::path outputName(const Input& input, OutputKind kind, const ConvertSettings& 
   return (settings.outputFolder / input.folder / name).lexically_normal();
 }
 
+void makeFolderOf(const fs::path& name) {
+  if (!name.has_parent_path()) return;
+  std::error_code failure;
+  fs::create_directories(name.parent_path(), failure);
+  if (failure) {
+    throw std::runtime_error(name.parent_path().string() + " cannot be made: " + failure.message());
+  }
+}
+
 /// The outputs of one document, which appear together once all are written.
 class Outputs {
  public:
@@ -42,6 +52,7 @@ class Outputs {
 
   OutputFile& create(const fs::path& name) {
     names_.take(name, input_);
+    makeFolderOf(name);
     return *files_.emplace_back(std::make_unique<OutputFile>(name));
   }
 
