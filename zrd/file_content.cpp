@@ -3,25 +3,40 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <iostream>
 
 #include "zrd/commands.h"
 
 namespace vantry::zrd {
 
+std::ifstream openFile(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  if (!file) throw Failure(badDocument, name + ": cannot be opened: " + std::strerror(errno));
+  return file;
+}
+
+std::istream& openInput(const std::string& name, std::ifstream& file) {
+  if (name == "-") return std::cin;
+  file = openFile(name);
+  return file;
+}
+
+std::size_t readBlock(std::istream& in, const std::string& name, std::span<char> block) {
+  in.read(block.data(), std::ssize(block));
+  if (in.bad()) throw Failure(badDocument, name + ": cannot be read: " + std::strerror(errno));
+  return static_cast<std::size_t>(in.gcount());
+}
+
 std::string contentOf(const std::string& name) {
   std::ifstream file;
-  if (name != "-") file.open(name, std::ios::binary);
-  if (!file) throw Failure(badDocument, name + ": cannot be opened: " + std::strerror(errno));
-  std::istream& in = name == "-" ? std::cin : file;
+  std::istream& in = openInput(name, file);
   std::string text;
   std::array<char, std::size_t{64} * 1024> block;
+  std::size_t size = 0;
   do {
-    in.read(block.data(), std::ssize(block));
-    text.append(block.data(), static_cast<std::size_t>(in.gcount()));
-  } while (in);
-  if (in.bad()) throw Failure(badDocument, name + ": cannot be read: " + std::strerror(errno));
+    size = readBlock(in, name, block);
+    text.append(block.data(), size);
+  } while (size == block.size());
   return text;
 }
 

@@ -1,15 +1,13 @@
 #include "zrd/plot_file.h"
 
 #include <array>
-#include <cerrno>
-#include <cstring>
 #include <exception>
 #include <fstream>
-#include <iostream>
 #include <new>
 
 #include "vantry/reader/zrd_parser_handler.h"
 #include "zrd/commands.h"
+#include "zrd/file_content.h"
 
 namespace vantry::zrd {
 
@@ -28,10 +26,9 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
   std::array<char, 512> block;
   bool isLast = false;
   while (!isLast) {
-    in.read(block.data(), std::ssize(block));
-    if (in.bad()) throw Failure(badDocument, name + ": cannot be read: " + std::strerror(errno));
-    isLast = in.eof();
-    if (parser.parse(block.data(), static_cast<int>(in.gcount()), isLast)) continue;
+    const std::size_t size = readBlock(in, name, block);
+    isLast = size < block.size();
+    if (parser.parse(block.data(), static_cast<int>(size), isLast)) continue;
     throw Failure(badDocument, placeIn(name, parser) + "not well-formed XML");
   }
 }
@@ -40,10 +37,9 @@ PlotFile::PlotFile(const std::string& name, Ids ids) {
   reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
   reader::Parser parser(&handler, true, nullptr);
   std::ifstream file;
-  if (name != "-") file.open(name, std::ios::binary);
-  if (!file) throw Failure(badDocument, name + ": cannot be opened: " + std::strerror(errno));
+  std::istream& in = openInput(name, file);
   try {
-    parseAll(name == "-" ? std::cin : file, name, parser);
+    parseAll(in, name, parser);
   } catch (const Failure&) {
     throw;
   } catch (const std::bad_alloc&) {

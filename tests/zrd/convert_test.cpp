@@ -206,7 +206,7 @@ TEST_F(Convert, AListMayComeFromStandardInput) {
 
 TEST_F(Convert, AListThatCannotBeReadIsAFailure) {
   EXPECT_EQ(command({"--files-from", "none"}).err,
-            "none: cannot be read: No such file or directory\n0 converted, 1 failed\n");
+            "none: cannot be opened: No such file or directory\n0 converted, 1 failed\n");
   EXPECT_EQ(command({"--files-from", "."}).err,
             ".: cannot be read: Is a directory\n0 converted, 1 failed\n");
 }

@@ -1,28 +1,19 @@
 #include "zrd/convert/inputs.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <fstream>
-#include <iostream>
 #include <set>
 #include <sstream>
 #include <system_error>
 #include <utility>
+
+#include "zrd/commands.h"
+#include "zrd/file_content.h"
 
 namespace vantry::zrd {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-bool readAll(std::istream& in, std::string& text) {
-  std::array<char, 4096> block;
-  while (in.read(block.data(), block.size()) || in.gcount() > 0) {
-    text.append(block.data(), static_cast<std::size_t>(in.gcount()));
-  }
-  return !in.bad();
-}
 
 class Search {
  public:
@@ -40,19 +31,16 @@ class Search {
     }
   }
 
-  void addList(const std::string& name) {
-    std::ifstream file;
-    if (name != "-") file.open(name, std::ios::binary);
-    std::string text;
-    if (!file || !readAll(name == "-" ? std::cin : file, text)) {
-      return report_.fail(name + ": cannot be read: " + std::generic_category().message(errno));
-    }
+  void addList(const std::string& name) try {
+    const std::string text = contentOf(name);
     const char end = text.find('\0') == std::string::npos ? '\n' : '\0';
     std::istringstream names(text);
     for (std::string entry; std::getline(names, entry, end);) {
       if (entry == "-") entry = "./-";  // in a list it is a file like any other
       if (!entry.empty()) addNamed(entry);
     }
+  } catch (const Failure& failure) {
+    report_.fail(failure.what());
   }
 
   std::vector<Input> take() { return std::move(inputs_); }

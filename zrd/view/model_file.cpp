@@ -1,12 +1,11 @@
 #include "zrd/view/model_file.h"
 
-#include <cerrno>
-#include <cstring>
 #include <string>
 #include <string_view>
 
 #include "vantry/reader/xml_parser.h"
 #include "zrd/commands.h"
+#include "zrd/file_content.h"
 #include "zrd/plot_file.h"
 
 namespace vantry::zrd {
@@ -36,10 +35,7 @@ class RootName final : public reader::Handler {
 
 /// Opens a file and reads it once through.
 std::ifstream openChecked(const std::filesystem::path& name, std::string_view root) {
-  std::ifstream file(name, std::ios::binary);
-  if (!file) {
-    throw Failure(badDocument, name.string() + ": cannot be opened: " + std::strerror(errno));
-  }
+  std::ifstream file = openFile(name);
   RootName found;
   reader::Parser parser(&found, false, nullptr);
   parseAll(file, name.string(), parser);
