@@ -7,6 +7,9 @@
 
 #include "driver/program.h"
 
+/// What the commands say behind a message about a bad document.
+inline const std::string wayOut = " (zrd check FILE explains it)\n";
+
 class ZrdCommandTest : public ProgramTest {
  protected:
   explicit ZrdCommandTest(std::string command) : command_(std::move(command)) {

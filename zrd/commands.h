@@ -33,6 +33,15 @@ class Failure : public std::runtime_error {
   int status_;
 };
 
+/// A document is bad. The message names the file and the place.
+class BadDocument : public Failure {
+ public:
+  explicit BadDocument(const std::string& message) : Failure(badDocument, message) {}
+};
+
+/// Behind a message about bad documents: what finds all that is wrong with them.
+inline constexpr const char* wayOut = " (zrd check FILE explains it)";
+
 // Each adds a command to the program.
 Command addCheckCommand(CLI::App& program);
 Command addCommandCommand(CLI::App& program);

@@ -66,7 +66,7 @@ std::string formatted(const Options& options) {
   try {
     return indentedXml(file.document());
   } catch (const dom::DomException& failure) {
-    throw Failure(badDocument, options.file + ": cannot be written back: " + failure.what());
+    throw BadDocument(options.file + ": cannot be written back: " + failure.what());
   }
 }
 

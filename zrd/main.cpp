@@ -50,6 +50,9 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is a failure like any other
   try {
     return vantry::zrd::run(argc, argv);
+  } catch (const vantry::zrd::BadDocument& failure) {
+    std::cerr << "zrd: " << failure.what() << vantry::zrd::wayOut << '\n';
+    return failure.status();
   } catch (const vantry::zrd::Failure& failure) {
     std::cerr << "zrd: " << failure.what() << '\n';
     return failure.status();

@@ -29,7 +29,7 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
     const std::size_t size = readBlock(in, name, block);
     isLast = size < block.size();
     if (parser.parse(block.data(), static_cast<int>(size), isLast)) continue;
-    throw Failure(badDocument, placeIn(name, parser) + "not well-formed XML");
+    throw BadDocument(placeIn(name, parser) + "not well-formed XML");
   }
 }
 
@@ -45,7 +45,7 @@ PlotFile::PlotFile(const std::string& name, Ids ids) {
   } catch (const std::bad_alloc&) {
     throw Failure(badDocument, name + ": out of memory");
   } catch (const std::exception& failure) {
-    throw Failure(badDocument, placeIn(name, parser) + failure.what());
+    throw BadDocument(placeIn(name, parser) + failure.what());
   }
 }
 

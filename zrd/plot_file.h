@@ -10,8 +10,8 @@
 
 namespace vantry::zrd {
 
-/// Has a file parsed to its end. Throws Failure, which names the file and the place, if it cannot
-/// be read or is not well formed; what the parser's handler throws passes.
+/// Has a file parsed to its end. Throws Failure if it cannot be read, and BadDocument if it is not
+/// well formed; what the parser's handler throws passes.
 void parseAll(std::istream& in, const std::string& name, reader::Parser& parser);
 
 /// A plot document that was read from a file, and is taken down with this.
@@ -19,8 +19,8 @@ class PlotFile {
  public:
   enum class Ids { kept, ignored };
 
-  /// Reads a file; "-" is standard input. Throws Failure, which names the file and the place, if
-  /// it cannot be read, is not well formed, or holds what a plot document may not.
+  /// Reads a file; "-" is standard input. Throws Failure if it cannot be read, and BadDocument if it
+  /// is not well formed or holds what a plot document may not.
   explicit PlotFile(const std::string& name, Ids ids = Ids::kept);
   PlotFile(const PlotFile&) = delete;
   PlotFile& operator=(const PlotFile&) = delete;

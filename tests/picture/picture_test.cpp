@@ -97,9 +97,8 @@ TEST_F(PictureTest, LooksForChromiumAndChrome) {
 
 TEST_F(PictureTest, NamesThePlotThatCannotBeShown) {
   write("bad.zrd", "<Canvas>");
-  const Outcome outcome = command({"bad.zrd", "-o", "a.png"});
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "zrd: bad.zrd:1:9: not well-formed XML\n");
+  EXPECT_EQ(errorOf({"bad.zrd", "-o", "a.png"}, 2),
+            "zrd: bad.zrd:1:9: not well-formed XML" + wayOut);
 }
 
 /// The program fails if the page says anything that is wrong.

@@ -45,6 +45,17 @@ TEST_F(ShowCommand, ShowsAsMuchAsIsWanted) {
   EXPECT_EQ(errorOf({"--element", "Sphere", "in.zrd"}, 2), "zrd: in.zrd: no such element\n");
 }
 
+TEST_F(ShowCommand, NamesTheWayOutOfABadDocument) {
+  write("cut.zrd", "<Canvas>\n<Scene2d>");
+  EXPECT_EQ(errorOf({"cut.zrd"}, 2), "zrd: cut.zrd:2:10: not well-formed XML" + wayOut);
+  write("bad.zrd", "<Canvas Width=\"wide\"/>");
+  EXPECT_EQ(
+      errorOf({"bad.zrd"}, 2),
+      "zrd: bad.zrd:1:1: SYNTAX_ERR: element 'Canvas', attribute 'Width', value 'wide'" + wayOut);
+  EXPECT_EQ(errorOf({"none.zrd"}, 2),
+            "zrd: none.zrd: cannot be opened: No such file or directory\n");
+}
+
 TEST_F(ShowCommand, ShowsDefaultsIfTheyAreWanted) {
   const std::string text = outputOf({"--all", "--element", "Poly2d", "in.zrd"});
   EXPECT_NE(text.find("  @LineColor = #000000  (default)\n"), std::string::npos) << text;

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "vantry/base/text_errors.h"
+#include "vantry/javaview/export_error.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
 #include "zrd/commands.h"
@@ -144,7 +146,13 @@ bool Converter::convert(const PlannedConversion& plan) const {
       report_.unchanged();
     }
     return true;
-  } catch (const Failure& failure) {  // names the document and the place
+  } catch (const BadDocument& failure) {  // names the document and the place
+    report_.failBad(failure.what());
+  } catch (const javaview::JavaViewExportError& failure) {
+    report_.failBad(name + ": " + failure.what());
+  } catch (const base::BadUnicodeString& failure) {
+    report_.failBad(name + ": " + failure.what());
+  } catch (const Failure& failure) {  // names the document
     report_.fail(failure.what());
   } catch (const std::bad_alloc&) {
     report_.fail(name + ": out of memory");

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "zrd/commands.h"
+
 namespace vantry::zrd {
 
 namespace {
@@ -47,6 +49,12 @@ void ConvertReport::fail(const std::string& line) {
   showProgress();
 }
 
+void ConvertReport::failBad(const std::string& line) {
+  fail(line);
+  const std::lock_guard lock(mutex_);
+  hasBad_ = true;
+}
+
 void ConvertReport::converted() {
   const std::lock_guard lock(mutex_);
   ++converted_;
@@ -70,6 +78,7 @@ void ConvertReport::summarise() {
   add(unchanged_, " unchanged");
   add(failed_, " failed");
   add(left, " not tried");
+  if (hasBad_) line += wayOut;
   std::cerr << line << '\n' << std::flush;
 }
 

@@ -19,14 +19,18 @@ class ConvertReport {
   /// A line about something that does not keep a document from being converted.
   void warn(const std::string& line);
 
-  /// A line about what cannot be read or converted.
+  /// A line about what cannot be read or written.
   void fail(const std::string& line);
+
+  /// A line about a document that is bad.
+  void failBad(const std::string& line);
 
   // How a document of those that were announced ended, besides by a failure.
   void converted();
   void unchanged();
 
-  /// Takes the progress away and says what has become of all documents.
+  /// Takes the progress away, and says what has become of all documents and what explains why some
+  /// are bad.
   void summarise();
 
   std::size_t failures() const;
@@ -46,6 +50,7 @@ class ConvertReport {
   std::size_t converted_ = 0;
   std::size_t unchanged_ = 0;
   std::size_t failed_ = 0;
+  bool hasBad_ = false;  // documents among those that failed
 };
 
 }  // namespace vantry::zrd

@@ -13,8 +13,8 @@ bool isModelName(const std::filesystem::path& name);
 /// A JVX file and the JVD file of the same name beside it, if there is one, both ready to be read.
 class ModelFile {
  public:
-  /// Throws Failure, which names the file and the place, if one of the files cannot be read, is not
-  /// well formed, or is something else.
+  /// Throws Failure if one of the files cannot be read or is something else, and BadDocument if it
+  /// is not well formed.
   explicit ModelFile(const std::filesystem::path& name);
 
   std::istream& model() { return model_; }

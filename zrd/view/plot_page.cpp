@@ -56,7 +56,7 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
   };
   page.write(out, pageTemplate, shown);
 } catch (const page::PageError& failure) {
-  throw Failure(badDocument, failure.what());
+  throw BadDocument(failure.what());
 }
 
 void writePlotPage(const std::filesystem::path& name, const std::vector<std::string>& plots,
