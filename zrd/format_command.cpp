@@ -1,13 +1,18 @@
+#include <map>
 #include <memory>
 #include <ostream>
+#include <sstream>
+#include <string_view>
 #include <unordered_set>
 
+#include "vantry/check/check.h"
 #include "vantry/check/model_facts.h"
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/elements/object.h"
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
+#include "zrd/file_content.h"
 #include "zrd/indented_xml.h"
 #include "zrd/plot_file.h"
 #include "zrd/whole_output.h"
@@ -17,6 +22,7 @@ namespace vantry::zrd {
 namespace {
 
 using namespace plot;
+using check::Diagnostic;
 
 struct Options {
   std::string file;
@@ -60,13 +66,34 @@ class Minimiser {
   std::unordered_set<const PlotElement*> passed_;
 };
 
+[[noreturn]] void refuse(const std::string& place, const std::string& reason) {
+  throw BadDocument(place + ": cannot be written back: " + reason);
+}
+
+/// Refuses a text of which a part is missing in what is to be written for it. That part was found
+/// to be wrong, and what is written has nothing wrong in its place.
+void refuseLoss(const std::string& name, const std::string& text, const std::string& written) {
+  std::map<std::string_view, int> kept;
+  for (const Diagnostic& found : check::check(written)) ++kept[found.code];
+  for (const Diagnostic& found : check::check(text)) {
+    if (--kept[found.code] >= 0) continue;
+    refuse(name + ':' + std::to_string(found.place.line) + ':' + std::to_string(found.place.column),
+           found.sentence);
+  }
+}
+
 std::string formatted(const Options& options) {
-  const PlotFile file(options.file);
-  if (options.isMinimal) Minimiser().minimise(file.document());
+  const std::string text = contentOf(options.file);
+  std::istringstream in(text);
+  const PlotFile file(in, options.file);
   try {
+    std::string written = indentedXml(file.document());
+    refuseLoss(options.file, text, written);
+    if (!options.isMinimal) return written;
+    Minimiser().minimise(file.document());
     return indentedXml(file.document());
   } catch (const dom::DomException& failure) {
-    throw BadDocument(options.file + ": cannot be written back: " + failure.what());
+    refuse(options.file, failure.what());
   }
 }
 

@@ -34,10 +34,17 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
 }
 
 PlotFile::PlotFile(const std::string& name, Ids ids) {
+  std::ifstream file;
+  read(openInput(name, file), name, ids);
+}
+
+PlotFile::PlotFile(std::istream& content, const std::string& name, Ids ids) {
+  read(content, name, ids);
+}
+
+void PlotFile::read(std::istream& in, const std::string& name, Ids ids) {
   reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
   reader::Parser parser(&handler, true, nullptr);
-  std::ifstream file;
-  std::istream& in = openInput(name, file);
   try {
     parseAll(in, name, parser);
   } catch (const Failure&) {

@@ -22,6 +22,8 @@ class PlotFile {
   /// Reads a file; "-" is standard input. Throws Failure if it cannot be read, and BadDocument if it
   /// is not well formed or holds what a plot document may not.
   explicit PlotFile(const std::string& name, Ids ids = Ids::kept);
+  /// Reads the content of the file of that name.
+  PlotFile(std::istream& content, const std::string& name, Ids ids = Ids::kept);
   PlotFile(const PlotFile&) = delete;
   PlotFile& operator=(const PlotFile&) = delete;
   ~PlotFile() { document_->tearDown(); }
@@ -29,6 +31,8 @@ class PlotFile {
   plot::PlotDocument& document() const { return *document_; }
 
  private:
+  void read(std::istream& in, const std::string& name, Ids ids);
+
   base::Ref<plot::PlotDocument> document_{new plot::PlotDocument};
 };
 
