@@ -4,6 +4,8 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
+#include "vantry/check/model_facts.h"
+
 namespace vantry::zrd {
 
 /// Adds the document that a command reads.
@@ -17,6 +19,9 @@ void addTime(CLI::App& command, double& time);
 
 /// Adds the number of frames in a unit of time. Without the option it stays as it is.
 CLI::Option* addFrames(CLI::App& command, int& frames, const std::string& about);
+
+/// Adds the name of an element, which must be one of the format.
+void addElement(CLI::App& command, const check::ClassFacts*& element, const std::string& about);
 
 /// What the arguments of commands are that show plots.
 inline constexpr const char* aboutShownPlot =

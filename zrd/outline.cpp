@@ -8,12 +8,13 @@
 #include <sstream>
 #include <unordered_map>
 
-#include "vantry/check/model_facts.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/elements/color_array2d.h"
 #include "vantry/plot/elements/density_array2d.h"
 #include "vantry/reader/data_parsing.h"
+#include "zrd/commands.h"
 #include "zrd/shortest_numbers.h"
+#include "zrd/wrong_usage.h"
 
 namespace vantry::zrd {
 
@@ -36,6 +37,9 @@ class Paths {
       return true;
     });
   }
+
+  /// The place of an element below its parent.
+  const std::string& stepTo(const dom::Node& element) const { return steps_.at(&element); }
 
   std::string of(const PlotElement& element) const {
     std::string path = steps_.at(&element);
@@ -66,6 +70,13 @@ const PlotElement* originOf(const PlotElement& element, Token name) {
   return origin;
 }
 
+/// Whether an attribute that must be given has what stands in for it, which no document says.
+bool isMissing(const Property& property, const std::string& text) {
+  const auto words = property.allowedWords();
+  return property.isMandatory() && !words.empty() &&
+         std::ranges::none_of(words, [&text](Token word) { return word.str() == text; });
+}
+
 std::vector<ShownValue> valuesOf(const PlotElement& element, const Paths& paths, bool hasDefaults) {
   std::vector<ShownValue> values;
   for (const Property* property : check::factsOf(element.tagName())->properties) {
@@ -77,7 +88,12 @@ std::vector<ShownValue> valuesOf(const PlotElement& element, const Paths& paths,
     const Variant value = isOwn                     ? element.getAttribute(name)
                           : property->isMandatory() ? property->defaultVariant()
                                                     : element.getPropertyValue(name);
-    values.push_back({name.str(), textOf(*property, value), origin, style ? paths.of(*style) : ""});
+    const std::string text = textOf(*property, value);
+    if (isMissing(*property, text)) {
+      values.push_back({name.str(), "", Origin::missing, ""});
+    } else {
+      values.push_back({name.str(), text, origin, style ? paths.of(*style) : ""});
+    }
   }
   return values;
 }
@@ -147,37 +163,77 @@ const char* nameOf(Origin origin) {
       return "style";
     case Origin::byDefault:
       return "default";
+    case Origin::missing:
+      return "missing";
   }
   return "";
 }
 
+/// The child at a step, as in "Scene2d[1]". Null if there is none.
+const PlotElement* childAt(const PlotElement& element, const std::string& step,
+                           const Paths& paths) {
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+    if (paths.stepTo(*child) == step) return PlotElement::from(child);
+  }
+  return nullptr;
+}
+
+std::vector<Token> stepsBelow(const PlotElement& element, const Paths& paths) {
+  std::vector<Token> steps;
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+    if (PlotElement::from(child)) steps.emplace_back(paths.stepTo(*child).c_str(), true);
+  }
+  return steps;
+}
+
+/// The element at a path, where the first child of a name needs no number. Throws Failure, which
+/// begins with `source`, if there is none.
+const PlotElement& elementAt(const std::string& path, const PlotElement& root, const Paths& paths,
+                             const std::string& source) {
+  std::istringstream steps(path);
+  std::string step;
+  std::getline(steps, step, '/');
+  if (step != paths.stepTo(root)) {
+    throw Failure(badDocument, source + ": a path begins with " + paths.stepTo(root));
+  }
+  const PlotElement* element = &root;
+  while (std::getline(steps, step, '/')) {
+    if (!step.ends_with(']')) step += "[1]";
+    const PlotElement* child = childAt(*element, step, paths);
+    if (!child) {
+      throw Failure(badDocument, source + ": there is no " + step + " in " + paths.of(*element) +
+                                     question(step, stepsBelow(*element, paths)));
+    }
+    element = child;
+  }
+  return *element;
+}
+
 }  // namespace
 
-Outline::Outline(const PlotDocument& document, const OutlineSelection& selection) {
-  const PlotElement* root = document.documentElement();
-  if (!root) return;
+Outline::Outline(const PlotFile& file, const OutlineSelection& selection) {
+  const PlotElement* root = file.document().documentElement();
   const Paths paths(*root);
-  const PlotElement* selected = selection.path.empty() ? root : nullptr;  // with all that is in it
-  unsigned depth = 0;                                                     // below that
+  const PlotElement& selected =
+      selection.path.empty() ? *root : elementAt(selection.path, *root, paths, file.name());
+  unsigned depth = 0;  // below that
   const auto enter = [&](const dom::Node& node) {
     const PlotElement* element = PlotElement::from(&node);
-    if (!element) return false;
-    if (!selected && paths.of(*element) == selection.path) selected = element;
-    if (!selected) return true;
-    if (depth > selection.depth) return false;
-    if (selection.element.empty()) {
+    if (!element || depth > selection.depth) return false;
+    if (!selection.element) {
       elements_.push_back(shown(*element, depth, paths, selection.hasDefaults));
-    } else if (selection.element == node.nodeName().str()) {
+    } else if (selection.element->name == node.nodeName()) {
       elements_.push_back(shown(*element, 0, paths, selection.hasDefaults));
     }
     ++depth;
     return true;
   };
-  const auto leave = [&](const dom::Node& node) {
-    if (selected) --depth;
-    if (&node == selected) selected = nullptr;
-  };
-  dom::walkSubtree<const dom::Node>(*root, enter, leave);
+  const auto leave = [&](const dom::Node&) { --depth; };
+  dom::walkSubtree<const dom::Node>(selected, enter, leave);
+  if (elements_.empty()) {
+    throw Failure(badDocument, file.name() + ": there is no " + selection.element->name.str() +
+                                   " in " + paths.of(selected));
+  }
 }
 
 void Outline::writeText(std::ostream& out) const {
@@ -192,7 +248,8 @@ void Outline::writeText(std::ostream& out) const {
     }
     out << '\n';
     for (const ShownValue& value : element.values) {
-      out << indent << "  @" << value.name << " = " << value.text;
+      out << indent << "  @" << value.name
+          << (value.origin == Origin::missing ? " is missing" : " = " + value.text);
       if (value.origin == Origin::style) out << "  (style " << value.style << ')';
       if (value.origin == Origin::byDefault) out << "  (default)";
       out << '\n';
@@ -208,7 +265,8 @@ void Outline::writeJson(std::ostream& out) const {
     json["attributes"] = Json::object();
     for (const ShownValue& value : element.values) {
       Json& attribute = json["attributes"][value.name];
-      attribute = {{"value", value.text}, {"from", nameOf(value.origin)}};
+      if (value.origin != Origin::missing) attribute["value"] = value.text;
+      attribute["from"] = nameOf(value.origin);
       if (value.origin == Origin::style) attribute["style"] = value.style;
     }
     if (!element.text.empty()) json["text"] = element.text;

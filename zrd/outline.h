@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "vantry/plot/document.h"
+#include "vantry/check/model_facts.h"
+#include "zrd/plot_file.h"
 
 namespace vantry::zrd {
 
@@ -14,17 +15,17 @@ struct OutlineSelection {
   static constexpr unsigned mostLevels = 1'000'000;
 
   unsigned depth = mostLevels;  ///< levels below the outermost element
-  std::string element;          ///< the name of those that are shown; empty for all
   std::string path;             ///< the path of the one that is shown with what is in it; or empty
-  bool hasDefaults = false;     ///< whether values that are defaults are shown
+  const check::ClassFacts* element = nullptr;  ///< the class of those that are shown; null for all
+  bool hasDefaults = false;                    ///< whether values that are defaults are shown
 };
 
-/// Where the value of a property comes from.
-enum class Origin { own, style, byDefault };
+/// Where the value of a property comes from. A mandatory one may be missing.
+enum class Origin { own, style, byDefault, missing };
 
 struct ShownValue {
   std::string name;
-  std::string text;
+  std::string text;  ///< empty if it is missing
   Origin origin;
   std::string style;  ///< the path of the element that gives it, where it is inherited
 };
@@ -50,9 +51,8 @@ struct ShownElement {
 /// What is to be shown of a document.
 class Outline {
  public:
-  Outline(const plot::PlotDocument& document, const OutlineSelection& selection);
-
-  bool isEmpty() const { return elements_.empty(); }
+  /// Throws Failure, which names the file, if nothing is selected.
+  Outline(const PlotFile& file, const OutlineSelection& selection);
 
   /// Writes an element per line, indented, with its values below it.
   void writeText(std::ostream& out) const;

@@ -33,26 +33,26 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
   }
 }
 
-PlotFile::PlotFile(const std::string& name, Ids ids) {
+PlotFile::PlotFile(const std::string& name, Ids ids) : name_(name) {
   std::ifstream file;
-  read(openInput(name, file), name, ids);
+  read(openInput(name, file), ids);
 }
 
-PlotFile::PlotFile(std::istream& content, const std::string& name, Ids ids) {
-  read(content, name, ids);
+PlotFile::PlotFile(std::istream& content, const std::string& name, Ids ids) : name_(name) {
+  read(content, ids);
 }
 
-void PlotFile::read(std::istream& in, const std::string& name, Ids ids) {
+void PlotFile::read(std::istream& in, Ids ids) {
   reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
   reader::Parser parser(&handler, true, nullptr);
   try {
-    parseAll(in, name, parser);
+    parseAll(in, name_, parser);
   } catch (const Failure&) {
     throw;
   } catch (const std::bad_alloc&) {
-    throw Failure(badDocument, name + ": out of memory");
+    throw Failure(badDocument, name_ + ": out of memory");
   } catch (const std::exception& failure) {
-    throw BadDocument(placeIn(name, parser) + failure.what());
+    throw BadDocument(placeIn(name_, parser) + failure.what());
   }
 }
 

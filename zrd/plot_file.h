@@ -19,8 +19,8 @@ class PlotFile {
  public:
   enum class Ids { kept, ignored };
 
-  /// Reads a file; "-" is standard input. Throws Failure if it cannot be read, and BadDocument if it
-  /// is not well formed or holds what a plot document may not.
+  /// Reads a file; "-" is standard input. Throws Failure if it cannot be read, and BadDocument if
+  /// it is not well formed or holds what a plot document may not.
   explicit PlotFile(const std::string& name, Ids ids = Ids::kept);
   /// Reads the content of the file of that name.
   PlotFile(std::istream& content, const std::string& name, Ids ids = Ids::kept);
@@ -28,11 +28,13 @@ class PlotFile {
   PlotFile& operator=(const PlotFile&) = delete;
   ~PlotFile() { document_->tearDown(); }
 
+  const std::string& name() const { return name_; }
   plot::PlotDocument& document() const { return *document_; }
 
  private:
-  void read(std::istream& in, const std::string& name, Ids ids);
+  void read(std::istream& in, Ids ids);
 
+  std::string name_;
   base::Ref<plot::PlotDocument> document_{new plot::PlotDocument};
 };
 

@@ -20,14 +20,15 @@ Command addShowCommand(CLI::App& program) {
   command->add_flag("--json", *isJson, "Write a JSON object for each element that is shown");
   addWholeNumber(*command, "--depth", selection->depth, 0, OutlineSelection::mostLevels,
                  "Show so many levels below the Canvas");
-  command->add_option("--element", selection->element, "Show the elements of this name alone");
-  command->add_option("--path", selection->path,
-                      "Show what is at this path alone, as in Canvas/Scene2d[1]");
+  addElement(*command, selection->element, "Show the elements of this name alone");
+  command
+      ->add_option("--path", selection->path,
+                   "Show what is at this path alone, as in Canvas/Scene2d[1]")
+      ->type_name("PATH");
   command->add_flag("--all", selection->hasDefaults, "Show values that are defaults too");
   return {command, [name, selection, isJson] {
             const PlotFile file(*name);
-            const Outline outline(file.document(), *selection);
-            if (outline.isEmpty()) throw Failure(badDocument, *name + ": no such element");
+            const Outline outline(file, *selection);
             writeOut([&](std::ostream& out) {
               *isJson ? outline.writeJson(out) : outline.writeText(out);
             });

@@ -10,26 +10,22 @@ namespace vantry::zrd {
 
 namespace {
 
-using Names = std::vector<std::string>;
-
-/// "; did you mean check?", or nothing if no name is near.
-std::string question(const std::string& word, const Names& names) {
-  std::vector<base::Token> tokens;
-  for (const std::string& name : names) tokens.emplace_back(name.c_str(), true);
-  const std::string_view nearest = check::nearestName(word, tokens);
-  return nearest.empty() ? "" : "; did you mean " + std::string(nearest) + '?';
-}
+using Names = std::vector<base::Token>;
 
 Names commandsOf(const CLI::App& program) {
   Names names;
-  for (const CLI::App* command : program.get_subcommands({})) names.push_back(command->get_name());
+  for (const CLI::App* command : program.get_subcommands({})) {
+    names.emplace_back(command->get_name().c_str(), true);
+  }
   return names;
 }
 
 Names optionsOf(const CLI::App& command) {
   Names names;
   for (const CLI::Option* option : command.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option->get_lnames()) {
+      names.emplace_back(("--" + name).c_str(), true);
+    }
   }
   return names;
 }
@@ -63,7 +59,7 @@ const CLI::Option* subjectOf(const std::string& sentence, const CLI::App& comman
 std::string reasonFor(const CLI::App& program, const CLI::App& command,
                       const CLI::ParseError& refusal) {
   if (refusal.get_name() == "ValidationError") return refusal.what();  // is ours
-  const Names unused = program.remaining(true);
+  const std::vector<std::string> unused = program.remaining(true);
   if (!unused.empty()) return aboutWord(program, command, unused.front());
   if (refusal.get_name() == "RequiredError") {
     const CLI::Option* missing = missingOption(command);
@@ -76,6 +72,11 @@ std::string reasonFor(const CLI::App& program, const CLI::App& command,
 }
 
 }  // namespace
+
+std::string question(const std::string& word, std::span<const base::Token> names) {
+  const std::string_view nearest = check::nearestName(word, names);
+  return nearest.empty() ? "" : "; did you mean " + std::string(nearest) + '?';
+}
 
 std::string describe(const CLI::App& program, const CLI::ParseError& refusal) {
   const auto commands = program.get_subcommands();

@@ -57,7 +57,11 @@ Attributes
 
 TEST_F(ReferenceCommand, KnowsOnlyElements) {
   EXPECT_EQ(errorOf({"--element", "Mesh3D"}, 1),
-            "zrd: there is no element Mesh3D; did you mean Mesh3d?\n");
+            "zrd: --element: there is no element Mesh3D; did you mean Mesh3d? "
+            "(see zrd reference --help)\n");
+  EXPECT_EQ(errorOf({"--element", "Torus"}, 1),
+            "zrd: --element: there is no element Torus; zrd reference lists those that there are "
+            "(see zrd reference --help)\n");
 }
 
 }  // namespace

@@ -42,7 +42,42 @@ TEST_F(ShowCommand, ShowsAsMuchAsIsWanted) {
 )");
   EXPECT_EQ(outputOf({"--element", "Title", "in.zrd"}),
             "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[2]/Title[1] \"a title\"\n");
-  EXPECT_EQ(errorOf({"--element", "Sphere", "in.zrd"}, 2), "zrd: in.zrd: no such element\n");
+}
+
+TEST_F(ShowCommand, TakesAPathWithoutTheNumberOne) {
+  EXPECT_EQ(outputOf({"--path", "Canvas/Scene2d/CoordinateSystem2d[1]/Obj2d[2]/Title", "in.zrd"}),
+            "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[2]/Title[1] \"a title\"\n");
+}
+
+TEST_F(ShowCommand, NamesTheElementThatIsMeant) {
+  EXPECT_EQ(errorOf({"--element", "poly2D", "in.zrd"}, 1),
+            "zrd: --element: there is no element poly2D; did you mean Poly2d? "
+            "(see zrd show --help)\n");
+  EXPECT_EQ(errorOf({"--element", "Sphere", "in.zrd"}, 2),
+            "zrd: in.zrd: there is no Sphere in Canvas\n");
+  EXPECT_EQ(errorOf({"--path", "Canvas/Scene2d", "--element", "ObjStyle", "in.zrd"}, 2),
+            "zrd: in.zrd: there is no ObjStyle in Canvas/Scene2d[1]\n");
+}
+
+TEST_F(ShowCommand, NamesTheStepThatIsMeant) {
+  EXPECT_EQ(errorOf({"--path", "Canvas/Scene3d/Obj2d[1]", "in.zrd"}, 2),
+            "zrd: in.zrd: there is no Scene3d[1] in Canvas; did you mean Scene2d[1]?\n");
+  EXPECT_EQ(errorOf({"--path", "Canvas/Scene2d[1]/Light", "in.zrd"}, 2),
+            "zrd: in.zrd: there is no Light[1] in Canvas/Scene2d[1]\n");
+  EXPECT_EQ(errorOf({"--path", "Scene2d[1]", "in.zrd"}, 2),
+            "zrd: in.zrd: a path begins with Canvas\n");
+}
+
+TEST_F(ShowCommand, SaysThatAMandatoryValueIsMissing) {
+  write("in.zrd", R"(<Canvas><Scene3d><CoordinateSystem3d><Obj3d Type="A"><Img3d>
+<Surf3d/><Surf3d Type="Quads"/></Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>)");
+  const std::string image = "Canvas/Scene3d[1]/CoordinateSystem3d[1]/Obj3d[1]/Img3d[1]";
+  EXPECT_EQ(outputOf({"--element", "Surf3d", "in.zrd"}),
+            image + "/Surf3d[1]: 0 points\n" + "  @Type is missing\n" + image +
+                "/Surf3d[2]: 0 points\n" + "  @Type = Quads\n");
+  EXPECT_EQ(outputOf({"--json", "--path", image + "/Surf3d[1]", "in.zrd"}),
+            R"({"element":"Surf3d","path":")" + image +
+                R"(/Surf3d[1]","attributes":{"Type":{"from":"missing"}},"count":0})" + "\n");
 }
 
 TEST_F(ShowCommand, NamesTheWayOutOfABadDocument) {
