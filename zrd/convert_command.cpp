@@ -45,6 +45,23 @@ std::optional<std::time_t> dateOfEnvironment() {
   return date;
 }
 
+/// Refuses a pattern in which something is to be replaced that is not known.
+void checkPattern(const std::string& pattern) {
+  const auto refuse = [](const std::string& reason) {
+    const std::string known =
+        "; {name} stands for the name of the plot without its extension, {ext} for jvx or jvd";
+    throw CLI::ValidationError("--name", reason + known);
+  };
+  if (pattern.empty()) refuse("a pattern cannot be empty");
+  for (std::size_t open = pattern.find('{'); open != pattern.npos;
+       open = pattern.find('{', open + 1)) {
+    const std::size_t close = pattern.find('}', open);
+    if (close == pattern.npos) return;
+    const std::string placeholder = pattern.substr(open, close + 1 - open);
+    if (placeholder != "{name}" && placeholder != "{ext}") refuse("there is no " + placeholder);
+  }
+}
+
 ConvertSettings settingsOf(const ConvertArguments& arguments) {
   if (arguments.plots.empty() && arguments.listName.empty()) {
     throw CLI::ValidationError("PLOT is missing");
@@ -53,7 +70,8 @@ ConvertSettings settingsOf(const ConvertArguments& arguments) {
   const auto writes = [&settings](OutputKind kind) {
     return std::ranges::find(settings.kinds, kind) != settings.kinds.end();
   };
-  if (settings.pattern.empty() || settings.pattern.front() == '/') {
+  checkPattern(settings.pattern);
+  if (settings.pattern.front() == '/') {
     throw CLI::ValidationError("--name", "a pattern is relative to the folder of the outputs");
   }
   if (settings.kinds.size() > 1 && settings.pattern.find("{ext}") == std::string::npos) {

@@ -174,6 +174,15 @@ TEST_F(Convert, AFolderThatCannotBeMadeIsAFailure) {
   EXPECT_EQ(files(), "plot.zrd");
 }
 
+TEST_F(Convert, AFolderWithoutPlotsIsAFailure) {
+  makeFolder("plots/empty.zrd");
+  write("plots/plot.xml", staticDocument);
+  write("a.zrd", staticDocument);
+  EXPECT_EQ(errorOf({"plots"}, 2), "no plot documents (*.zrd) in plots\n0 converted, 1 failed\n");
+  EXPECT_EQ(errorOf({"--keep-going", "a.zrd", "plots"}, 2),
+            "no plot documents (*.zrd) in plots\n1 converted, 1 failed\n");
+}
+
 TEST_F(Convert, ADocumentThatComesTwiceIsConvertedOnce) {
   makeFolder("plots");
   write("plots/a.zrd", staticDocument);
@@ -230,10 +239,15 @@ TEST_F(Convert, WrongUsage) {
             "zrd: --frames: only JVX files can be animated" + help);
   EXPECT_EQ(errorOf({"--to", "both", "--name", "{name}", "plot.zrd"}, 1),
             "zrd: --name: two kinds of outputs need an {ext} in the pattern" + help);
-  for (const char* pattern : {"/{name}", ""}) {
-    EXPECT_EQ(errorOf({"--name", pattern, "plot.zrd"}, 1),
-              "zrd: --name: a pattern is relative to the folder of the outputs" + help);
-  }
+  EXPECT_EQ(errorOf({"--name", "/{name}", "plot.zrd"}, 1),
+            "zrd: --name: a pattern is relative to the folder of the outputs" + help);
+  const std::string known =
+      "; {name} stands for the name of the plot without its extension, {ext} for jvx or jvd" + help;
+  EXPECT_EQ(errorOf({"--name", "", "plot.zrd"}, 1),
+            "zrd: --name: a pattern cannot be empty" + known);
+  EXPECT_EQ(errorOf({"--name", "{name}-{foo}.{ext}", "plot.zrd"}, 1),
+            "zrd: --name: there is no {foo}" + known);
+  EXPECT_EQ(errorOf({"--name", "{}", "plot.zrd"}, 1), "zrd: --name: there is no {}" + known);
   EXPECT_EQ(files(), "plot.zrd");
 }
 
@@ -371,6 +385,13 @@ TEST_F(Convert, TwoDocumentsDoNotWriteOneOutput) {
   write("b/plot.zrd", staticDocument);
   EXPECT_EQ(command({"--keep-going", "--output-dir", "out", "a/plot.zrd", "b/plot.zrd"}).err,
             "b/plot.zrd: out/plot.jvx is the output of a/plot.zrd\n1 converted, 1 failed\n");
+}
+
+TEST_F(Convert, TwoDocumentsInAFolderDoNotWriteOneOutput) {
+  for (const char* name : {"a.zrd", "b.zrd"}) write(name, staticDocument);
+  EXPECT_EQ(errorOf({"--name", "plot.{ext}", "a.zrd", "b.zrd"}, 2),
+            "b.zrd: plot.jvx is the output of a.zrd\n0 converted, 1 failed, 1 not tried\n");
+  EXPECT_EQ(files(), "a.zrd b.zrd");
 }
 
 TEST_F(Convert, OutputsThatAreNewerThanPlotAndProgramMayStay) {

@@ -57,7 +57,11 @@ class Search {
       }
       entries.increment(failure);
     }
-    if (failure) report_.fail(folder.string() + ": cannot be searched: " + failure.message());
+    if (failure) {
+      report_.fail(folder.string() + ": cannot be searched: " + failure.message());
+    } else if (found.empty()) {
+      report_.fail("no plot documents (*.zrd) in " + folder.string());
+    }
     std::ranges::sort(found);
     for (const fs::path& name : found) {
       add({name, name.parent_path().lexically_relative(folder)});

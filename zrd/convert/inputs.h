@@ -18,8 +18,8 @@ struct Input {
 /// Finds the documents that names stand for: files as they are, folders for all *.zrd in and below
 /// them, "-" for a list of such names on standard input. `listName`, unless it is empty, is a file
 /// with such a list, or "-". A list has a name a line, or, if there is a zero byte in it, names
-/// that end with one. A document that comes twice is returned once. What cannot be found or read is
-/// reported.
+/// that end with one. A document that comes twice is returned once. What cannot be found or read,
+/// and a folder without any, is reported.
 std::vector<Input> findInputs(const std::vector<std::string>& names, const std::string& listName,
                               ConvertReport& report);
 
