@@ -16,8 +16,8 @@ _zrd() {
     return
   fi
   local command=${COMP_WORDS[1]}
-  if [[ $previous == --* ]]; then
-    choices=$(_zrd_help "$command" | sed -n "s/^  \(-.,\)\{0,1\}$previous \([^ ]*\).*/\2/p")
+  if [[ $previous == -?* ]]; then
+    choices=$(_zrd_help "$command" | sed -nE "s/^  (-.,)?$previous(,--[a-z-]+)? ([^ ]*).*/\3/p")
     case $choices in
       *:\{*\}*)
         choices=${choices#*:\{}

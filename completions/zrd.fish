@@ -17,9 +17,9 @@ end
 # What may follow the option before the cursor: its words, or DIR, FILE and so on; nothing for a flag.
 function __zrd_value
     set -l previous (commandline -opc)[-1]
-    string match -q -- '--*' $previous; or return
+    string match -q -- '-?*' $previous; or return
     zrd (__zrd_command) --help 2>/dev/null |
-        string match -rg "^  (?:-.,)?$previous ([^ ]+)"
+        string match -rg "^  (?:-.,)?$previous(?:,--[a-z-]+)? ([^ ]+)"
 end
 
 function __zrd_words
