@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cctype>
 #include <chrono>
 #include <cstdint>
@@ -116,6 +117,11 @@ std::string photograph(const std::string& page, const std::string& folder,
 }
 
 int drawPicture(const PictureSettings& settings) {
+  const auto longer = static_cast<double>(std::max(settings.width, settings.height));
+  if (longer * settings.scale > static_cast<double>(longestSide)) {
+    throw CLI::ValidationError("--scale", "the picture would be too large; its sides can have " +
+                                              std::to_string(longestSide) + " pixels");
+  }
   refuseInput(settings.output, {settings.plot});
   requireFolderOf(settings.output);
   const TemporaryFolder folder;

@@ -99,6 +99,9 @@ TEST_F(CommandLine, SaysWhatASizeIs) {
     expectRefused({"picture", "-o", "a.png", "--scale", scale, "a.zrd"},
                   "--scale: \"" + scale + "\" is not a number from 0.1 to 10", "picture");
   }
+  expectRefused({"picture", "-o", "a.png", "--size", "9x8193", "--scale", "2", "a.zrd"},
+                "--scale: the picture would be too large; its sides can have 16384 pixels",
+                "picture");
 }
 
 TEST_F(CommandLine, ListsTheWordsThatThereAre) {
