@@ -7,6 +7,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/plot/elements/color_array2d.h"
 #include "vantry/plot/elements/density_array2d.h"
+#include "zrd/format_namespace.h"
 #include "zrd/shortest_numbers.h"
 
 namespace vantry::zrd {
@@ -14,8 +15,6 @@ namespace vantry::zrd {
 namespace {
 
 using namespace plot;
-
-constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
 
 /// How many entries an array has in a row; 0 for an element with other data, or without.
 std::int32_t columnsOf(const PlotElement& element) {

@@ -6,6 +6,7 @@
 
 #include "vantry/check/model_facts.h"
 #include "vantry/plot/metadata/descriptions.h"
+#include "zrd/format_namespace.h"
 
 namespace vantry::zrd {
 
@@ -138,7 +139,9 @@ void writeSchema(std::ostream& out) {
          "<grammar xmlns=\"http://relaxng.org/ns/structure/1.0\"\n"
          "         xmlns:a=\"http://relaxng.org/ns/compatibility/annotations/1.0\"\n"
          "         datatypeLibrary=\"http://www.w3.org/2001/XMLSchema-datatypes\"\n"
-         "         ns=\"http://www.example.org/xml/Corvane\">\n\n"
+         "         ns=\""
+      << formatNamespace
+      << "\">\n\n"
          "  <start><ref name=\"element.Canvas\"/></start>\n"
       << patterns;
   for (const ClassFacts* element : check::documentClasses()) writeElement(out, *element);
