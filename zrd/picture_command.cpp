@@ -14,10 +14,10 @@
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
 #include "zrd/output_file.h"
+#include "zrd/progress.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/plot_page.h"
 #include "zrd/view/process.h"
-#include "zrd/view/progress.h"
 #include "zrd/whole_output.h"
 
 namespace vantry::zrd {
@@ -128,7 +128,7 @@ int drawPicture(const PictureSettings& settings) {
   const std::string page = folder.path() + "/plot.html";
   writePlotPage(page, {settings.plot}, settings.page);
   Progress progress;
-  progress.show("drawing " + settings.plot);
+  progress.show([&settings] { return "drawing " + settings.plot; });
   const std::string picture = photograph(page, folder.path(), settings);
   writeWhole(settings.output, [&picture](std::ostream& out) { out << picture; });
   return success;

@@ -12,9 +12,6 @@ namespace vantry::zrd {
 
 namespace {
 
-constexpr std::chrono::milliseconds progressInterval{100};
-constexpr const char* emptyLine = "\r\033[K";
-
 std::size_t columnsOfTerminal() {
   winsize size{};
   return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
@@ -28,8 +25,6 @@ std::string inOneLine(std::string text) {
 }
 
 }  // namespace
-
-ConvertReport::ConvertReport() : isTerminal_(isatty(STDERR_FILENO) == 1) {}
 
 void ConvertReport::begin(std::size_t documents) {
   const std::lock_guard lock(mutex_);
@@ -69,7 +64,7 @@ void ConvertReport::unchanged() {
 
 void ConvertReport::summarise() {
   const std::lock_guard lock(mutex_);
-  takeProgressAway();
+  progress_.hide();
   std::string line = std::to_string(converted_) + " converted";
   const std::size_t left = documents_ - std::min(documents_, converted_ + unchanged_ + failed_);
   const auto add = [&line](std::size_t count, const char* what) {
@@ -88,17 +83,16 @@ std::size_t ConvertReport::failures() const {
 }
 
 void ConvertReport::say(const std::string& line) {
-  takeProgressAway();
+  progress_.hide();
   std::cerr << inOneLine(line) << '\n' << std::flush;
 }
 
-// "[=====     ] 5/10, 1 failed", redrawn a few times a second.
 void ConvertReport::showProgress() {
-  if (!isTerminal_ || documents_ == 0) return;
-  const Clock::time_point now = Clock::now();
-  if (isProgressShown_ && now < nextProgress_) return;
-  nextProgress_ = now + progressInterval;
+  if (documents_ > 0) progress_.show([this] { return bar(); });
+}
 
+// "[=====     ] 5/10, 1 failed"
+std::string ConvertReport::bar() const {
   const std::size_t done = std::min(documents_, converted_ + unchanged_ + failed_);
   std::string count = " " + std::to_string(done) + '/' + std::to_string(documents_);
   if (failed_ > 0) count += ", " + std::to_string(failed_) + " failed";
@@ -107,13 +101,7 @@ void ConvertReport::showProgress() {
   const std::size_t width = std::min<std::size_t>(room, 50);
   std::string bar(width * done / documents_, '=');
   bar.resize(width, ' ');
-  std::cerr << emptyLine << '[' << bar << ']' << count << std::flush;
-  isProgressShown_ = true;
-}
-
-void ConvertReport::takeProgressAway() {
-  if (isProgressShown_) std::cerr << emptyLine << std::flush;
-  isProgressShown_ = false;
+  return '[' + bar + ']' + count;
 }
 
 }  // namespace vantry::zrd

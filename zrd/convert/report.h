@@ -1,18 +1,17 @@
 // What a conversion of many documents says while it runs.
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <mutex>
 #include <string>
+
+#include "zrd/progress.h"
 
 namespace vantry::zrd {
 
 /// Failures, warnings, the progress and the summary, on standard error. All threads may use it.
 class ConvertReport {
  public:
-  ConvertReport();
-
   /// How many documents there are to convert; from now on the progress is shown, on a terminal.
   void begin(std::size_t documents);
 
@@ -36,16 +35,12 @@ class ConvertReport {
   std::size_t failures() const;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   void say(const std::string& line);
   void showProgress();
-  void takeProgressAway();
+  std::string bar() const;
 
   mutable std::mutex mutex_;
-  const bool isTerminal_;
-  bool isProgressShown_ = false;
-  Clock::time_point nextProgress_;
+  Progress progress_;
   std::size_t documents_ = 0;
   std::size_t converted_ = 0;
   std::size_t unchanged_ = 0;

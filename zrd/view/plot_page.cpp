@@ -5,9 +5,9 @@
 
 #include "zrd/commands.h"
 #include "zrd/plot_file.h"
+#include "zrd/progress.h"
 #include "zrd/view/model_file.h"
 #include "zrd/view/page_template.h"
-#include "zrd/view/progress.h"
 #include "zrd/whole_output.h"
 
 namespace vantry::zrd {
@@ -47,12 +47,14 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
   page::Page page;
   std::vector<Plot> read;
   for (const std::string& name : plots) {
-    progress.show("reading " + name);
+    progress.show([&name] { return "reading " + name; });
     addPlot(page, read.emplace_back(readPlot(name)), name);
   }
   page::Options shown = options;
   shown.progress = [&progress](std::size_t frame, std::size_t frames) {
-    progress.show("writing frame " + std::to_string(frame + 1) + " of " + std::to_string(frames));
+    progress.show([=] {
+      return "writing frame " + std::to_string(frame + 1) + " of " + std::to_string(frames);
+    });
   };
   page.write(out, pageTemplate, shown);
 } catch (const page::PageError& failure) {
