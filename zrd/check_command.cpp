@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
-#include <map>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -13,6 +12,7 @@
 #include "vantry/check/report.h"
 #include "zrd/commands.h"
 #include "zrd/file_content.h"
+#include "zrd/option_values.h"
 
 namespace vantry::zrd {
 
@@ -25,9 +25,9 @@ using check::Severity;
 enum class Format { text, json, sarif };
 enum class Color { automatic, always, never };
 
-const std::map<std::string, Format> formats = {
+const Choices<Format> formats = {
     {"text", Format::text}, {"json", Format::json}, {"sarif", Format::sarif}};
-const std::map<std::string, Color> colors = {
+const Choices<Color> colors = {
     {"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}};
 
 struct Options {
@@ -122,13 +122,12 @@ Command addCheckCommand(CLI::App& program) {
   auto options = std::make_shared<Options>();
   command->add_option("FILE", options->files, "The plot documents, or - for standard input")
       ->required();
-  command
-      ->add_option("--format", options->format,
-                   "text (default), json: a JSON object per line, or sarif")
-      ->transform(CLI::CheckedTransformer(formats));
-  command->add_option("--max", options->most, "Show at most so many")->check(CLI::PositiveNumber);
-  command->add_option("--color", options->color, "auto (default), always or never")
-      ->transform(CLI::CheckedTransformer(colors));
+  addChoice(*command, "--format", options->format, formats,
+            "Sentences for people, a JSON object a line, or a SARIF log")
+      ->default_str("text");
+  addWholeNumber(*command, "--max", options->most, 1, 1'000'000, "Show at most so many");
+  addChoice(*command, "--color", options->color, colors, "Whether text has colours")
+      ->default_str("auto");
   command->add_flag("--strict", options->isStrict, "Warnings count as errors for the exit status");
   return {command, [options] { return Checker(*options).run(); }};
 }

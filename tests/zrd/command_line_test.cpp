@@ -74,6 +74,8 @@ TEST_F(CommandLine, SaysWhatAWholeNumberIs) {
     expectRefused({command, "--frames", "0", "a.zrd"},
                   "--frames: \"0\" is not a whole number from 1 to 1000000", command);
   }
+  expectRefused({"check", "--max", "0", "a.zrd"},
+                "--max: \"0\" is not a whole number from 1 to 1000000", "check");
   expectRefused({"show", "--depth", "-1", "a.zrd"},
                 "--depth: \"-1\" is not a whole number from 0 to 1000000", "show");
 }
@@ -107,6 +109,10 @@ TEST_F(CommandLine, SaysWhatASizeIs) {
 TEST_F(CommandLine, ListsTheWordsThatThereAre) {
   expectRefused({"convert", "--to", "pdf", "a.zrd"}, "--to: \"pdf\" is not jvx, jvd or both",
                 "convert");
+  expectRefused({"check", "--format", "xml", "a.zrd"},
+                "--format: \"xml\" is not text, json or sarif", "check");
+  expectRefused({"check", "--color", "2", "a.zrd"}, "--color: \"2\" is not auto, always or never",
+                "check");
 }
 
 TEST_F(CommandLine, NoticesThatStandardOutputIsFull) {
