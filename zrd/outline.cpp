@@ -45,7 +45,7 @@ class Paths {
     std::string path = steps_.at(&element);
     for (const PlotElement* parent = PlotElement::from(element.parent()); parent;
          parent = PlotElement::from(parent->parent())) {
-      path = steps_.at(parent) + '/' + path;
+      path.insert(0, steps_.at(parent) + '/');
     }
     return path;
   }
@@ -186,6 +186,12 @@ std::vector<Token> stepsBelow(const PlotElement& element, const Paths& paths) {
   return steps;
 }
 
+[[noreturn]] void refuseStep(const std::string& step, const PlotElement& parent, const Paths& paths,
+                             const std::string& source) {
+  throw Failure(badDocument, source + ": there is no " + step + " in " + paths.of(parent) +
+                                 question(step, stepsBelow(parent, paths)));
+}
+
 /// The element at a path, where the first child of a name needs no number. Throws Failure, which
 /// begins with `source`, if there is none.
 const PlotElement& elementAt(const std::string& path, const PlotElement& root, const Paths& paths,
@@ -200,10 +206,7 @@ const PlotElement& elementAt(const std::string& path, const PlotElement& root, c
   while (std::getline(steps, step, '/')) {
     if (!step.ends_with(']')) step += "[1]";
     const PlotElement* child = childAt(*element, step, paths);
-    if (!child) {
-      throw Failure(badDocument, source + ": there is no " + step + " in " + paths.of(*element) +
-                                     question(step, stepsBelow(*element, paths)));
-    }
+    if (!child) refuseStep(step, *element, paths, source);
     element = child;
   }
   return *element;
