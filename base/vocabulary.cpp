@@ -5,8 +5,6 @@
 #include <bit>
 #include <cstdint>
 
-#include "vantry/base/word_table.h"
-
 namespace vantry::base {
 
 namespace {
@@ -62,30 +60,7 @@ constexpr auto slots = [] {
   return table;
 }();
 
-using WordSet = WordTable<bool>;
-
-constexpr WordSet elements = [] {
-  WordSet set;
-#define WORD_AS(name, text)
-#define ELEMENT(name) set[WordId::name] = true;
-#include "vantry/base/vocabulary.def"
-  return set;
-}();
-
-constexpr WordSet attributes = [] {
-  WordSet set;
-#define WORD_AS(name, text)
-#define ATTRIBUTE_AS(name, text) set[WordId::name] = true;
-#define ELEMENT_AND_ATTRIBUTE(name) set[WordId::name] = true;
-#include "vantry/base/vocabulary.def"
-  return set;
-}();
-
 }  // namespace
-
-bool isElementWord(WordId word) { return elements[word]; }
-
-bool isAttributeWord(WordId word) { return attributes[word]; }
 
 WordId findWord(std::string_view text) {
   if (text.size() < lengths.shortest || text.size() > lengths.longest) return WordId::none;

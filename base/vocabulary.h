@@ -84,9 +84,28 @@ constexpr WordId wordOf(Token token) {
 WordId findWord(std::string_view text);
 
 /// Whether the word is the name of a class of elements.
-bool isElementWord(WordId word);
+constexpr bool isElementWord(WordId word) {
+  switch (word) {
+#define WORD_AS(name, text)
+#define ELEMENT(name) case WordId::name:
+#include "vantry/base/vocabulary.def"
+    return true;
+    default:
+      return false;
+  }
+}
 
 /// Whether the word is the name of a property, and so of an attribute.
-bool isAttributeWord(WordId word);
+constexpr bool isAttributeWord(WordId word) {
+  switch (word) {
+#define WORD_AS(name, text)
+#define ATTRIBUTE_AS(name, text) case WordId::name:
+#define ELEMENT_AND_ATTRIBUTE(name) case WordId::name:
+#include "vantry/base/vocabulary.def"
+    return true;
+    default:
+      return false;
+  }
+}
 
 }  // namespace vantry::base

@@ -42,9 +42,9 @@ class Property {
   base::Token name() const { return base::tokenOf(name_); }
 
   /// Whether a missing value is taken from the styles.
-  bool isInherited() const { return kind_ == Kind::inherited; }
+  constexpr bool isInherited() const { return kind_ == Kind::inherited; }
   /// Whether there must be a value.
-  bool isMandatory() const { return kind_ == Kind::mandatory; }
+  constexpr bool isMandatory() const { return kind_ == Kind::mandatory; }
   /// Whether the property is an option of a command. putCmd() and putCmdQualified() write nothing
   /// for one that is not.
   bool isInCommand() const { return type_->isInCommand(); }

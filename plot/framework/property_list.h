@@ -144,14 +144,16 @@ struct MemberOf<member> {
 };
 
 template <class Type, auto member>
-constexpr Property makeProperty(Property::Kind kind, base::Token name,
+consteval Property makeProperty(Property::Kind kind, base::Token name,
                                 typename Type::Default defaultValue) {
+  const base::WordId word = base::wordOf(name);
+  if (!base::isAttributeWord(word)) throw "no ATTRIBUTE in base/vocabulary.def";
   Property::Locator locate = nullptr;
   if constexpr (member != nullptr) {
     static_assert(std::same_as<typename MemberOf<member>::Value, typename Type::Value>);
     locate = &MemberOf<member>::placeIn;
   }
-  return Property(kind, base::wordOf(name), typedValue<Type>,
+  return Property(kind, word, typedValue<Type>,
                   DefaultValue(std::in_place_type<typename Type::Default>, defaultValue), locate);
 }
 
@@ -159,15 +161,15 @@ constexpr Property makeProperty(Property::Kind kind, base::Token name,
 // attributes of the element.
 
 template <class Type, auto member = nullptr>
-constexpr Property optional(base::Token name, typename Type::Default defaultValue) {
+consteval Property optional(base::Token name, typename Type::Default defaultValue) {
   return makeProperty<Type, member>(Property::Kind::optional, name, defaultValue);
 }
 template <class Type, auto member = nullptr>
-constexpr Property inherited(base::Token name, typename Type::Default defaultValue) {
+consteval Property inherited(base::Token name, typename Type::Default defaultValue) {
   return makeProperty<Type, member>(Property::Kind::inherited, name, defaultValue);
 }
 template <class Type, auto member = nullptr>
-constexpr Property mandatory(base::Token name, typename Type::Default defaultValue) {
+consteval Property mandatory(base::Token name, typename Type::Default defaultValue) {
   return makeProperty<Type, member>(Property::Kind::mandatory, name, defaultValue);
 }
 

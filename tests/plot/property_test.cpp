@@ -668,6 +668,18 @@ TEST(PropertyList, IsReadyBeforeAnythingRuns) {
   EXPECT_EQ(derived.bitCount(), 4U) << "the bits go on behind those of the base";
 }
 
+template <base::WordId name>
+concept CanNameAProperty = requires {
+  typename std::bool_constant<optional<BoolType>(base::tokenOf(name), true).isMandatory()>;
+};
+
+TEST(PropertyList, NamesAttributesOnly) {
+  static_assert(CanNameAProperty<base::WordId::LineWidth>);
+  static_assert(!CanNameAProperty<base::WordId::Absolute>, "a plain word");
+  static_assert(!CanNameAProperty<base::WordId::Surf3d>, "an element");
+  static_assert(!CanNameAProperty<base::WordId::none>);
+}
+
 TEST(PropertyList, TheFirstListThatHasTheNameAnswers) {
   static constexpr PropertyListOf others{mandatory<TokenType>(Word::Type, {}),
                                          optional<LongType>(Word::Rows, 0)};
