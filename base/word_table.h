@@ -3,6 +3,10 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <iterator>
+#include <limits>
 
 #include "vantry/base/vocabulary.h"
 
@@ -23,5 +27,16 @@ class WordTable {
  private:
   std::array<Value, wordCount + 1> values_{};
 };
+
+/// The place of each row in a table, from 1, by the word that `key` gives of it; 0 for a word
+/// without a row.
+template <class Rows, class Key>
+constexpr WordTable<std::uint8_t> rowNumbers(const Rows& rows, Key key) {
+  if (std::size(rows) > std::numeric_limits<std::uint8_t>::max()) throw "too many rows";
+  WordTable<std::uint8_t> numbers;
+  std::uint8_t number = 0;
+  for (const auto& row : rows) numbers[std::invoke(key, row)] = ++number;
+  return numbers;
+}
 
 }  // namespace vantry::base

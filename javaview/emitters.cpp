@@ -1,7 +1,6 @@
 #include "vantry/javaview/emitters.h"
 
-#include <algorithm>
-
+#include "vantry/base/word_table.h"
 #include "vantry/javaview/emit_fields.h"
 #include "vantry/javaview/emit_lines3d.h"
 #include "vantry/javaview/emit_plane.h"
@@ -53,11 +52,15 @@ constexpr Row rows[] = {
     row<VerticalAsymptote, emitVerticalAsymptote>(),
 };
 
+constexpr auto numbers = base::rowNumbers(rows, [](const Row& row) { return row.nodeClass->name; });
+
 }  // namespace
 
 Emitter emitterFor(const dom::Node& node) {
-  const auto* found = std::ranges::find(rows, node.nodeClass(), &Row::nodeClass);
-  return found == std::end(rows) ? nullptr : found->emit;
+  const dom::NodeClass* nodeClass = node.nodeClass();
+  const std::size_t number = nodeClass ? numbers[nodeClass->name] : 0;
+  if (number == 0 || rows[number - 1].nodeClass != nodeClass) return nullptr;
+  return rows[number - 1].emit;
 }
 
 }  // namespace vantry::javaview

@@ -30,15 +30,8 @@ constexpr std::array elementClasses = {
 };
 
 // The place of each class in the list, from 1, by its name; 0 for a word that is no class.
-constexpr auto classNumbers = [] {
-  static_assert(elementClasses.size() < 256);
-  base::WordTable<std::uint8_t> numbers;
-  std::uint8_t number = 0;
-#define WORD_AS(name, text)
-#define ELEMENT(name) numbers[WordId::name] = ++number;
-#include "vantry/base/vocabulary.def"
-  return numbers;
-}();
+constexpr auto classNumbers =
+    base::rowNumbers(elementClasses, [](const FactoryRow& row) { return row.nodeClass.name; });
 
 // The class with that name, or null.
 const FactoryRow* findClass(Token name) {

@@ -127,13 +127,7 @@ constexpr auto isText = [] {
 constexpr Row noChildren = {Token(), {}};
 
 // The row of each parent, from 1; 0 for a name without one.
-constexpr auto rowNumbers = [] {
-  static_assert(std::size(rows) < 256);
-  base::WordTable<std::uint8_t> numbers;
-  std::uint8_t number = 0;
-  for (const Row& row : rows) numbers[row.parent] = ++number;
-  return numbers;
-}();
+constexpr auto rowNumbers = base::rowNumbers(rows, &Row::parent);
 
 constexpr const Row& rowOf(Token parent) {
   const std::size_t number = rowNumbers[parent];

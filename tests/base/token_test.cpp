@@ -260,6 +260,27 @@ TEST(WordTable, HasAValueForEachWordAndOneForAllThatIsNone) {
   EXPECT_EQ(values[Token("radius", true)], 0);
 }
 
+TEST(WordTable, NumbersTheRowsOfATable) {
+  struct Row {
+    Token word;
+    int value;
+  };
+  constexpr std::array rows = {Row{Word::Radius, 7}, Row{Word::Absolute, 8}, Row{Word::True, 9}};
+  constexpr WordTable<std::uint8_t> numbers = rowNumbers(rows, &Row::word);
+  for (int id = 0; id <= wordCount; ++id) {
+    const std::size_t number = numbers[static_cast<WordId>(id)];
+    EXPECT_TRUE(number == 0 || rows.at(number - 1).word == tokenById(id)) << id;
+  }
+  EXPECT_EQ(numbers[Word::Radius], 1);
+  EXPECT_EQ(numbers[Word::Absolute], 2);
+  EXPECT_EQ(numbers[Word::True], 3);
+  EXPECT_EQ(numbers[Word::False], 0);
+  EXPECT_EQ(numbers[Token()], 0);
+
+  const std::vector<Row> tooMany(256, Row{Word::Radius, 0});
+  EXPECT_ANY_THROW(rowNumbers(tooMany, &Row::word));
+}
+
 TEST(Vocabulary, HasItsWordsInTheOrderOfTheirNumbers) {
   for (int id = 2; id <= wordCount; ++id) {
     EXPECT_LT(std::strcmp(tokenById(id - 1).str(), tokenById(id).str()), 0) << id;
