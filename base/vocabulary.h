@@ -57,7 +57,9 @@ namespace Word {
 constexpr Token tokenById(int id) {
   return id > 0 && id <= wordCount ? Token::ofVocabulary(wordTexts[id]) : Token();
 }
-constexpr Token tokenOf(WordId id) { return tokenById(static_cast<int>(id)); }
+constexpr Token tokenOf(WordId id) {
+  return id == WordId::none ? Token() : Token::ofVocabulary(wordTexts[static_cast<int>(id)]);
+}
 
 /// The tokens of all words by number, with the null token at 0.
 inline constexpr auto wordTokens = [] {

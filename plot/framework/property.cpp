@@ -45,7 +45,6 @@ void Property::putCmdQualified(CmdWriter& writer, base::Token className,
 }
 
 void Property::initialise(PlotElement& element) const {
-  if (isInherited()) return;
   const MemberPlace place = placeIn(element);
   type_->reset(place.member, defaultValue_);
   if (isMandatory()) place.values->setBits |= bit_;
@@ -88,7 +87,6 @@ void Property::clear(PlotElement& element) const {
 }
 
 bool Property::inheritFrom(PlotElement& element, const StyleChain& chain) const {
-  if (!isInherited()) return false;
   const MemberPlace place = placeIn(element);
   if (isSetIn(place)) return false;
   const Variant* inherited = nullptr;
@@ -112,6 +110,7 @@ bool Property::parentChanged(PlotElement& element, PlotElement& source) const {
     notifyPropertyChange(element, name());
     return true;
   }
+  if (!isInherited()) return false;
   StyleChain chain;
   element.collectEffectiveStyles(chain);
   return inheritFrom(element, chain);

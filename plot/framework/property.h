@@ -83,8 +83,8 @@ class Property {
   // The value in the member of an element. All but isSet() and getIfSet() are for properties that
   // have one.
 
-  /// Gives the member of a new element its first value and, if mandatory, its bit. One that is
-  /// inherited has none before the element is attached.
+  /// Gives the member of a new element its first value and, if mandatory, its bit. Not for one that
+  /// is inherited: it has no value before the element is attached.
   void initialise(PlotElement& element) const;
 
   /// Whether the element has a value of its own.
@@ -103,8 +103,8 @@ class Property {
   /// Clears the bit and gives the member the inherited value, or else the default.
   void clear(PlotElement& element) const;
 
-  /// Fills a member that is not set from the first element of `chain` that has the attribute, or
-  /// else with the default, and notifies the observers. False if the member is set.
+  /// Fills an inherited member that is not set from the first element of `chain` that has the
+  /// attribute, or else with the default, and notifies the observers. False if the member is set.
   bool inheritFrom(PlotElement& element, const StyleChain& chain) const;
 
   /// Removes a local value that is the same as that of `source`, the style parent.

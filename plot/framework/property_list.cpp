@@ -5,7 +5,9 @@
 namespace vantry::plot {
 
 void PropertyList::initialise(PlotElement& element) const {
-  for (const Property& property : properties()) property.initialise(element);
+  for (const Property& property : properties()) {
+    if (!property.isInherited()) property.initialise(element);
+  }
 }
 
 void PropertyList::inheritAll(PlotElement& element) const {
@@ -13,7 +15,10 @@ void PropertyList::inheritAll(PlotElement& element) const {
   StyleChain chain;
   chain.reserve(8);  // more than most elements have
   element.collectEffectiveStyles(chain);
-  for (std::size_t i = 0; i < size_; ++i) inNameOrder(i).inheritFrom(element, chain);
+  for (std::size_t i = 0; i < size_; ++i) {
+    const Property& property = inNameOrder(i);
+    if (property.isInherited()) property.inheritFrom(element, chain);
+  }
 }
 
 void PropertyList::dropAllInherited(PlotElement& element) const {
