@@ -15,34 +15,9 @@ Variant::Variant(const Variant& other) {
   type_ = other.type_;
 }
 
-Variant::Variant(Variant&& other) noexcept { take(other); }
-
 Variant& Variant::operator=(const Variant& other) {
   if (this != &other) *this = Variant(other);
   return *this;
-}
-
-Variant& Variant::operator=(Variant&& other) noexcept {
-  if (this == &other) return *this;
-  destroy();
-  take(other);
-  return *this;
-}
-
-Variant::~Variant() { destroy(); }
-
-void Variant::destroy() noexcept {
-  if (type_ && type_->destroy) type_->destroy(value_);
-}
-
-// Gives this variant, which holds no value, that of `other`, which is empty then.
-void Variant::take(Variant& other) noexcept {
-  type_ = std::exchange(other.type_, nullptr);
-  if (type_ && type_->move) {
-    type_->move(value_, other.value_);
-  } else {
-    value_ = std::exchange(other.value_, {});
-  }
 }
 
 bool operator==(const Variant& a, const Variant& b) {

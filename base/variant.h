@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "vantry/base/fixed_string.h"
 #include "vantry/base/token.h"
@@ -79,10 +80,15 @@ class Variant {
  public:
   Variant() = default;
   Variant(const Variant& other);
-  Variant(Variant&& other) noexcept;
+  Variant(Variant&& other) noexcept { take(other); }
   Variant& operator=(const Variant& other);
-  Variant& operator=(Variant&& other) noexcept;
-  ~Variant();
+  Variant& operator=(Variant&& other) noexcept {
+    if (this == &other) return *this;
+    destroy();
+    take(other);
+    return *this;
+  }
+  ~Variant() { destroy(); }
 
   const VariantType* type() const { return type_; }
   bool isEmpty() const { return type_ == nullptr; }
@@ -102,8 +108,19 @@ class Variant {
   VariantValue& mutableValue() { return value_; }
 
  private:
-  void destroy() noexcept;
-  void take(Variant& other) noexcept;
+  void destroy() noexcept {
+    if (type_ && type_->destroy) type_->destroy(value_);
+  }
+
+  // Gives this variant, which holds no value, that of `other`, which is empty then.
+  void take(Variant& other) noexcept {
+    type_ = std::exchange(other.type_, nullptr);
+    if (type_ && type_->move) {
+      type_->move(value_, other.value_);
+    } else {
+      value_ = std::exchange(other.value_, {});
+    }
+  }
 
   const VariantType* type_ = nullptr;
   VariantValue value_;
