@@ -29,10 +29,9 @@ bool ElementWithChildren::canReplaceChildren(dom::Node*, unsigned,
 }
 
 std::uint32_t ElementWithOptions::maskWithout(const dom::Node* first, unsigned count) const {
-  const ChildRules& rules = childRulesOf(*this);
   std::uint32_t mask = optionMask_;
   for (; first && count > 0; first = first->nextSibling(), --count) {
-    mask &= ~rules.optionBit(first->nodeName());
+    mask &= ~childRulesOf(*this).optionBit(first->nodeName());
   }
   return mask;
 }
