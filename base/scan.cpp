@@ -18,7 +18,8 @@ namespace {
 // Bytes above 0x7F may be white space to sscanf, depending on the locale. A fast path meets them as
 // neither white space nor part of a number and gives up.
 bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+unsigned digitValue(char c) { return static_cast<unsigned char>(c) - unsigned{'0'}; }
+bool isDigit(char c) { return digitValue(c) < 10; }
 bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
 // As long as it lives, the C library of this thread takes a point as the decimal mark, whatever the
@@ -68,7 +69,7 @@ const char* readShortDecimal(const char* at, double& number) {
   std::uint64_t digits = 0;
   const auto readDigits = [&] {
     const char* const first = at;
-    for (; isDigit(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    for (; isDigit(*at); ++at) digits = digits * 10 + digitValue(*at);
     return at - first;
   };
   const std::ptrdiff_t wholeDigits = readDigits();
