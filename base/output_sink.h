@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "vantry/base/format_number.h"
+#include "vantry/base/running_number.h"
 
 namespace vantry::base {
 
@@ -65,6 +66,11 @@ class OutputSink {
   OutputSink& operator<<(std::uint64_t value) {
     reserveNumber();
     at_ = formatInteger(at_, value);
+    return *this;
+  }
+  OutputSink& operator<<(const RunningNumber& number) {
+    reserveNumber();
+    at_ = number.write(at_);
     return *this;
   }
 

@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+using base::RunningNumber;
 using base::Token;
 namespace Word = base::Word;
 
@@ -211,10 +213,13 @@ void GeometryOutput::writeSingleFace(std::int64_t last, RGBA color) {
 
 void GeometryOutput::writeGridFaces(std::int64_t columns, std::int64_t rows) {
   for (std::int64_t row = 0; row + 1 < rows; ++row) {
-    for (std::int64_t column = 0; column + 1 < columns; ++column) {
-      const std::int64_t a = row * columns + column;
-      *this << "<f>" << a << ' ' << a + 1 << ' ' << a + columns + 1 << ' ' << a + columns
-            << "</f>\n";
+    const std::int64_t first = row * columns;
+    RunningNumber a(first);
+    RunningNumber b(first + 1);
+    RunningNumber c(first + columns + 1);
+    RunningNumber d(first + columns);
+    for (std::int64_t column = 0; column + 1 < columns; ++column, ++a, ++b, ++c, ++d) {
+      *this << "<f>" << a << ' ' << b << ' ' << c << ' ' << d << "</f>\n";
     }
   }
 }
@@ -223,12 +228,18 @@ void GeometryOutput::writeGridNeighbours(std::int64_t columns, std::int64_t rows
                                          std::string_view end) {
   const std::int64_t faceColumns = columns - 1;
   const std::int64_t faceRows = rows - 1;
+  const RunningNumber none(-1);
   for (std::int64_t row = 0; row < faceRows; ++row) {
-    for (std::int64_t column = 0; column < faceColumns; ++column) {
-      const std::int64_t face = row * faceColumns + column;
-      *this << "<nb>" << (column + 1 < faceColumns ? face + 1 : -1)  //
-            << ' ' << (row + 1 < faceRows ? face + faceColumns : -1) << ' '
-            << (column > 0 ? face - 1 : -1) << ' ' << (row > 0 ? face - faceColumns : -1) << end;
+    const std::int64_t first = row * faceColumns;
+    RunningNumber right(first + 1);
+    RunningNumber above(first + faceColumns);
+    RunningNumber left(first - 1);
+    RunningNumber below(first - faceColumns);
+    for (std::int64_t column = 0; column < faceColumns;
+         ++column, ++right, ++above, ++left, ++below) {
+      *this << "<nb>" << (column + 1 < faceColumns ? right : none) << ' '
+            << (row + 1 < faceRows ? above : none) << ' ' << (column > 0 ? left : none) << ' '
+            << (row > 0 ? below : none) << end;
     }
   }
 }
