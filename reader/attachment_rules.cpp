@@ -12,8 +12,6 @@ using base::WordId;
 
 namespace {
 
-using Rules = base::WordTable<AttachmentRule>;
-
 struct RequiredRow {
   Required required;
   std::initializer_list<WordId> elements;
@@ -29,34 +27,42 @@ constexpr RequiredRow requiredRows[] = {
     {Required::domToken, {WordId::PropInfo}},
 };
 
+class Rules {
+ public:
+  [[gnu::noinline]] Rules();  // within its only caller it would slow down each look-up
+
+  const AttachmentRule& operator[](WordId element) const { return rules_[element]; }
+
+ private:
+  base::WordTable<AttachmentRule> rules_;
+};
+
 // What may be there once takes the place of what was there before, unless it is plain content of
 // some other element.
-Rules makeRules() {
-  Rules rules;
+Rules::Rules() {
   for (const Token parent : base::wordTokens) {
-    for (const Token option : plot::allowedOptionsOf(parent)) rules[option].place = Place::unique;
+    for (const Token option : plot::allowedOptionsOf(parent)) rules_[option].place = Place::unique;
   }
   for (const Token parent : base::wordTokens) {
-    for (const Token child : plot::contentOf(parent)) rules[child].place = Place::append;
-    if (plot::takesText(parent)) rules[parent].content = Content::text;
+    for (const Token child : plot::contentOf(parent)) rules_[child].place = Place::append;
+    if (plot::takesText(parent)) rules_[parent].content = Content::text;
   }
-  rules[WordId::Canvas].place = Place::root;
+  rules_[WordId::Canvas].place = Place::root;
   for (const WordId element : {WordId::IExpr, WordId::VExpr}) {
-    rules[element].place = Place::positional;
+    rules_[element].place = Place::positional;
   }
   for (const WordId element : {WordId::ColorArray2d, WordId::DensityArray2d}) {
-    rules[element].content = Content::words;
+    rules_[element].content = Content::words;
   }
   for (const RequiredRow& row : requiredRows) {
-    for (const WordId element : row.elements) rules[element].required = row.required;
+    for (const WordId element : row.elements) rules_[element].required = row.required;
   }
-  return rules;
 }
 
 }  // namespace
 
 const AttachmentRule& attachmentRule(WordId element) {
-  static const Rules rules = makeRules();
+  static const Rules rules;
   return rules[element];
 }
 

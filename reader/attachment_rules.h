@@ -1,12 +1,14 @@
 // How each element of the input is put into the tree.
 #pragma once
 
+#include <cstdint>
+
 #include "vantry/base/vocabulary.h"
 
 namespace vantry::reader {
 
 /// Where an element goes.
-enum class Place {
+enum class Place : std::uint8_t {
   append,      ///< behind the children of the current element
   unique,      ///< in the place of the first child with its name, or else behind the children
   positional,  ///< in the place of the child at the running index, or else behind the children
@@ -14,10 +16,17 @@ enum class Place {
 };
 
 /// The attribute that must be there and hold something.
-enum class Required { nothing, typeToken, optToken, optTokenAndVal, nameText, domToken };
+enum class Required : std::uint8_t {
+  nothing,
+  typeToken,
+  optToken,
+  optTokenAndVal,
+  nameText,
+  domToken
+};
 
 /// What the characters inside the element are.
-enum class Content {
+enum class Content : std::uint8_t {
   nothing,
   text,  ///< becomes a text child at the end tag
   words  ///< a list of colours or numbers

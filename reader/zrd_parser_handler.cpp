@@ -127,7 +127,7 @@ void ZrdParserHandler::addElement(WordId word, const reader::AttributeList& attr
 
   Ref<PlotElement> element = makeElement(base::tokenOf(word), attributes);
   requireAttributes(*element);
-  attach(*element, word);
+  attach(*element, rule.place);
   if (rule.content == Content::words) wordBuffer_.clear();
   if (rule.content != Content::nothing) collectText();
   current_ = std::move(element);
@@ -204,8 +204,7 @@ void ZrdParserHandler::requireAttributes(PlotElement& element) {
   }
 }
 
-void ZrdParserHandler::attach(PlotElement& element, WordId elementId) {
-  const Place place = attachmentRule(elementId).place;
+void ZrdParserHandler::attach(PlotElement& element, Place place) {
   if (place == Place::positional) return attachPositional(element);
 
   if (place == Place::append) current_->appendChild(&element);

@@ -14,6 +14,8 @@ namespace vantry::reader {
 
 using namespace plot;
 
+enum class Place : std::uint8_t;
+
 /// Builds the tree of a document. It has one cursor, the current element: the element of a start
 /// tag is made, gets its attributes, is put below the current element by the rule of its name, and
 /// becomes the current element itself. What may stand where is decided by the elements.
@@ -70,11 +72,12 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   bool isFormatName(std::string_view namespaceUri) const;
   void addElement(base::WordId word, const reader::AttributeList& attributes);
   void closeElement(base::WordId word);
-  base::Ref<PlotElement> makeElement(Token name, const reader::AttributeList& attributes);
-  void attach(PlotElement& element, base::WordId elementId);
-  void attachUnique(PlotElement& element);
-  void attachPositional(PlotElement& element);
-  void attachRoot(PlotElement& element);
+  base::Ref<plot::PlotElement> makeElement(base::Token name,
+                                           const reader::AttributeList& attributes);
+  void attach(plot::PlotElement& element, Place place);
+  void attachUnique(plot::PlotElement& element);
+  void attachPositional(plot::PlotElement& element);
+  void attachRoot(plot::PlotElement& element);
   void endText();
   void endArray();
   void endPoint(base::WordId point);
