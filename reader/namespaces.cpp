@@ -53,7 +53,6 @@ SplitName Namespaces::splitAttribute(const char* name) {
 }
 
 std::size_t Namespaces::sizeOfLongNamespace(const char* name) const {
-  if (!hasLongOnes_) return 0;
   const char* const end = std::strrchr(name, separator);
   const std::size_t size = end ? static_cast<std::size_t>(end - name) : 0;
   return size > usualSize ? size : 0;

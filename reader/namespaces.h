@@ -45,6 +45,9 @@ class Namespaces {
   /// Splits the name of an attribute, which has no address of its own.
   SplitName splitAttribute(const char* name);
 
+  /// Whether there was a namespace beyond the usual size.
+  bool hasLongOnes() const { return hasLongOnes_; }
+
   /// The size of the namespace that the name of an attribute repeats; 0 for one of a usual size.
   std::size_t sizeOfLongNamespace(const char* name) const;
 

@@ -19,11 +19,12 @@ struct NameCodes {
 /// The few names that were added last, with their codes. Names are not empty.
 class RecentNames {
  public:
-  /// The codes of the name, or null if it is not among the last ones. `space` stands for the
-  /// namespace; null is none, or one that is part of the name.
+  /// The codes of the name, or null if it is not among the last ones. `space` identifies
+  /// the namespace; null is none, or one that is part of the name.
   const NameCodes* find(const char* name, const void* space = nullptr) {
     const auto isIt = [=](const Entry& entry) {
-      return space == entry.space && std::strcmp(name, entry.name.c_str()) == 0;
+      const char* known = entry.name.c_str();
+      return space == entry.space && *name == *known && std::strcmp(name, known) == 0;
     };
     if (!isIt(entries_[found_])) {
       const auto entry = std::ranges::find_if(entries_, isIt);

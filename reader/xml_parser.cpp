@@ -252,7 +252,8 @@ bool Parser::countUnwritten(std::size_t bytes) {
 }
 
 void Parser::startElement(const char* name, const char* const* namesAndValues) {
-  if (!countUnwritten(namesAndValues)) return;
+  const bool mayHoldUnwritten = declaredAttributes_ > 0 || namespaces_.hasLongOnes();
+  if (mayHoldUnwritten && !countUnwritten(namesAndValues)) return;
   open_.emplace_back();
   const SplitName split = namespaces_.splitElement(name);  // sees the names of skipped elements too
   if (handler_->isSkipping()) return handler_->enterSkipped();
