@@ -54,11 +54,18 @@ function(vantry_lto target)
 endfunction()
 
 # vantry_program(<target>): makes a target one of the programs. Most of the start of a small process is
-# the work of the dynamic loader, and most of that is for the C++ library.
+# the work of the dynamic loader, and most of that is for the C++ library. What is left is for the
+# tables of virtual functions, whose addresses it reads from a packed list where it knows of such.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs VANTRY_HAS_packed_relocations)
+
 function(vantry_program target)
   vantry_lto(${target})
   if(VANTRY_STATIC_RUNTIME)
     target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc)
+    if(VANTRY_HAS_packed_relocations)
+      target_link_options(${target} PRIVATE -Wl,-z,pack-relative-relocs)
+    endif()
   endif()
 endfunction()
 
