@@ -3,16 +3,16 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <fstream>
-#include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/emitters.h"
 #include "vantry/javaview/export_error.h"
+#include "vantry/javaview/frame_times.h"
 #include "vantry/javaview/header.h"
 #include "vantry/plot/elements/expr.h"
 #include "vantry/plot/elements/group.h"
@@ -129,41 +129,7 @@ void JVXWriter::geometriesWritten(const ObjectBase&, const PlotElement&, std::in
 
 namespace {
 
-/// The times of the frames: from the begin on in steps, the last one at the end.
-class FrameTimes {
- public:
-  FrameTimes(double begin, double end, int frames) : now_(begin), end_(end), step_(1.0 / frames) {}
-
-  double now() const { return now_; }
-  bool isFinite() const { return std::isfinite(end_ - now_); }
-
-  /// Goes on to the next time; false if there is none.
-  bool goOn() {
-    const double almostEnd = end_ - std::numeric_limits<double>::epsilon();
-    if (isLast_ || !(now_ < almostEnd)) return false;
-    const double next = now_ + step_;
-    const bool isStepLost = !(next > now_);  // as there are no times in between
-    isLast_ = isStepLost || next > almostEnd;
-    now_ = isLast_ ? end_ : next;
-    return true;
-  }
-
- private:
-  double now_;
-  double end_;
-  double step_;
-  bool isLast_ = false;
-};
-
-// The steps are gone through, since rounding has its part in their number.
-bool isWithinLimits(FrameTimes times) {
-  constexpr int mostFrames = 1'000'000;
-  if (!times.isFinite()) return false;
-  for (int frames = 1; times.goOn(); ++frames) {
-    if (frames == mostFrames) return false;
-  }
-  return true;
-}
+constexpr std::size_t mostFrames = 1'000'000;
 
 bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
 
@@ -182,18 +148,16 @@ void JVXWriter::writeAnimation(int frames, const char* fileName) {
   double begin = nan;
   double end = nan;
   if (!timeRange(begin, end)) throw JavaViewExportError("not an animation");
-  if (!isWithinLimits(FrameTimes(begin, end, frames))) {
-    throw JavaViewExportError("time range too large");
-  }
+  const std::vector<double> times = frameTimes(begin, end, frames, mostFrames);
+  if (times.empty()) throw JavaViewExportError("time range too large");
 
-  FrameTimes times(begin, end, frames);
   bool overwriteAll = false;
   std::int64_t frameNumber = 1;
-  do {
+  for (const double time : times) {
     const std::string name = frameName(fileName, frameNumber++);
     if (!overwriteAll && fileExists(name) && !confirmOverwrite(name.c_str(), overwriteAll)) return;
-    writeFrame(times.now(), name.c_str());
-  } while (times.goOn());
+    writeFrame(time, name.c_str());
+  }
 }
 
 void JVXWriter::writeFrame(double time, const char* fileName) {

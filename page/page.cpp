@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "vantry/javaview/frame_times.h"
 #include "vantry/page/layout.h"
 #include "vantry/page/panel.h"
 #include "vantry/plot/elements/canvas.h"
@@ -31,18 +32,6 @@ namespace {
 using Panels = std::span<const std::unique_ptr<Panel>>;
 
 constexpr std::size_t mostFrames = 100'000;
-
-/// Steps from the begin on, and the end.
-std::vector<double> timesOf(const TimeSpan& span, int framesPerUnit) {
-  const double steps = (span.end - span.begin) * framesPerUnit;
-  if (!(steps < mostFrames)) throw PageError("the animation is too long for so many frames");
-  // A step that rounding alone has kept from the end is none.
-  const double whole = std::ceil(steps - 1e-6);
-  std::vector<double> times;
-  for (double step = 0; step < whole; ++step) times.push_back(span.begin + step / framesPerUnit);
-  times.push_back(span.end);
-  return times;
-}
 
 /// From the first begin to the last end.
 std::optional<TimeSpan> wholeSpan(Panels panels) {
@@ -119,7 +108,9 @@ std::vector<double> frameTimes(Panels panels, const PlotDocument* document,
   if (options.framesPerUnit == 0 || !span || !(span->begin < span->end)) {
     return {document ? document->currentTime() : nan};
   }
-  return timesOf(*span, options.framesPerUnit);
+  auto times = javaview::frameTimes(span->begin, span->end, options.framesPerUnit, mostFrames);
+  if (times.empty()) throw PageError("the animation is too long for so many frames");
+  return times;
 }
 
 void putPlaces(Json& text, Panels panels, const Canvas& canvas) {
