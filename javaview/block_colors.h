@@ -10,7 +10,7 @@ namespace vantry::javaview {
 template <class Primitive>
 PointColors<PointOf<Primitive>> lineColors(GeometryOutput& out, const Primitive& primitive,
                                            std::span<const PointOf<Primitive>> points,
-                                           std::span<const RGBA> list) {
+                                           std::span<const plot::RGBA> list) {
   return {out, points, list, lineColorScale(primitive, out.heightRange)};
 }
 
@@ -18,7 +18,7 @@ PointColors<PointOf<Primitive>> lineColors(GeometryOutput& out, const Primitive&
 template <class Primitive>
 PointColors<PointOf<Primitive>> fillColors(GeometryOutput& out, const Primitive& primitive,
                                            std::span<const PointOf<Primitive>> points,
-                                           std::span<const RGBA> list) {
+                                           std::span<const plot::RGBA> list) {
   return {out, points, list, fillColorScale(primitive, out.heightRange)};
 }
 

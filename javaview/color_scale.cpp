@@ -7,6 +7,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();

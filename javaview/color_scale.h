@@ -7,20 +7,18 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Gives each value a colour between two, in the manner of a colour type.
 class ColorScale {
  public:
   /// From `atMin` for `range.min` to `atMax` for `range.max`; a range without extent has `atMax`
   /// alone. A type that is none of Monochrome, Dichromatic and Rainbow gives black.
-  ColorScale(Token type, RGBA atMax, RGBA atMin, ValueRange range);
+  ColorScale(base::Token type, plot::RGBA atMax, plot::RGBA atMin, ValueRange range);
 
-  Token type() const { return type_; }
+  base::Token type() const { return type_; }
 
   /// An opaque colour. Nothing is brought into the range: the channels of what is beyond the two
   /// colours wrap around.
-  RGBA colorOf(double value) const;
+  plot::RGBA colorOf(double value) const;
 
  private:
   struct HSV {
@@ -28,13 +26,13 @@ class ColorScale {
     double saturation = 0;  // 0 to 1
     double value = 0;       // 0 to 255
   };
-  static HSV toHSV(RGBA color);
+  static HSV toHSV(plot::RGBA color);
   void takeLongWayRound();
-  RGBA rainbow(double t) const;
+  plot::RGBA rainbow(double t) const;
 
-  Token type_;
-  RGBA atMax_;
-  RGBA atMin_;
+  base::Token type_;
+  plot::RGBA atMax_;
+  plot::RGBA atMin_;
   HSV hsvAtMax_;
   HSV hsvAtMin_;
   ValueRange range_;

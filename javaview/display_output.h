@@ -6,19 +6,17 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes the set-up of a display. Points are those of the coordinate system: no transform applies.
 class DisplayOutput : public JavaViewOutput {
  public:
   /// The place of a camera or a light.
-  void writePosition(const P3& point) { writePoint("position", point); }
+  void writePosition(const plot::P3& point) { writePoint("position", point); }
 
   /// What it is directed at.
-  void writeInterest(const P3& point) { writePoint("interest", point); }
+  void writeInterest(const plot::P3& point) { writePoint("interest", point); }
 
  private:
-  void writePoint(std::string_view element, const P3& point) {
+  void writePoint(std::string_view element, const plot::P3& point) {
     *this << '<' << element << '>' << point.x << ' ' << point.y << ' ' << point.z << "</" << element
           << ">\n";
   }

@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 // What a field in the plane and one in space do each in its own way.

@@ -7,12 +7,10 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 // A field with fewer vectors than its grid has nodes is not written; surplus vectors are ignored.
 
 /// Writes the vectors as arrows from the nodes of the grid.
-void emitField3d(GeometryOutput& out, const Field3d& field);
-void emitField2d(GeometryOutput& out, const Field2d& field);
+void emitField3d(GeometryOutput& out, const plot::Field3d& field);
+void emitField2d(GeometryOutput& out, const plot::Field2d& field);
 
 }  // namespace vantry::javaview

@@ -7,6 +7,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void emitPts3d(GeometryOutput& out, const Pts3d& points) {
   if (!points.pointsVisible()) return;
   writePointSet<P3>(out, points.points, points.pointColor(), points.pointSize());

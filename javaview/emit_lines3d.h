@@ -10,19 +10,17 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes nothing if points are not visible.
-void emitPts3d(GeometryOutput& out, const Pts3d& points);
+void emitPts3d(GeometryOutput& out, const plot::Pts3d& points);
 
 /// `Lines` of an odd number of points end in a line to a point that does not exist, and their
 /// number leaves that line out.
-void emitLines3d(GeometryOutput& out, const Lines3d& lines);
+void emitLines3d(GeometryOutput& out, const plot::Lines3d& lines);
 
 /// Only triangles are filled in space: a filled polygon of more points is not written at all.
-void emitPoly3d(GeometryOutput& out, const Poly3d& polygon);
+void emitPoly3d(GeometryOutput& out, const plot::Poly3d& polygon);
 
-void emitLine3d(GeometryOutput& out, const Line3d& line);
-void emitArrow3d(GeometryOutput& out, const Arrow3d& arrow);
+void emitLine3d(GeometryOutput& out, const plot::Line3d& line);
+void emitArrow3d(GeometryOutput& out, const plot::Arrow3d& arrow);
 
 }  // namespace vantry::javaview

@@ -13,6 +13,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void emitPts2d(GeometryOutput& out, const Pts2d& points) {
   if (!points.pointsVisible()) return;
   writePointSet<P2>(out, points.points, points.pointColor(), points.pointSize());

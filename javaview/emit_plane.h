@@ -13,29 +13,27 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes nothing if points are not visible.
-void emitPts2d(GeometryOutput& out, const Pts2d& points);
+void emitPts2d(GeometryOutput& out, const plot::Pts2d& points);
 
 /// A single point is written whether points are visible or not.
-void emitPt2d(GeometryOutput& out, const Pt2d& point);
+void emitPt2d(GeometryOutput& out, const plot::Pt2d& point);
 
 /// Fill and outline are two geometries, the fill first.
-void emitPoly2d(GeometryOutput& out, const Poly2d& polygon);
+void emitPoly2d(GeometryOutput& out, const plot::Poly2d& polygon);
 
-void emitLine2d(GeometryOutput& out, const Line2d& line);
-void emitArrow2d(GeometryOutput& out, const Arrow2d& arrow);
+void emitLine2d(GeometryOutput& out, const plot::Line2d& line);
+void emitArrow2d(GeometryOutput& out, const plot::Arrow2d& arrow);
 
 /// Fill and line are two geometries, the fill first. Throws JavaViewExportError, before anything is
 /// written, if the angles are so far apart, or so large, that the points between them have no end.
-void emitArc2d(GeometryOutput& out, const Arc2d& arc);
+void emitArc2d(GeometryOutput& out, const plot::Arc2d& arc);
 
 /// The place of a text does not follow the transforms around it. Throws base::BadUnicodeString for
 /// a text that the locale cannot hold.
-void emitText2d(GeometryOutput& out, const Text2d& text);
+void emitText2d(GeometryOutput& out, const plot::Text2d& text);
 
 /// A line over the height of the viewing box, and a tenth of that beyond either end.
-void emitVerticalAsymptote(GeometryOutput& out, const VerticalAsymptote& asymptote);
+void emitVerticalAsymptote(GeometryOutput& out, const plot::VerticalAsymptote& asymptote);
 
 }  // namespace vantry::javaview

@@ -10,6 +10,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 /// The entries of the cells, without those that are too many.

@@ -7,14 +7,12 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 // Both throw JavaViewExportError, before anything is written, if there are fewer entries than
 // cells. Entries beyond the cells are ignored. A raster does not follow the transforms around it.
 
-void emitColorArray2d(GeometryOutput& out, const ColorArray2d& raster);
+void emitColorArray2d(GeometryOutput& out, const plot::ColorArray2d& raster);
 
 /// The smallest density has the first fill colour, the largest has the second.
-void emitDensityArray2d(GeometryOutput& out, const DensityArray2d& raster);
+void emitDensityArray2d(GeometryOutput& out, const plot::DensityArray2d& raster);
 
 }  // namespace vantry::javaview

@@ -7,6 +7,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void emitBox(GeometryOutput& out, const Box& box) {
   if (!box.filled() && !box.linesVisible()) return;
   const P3 corners[] = {

@@ -12,18 +12,16 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
-void emitBox(GeometryOutput& out, const Box& box);
-void emitSphere(GeometryOutput& out, const Sphere& sphere);
-void emitEllipsoid(GeometryOutput& out, const Ellipsoid& ellipsoid);
-void emitCircle3d(GeometryOutput& out, const Circle3d& circle);
+void emitBox(GeometryOutput& out, const plot::Box& box);
+void emitSphere(GeometryOutput& out, const plot::Sphere& sphere);
+void emitEllipsoid(GeometryOutput& out, const plot::Ellipsoid& ellipsoid);
+void emitCircle3d(GeometryOutput& out, const plot::Circle3d& circle);
 
 /// The mantle and the two rims, without caps.
-void emitCone(GeometryOutput& out, const Cone& cone);
+void emitCone(GeometryOutput& out, const plot::Cone& cone);
 
 /// The place of a text does not follow the transforms around it. Throws base::BadUnicodeString for
 /// a text that the locale cannot hold.
-void emitText3d(GeometryOutput& out, const Text3d& text);
+void emitText3d(GeometryOutput& out, const plot::Text3d& text);
 
 }  // namespace vantry::javaview

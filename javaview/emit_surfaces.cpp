@@ -6,6 +6,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 // A point has up to two colours. The first one is that of the lines and the second one that of the

@@ -8,15 +8,13 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 // Normals are read and not exported.
 
 /// Throws JavaViewExportError, before anything is written, if there are fewer points than the grid
 /// has.
-void emitMesh3d(GeometryOutput& out, const Mesh3d& mesh);
+void emitMesh3d(GeometryOutput& out, const plot::Mesh3d& mesh);
 
 /// Throws JavaViewExportError, after the points, if the type is none of those that make faces.
-void emitSurf3d(GeometryOutput& out, const Surf3d& surface);
+void emitSurf3d(GeometryOutput& out, const plot::Surf3d& surface);
 
 }  // namespace vantry::javaview

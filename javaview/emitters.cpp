@@ -10,6 +10,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 struct Row {

@@ -6,8 +6,6 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes a primitive, which is of the class that the function belongs to, as geometries; as none
 /// if nothing of it is visible. Throws JavaViewExportError, and base::BadUnicodeString for a text
 /// that the locale cannot hold.

@@ -14,11 +14,9 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// How many coordinates a point has.
-constexpr int dimensionOf(const P2&) { return 2; }
-constexpr int dimensionOf(const P3&) { return 3; }
+constexpr int dimensionOf(const plot::P2&) { return 2; }
+constexpr int dimensionOf(const plot::P3&) { return 3; }
 
 /// What the point list of a primitive holds.
 template <class Primitive>
@@ -49,40 +47,42 @@ class GeometryOutput : public JavaViewOutput {
   /// How many geometries have been begun so far.
   std::int64_t geometryCount() const { return geometryCount_; }
 
-  void writeThicknessAndColor(RGBA color, double size);
+  void writeThicknessAndColor(plot::RGBA color, double size);
 
   /// The edges of faces. A transparent colour is lightened.
-  void writeEdges(RGBA color, double width);
+  void writeEdges(plot::RGBA color, double width);
 
   /// `alpha` is 0 to 255; `smooth` asks for Gouraud shading.
   void writeMaterial(int alpha, bool smooth);
 
   /// How a label is set. Throws base::BadUnicodeString.
-  void writeLabelAtt(const FontStyle& font, base::Token horizontalAlignment,
+  void writeLabelAtt(const plot::FontStyle& font, base::Token horizontalAlignment,
                      base::Token verticalAlignment);
 
   /// `<c>R G B</c>` and a newline: an entry of a list of colours. Alpha is not written.
-  void writeColorEntry(RGBA color);
+  void writeColorEntry(plot::RGBA color);
 
   /// The bare numbers, which no transform touches.
-  void writeCoordinates(const P2& point);
-  void writeCoordinates(const P3& point);
+  void writeCoordinates(const plot::P2& point);
+  void writeCoordinates(const plot::P3& point);
 
-  void writePoint(const P2& point);
-  void writePoint(const P3& point);
+  void writePoint(const plot::P2& point);
+  void writePoint(const plot::P3& point);
 
   /// A point list. `size` is a diameter, of which the list has the half.
-  void writePoints(std::span<const P2> points, RGBA color, double size);
-  void writePoints(std::span<const P3> points, RGBA color, double size);
+  void writePoints(std::span<const plot::P2> points, plot::RGBA color, double size);
+  void writePoints(std::span<const plot::P3> points, plot::RGBA color, double size);
 
   /// A vector list. Vectors are moved by the transform like points, translation included.
-  void writeVectors(std::span<const P2> vectors, RGBA color, double length, double thickness);
-  void writeVectors(std::span<const P3> vectors, RGBA color, double length, double thickness);
+  void writeVectors(std::span<const plot::P2> vectors, plot::RGBA color, double length,
+                    double thickness);
+  void writeVectors(std::span<const plot::P3> vectors, plot::RGBA color, double length,
+                    double thickness);
 
   static constexpr int circlePoints = 38;
 
   /// The `circlePoints` points of a circle around `center`, in the plane normal to `normal`.
-  void writeCirclePoints(const P3& center, const P3& normal, double radius);
+  void writeCirclePoints(const plot::P3& center, const plot::P3& normal, double radius);
 
   // Runs of elements that several emitters write.
 
@@ -101,7 +101,7 @@ class GeometryOutput : public JavaViewOutput {
   void writeClosedLine(std::int64_t first, std::int64_t last);
 
   /// `<faces>` of the one polygon of the points 0 to `last`, and its empty neighbours.
-  void writeSingleFace(std::int64_t last, RGBA color);
+  void writeSingleFace(std::int64_t last, plot::RGBA color);
 
   /// The faces between the points of a grid, which are numbered row by row.
   void writeGridFaces(std::int64_t columns, std::int64_t rows);
@@ -115,14 +115,15 @@ class GeometryOutput : public JavaViewOutput {
   template <class Point>
   Point transformed(const Point& point) const;
   template <class Point>
-  void writePointList(std::span<const Point> points, RGBA color, double size);
+  void writePointList(std::span<const Point> points, plot::RGBA color, double size);
   template <class Point>
-  void writeVectorList(std::span<const Point> vectors, RGBA color, double length, double thickness);
+  void writeVectorList(std::span<const Point> vectors, plot::RGBA color, double length,
+                       double thickness);
 
   std::int64_t geometryCount_ = 0;
 };
 
 /// The colour in place of a hatched fill: half-way to white, with the alpha of `color`.
-RGBA lightenColor(RGBA color);
+plot::RGBA lightenColor(plot::RGBA color);
 
 }  // namespace vantry::javaview

@@ -6,6 +6,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void JavaViewOutput::writeShowAttribute(std::string_view name, bool show) {
   *this << ' ' << name << (show ? "=\"show\"" : "=\"hide\"");
 }

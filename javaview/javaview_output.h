@@ -8,8 +8,6 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// 90 pixels to the inch.
 inline constexpr double pixelsPerMillimetre = 3.5433070866141736;
 
@@ -32,7 +30,7 @@ class JavaViewOutput {
   void writeShowAttribute(std::string_view name, bool show);
 
   /// `<color>R G B</color>` and a newline. Alpha is not written.
-  void writeColor(RGBA color);
+  void writeColor(plot::RGBA color);
 
   /// `<thickness>` of a size in millimetres, in pixels and at least 1. Nothing for a NaN.
   void writeThickness(double size);

@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void JavaViewWriter::write(std::ostream& stream, double time) {
   JavaViewOutput& out = output();
   out.attach(stream);

@@ -19,12 +19,10 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// What of a document is exported: one scene, and in it the first coordinate system.
 struct ExportedScene {
-  const SceneBase& scene;
-  const CoordinateSystemBase& coordinateSystem;
+  const plot::SceneBase& scene;
+  const plot::CoordinateSystemBase& coordinateSystem;
   bool is2d;
 };
 
@@ -32,11 +30,12 @@ struct ExportedScene {
 class JavaViewWriter {
  public:
   /// For the first scene of the canvas, with a warning if there are others.
-  explicit JavaViewWriter(PlotDocument* document) : document_(document) {}
+  explicit JavaViewWriter(plot::PlotDocument* document) : document_(document) {}
 
   /// For the scene with that index among all scenes of the canvas, those of the plane and those of
   /// space, from 0 on. `write` throws JavaViewExportError if there is no such scene.
-  JavaViewWriter(PlotDocument* document, std::size_t scene) : document_(document), scene_(scene) {}
+  JavaViewWriter(plot::PlotDocument* document, std::size_t scene)
+      : document_(document), scene_(scene) {}
 
   JavaViewWriter(const JavaViewWriter&) = delete;
   JavaViewWriter& operator=(const JavaViewWriter&) = delete;
@@ -64,15 +63,19 @@ class JavaViewWriter {
   ExportedScene findScene();
 
   /// Whether the object appears at the time of the output.
-  bool isVisibleNow(const ObjectBase& object) const;
+  bool isVisibleNow(const plot::ObjectBase& object) const;
 
   /// The child of class `Frame` that holds at the time of the output: the last one that is not
   /// later, if the frames are in the order of their times. Otherwise the first one; null if there
   /// is none.
   template <class Frame>
   const Frame* findTimed(const dom::Node& parent) const;
-  const Img3d* findImg3d(const Obj3d& object) const { return findTimed<Img3d>(object); }
-  const Img2d* findImg2d(const Obj2d& object) const { return findTimed<Img2d>(object); }
+  const plot::Img3d* findImg3d(const plot::Obj3d& object) const {
+    return findTimed<plot::Img3d>(object);
+  }
+  const plot::Img2d* findImg2d(const plot::Obj2d& object) const {
+    return findTimed<plot::Img2d>(object);
+  }
 
   /// The same as findTimed(), but throws JavaViewExportError with that message if there is none.
   template <class Frame>
@@ -99,29 +102,29 @@ class JavaViewWriter {
   virtual void writeScene(const ExportedScene& scene) = 0;
 
   const dom::Node* root() const { return document_ ? document_->firstChild() : nullptr; }
-  const TimeRange* timeRangeElement() const;
+  const plot::TimeRange* timeRangeElement() const;
 
-  const SceneBase* chosenScene();
+  const plot::SceneBase* chosenScene();
 
-  PlotDocument* document_;
+  plot::PlotDocument* document_;
   std::optional<std::size_t> scene_;
-  double time_ = nan;
+  double time_ = plot::nan;
   std::optional<std::time_t> fixedDate_;
 };
 
 template <class Frame>
 const Frame* JavaViewWriter::findTimed(const dom::Node& parent) const {
-  if (std::isnan(time_)) return firstChildOf<Frame>(parent);
+  if (std::isnan(time_)) return plot::firstChildOf<Frame>(parent);
   const Frame* best = nullptr;
   for (const dom::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
-    const auto* frame = elementCast<Frame>(child);
+    const auto* frame = plot::elementCast<Frame>(child);
     if (!frame) continue;
     const double frameTime = frame->frameTime();
     if (std::isnan(frameTime)) return frame;
     if (frameTime > time_) break;
     best = frame;
   }
-  return best ? best : firstChildOf<Frame>(parent);
+  return best ? best : plot::firstChildOf<Frame>(parent);
 }
 
 }  // namespace vantry::javaview

@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 using Grids = unsigned;  // a bit for each axis that has a grid

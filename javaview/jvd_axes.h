@@ -7,14 +7,13 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes `<axes>`. Returns whether the clip ranges are to be wider than the viewing box.
 /// Throws base::BadUnicodeString for a title that is no text of the locale.
-bool writeAxes(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem, bool is2d,
+bool writeAxes(DisplayOutput& out, const plot::CoordinateSystemBase& coordinateSystem, bool is2d,
                const Bounds& bounds, bool isAnimated);
 
 /// Writes `<bndbox>`, which shows if all axes of a boxed form do.
-void writeBoundingBox(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem, bool is2d);
+void writeBoundingBox(DisplayOutput& out, const plot::CoordinateSystemBase& coordinateSystem,
+                      bool is2d);
 
 }  // namespace vantry::javaview

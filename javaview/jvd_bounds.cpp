@@ -9,6 +9,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 constexpr double defaultAspect = 0.6666666666666666;

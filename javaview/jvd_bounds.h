@@ -10,12 +10,10 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// The extent of the viewing box along one axis.
 struct AxisRange {
-  double min = nan;  // NaN: unknown
-  double max = nan;  // NaN: unknown
+  double min = plot::nan;  // NaN: unknown
+  double max = plot::nan;  // NaN: unknown
 
   bool isKnown() const { return !std::isnan(min) && !std::isnan(max); }
   double size() const { return std::abs(max - min); }
@@ -28,29 +26,29 @@ struct Bounds {
   AxisRange z;  // unknown in 2d
 
   /// The largest size among the known axes, NaN if there is none.
-  double span = nan;
+  double span = plot::nan;
 
   bool isKnown2d() const { return x.isKnown() && y.isKnown(); }
   bool isKnown3d() const { return isKnown2d() && z.isKnown(); }
 };
 
 /// The viewing box of a coordinate system. A range that is empty or upside down is unknown.
-Bounds computeBounds(const CoordinateSystemBase& coordinateSystem, bool is2d);
+Bounds computeBounds(const plot::CoordinateSystemBase& coordinateSystem, bool is2d);
 
 /// Maps each coordinate from the range -1 to 1 onto the bounds.
-P3 mapToBox(const Bounds& bounds, const P3& point);
+plot::P3 mapToBox(const Bounds& bounds, const plot::P3& point);
 
 /// Whether the axes are scaled alike.
-bool isConstrained(const CoordinateSystemBase& coordinateSystem);
+bool isConstrained(const plot::CoordinateSystemBase& coordinateSystem);
 
 /// Writes `<boxRatio>` and returns the ratio with which the camera sees the box: 1 if the scaling
 /// is constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.
-double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
+double writeBoxRatio2d(DisplayOutput& out, const plot::CoordinateSystemBase& coordinateSystem,
                        const Bounds& bounds);
 
 /// Writes `<boxRatio>`, unless the box is unknown.
-void writeBoxRatio3d(DisplayOutput& out, const SceneBase& scene,
-                     const CoordinateSystemBase& coordinateSystem, const Bounds& bounds);
+void writeBoxRatio3d(DisplayOutput& out, const plot::SceneBase& scene,
+                     const plot::CoordinateSystemBase& coordinateSystem, const Bounds& bounds);
 
 /// Writes `<clipRange>` with the axes that are known. `extendClip` widens each range by a tenth of
 /// its size at either end.

@@ -8,12 +8,10 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes `<cameras>` with the first camera of the coordinate system that can be used at the
 /// writer's time; without one, with a view of the whole viewing box; and nothing if that is
 /// unknown. Throws JavaViewExportError for a camera object without an image.
-void writeCameras3d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
+void writeCameras3d(DisplayOutput& out, const plot::CoordinateSystemBase& coordinateSystem,
                     const Bounds& bounds, const JavaViewWriter& writer);
 
 /// Writes `<cameras>` with a view of the viewing box from above, empty if that is unknown. `ratio`

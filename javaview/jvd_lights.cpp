@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 /// What a class of light is called. The same word names the class and the type of its objects.

@@ -9,17 +9,15 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes `<lights>` with the visible lights of the coordinate system at the writer's time, nothing
 /// if there are none. Throws JavaViewExportError for a light object without an image.
-void writeExplicitLights(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
+void writeExplicitLights(DisplayOutput& out, const plot::CoordinateSystemBase& coordinateSystem,
                          const JavaViewWriter& writer);
 
 /// Writes `<lights>` with a fixed rig around the viewing box, nothing if that is unknown.
 void writeDefaultLights(DisplayOutput& out, const Bounds& bounds);
 
 /// Writes `<background>`.
-void writeBackground(DisplayOutput& out, const SceneBase& scene);
+void writeBackground(DisplayOutput& out, const plot::SceneBase& scene);
 
 }  // namespace vantry::javaview

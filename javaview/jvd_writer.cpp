@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 void JVDWriter::writeHeader() {
   beginHeader(out_, {"jv-disp", "http://www.javaview.de/rsrc/jv-disp.dtd", "1.04.000"}, date());
   out_ << "</description>\n";

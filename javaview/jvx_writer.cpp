@@ -20,6 +20,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 Matrix matrixOf(const Tr3d& tr) {

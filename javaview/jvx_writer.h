@@ -11,8 +11,6 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes one scene: its visible objects, each with the image and under the transforms of the time.
 class JVXWriter : public JavaViewWriter {
  public:
@@ -27,7 +25,7 @@ class JVXWriter : public JavaViewWriter {
 
   /// Called after a primitive of `object` has been written as `count` geometries (1 or more); does
   /// nothing here. The calls are in the order of the text and account for all its geometries.
-  virtual void geometriesWritten(const ObjectBase& object, const PlotElement& primitive,
+  virtual void geometriesWritten(const plot::ObjectBase& object, const plot::PlotElement& primitive,
                                  std::int64_t count);
 
   /// The name of the frame with this number: "movie.1.jvx" for the first one of "movie.jvx".
@@ -49,9 +47,9 @@ class JVXWriter : public JavaViewWriter {
   void writeContainer(const dom::Node& container);
   bool enter(const dom::Node& node);
   void leave(const dom::Node& node);
-  void writeObj3d(const Obj3d& object);
-  void writeObj2d(const Obj2d& object);
-  void writePrimitives(const ObjectBase& object, const ImgBase& image);
+  void writeObj3d(const plot::Obj3d& object);
+  void writeObj2d(const plot::Obj2d& object);
+  void writePrimitives(const plot::ObjectBase& object, const plot::ImgBase& image);
 
   GeometryOutput out_;
 };

@@ -10,7 +10,7 @@ namespace vantry::javaview {
 /// transforms around it. Throws base::BadUnicodeString.
 template <class Label>
 void writeLabel(GeometryOutput& out, const Label& label) {
-  const FontStyle& font = label.textFont();
+  const plot::FontStyle& font = label.textFont();
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(label.position())
       << "\" point=\"show\">\n<points num=\"1\">\n<p name=\"";

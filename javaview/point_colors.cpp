@@ -5,6 +5,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 double heightOf(const P2& point) { return point.y; }

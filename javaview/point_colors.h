@@ -9,8 +9,6 @@
 
 namespace vantry::javaview {
 
-using namespace plot;
-
 /// Writes the colours of points in the plane (P2) or in space (P3), and the means of some of them.
 /// An index past the end of the points stands for the last of them.
 template <class Point>
@@ -19,7 +17,7 @@ class PointColors {
   /// With a scale of type Functional the colours are those of `list`, which has one for each of the
   /// points, and there are none if it is empty. Flat has none either. Any other type gives each
   /// point the colour that its height has on the scale.
-  PointColors(GeometryOutput& out, std::span<const Point> points, std::span<const RGBA> list,
+  PointColors(GeometryOutput& out, std::span<const Point> points, std::span<const plot::RGBA> list,
               const ColorScale& scale);
 
   /// Whether there are colours. If not, none are to be written.
@@ -46,12 +44,12 @@ class PointColors {
   GeometryOutput& out_;
   const Point* points_;
   std::int64_t count_;
-  const RGBA* list_;  // null if colours go by height
+  const plot::RGBA* list_;  // null if colours go by height
   ColorScale scale_;
   bool isColored_;
 };
 
-extern template class PointColors<P2>;
-extern template class PointColors<P3>;
+extern template class PointColors<plot::P2>;
+extern template class PointColors<plot::P3>;
 
 }  // namespace vantry::javaview

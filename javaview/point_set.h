@@ -7,7 +7,8 @@ namespace vantry::javaview {
 
 /// Writes points as a geometry of their own.
 template <class Point>
-void writePointSet(GeometryOutput& out, std::span<const Point> points, RGBA color, double size) {
+void writePointSet(GeometryOutput& out, std::span<const Point> points, plot::RGBA color,
+                   double size) {
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(Point()) << "\" pointOutline=\"hide\">\n";
   out.writePoints(points, color, size);

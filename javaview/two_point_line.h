@@ -10,7 +10,7 @@ namespace vantry::javaview {
 /// Writes a line as a geometry of its own. `tip` says whether an arrow has a tip; it is empty for a
 /// line that is no arrow.
 template <class Point>
-void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, RGBA color,
+void writeTwoPointLine(GeometryOutput& out, const Point& from, const Point& to, plot::RGBA color,
                        double width, std::optional<bool> tip = std::nullopt) {
   const Point ends[] = {from, to};
   out.beginGeometry();

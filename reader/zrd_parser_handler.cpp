@@ -10,6 +10,7 @@
 
 namespace vantry::reader {
 
+using namespace plot;
 using base::Ref;
 using base::WordId;
 using dom::DomException;

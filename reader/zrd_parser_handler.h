@@ -12,8 +12,6 @@
 
 namespace vantry::reader {
 
-using namespace plot;
-
 enum class Place : std::uint8_t;
 
 /// Builds the tree of a document. It has one cursor, the current element: the element of a start
@@ -33,7 +31,7 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
 
   /// `document` must outlive the handler. `ignoreIds` leaves all `id` attributes out; `reporter`,
   /// which may be null, gets the complaints about the input.
-  ZrdParserHandler(PlotDocument* document, bool ignoreIds, Reporter reporter);
+  ZrdParserHandler(plot::PlotDocument* document, bool ignoreIds, Reporter reporter);
 
   void startElement(std::uint32_t namespaceId, std::uint32_t elementId,
                     const reader::AttributeList& attributes) override;
@@ -48,13 +46,13 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   void appendText(const char* data, std::size_t length) override;
 
   /// The innermost element that is open, null outside of the root. Points are no elements.
-  PlotElement* current() const { return current_.get(); }
+  plot::PlotElement* current() const { return current_.get(); }
 
   /// Gives a new element an attribute of its start tag. One that is refused leaves the element as
   /// it was.
-  virtual void setAttribute(PlotElement& element, Token name, const char* value);
+  virtual void setAttribute(plot::PlotElement& element, base::Token name, const char* value);
   /// Refuses a new element without an attribute that must be there, or with an empty one.
-  virtual void requireAttributes(PlotElement& element);
+  virtual void requireAttributes(plot::PlotElement& element);
   /// Takes the characters of the current element, which ends.
   virtual void endContent(base::WordId element);
   /// A P2 or P3 is not such as the list around it takes.
@@ -81,11 +79,11 @@ class ZrdParserHandler : public reader::SimpleDataHandler {
   void endText();
   void endArray();
   void endPoint(base::WordId point);
-  PointError appendPointTo(PlotElement* list, base::WordId point);
-  void appendCellTo(PlotElement& array, const char* word);
+  PointError appendPointTo(plot::PlotElement* list, base::WordId point);
+  void appendCellTo(plot::PlotElement& array, const char* word);
 
-  PlotDocument* document_;
-  base::Ref<PlotElement> current_;
+  plot::PlotDocument* document_;
+  base::Ref<plot::PlotElement> current_;
   unsigned childIndex_ = 0;        // the place of the next positional child
   base::Ref<dom::Node> previous_;  // the positional child before it, unless it is the first
   std::string wordBuffer_;

@@ -21,6 +21,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 namespace fs = std::filesystem;

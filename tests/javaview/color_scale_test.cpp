@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 /// What `value` becomes, between 0 for `color2` and 1 for `color1`.

@@ -28,11 +28,11 @@ class ReadDocument {
   ~ReadDocument() { document_->tearDown(); }
 
   bool isWellFormed() const { return isWellFormed_; }
-  PlotDocument* operator->() const { return document_.get(); }
-  PlotDocument* get() const { return document_.get(); }
+  plot::PlotDocument* operator->() const { return document_.get(); }
+  plot::PlotDocument* get() const { return document_.get(); }
 
  private:
-  base::Ref<PlotDocument> document_{new PlotDocument};
+  base::Ref<plot::PlotDocument> document_{new plot::PlotDocument};
   reader::ZrdParserHandler handler_{document_.get(), true, nullptr};
   bool isWellFormed_ = false;
 };
@@ -71,12 +71,14 @@ inline std::string withoutHeader(const std::string& text) {
 /// What a writer makes of a document at a time.
 template <class Writer>
 struct Conversion {
-  explicit Conversion(std::string_view source, double time = nan) {
+  explicit Conversion(std::string_view source, double time = plot::nan) {
     const ReadDocument document(source);
     convert(document.get(), time);
     if (!document.isWellFormed()) error = "not well formed";
   }
-  explicit Conversion(PlotDocument* document, double time = nan) { convert(document, time); }
+  explicit Conversion(plot::PlotDocument* document, double time = plot::nan) {
+    convert(document, time);
+  }
 
   std::string body() const { return withoutHeader(text); }
 
@@ -85,7 +87,7 @@ struct Conversion {
   std::string error;
 
  private:
-  void convert(PlotDocument* document, double time) {
+  void convert(plot::PlotDocument* document, double time) {
     WarningsWriter<Writer> writer(document);
     std::ostringstream stream;
     try {

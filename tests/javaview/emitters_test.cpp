@@ -11,6 +11,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 /// Whether an image may hold elements of that class that have no geometry.

@@ -6,6 +6,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 std::string vectors3d(int count) {

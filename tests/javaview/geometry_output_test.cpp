@@ -13,6 +13,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 namespace Word = base::Word;

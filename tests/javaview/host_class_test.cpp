@@ -9,6 +9,8 @@
 #include "vantry/plot/elements/pt2d.h"
 
 namespace vantry::javaview {
+
+using namespace plot;
 namespace {
 
 template <class Model>

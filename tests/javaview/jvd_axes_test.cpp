@@ -12,6 +12,8 @@
 #include "vantry/plot/elements/string_elements.h"
 
 namespace vantry::javaview {
+
+using namespace plot;
 namespace {
 
 /// The start tag of the axes.

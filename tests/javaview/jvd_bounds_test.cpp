@@ -10,6 +10,8 @@
 #include "vantry/plot/elements/hints.h"
 
 namespace vantry::javaview {
+
+using namespace plot;
 namespace {
 
 constexpr double inf = std::numeric_limits<double>::infinity();

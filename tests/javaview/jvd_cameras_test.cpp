@@ -7,6 +7,8 @@
 #include "display.h"
 
 namespace vantry::javaview {
+
+using namespace plot;
 namespace {
 
 /// An object with one image that holds a camera.

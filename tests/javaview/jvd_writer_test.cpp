@@ -7,6 +7,8 @@
 #include "display.h"
 
 namespace vantry::javaview {
+
+using namespace plot;
 namespace {
 
 using Warnings = std::vector<std::string>;

@@ -14,6 +14,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 using base::Ref;

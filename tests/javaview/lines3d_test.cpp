@@ -6,6 +6,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 // Heights in a viewing box from 0 to 10. Between these two colours they give the colours below.

@@ -15,7 +15,7 @@
 namespace vantry::javaview {
 
 /// Attributes of an element by name, with their values as they are in its start tag.
-using Attributes = std::map<Token, std::string>;
+using Attributes = std::map<base::Token, std::string>;
 
 /// `attributes` with `more` beside them.
 inline Attributes with(Attributes attributes, const Attributes& more) {
@@ -24,9 +24,9 @@ inline Attributes with(Attributes attributes, const Attributes& more) {
 }
 
 /// Lines that are coloured by height.
-inline const Attributes fromBlueToRed{{Word::LineColorType, "Dichromatic"},
-                                      {Word::LineColor, "#c80000"},
-                                      {Word::LineColor2, "#0000c8"}};
+inline const Attributes fromBlueToRed{{base::Word::LineColorType, "Dichromatic"},
+                                      {base::Word::LineColor, "#c80000"},
+                                      {base::Word::LineColor2, "#0000c8"}};
 
 /// A document with one object of one primitive. Its viewing box goes from 0 to 10 on the height
 /// axis.
@@ -54,13 +54,13 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
   };
   const auto viewingBox = [&](const std::string& bound, const std::string& value) {
     const std::string axis = dimension == "2d" ? "Y" : "Z";
-    return element("ViewingBox" + axis + bound, {{Word::Val, value}}, "");
+    return element("ViewingBox" + axis + bound, {{base::Word::Val, value}}, "");
   };
   const std::string primitive = element(name, source.attributes, source.content);
-  std::string object =
-      element("Obj" + dimension, {{Word::Type, name}}, element("Img" + dimension, {}, primitive));
+  std::string object = element("Obj" + dimension, {{base::Word::Type, name}},
+                               element("Img" + dimension, {}, primitive));
   if (!source.transform.empty()) {
-    object = element("Transform" + dimension, {{Word::Type, "Rotate"}},
+    object = element("Transform" + dimension, {{base::Word::Type, "Rotate"}},
                      element("Tr" + dimension, source.transform, "") + object);
   }
   const std::string coordinateSystem =
@@ -72,7 +72,7 @@ inline std::string textOf(const MinimalDocument& source, const std::string& name
 /// What is written for the one primitive of the document: the content of `<geometries>`.
 template <class T>
 std::string convert(const MinimalDocument& source) {
-  const auto primitives2d = contentOf(Word::Img2d);
+  const auto primitives2d = plot::contentOf(base::Word::Img2d);
   const bool is2d = std::ranges::find(primitives2d, T::tag) != primitives2d.end();
 
   const JvxConversion conversion(textOf(source, T::tag.str(), is2d ? "2d" : "3d"));

@@ -9,6 +9,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 TEST(Pts2dTest, ShowsItsProperties) {
   expectPropertyEffects<Pts2d>(
       {{}, "<P2>1 2</P2>"},

@@ -8,6 +8,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 std::string entry(int r, int g, int b) {

@@ -23,7 +23,7 @@ struct Edit {
 /// The property with this value, in place of the one in the minimal document, changes the text by
 /// the edits and in no other way.
 struct PropertyEffect {
-  Token property;
+  base::Token property;
   std::string value;
   std::vector<Edit> edits;
 };
@@ -47,31 +47,32 @@ inline std::string edited(std::string text, const std::vector<Edit>& edits) {
 }
 
 /// The texts of all other words of an enumeration, or of one other value.
-inline std::vector<std::string> otherValues(const Property& property, const Variant& value) {
-  std::vector<Variant> others;
+inline std::vector<std::string> otherValues(const plot::Property& property,
+                                            const base::Variant& value) {
+  std::vector<base::Variant> others;
   if (const auto flag = value.as<base::BoolVariant>()) {
     others.push_back(base::BoolVariant(!flag->get()));
   } else if (const auto number = value.as<base::LongVariant>()) {
     others.push_back(base::LongVariant(number->get() + 1));
   } else if (const auto real = value.as<base::DoubleVariant>()) {
     others.push_back(base::DoubleVariant(real->get() + 1));
-  } else if (const auto color = value.as<RGBAVariant>()) {
-    others.push_back(RGBAVariant(RGBA(~color->get().word())));
-  } else if (const auto p2 = value.as<P2Variant>()) {
-    others.push_back(P2Variant(P2{p2->get().x + 1, p2->get().y + 2}));
-  } else if (const auto p3 = value.as<P3Variant>()) {
-    others.push_back(P3Variant(P3{p3->get().x + 1, p3->get().y + 2, p3->get().z + 3}));
-  } else if (const auto font = value.as<FontStyleVariant>()) {
-    FontStyle larger = font->get();
+  } else if (const auto color = value.as<plot::RGBAVariant>()) {
+    others.push_back(plot::RGBAVariant(plot::RGBA(~color->get().word())));
+  } else if (const auto p2 = value.as<plot::P2Variant>()) {
+    others.push_back(plot::P2Variant(plot::P2{p2->get().x + 1, p2->get().y + 2}));
+  } else if (const auto p3 = value.as<plot::P3Variant>()) {
+    others.push_back(plot::P3Variant(plot::P3{p3->get().x + 1, p3->get().y + 2, p3->get().z + 3}));
+  } else if (const auto font = value.as<plot::FontStyleVariant>()) {
+    plot::FontStyle larger = font->get();
     ++larger.size;
-    others.push_back(FontStyleVariant(larger));
+    others.push_back(plot::FontStyleVariant(larger));
   } else if (const auto word = value.as<base::TokenVariant>()) {
-    for (const Token other : property.allowedWords()) {
+    for (const base::Token other : property.allowedWords()) {
       if (other != word->get()) others.push_back(base::TokenVariant(other));
     }
   }
   std::vector<std::string> texts;
-  for (const Variant& other : others) {
+  for (const base::Variant& other : others) {
     std::ostringstream attribute;  // ` Name="value"`
     property.putXml(attribute, other);
     const std::string text = attribute.str();
@@ -88,7 +89,7 @@ template <class T>
 void expectPropertyEffects(const MinimalDocument& base,
                            const std::vector<PropertyEffect>& effects) {
   const std::string text = convert<T>(base);
-  const auto convertWith = [&](Token property, const std::string& value) {
+  const auto convertWith = [&](base::Token property, const std::string& value) {
     MinimalDocument changed = base;
     changed.attributes[property] = value;
     return convert<T>(changed);
@@ -101,16 +102,16 @@ void expectPropertyEffects(const MinimalDocument& base,
     EXPECT_EQ(convertWith(effect.property, effect.value), expected);
   }
 
-  const base::Ref<PlotDocument> document(new PlotDocument);
+  const base::Ref<plot::PlotDocument> document(new plot::PlotDocument);
   const base::Ref<T> element(new T(document.get()));
   for (const auto& [name, value] : base.attributes) {
     element->setAttributeFromString(name, value.c_str());
   }
-  for (const Property& property : T::propertyList().properties()) {
-    const Token name = property.name();
+  for (const plot::Property& property : T::propertyList().properties()) {
+    const base::Token name = property.name();
     const auto isThisOne = [name](const PropertyEffect& effect) { return effect.property == name; };
     if (std::ranges::any_of(effects, isThisOne)) continue;
-    const Variant current =
+    const base::Variant current =
         element->hasAttribute(name) ? element->getAttribute(name) : property.defaultVariant();
     for (const std::string& value : otherValues(property, current)) {
       SCOPED_TRACE(std::string(name.str()) + " = " + value);

@@ -7,6 +7,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 /// A raster with these corners, faces, neighbours and colours. The number of points is not written.

@@ -12,6 +12,8 @@
 
 namespace vantry::javaview {
 
+using namespace plot;
+
 namespace {
 
 constexpr double pi = 3.141592653589793;
