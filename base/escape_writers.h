@@ -3,7 +3,7 @@
 //
 // XML escapes five characters: "&quot;", "&amp;", "&apos;", "&lt;", "&gt;"; all other bytes pass as
 // they are. Native text is taken character by character, as the locale of the process divides it. A
-// character that is none, or that cannot be converted, raises BadUnicodeString, with what stands
+// character that is none, or that cannot be converted, raises BadUnicodeString, with what is
 // before it already written.
 #pragma once
 

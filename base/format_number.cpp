@@ -11,7 +11,7 @@
 // Six digits of a double, exactly.
 //
 // A double is x = m * 2^(e - 63), with an integer m of 64 bits whose highest bit is set. Its first
-// digit stands for 10^p, where p is the logarithm of x, rounded down. So x * 10^k with k = 5 - p
+// digit counts 10^p, where p is the logarithm of x, rounded down. So x * 10^k with k = 5 - p
 // lies between 100000 and 1000000, and the six digits are that number, rounded to an integer; half
 // way between two integers, the even one is taken.
 //
@@ -73,7 +73,7 @@ SixDigits roundToSixDigits(std::uint64_t magnitude) {
 }
 
 // Every group of three decimal digits as text, one a byte, the first in the lowest byte. The
-// highest byte tells how many zeros lead.
+// highest byte is the number of leading zeros.
 constexpr auto digitGroups = [] {
   std::array<std::uint32_t, 1000> groups{};
   for (std::uint32_t n = 0; n < groups.size(); ++n) {

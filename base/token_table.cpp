@@ -57,7 +57,7 @@ const char* TokenTable::findUnlocked(const char* text) const {
   return slots_.empty() ? nullptr : slots_[slotOf(text)];
 }
 
-// Where the text stands, or the free slot in which it would stand.
+// The slot of the text, or the free one that it would get.
 std::size_t TokenTable::slotOf(const char* text) const {
   const std::size_t mask = slots_.size() - 1;
   std::size_t slot = saltedHash(text) & mask;

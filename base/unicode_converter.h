@@ -32,7 +32,7 @@ std::size_t utf8ToUtf16(const char* source, std::ptrdiff_t sourceLength, char16_
 std::size_t utf16ToUtf8(const char16_t* source, std::ptrdiff_t sourceLength, char* target,
                         std::size_t targetSize);
 
-/// The codeset of the process's locale: what stands behind the first "." of its name, or all of it.
+/// The codeset of the process's locale: what follows the first "." of its name, or all of it.
 const char* nativeCodeset();
 
 /// How many bytes the first character of a native text has, as the locale of the process divides

@@ -28,7 +28,7 @@ std::string written(std::ostream& (*toStream)(std::ostream&, const Text*),
   return stream.str();
 }
 
-// What stands on stream and sink after the writer has refused the text.
+// What is in stream and sink after the writer has refused the text.
 template <class Text>
 std::string writtenBeforeRefusal(std::ostream& (*toStream)(std::ostream&, const Text*),
                                  OutputSink& (*toSink)(OutputSink&, const Text*),

@@ -118,7 +118,7 @@ TEST(FixedString, IsSharedByThreadsIfItIsPermanent) {
   for (std::thread& thread : threads) thread.join();
 }
 
-TEST(FixedString, TellsNullFromEmpty) {
+TEST(FixedString, DistinguishesNullFromEmpty) {
   EXPECT_EQ(FixedString(), FixedString());
   EXPECT_EQ(FixedString(""), FixedString(""));
   EXPECT_NE(FixedString(), FixedString(""));

@@ -11,7 +11,7 @@ namespace {
 
 using namespace vantry::base;
 
-// Tells when it dies.
+// Counts how many of its kind are alive.
 class Counted : public RefCounted<IResource> {
  public:
   explicit Counted(int& alive) : alive_(alive) { ++alive_; }

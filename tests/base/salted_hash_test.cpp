@@ -20,7 +20,7 @@ TEST(SaltedHash, IsTheSameForTheSameText) {
   }
 }
 
-TEST(SaltedHash, TellsTextsApartThatDifferInOneBitOrByte) {
+TEST(SaltedHash, DistinguishesTextsThatDifferInOneBitOrByte) {
   std::set<std::size_t> seen;
   std::size_t count = 0;
   for (std::size_t size = 0; size <= 20; ++size) {

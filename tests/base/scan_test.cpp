@@ -92,7 +92,7 @@ TEST(Scan, CutsColoursAtTenCharacters) {
   EXPECT_STREQ(colours[1].data(), "1");
 }
 
-TEST(Scan, IgnoresWhatStandsBehindANumber) {
+TEST(Scan, IgnoresWhatFollowsANumber) {
   std::int32_t integer = 0;
   EXPECT_TRUE(scanLong(" 12abc", integer));
   EXPECT_EQ(integer, 12);
@@ -374,7 +374,7 @@ class TextMaker {
   std::mt19937_64 random_;
 };
 
-// What was read: numbers as bits, so that NaNs and zeros are told apart too.
+// What was read: numbers as bits, so that NaNs and zeros differ too.
 struct Outcome {
   int items = 0;
   std::array<double, 6> numbers{};

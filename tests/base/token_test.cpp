@@ -201,7 +201,7 @@ TEST(TokenTable, FindsEveryTextInEveryOrder) {
   for (const std::string& text : texts) EXPECT_STREQ(table.find(text.c_str()), text.c_str());
 }
 
-TEST(TokenTable, ToldApartOfTextsThatBeginAlike) {
+TEST(TokenTable, DistinguishesTextsThatBeginAlike) {
   TokenTable table;
   for (const char* text : {"Line", "LineWidth", "Lin", "line", "", "\xC3\xA9"}) {
     EXPECT_EQ(table.find(text), nullptr);
@@ -234,7 +234,7 @@ TEST(TokenTable, LetsItsOwnThreadInAgain) {
 
 // ---- The vocabulary ----
 
-TEST(Vocabulary, TellsTheNumberOfATokenAndNoneForAllOthers) {
+TEST(Vocabulary, GivesTheNumberOfATokenAndNoneForAllOthers) {
   for (int id = 1; id <= wordCount; ++id) {
     EXPECT_EQ(wordOf(tokenById(id)), static_cast<WordId>(id));
     EXPECT_EQ(wordOf(Token(std::string(tokenById(id).str()).c_str(), true)),
@@ -330,7 +330,7 @@ TEST(Vocabulary, NamesItsTokens) {
   EXPECT_EQ(tokenById(static_cast<int>(WordId::none)), Token());
 }
 
-TEST(Vocabulary, TellsSimilarWordsApart) {
+TEST(Vocabulary, DistinguishesSimilarWords) {
   EXPECT_NE(Word::BaseLine, Word::Baseline);
   EXPECT_NE(Word::LineColorFunc, Word::LineColorFunction);
   EXPECT_NE(Word::Point, Word::Points);

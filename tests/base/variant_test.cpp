@@ -144,7 +144,7 @@ TEST(Variant, ComparesStringsByTheirText) {
   EXPECT_FALSE(a < a);
 }
 
-TEST(Variant, TellsANullStringFromAnEmptyOne) {
+TEST(Variant, DistinguishesANullStringFromAnEmptyOne) {
   const FixedStringVariant null((FixedString()));
   const FixedStringVariant empty(FixedString(""));
   EXPECT_EQ(null.get().c_str(), nullptr);
