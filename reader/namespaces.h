@@ -29,7 +29,7 @@ struct SplitName {
 /// text is moved for a longer local part. So a namespace is read once for each address.
 class Namespaces {
  public:
-  /// Stands between namespace and local part. No document can hold it.
+  /// Comes between namespace and local part. No document can hold it.
   static constexpr char separator = '\x01';
 
   /// A declaration begins to hold; null is that of no namespace.

@@ -48,7 +48,7 @@ class Handler {
   /// An element was refused, or starts within a refused one.
   virtual void enterSkipped() { ++skipDepth_; }
 
-  /// Whether the parser stands within a refused element.
+  /// Whether the parser is within a refused element.
   virtual bool isSkipping() { return skipDepth_ != 0; }
 
   /// An element ends that enterSkipped() was called for.

@@ -42,7 +42,7 @@ class Parser {
   /// Takes the next `length` bytes of the document; `isFinal` is true for the last block, which may
   /// be empty. Returns false, after the handler's parseFailed(), when the document is not well
   /// formed; so does each later call. An exception of the handler leaves this operation, and the
-  /// parser stands where it was thrown; the document cannot be parsed on after it, and each later
+  /// parser stays where it was thrown; the document cannot be parsed on after it, and each later
   /// call throws it again.
   bool parse(const char* buffer, int length, bool isFinal);
 
@@ -54,14 +54,14 @@ class Parser {
   /// until it has grown or ends. They are more than it took if only the last block shows the error.
   std::int64_t errorEnd() const;
 
-  /// Where the parser stands, counted from line 1; 0 if no parser could be created.
+  /// The line that the parser has reached, counted from 1; 0 if no parser could be created.
   std::int32_t lineNumber() const;
 
-  /// Where the parser stands in its line, in bytes, counted from 0.
+  /// The place in that line, in bytes, counted from 0.
   std::int32_t columnNumber() const;
 
-  /// Where the parser stands, in bytes from the beginning of the document, or -1 before its first
-  /// token. While a handler is called that is the beginning of the tag or the text.
+  /// The same place, in bytes from the beginning of the document, or -1 before its first token.
+  /// While a handler is called that is the beginning of the tag or the text.
   std::int64_t byteOffset() const;
 
  private:

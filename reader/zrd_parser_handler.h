@@ -16,7 +16,7 @@ enum class Place : std::uint8_t;
 
 /// Builds the tree of a document. It has one cursor, the current element: the element of a start
 /// tag is made, gets its attributes, is put below the current element by the rule of its name, and
-/// becomes the current element itself. What may stand where is decided by the elements.
+/// becomes the current element itself. Which element may be where is decided by the elements.
 ///
 /// The document is in a batch from the constructor to the end of the Canvas. Unknown names are
 /// skipped. Bad data, a refused child or a bad value throws dom::DomException. A document that is

@@ -6,7 +6,7 @@ namespace vantry::reader {
 
 namespace {
 
-TEST(InQuotes, StandsOnOneLine) {
+TEST(InQuotes, AreOnOneLine) {
   EXPECT_EQ(inQuotes(""), "''");
   EXPECT_EQ(inQuotes("red"), "'red'");
   EXPECT_EQ(inQuotes("1\n2\t3\x01\x7f"), "'1 2 3  '");

@@ -1,4 +1,4 @@
-// A handler that writes down what it is told.
+// A handler that records its calls.
 #pragma once
 
 #include <cstdint>

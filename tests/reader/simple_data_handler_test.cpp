@@ -74,7 +74,7 @@ TEST(SimpleDataHandler, CollectsTheTextOfAnElement) {
   EXPECT_EQ(collector.texts, Texts{"one"});
 }
 
-TEST(SimpleDataHandler, TextCutAcrossBlocksStandsJoined) {
+TEST(SimpleDataHandler, TextCutAcrossBlocksIsJoined) {
   Collector collector;
   collector.parse({"<a>one", "two</a>"});
   EXPECT_EQ(collector.pieces, (Texts{"one", "two"}));

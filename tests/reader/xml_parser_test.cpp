@@ -48,7 +48,7 @@ extern "C" XML_Parser XML_ParserCreateNS(const XML_Char* encoding, XML_Char sepa
   return refuseToCreate ? nullptr : XML_ParserCreate_MM(encoding, &memory, namespaceSeparator);
 }
 
-TEST(XmlParser, TellsElementsAndAttributesInOrder) {
+TEST(XmlParser, ReportsElementsAndAttributesInOrder) {
   EXPECT_EQ(eventsOf("<a x='1' y='2'><b/><c z=''></c></a>"), "<a x=1 y=2><b></b><c z=></c></a>");
 }
 
@@ -59,7 +59,7 @@ TEST(XmlParser, SplitsNamespaceAndLocalName) {
             "<{urn:one}a x=1 {urn:two}y=2><{urn:two}b></{urn:two}b></{urn:one}a>");
 }
 
-TEST(XmlParser, TellsNamespacesApartThatBeginAlike) {
+TEST(XmlParser, DistinguishesNamespacesThatBeginAlike) {
   EXPECT_EQ(
       eventsOf("<p:a xmlns:p='urn:a' xmlns:q='urn:ab' p:x='1' q:x='2'><q:b/><p:c/></p:a>"),
       "<{urn:a}a {urn:a}x=1 {urn:ab}x=2><{urn:ab}b></{urn:ab}b><{urn:a}c></{urn:a}c></{urn:a}a>");
@@ -163,7 +163,7 @@ TEST(XmlParser, EmptyDocumentFails) {
   EXPECT_EQ(handler.log, "failed;");
 }
 
-TEST(XmlParser, ErrorTellsItsPlace) {
+TEST(XmlParser, ErrorHasAPlace) {
   RecordingHandler handler;
   vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_FALSE(parseWhole(parser, "<a>\n  <b></c>\n</a>"));
@@ -173,7 +173,7 @@ TEST(XmlParser, ErrorTellsItsPlace) {
   EXPECT_EQ(handler.log, "<a><b>failed;");
 }
 
-TEST(XmlParser, StandsAtTheStartBeforeAnyBlock) {
+TEST(XmlParser, IsAtTheStartBeforeAnyBlock) {
   RecordingHandler handler;
   const vantry::reader::Parser parser(&handler, true, nullptr);
   EXPECT_EQ(parser.errorCode(), XML_ERROR_NONE);
@@ -358,7 +358,7 @@ std::pair<std::int64_t, std::int64_t> blocksOfError(const std::string& document)
 
 // `before` and the filling are in front of `error`, whose last byte shows that it is one. That byte
 // is the last of a block, too, and the first of one.
-TEST(XmlParser, TellsTheBlockInWhichALongTokenIsWrong) {
+TEST(XmlParser, NamesTheBlockInWhichALongTokenIsWrong) {
   const struct {
     const char* before;
     const char* error;
@@ -402,7 +402,7 @@ TEST(XmlParser, TellsTheBlockInWhichALongTokenIsWrong) {
   }
 }
 
-TEST(XmlParser, TellsThatTheEndIsWrong) {
+TEST(XmlParser, ReportsThatTheEndIsWrong) {
   for (const std::size_t size : {511u, 512u, 513u, 51'200u}) {
     for (const char* start : {"<a>", "<a b='", "<a><!--", "<a><![CDATA["}) {
       std::string document = start;

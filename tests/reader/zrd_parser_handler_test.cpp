@@ -108,7 +108,7 @@ TEST(ZrdParserHandler, TakesAttributesOfTheFormatsNamespace) {
   EXPECT_EQ(reading.complaints(), "");
 }
 
-TEST(ZrdNames, NamespaceOfTheFormatIsToldByItsEnd) {
+TEST(ZrdNames, NamespaceOfTheFormatIsKnownByItsEnd) {
   EXPECT_TRUE(isFormatNamespace("http://www.example.org/xml/Corvane"));
   EXPECT_TRUE(isFormatNamespace("/xml/Corvane"));
   EXPECT_FALSE(isFormatNamespace("fooxml/Corvane"));
