@@ -10,7 +10,7 @@
 namespace vantry::javaview {
 
 /// Writes the colours of points in the plane (P2) or in space (P3), and the means of some of them.
-/// An index past the end of the points stands for the last of them.
+/// An index past the end of the points means the last of them.
 template <class Point>
 class PointColors {
  public:
