@@ -9,7 +9,7 @@ namespace vantry::driver {
 /// was wrong with the document. Everything else about the end stays as it is.
 void announceAbnormalEnds();
 
-/// While this lives, the announcement names the place at which the parser stands.
+/// While this lives, the announcement names the place that the parser has reached.
 class PlaceInInput {
  public:
   explicit PlaceInInput(const reader::Parser& parser);

@@ -9,7 +9,7 @@ namespace vantry::driver {
 /// A file, or standard output. What cannot be opened or written ends the program.
 class Output {
  public:
-  /// Creates the file `name`, or empties it if it exists. Null stands for standard output.
+  /// Creates the file `name`, or empties it if it exists. Null means standard output.
   explicit Output(const char* name);
 
   std::ostream& stream() { return stream_; }

@@ -1,4 +1,4 @@
-// What the program tells its user, on standard error.
+// What the program reports to its user, on standard error.
 #pragma once
 
 namespace vantry::driver {

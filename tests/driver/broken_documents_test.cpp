@@ -124,7 +124,7 @@ TEST_F(BrokenDocument, DisplayCutOff) {
   expectNoSceneWhenCutOff(example("camera_animated.zrd"), display, 11);
 }
 
-TEST_F(BrokenDocument, CutOffTellsItsPlace) {
+TEST_F(BrokenDocument, CutOffNamesItsPlace) {
   const struct {
     const char* document;
     const char* error;

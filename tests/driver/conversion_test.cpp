@@ -71,7 +71,7 @@ std::string inImage(const std::string& content) {
   return inPlane("<Obj2d Type=\"Curve2d\"><Img2d>" + content + "</Img2d></Obj2d>");
 }
 
-/// The date of an output, as if the clock that it was read from stood in Greenwich.
+/// The date of an output, as if it were that of Greenwich.
 std::time_t dateOf(const std::string& output) {
   const std::string_view begin = "<meta date=\"";
   std::istringstream text(output.substr(output.find(begin) + begin.size()));
@@ -201,7 +201,7 @@ TEST_F(Conversion, FileThatIsInputAndOutputIsEmptiedFirst) {
   EXPECT_EQ(outcome.err, "Warning: parser error '3' [line 1 column 0]\n" + noScene);
 }
 
-TEST_F(Conversion, ParserErrorTellsItsPlace) {
+TEST_F(Conversion, ParserErrorNamesItsPlace) {
   write("broken.zrd", "<Canvas>\n<Scene3d>\n   </Scene2d></Canvas>\n");
   const Outcome outcome = run({"broken.zrd"});
   EXPECT_EQ(outcome.status, 2);

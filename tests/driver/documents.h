@@ -92,7 +92,7 @@ inline std::string undated(const std::string& output) {
   return std::regex_replace(output, date, "date=\"DATE\"", std::regex_constants::format_first_only);
 }
 
-/// How often the one text stands in the other, without overlapping itself.
+/// How often the one text is in the other, without overlapping itself.
 inline std::size_t countOf(const std::string& what, const std::string& text) {
   std::size_t count = 0;
   for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += what.size()) {

@@ -12,7 +12,7 @@ std::string warningOf(int code, int line, int column) {
 
 }  // namespace
 
-TEST(Reporting, ParserWarningTellsErrorAndPlace) {
+TEST(Reporting, ParserWarningNamesErrorAndPlace) {
   EXPECT_EQ(warningOf(7, 3, 5), "Warning: parser error '7' [line 3 column 5]\n");
 }
 

@@ -16,7 +16,7 @@ enum class End {
 /// A document of `n` items and the way that it is converted.
 struct Shape {
   const char* name;
-  std::size_t items;  ///< enough of them to tell a line from a parabola
+  std::size_t items;  ///< enough of them to distinguish a line from a parabola
   std::string (*document)(std::size_t n);
   std::vector<std::string> arguments = {};
   End end = End::success;
