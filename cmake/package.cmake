@@ -16,7 +16,7 @@ install(FILES
   ${PROJECT_BINARY_DIR}/vantryConfig.cmake ${PROJECT_BINARY_DIR}/vantryConfigVersion.cmake
   DESTINATION ${package_dir} COMPONENT development)
 
-# The same for pkg-config. A library stands before those it is linked to.
+# The same for pkg-config. A library comes before those it is linked to.
 get_property(libraries GLOBAL PROPERTY vantry_libraries)
 list(REVERSE libraries)
 list(TRANSFORM libraries PREPEND -l)
