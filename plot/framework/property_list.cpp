@@ -22,11 +22,13 @@ void PropertyList::inheritAll(PlotElement& element) const {
 }
 
 void PropertyList::dropAllInherited(PlotElement& element) const {
+  const bool wasInDocument = element.isInDocument();
   for (std::size_t i = 0; i < size_; ++i) {
     const Property& property = inNameOrder(i);
     if (property.isMandatory()) continue;
     const PlotElement* parent = element.styleParent(property.name());
     if (parent) property.dropIfInherited(element, *parent);
+    if (element.isInDocument() != wasInDocument) return;  // an observer has moved it
   }
 }
 
