@@ -1,10 +1,9 @@
 #include "vantry/check/checking_reader.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 
 #include "vantry/base/scan.h"
-#include "vantry/base/text_errors.h"
 #include "vantry/check/names.h"
 #include "vantry/check/values.h"
 #include "vantry/check/xml_errors.h"
@@ -84,9 +83,8 @@ bool passes(Action action) {
     action();
     return true;
   } catch (const DomException&) {
-  } catch (const base::BadUnicodeString&) {
+    return false;
   }
-  return false;
 }
 
 }  // namespace
@@ -139,9 +137,7 @@ void CheckingReader::markDamaged() {
   if (current()) origins_.damaged.insert(current());
 }
 
-void CheckingReader::refused(const plot::Refusal& refusal) {
-  refusal_ = {refusal.kind, refusal.detail};
-}
+void CheckingReader::refused(const plot::Refusal& refusal) { refusal_ = refusal.kind; }
 
 // Names.
 
@@ -306,16 +302,16 @@ void CheckingReader::reportMisplaced(Token name, const AttributeList& attributes
     return;
   }
   const ClassFacts& parent = *factsOf(current()->tagName());
-  Finding finding = {.kind = refusal_ ? kindOf(refusal_->kind) : Kind::refusedElement,
-                     .subject = name.str(),
-                     .element = parent.name.str()};
+  Finding finding = {
+      .kind = Kind::tooManyChildren, .subject = name.str(), .element = parent.name.str()};
   std::vector<std::string> help;
   if (!parent.takes(name)) {
     finding.kind = Kind::misplacedElement;
     help = {inOtherDimension(parent, name.str()), wayInto(parent, name)};
     if (help[0].empty() && help[1].empty()) help.push_back(contentInWords(parent));
     help.push_back(parentsInWords(name));
-  } else if (finding.kind == Kind::misplacedElement) {  // by its type, for its name may be there
+  } else if (refusal_ == plot::RefusalKind::foreignChild) {
+    // It is refused for its type, as its name may be here.
     const auto type = std::ranges::find_if(attributes, [](const reader::Attribute& attribute) {
       return attribute.attributeId == static_cast<std::uint32_t>(WordId::Type);
     });
@@ -324,12 +320,9 @@ void CheckingReader::reportMisplaced(Token name, const AttributeList& attributes
     findings_.add(finding, placeOfValue(Word::Type),
                   {"cameras and lights belong directly into the coordinate system"});
     return;
-  } else {
-    finding.kind = Kind::tooManyChildren;
-    if (const dom::Node* present = current()->firstChildByName(name)) {
-      const int line = source_.placeOf({origins_.tagOf(*present), 0}).line;
-      help.push_back("the first one is in line " + std::to_string(line));
-    }
+  } else if (const dom::Node* present = current()->firstChildByName(name)) {
+    const int line = source_.placeOf({origins_.tagOf(*present), 0}).line;
+    help.push_back("the first one is in line " + std::to_string(line));
   }
   findings_.add(finding, where, std::move(help));
 }
@@ -353,7 +346,8 @@ void CheckingReader::setAttribute(PlotElement& element, Token name, const char* 
 
 void CheckingReader::reportValue(const PlotElement& element, Token name, const char* value) {
   const Property* property = element.findProperty(name);
-  Finding finding = {.kind = refusal_ ? kindOf(refusal_->kind) : Kind::badValue,
+  const bool isOutOfRange = refusal_ == plot::RefusalKind::illegalValue;
+  Finding finding = {.kind = isOutOfRange ? Kind::valueOutOfRange : Kind::badValue,
                      .subject = name.str(),
                      .element = element.tagName().str(),
                      .detail = shortened(value)};
@@ -365,9 +359,7 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
                   {question(nearest), attributesInWords(facts)});
     return;
   }
-  std::vector<std::string> help = helpForValue(*property, value);
-  if (finding.kind == Kind::unsuitableValue) help = {refusal_->detail};
-  findings_.add(finding, placeOfValue(name), std::move(help));
+  findings_.add(finding, placeOfValue(name), helpForValue(*property, value));
 }
 
 // An element without what it needs gets something in its place, so that what is in it is read.
@@ -407,26 +399,20 @@ void CheckingReader::characters(const char* data, std::size_t length) {
 void CheckingReader::endElement(std::uint32_t namespaceId, std::uint32_t elementId) {
   const auto word = static_cast<WordId>(elementId);
   const bool isPoint = word == WordId::P2 || word == WordId::P3;
-  if (!passes([&] { ZrdParserHandler::endElement(namespaceId, elementId); })) {
-    findings_.add({.kind = Kind::refusedElement, .subject = base::tokenOf(word).str()},
-                  source_.nameIn(here()));
-  } else if (isPoint && !isPointRefused_) {
-    reviewPoint(word);
-  }
+  ZrdParserHandler::endElement(namespaceId, elementId);
+  if (isPoint && !isPointRefused_) reviewPoint(word);
   isPointRefused_ = false;
   open_.pop_back();
 }
 
 void CheckingReader::endContent(WordId element) {
+  if (reader::attachmentRule(element).content != reader::Content::words) {
+    return ZrdParserHandler::endContent(element);  // any text is taken
+  }
   if (passes([&] { ZrdParserHandler::endContent(element); })) return;
   if (origins_.isDamaged(*current())) return;  // what is missing was refused before
   markDamaged();
-  if (reader::attachmentRule(element).content == reader::Content::words) {
-    reportTooFewCells();
-  } else {
-    findings_.add({.kind = Kind::refusedContent, .element = base::tokenOf(element).str()},
-                  source_.textBefore(here()));
-  }
+  reportTooFewCells();
 }
 
 void CheckingReader::reportTooFewCells() {

@@ -47,12 +47,6 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
     bool isForeign;  ///< of another namespace
   };
 
-  /// What the model refused last.
-  struct LastRefusal {
-    plot::RefusalKind kind;
-    std::string detail;
-  };
-
   bool lookupElement(std::string_view namespaceUri, const char* localName,
                      std::uint32_t& outNamespaceId, std::uint32_t& outElementId) override;
   bool lookupAttribute(std::string_view namespaceUri, const char* localName,
@@ -94,7 +88,7 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   Findings& findings_;
   reader::Parser parser_;
   Origins origins_;
-  std::optional<LastRefusal> refusal_;
+  std::optional<plot::RefusalKind> refusal_;  // the last one
   std::vector<UnknownName> unknownNames_;
   std::unordered_set<std::string> foreignNamespaces_;  // that were reported
   std::vector<std::size_t> open_;                      // the tags of the open elements

@@ -7,7 +7,6 @@
 
 namespace vantry::check {
 
-using plot::RefusalKind;
 using reader::PointError;
 
 namespace {
@@ -43,8 +42,6 @@ constexpr Row rows[] = {
      "{element} takes no further {subject}"},
     {Kind::foreignAttribute,   {"foreign-attribute",    error,   "An attribute is on an element that does not have it."},
      "{element} has no attribute {subject}"},
-    {Kind::refusedElement,     {"refused-element",      error,   "An element is refused."},
-     "this {subject} is refused"},
 
     {Kind::missingAttribute,   {"missing-attribute",    error,   "An attribute that must be given is missing or empty."},
      "{element} needs the attribute {subject}"},
@@ -54,10 +51,6 @@ constexpr Row rows[] = {
      "{subject} knows no word \"{detail}\""},
     {Kind::valueOutOfRange,    {"value-out-of-range",   error,   "A value is outside of the range of its attribute."},
      "the value {detail} is outside of the range of {subject}"},
-    {Kind::unsuitableValue,    {"unsuitable-value",     error,   "A value cannot be kept."},
-     "\"{detail}\" cannot be kept as a value of {subject}"},
-    {Kind::refusedContent,     {"refused-content",      error,   "The content of an element is refused."},
-     "the content of this {element} is refused"},
     {Kind::misplacedPoint,     {"misplaced-point",      error,   "A point is in an element that takes none of its dimension."},
      "{element} takes no {subject}"},
     {Kind::mixedPoints,        {"mixed-points",         error,   "Only some points of a list have a normal or colours."},
@@ -89,8 +82,6 @@ constexpr Row rows[] = {
      "a time range has a finite begin and end"},
     {Kind::textNotWritable,    {"text-not-writable",    error,   "A text cannot be written in the character set of the locale."},
      "the character set of the locale does not have all characters of a text that is to be written"},
-    {Kind::notConvertible,     {"not-convertible",      error,   "The document cannot be converted."},
-     "the document cannot be converted: {detail}"},
 
     {Kind::replacedElement,    {"replaced-element",     warning, "An element that there can be once takes the place of another."},
      "this {subject} takes the place of the one before it"},
@@ -128,29 +119,6 @@ constexpr Row rows[] = {
      "this style comes after an object that it is for, and has no effect on its primitives"},
     {Kind::textNotInLocale,    {"text-not-in-locale",   warning, "The character set of the locale does not have a character."},
      "the character set of the locale does not have all characters of this text"},
-};
-
-struct RefusalRow {
-  RefusalKind refusal;
-  Kind kind;
-};
-
-// What is not here cannot come of a document that is read, or is known by its place alone.
-constexpr RefusalRow refusals[] = {
-    {RefusalKind::unknownProperty,  Kind::foreignAttribute},
-    {RefusalKind::foreignAttribute, Kind::foreignAttribute},
-    {RefusalKind::mandatoryMissing, Kind::missingAttribute},
-    {RefusalKind::illegalText,      Kind::badValue},
-    {RefusalKind::illegalNumber,    Kind::badValue},
-    {RefusalKind::emptyOptionName,  Kind::badValue},
-    {RefusalKind::unsuitableValue,  Kind::unsuitableValue},
-    {RefusalKind::illegalValue,     Kind::valueOutOfRange},
-    {RefusalKind::foreignChild,     Kind::misplacedElement},
-    {RefusalKind::illegalOption,    Kind::misplacedElement},
-    {RefusalKind::optionTwice,      Kind::tooManyChildren},
-    {RefusalKind::illegalType,      Kind::misplacedObject},
-    {RefusalKind::colorsMissing,    Kind::tooFewCells},
-    {RefusalKind::valuesMissing,    Kind::tooFewCells},
 };
 
 struct PointRow {
@@ -208,14 +176,8 @@ std::string sentenceOf(const Finding& finding) {
   return sentence.append(rest);
 }
 
-Kind kindOf(RefusalKind refusal) {
-  const auto* row = std::ranges::find(refusals, refusal, &RefusalRow::refusal);
-  return row == std::end(refusals) ? Kind::refusedElement : row->kind;
-}
-
 Kind kindOf(PointError refusal) {
-  const auto* row = std::ranges::find(points, refusal, &PointRow::error);
-  return row == std::end(points) ? Kind::refusedContent : row->kind;
+  return std::ranges::find(points, refusal, &PointRow::error)->kind;
 }
 
 }  // namespace vantry::check

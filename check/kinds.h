@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "vantry/check/diagnostic.h"
-#include "vantry/plot/framework/refusal.h"
 #include "vantry/reader/data_parsing.h"
 
 namespace vantry::check {
@@ -24,14 +23,11 @@ enum class Kind : std::uint8_t {
   misplacedObject,
   tooManyChildren,
   foreignAttribute,
-  refusedElement,
   // Values and data.
   missingAttribute,
   badValue,
   unknownWord,
   valueOutOfRange,
-  unsuitableValue,
-  refusedContent,
   misplacedPoint,
   mixedPoints,
   wrongCount,
@@ -48,7 +44,6 @@ enum class Kind : std::uint8_t {
   endlessArc,
   endlessTimeRange,
   textNotWritable,
-  notConvertible,
   // What is hardly meant.
   replacedElement,
   strayText,
@@ -82,8 +77,7 @@ std::string_view codeOf(Kind kind);
 Severity severityOf(Kind kind);
 std::string sentenceOf(const Finding& finding);
 
-/// The kind of what the model, or the reader of points, refuses.
-Kind kindOf(plot::RefusalKind refusal);
+/// The kind of what the reader of points refuses.
 Kind kindOf(reader::PointError refusal);
 
 }  // namespace vantry::check

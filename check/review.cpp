@@ -7,7 +7,6 @@
 #include "vantry/base/text_errors.h"
 #include "vantry/base/unicode_converter.h"
 #include "vantry/dom/tree_walk.h"
-#include "vantry/javaview/export_error.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
 #include "vantry/plot/elements/expr.h"
@@ -44,7 +43,7 @@ void Review::run() {
   reviewTexts(*canvas);
   reviewStyles(*canvas);
   reviewScenes(*canvas);
-  if (!findings_.hasErrors()) tryToConvert();
+  if (hasForeignText_ && !findings_.hasErrors()) tryToWriteTexts();
 }
 
 void Review::reviewTimeRange(const PlotElement& canvas) {
@@ -56,6 +55,8 @@ void Review::reviewTimeRange(const PlotElement& canvas) {
 }
 
 namespace {
+
+constexpr const char* otherLocale = "run the program in a locale with UTF-8, such as C.UTF-8";
 
 bool isNativeText(const char* text) {
   for (int length = base::nativeCharacterLength(text); length != 0;
@@ -72,8 +73,8 @@ void Review::reviewTexts(const PlotElement& canvas) {
   dom::walkSubtree<const dom::Node>(canvas, [this](const dom::Node& node) {
     const bool isText = node.nodeType() == dom::Node::TextNode;
     if (isText && node.nodeValue() && !isNativeText(node.nodeValue())) {
-      add({.kind = Kind::textNotInLocale}, *node.parent(),
-          {"run the program in a locale with UTF-8, such as C.UTF-8"});
+      hasForeignText_ = true;
+      add({.kind = Kind::textNotInLocale}, *node.parent(), {otherLocale});
     }
     return true;
   });
@@ -210,23 +211,14 @@ void Review::reviewAnimation(const PlotElement& element, Token frame) {
   }
 }
 
-// All reasons not to convert a document have been looked for, with their places. This makes sure.
-void Review::tryToConvert() {
-  const PlotElement& canvas = *document_.documentElement();
-  const auto refuse = [&](const char* reason) {
-    add({.kind = Kind::notConvertible, .detail = reason}, canvas);
-  };
+// Not all texts are written, and nobody but the writers knows which.
+void Review::tryToWriteTexts() {
   try {
     std::ostream nowhere(nullptr);
     javaview::JVXWriter(&document_).write(nowhere, plot::nan);
     javaview::JVDWriter(&document_).write(nowhere, plot::nan);
-  } catch (const javaview::JavaViewExportError& failure) {
-    refuse(failure.what());
   } catch (const base::BadUnicodeString&) {
-    add({.kind = Kind::textNotWritable}, canvas,
-        {"run the program in a locale with UTF-8, such as C.UTF-8"});
-  } catch (const dom::DomException& failure) {
-    refuse(failure.what());
+    add({.kind = Kind::textNotWritable}, *document_.documentElement(), {otherLocale});
   }
 }
 

@@ -53,7 +53,7 @@ class Review {
   void reviewObject(const plot::ObjectBase& object, bool isTransformed);
   void reviewImages(const plot::ObjectBase& object, Token image);
   void reviewAnimation(const PlotElement& element, Token frame);
-  void tryToConvert();
+  void tryToWriteTexts();
 
   // review_primitives.cpp: what objects are made of.
   void reviewPrimitive(const PlotElement& primitive, const plot::ObjectBase& object);
@@ -78,6 +78,7 @@ class Review {
   ViewingBox box_;
   bool is2d_ = false;
   bool hasTimeRange_ = false;
+  bool hasForeignText_ = false;  // that the locale does not have
 };
 
 }  // namespace vantry::check
