@@ -507,15 +507,16 @@ void CheckingReader::refuseCell(const char* word) {
 }
 
 void CheckingReader::reportNotWellFormed() {
-  const XmlError error = describeXmlError(parser_.errorCode(), source_.text());
-  Span where{here(), 0};
-  std::vector<std::string> help = {error.help};
-  if (!open_.empty() && error.concernsOpenElement) {
+  auto [mistake, concernsOpenElement] =
+      describeXmlError(parser_.errorCode(), source_.text(), here());
+  std::vector<std::string> help = std::move(mistake.help);
+  if (!open_.empty() && concernsOpenElement) {
     const Span name = source_.nameIn(open_.back());
-    help.insert(help.begin(), "the element that is open is " + std::string(source_.textOf(name)) +
+    help.insert(help.begin(), "the element that is open is " + shortened(source_.textOf(name)) +
                                   " in line " + std::to_string(source_.placeOf(name).line));
   }
-  findings_.add({.kind = Kind::notWellFormed, .detail = error.reason}, where, std::move(help));
+  findings_.add({.kind = Kind::notWellFormed, .detail = mistake.reason}, {mistake.place, 0},
+                std::move(help));
 }
 
 }  // namespace vantry::check

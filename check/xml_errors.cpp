@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <utility>
 
 namespace vantry::check {
 
@@ -31,8 +33,8 @@ constexpr Row rows[] = {
     {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself"},
     {XML_ERROR_BAD_CHAR_REF,            "there is no character of this number in XML"},
     {XML_ERROR_MISPLACED_XML_PI,        "<?xml ...?> is not at the very beginning"},
-    {XML_ERROR_UNKNOWN_ENCODING,        "the encoding that the document names is not known", "use UTF-8"},
-    {XML_ERROR_INCORRECT_ENCODING,      "the document is not in the encoding that it names"},
+    {XML_ERROR_UNKNOWN_ENCODING,        "the encoding that the document names is not known", "it may be UTF-8, UTF-16, ISO-8859-1 or US-ASCII; a file in any other is converted by iconv"},
+    {XML_ERROR_INCORRECT_ENCODING,      "the document is not in the encoding that it names", "a document that names none is in UTF-8 or UTF-16"},
     {XML_ERROR_UNCLOSED_CDATA_SECTION,  "a <![CDATA[ section is not closed", "it ends with ]]>"},
     {XML_ERROR_UNBOUND_PREFIX,          "a prefix belongs to no namespace", "declare it, as in xmlns:my=\"...\""},
     {XML_ERROR_XML_DECL,                "<?xml ...?> is not right", "it is written as <?xml version=\"1.0\" encoding=\"UTF-8\"?>"},
@@ -56,18 +58,37 @@ constexpr struct {
 
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
 
+/// What the document itself shows of an error.
+std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view document,
+                                         std::size_t offset) {
+  switch (code) {
+    case XML_ERROR_INVALID_TOKEN:
+      return mistakeInToken(document, offset);
+    case XML_ERROR_UNCLOSED_TOKEN:
+      return mistakeInUnclosedToken(document, offset);
+    case XML_ERROR_DUPLICATE_ATTRIBUTE:
+      return mistakeInSecondAttribute(document, offset);
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
-XmlError describeXmlError(std::int32_t code, std::string_view document) {
-  if (isBlank(document)) return {"the document is empty", "", false};
-  const auto* format = std::ranges::find_if(
-      otherFormats, [&](const auto& other) { return document.starts_with(other.beginning); });
+XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset) {
+  if (isBlank(document)) return {{"the document is empty", {}, offset}, false};
   const auto* row = std::ranges::find(rows, code, &Row::code);
   const bool isKnown = row != std::end(rows);
-  XmlError error = {isKnown ? row->reason : "this is not well-formed XML", isKnown ? row->help : "",
-                    isKnown && row->concernsOpenElement};
-  if (format != std::end(otherFormats)) error.help = format->help;
-  return error;
+  MarkupMistake mistake{
+      isKnown ? row->reason : "this is not well-formed XML", {isKnown ? row->help : ""}, offset};
+  const auto* format = std::ranges::find_if(
+      otherFormats, [&](const auto& other) { return document.starts_with(other.beginning); });
+  if (format != std::end(otherFormats)) {
+    mistake.help = {format->help};
+  } else if (auto found = findMistake(code, document, offset)) {
+    return {std::move(*found), false};
+  }
+  return {std::move(mistake), isKnown && row->concernsOpenElement};
 }
 
 }  // namespace vantry::check

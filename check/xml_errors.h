@@ -1,19 +1,20 @@
 // The reasons of the XML parser, in words.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
+
+#include "vantry/check/markup_mistakes.h"
 
 namespace vantry::check {
 
 struct XmlError {
-  std::string reason;        ///< a sentence
-  std::string help;          ///< empty where there is none
+  MarkupMistake mistake;
   bool concernsOpenElement;  ///< whether it helps to know which element is open
 };
 
-/// What an error of the parser means for a document.
-XmlError describeXmlError(std::int32_t code, std::string_view document);
+/// What an error of the parser, which has come to `offset`, means for a document.
+XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset);
 
 }  // namespace vantry::check

@@ -1,0 +1,29 @@
+// What is wrong where the XML parser cannot go on, as people see it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantry::check {
+
+struct MarkupMistake {
+  std::string reason;             ///< a sentence
+  std::vector<std::string> help;  ///< further sentences
+  std::size_t place;              ///< the byte at which it is to be shown
+};
+
+/// The mistake for which a token of the document is invalid at `offset`. Nothing where that is not
+/// clear, and for documents in UTF-16.
+std::optional<MarkupMistake> mistakeInToken(std::string_view document, std::size_t offset);
+
+/// The mistake for which the token that begins at `offset` does not end.
+std::optional<MarkupMistake> mistakeInUnclosedToken(std::string_view document, std::size_t offset);
+
+/// The attribute that is the second of its name in a tag, and begins at `offset`.
+std::optional<MarkupMistake> mistakeInSecondAttribute(std::string_view document,
+                                                      std::size_t offset);
+
+}  // namespace vantry::check
