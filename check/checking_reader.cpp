@@ -63,6 +63,42 @@ std::string parentsInWords(Token element) {
   return std::string(element.str()) + " can be in " + listOf(facts->parents, "or");
 }
 
+// clang-format off
+constexpr struct {
+  Token element;
+  Token attribute;
+  std::string_view value;
+} exampleValues[] = {
+    {Word::Obj2d,       Word::Type, "Curve2d"},
+    {Word::Obj3d,       Word::Type, "Surface"},
+    {Word::ObjStyle,    Word::Type, "Default"},
+    {Word::ObjType,     Word::Type, "Curve2d"},
+    {Word::Transform2d, Word::Type, "Translate2d"},
+    {Word::Transform3d, Word::Type, "Translate3d"},
+    {Word::Expr,        Word::Opt,  "Function"},
+    {Word::ExprSeq,     Word::Opt,  "XRange"},
+    {Word::ColorFunc,   Word::Opt,  "FillColorFunction"},
+    {Word::Prop,        Word::Opt,  "Mesh"},
+    {Word::Prop,        Word::Val,  "100"},
+    {Word::PropCat,     Word::Name, "Colours"},
+    {Word::PropInfo,    Word::Dom,  "LineColor"},
+};
+// clang-format on
+
+/// A value of an attribute that must be given, as a sentence.
+std::string exampleOf(const ClassFacts& element, Token attribute) {
+  const Property* property = element.property(attribute);
+  if (property && !property->allowedWords().empty()) {
+    return std::string(attribute.str()) + " is " + typeInWords(*property);
+  }
+  const auto* row = std::ranges::find_if(exampleValues, [&](const auto& example) {
+    return example.element == element.name && example.attribute == attribute;
+  });
+  if (row == std::end(exampleValues)) return {};
+  return "write for example " + std::string(attribute.str()) + "=\"" + std::string(row->value) +
+         '"';
+}
+
 /// The name in the other dimension, "Obj3d" for "Obj2d" and "P3" for "P2", if a parent takes that.
 std::string inOtherDimension(const ClassFacts& parent, std::string name) {
   const std::size_t digit = name.find_first_of("23");
@@ -238,7 +274,7 @@ void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t eleme
     return enterSkipped();
   }
   const Token name = base::tokenById(static_cast<int>(elementId));
-  if (name == Word::Canvas && reportSecondCanvas(name)) return enterSkipped();
+  if (name == Word::Canvas && reportSecondCanvas()) return enterSkipped();
 
   const bool isPoint = name == Word::P2 || name == Word::P3;
   const AttributeList known = knownAttributes(name, attributes);
@@ -272,12 +308,15 @@ void CheckingReader::leaveSkipped() {
   open_.pop_back();
 }
 
-bool CheckingReader::reportSecondCanvas(Token name) {
-  if (!hasCanvas_) {
-    hasCanvas_ = true;
+bool CheckingReader::reportSecondCanvas() {
+  if (!canvas_) {
+    canvas_ = here();
     return false;
   }
-  findings_.add({.kind = Kind::secondCanvas}, source_.nameIn(here()), {parentsInWords(name)});
+  const int line = source_.placeOf({*canvas_, 0}).line;
+  findings_.add({.kind = Kind::secondCanvas}, source_.nameIn(here()),
+                {"put what it holds into the one in line " + std::to_string(line) +
+                 ", or into a file of its own"});
   markDamaged();
   return true;
 }
@@ -296,7 +335,7 @@ void CheckingReader::reportReplacement(Token name) {
 void CheckingReader::reportMisplaced(Token name, const AttributeList& attributes) {
   const Span where = source_.nameIn(here());
   if (!current()) {
-    const Kind kind = hasCanvas_ ? Kind::misplacedElement : Kind::wrongRoot;
+    const Kind kind = canvas_ ? Kind::misplacedElement : Kind::wrongRoot;
     findings_.add({.kind = kind, .subject = name.str(), .element = "the document"}, where,
                   {parentsInWords(name)});
     return;
@@ -371,7 +410,7 @@ void CheckingReader::requireAttributes(PlotElement& element) {
     if (value && origins_.isDamaged(element)) continue;  // it was refused
     findings_.add(
         {.kind = Kind::missingAttribute, .subject = name.str(), .element = element.tagName().str()},
-        value.value_or(source_.nameIn(here())));
+        value.value_or(source_.nameIn(here())), {exampleOf(facts, name)});
   }
   origins_.damaged.insert(&element);
   for (const Token name : facts.required) {
@@ -467,6 +506,7 @@ void CheckingReader::describePoint(Finding& finding, Span& where,
                                    std::vector<std::string>& help) const {
   if (finding.kind == Kind::wrongCount) {
     finding.detail = countsInWords(text());
+    help.push_back(helpForNumber(text()));
   } else if (finding.kind == Kind::badNumber || finding.kind == Kind::badColor) {
     const bool isColor = finding.kind == Kind::badColor;
     const std::string_view bad = isColor ? firstBadColor(text()) : firstBadNumber(text());
@@ -477,19 +517,42 @@ void CheckingReader::describePoint(Finding& finding, Span& where,
   help.push_back(formOf(finding.subject));
 }
 
+bool CheckingReader::isLastPointFinite(WordId point) const {
+  if (point == WordId::P2) {
+    const plot::P2& last = reader::pointsInPlane(current())->points.back();
+    return std::isfinite(last.x) && std::isfinite(last.y);
+  }
+  const plot::P3& last = reader::pointsInSpace(current())->points.back();
+  return std::isfinite(last.x) && std::isfinite(last.y) && std::isfinite(last.z);
+}
+
+// Where a part of the text of the point that ends is in the document.
+Span CheckingReader::placeInPoint(std::string_view part) const {
+  const Span data = source_.textBefore(here());
+  const std::size_t at = source_.textOf(data).rfind(part);
+  return at == std::string_view::npos ? data : Span{data.begin + at, part.size()};
+}
+
+// The first of a list is enough.
+void CheckingReader::reportNotFinite(WordId point) {
+  if (!withInfinitePoint_.insert(current()).second) return;
+  const std::string_view number = firstNotFinite(text(), point == WordId::P2 ? 2 : 3);
+  const Span where =
+      source_.findWord(source_.textBefore(here()), number).value_or(placeInPoint(number));
+  findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, where);
+}
+
 // A point that was taken may have more to it than is looked at.
 void CheckingReader::reviewPoint(WordId point) {
+  if (!isLastPointFinite(point)) reportNotFinite(point);
   const int numbers = point == WordId::P2 ? 2 : 6;
   if (isPlainNumbers(text(), numbers)) return;
   const std::string_view unused = unusedPartOfPoint(text(), numbers);
   if (unused.empty()) return;
   const std::string name = base::tokenOf(point).str();
-  const Span data = source_.textBefore(here());
-  const std::size_t at = source_.textOf(data).rfind(unused);
-  const Span where = at == std::string_view::npos ? data : Span{data.begin + at, unused.size()};
   findings_.add(
-      {.kind = Kind::textAfterValue, .subject = "this " + name, .detail = shortened(unused)}, where,
-      {helpForNumber(unused), formOf(name)});
+      {.kind = Kind::textAfterValue, .subject = "this " + name, .detail = shortened(unused)},
+      placeInPoint(unused), {helpForNumber(unused), formOf(name)});
 }
 
 void CheckingReader::refuseCell(const char* word) {

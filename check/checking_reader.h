@@ -74,12 +74,15 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   void reportUnknownAttribute(Token element, const UnknownName& name);
   bool reportForeignNamespace(const UnknownName& name, Span where);
   reader::AttributeList knownAttributes(Token element, const reader::AttributeList& attributes);
-  bool reportSecondCanvas(Token name);
+  bool reportSecondCanvas();
   void reportReplacement(Token name);
   void reportMisplaced(Token name, const reader::AttributeList& attributes);
   void reportValue(const PlotElement& element, Token name, const char* value);
   void describePoint(Finding& finding, Span& where, std::vector<std::string>& help) const;
+  Span placeInPoint(std::string_view part) const;
   void reviewPoint(base::WordId point);
+  bool isLastPointFinite(base::WordId point) const;
+  void reportNotFinite(base::WordId point);
   void reportTooFewCells();
   void reportNotWellFormed();
 
@@ -93,9 +96,10 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   std::unordered_set<std::string> foreignNamespaces_;  // that were reported
   std::vector<std::size_t> open_;                      // the tags of the open elements
   std::unordered_set<const dom::Node*> withStrayText_;
-  std::size_t behindLastCell_ = 0;  // behind the last bad entry of an array
-  bool hasCanvas_ = false;
-  bool isPointRefused_ = false;  // the one that ends now
+  std::unordered_set<const dom::Node*> withInfinitePoint_;
+  std::optional<std::size_t> canvas_;  // where its tag begins
+  std::size_t behindLastCell_ = 0;     // behind the last bad entry of an array
+  bool isPointRefused_ = false;        // the one that ends now
 };
 
 }  // namespace vantry::check

@@ -92,7 +92,7 @@ constexpr Row rows[] = {
     {Kind::clampedValue,       {"clamped-value",        warning, "A value is moved into the range of its attribute."},
      "the value {detail} is outside of the range of {subject} and is moved into it"},
     {Kind::notFinite,          {"not-finite",           warning, "A coordinate is not finite."},
-     "{detail}"},
+     "\"{detail}\" is no finite number"},
     {Kind::noImageInHidden,    {"no-hidden-image",      warning, "A hidden object has no image."},
      "this {element}, which is hidden, has no {subject}"},
     {Kind::imageNotDrawn,      {"image-not-drawn",      warning, "The image of an object holds what its type does not draw."},

@@ -82,6 +82,12 @@ void Review::reviewTexts(const PlotElement& canvas) {
 
 namespace {
 
+/// An element as it is written, as a part of a sentence.
+std::string tagsOf(Token element) {
+  const std::string name = element.str();
+  return '<' + name + ">...</" + name + '>';
+}
+
 constexpr auto firstScene = firstOf<plot::SceneBase, plot::Scene2d, plot::Scene3d>;
 constexpr auto firstSystem =
     firstOf<plot::CoordinateSystemBase, plot::CoordinateSystem2d, plot::CoordinateSystem3d>;
@@ -100,7 +106,11 @@ void Review::reviewScenes(const PlotElement& canvas) {
   const plot::SceneBase* scene = firstScene(canvas.firstChild());
   if (!scene) {
     const bool isRead = origins_.tags.contains(&canvas);
-    if (isRead && !origins_.isDamaged(canvas)) add({.kind = Kind::noScene}, canvas);
+    if (isRead && !origins_.isDamaged(canvas)) {
+      add({.kind = Kind::noScene}, canvas,
+          {"put <Scene2d><CoordinateSystem2d>...</CoordinateSystem2d></Scene2d> into it, or the "
+           "same with 3d"});
+    }
     return;
   }
   if (const auto* second = firstScene(scene->nextSibling())) {
@@ -117,7 +127,7 @@ void Review::reviewScenes(const PlotElement& canvas) {
     add({.kind = Kind::noCoordinateSystem,
          .subject = name.str(),
          .element = scene->tagName().str()},
-        *scene);
+        *scene, {"put " + tagsOf(name) + " into it, around its objects"});
     return;
   }
   if (const auto* second = firstSystem(system->nextSibling())) {
@@ -159,8 +169,11 @@ void Review::reviewCoordinateSystem(const plot::CoordinateSystemBase& system) {
 
 void Review::reviewTransform(const PlotElement& transform, Token frame) {
   if (!transform.firstChildByName(frame) && !origins_.isDamaged(transform)) {
+    const bool isPlane = frame == Word::Tr2d;
     add({.kind = Kind::noMap, .subject = frame.str(), .element = transform.tagName().str()},
-        transform);
+        transform,
+        {isPlane ? "put for example <Tr2d Shift=\"2 0\"/> into it"
+                 : "put for example <Tr3d Shift=\"2 0 0\"/> into it"});
   }
   reviewAnimation(transform, frame);
 }
@@ -174,7 +187,7 @@ void Review::reviewObject(const plot::ObjectBase& object, bool isTransformed) {
     add({.kind = isNeeded ? Kind::noImage : Kind::noImageInHidden,
          .subject = image.str(),
          .element = object.tagName().str()},
-        object);
+        object, {"put what is to be drawn into it as " + tagsOf(image)});
     return;
   }
   reviewImages(object, image);

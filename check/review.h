@@ -58,7 +58,6 @@ class Review {
   // review_primitives.cpp: what objects are made of.
   void reviewPrimitive(const PlotElement& primitive, const plot::ObjectBase& object);
   void reviewDrawing(const PlotElement& primitive, const plot::ObjectBase& object);
-  void reviewPoints(const PlotElement& primitive);
   void reviewCounts(const PlotElement& primitive);
   void reviewMesh(const plot::Mesh3d& mesh);
   void reviewSurface(const plot::Surf3d& surface);

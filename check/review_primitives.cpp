@@ -33,7 +33,6 @@ using reader::pointsInSpace;
 
 void Review::reviewPrimitive(const PlotElement& primitive, const ObjectBase& object) {
   reviewDrawing(primitive, object);
-  reviewPoints(primitive);
   if (!origins_.isDamaged(primitive)) reviewCounts(primitive);
   reviewColors(primitive);
 }
@@ -64,35 +63,6 @@ void Review::reviewDrawing(const PlotElement& primitive, const ObjectBase& objec
     add({.kind = Kind::leftOut, .subject = name, .detail = "in space only a triangle is filled"},
         primitive, {"with Filled=\"0\" and LinesVisible=\"1\" it is a curve"});
   }
-}
-
-namespace {
-
-bool isFinite(const P2& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
-bool isFinite(const P3& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
-/// The number of the first point that is not finite, from 1; 0 if all are.
-template <class Point>
-std::int64_t firstNotFinite(const std::vector<Point>& points) {
-  const auto found = std::ranges::find_if(points, [](const Point& p) { return !isFinite(p); });
-  return found == points.end() ? 0 : found - points.begin() + 1;
-}
-
-}  // namespace
-
-void Review::reviewPoints(const PlotElement& primitive) {
-  const P2List* inPlane = pointsInPlane(&primitive);
-  const P3List* inSpace = pointsInSpace(&primitive);
-  std::int64_t number = 0;
-  if (inPlane) number = firstNotFinite(inPlane->points);
-  if (inSpace) number = firstNotFinite(inSpace->points);
-  if (number == 0) return;
-  add({.kind = Kind::notFinite,
-       .detail = "point " + std::to_string(number) + " of this " + primitive.tagName().str() +
-                 " is not finite"},
-      primitive);
 }
 
 namespace {
@@ -210,7 +180,7 @@ void Review::reviewArc(const Arc2d& arc) {
   try {
     javaview::emitArc2d(nowhere, arc);
   } catch (const javaview::JavaViewExportError&) {
-    add({.kind = Kind::endlessArc}, arc);
+    add({.kind = Kind::endlessArc}, arc, {"a full turn is 6.283185, as angles are in radians"});
   }
 }
 

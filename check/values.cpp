@@ -72,17 +72,6 @@ std::optional<double> numberIn(const base::Variant& value) {
   return std::nullopt;
 }
 
-bool isFinite(const plot::P2& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
-bool isFinite(const plot::P3& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
-bool hasFiniteCoordinates(const base::Variant& value) {
-  if (const auto point = value.as<plot::P2Variant>()) return isFinite(point->get());
-  if (const auto point = value.as<plot::P3Variant>()) return isFinite(point->get());
-  return true;
-}
-
 // clang-format off
 constexpr struct {
   std::string_view name;
@@ -131,6 +120,16 @@ std::string_view firstBadColor(std::string_view point) {
     plot::RGBA color;
     const bool isColor = plot::ColorParser::parse(color, std::string(word).c_str());
     if (word.starts_with('#') && !isColor) return word;
+  }
+  return {};
+}
+
+std::string_view firstNotFinite(std::string_view text, int most) {
+  for (std::string_view word = takeWord(text); most > 0 && !word.empty(); word = takeWord(text)) {
+    if (word.starts_with('#')) continue;
+    double number = 0;
+    if (base::scanDouble(std::string(word).c_str(), number) && !std::isfinite(number)) return word;
+    --most;
   }
   return {};
 }
@@ -207,21 +206,27 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
       return false;
     }
   }
-  const std::string_view unused = unusedPart(valueKind(property), text);
-  if (!unused.empty()) {
+  const auto placeOf = [&](std::string_view part) {
     const bool isAsWritten = where.size == text.size();  // and nothing of it was an entity
-    const auto begin = static_cast<std::size_t>(unused.data() - text.data());
-    const Span part = isAsWritten ? Span{where.begin + begin, unused.size()} : where;
-    findings.add({.kind = Kind::textAfterValue, .subject = name, .detail = shortened(unused)}, part,
-                 helpForValue(property, text));
+    const auto begin = static_cast<std::size_t>(part.data() - text.data());
+    return isAsWritten ? Span{where.begin + begin, part.size()} : where;
+  };
+  const ValueKind kind = valueKind(property);
+  const std::string_view unused = unusedPart(kind, text);
+  if (!unused.empty()) {
+    findings.add({.kind = Kind::textAfterValue, .subject = name, .detail = shortened(unused)},
+                 placeOf(unused), helpForValue(property, text));
   }
   const std::optional<double> number = numberIn(stored);
   double written = 0;
   const bool isMoved = unused.empty() && number && base::scanDouble(text.c_str(), written) &&
                        !std::isnan(written) && written != *number;
   if (isMoved) add(Kind::clampedValue, text, helpForValue(property, text));
-  if (!hasFiniteCoordinates(stored)) {
-    add(Kind::notFinite, "a coordinate of " + name + " is not finite");
+  const bool isPoint = kind == ValueKind::planePoint || kind == ValueKind::spacePoint;
+  const std::string_view infinite =
+      isPoint ? firstNotFinite(text, kind == ValueKind::planePoint ? 2 : 3) : std::string_view();
+  if (!infinite.empty()) {
+    findings.add({.kind = Kind::notFinite, .detail = shortened(infinite)}, placeOf(infinite));
   }
   return true;
 }

@@ -30,6 +30,10 @@ std::string_view firstBadNumber(std::string_view point);
 /// none.
 std::string_view firstBadColor(std::string_view point);
 
+/// The first of the numbers that a text begins with which is not finite, of at most so many; empty
+/// where there is none.
+std::string_view firstNotFinite(std::string_view text, int most);
+
 /// Whether each character of a point's text is one of those that plain numbers are written with,
 /// and there are no more than `most` words.
 bool isPlainNumbers(std::string_view point, int most);
