@@ -27,6 +27,10 @@ constexpr std::uint32_t unknownNames = 1;
 constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
 constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
+/// So much of a namespace is kept with each name that is in it. It is as long as its document
+/// likes, and what differs behind that is taken for the same.
+std::string_view beginningOf(std::string_view namespaceUri) { return namespaceUri.substr(0, 256); }
+
 std::string question(std::string_view nearest) {
   return nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?';
 }
@@ -179,7 +183,7 @@ void CheckingReader::refused(const plot::Refusal& refusal) { refusal_ = refusal.
 
 std::uint32_t CheckingReader::numberOf(std::string_view namespaceUri, const char* localName,
                                        bool isForeign) {
-  unknownNames_.push_back({std::string(namespaceUri), localName, isForeign});
+  unknownNames_.push_back({std::string(beginningOf(namespaceUri)), localName, isForeign});
   return static_cast<std::uint32_t>(unknownNames_.size() - 1);
 }
 
@@ -211,7 +215,9 @@ bool CheckingReader::lookupAttribute(std::string_view namespaceUri, const char* 
 bool CheckingReader::reportForeignNamespace(const UnknownName& name, Span where) {
   if (!name.isForeign) return false;
   const std::optional<Span> declaration = source_.valueIn(here(), "xmlns");
-  if (declaration && source_.textOf(*declaration) == name.namespaceUri) where = *declaration;
+  if (declaration && beginningOf(source_.textOf(*declaration)) == name.namespaceUri) {
+    where = *declaration;
+  }
   if (foreignNamespaces_.insert(name.namespaceUri).second) {
     findings_.add({.kind = Kind::unknownNamespace, .subject = shortened(name.namespaceUri)}, where,
                   {"plot documents have one that ends in /xml/Corvane, such as " +
@@ -223,7 +229,7 @@ bool CheckingReader::reportForeignNamespace(const UnknownName& name, Span where)
 
 void CheckingReader::reportUnknownElement(const UnknownName& name) {
   const Span where = source_.nameIn(here());
-  if (reportForeignNamespace(name, where)) return;
+  if (reportForeignNamespace(name, where) || findings_.isFull(Kind::unknownElement)) return;
   const ClassFacts* parent = current() ? factsOf(current()->tagName()) : nullptr;
   std::vector<std::string> help;
   if (name.localName == "jvx-model" || name.localName == "jv-disp") {
@@ -244,7 +250,7 @@ void CheckingReader::reportUnknownElement(const UnknownName& name) {
 
 void CheckingReader::reportUnknownAttribute(Token element, const UnknownName& name) {
   const Span where = placeOfAttribute(name.localName);
-  if (reportForeignNamespace(name, where)) return;
+  if (reportForeignNamespace(name, where) || findings_.isFull(Kind::unknownAttribute)) return;
   const ClassFacts* facts = factsOf(element);
   const std::string_view nearest =
       facts ? nearestName(name.localName, facts->propertyNames()) : std::string_view();
@@ -556,7 +562,10 @@ void CheckingReader::reviewPoint(WordId point) {
 }
 
 void CheckingReader::refuseCell(const char* word) {
+  markDamaged();
   const bool isColor = plot::isElementOf<plot::ColorArray2d>(*current());
+  const Kind kind = isColor ? Kind::badColor : Kind::badNumber;
+  if (findings_.isFull(kind)) return;
   constexpr std::size_t nearby = 4096;  // a word comes to its end in the block after its beginning
   const std::size_t begin =
       std::max({open_.back(), behindLastCell_, here() - std::min(here(), nearby)});
@@ -564,9 +573,8 @@ void CheckingReader::refuseCell(const char* word) {
   const Span where = source_.findWord(part, word).value_or(source_.nameIn(open_.back()));
   behindLastCell_ = where.begin + where.size;
   findings_.add(
-      {.kind = isColor ? Kind::badColor : Kind::badNumber, .detail = shortened(word)}, where,
+      {.kind = kind, .detail = shortened(word)}, where,
       {isColor ? helpForColorName(word) : "", isColor ? "a colour is #RRGGBB or #RRGGBBAA" : ""});
-  markDamaged();
 }
 
 void CheckingReader::reportNotWellFormed() {

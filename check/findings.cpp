@@ -7,13 +7,19 @@
 namespace vantry::check {
 
 void Findings::add(const Finding& finding, Span where, std::vector<std::string> help) {
-  constexpr int mostOfAKind = 10'000;
-  if (++counts_[finding.kind] > mostOfAKind) return;
+  if (isFull(finding.kind)) return;
+  ++counts_[finding.kind];
   const Severity severity = severityOf(finding.kind);
   hasErrors_ = hasErrors_ || severity == Severity::error;
   std::erase(help, std::string());
   diagnostics_.push_back({codeOf(finding.kind), severity, source_.placeOf(where),
                           sentenceOf(finding), std::move(help)});
+}
+
+bool Findings::isFull(Kind kind) const {
+  constexpr int mostOfAKind = 10'000;
+  const auto count = counts_.find(kind);
+  return count != counts_.end() && count->second == mostOfAKind;
 }
 
 std::vector<Diagnostic> Findings::take() {

@@ -16,6 +16,8 @@ class Findings {
 
   /// What is found too often of one kind is left out.
   void add(const Finding& finding, Span where, std::vector<std::string> help = {});
+  /// Whether a kind was found too often, so that there is no need to look for help.
+  bool isFull(Kind kind) const;
 
   bool hasErrors() const { return hasErrors_; }
 
@@ -25,7 +27,7 @@ class Findings {
  private:
   const Source& source_;
   std::vector<Diagnostic> diagnostics_;
-  std::map<Kind, int> counts_;
+  std::map<Kind, int> counts_;  // of those that were kept
   bool hasErrors_ = false;
 };
 

@@ -1,7 +1,8 @@
 #include "vantry/check/names.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstdlib>
+#include <iterator>
 #include <vector>
 
 namespace vantry::check {
@@ -47,6 +48,8 @@ std::string_view nearestName(std::string_view name, std::span<const base::Token>
   int nearest = std::max(letter, static_cast<int>(name.size()) * letter / 3);
   std::string_view found;
   for (const base::Token candidate : names) {
+    const auto more = std::ssize(std::string_view(candidate.str())) - std::ssize(name);
+    if (std::abs(more) * letter > nearest) continue;
     const int steps = distance(name, candidate.str());
     if (steps > nearest || (steps == nearest && !found.empty())) continue;
     nearest = steps;

@@ -62,7 +62,12 @@ class Takers {
     return first;
   }
 
-  std::vector<Token> types() const { return {types_.begin(), types_.end()}; }
+  /// The nearest of the types; empty if there is none, or if there are too many to look at.
+  std::string_view nearestType(Token type) const {
+    constexpr std::size_t most = 100;
+    if (types_.size() > most) return {};
+    return nearestName(type.str(), std::vector(types_.begin(), types_.end()));
+  }
 
  private:
   static Token typeOf(const dom::Node& node) {
@@ -120,7 +125,7 @@ void Review::reviewStyles(const PlotElement& canvas) {
     const std::vector<Token> classes = takers.classesIn(type, part);
     if (classes.empty()) {
       if (type == Word::Default) return true;
-      const std::string_view nearest = nearestName(type.str(), takers.types());
+      const std::string_view nearest = takers.nearestType(type);
       addAtValue({.kind = Kind::styleWithoutObject, .subject = type.str()}, *style, Word::Type,
                  {nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?'});
       return true;

@@ -1,12 +1,17 @@
 #include "vantry/check/source.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace vantry::check {
 
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
+
+/// Within so many bytes, characters are counted one by one.
+constexpr std::size_t blockSize = 1024;
 
 std::string_view localPart(std::string_view name) { return name.substr(name.rfind(':') + 1); }
 
@@ -17,40 +22,36 @@ int countCharacters(std::string_view text) {
   return static_cast<int>(std::ranges::count_if(text, begins));
 }
 
-void Source::countUpTo(std::size_t offset) const {
-  if (offset < counted_.offset) return countBackTo(offset);
-  const std::string_view between = text_.substr(counted_.offset, offset - counted_.offset);
-  const std::size_t lineBreak = between.rfind('\n');
-  if (lineBreak != between.npos) {
-    counted_.line += static_cast<int>(std::ranges::count(between, '\n'));
-    counted_.lineBegin = counted_.offset + lineBreak + 1;
-    counted_.column = 1;
+const Source::Index& Source::index() const {
+  if (index_) return *index_;
+  Index index;
+  std::size_t characters = 0;
+  for (std::size_t begin = 0; begin <= text_.size(); begin += blockSize) {
+    index.characters.push_back(characters);
+    characters += static_cast<std::size_t>(countCharacters(text_.substr(begin, blockSize)));
   }
-  const std::size_t begin = std::max(counted_.offset, counted_.lineBegin);
-  counted_.column += countCharacters(text_.substr(begin, offset - begin));
-  counted_.offset = offset;
+  index.lines.push_back(0);
+  for (std::size_t end = text_.find('\n'); end != text_.npos; end = text_.find('\n', end + 1)) {
+    index.lines.push_back(end + 1);
+  }
+  return index_.emplace(std::move(index));
 }
 
-void Source::countBackTo(std::size_t offset) const {
-  const std::string_view between = text_.substr(offset, counted_.offset - offset);
-  const auto lineBreaks = static_cast<int>(std::ranges::count(between, '\n'));
-  if (lineBreaks > 0) {
-    counted_.line -= lineBreaks;
-    const std::string_view before = text_.substr(0, offset);
-    counted_.lineBegin = before.rfind('\n') + 1;  // 0 in the first line
-    counted_.column = 1 + countCharacters(before.substr(counted_.lineBegin));
-  } else {
-    counted_.column -= countCharacters(between);
-  }
-  counted_.offset = offset;
+std::size_t Source::charactersBefore(std::size_t offset) const {
+  const std::size_t block = offset / blockSize;
+  const std::size_t begin = block * blockSize;
+  const int further = countCharacters(text_.substr(begin, offset - begin));
+  return index().characters[block] + static_cast<std::size_t>(further);
 }
 
 Place Source::placeOf(Span span) const {
   const std::size_t begin = std::min(span.begin, text_.size());
-  countUpTo(begin);
+  const auto next = std::ranges::upper_bound(index().lines, begin);
+  const std::size_t before = charactersBefore(begin) - charactersBefore(*std::prev(next));
   const std::string_view part = text_.substr(begin, span.size);
-  const std::string_view line = part.substr(0, part.find_first_of("\r\n"));
-  return {counted_.line, counted_.column, counted_.column + countCharacters(line), begin};
+  const int characters = countCharacters(part.substr(0, part.find_first_of("\r\n")));
+  const int column = static_cast<int>(before) + 1;
+  return {static_cast<int>(next - index().lines.begin()), column, column + characters, begin};
 }
 
 Span Source::nameIn(std::size_t tag) const {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "vantry/check/diagnostic.h"
 
@@ -18,8 +19,8 @@ struct Span {
 
 /// A document as its bytes. What it says of tags is right for documents in UTF-8, and for all other
 /// encodings in which markup is ASCII.
-/// Where there is no tag at a place, it gives the place alone. Questions are answered fast that
-/// come in the order of the document.
+/// Where there is no tag at a place, it gives the place alone. No question costs more than the part
+/// that it is about, in whatever order they come.
 class Source {
  public:
   /// `text` must outlive it.
@@ -54,21 +55,19 @@ class Source {
     std::size_t begin = std::string_view::npos;
     std::unordered_map<std::string_view, RawAttribute> attributes;
   };
-  /// The place that was asked for last: that of the next one is counted from there.
-  struct Counted {
-    std::size_t offset = 0;
-    int line = 1;
-    std::size_t lineBegin = 0;
-    int column = 1;
+  /// What is known of all of the text from the first question for a place on.
+  struct Index {
+    std::vector<std::size_t> lines;       ///< where each begins
+    std::vector<std::size_t> characters;  ///< that begin before each block of bytes
   };
 
   const RawAttribute* findAttribute(std::size_t tag, std::string_view name) const;
   void readAttributes(std::size_t tag) const;
-  void countUpTo(std::size_t offset) const;
-  void countBackTo(std::size_t offset) const;
+  const Index& index() const;
+  std::size_t charactersBefore(std::size_t offset) const;
 
   std::string_view text_;
-  mutable Counted counted_;
+  mutable std::optional<Index> index_;
   mutable Tag tag_;
 };
 

@@ -44,19 +44,28 @@ std::string shownLine(std::string_view line) {
 
 bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
-/// So many characters from a place on, or before it, but not beyond its line.
-std::string_view behind(std::string_view document, std::size_t at, int characters) {
-  std::size_t end = at;
-  while (end < document.size() && document[end] != '\n' && document[end] != '\r') {
-    if (beginsCharacter(document[end]) && --characters < 0) break;
-    ++end;
+/// What is shown of a line to either side of a place: characters, and their bytes. In a document
+/// that is not in UTF-8 any number of bytes may look like a part of one character.
+constexpr int mostCharacters = 100;
+constexpr std::size_t mostBytes = 4 * mostCharacters;
+
+/// The line from a place on, or before it, as far as it is shown.
+std::string_view behind(std::string_view document, std::size_t at) {
+  const std::string_view rest = document.substr(at, mostBytes);
+  int characters = 0;
+  std::size_t size = 0;
+  while (size < rest.size() && rest[size] != '\n' && rest[size] != '\r') {
+    if (beginsCharacter(rest[size]) && ++characters > mostCharacters) break;
+    ++size;
   }
-  return document.substr(at, end - at);
+  return rest.substr(0, size);
 }
-std::string_view before(std::string_view document, std::size_t at, int characters) {
+std::string_view before(std::string_view document, std::size_t at) {
+  const std::size_t least = at - std::min(at, mostBytes);
   std::size_t begin = at;
-  while (begin > 0 && characters > 0 && document[begin - 1] != '\n') {
-    if (beginsCharacter(document[--begin])) --characters;
+  int characters = 0;
+  while (begin > least && characters < mostCharacters && document[begin - 1] != '\n') {
+    if (beginsCharacter(document[--begin])) ++characters;
   }
   return document.substr(begin, at - begin);
 }
@@ -64,13 +73,12 @@ std::string_view before(std::string_view document, std::size_t at, int character
 /// Writes the line of a place with a mark below it, or the part of a long line around it.
 void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_view document,
                   const Colors& colors) {
-  constexpr int most = 100;   // characters to either side
-  constexpr int cut = 1'000;  // bytes of a character that is none
   const Place& place = diagnostic.place;
   const std::size_t at = std::min(place.offset, document.size());
-  const std::string_view left = before(document.substr(0, at), at, most);
-  const std::string_view right = behind(document, at, most).substr(0, cut);
-  const bool isCutLeft = countCharacters(left) + 1 < place.column;
+  const std::string_view left = before(document, at);
+  const std::string_view right = behind(document, at);
+  const std::size_t begin = at - left.size();
+  const bool isCutLeft = begin > 0 && document[begin - 1] != '\n';
   const std::size_t end = at + right.size();
   const bool isCutRight = end < document.size() && document[end] != '\n' && document[end] != '\r';
 

@@ -35,6 +35,15 @@ TEST(TextReport, ShowsThePartOfALongLineThatIsMeant) {
                            "<Scene/></Canvas>\n   | " + std::string(103, ' ') + "^~~~~\n");
 }
 
+// Bytes that go on with a character of UTF-8, and here are characters of another encoding.
+TEST(TextReport, ShowsAPartOfALongLineInAnyEncoding) {
+  const std::string line(10'000, '\xBF');
+  std::ostringstream out;
+  writeText(out, {"a", {{"code", Severity::error, {1, 1, 2, 5000}, "s", {}}}}, line, false);
+  EXPECT_EQ(out.str(), "a:1:1: error: s [code]\n 1 | ..." + std::string(800, '?') + "...\n   | " +
+                           std::string(403, ' ') + "^\n");
+}
+
 TEST(TextReport, ShowsNoControlCharacters) {
   std::ostringstream out;
   writeText(out, {"a", {{"code", Severity::error, {1, 1, 1, 0}, "s", {}}}}, "\x1b[2J\x9bx\x7f",

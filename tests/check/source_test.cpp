@@ -36,6 +36,20 @@ TEST(Source, CountsBackToo) {
   EXPECT_EQ(placeIn(source, {9, 1}), "3:2-3");
 }
 
+// Characters of two bytes, from an odd one on, so that some lie across any block.
+TEST(Source, CountsInLongLinesToo) {
+  std::string text = "line\n<";
+  for (int i = 0; i < 5000; ++i) text += "\xC3\xA4";
+  text += "\nlast";
+  const Source source(text);
+  EXPECT_EQ(placeIn(source, {6 + 2 * 4999, 2}), "2:5001-5002");
+  EXPECT_EQ(placeIn(source, {6 + 2 * 511, 2}), "2:513-514");
+  EXPECT_EQ(placeIn(source, {6, 2 * 5000 + 5}), "2:2-5002");
+  EXPECT_EQ(placeIn(source, {text.size() - 4, 4}), "3:1-5");
+  const std::string blocks(4096, 'x');
+  EXPECT_EQ(placeIn(Source(blocks), {4096, 1}), "1:4097-4097");
+}
+
 TEST(Source, APlaceEndsWithItsFirstLineAndWithTheText) {
   const Source source("abc\ndef");
   EXPECT_EQ(placeIn(source, {1, 5}), "1:2-4");

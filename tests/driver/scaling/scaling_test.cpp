@@ -6,22 +6,17 @@
 
 #include <cmath>
 #include <ostream>
-#include <regex>
 #include <string>
 #include <vector>
 
 #include "../documents.h"
 #include "../program.h"
+#include "counted_instructions.h"
 #include "shapes.h"
 
 void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.name; }
 
 namespace {
-
-constexpr double largestExponent = 1.1;
-
-/// The power with which a cost grows when its cause grows to four times as much.
-double exponentOf(double small, double large) { return std::log2(large / small) / 2; }
 
 const char* complaintOf(End end) {
   switch (end) {
@@ -66,23 +61,10 @@ class Scaling : public ProgramTest, public testing::WithParamInterface<Shape> {
 };
 
 #ifdef VALGRIND
-class Instructions : public Scaling {
- protected:
-  Instructions() {
-    setEnvironment("GLIBC_TUNABLES", "glibc.malloc.arena_max=1");
-    setWrapper({VALGRIND, "--tool=cachegrind", "--cache-sim=no", "--branch-sim=no",
-                "--cachegrind-out-file=/dev/null", "--log-file=instructions"});
-  }
+using Instructions = CountedInstructions<Scaling>;
 
-  /// The number that the last run took.
-  double counted() const {
-    static const std::regex form(R"(I\s+refs:\s+([0-9,]+))");
-    const std::string log = read("instructions");
-    std::smatch parts;
-    if (!std::regex_search(log, parts, form)) throw std::runtime_error(log);
-    return std::stod(std::regex_replace(parts[1].str(), std::regex(","), ""));
-  }
-};
+/// The power with which a cost grows when its cause grows to four times as much.
+double exponentOf(double small, double large) { return std::log2(large / small) / 2; }
 
 TEST_P(Instructions, GrowAsTheDocument) {
   const std::size_t n = GetParam().items;

@@ -1,26 +1,9 @@
 #include "shapes.h"
 
 #include "../../colliding_words.h"
+#include "pieces.h"
 
 namespace {
-
-const std::string format = "http://plots.example/xml/Corvane";
-
-std::string repeated(const std::string& text, std::size_t count) {
-  std::string all;
-  all.reserve(text.size() * count);
-  for (std::size_t i = 0; i < count; ++i) all += text;
-  return all;
-}
-
-/// `count` texts, in each of which every "#" is its number.
-std::string numbered(const std::string& text, std::size_t count) {
-  std::string all;
-  for (std::size_t i = 0; i < count; ++i) {
-    for (const char c : text) c == '#' ? all += std::to_string(i) : all += c;
-  }
-  return all;
-}
 
 /// One text for each word, which it holds in the place of "#".
 std::string withWords(const std::string& text, const std::vector<std::string>& words) {
@@ -29,32 +12,6 @@ std::string withWords(const std::string& text, const std::vector<std::string>& w
     for (const char c : text) c == '#' ? all += word : all += c;
   }
   return all;
-}
-
-std::string nested(const std::string& begin, const std::string& inner, const std::string& end,
-                   std::size_t count) {
-  return repeated(begin, count) + inner + repeated(end, count);
-}
-
-std::string canvas(const std::string& content, const std::string& before = "") {
-  return before + "<Canvas xmlns='" + format + "'>" + content + "</Canvas>\n";
-}
-
-std::string plane(const std::string& content, const std::string& before = "") {
-  return canvas("<Scene2d><CoordinateSystem2d>" + content + "</CoordinateSystem2d></Scene2d>",
-                before);
-}
-
-std::string space(const std::string& content) {
-  return canvas("<Scene3d><CoordinateSystem3d>" + content + "</CoordinateSystem3d></Scene3d>");
-}
-
-std::string image(const std::string& content) {
-  return plane("<Obj2d Type='Curve2d'><Img2d>" + content + "</Img2d></Obj2d>");
-}
-
-std::string body(const std::string& content) {
-  return space("<Obj3d Type='Surface'><Img3d>" + content + "</Img3d></Obj3d>");
 }
 
 /// An object whose images are those of an animation from 0 to 1.

@@ -1,0 +1,116 @@
+// What it costs to check a document grows as the document does, and by no power of it: counted over
+// n, 2n and 4n items of each shape, in instructions of the whole program with its libraries.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "../../driver/program.h"
+#include "../../driver/scaling/counted_instructions.h"
+#include "../../driver/scaling/pieces.h"
+
+namespace {
+
+/// A document with `n` mistakes or odd things.
+struct Shape {
+  const char* name;
+  std::size_t items;
+  std::string (*document)(std::size_t n);
+};
+
+void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.name; }
+
+const std::string emptyScene = "<Scene2d><CoordinateSystem2d/></Scene2d>";
+
+std::string raster(const std::string& cells) {
+  return image("<DensityArray2d XMesh='1' YMesh='1'>" + cells + "</DensityArray2d>");
+}
+
+const std::vector<Shape> shapes = {
+    {"ReplacedElements", 300,
+     [](std::size_t n) { return canvas(repeated("<Header/>", n) + emptyScene); }},
+    {"ReplacedElementsInLines", 300,
+     [](std::size_t n) { return canvas(repeated("<Header/>\n", n) + emptyScene); }},
+    {"BadPointsInOneLine", 200,
+     [](std::size_t n) { return image("<Pts2d>" + repeated("<P2>a b</P2>", n) + "</Pts2d>"); }},
+    {"BadPointsInLines", 200,
+     [](std::size_t n) { return image("<Pts2d>" + repeated("<P2>a b</P2>\n", n) + "</Pts2d>"); }},
+    {"PointsThatAreNotFinite", 200,
+     [](std::size_t n) { return image(repeated("<Pts2d><P2>1 nan</P2></Pts2d>", n)); }},
+    {"ElementsBeyondTheirNumber", 300,
+     [](std::size_t n) {
+       return plane("<Obj2d Type='F'><Img2d/><Points2d><Point2d>" + repeated("<IExpr/>", n) +
+                    "</Point2d></Points2d></Obj2d>");
+     }},
+    {"MisplacedElements", 200, [](std::size_t n) { return plane(repeated("<Scene2d/>", n)); }},
+    {"SecondCanvases", 200, [](std::size_t n) { return canvas(repeated("<Canvas/>", n)); }},
+    {"UnknownElements", 200, [](std::size_t n) { return plane(numbered("<a#/>", n)); }},
+    {"UnknownElementsBehindManyInOneLine", 200,
+     [](std::size_t n) { return plane(repeated("<Group2d/>", 10 * n) + numbered("<a#/>", n)); }},
+    {"UnknownAttributesOfOneElement", 200,
+     [](std::size_t n) { return plane("<Group2d" + numbered(" a#=''", n) + "/>"); }},
+    {"AttributesOfOtherElements", 200,
+     [](std::size_t n) { return plane(repeated("<Group2d LineWidth='1'/>", n)); }},
+    {"NamesInALongNamespace", 200,
+     [](std::size_t n) {
+       return "<Canvas xmlns:p='urn:" + std::string(50 * n, 'p') + "'>" + emptyScene +
+              numbered("<p:a#/>", n) + "</Canvas>";
+     }},
+    {"BadValues", 200,
+     [](std::size_t n) { return image(repeated("<Pt2d Position='1' PointSize='x'/>", n)); }},
+    {"BadCells", 200, [](std::size_t n) { return raster(repeated("x ", n)); }},
+    {"BadCellsThatAreNotInTheText", 200,
+     [](std::size_t n) {
+       return "<!DOCTYPE Canvas [<!ENTITY e 'x '>]>" + raster(repeated("&e;", n));
+     }},
+    {"StrayTexts", 200, [](std::size_t n) { return plane(repeated("<Group2d>a</Group2d>", n)); }},
+    {"ObjectsWithoutImages", 200,
+     [](std::size_t n) { return plane(repeated("<Obj2d Type='F'/>", n)); }},
+    {"StylesOfManyTypesWithoutObjects", 200,
+     [](std::size_t n) {
+       return plane(numbered("<ObjStyle Type='K#' LineWidth='1'/>", n) +
+                    numbered("<Obj2d Type='O#'><Img2d/></Obj2d>", n));
+     }},
+    {"StylesBehindTheirObjects", 100,
+     [](std::size_t n) {
+       return plane(repeated("<Obj2d Type='K'><Img2d/></Obj2d><ObjStyle Type='K'/>", n));
+     }},
+    {"LongTextsInOtherEncodings", 50,
+     [](std::size_t n) {
+       const std::string text = "<Text2d Position='1 2'>" + std::string(1000, '\xBF') + "</Text2d>";
+       return "<?xml version='1.0' encoding='ISO-8859-1'?>" + image(repeated(text + "<a/>", n));
+     }},
+};
+
+class Check : public ProgramTest, public testing::WithParamInterface<Shape> {
+ protected:
+  Check() { setEnvironment("LC_ALL", "C.UTF-8"); }
+
+  void check(const std::string& document) const {
+    write("in.zrd", document);
+    const Outcome outcome = runInto("/dev/null", {"check", "in.zrd"});
+    EXPECT_LE(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "");
+  }
+};
+
+using CheckInstructions = CountedInstructions<Check>;
+
+// What the check costs before it has found anything is part of none of the differences.
+TEST_P(CheckInstructions, GrowAsTheDocument) {
+  std::vector<double> costs;
+  for (const std::size_t parts : {1, 2, 4}) {
+    check(GetParam().document(parts * GetParam().items));
+    costs.push_back(counted());
+  }
+  const double further = std::log2((costs[2] - costs[1]) / (costs[1] - costs[0]));
+  EXPECT_LE(further, largestExponent) << testing::PrintToString(costs);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shape, CheckInstructions, testing::ValuesIn(shapes),
+                         [](const auto& test) { return test.param.name; });
+
+}  // namespace
