@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
+#include <string_view>
 
 namespace Word = vantry::base::Word;
+using namespace std::string_view_literals;
 using namespace vantry::check;
 
 std::string DocumentMaker::number() {
@@ -54,13 +55,14 @@ std::string DocumentMaker::value(const Property& property) {
 
 std::string DocumentMaker::attributes(const ClassFacts& facts, const std::string& fixed) {
   std::string text = fixed;
+  int further = mostAttributes_;
   for (const Property* property : facts.properties) {
     const std::string name = property->name().str();
     const bool isRequired =
         std::ranges::find(facts.required, property->name()) != facts.required.end() ||
         (property->isMandatory() && name == "Type");
     const bool isFixed = fixed.find(' ' + name + '=') != fixed.npos;
-    if (isFixed || !(isRequired || oneIn(5))) continue;
+    if (isFixed || !(isRequired || (oneIn(5) && further-- > 0))) continue;
     text += ' ' + name + "=\"" + value(*property) + '"';
   }
   return text;
@@ -143,36 +145,31 @@ std::string DocumentMaker::make() {
   return element(*factsOf(Word::Canvas), 0);
 }
 
+namespace {
+
+/// What does not belong where it comes. The last ones are bytes that are no text in UTF-8.
+// clang-format off
+constexpr std::array pieces = {
+    "x"sv, "2"sv, " "sv, "#"sv, "-"sv, "nan"sv, "1e999"sv, "#FF"sv, "Flat"sv, "\xC3\xA9"sv, ""sv,
+    "\""sv, "<"sv, ">"sv, "/>"sv, "&"sv, "<!-- -- -->"sv, "a=\"1\" a=\"2\""sv, "Type=\"\""sv,
+    "Obj3d"sv, "<Canvas>"sv, "<Img2d/>"sv, "<Sphere/>"sv, "<Obj3d Type=\"Camera\"/>"sv,
+    "<P2>1 2</P2>"sv, "<P3>1 2 3</P3>"sv,
+    "\xE9"sv, "\x80"sv, "\xFF\xFE"sv, "\xEF\xBF\xBE"sv, "\xED\xA0\x80"sv, "\0"sv,
+};
+// clang-format on
+
+constexpr std::array piecesThatComeOften = {
+    "<P2>a b</P2>"sv, "<P3>1 2 nan</P3>"sv, "<Unknown/>"sv, "<Img2d/>"sv,
+    "<Header/>"sv,    "<IExpr/>"sv,         "text"sv,       "<Text2d Position=\"1 x\"/>"sv};
+
+}  // namespace
+
 std::string DocumentMaker::withMistake(std::string document) {
-  static constexpr const char* const pieces[] = {"x",
-                                                 "2",
-                                                 " ",
-                                                 "#",
-                                                 "-",
-                                                 "<P2>1 2</P2>",
-                                                 "<P3>1 2 3</P3>",
-                                                 "<Canvas>",
-                                                 "Type=\"\"",
-                                                 "nan",
-                                                 "\"",
-                                                 "<",
-                                                 ">",
-                                                 "&",
-                                                 "<Img2d/>",
-                                                 "<Sphere/>",
-                                                 "1e999",
-                                                 "#FF",
-                                                 "Flat",
-                                                 "",
-                                                 "é",
-                                                 "/>",
-                                                 "Obj3d",
-                                                 "<Obj3d Type=\"Camera\"/>"};
   const auto size = static_cast<int>(document.size());
   const auto at = static_cast<std::size_t>(below(size));
   const std::size_t edge = document.find_first_of("<>\" ", at);
   const std::size_t begin = edge == document.npos ? at : edge;
-  switch (below(5)) {
+  switch (below(6)) {
     case 0:
       return document.erase(at, 1);
     case 1:
@@ -187,6 +184,10 @@ std::string DocumentMaker::withMistake(std::string document) {
       if (to == document.npos) return document;
       return document.insert(begin, document.substr(from, to - from));
     }
+    case 4: {
+      const std::size_t close = document.find('>', at);
+      return close == document.npos ? document : document.insert(close + 1, manyPieces());
+    }
     default: {
       const std::size_t quote = document.find("=\"", at);
       const std::size_t close = quote == document.npos ? quote : document.find('"', quote + 2);
@@ -194,4 +195,12 @@ std::string DocumentMaker::withMistake(std::string document) {
       return document.replace(quote + 2, close - quote - 2, oneOf(pieces));
     }
   }
+}
+
+/// One piece again and again, all in one line.
+std::string DocumentMaker::manyPieces() {
+  const std::string_view piece = oneOf(piecesThatComeOften);
+  std::string line;
+  for (int count = below(200); count > 0; --count) line += piece;
+  return line;
 }

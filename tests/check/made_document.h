@@ -11,11 +11,14 @@
 /// Nearly all of them are right.
 class DocumentMaker {
  public:
-  explicit DocumentMaker(unsigned seed) : random_(seed) {}
+  /// `mostAttributes` is how many each element may have beside those that it needs.
+  explicit DocumentMaker(unsigned seed, int mostAttributes = 100)
+      : random_(seed), mostAttributes_(mostAttributes) {}
 
   std::string make();
 
-  /// A document with one change of its text: a part goes, comes twice, or becomes something else.
+  /// A document with one change of its text: a part goes, comes again, becomes something else, or
+  /// some bytes come that need not be text.
   std::string withMistake(std::string document);
 
  private:
@@ -36,8 +39,10 @@ class DocumentMaker {
   std::string numbers(int count);
   std::string color();
   std::string points(Token name, int count);
+  std::string manyPieces();
   std::string list(const vantry::check::ClassFacts& facts);
 
   std::mt19937 random_;
+  int mostAttributes_;
   int elementsLeft_ = 0;
 };

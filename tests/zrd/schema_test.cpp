@@ -51,9 +51,9 @@ class Schema : public ZrdCommandTest {
     }
   }
 
-  void addMadeDocuments() {
-    for (unsigned seed = 0; seed < 1500; ++seed) {
-      DocumentMaker maker(seed);
+  void addMadeDocuments(unsigned count, int mostAttributes) {
+    for (unsigned seed = 0; seed < count; ++seed) {
+      DocumentMaker maker(seed, mostAttributes);
       const std::string document = maker.make();
       add(document);
       add(maker.withMistake(document));
@@ -119,17 +119,18 @@ class Schema : public ZrdCommandTest {
   std::map<std::string, Document> documents_;
 };
 
-// Each optional attribute that is there doubles what xmllint has to go through, so it gets no
-// documents with as many as made ones have.
+// Each optional attribute that is there doubles what xmllint has to go through, so it gets
+// documents with few of them.
 #ifdef XMLLINT
 TEST_F(Schema, AgreesWithTheCheckInXmllint) {
+  addMadeDocuments(500, 2);
   expectAgreement(XMLLINT, {"--noout", "--relaxng", "zrd.rng"}, "fails to validate");
 }
 #endif
 
 #ifdef JING
 TEST_F(Schema, AgreesWithTheCheckInJing) {
-  addMadeDocuments();
+  addMadeDocuments(1500, 100);
   expectAgreement(JING, {"zrd.rng"}, "error:");
 }
 #endif
