@@ -92,7 +92,10 @@ void writeSarif(std::ostream& out, std::span<const FileReport> reports, std::str
   const Json run = {{"tool", {{"driver", driver}}},
                     {"columnKind", "unicodeCodePoints"},
                     {"results", std::move(results)}};
-  out << textOf({{"version", "2.1.0"}, {"runs", Json::array({run})}}) << '\n';
+  const Json log = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+                    {"version", "2.1.0"},
+                    {"runs", Json::array({run})}};
+  out << textOf(log) << '\n';
 }
 
 }  // namespace vantry::check

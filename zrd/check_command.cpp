@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "vantry/check/check.h"
 #include "vantry/check/report.h"
 #include "zrd/commands.h"
+#include "zrd/convert/inputs.h"
 #include "zrd/file_content.h"
 #include "zrd/option_values.h"
 
@@ -58,17 +61,26 @@ class Checker {
   explicit Checker(const Options& options) : options_(options) {}
 
   int run() {
-    for (const std::string& name : options_.files) check(name);
+    for (const std::string& name : options_.files) checkFileOrFolder(name);
     if (options_.format == Format::sarif) check::writeSarif(std::cout, reports_, VANTRY_VERSION);
     if (options_.format == Format::text) writeSummary();
-    std::cout.flush();
-    if (isUnreadable_ || !std::cout) return badDocument;
+    if (!std::cout.flush()) throw Failure(badDocument, "standard output cannot be written");
+    if (unreadable_ > 0) return badDocument;
     return errors_ > 0 || (options_.isStrict && warnings_ > 0) ? hasMistakes : success;
   }
 
  private:
+  void checkFileOrFolder(const std::string& name) {
+    std::error_code unknown;
+    if (name == "-" || !std::filesystem::is_directory(name, unknown)) return check(name);
+    ConvertReport search;
+    for (const Input& found : findInputs({name}, {}, search)) check(found.name);
+    unreadable_ += search.failures();
+  }
+
   void check(const std::string& name) try {
     const std::string text = contentOf(name);
+    ++read_;
     FileReport report{name, check::check(text)};
     const auto errors =
         std::ranges::count(report.diagnostics, Severity::error, &Diagnostic::severity);
@@ -78,7 +90,7 @@ class Checker {
     show(report, text);
   } catch (const Failure& failure) {
     std::cerr << "zrd: " << failure.what() << '\n';
-    isUnreadable_ = true;
+    ++unreadable_;
   }
 
   void limit(FileReport& report) {
@@ -101,8 +113,13 @@ class Checker {
   }
 
   void writeSummary() const {
-    std::cout << counted(errors_, "error") << " and " << counted(warnings_, "warning");
+    if (read_ > 0 || unreadable_ == 0) {
+      std::cout << counted(errors_, "error") << " and " << counted(warnings_, "warning");
+    }
     if (shown_ < errors_ + warnings_) std::cout << ", of which " << shown_ << " are shown";
+    if (unreadable_ > 0) {
+      std::cout << (read_ > 0 ? "; " : "") << counted(unreadable_, "file") << " could not be read";
+    }
     std::cout << '\n';
   }
 
@@ -111,7 +128,8 @@ class Checker {
   std::size_t errors_ = 0;
   std::size_t warnings_ = 0;
   std::size_t shown_ = 0;
-  bool isUnreadable_ = false;
+  std::size_t read_ = 0;        ///< files
+  std::size_t unreadable_ = 0;  ///< files and folders
 };
 
 }  // namespace
@@ -120,7 +138,7 @@ Command addCheckCommand(CLI::App& program) {
   CLI::App* command =
       program.add_subcommand("check", "Find what is wrong with documents, and say how to mend it");
   auto options = std::make_shared<Options>();
-  command->add_option("FILE", options->files, "The plot documents, or - for standard input")
+  command->add_option("FILE", options->files, "The plot documents, folders with them, or - for standard input")
       ->required();
   addChoice(*command, "--format", options->format, formats,
             "Sentences for people, a JSON object a line, or a SARIF log")

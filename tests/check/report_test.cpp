@@ -72,6 +72,7 @@ TEST(SarifReport, HoldsRulesAndResults) {
   std::ostringstream out;
   writeSarif(out, reports, "1.5");
   const Json log = Json::parse(out.str());
+  EXPECT_EQ(log["$schema"], "https://json.schemastore.org/sarif-2.1.0.json");
   EXPECT_EQ(log["version"], "2.1.0");
   const Json& run = log["runs"].at(0);
   EXPECT_EQ(run["tool"]["driver"]["name"], "zrd check");

@@ -1,6 +1,7 @@
 // zrd check: the command line, the statuses, and what goes where.
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -61,8 +62,34 @@ TEST_F(CheckCommand, CountsWarningsIfItIsStrict) {
 TEST_F(CheckCommand, GoesOnAfterAFileThatCannotBeRead) {
   const Outcome outcome = check({"none.zrd", "wrong.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.out, wrongShown + "1 error and no warnings\n");
+  EXPECT_EQ(outcome.out, wrongShown + "1 error and no warnings; 1 file could not be read\n");
   EXPECT_EQ(outcome.err, "zrd: none.zrd: cannot be opened: No such file or directory\n");
+}
+
+TEST_F(CheckCommand, FindsNothingInFilesThatCannotBeRead) {
+  const Outcome outcome = check({"none.zrd", "nothing.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "2 files could not be read\n");
+}
+
+TEST_F(CheckCommand, ChecksThePlotsOfAFolder) {
+  std::filesystem::create_directories(folder_.path() / "plots/more");
+  write("plots/more/a.zrd", wrong);
+  write("plots/b.zrd", clean);
+  write("plots/c.txt", wrong);
+  const Outcome outcome = check({"plots", "clean.zrd"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(outcome.out.starts_with("plots/more/a.zrd:1:10: error: ")) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("\n1 error and no warnings\n")) << outcome.out;
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CheckCommand, FailsIfItCannotWrite) {
+  for (const char* format : {"text", "json", "sarif"}) {
+    const Outcome outcome = runInto("/dev/full", {"check", "--format", format, "wrong.zrd"});
+    EXPECT_EQ(outcome.status, 2) << format;
+    EXPECT_EQ(outcome.err, "zrd: standard output cannot be written\n") << format;
+  }
 }
 
 TEST_F(CheckCommand, ShowsNoMoreThanItMay) {
@@ -87,7 +114,8 @@ TEST_F(CheckCommand, WritesJsonLines) {
 TEST_F(CheckCommand, WritesOneSarifLogForAllFiles) {
   const Outcome outcome = check({"--format", "sarif", "wrong.zrd", "wrong.zrd"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_TRUE(outcome.out.starts_with(R"({"version":"2.1.0","runs":[{"tool":{"driver":)"));
+  EXPECT_TRUE(outcome.out.starts_with(
+      R"({"$schema":"https://json.schemastore.org/sarif-2.1.0.json","version":"2.1.0","runs":[)"));
   EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 1);
 }
 
