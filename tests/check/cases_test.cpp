@@ -102,8 +102,14 @@ TEST(Codes, AreDifferent) {
   }
 }
 
-TEST(Codes, AreInTheManual) {
+TEST(Codes, AreInTheManualAndNoOthers) {
   const std::string manual = contentOf(fs::path(VANTRY_SOURCE_DIR) / "docs" / "checking.md");
+  std::size_t rows = 0;
+  for (std::size_t at = manual.find("\n| `"); at != manual.npos;
+       at = manual.find("\n| `", at + 1)) {
+    ++rows;
+  }
+  EXPECT_EQ(rows, vantry::check::codes().size());
   for (const CodeInfo& info : vantry::check::codes()) {
     const std::string row =
         "| `" + std::string(info.code) + "` | " + std::string(info.summary) + " |\n";
