@@ -500,11 +500,6 @@ std::string formOf(const std::string& point) {
                         : " has three numbers, or six with its normal, and up to two colours");
 }
 
-std::string helpForNumber(std::string_view word) {
-  const bool hasComma = word.find(',') != word.npos;
-  return hasComma ? "numbers have a point before the decimals, and blanks between them" : "";
-}
-
 }  // namespace
 
 // What is wrong with a point that its list could take, by the words in its text.
@@ -512,13 +507,13 @@ void CheckingReader::describePoint(Finding& finding, Span& where,
                                    std::vector<std::string>& help) const {
   if (finding.kind == Kind::wrongCount) {
     finding.detail = countsInWords(text());
-    help.push_back(helpForNumber(text()));
+    help.push_back(helpForCommas(text()));
   } else if (finding.kind == Kind::badNumber || finding.kind == Kind::badColor) {
     const bool isColor = finding.kind == Kind::badColor;
     const std::string_view bad = isColor ? firstBadColor(text()) : firstBadNumber(text());
     finding.detail = shortened(bad.empty() ? text() : bad);
     if (!bad.empty()) where = source_.findWord(where, bad).value_or(where);
-    help = {isColor ? "a colour is #RRGGBB or #RRGGBBAA" : helpForNumber(bad)};
+    help = {isColor ? "a colour is #RRGGBB or #RRGGBBAA" : helpForCommas(bad)};
   }
   help.push_back(formOf(finding.subject));
 }
@@ -558,7 +553,7 @@ void CheckingReader::reviewPoint(WordId point) {
   const std::string name = base::tokenOf(point).str();
   findings_.add(
       {.kind = Kind::textAfterValue, .subject = "this " + name, .detail = shortened(unused)},
-      placeInPoint(unused), {helpForNumber(unused), formOf(name)});
+      placeInPoint(unused), {helpForCommas(unused), formOf(name)});
 }
 
 void CheckingReader::refuseCell(const char* word) {

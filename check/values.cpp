@@ -41,6 +41,11 @@ std::size_t sizeOfNumber(std::string_view word, bool isWhole) {
   return std::min(size, word.size());
 }
 
+bool isNumeric(ValueKind kind) {
+  return kind == ValueKind::wholeNumber || kind == ValueKind::number ||
+         kind == ValueKind::planePoint || kind == ValueKind::spacePoint;
+}
+
 std::size_t countOfWords(ValueKind kind) {
   if (kind == ValueKind::planePoint) return 2;
   return kind == ValueKind::spacePoint ? 3 : 1;
@@ -50,13 +55,11 @@ std::size_t countOfWords(ValueKind kind) {
 std::string_view unusedPart(ValueKind kind, std::string_view text) {
   if (kind == ValueKind::text || kind == ValueKind::font) return {};
   const bool isWhole = kind == ValueKind::wholeNumber;
-  const bool isNumeric = isWhole || kind == ValueKind::number || kind == ValueKind::planePoint ||
-                         kind == ValueKind::spacePoint;
   std::string_view rest = text;
   for (std::size_t i = countOfWords(kind); i > 0; --i) {
     const std::string_view word = takeWord(rest);
     std::size_t used = word.size();
-    if (isNumeric) used = sizeOfNumber(word, isWhole);
+    if (isNumeric(kind)) used = sizeOfNumber(word, isWhole);
     if (kind == ValueKind::color)
       used = std::min(used, std::size_t{word.starts_with('#') ? 9u : 8u});
     if (used < word.size())
@@ -106,6 +109,11 @@ std::string helpForColorName(const std::string& text) {
       std::ranges::find(colorNames, name, [](const auto& color) { return color.name; });
   if (row == std::end(colorNames)) return {};
   return std::string(row->name) + " is " + std::string(row->value);
+}
+
+std::string helpForCommas(std::string_view numbers) {
+  const bool hasComma = numbers.find(',') != numbers.npos;
+  return hasComma ? "numbers have a point before the decimals, and blanks between them" : "";
 }
 
 std::string_view firstBadNumber(std::string_view point) {
@@ -184,7 +192,9 @@ std::vector<std::string> helpForValue(const Property& property, const std::strin
     const std::string_view nearest = nearestName(text, words);
     if (!nearest.empty()) help.push_back("did you mean " + std::string(nearest) + '?');
   }
-  if (valueKind(property) == ValueKind::color) help.push_back(helpForColorName(text));
+  const ValueKind kind = valueKind(property);
+  if (kind == ValueKind::color) help.push_back(helpForColorName(text));
+  if (isNumeric(kind)) help.push_back(helpForCommas(text));
   help.push_back(std::string(property.name().str()) + " is " + typeInWords(property));
   return help;
 }

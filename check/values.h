@@ -23,6 +23,9 @@ std::vector<std::string> helpForValue(const Property& property, const std::strin
 /// text.
 std::string helpForColorName(const std::string& text);
 
+/// How numbers are written, as a sentence, for a text that has a comma; empty for any other.
+std::string helpForCommas(std::string_view numbers);
+
 /// The first word of a point's text that is not a number from its first letter to its last, and is
 /// none of its colours; empty where there is none.
 std::string_view firstBadNumber(std::string_view point);

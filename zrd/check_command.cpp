@@ -138,7 +138,9 @@ Command addCheckCommand(CLI::App& program) {
   CLI::App* command =
       program.add_subcommand("check", "Find what is wrong with documents, and say how to mend it");
   auto options = std::make_shared<Options>();
-  command->add_option("FILE", options->files, "The plot documents, folders with them, or - for standard input")
+  command
+      ->add_option("FILE", options->files,
+                   "The plot documents, folders with them, or - for standard input")
       ->required();
   addChoice(*command, "--format", options->format, formats,
             "Sentences for people, a JSON object a line, or a SARIF log")
