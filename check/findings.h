@@ -19,6 +19,7 @@ class Findings {
   /// Whether a kind was found too often, so that there is no need to look for help.
   bool isFull(Kind kind) const;
 
+  bool has(Kind kind) const { return counts_.contains(kind); }
   bool hasErrors() const { return hasErrors_; }
 
   /// All findings in the order of their places. Leaves none behind.

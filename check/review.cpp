@@ -5,7 +5,7 @@
 #include <string>
 
 #include "vantry/base/text_errors.h"
-#include "vantry/base/unicode_converter.h"
+#include "vantry/check/values.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
@@ -43,7 +43,7 @@ void Review::run() {
   reviewTexts(*canvas);
   reviewStyles(*canvas);
   reviewScenes(*canvas);
-  if (hasForeignText_ && !findings_.hasErrors()) tryToWriteTexts();
+  if (findings_.has(Kind::textNotInLocale) && !findings_.hasErrors()) tryToWriteTexts();
 }
 
 void Review::reviewTimeRange(const PlotElement& canvas) {
@@ -54,27 +54,11 @@ void Review::reviewTimeRange(const PlotElement& canvas) {
   }
 }
 
-namespace {
-
-constexpr const char* otherLocale = "run the program in a locale with UTF-8, such as C.UTF-8";
-
-bool isNativeText(const char* text) {
-  for (int length = base::nativeCharacterLength(text); length != 0;
-       length = base::nativeCharacterLength(text)) {
-    if (length < 0) return false;
-    text += length;
-  }
-  return true;
-}
-
-}  // namespace
-
 void Review::reviewTexts(const PlotElement& canvas) {
   dom::walkSubtree<const dom::Node>(canvas, [this](const dom::Node& node) {
     const bool isText = node.nodeType() == dom::Node::TextNode;
     if (isText && node.nodeValue() && !isNativeText(node.nodeValue())) {
-      hasForeignText_ = true;
-      add({.kind = Kind::textNotInLocale}, *node.parent(), {otherLocale});
+      add({.kind = Kind::textNotInLocale}, *node.parent(), {helpForLocale});
     }
     return true;
   });
@@ -231,7 +215,7 @@ void Review::tryToWriteTexts() {
     javaview::JVXWriter(&document_).write(nowhere, plot::nan);
     javaview::JVDWriter(&document_).write(nowhere, plot::nan);
   } catch (const base::BadUnicodeString&) {
-    add({.kind = Kind::textNotWritable}, *document_.documentElement(), {otherLocale});
+    add({.kind = Kind::textNotWritable}, *document_.documentElement(), {helpForLocale});
   }
 }
 

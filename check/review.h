@@ -77,7 +77,6 @@ class Review {
   ViewingBox box_;
   bool is2d_ = false;
   bool hasTimeRange_ = false;
-  bool hasForeignText_ = false;  // that the locale does not have
 };
 
 }  // namespace vantry::check

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "vantry/base/scan.h"
+#include "vantry/base/unicode_converter.h"
 #include "vantry/check/names.h"
 #include "vantry/plot/values/value_parsers.h"
 #include "vantry/plot/values/variants.h"
@@ -199,6 +200,15 @@ std::vector<std::string> helpForValue(const Property& property, const std::strin
   return help;
 }
 
+bool isNativeText(const char* text) {
+  for (int length = base::nativeCharacterLength(text); length != 0;
+       length = base::nativeCharacterLength(text)) {
+    if (length < 0) return false;
+    text += length;
+  }
+  return true;
+}
+
 bool reviewValue(const Property& property, const base::Variant& stored, const std::string& text,
                  Span where, Findings& findings) {
   const std::string name = property.name().str();
@@ -232,6 +242,9 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
   const bool isMoved = unused.empty() && number && base::scanDouble(text.c_str(), written) &&
                        !std::isnan(written) && written != *number;
   if (isMoved) add(Kind::clampedValue, text, helpForValue(property, text));
+  if (kind == ValueKind::font && !isNativeText(text.c_str())) {  // the family of a label is written
+    findings.add({.kind = Kind::textNotInLocale}, where, {helpForLocale});
+  }
   const bool isPoint = kind == ValueKind::planePoint || kind == ValueKind::spacePoint;
   const std::string_view infinite =
       isPoint ? firstNotFinite(text, kind == ValueKind::planePoint ? 2 : 3) : std::string_view();

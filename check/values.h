@@ -16,6 +16,12 @@ namespace vantry::check {
 bool reviewValue(const Property& property, const base::Variant& stored, const std::string& text,
                  Span where, Findings& findings);
 
+/// Whether the locale has all characters of a text.
+bool isNativeText(const char* text);
+/// What helps if it has not.
+inline constexpr const char* helpForLocale =
+    "run the program in a locale with UTF-8, such as C.UTF-8";
+
 /// What a value of the property is instead of `text`.
 std::vector<std::string> helpForValue(const Property& property, const std::string& text);
 

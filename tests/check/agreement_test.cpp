@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "../locale_guard.h"
 #include "made_document.h"
 #include "vantry/check/check.h"
 #include "vantry/javaview/jvd_writer.h"
@@ -88,6 +89,11 @@ TEST(AgreementInLarge, OnMadeDocuments) {
     if (!hasErrors(document)) ++withoutError;
   }
   EXPECT_GT(withoutError, 1000);
+}
+
+TEST(AgreementInLarge, OnMadeDocumentsInALocaleOfAscii) {
+  const LocaleGuard ascii(LC_CTYPE, "C");
+  for (unsigned seed = 0; seed < 1000; ++seed) expectAgreement(DocumentMaker(seed).make());
 }
 
 TEST(AgreementInLarge, OnExamplesWithMistakes) {

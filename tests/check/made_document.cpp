@@ -46,7 +46,7 @@ std::string DocumentMaker::value(const Property& property) {
       return oneOf(types).str();
     }
     case ValueKind::font:
-      return "serif 10 Bold";
+      return oneIn(4) ? "Caf\xC3\xA9 10" : "serif 10 Bold";
     case ValueKind::text:
       return "some text";
   }
@@ -136,7 +136,8 @@ std::string DocumentMaker::element(const ClassFacts& facts, int depth) {
   const bool hasPoints = !facts.children.empty() && (facts.children.front().name == Word::P2 ||
                                                      facts.children.front().name == Word::P3);
   if (isArray || hasPoints) return list(facts);
-  const std::string content = facts.holdsText ? "a text" : children(facts, depth);
+  const std::string text = oneIn(20) ? "caf\xC3\xA9" : "a text";
+  const std::string content = facts.holdsText ? text : children(facts, depth);
   return '<' + name + attributes(facts, "") + '>' + content + "</" + name + '>';
 }
 
