@@ -547,7 +547,7 @@ void CheckingReader::reportNotFinite(WordId point) {
 void CheckingReader::reviewPoint(WordId point) {
   if (!isLastPointFinite(point)) reportNotFinite(point);
   const int numbers = point == WordId::P2 ? 2 : 6;
-  if (isPlainNumbers(text(), numbers)) return;
+  if (hasPlainNumbers(text(), numbers)) return;
   const std::string_view unused = unusedPartOfPoint(text(), numbers);
   if (unused.empty()) return;
   const std::string name = base::tokenOf(point).str();

@@ -143,23 +143,35 @@ std::string_view firstNotFinite(std::string_view text, int most) {
   return {};
 }
 
-bool isPlainNumbers(std::string_view point, int most) {
+bool hasPlainNumbers(std::string_view point, int most) {
   static constexpr auto isPlain = [] {
     std::array<bool, 256> plain{};
-    for (const char c : std::string_view("0123456789+-.eE \t\r\n")) {
+    for (const char c : std::string_view("0123456789+-.eE")) {
       plain[static_cast<unsigned char>(c)] = true;
     }
     return plain;
   }();
-  int words = 0;
-  bool isBlank = true;
+  int numbers = 0;
+  unsigned char before = ' ';
+  bool isInColor = false;
+  bool hasPoint = false;
   for (const char c : point) {
-    if (!isPlain[static_cast<unsigned char>(c)]) return false;
-    const bool wasBlank = isBlank;
-    isBlank = c <= ' ';
-    if (wasBlank && !isBlank) ++words;
+    const auto byte = static_cast<unsigned char>(c);
+    const bool isFirst = before <= ' ';
+    if (byte <= ' ') {
+      isInColor = hasPoint = false;
+    } else if (isFirst && c == '#') {
+      isInColor = true;
+    } else if (!isInColor) {
+      const bool isSignWithin =
+          (c == '+' || c == '-') && !isFirst && before != 'e' && before != 'E';
+      if (!isPlain[byte] || isSignWithin || (c == '.' && hasPoint)) return false;
+      hasPoint = hasPoint || c == '.';
+      numbers += isFirst ? 1 : 0;
+    }
+    before = byte;
   }
-  return words <= most;
+  return numbers <= most;
 }
 
 std::string_view unusedPartOfPoint(std::string_view point, int most) {

@@ -43,9 +43,9 @@ std::string_view firstBadColor(std::string_view point);
 /// where there is none.
 std::string_view firstNotFinite(std::string_view text, int most);
 
-/// Whether each character of a point's text is one of those that plain numbers are written with,
-/// and there are no more than `most` words.
-bool isPlainNumbers(std::string_view point, int most);
+/// Whether the numbers in a point's text are written with plain characters alone, and are no more
+/// than `most`. Its colours are not looked at.
+bool hasPlainNumbers(std::string_view point, int most);
 
 /// The part of a point's text that is not looked at: what follows a number within its word, or what
 /// follows the first `most` numbers. Empty where there is none.
