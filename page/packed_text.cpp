@@ -5,12 +5,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <new>
 #include <ostream>
 #include <span>
 #include <streambuf>
+#include <string>
+#include <string_view>
 #include <vector>
+
+#include "vantry/page/differences.h"
 
 namespace vantry::page {
 
@@ -35,7 +38,7 @@ void writeBase64(std::ostream& out, std::span<const std::uint8_t> bytes) {
   out.write(text.data(), at - text.data());
 }
 
-/// What is written to it is compressed, and goes on in base64.
+/// What is written to it becomes shorter by differences, is compressed, and goes on in base64.
 class PackingBuffer final : public std::streambuf {
  public:
   explicit PackingBuffer(std::ostream& out) : out_(out), packed_(blockSize) {
@@ -52,35 +55,39 @@ class PackingBuffer final : public std::streambuf {
 
   /// Writes what is left. Nothing may be written after it.
   void finish() {
+    differences_.finish(encoded_);
+    packEncoded();
     while (deflate(&zip_, Z_FINISH) != Z_STREAM_END) endBlock();
     endBlock();
   }
 
  protected:
   std::streamsize xsputn(const char* data, std::streamsize size) override {
-    constexpr std::streamsize most = std::numeric_limits<uInt>::max();
-    for (std::streamsize done = 0; done < size;) {
-      const std::streamsize part = std::min(size - done, most);
-      pack(data + done, static_cast<uInt>(part));
-      done += part;
-    }
+    const std::string_view text(data, static_cast<std::size_t>(size));
+    for (std::size_t at = 0; at < text.size(); at += blockSize) encode(text.substr(at, blockSize));
     return size;
   }
 
   int_type overflow(int_type letter) override {
     const char c = traits_type::to_char_type(letter);
-    if (!traits_type::eq_int_type(letter, traits_type::eof())) pack(&c, 1);
+    if (!traits_type::eq_int_type(letter, traits_type::eof())) encode({&c, 1});
     return traits_type::not_eof(letter);
   }
 
  private:
-  void pack(const char* data, uInt size) {
-    zip_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(data));  // zlib only reads it
-    zip_.avail_in = size;
+  void encode(std::string_view text) {
+    differences_.encode(text, encoded_);
+    if (encoded_.size() >= blockSize) packEncoded();
+  }
+
+  void packEncoded() {
+    zip_.next_in = reinterpret_cast<Bytef*>(encoded_.data());
+    zip_.avail_in = static_cast<uInt>(encoded_.size());
     while (zip_.avail_in > 0) {
       deflate(&zip_, Z_NO_FLUSH);
       if (zip_.avail_out == 0) endBlock();
     }
+    encoded_.clear();
   }
 
   void beginBlock() {
@@ -94,6 +101,8 @@ class PackingBuffer final : public std::streambuf {
   }
 
   std::ostream& out_;
+  DifferenceEncoder differences_;
+  std::string encoded_;  // and not yet compressed
   std::vector<std::uint8_t> packed_;
   z_stream zip_{};
 };

@@ -6,9 +6,9 @@
 
 namespace vantry::page {
 
-/// Writes to `out`, compressed by gzip and then in base64, all that `write` writes to the stream
-/// that it is given. Nothing is held back but a block of fixed size. What `write` throws passes,
-/// and leaves an incomplete text behind. Throws std::bad_alloc.
+/// Writes to `out` all that `write` writes to the stream that it is given: its integers as
+/// differences, compressed by gzip, in base64. Nothing is held back but blocks of fixed size. What
+/// `write` throws passes, and leaves an incomplete text behind. Throws std::bad_alloc.
 void writePacked(std::ostream& out, const std::function<void(std::ostream& text)>& write);
 
 }  // namespace vantry::page

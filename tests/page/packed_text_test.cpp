@@ -34,6 +34,25 @@ TEST(PackedTextTest, ComesOutAsItWentIn) {
   }
 }
 
+/// The faces of a surface of n by n cells.
+std::string mesh(int n) {
+  std::ostringstream text;
+  for (int i = 0; i < n; ++i) {
+    for (int j = 0; j < n; ++j) {
+      const int at = i * (n + 1) + j;
+      text << "<f>" << at << ' ' << at + 1 << ' ' << at + n + 2 << ' ' << at + n + 1 << "</f>\n";
+    }
+  }
+  return text.str();
+}
+
+TEST(PackedTextTest, HoldsTheIndicesOfAMeshInAHundredth) {
+  const std::string text = mesh(200);
+  const std::string page = packed(text);
+  EXPECT_LT(page.size() * 100, text.size());
+  EXPECT_TRUE(unpacked(page) == text);
+}
+
 // Around the size of the block that is held back.
 TEST(PackedTextTest, EndsAnywhere) {
   for (std::size_t size = 49'100; size < 49'160; ++size) {

@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include <array>
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 
@@ -29,6 +30,39 @@ std::string fromBase64(std::string_view text) {
     bytes += static_cast<char>(bits >> count & 255);
   }
   return bytes;
+}
+
+bool isInteger(std::string_view word) {
+  const std::string_view digits = word.substr(word.starts_with('-') ? 1 : 0);
+  return !digits.empty() && digits.size() < 10 &&
+         digits.find_first_not_of("0123456789") == digits.npos &&
+         (digits.front() != '0' || word == "0");
+}
+
+/// Each integer is the sum of all differences in its column so far.
+std::string fromDifferences(std::string_view encoded) {
+  constexpr std::string_view separators = "\n <>";
+  std::array<long, 16> sums{};
+  std::size_t column = 0;
+  std::string text;
+  while (!encoded.empty()) {
+    const std::string word(encoded.substr(0, encoded.find_first_of(separators)));
+    encoded.remove_prefix(word.size());
+    if (isInteger(word)) {
+      long& sum = sums[column % sums.size()];
+      sum += std::stol(word);
+      if (std::abs(sum) >= 1'000'000'000) sum += sum < 0 ? 1'999'999'999 : -1'999'999'999;
+      text += std::to_string(sum);
+    } else {
+      text += word;
+    }
+    if (!word.empty()) ++column;
+    if (encoded.empty()) break;
+    if (encoded.front() == '\n') column = 0;
+    text += encoded.front();
+    encoded.remove_prefix(1);
+  }
+  return text;
 }
 
 /// Removes a text from the front.
@@ -73,7 +107,7 @@ std::string unpacked(std::string_view base64) {
   }
   inflateEnd(&zip);
   if (state != Z_STREAM_END || zip.avail_in != 0) throw std::runtime_error("not one gzip text");
-  return text;
+  return fromDifferences(text);
 }
 
 ReadPage::ReadPage(std::string_view page) {

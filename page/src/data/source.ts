@@ -1,7 +1,8 @@
 /** The texts of a page or of dropped files as streams of bytes, unpacked where they are packed. */
 import { Base64Decoder } from './base64';
+import { DifferenceDecoder } from './differences';
 
-/** A text that was in the page, packed by gzip and written in base64, or a file. */
+/** A text that was in the page, packed as CONTRACT.md describes it, or a file. */
 export type Source = { packed: Blob } | { file: Blob };
 
 export type Bytes = Uint8Array<ArrayBuffer>;
@@ -56,6 +57,16 @@ function fromBase64(letters: ReadableStream<Bytes>): ReadableStream<Bytes> {
   );
 }
 
+function fromDifferences(text: ReadableStream<Bytes>): ReadableStream<Bytes> {
+  const decoder = new DifferenceDecoder();
+  return text.pipeThrough(
+    new TransformStream<Bytes, Bytes>({
+      transform: (piece, controller) => controller.enqueue(decoder.decode(piece)),
+      flush: (controller) => controller.enqueue(decoder.finish()),
+    }),
+  );
+}
+
 async function isGzip(file: Blob): Promise<boolean> {
   const head = new Uint8Array(await file.slice(0, 2).arrayBuffer());
   return head[0] === 0x1f && head[1] === 0x8b;
@@ -63,7 +74,7 @@ async function isGzip(file: Blob): Promise<boolean> {
 
 /** The bytes of the text. */
 export async function open(source: Source): Promise<ReadableStream<Bytes>> {
-  if ('packed' in source) return inflate(fromBase64(source.packed.stream()));
+  if ('packed' in source) return fromDifferences(inflate(fromBase64(source.packed.stream())));
   const stream = source.file.stream();
   return (await isGzip(source.file))
     ? inflate(stream)

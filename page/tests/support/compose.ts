@@ -1,6 +1,7 @@
 /** Makes pages out of the template and texts of plots, as the composer of the program does. */
 import { readFileSync } from 'node:fs';
 import { gzipSync } from 'node:zlib';
+import { toDifferences } from './differences';
 
 const TEMPLATE = new URL('../../dist/template.html', import.meta.url);
 
@@ -14,10 +15,14 @@ export interface PageParts {
 const inert = (value: unknown): string => JSON.stringify(value).replaceAll('<', '\\u003c');
 
 export function compose({ page, blocks }: PageParts): string {
+  // As many letters as bytes, so that texts in any encoding stay as they are.
+  const packed = (text: Uint8Array | string): string =>
+    gzipSync(Buffer.from(toDifferences(Buffer.from(text).toString('latin1')), 'latin1')).toString(
+      'base64',
+    );
   const scripts = Object.entries(blocks).map(
     ([name, text]) =>
-      `<script type="application/octet-stream" data-name="${name}">` +
-      `${gzipSync(text).toString('base64')}</script>`,
+      `<script type="application/octet-stream" data-name="${name}">` + `${packed(text)}</script>`,
   );
   const json = `<script type="application/json" data-name="page">${inert(page)}</script>`;
   const template = readFileSync(TEMPLATE, 'utf8');
