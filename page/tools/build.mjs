@@ -1,9 +1,11 @@
 // Makes dist/template.html: one page with program and style, into which plots are put.
+// The program is packed: it is most of the page of a small plot.
 import { createHash } from 'node:crypto';
 import { mkdirSync, readFileSync, writeFileSync } from 'node:fs';
+import { gzipSync } from 'node:zlib';
 import { build } from 'esbuild';
 
-const LARGEST = 900_000;
+const LARGEST = 350_000;
 
 const options = {
   bundle: true,
@@ -20,26 +22,29 @@ const bundle = async (entry, more) =>
   (await build({ ...options, entryPoints: [entry], ...more })).outputFiles[0].text.trim();
 
 const worker = await bundle('src/data/worker.ts');
-const licence = readFileSync('node_modules/three/LICENSE', 'utf8').trim();
-const script = await bundle('src/main.ts', {
+const program = await bundle('src/main.ts', {
   define: { WORKER_PROGRAM: JSON.stringify(worker) },
-  banner: { js: `/*! three.js\n${licence}\n*/` },
 });
+const start = await bundle('src/start.ts');
 const style = await bundle('src/style.css');
+const licence = readFileSync('node_modules/three/LICENSE', 'utf8').trim();
 
-if (/<\/script|<!--/i.test(script) || /<\/style/i.test(style)) {
-  throw new Error('the program would end its own element');
+if (/<\/script|<!--/i.test(start) || /<\/style/i.test(style) || licence.includes('--')) {
+  throw new Error('a part of the page would end its own element');
 }
 
 const hash = (text) => `sha256-${createHash('sha256').update(text).digest('base64')}`;
 const parts = {
-  SCRIPT_HASH: hash(script),
+  START_HASH: hash(start),
+  PROGRAM_HASH: hash(program),
   STYLE_HASH: hash(style),
-  SCRIPT: script,
   STYLE: style,
+  LICENCE: `three.js\n${licence}`,
+  PROGRAM: gzipSync(program, { level: 9 }).toString('base64'),
+  START: start,
 };
 const template = readFileSync('src/template.html', 'utf8').replace(
-  /\b(SCRIPT_HASH|STYLE_HASH|SCRIPT|STYLE)\b/g,
+  /\b(START_HASH|PROGRAM_HASH|STYLE_HASH|STYLE|LICENCE|PROGRAM|START)\b/g,
   (name) => parts[name],
 );
 if (Buffer.byteLength(template) > LARGEST) {
