@@ -1,6 +1,7 @@
 import assert from 'node:assert/strict';
 import { gzipSync } from 'node:zlib';
 import { after, before, test } from 'node:test';
+import { FILL_PATTERNS, LINE_STYLES, POINT_STYLES } from '../../src/scene/styles';
 import { TestBrowser } from '../support/browser';
 import { compose, simplePage } from '../support/compose';
 import { example } from '../support/examples';
@@ -133,6 +134,55 @@ test('100,000 small geometries are few draw calls', async () => {
   assert.equal(await page.getByRole('checkbox').count(), 1);
   assert.deepEqual(complaints, []);
   await close();
+});
+
+/** Object i of those that differ in all that geometries can differ in. */
+function mixed(i: number): string {
+  const show = (bit: number): string => ((i >> bit) & 1 ? 'show' : 'hide');
+  const [x, y] = [i % 50, Math.floor(i / 50)];
+  const places = [`${x} ${y} 0`, `${x + 0.5} ${y} 1`, `${x} ${y + 0.5} 0`];
+  const colors = places.map((_, k) => `<c>${(i * 7 + k * 80) % 256} 90 160</c>`).join('');
+  const points = places.map((place, k) => `<p name="${i}-${k}">${place}</p>`).join('');
+  const material =
+    `<material><transparency visible="show">${(i % 4) / 4}</transparency>` +
+    `<specular><color>${i % 256} 9 9</color></specular><shininess>${i % 7}</shininess></material>`;
+  return (
+    `<geometry name="${i}"><pointSet dim="3" point="${show(0)}" color="${show(1)}">` +
+    `<points>${points}<thickness>${1 + (i % 5)}</thickness><labelAtt visible="${i < 9 ? 'show' : 'hide'}"/></points>` +
+    `<colors>${colors}</colors></pointSet>` +
+    `<lineSet line="show" arrow="${show(2)}"><lines><l>0 1</l><thickness>${i % 3}</thickness></lines></lineSet>` +
+    `<faceSet edge="${show(3)}" colorSmooth="${show(4)}" colorFromPoints="${show(1)}"><faces><f>0 1 2</f></faces></faceSet>` +
+    `<vectorField arrow="${show(2)}"><vectors>${places.map(() => '<v>0 0 1</v>').join('')}</vectors></vectorField>` +
+    `${material}</geometry>`
+  );
+}
+
+test('draw calls do not grow with the number of objects, whatever these are like', async () => {
+  const calls: number[] = [];
+  for (const count of [128, 2048]) {
+    const all = Array.from({ length: count }, (_, i) => mixed(i)).join('');
+    const runs = Array.from({ length: count }, (_, i) => ({
+      object: i,
+      count: 1,
+      point: POINT_STYLES[i % POINT_STYLES.length],
+      line: LINE_STYLES[i % LINE_STYLES.length],
+      fill: FILL_PATTERNS[i % FILL_PATTERNS.length],
+    }));
+    const frames = [{ model: 'm', runs }];
+    const { page, complaints, close } = await browser.open(
+      simplePage(model(all), undefined, { frames }),
+    );
+    const { drawCalls, faces } = await page.evaluate(() => {
+      const { plot } = window.plotPage!.all[0]!;
+      return { drawCalls: plot.drawCalls, faces: plot.scene.counts.faces };
+    });
+    assert.equal(faces, count);
+    calls.push(drawCalls);
+    assert.deepEqual(complaints, []);
+    await close();
+  }
+  assert.equal(calls[1], calls[0]);
+  assert.ok(calls[1]! <= 20, `${calls[1]} draw calls`);
 });
 
 test('a page whose data are broken says so', async () => {
