@@ -73,18 +73,9 @@ bool hasArrowHeads(const Field2d& field) { return hasTip(field); }
 /// A field in space has no properties of tips: the visibility of its points decides instead.
 bool hasArrowHeads(const Field3d& field) { return field.pointsVisible(); }
 
-/// The range of the colours of a field. It reaches one step beyond the last nodes.
-ValueRange heightRange(double anchor, double delta, std::int32_t mesh) {
+ValueRange rangeOfSteps(double anchor, double delta, std::int32_t mesh) {
   const double end = mesh * delta + anchor;
   return end < anchor ? ValueRange{end, anchor} : ValueRange{anchor, end};
-}
-
-ValueRange heightRange(const Field2d& field) {
-  return heightRange(field.anchor().y, field.delta().y, field.yMesh());
-}
-
-ValueRange heightRange(const Field3d& field) {
-  return heightRange(field.anchor().z, field.delta().z, field.zMesh());
 }
 
 template <class Field>
@@ -97,7 +88,7 @@ void emitField(GeometryOutput& out, const Field& field) {
   nodes.reserve(count);
   appendNodes(nodes, field);
   const std::span vectors(field.points.data(), count);
-  PointColors<Point> colors(out, nodes, field.colors, lineColorScale(field, heightRange(field)));
+  PointColors<Point> colors(out, nodes, field.colors, lineColorScale(field, colorRange(field)));
 
   out.beginGeometry();
   out << "<pointSet dim=\"" << dimensionOf(field.delta()) << "\" point=\"hide\">\n";
@@ -115,6 +106,14 @@ void emitField(GeometryOutput& out, const Field& field) {
 }
 
 }  // namespace
+
+ValueRange colorRange(const Field3d& field) {
+  return rangeOfSteps(field.anchor().z, field.delta().z, field.zMesh());
+}
+
+ValueRange colorRange(const Field2d& field) {
+  return rangeOfSteps(field.anchor().y, field.delta().y, field.yMesh());
+}
 
 void emitField3d(GeometryOutput& out, const Field3d& field) { emitField(out, field); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vantry/javaview/geometry_output.h"
+#include "vantry/javaview/value_range.h"
 #include "vantry/plot/elements/field2d.h"
 #include "vantry/plot/elements/field3d.h"
 
@@ -12,5 +13,9 @@ namespace vantry::javaview {
 /// Writes the vectors as arrows from the nodes of the grid.
 void emitField3d(GeometryOutput& out, const plot::Field3d& field);
 void emitField2d(GeometryOutput& out, const plot::Field2d& field);
+
+/// The heights over which the colours of a field run. They reach one step beyond the last nodes.
+ValueRange colorRange(const Field3d& field);
+ValueRange colorRange(const Field2d& field);
 
 }  // namespace vantry::javaview

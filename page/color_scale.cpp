@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "vantry/javaview/color_scale.h"
+#include "vantry/javaview/emit_fields.h"
 #include "vantry/page/texts.h"
 #include "vantry/plot/elements/density_array2d.h"
 #include "vantry/plot/elements/img.h"
@@ -47,6 +48,14 @@ std::optional<ColorScale> scaleOf(const PlotElement& primitive, const javaview::
     if (raster->values.empty()) return std::nullopt;
     const auto [smallest, largest] = std::ranges::minmax(raster->values);
     return scaleOf(primitive, fillColors, largest, smallest);
+  }
+  if (const auto* field = elementCast<Field2d>(&primitive)) {
+    const auto [bottom, top] = javaview::colorRange(*field);
+    return scaleOf(primitive, lineColors, bottom, top);
+  }
+  if (const auto* field = elementCast<Field3d>(&primitive)) {
+    const auto [bottom, top] = javaview::colorRange(*field);
+    return scaleOf(primitive, lineColors, bottom, top);
   }
   if (!height.isKnown()) return std::nullopt;
   if (isElementOf<Mesh3d, Surf3d>(primitive)) {

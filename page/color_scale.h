@@ -19,8 +19,8 @@ struct ColorScale {
   std::vector<std::string> colors;
 };
 
-/// The scale of the first primitive of the object that is coloured by its height in the viewing box
-/// or by its densities; none if there is no such primitive.
+/// The scale of the first primitive of the object that is coloured by its height in the viewing
+/// box, as a vector field by its height, or by its densities; none if there is no such primitive.
 std::optional<ColorScale> colorScaleOf(const ObjectBase& object, const javaview::Bounds& bounds);
 
 }  // namespace vantry::page

@@ -202,6 +202,29 @@ TEST(PageTest, HasTheScaleOfDensities) {
             json({{"min", -2.0}, {"max", 5.0}, {"colors", {"#ffffff", "#800000"}}}));
 }
 
+TEST(PageTest, HasTheScalesOfFields) {
+  const auto field2d = [](const std::string& type) {
+    return object(
+        "<Field2d Anchor=\"0 1\" Delta=\"1 0.5\" XMesh=\"1\" YMesh=\"2\" LineColor=\"#ff0000\" "
+        "LineColor2=\"#0000ff\" LineColorType=\"" +
+        type + "\"><P2>1 0</P2><P2>0 1</P2></Field2d>");
+  };
+  const ReadPage plane = pageOf(canvas(scene2d(field2d("Dichromatic") + field2d("Flat"))));
+  // The colours reach one step beyond the last row, at 1.5.
+  EXPECT_EQ(plane.panel(0).at("objects")[0].at("scale"),
+            json({{"min", 1.0}, {"max", 2.0}, {"colors", {"#0000ff", "#ff0000"}}}));
+  EXPECT_FALSE(plane.panel(0).at("objects")[1].contains("scale"));
+
+  const ReadPage space =
+      pageOf(canvas("<Scene3d><CoordinateSystem3d><Obj3d Type=\"VectorField3d\"><Img3d><Field3d "
+                    "Anchor=\"0 0 4\" Delta=\"1 1 -2\" XMesh=\"1\" YMesh=\"1\" ZMesh=\"3\" "
+                    "LineColor=\"#ff0000\" LineColor2=\"#0000ff\" LineColorType=\"Dichromatic\">"
+                    "<P3>0 0 1</P3><P3>0 0 1</P3><P3>0 0 1</P3></Field3d></Img3d></Obj3d>"
+                    "</CoordinateSystem3d></Scene3d>"));
+  EXPECT_EQ(space.panel(0).at("objects")[0].at("scale"),
+            json({{"min", -2.0}, {"max", 4.0}, {"colors", {"#0000ff", "#ff0000"}}}));
+}
+
 TEST(PageTest, HasTheAxes) {
   const ReadPage page =
       pageOf(canvas("<Scene2d><CoordinateSystem2d Axes=\"Origin\" XGridVisible=\"1\" "
