@@ -38,6 +38,13 @@ function multiples(min: number, max: number, step: number, anchor: number): numb
   return values;
 }
 
+/** The round step for `count` intervals; a smaller one where less than two numbers would be left. */
+function stepFor(min: number, max: number, count: number, anchor: number): number {
+  const step = roundStep(max - min, count);
+  const two = multiples(min, max, step, anchor).length > 1;
+  return two ? step : roundStep(max - min, 2 * count);
+}
+
 /**
  * Ticks between `min` and `max`, at most about `count` of them; `unit` and `minorUnit` are the
  * distances that a display asks for, followed as long as they leave room.
@@ -53,7 +60,7 @@ export function makeTicks(
   const length = max - min;
   if (!(length > 0) || !Number.isFinite(length)) return { major: [], minor: [], step: 1 };
   const asked = unit !== undefined && unit > 0 && length / unit <= Math.max(count * 2.5, 4);
-  const step = asked ? unit : roundStep(length, count);
+  const step = asked ? unit : stepFor(min, max, count, anchor);
   const finer =
     asked && minorUnit !== undefined && minorUnit > 0 ? minorUnit : step / divisions(step);
   const major = multiples(min, max, step, anchor);

@@ -25,6 +25,14 @@ test('ticks lie at round values in the range, minor ones in between', () => {
   assert.ok(!minor.some((value) => major.includes(value)));
 });
 
+test('a single number says nothing of a range: there are two where they find room', () => {
+  assert.deepEqual(makeTicks(-2, 4, 2.4).major, [-2, 0, 2, 4]);
+  assert.deepEqual(makeTicks(0.3, 1.9, 1).major, [1]);
+  assert.deepEqual(makeTicks(0.3, 2.1, 1).major, [1, 2]);
+  assert.deepEqual(makeTicks(-1, 6, 1).major, [0, 5]);
+  assert.deepEqual(makeTicks(1, 9, 2).major, [2, 4, 6, 8]);
+});
+
 test('no error of sums: thirty times a tenth is three', () => {
   assert.ok(makeTicks(0, 3, 30).major.includes(0.3));
   assert.ok(makeTicks(0, 3, 30).major.includes(3));
