@@ -47,6 +47,7 @@ export class Page {
   private readonly message = element('p', { class: 'message', attributes: { role: 'status' } });
   private panels: PanelSet[] = [];
   private engine: Engine | undefined;
+  private player: Player | undefined;
   private readonly dark = matchMedia('(prefers-color-scheme: dark)');
 
   constructor(
@@ -188,7 +189,10 @@ export class Page {
       try {
         if (frame === shown) return;
         const contents = await get(frame);
-        contents.forEach((content, i) => this.panels[i]!.panel.setContent(content));
+        if (this.player !== player) return;
+        this.panels.forEach(({ text, panel }, i) =>
+          panel.setContent(contents[i]!, this.textsOf(frameOf(text, frame))),
+        );
         const step = frame >= shown ? 1 : -1;
         shown = frame;
         for (const key of ahead.keys()) if (key !== frame + step) ahead.delete(key);
@@ -198,11 +202,12 @@ export class Page {
         this.fail('', error);
       }
     });
+    this.player = player;
     this.area.after(player.element);
     document.addEventListener('keydown', (event) => {
       const target = event.target as HTMLElement;
       if (target.closest('button, input, select, a') || event.ctrlKey || event.metaKey) return;
-      if (player.key(event.key)) event.preventDefault();
+      if (this.player?.key(event.key)) event.preventDefault();
     });
     player.start();
   }
@@ -252,7 +257,8 @@ export class Page {
       this.engine ??= new Engine(() => this.redraw());
       for (const { panel } of this.panels) panel.dispose();
       this.area.replaceChildren();
-      this.root.querySelector('.player')?.remove();
+      this.player?.end();
+      this.player = undefined;
       this.area.classList.remove('placed');
       this.area.classList.add(dropped.length > 1 ? 'several' : 'single');
       this.area.style.setProperty('--columns', String(Math.ceil(Math.sqrt(dropped.length))));

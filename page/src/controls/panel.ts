@@ -49,7 +49,7 @@ export class Panel {
     private readonly engine: Engine,
     readonly text: PanelText,
     content: Content,
-    readonly sources: SceneTexts,
+    private sources: SceneTexts,
     surroundings: Surroundings,
     private readonly mode: Mode,
   ) {
@@ -101,7 +101,9 @@ export class Panel {
     this.describe();
   }
 
-  setContent(content: Content): void {
+  /** Shows another frame, and the texts that it comes from. */
+  setContent(content: Content, sources: SceneTexts): void {
+    this.sources = sources;
     this.plot.setContent(content);
     this.unpin();
     this.describe();

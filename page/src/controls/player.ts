@@ -97,6 +97,13 @@ export class Player {
     if (this.animation.autoPlay && !still) this.play();
   }
 
+  /** Leaves the page. */
+  end(): void {
+    this.pause();
+    this.wanted = undefined;
+    this.element.remove();
+  }
+
   /** Takes a key; false if it means nothing here. */
   key(key: string): boolean {
     if (key === ' ') {

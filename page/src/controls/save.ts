@@ -73,8 +73,9 @@ export function makeSaveMenu(savable: () => Savable): HTMLElement[] {
   const buttons = FORMATS.map(({ label, ending, make }) =>
     button(label, undefined, () => void save(ending, make)),
   );
-  const { display } = savable().sources;
-  if (display)
-    buttons.push(button('JVD', undefined, () => void save('jvd', () => toFile(display))));
+  if (savable().sources.display) {
+    const make = ({ sources }: Savable): Promise<Blob> => toFile(sources.display!);
+    buttons.push(button('JVD', undefined, () => void save('jvd', make)));
+  }
   return [...buttons, message];
 }

@@ -18,7 +18,7 @@ import type { Engine } from './engine';
 import { makeUniforms, makeVisibility, type SceneUniforms } from './materials';
 import type { Scene } from './scene';
 import { AXES, Space } from './space';
-import { View, type Size } from './view';
+import { View, sameView, type Size } from './view';
 
 /** The colours of the surroundings, for what a plot leaves open. */
 export interface Surroundings {
@@ -78,6 +78,8 @@ export class Plot {
   private rulers: Drawing | undefined;
   private sortedFor = '';
   private fitted = false;
+  /** How much farther the view is than its camera, so that no number is cut off. */
+  private stepBack = 1;
 
   constructor(
     private readonly engine: Engine,
@@ -92,7 +94,7 @@ export class Plot {
     this.space = new Space(scene.space);
     this.flat = this.space.flat;
     this.view = new View(homeView(display, this.space), this.flat);
-    this.look = frameLook(display, text.axes, surroundings.ink, surroundings.ground);
+    this.look = this.lookOf();
     this.shown = { axes: this.look.visible, box: this.look.box, labels: true };
     this.uniforms = makeUniforms(1);
     this.rulerUniforms = makeUniforms(1);
@@ -110,10 +112,19 @@ export class Plot {
     return this.scene.display;
   }
 
-  /** Shows another frame of the same scene. */
+  /** Shows another frame of the same scene; the view follows a camera that moves. */
   setContent(content: Content): void {
+    const before = homeView(this.display, this.space);
     this.name = content.name;
     this.scene = content.scene;
+    this.look = this.lookOf();
+    applyLights(this.uniforms, this.display, this.space);
+    const home = homeView(this.display, this.space);
+    if (this.view.isHome && !sameView(before, home)) {
+      home.span *= this.stepBack;
+      this.view.setHome(home);
+      this.view.reset();
+    }
     this.drawing.dispose();
     this.nameObjects();
     this.drawing = this.makeDrawing();
@@ -122,7 +133,7 @@ export class Plot {
 
   setSurroundings(surroundings: Surroundings): void {
     this.surroundings = surroundings;
-    this.look = frameLook(this.display, this.text.axes, surroundings.ink, surroundings.ground);
+    this.look = this.lookOf();
   }
 
   setHidden(object: number, hidden: boolean): void {
@@ -143,7 +154,8 @@ export class Plot {
 
   /** The view that the display asks for, from so far that no number is cut off. */
   reset(): void {
-    this.view.setHome(homeView(this.display, this.space));
+    const home = homeView(this.display, this.space);
+    this.view.setHome(home);
     this.view.reset();
     if (this.flat) {
       this.fitFlat();
@@ -151,6 +163,7 @@ export class Plot {
     }
     if (isDefaultView(this.display, this.space)) this.fitBox();
     else this.fitLabels();
+    this.stepBack = this.view.state.span / home.span;
     this.view.setHome(this.view.state);
   }
 
@@ -301,6 +314,11 @@ export class Plot {
     this.uniforms.shownObjects.value.dispose();
     this.uniforms.shownObjects.value = makeVisibility(count);
     this.updateVisibility();
+  }
+
+  private lookOf(): FrameLook {
+    const { ink, ground } = this.surroundings;
+    return frameLook(this.display, this.text.axes, ink, ground);
   }
 
   private makeDrawing(): Drawing {

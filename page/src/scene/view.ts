@@ -58,6 +58,11 @@ export class View {
     this.home = copy(home);
   }
 
+  /** Whether nobody has moved the view. */
+  get isHome(): boolean {
+    return sameView(this.state, this.home);
+  }
+
   reset(): void {
     this.state = copy(this.home);
     this.update();
@@ -176,4 +181,17 @@ function copy(state: ViewState): ViewState {
     toEye: state.toEye.clone(),
     up: state.up.clone(),
   };
+}
+
+/** Whether two views show the same, but for errors of rounding. */
+export function sameView(a: ViewState, b: ViewState): boolean {
+  const numbers = ({ target, toEye, up, span, field }: ViewState): number[] => [
+    ...target,
+    ...toEye,
+    ...up,
+    span,
+    field,
+  ];
+  const others = numbers(b);
+  return numbers(a).every((value, i) => Math.abs(value - others[i]!) < 1e-9);
 }

@@ -270,6 +270,72 @@ test('an animation is stepped, sought and played; keys do the same', async () =>
   await close();
 });
 
+/** An animation that differs in its displays. */
+const changingDisplays = (...displays: string[]): string =>
+  compose({
+    page: {
+      animation: { times: displays.map((_, i) => i) },
+      panels: [{ frames: displays.map((_, i) => ({ model: `m${i}`, display: `d${i}` })) }],
+    },
+    blocks: Object.fromEntries(
+      displays.flatMap((name, i) => [
+        [`m${i}`, example('surface.jvx')],
+        [`d${i}`, example(name)],
+      ]),
+    ),
+  });
+
+test('the view follows the camera of an animation until the reader moves it', async () => {
+  const { page, close } = await browser.open(
+    changingDisplays('camera_animated.jvd', 'camera_animated@2.5.jvd', 'camera_animated@9.jvd'),
+  );
+  const direction = async (): Promise<number[]> =>
+    (await viewOf(page)).toEye.map((part) => Math.round(part) + 0);
+  const forth = async (frame: number): Promise<void> => {
+    await page.getByRole('slider', { name: 'Time' }).fill(String(frame));
+    await page.waitForFunction((name) => window.plotPage!.all[0]!.plot.name === name, `m${frame}`);
+  };
+  assert.deepEqual(await direction(), [1, 0, 0]);
+  await forth(1);
+  assert.deepEqual(await direction(), [0, 1, 0]);
+  await page.locator('.stage').focus();
+  await page.keyboard.press('z');
+  await forth(2);
+  assert.deepEqual(await direction(), [0, 0, 1]);
+  await page.getByRole('button', { name: 'Reset the view' }).click();
+  assert.deepEqual(await direction(), [-1, 0, 0]);
+  await close();
+});
+
+test('texts are saved of the frame that is shown', async () => {
+  const { page, close } = await browser.open(animatedPage());
+  await page.getByRole('slider', { name: 'Time' }).fill('2');
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name === 'm3');
+  await page.getByRole('button', { name: 'Save' }).click();
+  const [download] = await Promise.all([
+    page.waitForEvent('download'),
+    page.getByRole('button', { name: 'JVX' }).click(),
+  ]);
+  const saved = readFileSync(await download.path());
+  assert.ok(saved.equals(Buffer.from(example('surface_animated.frames-1.3.jvx'))));
+  await close();
+});
+
+test('dropped files end the animation that was there', async () => {
+  const { page, complaints, close } = await browser.open(animatedPage(true));
+  await page.evaluate(
+    (text) => window.plotPage!.openFiles([new File([text], 'mine.jvx')]),
+    new TextDecoder().decode(example('surface.jvx')),
+  );
+  await page.locator('.stage').focus();
+  await page.keyboard.press(' ');
+  await page.waitForTimeout(1500);
+  assert.equal(await page.evaluate(() => window.plotPage!.all[0]!.plot.name), 'mine.jvx');
+  assert.equal(await page.getByRole('group', { name: 'Animation' }).count(), 0);
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
 test('reduced motion is respected', async () => {
   const playing = async (reducedMotion: 'reduce' | 'no-preference'): Promise<boolean> => {
     const { page, close } = await browser.open(animatedPage(true), { reducedMotion });
