@@ -1,6 +1,5 @@
 /** Mouse, touch, wheel and keys become movements of the view. */
-import { Vector3 } from 'three';
-import { upright } from '../rulers/camera';
+import type { Axis } from '../scene/space';
 import type { View } from '../scene/view';
 
 /** A movement of this many pixels is no click any more. */
@@ -18,18 +17,13 @@ export interface GestureEvents {
   click(x: number, y: number): void;
   doubleClick(x: number, y: number): void;
   reset(): void;
+  /** The view from an end of an axis is asked for. */
+  lookFrom(axis: Axis, sign: 1 | -1): void;
 }
 
 interface Finger {
   x: number;
   y: number;
-}
-
-/** Looks along an axis, from its positive end or its negative one. */
-export function lookAlong(view: View, axis: 'x' | 'y' | 'z', sign: 1 | -1): void {
-  const toEye = new Vector3();
-  toEye[axis] = axis === 'y' ? -sign : sign;
-  view.lookFrom(toEye, upright(toEye));
 }
 
 export class Gestures {
@@ -134,7 +128,7 @@ export class Gestures {
       ArrowDown: [0, -1],
     };
     const arrow = arrows[key];
-    const axis = ({ x: 'x', y: 'y', z: 'z' } as const)[key.toLowerCase()];
+    const axis = ({ x: 0, y: 1, z: 2 } as const)[key.toLowerCase()];
     if (arrow) {
       if (view.flat || shift) view.pan(-arrow[0] * PIXELS_PER_KEY, -arrow[1] * PIXELS_PER_KEY);
       else view.turn(arrow[0] * TURN_PER_KEY, arrow[1] * TURN_PER_KEY);
@@ -142,7 +136,7 @@ export class Gestures {
     else if (key === '-' || key === '_') view.zoom(1 / ZOOM_PER_KEY);
     else if (key === '<' || key === '>') view.roll(key === '<' ? TURN_PER_KEY : -TURN_PER_KEY);
     else if (key === 'Home' || key === '0') events.reset();
-    else if (axis && !view.flat) lookAlong(view, axis, shift ? -1 : 1);
+    else if (axis !== undefined && !view.flat) events.lookFrom(axis, shift ? -1 : 1);
     else return false;
     events.moved(true);
     return true;

@@ -5,9 +5,10 @@ import type { SceneTexts } from '../data/read';
 import { cssFont } from '../scene/atlas';
 import type { Engine } from '../scene/engine';
 import { Plot, type Content, type Hit, type Surroundings } from '../scene/plot';
+import { AXES, type Axis } from '../scene/space';
 import { describe } from './describe';
 import { ICONS, button, checkbox, element, menu } from './dom';
-import { Gestures, lookAlong } from './gestures';
+import { Gestures } from './gestures';
 import { makeLegend } from './legend';
 import { makeObjectList } from './objects';
 import { makeSaveMenu, type Savable } from './save';
@@ -92,6 +93,7 @@ export class Panel {
       click: (x, y) => this.click(x, y),
       doubleClick: (x, y) => this.center(x, y),
       reset: () => this.reset(),
+      lookFrom: (axis, sign) => this.plot.lookFrom(axis, sign),
     });
     this.stage.addEventListener('keydown', (event) => {
       if (event.key === 'Escape') this.unpin();
@@ -174,16 +176,16 @@ export class Panel {
   private makeTools(): HTMLElement {
     const { plot } = this;
     const { view } = plot;
-    const look = (axis: 'x' | 'y' | 'z', sign: 1 | -1) => (): void => {
-      lookAlong(view, axis, sign);
+    const look = (axis: Axis, sign: 1 | -1) => (): void => {
+      plot.lookFrom(axis, sign);
       this.moved(false);
     };
     const views = element(
       'div',
       { class: 'grid' },
-      ...(['x', 'y', 'z'] as const).flatMap((axis) => [
-        button(`From +${axis}`, undefined, look(axis, 1)),
-        button(`From \u2212${axis}`, undefined, look(axis, -1)),
+      ...AXES.flatMap((axis) => [
+        button(`From +${'xyz'[axis]}`, undefined, look(axis, 1)),
+        button(`From \u2212${'xyz'[axis]}`, undefined, look(axis, -1)),
       ]),
     );
     const parallel = checkbox('Parallel', view.state.field === 0, (on) => {

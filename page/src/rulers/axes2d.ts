@@ -10,6 +10,8 @@ import { rulerTicks, type RulerTicks } from './ticks';
 /** As wide as the widest number of most plots. */
 const TYPICAL_NUMBER = '\u22120.000';
 const LABEL_GAP = 3;
+/** Between the widest number and the title; as near as that labels are taken to meet. */
+const TITLE_GAP = 5;
 const PER_LABEL = [75, 45] as const;
 
 /** Rulers lie before everything, lines of the grid behind. */
@@ -37,7 +39,7 @@ export function margins(
       ? 12
       : look.tickLength +
         (ruler.numbers ? numbers + LABEL_GAP * 2 : 0) +
-        (ruler.title === '' ? 4 : title + LABEL_GAP + 2);
+        (ruler.title === '' ? 4 : title + TITLE_GAP);
   return {
     left: beside(y, left[y.numberPlaces], titleOf(y)[y.titleTurned ? 1 : 0]),
     bottom: beside(x, below[x.numberPlaces], titleOf(x)[1]),
@@ -226,7 +228,7 @@ export class Rulers2d {
     }
     const along = this.low[axis] + (this.high[axis] - this.low[axis]) * ruler.titlePlace;
     const at = this.place(axis, along, across, this.depth);
-    const extent = ruler.numbers ? this.numberExtent(axis, ticks) + LABEL_GAP : 0;
+    const extent = ruler.numbers ? this.numberExtent(axis, ticks) + TITLE_GAP : 0;
     const gap = look.tickLength + LABEL_GAP + extent;
     const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
     const turns = axis === 1 && ruler.titleTurned ? 1 : 0;

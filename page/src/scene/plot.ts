@@ -4,7 +4,7 @@ import type { BackdropText, ObjectText, PanelText } from '../data/contract';
 import type { Display, Rgb } from '../javaview/model';
 import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
 import { Rulers3d } from '../rulers/axes3d';
-import { homeView, isDefaultView } from '../rulers/camera';
+import { homeView, isDefaultView, upright } from '../rulers/camera';
 import { frameLook, type FrameLook } from '../rulers/frame';
 import { placeLabels, type PlacedLabels } from '../rulers/labels';
 import { RulerLayout } from '../rulers/layout';
@@ -17,7 +17,7 @@ import { Drawing } from './drawing';
 import type { Engine } from './engine';
 import { makeUniforms, makeVisibility, type SceneUniforms } from './materials';
 import type { Scene } from './scene';
-import { AXES, Space } from './space';
+import { AXES, Space, type Axis } from './space';
 import { View, sameView, type Size } from './view';
 
 /** The colours of the surroundings, for what a plot leaves open. */
@@ -165,6 +165,14 @@ export class Plot {
     else this.fitLabels();
     this.stepBack = this.view.state.span / home.span;
     this.view.setHome(this.view.state);
+  }
+
+  /** Shows all from an end of an axis. */
+  lookFrom(axis: Axis, sign: 1 | -1): void {
+    const toEye = new Vector3().setComponent(axis, sign);
+    this.view.lookFrom(toEye, upright(toEye));
+    this.view.state.target.set(0, 0, 0);
+    this.fitBox();
   }
 
   /** Draws the scene at a density of pixels; the result is valid until the next picture. */

@@ -9,7 +9,7 @@ import { TestBrowser } from '../support/browser';
 import { compose, simplePage } from '../support/compose';
 import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
 import { example } from '../support/examples';
-import { model, sheet } from '../support/plots';
+import { axes, curve, display, model, sheet } from '../support/plots';
 
 declare global {
   interface Window {
@@ -225,8 +225,32 @@ test('the view is parallel or in perspective', async () => {
   await page.getByRole('button', { name: 'View', exact: true }).click();
   await page.getByRole('checkbox', { name: 'Parallel' }).check();
   assert.equal(await field(), 0);
-  await page.getByRole('button', { name: 'From +z' }).click();
-  assert.ok((await viewOf(page)).toEye[2]! > 0.999);
+  await close();
+});
+
+test('from the end of an axis everything is seen, with all numbers', async () => {
+  const { page, close } = await browser.open(surface());
+  await page.mouse.wheel(0, -400);
+  await page.getByRole('button', { name: 'View', exact: true }).click();
+  for (const [axis, name] of ['x', 'y', 'z'].entries()) {
+    for (const sign of [1, -1]) {
+      await page.getByRole('button', { name: `From ${sign > 0 ? '+' : '\u2212'}${name}` }).click();
+      await browser.settle(page);
+      assert.ok(Math.abs((await viewOf(page)).toEye[axis]! - sign) < 1e-6);
+      const outside = await page.evaluate(() => {
+        const { rectangles, view } = window.plotPage!.all[0]!.plot;
+        const { width, height } = view.size;
+        return rectangles.filter(
+          (some) =>
+            some.left < 0 ||
+            some.bottom < 0 ||
+            some.left + some.width > width ||
+            some.bottom + some.height > height,
+        ).length;
+      });
+      assert.equal(outside, 0, `from ${sign} ${name}`);
+    }
+  }
   await close();
 });
 
@@ -241,6 +265,30 @@ test('in two dimensions the ticks follow the zoom', async () => {
   const after = await texts();
   assert.notDeepEqual(after, before);
   assert.ok(after.length >= 3, after.join());
+  await close();
+});
+
+test('a title beside a ruler leaves its numbers alone', async () => {
+  const html = simplePage(
+    model(
+      curve([
+        [0, -0.2],
+        [4, 2.2],
+      ]),
+    ),
+    display(
+      axes('frame', 2, [
+        [0, 4],
+        [-0.2, 2.2],
+      ]),
+    ),
+    { axes: { kind: 'frame', y: { title: 'sin x' } } },
+  );
+  const { page, close } = await browser.open(html, { viewport: { width: 300, height: 200 } });
+  const texts = await page.evaluate(() =>
+    window.plotPage!.all[0]!.plot.labels.map(({ text }) => text),
+  );
+  for (const text of ['sin x', '0', '1', '2']) assert.ok(texts.includes(text), texts.join());
   await close();
 });
 
