@@ -4,12 +4,16 @@ import type { Loader } from '../data/load';
 import { rootOf, type SceneTexts } from '../data/read';
 import type { Source } from '../data/source';
 import { checkRoot } from '../javaview/reader';
+import { brightness, hexToRgb } from '../scene/colors';
 import { Engine } from '../scene/engine';
 import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
 import { button, element } from './dom';
 import { Panel, textLine, type Mode } from './panel';
 import { Player } from './player';
+
+/** A ground that is brighter than this has dark texts. */
+const MIDDLE = 0.5;
 
 const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255] };
 const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28] };
@@ -44,6 +48,7 @@ const stem = (name: string): string => name.replace(/(\.gz|\.jvx|\.jvd|\.xml)+$/
 
 export class Page {
   private readonly area = element('div', { class: 'area' });
+  private readonly room = element('div', { class: 'room' }, this.area);
   private readonly message = element('p', { class: 'message', attributes: { role: 'status' } });
   private panels: PanelSet[] = [];
   private engine: Engine | undefined;
@@ -59,14 +64,29 @@ export class Page {
   ) {
     document.documentElement.classList.toggle('picture', mode.picture);
     document.documentElement.classList.toggle('transparent', mode.transparent);
-    if (text.background !== undefined) root.style.setProperty('--canvas', text.background);
+    this.applyScheme();
     this.dark.addEventListener('change', () => {
+      this.applyScheme();
       for (const { panel } of this.panels) panel.setSurroundings(this.surroundings);
     });
   }
 
+  /** Those of the canvas where it has a ground, or else as the reader likes them. */
   get surroundings(): Surroundings {
-    return this.dark.matches && !this.mode.picture ? DARK : LIGHT;
+    const { background } = this.text;
+    if (background === undefined) {
+      return this.dark.matches && !this.mode.picture ? DARK : LIGHT;
+    }
+    const ground = hexToRgb(background);
+    return { ink: (brightness(ground) < MIDDLE ? DARK : LIGHT).ink, ground };
+  }
+
+  private applyScheme(): void {
+    const { ground } = this.surroundings;
+    const { dataset, style } = document.documentElement;
+    dataset.scheme = brightness(ground) < MIDDLE ? 'dark' : 'light';
+    const { background } = this.text;
+    if (background !== undefined) style.setProperty('--ground', background);
   }
 
   /** The panels in their order, for tests and for hosts of the page. */
@@ -83,7 +103,7 @@ export class Page {
     const header = textLine(this.text.header, 'header');
     const footer = textLine(this.text.footer, 'footer');
     this.root.append(
-      ...[header, this.area, this.message, footer].filter((some) => some !== undefined),
+      ...[header, this.room, this.message, footer].filter((some) => some !== undefined),
     );
     this.acceptFiles();
     if (this.text.panels.length === 0) {
@@ -203,7 +223,7 @@ export class Page {
       }
     });
     this.player = player;
-    this.area.after(player.element);
+    this.room.after(player.element);
     document.addEventListener('keydown', (event) => {
       const target = event.target as HTMLElement;
       if (target.closest('button, input, select, a') || event.ctrlKey || event.metaKey) return;

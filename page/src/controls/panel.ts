@@ -3,6 +3,7 @@ import { Vector3 } from 'three';
 import type { PanelText, TextLine } from '../data/contract';
 import type { SceneTexts } from '../data/read';
 import { cssFont } from '../scene/atlas';
+import { brightness, hexToRgb } from '../scene/colors';
 import type { Engine } from '../scene/engine';
 import { Plot, type Content, type Hit, type Surroundings } from '../scene/plot';
 import { AXES, type Axis } from '../scene/space';
@@ -22,7 +23,12 @@ export function textLine(line: TextLine | undefined, name: string): HTMLElement 
   const made = element('p', { class: `line ${name}`, text: line.text });
   made.style.font = cssFont({ ...line, color: [0, 0, 0] }, 1);
   made.style.textAlign = line.align;
-  if (line.color !== undefined) made.style.color = line.color;
+  if (line.color !== undefined) {
+    const bright = brightness(hexToRgb(line.color));
+    made.style.setProperty('--own', line.color);
+    made.classList.toggle('dim', bright < 0.3);
+    made.classList.toggle('bright', bright > 0.85);
+  }
   return made;
 }
 

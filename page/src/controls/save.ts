@@ -13,9 +13,10 @@ export interface Savable {
   picture(factor: number): HTMLCanvasElement;
 }
 
-/** A file name out of any text. */
+/** A file name out of any text, such as the name of another file. */
 function fileName(name: string, ending: string): string {
   const plain = name
+    .replace(/\.(zrd|xml|jvx|jvd)$/i, '')
     .replace(/[^\p{L}\p{N}._ -]+/gu, '')
     .trim()
     .slice(0, 80);

@@ -256,7 +256,7 @@ export class Plot {
   }
 
   /** The point of the file that is seen nearest to a place of the screen. */
-  pick(x: number, y: number, reach = 24): Hit | undefined {
+  pick(x: number, y: number, reach = 40): Hit | undefined {
     const { view, space } = this;
     const m = view.matrix().elements;
     const { width, height } = view.size;

@@ -396,7 +396,9 @@ test('reduced motion is respected', async () => {
 });
 
 test('pictures are saved in twice and four times the size', async () => {
-  const { page, close } = await browser.open(surface());
+  const { page, close } = await browser.open(
+    simplePage(example('surface.jvx'), undefined, { name: 'surface.zrd' }),
+  );
   await page.getByRole('button', { name: 'Save' }).click();
   for (const [name, factor] of [
     ['PNG, twice the size', 2],
@@ -408,7 +410,7 @@ test('pictures are saved in twice and four times the size', async () => {
     ]);
     const { width, height } = PNG.sync.read(readFileSync(await download.path()));
     assert.deepEqual([width, height], [800 * factor, 600 * factor]);
-    assert.equal(download.suggestedFilename(), 'plot.png');
+    assert.equal(download.suggestedFilename(), 'surface.png');
   }
   await close();
 });
@@ -441,8 +443,80 @@ test('a large surface is drawn coarsely at once and finely a moment later', asyn
   assert.deepEqual([...new Set(await triangles('#picture'))], [whole]);
 });
 
+test('the canvas has its ground, and texts are read on it in all surroundings', async () => {
+  const panels = [{ frames: [{ model: 'm' }] }];
+  const colors = async (
+    page: object,
+    colorScheme: 'light' | 'dark',
+  ): Promise<[string, string, string]> => {
+    const html = compose({ page: { panels, ...page }, blocks: { m: example('surface.jvx') } });
+    const { page: opened, close } = await browser.open(html, { colorScheme });
+    const found = await opened.evaluate(() => {
+      const [header, footer] = document.querySelectorAll('.line');
+      return [
+        getComputedStyle(document.body).backgroundColor,
+        getComputedStyle(header!).color,
+        getComputedStyle(footer!).color,
+      ];
+    });
+    await close();
+    return found as [string, string, string];
+  };
+  const lines = {
+    header: { text: 'black', color: '#000000' },
+    footer: { text: 'orange', color: '#ff8000' },
+  };
+  const [black, orange, light, dark] = [
+    'rgb(0, 0, 0)',
+    'rgb(255, 128, 0)',
+    'rgb(230, 230, 234)',
+    'rgb(24, 24, 28)',
+  ];
+  assert.deepEqual(await colors(lines, 'light'), ['rgb(255, 255, 255)', black, orange]);
+  assert.deepEqual(await colors(lines, 'dark'), [dark, light, orange]);
+  const blue = { ...lines, background: '#102040' };
+  assert.deepEqual(await colors(blue, 'light'), ['rgb(16, 32, 64)', light, orange]);
+  const cream = { ...lines, background: '#fff8e0' };
+  assert.deepEqual(await colors(cream, 'dark'), ['rgb(255, 248, 224)', black, orange]);
+});
+
+/** Two scenes at places of a canvas that is higher than wide. */
+const placedPage = (): string =>
+  compose({
+    page: {
+      header: 'Above',
+      aspect: 1.2,
+      panels: [0, 0.5].map((left) => ({
+        name: `from ${left}`,
+        place: { left, top: 0, width: 0.5, height: 1 },
+        frames: [{ model: 'm' }],
+      })),
+    },
+    blocks: { m: example('surface.jvx') },
+  });
+
+test('a canvas is as large as the page has room for', async () => {
+  const { page, close } = await browser.open(placedPage());
+  const [content, width, height] = await page.evaluate(() => {
+    const box = document.querySelector('.area')!.getBoundingClientRect();
+    return [document.documentElement.scrollHeight, box.width, box.height];
+  });
+  assert.equal(content, 600);
+  assert.ok(height! > 560 && Math.abs(width! / height! - 1.2) < 0.01, `${width} x ${height}`);
+  await close();
+});
+
+test('buttons do not lie on the drawing where nothing hovers', async () => {
+  const { page, close } = await browser.open(surface(), { hasTouch: true, isMobile: true });
+  const tools = (await page.locator('.tools').boundingBox())!;
+  const stage = (await page.locator('.stage').boundingBox())!;
+  assert.ok(tools.y + tools.height <= stage.y, `${tools.y} ${tools.height} ${stage.y}`);
+  assert.ok(stage.height > 500);
+  await close();
+});
+
 test('a width of 320 pixels holds everything', async () => {
-  for (const html of [twoScenesPage(), animatedPage(), functionPage()]) {
+  for (const html of [twoScenesPage(), placedPage(), animatedPage(), functionPage()]) {
     const { page, close } = await browser.open(html, { viewport: { width: 320, height: 568 } });
     assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 320);
     const stages = page.locator('.stage');
