@@ -179,7 +179,7 @@ async function peakMemory(browser, kind) {
   return Math.max(0, ...peaks);
 }
 
-/** Drags to and fro for some seconds; how many pictures a second were drawn meanwhile. */
+/** Drags back and forth for some seconds; returns how many pictures a second were drawn. */
 async function orbit(page) {
   await page.mouse.move(400, 300);
   await page.mouse.down();

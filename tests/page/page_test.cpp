@@ -379,14 +379,14 @@ TEST(PageTest, LeavesTheModelAloneWhenTheCameraMoves) {
   EXPECT_NE(frames[1].at("display"), frames[2].at("display"));
 }
 
-TEST(PageTest, StandsStillAtATime) {
+TEST(PageTest, HasOneFrameAtATime) {
   const ReadPage page = pageOf(moving, {.time = 3});
   EXPECT_FALSE(page.text.contains("animation"));
   EXPECT_EQ(page.panel(0).at("frames").size(), 1U);
   EXPECT_NE(page.block(0, 0, "model").find("<p>2 0</p>"), std::string::npos);
 }
 
-TEST(PageTest, StandsStillWhereThePlotBegins) {
+TEST(PageTest, HasOneFrameWhereThePlotBegins) {
   const ReadPage page = pageOf(moving, {.framesPerUnit = 0});
   EXPECT_EQ(page.panel(0).at("frames").size(), 1U);
   EXPECT_NE(page.block(0, 0, "model").find("<p>2 0</p>"), std::string::npos);  // at 2.2
@@ -397,7 +397,7 @@ TEST(PageTest, EndsAtTheEndOfTheTime) {
   EXPECT_EQ(page.text.at("animation").at("times"), json({0.0, 0.5, 1.0, 1.1}));
 }
 
-TEST(PageTest, StandsStillWhenNoTimePasses) {
+TEST(PageTest, HasOneFrameWhenNoTimePasses) {
   EXPECT_FALSE(pageOf(timed("1", "1", scene2d(""))).text.contains("animation"));
 }
 

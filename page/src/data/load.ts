@@ -6,10 +6,10 @@ import type { Reply, Request } from './worker';
 /** The program of the worker, put in by the build. */
 declare const WORKER_PROGRAM: string;
 
-/** So long the page may stand still, in milliseconds. */
+/** For so long the page may not respond, in milliseconds. */
 const LONGEST_TURN = 12;
 
-/** A worker that has had nothing to do for so long goes, with the memory it holds. */
+/** A worker that has had nothing to do for so long ends, and frees its memory. */
 const IDLE = 3_000;
 
 interface Waiting {

@@ -7,7 +7,7 @@ export interface Rectangle {
   height: number;
 }
 
-/** Whether two rectangles meet, or stand side by side with less than a gap between them. */
+/** Whether two rectangles meet, or are side by side with less than a gap between them. */
 export function overlaps(a: Rectangle, b: Rectangle, gap: number): boolean {
   return (
     a.left < b.left + b.width + gap &&

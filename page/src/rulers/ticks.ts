@@ -139,7 +139,7 @@ function decimalsOf(step: number): number {
   return 12;
 }
 
-/** A number as it stands at a tick, with the digits that the step calls for. */
+/** A number as it is written at a tick, with the digits that the step calls for. */
 export function formatTick(value: number, step: number): string {
   if (Math.abs(value) < step * 1e-6) return '0';
   const size = Math.max(Math.abs(value), step);

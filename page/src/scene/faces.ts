@@ -69,7 +69,7 @@ function glossOfMaterial({ specular, shininess, emissive, ambient }: Material): 
   };
 }
 
-/** The colour before it was made lighter to stand in for a pattern. */
+/** The colour before it was made lighter in the place of a pattern. */
 function undoLightening(color: Rgb): Rgb {
   const darker = (channel: number): number => Math.max(0, 2 * channel - 256);
   return [darker(color[0]), darker(color[1]), darker(color[2])];

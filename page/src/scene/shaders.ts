@@ -8,7 +8,7 @@ precision highp float;
 precision highp int;
 `;
 
-/** Whether an object is shown stands in a texture, one texel an object. */
+/** A texture says which objects are shown, one texel an object. */
 const VISIBILITY = `
 uniform sampler2D shownObjects;
 bool isShown(float object) {

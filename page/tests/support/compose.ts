@@ -11,7 +11,7 @@ export interface PageParts {
   blocks: Record<string, Uint8Array | string>;
 }
 
-/** JSON that cannot end the element it stands in. */
+/** JSON that cannot end the element that it is in. */
 const inert = (value: unknown): string => JSON.stringify(value).replaceAll('<', '\\u003c');
 
 export function compose({ page, blocks }: PageParts): string {

@@ -78,7 +78,7 @@ test('an animation ends, begins anew, or turns round', () => {
   });
 });
 
-test('base64 is decoded in pieces, whatever stands between its letters', () => {
+test('base64 is decoded in pieces, whatever is between its letters', () => {
   const bytes = Uint8Array.from({ length: 2_000_003 }, (_, i) => (i * 7919) & 255);
   const text = Buffer.from(bytes)
     .toString('base64')
