@@ -15,7 +15,7 @@ void emitField3d(GeometryOutput& out, const plot::Field3d& field);
 void emitField2d(GeometryOutput& out, const plot::Field2d& field);
 
 /// The heights over which the colours of a field run. They reach one step beyond the last nodes.
-ValueRange colorRange(const Field3d& field);
-ValueRange colorRange(const Field2d& field);
+ValueRange colorRange(const plot::Field3d& field);
+ValueRange colorRange(const plot::Field2d& field);
 
 }  // namespace vantry::javaview
