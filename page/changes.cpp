@@ -10,6 +10,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 namespace {
 
 void addTime(std::vector<double>& times, double time) {

@@ -10,13 +10,11 @@
 
 namespace vantry::page {
 
-using namespace plot;
-
 /// The times at which objects come and go and get another image, and transforms another map.
 class Changes {
  public:
   /// Of those objects and transforms of the coordinate system that `isMeant` picks.
-  Changes(const CoordinateSystemBase& system, bool (*isMeant)(const dom::Node&));
+  Changes(const plot::CoordinateSystemBase& system, bool (*isMeant)(const dom::Node&));
 
   /// What distinguishes a state from all others.
   using State = std::pair<std::size_t, std::size_t>;
@@ -25,7 +23,7 @@ class Changes {
   State at(double time) const;
 
  private:
-  void addTimesOf(const ObjectBase& object);
+  void addTimesOf(const plot::ObjectBase& object);
   void addFramesOf(const dom::Node& parent);
 
   std::vector<double> from_;   // what changes at these times has changed at the time itself

@@ -15,6 +15,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 namespace {
 
 /// From which properties a primitive takes its colours.

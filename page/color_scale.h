@@ -10,8 +10,6 @@
 
 namespace vantry::page {
 
-using namespace plot;
-
 /// Colours at even steps from the value `min` to the value `max`, as "#rrggbb".
 struct ColorScale {
   double min;
@@ -21,6 +19,7 @@ struct ColorScale {
 
 /// The scale of the first primitive of the object that is coloured by its height in the viewing
 /// box, as a vector field by its height, or by its densities; none if there is no such primitive.
-std::optional<ColorScale> colorScaleOf(const ObjectBase& object, const javaview::Bounds& bounds);
+std::optional<ColorScale> colorScaleOf(const plot::ObjectBase& object,
+                                       const javaview::Bounds& bounds);
 
 }  // namespace vantry::page

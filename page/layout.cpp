@@ -5,6 +5,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 namespace {
 
 struct Grid {

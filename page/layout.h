@@ -9,8 +9,6 @@
 
 namespace vantry::page {
 
-using namespace plot;
-
 /// A rectangle in parts of the canvas: from its left and its top, 0 to 1.
 struct Place {
   double left;
@@ -20,6 +18,7 @@ struct Place {
 };
 
 /// The places of these scenes of the canvas, by its layout, its margins and its spacing.
-std::vector<Place> placesOf(const Canvas& canvas, std::span<const SceneBase* const> scenes);
+std::vector<Place> placesOf(const plot::Canvas& canvas,
+                            std::span<const plot::SceneBase* const> scenes);
 
 }  // namespace vantry::page

@@ -12,6 +12,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 Page::Page() = default;
 Page::~Page() = default;
 

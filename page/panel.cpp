@@ -15,6 +15,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 std::string Blocks::add(const std::function<void(std::ostream& text)>& write) {
   std::string name = "text-" + std::to_string(++count_);
   out_ << "<script type=\"application/octet-stream\" data-name=\"" << name << "\">";

@@ -60,7 +60,7 @@ class Panel {
   virtual std::optional<TimeSpan> timeSpan() const { return std::nullopt; }
 
   /// The scene that is drawn; null for a drawing that is none of a plot document.
-  virtual const SceneBase* scene() const { return nullptr; }
+  virtual const plot::SceneBase* scene() const { return nullptr; }
 
   /// Everything about the panel but its frames.
   virtual Json text() const = 0;
@@ -73,7 +73,7 @@ class Panel {
 
 /// The panel of each scene that can be drawn, in the order of the document. Throws PageError if
 /// there is no such scene.
-std::vector<std::unique_ptr<Panel>> panelsOf(PlotDocument& document, const PlotName& name);
+std::vector<std::unique_ptr<Panel>> panelsOf(plot::PlotDocument& document, const PlotName& name);
 
 /// The panel of a JVX text and a JVD text, which may be null.
 std::unique_ptr<Panel> panelOf(std::istream& model, std::istream* display, std::string title);

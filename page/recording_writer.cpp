@@ -2,6 +2,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 namespace {
 
 /// A style that has no place in a model: its property, and what a page takes for granted.

@@ -11,6 +11,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 bool hasGeometry(const ObjectBase& object) {
   for (const dom::Node* child = object.firstChild(); child; child = child->nextSibling()) {
     if (!isElementOf<Img2d, Img3d>(*child)) continue;

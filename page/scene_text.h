@@ -11,15 +11,15 @@ namespace vantry::page {
 
 /// Whether an image of the object has a primitive that becomes a geometry. Those of cameras and
 /// lights have none.
-bool hasGeometry(const ObjectBase& object);
+bool hasGeometry(const plot::ObjectBase& object);
 
 /// The objects of a coordinate system with geometries, but for those that are never shown, in the
 /// order of the document.
-std::vector<const ObjectBase*> objectsOf(const CoordinateSystemBase& system);
+std::vector<const plot::ObjectBase*> objectsOf(const plot::CoordinateSystemBase& system);
 
 /// Everything about the panel of a scene but its place and its frames. `name` is for a scene that
 /// has none.
-Json sceneText(const javaview::ExportedScene& exported, std::span<const ObjectBase* const> objects,
-               const std::string& name);
+Json sceneText(const javaview::ExportedScene& exported,
+               std::span<const plot::ObjectBase* const> objects, const std::string& name);
 
 }  // namespace vantry::page

@@ -10,6 +10,8 @@
 
 namespace vantry::page {
 
+using namespace plot;
+
 std::string utf8(const char* native) {
   std::ostringstream out;
   base::writeLocaleText(out, native);

@@ -11,7 +11,6 @@
 
 namespace vantry::page {
 
-using namespace plot;
 using Json = nlohmann::ordered_json;
 
 /// Text of the model in UTF-8; null is the empty text. Throws base::BadUnicodeString for a text
@@ -19,23 +18,23 @@ using Json = nlohmann::ordered_json;
 std::string utf8(const char* native);
 
 /// The text of the child `name`, in UTF-8; empty without one.
-std::string childText(const PlotElement& parent, Token name);
+std::string childText(const plot::PlotElement& parent, base::Token name);
 
 /// The attribute `Name` of an element that may have one, in UTF-8; empty without it.
-std::string ownName(const PlotElement& element);
+std::string ownName(const plot::PlotElement& element);
 
 /// "#rrggbb". How much light passes is said by materials.
-std::string colorText(RGBA color);
+std::string colorText(plot::RGBA color);
 
 /// The word of a page for one of the model: "FilledCircles" is "filledCircles".
-std::string wordText(Token word);
+std::string wordText(base::Token word);
 
 /// A font without its text.
-Json fontText(const FontStyle& font);
+Json fontText(const plot::FontStyle& font);
 
 /// Puts the text of the child `name`, unless there is none, into `text` as the member of that name.
-void putLine(Json& text, const PlotElement& parent, Token name, const FontStyle& font,
-             Token alignment);
+void putLine(Json& text, const plot::PlotElement& parent, base::Token name,
+             const plot::FontStyle& font, base::Token alignment);
 
 /// A length on the drawing, in pixels.
 double pixels(double millimetres);
