@@ -143,6 +143,7 @@ void Document::beginBatch() {
   }
   savedHistoryLimit_ = history_.limit();
   history_.setLimit(0);
+  forgetChanges();
   isBatchBeginning_ = true;
   for (auto notified = observers_.begin(); notified != observers_.end(); ++notified) {
     try {
@@ -253,7 +254,19 @@ void Document::setUndoLimit(unsigned limit) {
     savedHistoryLimit_ = limit;
   } else {
     history_.setLimit(limit);
+    forgetChanges();
   }
+}
+
+void Document::clearUndo() {
+  history_.clear();
+  forgetChanges();
+}
+
+/// Leaves the places of what the change under way has recorded, since operations at work have
+/// theirs among them.
+void Document::forgetChanges() {
+  for (std::unique_ptr<base::Operation>& change : changes_) change = nullptr;
 }
 
 Range* Document::firstSelectedRange() const {

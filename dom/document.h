@@ -106,8 +106,9 @@ class Document : public InnerNode {
 
   /// Does `work` as one change, or as part of the one under way. Deferred operations run at its
   /// end, and what observers throw after a change is thrown there. A node that is taken out of a
-  /// tree meanwhile lives until then, even if nobody holds it, so whoever is at work can go on with
-  /// it.
+  /// tree meanwhile lives until then, even if nobody holds it, so that the code at work can go on
+  /// using it. This is no transaction: if `work` throws, what it has done stays and is recorded. Of
+  /// several exceptions the first reaches the caller. The caller must hold the document.
   template <class Work>
   void asOneChange(Work work) {
     try {
@@ -134,6 +135,12 @@ class Document : public InnerNode {
   template <class Report>
   void afterChange(Report report) {
     if (recording_) recording_->takePlace();
+    throwLate(report);
+  }
+
+  /// Calls `report` within a change. What it throws is thrown when the whole change is complete.
+  template <class Report>
+  void throwLate(Report report) {
     try {
       report();
     } catch (...) {
@@ -152,8 +159,9 @@ class Document : public InnerNode {
   /// The largest number of groups that can be undone, 100 at first. Empties the history. Within a
   /// batch the number takes effect at its end.
   void setUndoLimit(unsigned limit);
-  /// Forgets all that could be undone or redone. The tree stays as it is.
-  void clearUndo() { history_.clear(); }
+  /// Forgets all that could be undone or redone, also what the change under way has recorded. The
+  /// tree stays as it is.
+  void clearUndo();
   /// Makes the next change begin a group. Without it changes join the group under way, which also
   /// ends with an undo or redo.
   void startUndoGroup() { history_.startGroup(); }
@@ -225,6 +233,7 @@ class Document : public InnerNode {
   };
 
   void holdBack();
+  void forgetChanges();
   void finishExecution();
   void runDeferred(base::Operation& operation);
 
@@ -253,11 +262,11 @@ class Document : public InnerNode {
   bool isAbandoned_ = false;
 };
 
-/// The same for a node, which need not have a document.
+/// Does `work` as one change of the node's document; just does it if the node has none.
 template <class Work>
 void asOneChange(const Node& node, Work work) {
-  if (node.ownerDocument()) {
-    node.ownerDocument()->asOneChange(work);
+  if (Document* document = node.ownerDocument()) {
+    document->asOneChange(work);
   } else {
     work();
   }

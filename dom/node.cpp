@@ -140,7 +140,7 @@ void Node::moveIn(Node* first, unsigned count, Node& newChild) {
   const bool wasInDocument = isInDocument();
   ownerDocument()->asOneChange([&] {
     formerParent.performReplaceChildren(&newChild, 1, nullptr);
-    // What was in the document is changed by recorded changes only, which are made there.
+    // A node that was in the document may be changed only while it is there, where it is recorded.
     const bool wasOrIsInDocument = wasInDocument || newChild.isInDocument();
     if (wasOrIsInDocument && !isInDocument()) throw DomException(DomException::HierarchyRequest);
     const NewChildren arriving = newChild.parent() ? moved : NewChildren(&newChild);

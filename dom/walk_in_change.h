@@ -1,4 +1,4 @@
-// Walks whose steps may change the tree, as the observers do that are notified on the way.
+// Walks whose steps may change the tree, for instance through observers.
 #pragma once
 
 #include <utility>
@@ -10,8 +10,9 @@ namespace vantry::dom {
 
 /// Walks over `root` and its descendants in document order, as one change of the document.
 /// `enter(node)` is called before the children of a node and returns whether to go into it. A node
-/// that has left its parent or the document is passed over from then on, with all below it. What
-/// comes in during the walk may be passed over too.
+/// that has left its parent or the document by its turn is passed over, with all below it. What
+/// comes in during the walk may be passed over too. The caller must hold a root that has no
+/// document.
 template <class Enter>
 void walkInChange(Node& root, Enter enter) {
   using Place = std::pair<const Node*, bool>;

@@ -1,10 +1,7 @@
 #include "vantry/plot/framework/element.h"
 
 #include <cstdarg>
-#include <exception>
-#include <memory>
 
-#include "vantry/base/operation.h"
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/dom/walk_in_change.h"
@@ -203,32 +200,15 @@ bool PlotElement::canBeWritten() const {
   return refuse(RefusalKind::unwritableChildren);
 }
 
-namespace {
-
-/// Throws later what is caught where it is made.
-class LateThrow final : public base::Operation {
- public:
-  void execute() override { std::rethrow_exception(error_); }
-  void undo() override {}
-
- private:
-  const std::exception_ptr error_ = std::current_exception();
-};
-
-}  // namespace
-
-// A change concerns many elements, and each of them is to get its new value.
+// If an observer throws, the other elements still get their new values: so that waits for the end
+// of the change.
 void notifyPropertyChange(PlotElement& element, Token name) {
   dom::Document* document = element.ownerDocument();
   if (!document) return;
   document->noteChange();
   if (document->isInBatch()) return;
   document->asOneChange([&] {
-    try {
-      document->notify(AfterPropertyChangeEvent(element, name));
-    } catch (...) {
-      document->executeDeferred(std::make_unique<LateThrow>());
-    }
+    document->throwLate([&] { document->notify(AfterPropertyChangeEvent(element, name)); });
   });
 }
 

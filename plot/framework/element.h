@@ -106,7 +106,8 @@ class PlotElement : public dom::Element {
 
   // What a host may build on.
 
-  /// Called by PlotDocument::visitElements(); false leaves out what is below.
+  /// Called by PlotDocument::visitElements(); false leaves out what is below. It may change the
+  /// tree: what has left by its turn is passed over.
   virtual bool visit() { return true; }
   /// Writes the element, and what is below it, in the command syntax of the algebra system.
   void printCommand(CmdWriter& writer) const;

@@ -31,7 +31,9 @@ class WithProperties : public Base {
 
   void dropInheritedProperties() override {
     dom::asOneChange(*this, [this] {
+      const bool wasInDocument = this->isInDocument();
       Base::dropInheritedProperties();
+      if (this->isInDocument() != wasInDocument) return;  // an observer has moved it
       Self::propertyList().dropAllInherited(*this);
     });
   }

@@ -239,6 +239,33 @@ TEST_F(DocumentTest, ABatchEndsAllUndoAndRecordsNothing) {
   EXPECT_TRUE(document->canUndo());
 }
 
+TEST_F(DocumentTest, WhatAChangeHasRecordedIsForgottenWithTheHistory) {
+  const std::function<void()> ways[] = {
+      [this] {
+        document->beginBatch();
+        document->endBatch();
+      },
+      [this] { document->clearUndo(); },
+      [this] { document->setUndoLimit(50); },
+  };
+  for (const std::function<void()>& forget : ways) {
+    TestElement* root = load("<r></r>");
+    document->asOneChange([&] {
+      root->setAttribute(token("x"), LongVariant(1));
+      forget();
+    });
+    EXPECT_FALSE(document->canUndo());
+    document->asOneChange([&] {
+      root->setAttribute(token("x"), LongVariant(2));
+      forget();
+      root->setAttribute(token("x"), LongVariant(3));
+    });
+    document->undo();
+    EXPECT_FALSE(document->canUndo());
+    EXPECT_EQ(xml(), "<r x=\"2\"></r>");
+  }
+}
+
 TEST_F(DocumentTest, ABatchKeepsTheUndoLimit) {
   TestElement* root = load("<r></r>");
   document->setUndoLimit(1);
