@@ -8,6 +8,7 @@
 
 #include "vantry/dom/dom_exception.h"
 #include "vantry/dom/tree_walk.h"
+#include "vantry/dom/walk_in_change.h"
 #include "vantry/plot/element_factory.h"
 #include "vantry/plot/elements/canvas.h"
 #include "vantry/plot/framework/style_getter.h"
@@ -69,7 +70,7 @@ void PlotDocument::printCommands(std::ostream& out, bool replot) const {
 void PlotDocument::visitElements() {
   PlotElement* root = documentElement();
   if (!root) return;
-  dom::walkSubtree<dom::Node>(*root, [](dom::Node& node) {
+  dom::walkInChange(*root, [](dom::Node& node) {
     PlotElement* element = PlotElement::from(&node);
     return element && element->visit();
   });

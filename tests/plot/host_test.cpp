@@ -277,6 +277,33 @@ class HostGroup : public ElementOf<HostGroup, Group2d> {
   }
 };
 
+/// A group that leaves when it is visited.
+class LeavingGroup : public ElementOf<LeavingGroup, Group2d> {
+ public:
+  using ElementOf::ElementOf;
+  bool visit() override {
+    parent()->removeChild(this);
+    return true;
+  }
+};
+
+TEST_F(HostTest, AnElementMayLeaveWhenItIsVisited) {
+  Canvas* canvas = add<Canvas>(*document);
+  for (const unsigned limit : {0U, 100U}) {
+    document->setUndoLimit(limit);
+    CoordinateSystem2d* system = add<CoordinateSystem2d>(*add<Scene2d>(*canvas));
+    for (int i = 0; i < 2; ++i) {
+      system->appendChild(Ref<LeavingGroup>(new LeavingGroup(document.get())).get());
+      add<Obj2d>(*system->lastChild(), {{Word::Type, "Curve2d"}});
+    }
+    const Ref<HostGroup> last(new HostGroup(document.get()));
+    system->appendChild(last.get());
+    document->visitElements();
+    EXPECT_EQ(system->firstChild(), last.get());
+    EXPECT_EQ(last->log.back(), "visit");
+  }
+}
+
 TEST_F(HostTest, TheHooksOfAHostsClassAreCalled) {
   using Log = std::vector<std::string>;
   Canvas* canvas = add<Canvas>(*document);
