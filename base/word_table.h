@@ -29,13 +29,18 @@ class WordTable {
 };
 
 /// The place of each row in a table, from 1, by the word that `key` gives of it; 0 for a word
-/// without a row.
+/// without a row. Two rows for a word, or one for none, do not compile.
 template <class Rows, class Key>
 constexpr WordTable<std::uint8_t> rowNumbers(const Rows& rows, Key key) {
   if (std::size(rows) > std::numeric_limits<std::uint8_t>::max()) throw "too many rows";
   WordTable<std::uint8_t> numbers;
   std::uint8_t number = 0;
-  for (const auto& row : rows) numbers[std::invoke(key, row)] = ++number;
+  for (const auto& row : rows) {
+    std::uint8_t& place = numbers[std::invoke(key, row)];
+    if (place != 0) throw "two rows for a word";
+    place = ++number;
+  }
+  if (numbers[WordId::none] != 0) throw "a row without a word";
   return numbers;
 }
 

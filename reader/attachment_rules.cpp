@@ -29,7 +29,7 @@ constexpr RequiredRow requiredRows[] = {
 
 class Rules {
  public:
-  [[gnu::noinline]] Rules();  // within its only caller it would slow down each look-up
+  [[gnu::noinline]] Rules();  // inlined into its only caller it would slow down each look-up
 
   const AttachmentRule& operator[](WordId element) const { return rules_[element]; }
 

@@ -281,6 +281,13 @@ TEST(WordTable, NumbersTheRowsOfATable) {
   EXPECT_ANY_THROW(rowNumbers(tooMany, &Row::word));
 }
 
+TEST(WordTable, NumbersOneRowOfAWordOnly) {
+  const std::array twice = {Word::Radius, Word::Absolute, Word::Radius};
+  EXPECT_ANY_THROW(rowNumbers(twice, std::identity()));
+  const std::array nameless = {Word::Radius, Token()};
+  EXPECT_ANY_THROW(rowNumbers(nameless, std::identity()));
+}
+
 TEST(Vocabulary, HasItsWordsInTheOrderOfTheirNumbers) {
   for (int id = 2; id <= wordCount; ++id) {
     EXPECT_LT(std::strcmp(tokenById(id - 1).str(), tokenById(id).str()), 0) << id;

@@ -87,8 +87,8 @@ void editAndUndo(PlotDocument& document) {
   const Ref<PlotElement> style = document.createElement(Word::ObjStyle);
   style->setAttributeFromString(Word::Type, "Other");
   canvas.appendChild(style.get());
-  require(counter.changesOfChildren == 1, "an observer is told of its event and of no other");
-  require(counter.changesOfProperties == 1, "an observer is told of properties");
+  require(counter.changesOfChildren == 1, "an observer gets its event and no other");
+  require(counter.changesOfProperties == 1, "an observer gets changes of properties");
   document.undo();
   require(!canvas.hasAttribute(Word::Width), "a change is undone");
 }
