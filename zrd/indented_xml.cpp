@@ -51,7 +51,7 @@ class Writer {
     const bool hasText = element.firstChild() && element.firstChild()->asText();
     indent() << '<' << element.tagName().str();
     if (element.tagName() == Word::Canvas) out_ << " xmlns=\"" << formatNamespace << '"';
-    element.writeAttributes(out_);
+    writeAttributes(element);
     if (!data.empty()) {
       out_ << ">\n";
       columnsOf(element) > 0 ? writeRows(data, columnsOf(element)) : writePoints(data);
@@ -70,6 +70,18 @@ class Writer {
       out_ << "/>\n";
     }
     return false;
+  }
+
+  /// Line breaks and tabs in values would be blanks for the next reader, unless they are written as
+  /// references.
+  void writeAttributes(const PlotElement& element) {
+    std::ostringstream attributes;
+    attributes.imbue(out_.getloc());
+    element.writeAttributes(attributes);
+    for (const char c : attributes.view()) {
+      const bool isBlankForReaders = c == '\n' || c == '\t' || c == '\r';
+      isBlankForReaders ? out_ << "&#" << static_cast<int>(c) << ';' : out_ << c;
+    }
   }
 
   void end(const PlotElement& element) {

@@ -67,6 +67,16 @@ TEST_F(FormatCommand, ChangesNothingTheSecondTime) {
   EXPECT_EQ(command({"formatted.zrd"}).out, formatted);
 }
 
+TEST_F(FormatCommand, KeepsLineBreaksAndTabsOfValues) {
+  const std::string object = "<Obj2d Type=\"Curve2d\" Name=\"a&#10;b&#9;c&#13;d\"/>";
+  write("named.zrd", "<Canvas><Scene2d><CoordinateSystem2d>" + object +
+                         "</CoordinateSystem2d></Scene2d></Canvas>");
+  const std::string once = outputOf({"named.zrd"});
+  EXPECT_NE(once.find(object), std::string::npos) << once;
+  write("once.zrd", once);
+  EXPECT_EQ(outputOf({"once.zrd"}), once);
+}
+
 TEST_F(FormatCommand, WritesToAFile) {
   EXPECT_EQ(command({"-o", "out.zrd", "in.zrd"}).out, "");
   EXPECT_EQ(read("out.zrd"), formatted);
