@@ -1,14 +1,16 @@
 // A whole document: it is checked, and converted if the check finds no error. It is to be converted
-// then without exception.
+// then without exception. What is found can be reported in all ways.
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <ostream>
+#include <sstream>
 #include <string_view>
 
 #include "fuzz_input.h"
 #include "vantry/check/check.h"
+#include "vantry/check/report.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
@@ -81,5 +83,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool hasErrors =
       std::ranges::count(found, check::Severity::error, &check::Diagnostic::severity) > 0;
   if (conversion == Conversion::failed && !hasErrors) std::abort();
+  std::ostringstream reports;
+  const check::FileReport report = {"document.zrd", found};
+  check::writeText(reports, report, text, true);
+  check::writeJsonLines(reports, report);
+  check::writeSarif(reports, {&report, 1}, "1");
   return 0;
 }
