@@ -1,5 +1,6 @@
 #include <memory>
 #include <ostream>
+#include <sstream>
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
@@ -15,10 +16,9 @@ Command addCommandCommand(CLI::App& program) {
   addDocument(*options, *name);
   return {options, [name] {
             const PlotFile file(*name);
-            writeOut([&file](std::ostream& out) {
-              file.document().printCommands(out, false);
-              out << '\n';
-            });
+            std::ostringstream text;  // so that nothing is written if it cannot be completed
+            file.document().printCommands(text, false);
+            writeOut([&text](std::ostream& out) { out << text.view() << '\n'; });
             return success;
           }};
 }

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <new>
 
+#include "vantry/base/text_errors.h"
 #include "zrd/commands.h"
 #include "zrd/whole_output.h"
 #include "zrd/wrong_usage.h"
@@ -56,6 +57,11 @@ int main(int argc, char** argv) {
   } catch (const vantry::zrd::Failure& failure) {
     std::cerr << "zrd: " << failure.what() << '\n';
     return failure.status();
+  } catch (const vantry::base::BadUnicodeString&) {
+    std::cerr
+        << "zrd: the locale's character set does not hold a text of the document: run zrd in a "
+           "locale with UTF-8, such as LC_ALL=C.UTF-8\n";
+    return vantry::zrd::badDocument;
   } catch (const std::bad_alloc&) {
     std::cerr << "zrd: out of memory\n";
     return vantry::zrd::badDocument;

@@ -81,6 +81,7 @@ std::vector<ShownValue> valuesOf(const PlotElement& element, const Paths& paths,
   std::vector<ShownValue> values;
   for (const Property* property : check::factsOf(element.tagName())->properties) {
     const Token name = property->name();
+    if (name == Word::Id) continue;  // is not read
     const bool isOwn = element.hasAttribute(name);
     const PlotElement* style = isOwn ? nullptr : originOf(element, name);
     if (!isOwn && !style && !hasDefaults) continue;

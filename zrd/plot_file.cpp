@@ -33,17 +33,16 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
   }
 }
 
-PlotFile::PlotFile(const std::string& name, Ids ids) : name_(name) {
+PlotFile::PlotFile(const std::string& name) : name_(name) {
   std::ifstream file;
-  read(openInput(name, file), ids);
+  read(openInput(name, file));
 }
 
-PlotFile::PlotFile(std::istream& content, const std::string& name, Ids ids) : name_(name) {
-  read(content, ids);
-}
+PlotFile::PlotFile(std::istream& content, const std::string& name) : name_(name) { read(content); }
 
-void PlotFile::read(std::istream& in, Ids ids) {
-  reader::ZrdParserHandler handler(document_.get(), ids == Ids::ignored, nullptr);
+void PlotFile::read(std::istream& in) {
+  constexpr bool ignoresIds = true;  // as vantry does: two elements may have the same one
+  reader::ZrdParserHandler handler(document_.get(), ignoresIds, nullptr);
   reader::Parser parser(&handler, true, nullptr);
   try {
     parseAll(in, name_, parser);

@@ -14,16 +14,14 @@ namespace vantry::zrd {
 /// well formed; what the parser's handler throws passes.
 void parseAll(std::istream& in, const std::string& name, reader::Parser& parser);
 
-/// A plot document that was read from a file, and is taken down with this.
+/// A plot document that was read from a file as vantry reads it, and is taken down with this.
 class PlotFile {
  public:
-  enum class Ids { kept, ignored };
-
   /// Reads a file; "-" is standard input. Throws Failure if it cannot be read, and BadDocument if
   /// it is not well formed or holds what a plot document may not.
-  explicit PlotFile(const std::string& name, Ids ids = Ids::kept);
+  explicit PlotFile(const std::string& name);
   /// Reads the content of the file of that name.
-  PlotFile(std::istream& content, const std::string& name, Ids ids = Ids::kept);
+  PlotFile(std::istream& content, const std::string& name);
   PlotFile(const PlotFile&) = delete;
   PlotFile& operator=(const PlotFile&) = delete;
   ~PlotFile() { document_->tearDown(); }
@@ -32,7 +30,7 @@ class PlotFile {
   plot::PlotDocument& document() const { return *document_; }
 
  private:
-  void read(std::istream& in, Ids ids);
+  void read(std::istream& in);
 
   std::string name_;
   base::Ref<plot::PlotDocument> document_{new plot::PlotDocument};

@@ -22,7 +22,7 @@ namespace Word = base::Word;
 /// so it is allowed here.
 constexpr const char* patterns = R"(
   <define name="yesOrNo">
-    <data type="string"><param name="pattern">\s*(0|1|true|false)(\s.*)?</param></data>
+    <data type="string"><param name="pattern">\s*(0|1|true|false)(\s[\s\S]*)?</param></data>
   </define>
   <define name="number">
     <data type="string"><param name="pattern">\s*[+\-]?([0-9]|\.[0-9]|[nN][aA][nN]|[iI][nN][fF])[\s\S]*</param></data>

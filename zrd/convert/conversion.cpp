@@ -172,7 +172,7 @@ bool Converter::convertChanged(const PlannedConversion& plan) const {
   if (due.empty()) return false;
 
   const std::string name = plan.input;
-  const PlotFile file(name, PlotFile::Ids::ignored);
+  const PlotFile file(name);
   Outputs outputs(names_, plan.input);
   for (const auto& [kind, outputName] : due) {
     if (kind == OutputKind::jvd) {
