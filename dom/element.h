@@ -40,7 +40,8 @@ class Element : public InnerNode {
   virtual void doRemoveAttribute(Token name) = 0;
 
   /// Called around a change of an attribute of `origin`: first for `origin`, then downwards.
-  /// Returns whether to go on to the children.
+  /// Returns whether to go on to the children. They may change the tree: what has left is passed
+  /// over.
   virtual bool beforeSetAttribute(Element& origin, Token name, const Variant& value);
   virtual bool afterSetAttribute(Element& origin, Token name);
   virtual bool beforeRemoveAttribute(Element& origin, Token name);

@@ -90,7 +90,7 @@ class Node : public base::RefCounted<base::IResource> {
 
   /// Calls onAttached() for this node and all below it, in document order. Changes of nodes in the
   /// document do so by themselves. To be called after the root element was put in, which is no
-  /// recorded change.
+  /// recorded change. It is one change, in which what has left the document is passed over.
   void attachedToDocument();
 
   /// Writes the node with all below it as XML, and returns the stream. Throws

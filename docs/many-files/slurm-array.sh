@@ -12,6 +12,6 @@ tasks=$1
 list=$2
 output=$3
 
-# Neighbours in the list go to different tasks, for large plots often stand side by side.
+# Neighbours in the list go to different tasks, since large plots are often next to each other.
 awk -v tasks="$tasks" -v task="$SLURM_ARRAY_TASK_ID" 'NR % tasks == task' "$list" |
   zrd convert --jobs "${SLURM_CPUS_PER_TASK:-1}" --keep-going --if-changed --output-dir "$output" -
