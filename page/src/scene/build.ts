@@ -1,33 +1,15 @@
 /** Turns geometries into the batches that are drawn. */
 import type { Geometry, PointSet, Rgb } from '../javaview/model';
-import { SceneBatches, withAlpha, type Rgba } from './batches';
+import { SceneBatches, withAlpha } from './batches';
+import { colorAt, type Draft } from './draft';
 import { addFaces } from './faces';
 import { addField, addLines } from './lines';
 import type { Space } from './space';
 import { POINT_STYLES, type GeometryStyle } from './styles';
 
-/** What the steps for one geometry share. */
-export interface Draft {
-  geometry: Geometry;
-  style: GeometryStyle;
-  batches: SceneBatches;
-  space: Space;
-  /** Drawn coordinates of the points, three each, NaN where one cannot be drawn. */
-  at: Float32Array;
-  /** Opacity by the material, 0 to 1. */
-  alpha: number;
-}
-
 const DEFAULT_POINT_COLOR: Rgb = [255, 0, 0];
 const DEFAULT_POINT_RADIUS = 2;
 const DEFAULT_FONT = { family: 'sans-serif', size: 12, bold: false, italic: false };
-
-/** The colour of entry `i` of a list of colours, or `otherwise` if the list is too short. */
-export function colorAt(colors: Uint8Array, i: number, otherwise: Rgb): Rgb {
-  const at = i * 3;
-  if (at + 2 >= colors.length) return otherwise;
-  return [colors[at]!, colors[at + 1]!, colors[at + 2]!];
-}
 
 /** In two dimensions what comes later lies above what came before. */
 function layer(index: number, total: number): number {
@@ -125,5 +107,3 @@ function isSeen({ points, lines, faces, fields }: Geometry): boolean {
   const surface = faces !== undefined && (faces.visible || faces.edgesVisible);
   return discs || surface || lines?.visible === true || fields.some((field) => field.visible);
 }
-
-export type { Rgba };

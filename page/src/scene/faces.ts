@@ -2,7 +2,7 @@
 import { GrowingInt32 } from '../javaview/growing';
 import type { FaceSet, Material, Rgb } from '../javaview/model';
 import { lookCode, withAlpha, type FaceBatch, type Gloss, type Tag } from './batches';
-import { colorAt, type Draft } from './build';
+import { colorAt, type Draft } from './draft';
 import { areaNormal, triangulate } from './polygons';
 import { FILL_PATTERNS } from './styles';
 

@@ -1,7 +1,7 @@
 /** Lines, arrows and vector fields. */
 import type { Rgb, VectorField } from '../javaview/model';
 import { withAlpha } from './batches';
-import { colorAt, type Draft } from './build';
+import { colorAt, type Draft } from './draft';
 import { meanColor } from './faces';
 import { vectorEnd } from './space';
 import { LINE_STYLES } from './styles';
