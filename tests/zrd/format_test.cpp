@@ -68,7 +68,7 @@ TEST_F(FormatCommand, ChangesNothingTheSecondTime) {
 }
 
 TEST_F(FormatCommand, KeepsLineBreaksAndTabsOfValues) {
-  const std::string object = "<Obj2d Type=\"Curve2d\" Name=\"a&#10;b&#9;c&#13;d\"/>";
+  const std::string object = "<Obj2d Name=\"a&#10;b&#9;c&#13;d\" Type=\"Curve2d\"/>";
   write("named.zrd", "<Canvas><Scene2d><CoordinateSystem2d>" + object +
                          "</CoordinateSystem2d></Scene2d></Canvas>");
   const std::string once = outputOf({"named.zrd"});
