@@ -54,7 +54,7 @@ constexpr Row rows[] = {
     {Kind::misplacedPoint,     {"misplaced-point",      error,   "A point is in an element that takes none of its dimension."},
      "{element} takes no {subject}"},
     {Kind::mixedPoints,        {"mixed-points",         error,   "Only some points of a list have a normal or colours."},
-     "this point has not the form of the points before it: all of a list have a colour or a normal, or none has"},
+     "this point does not have the form of the points before it: all of a list have a colour or a normal, or none has"},
     {Kind::wrongCount,         {"wrong-count",          error,   "A point has too few or too many numbers or colours."},
      "this {subject} has {detail}"},
     {Kind::badNumber,          {"bad-number",           error,   "A number was expected."},

@@ -171,22 +171,69 @@ MarkupMistake missingQuote(std::size_t quote) {
           quote};
 }
 
+bool isEndTag(std::string_view document, std::size_t begin) {
+  return document.substr(begin).starts_with("</");
+}
+
+/// Another tag begins where one has not ended. What else begins with < is left to the parser.
+Mistake missingEndOfTag(std::string_view document, std::size_t begin) {
+  const char first = document[begin + 1];
+  if (first == '!' || first == '?') return {};
+  return {{"the tag that begins here has no >",
+           {isEndTag(document, begin) ? "an end tag holds a name alone" : ""},
+           begin}};
+}
+
+/// Whether a value begins with a quotation mark of prose, which is none in XML.
+bool beginsWithCurlyQuote(std::string_view value) {
+  constexpr std::array<std::string_view, 7> quotes = {"“", "”", "„", "‘", "’", "«", "»"};
+  return std::ranges::any_of(quotes, [=](auto quote) { return value.starts_with(quote); });
+}
+
+Mistake valueWithoutQuotes(std::string_view document, std::size_t offset, std::string_view name) {
+  const std::string value(wordAt(document, offset));
+  const bool isCurly = beginsWithCurlyQuote(value);
+  return {{"a value is not between quotes",
+           {isCurly ? "quotes are straight: \" or '"
+                    : "write " + std::string(name) + "=\"" + value + '"'},
+           offset}};
+}
+
+/// A value follows its name at once, or behind another character than =.
+Mistake valueWithoutEqualsSign(std::string_view document, std::size_t offset,
+                               std::string_view name) {
+  if (name.ends_with(':')) name.remove_suffix(1);
+  const std::string_view behindQuote = document.substr(offset + 1);
+  const std::string_view value = behindQuote.substr(0, behindQuote.find(document[offset]));
+  return {{"= comes between the name and the value of an attribute",
+           {"write " + shortened(name) + "=\"" + shortened(value) + '"'},
+           offset}};
+}
+
 /// What is wrong between the values of a tag.
 Mistake mistakeBetweenValues(std::string_view document, std::size_t offset, const TagPart& tag) {
   const std::size_t end = behindWordBefore(document, offset);
   const char last = document[end - 1];
-  if (last == '=') {
-    const std::string name(nameBefore(document, behindWordBefore(document, end - 1)));
-    const std::string value(wordAt(document, offset));
-    return {{"a value is not between quotes", {"write " + name + "=\"" + value + '"'}, offset}};
+  const bool isBehindQuote = isQuote(last) && end == offset;
+  if (isBehindQuote && document[behindWordBefore(document, end - 1) - 1] == '=') {
+    return missingQuote(tag.lastQuote);
   }
-  if (isQuote(last) && end == offset) {
-    const bool isNextOpened = document[behindWordBefore(document, end - 1) - 1] == '=';
-    if (isNextOpened) return missingQuote(tag.lastQuote);
+  if (document[offset] == '<') return missingEndOfTag(document, tag.begin);
+  if (isEndTag(document, tag.begin)) {
+    return {{"an end tag holds a name alone",
+             {"it is written as in </Canvas>; attributes are in the tag that begins an element"},
+             offset}};
+  }
+  if (last == '=') {
+    const std::string_view name = nameBefore(document, behindWordBefore(document, end - 1));
+    return valueWithoutQuotes(document, offset, name);
+  }
+  if (isBehindQuote) {
     return {{"a blank is missing before this", {"attributes have blanks between them"}, offset}};
   }
   const std::string name(nameBefore(document, end));
   if (name.empty() || end - name.size() <= tag.begin + 1) return {};
+  if (isQuote(document[offset])) return valueWithoutEqualsSign(document, offset, name);
   return {{"the attribute " + shortened(name) + " has no value",
            {"write " + shortened(name) + "=\"...\""},
            end - name.size()}};

@@ -61,7 +61,7 @@ TEST(JsonReport, IsAnObjectForEachDiagnostic) {
             R"("help":["did you mean Scene2d?"]})");
 }
 
-TEST(JsonReport, StandsBytesThatAreNoCharacters) {
+TEST(JsonReport, ReplacesBytesThatAreNoCharacters) {
   std::ostringstream out;
   writeJsonLines(out, {"a\xFF", {{"code", Severity::error, {}, "\xC3", {}}}});
   EXPECT_EQ(Json::parse(out.str())["message"], "\xEF\xBF\xBD");

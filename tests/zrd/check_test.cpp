@@ -119,7 +119,7 @@ TEST_F(CheckCommand, WritesOneSarifLogForAllFiles) {
   EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 1);
 }
 
-TEST_F(CheckCommand, HasColorsIfItIsToldTo) {
+TEST_F(CheckCommand, HasColorsIfAsked) {
   EXPECT_EQ(check({"wrong.zrd"}).out.find('\x1b'), std::string::npos);
   EXPECT_NE(check({"--color", "always", "wrong.zrd"}).out.find("\x1b[1;31merror"),
             std::string::npos);
