@@ -254,7 +254,9 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
   const bool isMoved = unused.empty() && number && base::scanDouble(text.c_str(), written) &&
                        !std::isnan(written) && written != *number;
   if (isMoved) add(Kind::clampedValue, text, helpForValue(property, text));
-  if (kind == ValueKind::font && !isNativeText(text.c_str())) {  // the family of a label is written
+  const bool isWritten =
+      kind == ValueKind::text || kind == ValueKind::word || kind == ValueKind::font;
+  if (isWritten && !isNativeText(text.c_str())) {
     findings.add({.kind = Kind::textNotInLocale}, where, {helpForLocale});
   }
   const bool isPoint = kind == ValueKind::planePoint || kind == ValueKind::spacePoint;
