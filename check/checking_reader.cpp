@@ -50,6 +50,23 @@ std::string attributesInWords(const ClassFacts& facts) {
   return facts.properties.size() > few ? "" : name + " has " + listOf(facts.propertyNames());
 }
 
+/// The attributes of an element that have a word in their names, as a sentence; where none has it,
+/// all of them.
+std::string otherAttributesInWords(const ClassFacts& facts, const std::string& word) {
+  std::vector<Token> names = facts.propertyNames();
+  std::erase_if(names, [&](Token name) {
+    return std::string_view(name.str()).find(word) == std::string_view::npos;
+  });
+  if (word.size() < 3 || names.empty()) return attributesInWords(facts);
+  return facts.name.str() + std::string(" has ") + listOf(names);
+}
+
+/// Where the text of an element is written, as a sentence.
+std::string textInWords(const ClassFacts& facts) {
+  const std::string name = facts.name.str();
+  return "text is between its tags: <" + name + ">...</" + name + '>';
+}
+
 /// What of the children of an element takes the name, as a sentence.
 std::string wayInto(const ClassFacts& parent, Token name) {
   std::vector<Token> between;
@@ -251,15 +268,22 @@ void CheckingReader::reportUnknownElement(const UnknownName& name) {
 void CheckingReader::reportUnknownAttribute(Token element, const UnknownName& name) {
   const Span where = placeOfAttribute(name.localName);
   if (reportForeignNamespace(name, where) || findings_.isFull(Kind::unknownAttribute)) return;
+  const Finding finding = {.kind = Kind::unknownAttribute, .subject = shortened(name.localName)};
   const ClassFacts* facts = factsOf(element);
-  const std::string_view nearest =
-      facts ? nearestName(name.localName, facts->propertyNames()) : std::string_view();
-  findings_.add({.kind = Kind::unknownAttribute, .subject = shortened(name.localName)}, where,
-                {question(nearest)});
+  if (!facts) return findings_.add(finding, where);
+  const std::string_view nearest = nearestName(name.localName, facts->propertyNames());
+  if (!nearest.empty()) {
+    meantAttributes_.push_back(nearest);
+    return findings_.add(finding, where, {question(nearest)});
+  }
+  findings_.add(finding, where,
+                {otherAttributesInWords(*facts, name.localName),
+                 facts->holdsText ? textInWords(*facts) : ""});
 }
 
 AttributeList CheckingReader::knownAttributes(Token element, const AttributeList& attributes) {
   AttributeList known;
+  meantAttributes_.clear();
   for (const reader::Attribute& attribute : attributes) {
     if (attribute.namespaceId == knownNames) {
       known.push_back(attribute);
@@ -283,6 +307,10 @@ void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t eleme
   if (name == Word::Canvas && reportSecondCanvas()) return enterSkipped();
 
   const bool isPoint = name == Word::P2 || name == Word::P3;
+  if (isPoint && isInPoint_) {
+    reportNestedPoint(name);
+    return enterSkipped();
+  }
   const AttributeList known = knownAttributes(name, attributes);
   if (isPoint) {
     for (const reader::Attribute& attribute : known) {
@@ -301,7 +329,12 @@ void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t eleme
     return enterSkipped();
   }
   open_.push_back(here());
-  if (!isPoint) origins_.tags[current()] = here();
+  if (isPoint) {
+    isInPoint_ = true;
+    return;
+  }
+  origins_.tags[current()] = here();
+  if (!meantAttributes_.empty()) markDamaged();
 }
 
 void CheckingReader::enterSkipped() {
@@ -325,6 +358,17 @@ bool CheckingReader::reportSecondCanvas() {
                  ", or into a file of its own"});
   markDamaged();
   return true;
+}
+
+// What is left of the point around it is not judged.
+void CheckingReader::reportNestedPoint(Token name) {
+  const Span outer = source_.nameIn(open_.back());
+  findings_.add({.kind = Kind::misplacedElement,
+                 .subject = name.str(),
+                 .element = std::string(source_.textOf(outer))},
+                source_.nameIn(here()), {"each point has its own tags, one after the other"});
+  markDamaged();
+  hasNestedPoint_ = true;
 }
 
 // What an element is made with, and nobody has written, is not replaced but filled.
@@ -391,17 +435,22 @@ void CheckingReader::setAttribute(PlotElement& element, Token name, const char* 
 
 void CheckingReader::reportValue(const PlotElement& element, Token name, const char* value) {
   const Property* property = element.findProperty(name);
+  const ClassFacts& facts = *factsOf(element.tagName());
   const bool isOutOfRange = refusal_ == plot::RefusalKind::illegalValue;
   Finding finding = {.kind = isOutOfRange ? Kind::valueOutOfRange : Kind::badValue,
                      .subject = name.str(),
                      .element = element.tagName().str(),
                      .detail = shortened(value)};
   if (!property) {
-    const ClassFacts& facts = *factsOf(element.tagName());
     const std::string_view nearest = nearestName(name.str(), facts.propertyNames());
     finding.kind = Kind::foreignAttribute;
     findings_.add(finding, placeOfAttribute(name.str()),
                   {question(nearest), attributesInWords(facts)});
+    return;
+  }
+  if (*value == '\0' && std::ranges::find(facts.required, name) != facts.required.end()) {
+    finding.kind = Kind::missingAttribute;
+    findings_.add(finding, placeOfValue(name), {exampleOf(facts, name)});
     return;
   }
   findings_.add(finding, placeOfValue(name), helpForValue(*property, value));
@@ -413,7 +462,8 @@ void CheckingReader::requireAttributes(PlotElement& element) {
   const ClassFacts& facts = *factsOf(element.tagName());
   for (const Token name : facts.required) {
     const std::optional<Span> value = source_.valueIn(here(), name.str());
-    if (value && origins_.isDamaged(element)) continue;  // it was refused
+    if (value && origins_.isDamaged(element)) continue;                  // it was refused
+    if (std::ranges::count(meantAttributes_, name.str()) > 0) continue;  // it is misspelt
     findings_.add(
         {.kind = Kind::missingAttribute, .subject = name.str(), .element = element.tagName().str()},
         value.value_or(source_.nameIn(here())), {exampleOf(facts, name)});
@@ -445,8 +495,8 @@ void CheckingReader::endElement(std::uint32_t namespaceId, std::uint32_t element
   const auto word = static_cast<WordId>(elementId);
   const bool isPoint = word == WordId::P2 || word == WordId::P3;
   ZrdParserHandler::endElement(namespaceId, elementId);
-  if (isPoint && !isPointRefused_) reviewPoint(word);
-  isPointRefused_ = false;
+  if (isPoint && !isPointRefused_ && !hasNestedPoint_) reviewPoint(word);
+  if (isPoint) isInPoint_ = isPointRefused_ = hasNestedPoint_ = false;
   open_.pop_back();
 }
 
@@ -476,6 +526,8 @@ void CheckingReader::reportTooFewCells() {
 }
 
 void CheckingReader::refusePoint(WordId point, reader::PointError error) {
+  isPointRefused_ = true;
+  if (hasNestedPoint_) return;
   const Token name = base::tokenOf(point);
   const ClassFacts& facts = *factsOf(current() ? current()->tagName() : Word::Canvas);
   Finding finding = {.kind = kindOf(error), .subject = name.str(), .element = facts.name.str()};
@@ -489,7 +541,6 @@ void CheckingReader::refusePoint(WordId point, reader::PointError error) {
   }
   findings_.add(finding, where, std::move(help));
   markDamaged();
-  isPointRefused_ = true;
 }
 
 namespace {

@@ -75,6 +75,7 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   bool reportForeignNamespace(const UnknownName& name, Span where);
   reader::AttributeList knownAttributes(Token element, const reader::AttributeList& attributes);
   bool reportSecondCanvas();
+  void reportNestedPoint(Token name);
   void reportReplacement(Token name);
   void reportMisplaced(Token name, const reader::AttributeList& attributes);
   void reportValue(const PlotElement& element, Token name, const char* value);
@@ -97,9 +98,12 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   std::vector<std::size_t> open_;                      // the tags of the open elements
   std::unordered_set<const dom::Node*> withStrayText_;
   std::unordered_set<const dom::Node*> withInfinitePoint_;
-  std::optional<std::size_t> canvas_;  // where its tag begins
-  std::size_t behindLastCell_ = 0;     // behind the last bad entry of an array
-  bool isPointRefused_ = false;        // the one that ends now
+  std::optional<std::size_t> canvas_;              // where its tag begins
+  std::size_t behindLastCell_ = 0;                 // behind the last bad entry of an array
+  std::vector<std::string_view> meantAttributes_;  // by those of the current tag that are misspelt
+  bool isInPoint_ = false;
+  bool hasNestedPoint_ = false;  // in the one that is open
+  bool isPointRefused_ = false;  // the one that ends now
 };
 
 }  // namespace vantry::check
