@@ -131,8 +131,6 @@ void JVXWriter::geometriesWritten(const ObjectBase&, const PlotElement&, std::in
 
 namespace {
 
-constexpr std::size_t mostFrames = 1'000'000;
-
 bool fileExists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Writes the geometry of a scene as a JVX model.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@ namespace vantry::javaview {
 class JVXWriter : public JavaViewWriter {
  public:
   using JavaViewWriter::JavaViewWriter;
+
+  /// So many frames an animation has at most.
+  static constexpr std::size_t mostFrames = 1'000'000;
 
   /// Writes a document with a time range as a series of files, from its begin on with `frames`
   /// (above 0) files to a unit of time, the last one at its end. Their number goes before the last

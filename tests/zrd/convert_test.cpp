@@ -121,6 +121,18 @@ TEST_F(Convert, WritesAnimationsAsVantryDoes) {
   EXPECT_EQ(static_cast<std::size_t>(std::distance(begin(written), end(written))), frames);
 }
 
+// The document itself is right, so that no check explains it.
+TEST_F(Convert, RefusesMoreFramesThanAnAnimationMayHave) {
+  write("movie.zrd",
+        "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"1e6\"/>"
+        "<Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
+  const Outcome outcome = command({"--frames", "2", "movie.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err,
+            "movie.zrd: --frames 2 makes more than 1000000 frames\n0 converted, 1 failed\n");
+  EXPECT_EQ(files(), "movie.zrd");
+}
+
 TEST_F(Convert, AnAnimationWithoutATimeRangeIsOneFile) {
   write("plot.zrd", staticDocument);
   const Outcome outcome = command({"--frames", "5", "plot.zrd"});

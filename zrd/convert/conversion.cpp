@@ -1,6 +1,7 @@
 #include "zrd/convert/conversion.h"
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <iterator>
 #include <memory>
@@ -12,6 +13,7 @@
 
 #include "vantry/base/text_errors.h"
 #include "vantry/javaview/export_error.h"
+#include "vantry/javaview/frame_times.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
 #include "zrd/commands.h"
@@ -106,6 +108,20 @@ class ModelWriter : public Writer<javaview::JVXWriter> {
   void writeFrame(double time, const char* fileName) override { writeFile(time, fileName); }
 };
 
+/// Writes the frames of an animation. The document is right where only the option makes too many.
+void writeFrames(ModelWriter& writer, const std::string& input, int frames,
+                 const fs::path& output) {
+  double begin = plot::nan;
+  double end = plot::nan;
+  const bool isFinite = writer.timeRange(begin, end) && std::isfinite(end - begin);
+  if (isFinite && javaview::frameTimes(begin, end, frames, ModelWriter::mostFrames).empty()) {
+    throw Failure(badDocument, input + ": --frames " + std::to_string(frames) +
+                                   " makes more than " + std::to_string(ModelWriter::mostFrames) +
+                                   " frames");
+  }
+  writer.writeAnimation(frames, output.c_str());
+}
+
 fs::path firstFrame(const fs::path& name) {
   return javaview::JVXWriter::frameName(name.native(), 1);
 }
@@ -182,7 +198,7 @@ bool Converter::convertChanged(const PlannedConversion& plan) const {
     }
     ModelWriter writer(file.document(), name, settings_, outputs, report_);
     if (settings_.frames > 0 && writer.isAnimated()) {
-      writer.writeAnimation(settings_.frames, outputName.c_str());
+      writeFrames(writer, name, settings_.frames, outputName);
     } else if (settings_.frames == 0 || !isCurrent(plan.input, outputName)) {
       if (settings_.frames > 0) writer.warning("no animation, --frames ignored");
       writer.writeFile(settings_.time, outputName);
