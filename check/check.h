@@ -1,6 +1,7 @@
 // The check of whole documents.
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <span>
 #include <string_view>
@@ -10,10 +11,13 @@
 
 namespace vantry::check {
 
-/// All that is wrong with a document, in the order of the places, but no more than 10,000 findings
-/// of a kind. Without an error among it, the document can be converted: by JVXWriter and JVDWriter
-/// at no certain time. The texts of the document are judged by the character set of the process's
-/// locale.
+/// So many findings of one kind are kept; what is found of it after that is left out.
+inline constexpr std::size_t mostOfAKind = 10'000;
+
+/// All that is wrong with a document, in the order of the places, but no more than `mostOfAKind`
+/// findings of a kind. Without an error among it, the document can be converted: by JVXWriter and
+/// JVDWriter at no certain time. The texts of the document are judged by the character set of the
+/// process's locale.
 std::vector<Diagnostic> check(std::string_view document);
 
 /// The same for a document that is read to its end. What the stream says after that is left to the

@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include "vantry/check/check.h"
+
 namespace vantry::check {
 
 void Findings::add(const Finding& finding, Span where, std::vector<std::string> help) {
@@ -17,7 +19,6 @@ void Findings::add(const Finding& finding, Span where, std::vector<std::string> 
 }
 
 bool Findings::isFull(Kind kind) const {
-  constexpr int mostOfAKind = 10'000;
   const auto count = counts_.find(kind);
   return count != counts_.end() && count->second == mostOfAKind;
 }

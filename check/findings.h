@@ -28,7 +28,7 @@ class Findings {
  private:
   const Source& source_;
   std::vector<Diagnostic> diagnostics_;
-  std::map<Kind, int> counts_;  // of those that were kept
+  std::map<Kind, std::size_t> counts_;  // of those that were kept
   bool hasErrors_ = false;
 };
 

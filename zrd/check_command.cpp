@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string_view>
 #include <system_error>
@@ -12,6 +13,7 @@
 
 #include "vantry/check/check.h"
 #include "vantry/check/report.h"
+#include "vantry/check/values.h"
 #include "zrd/commands.h"
 #include "zrd/convert/inputs.h"
 #include "zrd/file_content.h"
@@ -21,6 +23,7 @@ namespace vantry::zrd {
 
 namespace {
 
+using check::counted;
 using check::Diagnostic;
 using check::FileReport;
 using check::Severity;
@@ -51,8 +54,12 @@ bool isColored(Color color) {
   return isatty(STDOUT_FILENO) == 1 && !isRefused && !isDumb;
 }
 
-std::string counted(std::size_t count, const std::string& thing) {
-  return (count == 0 ? "no" : std::to_string(count)) + ' ' + thing + (count == 1 ? "" : "s");
+/// Whether there may be more to find than there is.
+bool isCut(const std::vector<Diagnostic>& diagnostics) {
+  std::map<std::string_view, std::size_t> counts;
+  for (const Diagnostic& diagnostic : diagnostics) ++counts[diagnostic.code];
+  return std::ranges::any_of(counts,
+                             [](const auto& count) { return count.second >= check::mostOfAKind; });
 }
 
 /// Checks the files one after the other, and shows what it finds.
@@ -73,7 +80,7 @@ class Checker {
   void checkFileOrFolder(const std::string& name) {
     std::error_code unknown;
     if (name == "-" || !std::filesystem::is_directory(name, unknown)) return check(name);
-    ConvertReport search;
+    ConvertReport search("zrd: ");
     for (const Input& found : findInputs({name}, {}, search)) check(found.name);
     unreadable_ += search.failures();
   }
@@ -86,6 +93,7 @@ class Checker {
         std::ranges::count(report.diagnostics, Severity::error, &Diagnostic::severity);
     errors_ += static_cast<std::size_t>(errors);
     warnings_ += report.diagnostics.size() - static_cast<std::size_t>(errors);
+    isCut_ = isCut_ || isCut(report.diagnostics);
     limit(report);
     show(report, text);
   } catch (const Failure& failure) {
@@ -114,9 +122,12 @@ class Checker {
 
   void writeSummary() const {
     if (read_ > 0 || unreadable_ == 0) {
-      std::cout << counted(errors_, "error") << " and " << counted(warnings_, "warning");
+      std::cout << (isCut_ ? "at least " : "") << counted(errors_, "error") << " and "
+                << counted(warnings_, "warning");
     }
-    if (shown_ < errors_ + warnings_) std::cout << ", of which " << shown_ << " are shown";
+    if (shown_ < errors_ + warnings_) {
+      std::cout << ", of which " << shown_ << (shown_ == 1 ? " is" : " are") << " shown";
+    }
     if (unreadable_ > 0) {
       std::cout << (read_ > 0 ? "; " : "") << counted(unreadable_, "file") << " could not be read";
     }
@@ -128,6 +139,7 @@ class Checker {
   std::size_t errors_ = 0;
   std::size_t warnings_ = 0;
   std::size_t shown_ = 0;
+  bool isCut_ = false;
   std::size_t read_ = 0;        ///< files
   std::size_t unreadable_ = 0;  ///< files and folders
 };

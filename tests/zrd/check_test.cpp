@@ -101,6 +101,31 @@ TEST_F(CheckCommand, ShowsNoMoreThanItMay) {
   EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 9) << outcome.out;
 }
 
+TEST_F(CheckCommand, SaysIfOneIsShown) {
+  const Outcome outcome = check({"--max", "1", "wrong.zrd", "wrong.zrd"});
+  EXPECT_TRUE(outcome.out.ends_with("\n2 errors and no warnings, of which 1 is shown\n"))
+      << outcome.out;
+}
+
+TEST_F(CheckCommand, SaysIfThereMayBeMoreThanItCounts) {
+  std::string elements;
+  for (int i = 0; i < 9'999; ++i) elements += "<A/>";
+  write("many.zrd", "<Canvas>" + elements + "</Canvas>");
+  write("too-many.zrd", "<Canvas>" + elements + "<A/><A/></Canvas>");
+  EXPECT_TRUE(check({"--max", "1", "many.zrd"})
+                  .out.ends_with("\n9999 errors and no warnings, of which 1 is shown\n"));
+  EXPECT_TRUE(check({"--max", "1", "too-many.zrd"})
+                  .out.ends_with("\nat least 10000 errors and no warnings, of which 1 is shown\n"));
+}
+
+TEST_F(CheckCommand, FailsForAFolderWithoutPlots) {
+  std::filesystem::create_directory(folder_.path() / "empty");
+  const Outcome outcome = check({"empty"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "1 file could not be read\n");
+  EXPECT_EQ(outcome.err, "zrd: no plot documents (*.zrd) in empty\n");
+}
+
 TEST_F(CheckCommand, WritesJsonLines) {
   const Outcome outcome = check({"--format", "json", "clean.zrd", "wrong.zrd"});
   EXPECT_EQ(outcome.status, 1);
