@@ -171,14 +171,18 @@ MarkupMistake missingQuote(std::size_t quote) {
           quote};
 }
 
+/// Whether what begins with < is no tag.
+bool isDeclaration(std::string_view document, std::size_t begin) {
+  return document[begin + 1] == '!' || document[begin + 1] == '?';
+}
+
 bool isEndTag(std::string_view document, std::size_t begin) {
   return document.substr(begin).starts_with("</");
 }
 
-/// Another tag begins where one has not ended. What else begins with < is left to the parser.
+/// Another tag begins where one has not ended.
 Mistake missingEndOfTag(std::string_view document, std::size_t begin) {
-  const char first = document[begin + 1];
-  if (first == '!' || first == '?') return {};
+  if (isDeclaration(document, begin)) return {};
   return {{"the tag that begins here has no >",
            {isEndTag(document, begin) ? "an end tag holds a name alone" : ""},
            begin}};
@@ -232,7 +236,12 @@ Mistake mistakeBetweenValues(std::string_view document, std::size_t offset, cons
     return {{"a blank is missing before this", {"attributes have blanks between them"}, offset}};
   }
   const std::string name(nameBefore(document, end));
-  if (name.empty() || end - name.size() <= tag.begin + 1) return {};
+  if (name.empty() || end - name.size() <= tag.begin + 1) {
+    if (end == offset || isDeclaration(document, tag.begin)) return {};
+    return {{"no attribute has a name that begins with this",
+             {"perhaps the tag has no > before it"},
+             offset}};
+  }
   if (isQuote(document[offset])) return valueWithoutEqualsSign(document, offset, name);
   return {{"the attribute " + shortened(name) + " has no value",
            {"write " + shortened(name) + "=\"...\""},
