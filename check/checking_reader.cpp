@@ -448,7 +448,9 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
                   {question(nearest), attributesInWords(facts)});
     return;
   }
-  if (*value == '\0' && std::ranges::find(facts.required, name) != facts.required.end()) {
+  const bool isBlank =
+      std::string_view(value).find_first_not_of(" \t\r\n") == std::string_view::npos;
+  if (isBlank && std::ranges::find(facts.required, name) != facts.required.end()) {
     finding.kind = Kind::missingAttribute;
     findings_.add(finding, placeOfValue(name), {exampleOf(facts, name)});
     return;
