@@ -1,14 +1,16 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "vantry/check/check.h"
@@ -82,7 +84,7 @@ class Checker {
     if (name == "-" || !std::filesystem::is_directory(name, unknown)) return check(name);
     ConvertReport search("zrd: ");
     for (const Input& found : findInputs({name}, {}, search)) check(found.name);
-    unreadable_ += search.failures();
+    unreadable_ += static_cast<std::int64_t>(search.failures());
   }
 
   void check(const std::string& name) try {
@@ -91,8 +93,8 @@ class Checker {
     FileReport report{name, check::check(text)};
     const auto errors =
         std::ranges::count(report.diagnostics, Severity::error, &Diagnostic::severity);
-    errors_ += static_cast<std::size_t>(errors);
-    warnings_ += report.diagnostics.size() - static_cast<std::size_t>(errors);
+    errors_ += errors;
+    warnings_ += std::ssize(report.diagnostics) - errors;
     isCut_ = isCut_ || isCut(report.diagnostics);
     limit(report);
     show(report, text);
@@ -125,7 +127,7 @@ class Checker {
       std::cout << (isCut_ ? "at least " : "") << counted(errors_, "error") << " and "
                 << counted(warnings_, "warning");
     }
-    if (shown_ < errors_ + warnings_) {
+    if (std::cmp_less(shown_, errors_ + warnings_)) {
       std::cout << ", of which " << shown_ << (shown_ == 1 ? " is" : " are") << " shown";
     }
     if (unreadable_ > 0) {
@@ -136,12 +138,12 @@ class Checker {
 
   const Options& options_;
   std::vector<FileReport> reports_;
-  std::size_t errors_ = 0;
-  std::size_t warnings_ = 0;
+  std::int64_t errors_ = 0;
+  std::int64_t warnings_ = 0;
   std::size_t shown_ = 0;
   bool isCut_ = false;
-  std::size_t read_ = 0;        ///< files
-  std::size_t unreadable_ = 0;  ///< files and folders
+  std::int64_t read_ = 0;        ///< files
+  std::int64_t unreadable_ = 0;  ///< files and folders
 };
 
 }  // namespace
