@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "../locale_guard.h"
 #include "conversion.h"
 
 namespace vantry::javaview {
@@ -89,6 +90,7 @@ TEST(RunsTest, BelongToTheChosenScene) {
 }
 
 TEST(RunsTest, AccountForAllGeometriesOfTheExamples) {
+  const LocaleGuard guard(LC_CTYPE, "C.UTF-8");  // some have letters beyond ASCII
   int models = 0;
   for (const auto& entry : std::filesystem::directory_iterator(VANTRY_SOURCE_DIR "/examples")) {
     if (entry.path().extension() != ".zrd") continue;
