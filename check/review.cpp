@@ -1,8 +1,11 @@
 #include "vantry/check/review.h"
 
+#include <langinfo.h>
+
 #include <cmath>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "vantry/base/text_errors.h"
 #include "vantry/check/values.h"
@@ -43,7 +46,10 @@ void Review::run() {
   reviewTexts(*canvas);
   reviewStyles(*canvas);
   reviewScenes(*canvas);
-  if (findings_.has(Kind::textNotInLocale) && !findings_.hasErrors()) tryToWriteTexts();
+  // What a locale without Unicode can write is known by trying alone.
+  const bool isUnicode = std::string_view(nl_langinfo(CODESET)) == "UTF-8";
+  const bool isDoubtful = !isUnicode || findings_.has(Kind::textNotInLocale);
+  if (isDoubtful && !findings_.hasErrors()) tryToWriteTexts();
 }
 
 void Review::reviewTimeRange(const PlotElement& canvas) {
