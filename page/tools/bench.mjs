@@ -1,15 +1,19 @@
 // Measures pages against plotly.js with the same surfaces in the same browser, and prints a table.
-//   npm run bench                    # all sizes
-//   npm run bench -- 40000 objects   # some of them
+//   npm run bench                            # all sizes, the medians of three runs
+//   npm run bench -- --runs=1 40000 objects  # some of them, once
 import { readFileSync, mkdirSync, mkdtempSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { pathToFileURL } from 'node:url';
+import { parseArgs } from 'node:util';
 import { build } from 'esbuild';
 import { chromium } from 'playwright-core';
 
 const ORBIT_MILLISECONDS = 5_000;
 const OPENING_MILLISECONDS = 600_000;
+
+/** Rulers and a box, which the other page has too. */
+const DISPLAY = readFileSync('tests/pictures/texts/plain_3d.jvd', 'utf8');
 
 /** The composer that the tests use too. */
 async function loadComposer() {
@@ -22,7 +26,7 @@ async function loadComposer() {
 
 const short = (value) => String(Number(value.toPrecision(6)));
 
-/** Heights and colours over a square lattice, as both pages get them. */
+/** Heights over a square lattice, as both pages get them. */
 function makeSurface(side) {
   const places = Array.from({ length: side }, (_, i) => (6 * i) / (side - 1) - 3);
   const heights = places.map((y) => places.map((x) => Math.sin(x * y) * Math.exp(-0.1 * x * x)));
@@ -91,8 +95,7 @@ const plotlyPage = (trace) => {
   const library = readFileSync('node_modules/plotly.js-dist-min/plotly.min.js', 'utf8');
   return `<!doctype html><html><head><meta charset="utf-8"><style>html,body,#plot{height:100%;margin:0}</style>
 <script>${library.replaceAll('</script', '<\\/script')}</script></head><body><div id="plot"></div><script>
-Plotly.newPlot('plot', [${JSON.stringify(trace)}], { margin: { l: 0, r: 0, t: 0, b: 0 } })
-  .then(() => { document.documentElement.dataset.state = 'ready'; });
+Plotly.newPlot('plot', [${JSON.stringify(trace)}], { margin: { l: 0, r: 0, t: 0, b: 0 } });
 </script></body></html>`;
 };
 
@@ -125,45 +128,74 @@ function plotlyObjects(count) {
 
 const surfaceCase = (side) => () => {
   const surface = makeSurface(side);
-  return { text: surfaceText(surface), plotly: plotlySurface(surface) };
+  const triangles = 2 * (side - 1) ** 2;
+  return { text: surfaceText(surface), plotly: plotlySurface(surface), triangles };
 };
+
+const OBJECTS = 100_000;
 
 const CASES = {
   40000: { title: '40,000 points', make: surfaceCase(200) },
   1000000: { title: '1,000,000 points', make: surfaceCase(1000) },
   objects: {
     title: '100,000 objects',
-    make: () => ({ text: objectsText(100_000), plotly: plotlyObjects(100_000) }),
+    make: () => ({
+      text: objectsText(OBJECTS),
+      plotly: plotlyObjects(OBJECTS),
+      triangles: OBJECTS,
+    }),
   },
 };
 
-/** Notes when something is drawn, whoever draws it. */
-function watchDrawing() {
-  window.drawnFrames = 0;
-  window.drawCalls = 0;
-  let drawn = false;
-  for (const context of [WebGLRenderingContext, WebGL2RenderingContext]) {
-    for (const name of [
-      'drawArrays',
-      'drawElements',
-      'drawArraysInstanced',
-      'drawElementsInstanced',
-    ]) {
-      const original = context.prototype[name];
-      if (!original) continue;
-      context.prototype[name] = function (...values) {
-        drawn = true;
-        window.drawCalls++;
-        return original.apply(this, values);
-      };
-    }
+/**
+ * Notes what is drawn, whoever draws it: when the first picture with the plot was finished, how many
+ * pictures there were, and how many draw calls the one with most of them took. A picture of rulers
+ * alone does not count as the first: one draw call has to take half of the plot's triangles.
+ */
+function watchDrawing(triangles) {
+  const watched = { first: 0, frames: 0, mostCalls: 0, finish };
+  let [calls, largest] = [0, 0];
+  let last;
+
+  /** Waits for the graphics process, which draws later than it is asked to. */
+  function finish() {
+    const bound = last.getParameter(last.FRAMEBUFFER_BINDING);
+    last.bindFramebuffer(last.FRAMEBUFFER, null);
+    last.readPixels(0, 0, 1, 1, last.RGBA, last.UNSIGNED_BYTE, new Uint8Array(4));
+    last.bindFramebuffer(last.FRAMEBUFFER, bound);
   }
+
+  /** Watches a call that has the number of vertices at a place of its arguments. */
+  const watch = (prototype, name, place) => {
+    const original = prototype[name];
+    if (!original) return;
+    prototype[name] = function (...values) {
+      last = this;
+      calls++;
+      if (values[0] === this.TRIANGLES) largest = Math.max(largest, values[place] / 3);
+      return original.apply(this, values);
+    };
+  };
+  for (const { prototype } of [WebGLRenderingContext, WebGL2RenderingContext]) {
+    watch(prototype, 'drawArrays', 2);
+    watch(prototype, 'drawElements', 1);
+    watch(prototype, 'drawArraysInstanced', 2);
+    watch(prototype, 'drawElementsInstanced', 1);
+  }
+
   const count = () => {
-    if (drawn) window.drawnFrames++;
-    drawn = false;
     requestAnimationFrame(count);
+    if (calls === 0) return;
+    watched.frames++;
+    watched.mostCalls = Math.max(watched.mostCalls, calls);
+    if (watched.first === 0 && largest >= triangles / 2) {
+      finish();
+      watched.first = performance.now();
+    }
+    calls = 0;
   };
   requestAnimationFrame(count);
+  window.watched = watched;
 }
 
 const megabytes = (bytes) => bytes / 2 ** 20;
@@ -175,31 +207,34 @@ async function peakMemory(browser, kind) {
   const peaks = processInfo
     .filter(({ type }) => type === kind)
     .map(({ id }) => /VmHWM:\s+(\d+)/.exec(readFileSync(`/proc/${id}/status`, 'utf8')))
-    .map((match) => Number(match?.[1] ?? 0) / 1024);
-  return Math.max(0, ...peaks);
+    .map((match) => Number(match[1]) / 1024);
+  if (peaks.length === 0) throw new Error(`the browser names no process of the kind ${kind}`);
+  return Math.max(...peaks);
 }
+
+/** How many pictures there are by now, all of them finished, and when. */
+const drawnByNow = (page) =>
+  page.evaluate(() => {
+    window.watched.finish();
+    return { frames: window.watched.frames, time: performance.now() };
+  });
 
 /** Drags back and forth for some seconds; returns how many pictures a second were drawn. */
 async function orbit(page) {
   await page.mouse.move(400, 300);
   await page.mouse.down();
-  const { frames, start } = await page.evaluate(() => ({
-    frames: window.drawnFrames,
-    start: performance.now(),
-  }));
+  const before = await drawnByNow(page);
   const end = Date.now() + ORBIT_MILLISECONDS;
   for (let i = 0; Date.now() < end; i++) {
     await page.mouse.move(400 + 150 * Math.sin(i / 20), 300 + 40 * Math.cos(i / 30));
   }
-  const after = await page.evaluate(() => ({
-    frames: window.drawnFrames,
-    end: performance.now(),
-  }));
+  const after = await drawnByNow(page);
   await page.mouse.up();
-  return ((after.frames - frames) * 1000) / (after.end - start);
+  return ((after.frames - before.frames) * 1000) / (after.time - before.time);
 }
 
-async function measure(html, folder) {
+/** Opens a page in a browser of its own and turns what it shows. */
+async function measure(html, triangles, folder) {
   const path = join(folder, 'page.html');
   writeFileSync(path, html);
   const browser = await chromium.launch({
@@ -209,60 +244,74 @@ async function measure(html, folder) {
   try {
     const page = await browser.newPage({ viewport: { width: 800, height: 600 } });
     page.setDefaultTimeout(OPENING_MILLISECONDS);
-    await page.addInitScript(watchDrawing);
+    await page.addInitScript(watchDrawing, triangles);
     await page.goto(`file://${path}`, { timeout: OPENING_MILLISECONDS });
-    await page.waitForSelector('html[data-state=ready]', { state: 'attached' });
-    const seconds = await page.evaluate(
-      () =>
-        new Promise((resolve) => {
-          const check = () =>
-            window.drawnFrames > 0
-              ? resolve(performance.now() / 1000)
-              : requestAnimationFrame(check);
-          check();
-        }),
-    );
-    const tab = await peakMemory(browser, 'renderer');
-    const graphics = await peakMemory(browser, 'GPU');
-    return { size: megabytes(statSync(path).size), seconds, tab, graphics, fps: await orbit(page) };
-  } catch (error) {
-    return { failed: String(error).split('\n')[0] };
+    await page.waitForFunction(() => window.watched.first > 0);
+    const picturesASecond = await orbit(page);
+    const { first, mostCalls } = await page.evaluate(() => {
+      const { first, mostCalls } = window.watched;
+      return { first, mostCalls };
+    });
+    return {
+      size: megabytes(statSync(path).size),
+      seconds: first / 1000,
+      tab: await peakMemory(browser, 'renderer'),
+      graphics: await peakMemory(browser, 'GPU'),
+      picturesASecond,
+      calls: mostCalls,
+    };
   } finally {
     await browser.close();
   }
 }
 
-const HEADINGS = [
-  'Plot',
-  'Page',
-  'Page MB',
-  'Picture after s',
-  'Tab MB',
-  'Graphics MB',
-  'Pictures a second',
+/** What is measured: heading, member of the result, digits. */
+const COLUMNS = [
+  ['Page MB', 'size', 1],
+  ['Picture after s', 'seconds', 2],
+  ['Tab MB', 'tab', 0],
+  ['Graphics MB', 'graphics', 0],
+  ['Pictures a second', 'picturesASecond', 1],
+  ['Draw calls', 'calls', 0],
 ];
 
-function row(title, name, result) {
-  const { size, seconds, tab, graphics, fps, failed } = result;
-  const cells = failed
-    ? [failed, '', '', '', '']
-    : [size.toFixed(1), seconds.toFixed(1), tab.toFixed(0), graphics.toFixed(0), fps.toFixed(1)];
-  return `| ${[title, name, ...cells].join(' | ')} |`;
+const line = (...cells) => `| ${cells.join(' | ')} |`;
+
+/** The middle one of some values. */
+function median(values) {
+  const sorted = [...values].sort((a, b) => a - b);
+  return sorted[Math.floor(sorted.length / 2)];
 }
 
+function row(title, name, results) {
+  const cells = COLUMNS.map(([, member, digits]) =>
+    median(results.map((result) => result[member])).toFixed(digits),
+  );
+  return line(title, name, ...cells);
+}
+
+const { values: options, positionals } = parseArgs({
+  allowPositionals: true,
+  options: { runs: { type: 'string', default: '3' } },
+});
 const { simplePage } = await loadComposer();
-const asked = process.argv.slice(2);
-const names = asked.length > 0 ? asked : Object.keys(CASES);
+const names = positionals.length > 0 ? positionals : Object.keys(CASES);
 const folder = mkdtempSync(join(tmpdir(), 'plot-bench-'));
-console.log(`| ${HEADINGS.join(' | ')} |\n|${'---|'.repeat(HEADINGS.length)}`);
+console.log(line('Plot', 'Page', ...COLUMNS.map(([heading]) => heading)));
+console.log(`|${'---|'.repeat(COLUMNS.length + 2)}`);
 try {
   for (const name of names) {
     const { title, make } = CASES[name];
-    const { text, plotly } = make();
+    const { text, plotly, triangles } = make();
     const textSize = megabytes(Buffer.byteLength(text)).toFixed(1);
-    const own = await measure(simplePage(text), folder);
-    console.log(row(`${title}, JVX of ${textSize} MB`, 'this one', own));
-    console.log(row('', 'plotly.js', await measure(plotly, folder)));
+    const own = simplePage(text, DISPLAY);
+    const results = { own: [], plotly: [] };
+    for (let i = 0; i < Number(options.runs); i++) {
+      results.own.push(await measure(own, triangles, folder));
+      results.plotly.push(await measure(plotly, triangles, folder));
+    }
+    console.log(row(`${title}, JVX of ${textSize} MB`, 'this one', results.own));
+    console.log(row('', 'plotly.js', results.plotly));
   }
 } finally {
   rmSync(folder, { recursive: true, force: true });
