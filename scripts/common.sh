@@ -70,9 +70,10 @@ parser_is_current() {
   dpkg --compare-versions "$installed" ge "$offered"
 }
 
-# apt_install <package>...: installs or upgrades them, where that is allowed.
+# apt_install <package>...: installs or upgrades them, where that is allowed. Prints what apt-get says
+# only if it fails.
 apt_install() {
-  local as_root=()
+  local as_root=() said
   if [[ $EUID -ne 0 ]]; then
     if ! may_become_root; then
       echo "Missing or out of date: $*" >&2
@@ -81,11 +82,15 @@ apt_install() {
     fi
     as_root=(sudo)
   fi
-  {
+  echo "Installing $*" >&2
+  if ! said=$({
     "${as_root[@]}" apt-get update &&
       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install --yes --no-install-recommends "$@"
-  } >&2
+  } 2>&1); then
+    echo "$said" >&2
+    return 1
+  fi
 }
 
 may_become_root() {
