@@ -31,10 +31,6 @@ constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace"
 /// likes, and what differs behind that is taken for the same.
 std::string_view beginningOf(std::string_view namespaceUri) { return namespaceUri.substr(0, 256); }
 
-std::string question(std::string_view nearest) {
-  return nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?';
-}
-
 /// What may be inside of an element, as a sentence.
 std::string contentInWords(const ClassFacts& facts) {
   const std::string name = facts.name.str();

@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "vantry/base/percent_escapes.h"
 #include "vantry/check/check.h"
 #include "vantry/check/report.h"
 
@@ -16,23 +17,6 @@ const char* nameOf(Severity severity) { return severity == Severity::error ? "er
 /// Bytes that are no UTF-8 become the character for that.
 std::string textOf(const Json& json) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-/// A file name as a relative reference, as in "two%20words.zrd".
-std::string uriOf(std::string_view fileName) {
-  constexpr std::string_view plain =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string uri;
-  for (const char c : fileName) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (plain.find(c) != plain.npos) {
-      uri += c;
-    } else {
-      uri += {'%', digits[byte / 16], digits[byte % 16]};
-    }
-  }
-  return uri;
 }
 
 Json ruleOf(const CodeInfo& info) {
@@ -50,8 +34,8 @@ Json messageOf(const Diagnostic& diagnostic) {
 Json locationOf(const std::string& fileName, const Place& place) {
   const Json region = {
       {"startLine", place.line}, {"startColumn", place.column}, {"endColumn", place.endColumn}};
-  return {
-      {"physicalLocation", {{"artifactLocation", {{"uri", uriOf(fileName)}}}, {"region", region}}}};
+  const Json file = {{"uri", base::percentEscaped(fileName)}};
+  return {{"physicalLocation", {{"artifactLocation", file}, {"region", region}}}};
 }
 
 Json resultOf(const std::string& fileName, const Diagnostic& diagnostic) {

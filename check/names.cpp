@@ -58,13 +58,23 @@ std::string_view nearestName(std::string_view name, std::span<const base::Token>
   return found;
 }
 
-std::string listOf(std::span<const base::Token> names, std::string_view last) {
+std::string question(std::string_view nearest) {
+  return nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?';
+}
+
+std::string listOf(std::span<const std::string_view> words, std::string_view last) {
   std::string list;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (i > 0) list += i + 1 < names.size() ? ", " : ' ' + std::string(last) + ' ';
-    list += names[i].str();
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (i > 0) list += i + 1 < words.size() ? ", " : ' ' + std::string(last) + ' ';
+    list += words[i];
   }
   return list;
+}
+
+std::string listOf(std::span<const base::Token> names, std::string_view last) {
+  std::vector<std::string_view> words;
+  std::ranges::transform(names, std::back_inserter(words), &base::Token::str);
+  return listOf(words, last);
 }
 
 }  // namespace vantry::check

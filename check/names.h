@@ -1,4 +1,4 @@
-// Names that are close to a misspelt one.
+// Names in sentences, and those that are close to a misspelt one.
 #pragma once
 
 #include <span>
@@ -13,7 +13,11 @@ namespace vantry::check {
 /// none. The case of letters counts least.
 std::string_view nearestName(std::string_view name, std::span<const base::Token> names);
 
-/// The names in a sentence: "A, B and C".
+/// "did you mean Mesh3d?" for a name that was found, and nothing where none was.
+std::string question(std::string_view nearest);
+
+/// The words in a sentence: "A, B and C".
+std::string listOf(std::span<const std::string_view> words, std::string_view last = "and");
 std::string listOf(std::span<const base::Token> names, std::string_view last = "and");
 
 }  // namespace vantry::check

@@ -125,9 +125,8 @@ void Review::reviewStyles(const PlotElement& canvas) {
     const std::vector<Token> classes = takers.classesIn(type, part);
     if (classes.empty()) {
       if (type == Word::Default) return true;
-      const std::string_view nearest = takers.nearestType(type);
       addAtValue({.kind = Kind::styleWithoutObject, .subject = type.str()}, *style, Word::Type,
-                 {nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?'});
+                 {question(takers.nearestType(type))});
       return true;
     }
     if (takers.firstIn(type, part) < takers.partOf(*style).begin) {

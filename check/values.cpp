@@ -202,8 +202,7 @@ std::string counted(std::int64_t count, const std::string& thing) {
 std::vector<std::string> helpForValue(const Property& property, const std::string& text) {
   std::vector<std::string> help;
   if (const auto words = property.allowedWords(); !words.empty()) {
-    const std::string_view nearest = nearestName(text, words);
-    if (!nearest.empty()) help.push_back("did you mean " + std::string(nearest) + '?');
+    help.push_back(question(nearestName(text, words)));
   }
   const ValueKind kind = valueKind(property);
   if (kind == ValueKind::color) help.push_back(helpForColorName(text));

@@ -56,13 +56,4 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value
   return addNumberWithin(command, name, value, least, most, expected.str(), about);
 }
 
-std::string alternatives(const std::vector<std::string>& words) {
-  std::string list;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (i > 0) list += i + 1 < words.size() ? ", " : " or ";
-    list += words[i];
-  }
-  return list;
-}
-
 }  // namespace vantry::zrd

@@ -7,8 +7,11 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
+
+#include "vantry/check/names.h"
 
 namespace vantry::zrd {
 
@@ -48,9 +51,6 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value
 CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value, double least,
                        double most, const std::string& about);
 
-/// "jvx, jvd or both"
-std::string alternatives(const std::vector<std::string>& words);
-
 /// The words that an option takes, and what each stands for.
 template <class Value>
 using Choices = std::vector<std::pair<std::string, Value>>;
@@ -59,7 +59,7 @@ using Choices = std::vector<std::pair<std::string, Value>>;
 template <class Value>
 CLI::Option* addChoice(CLI::App& command, const std::string& name, Value& value,
                        const Choices<Value>& choices, const std::string& about) {
-  std::vector<std::string> words;
+  std::vector<std::string_view> words;
   for (const auto& [word, meaning] : choices) words.push_back(word);
   const auto take = [&value, choices](const std::string& text) {
     for (const auto& [word, meaning] : choices) {
@@ -70,7 +70,7 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, Value& value,
     return false;
   };
   // The completions of the shells look for the words in braces.
-  return addValue(command, name, alternatives(words), take, about)
+  return addValue(command, name, check::listOf(words, "or"), take, about)
       ->type_name("WORD:{" + CLI::detail::join(words, ",") + '}');
 }
 

@@ -1,8 +1,6 @@
 #include <algorithm>
-#include <cctype>
 #include <chrono>
 #include <cstdint>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <ostream>
@@ -10,6 +8,7 @@
 #include <string_view>
 #include <thread>
 
+#include "vantry/base/percent_escapes.h"
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
@@ -52,21 +51,6 @@ class TemporaryFolder {
  private:
   std::string path_ = makeTemporaryFolder();
 };
-
-/// The address of a file; all but plain letters in its name is escaped.
-std::string addressOf(const std::string& file) {
-  constexpr char digits[] = "0123456789ABCDEF";
-  std::string address = "file://";
-  for (const char letter : file) {
-    const auto byte = static_cast<unsigned char>(letter);
-    if (byte < 128 && (std::isalnum(byte) || std::strchr("/-._~", letter))) {
-      address += letter;
-    } else {
-      address.append({'%', digits[byte >> 4], digits[byte & 15]});
-    }
-  }
-  return address;
-}
 
 std::string fromBase64(const std::string& text) {
   constexpr std::string_view letters =
@@ -111,7 +95,7 @@ std::string photograph(const std::string& page, const std::string& folder,
                 {{"color", {{"r", 0}, {"g", 0}, {"b", 0}, {"a", 0}}}});
   }
   const std::string mode = settings.isTransparent ? "#picture&transparent" : "#picture";
-  chrome.call("Page.navigate", {{"url", addressOf(page) + mode}});
+  chrome.call("Page.navigate", {{"url", "file://" + base::percentEscaped(page) + mode}});
   waitUntilReady(chrome);
   return fromBase64(chrome.call("Page.captureScreenshot", {{"format", "png"}}).value("data", ""));
 }

@@ -74,8 +74,8 @@ std::string reasonFor(const CLI::App& program, const CLI::App& command,
 }  // namespace
 
 std::string question(const std::string& word, std::span<const base::Token> names) {
-  const std::string_view nearest = check::nearestName(word, names);
-  return nearest.empty() ? "" : "; did you mean " + std::string(nearest) + '?';
+  const std::string meant = check::question(check::nearestName(word, names));
+  return meant.empty() ? "" : "; " + meant;
 }
 
 std::string describe(const CLI::App& program, const CLI::ParseError& refusal) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string_view>
+#include <vector>
 
 #include "vantry/base/vocabulary.h"
 
@@ -12,6 +14,7 @@ namespace Word = vantry::base::Word;
 using vantry::base::Token;
 using vantry::check::listOf;
 using vantry::check::nearestName;
+using vantry::check::question;
 
 constexpr std::array names = {Word::Mesh3d,    Word::Line2d,     Word::Line3d,
                               Word::LineColor, Word::LineColor2, Word::Position};
@@ -36,10 +39,16 @@ TEST(NearestName, IsNoneWhereNothingIsNear) {
 }
 
 TEST(ListOf, IsAPartOfASentence) {
-  EXPECT_EQ(listOf({}), "");
+  EXPECT_EQ(listOf(std::vector<Token>()), "");
   EXPECT_EQ(listOf(std::array{Word::Flat}), "Flat");
   EXPECT_EQ(listOf(std::array{Word::Flat, Word::Smooth}, "or"), "Flat or Smooth");
   EXPECT_EQ(listOf(std::array{Word::Top, Word::Center, Word::Bottom}), "Top, Center and Bottom");
+  EXPECT_EQ(listOf(std::vector<std::string_view>{"jvx", "jvd", "both"}, "or"), "jvx, jvd or both");
+}
+
+TEST(Question, IsAskedForANameThatWasFound) {
+  EXPECT_EQ(question("Mesh3d"), "did you mean Mesh3d?");
+  EXPECT_EQ(question(""), "");
 }
 
 }  // namespace
