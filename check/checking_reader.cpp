@@ -162,7 +162,7 @@ CheckingReader::~CheckingReader() { document_.setRefusalListener(nullptr); }
 // In blocks of the size that vantry takes, so that both make the same of every document.
 bool CheckingReader::read() {
   constexpr std::size_t blockSize = 512;
-  std::string_view rest = source_.text();
+  std::string_view rest = source_.document();
   for (bool isLast = false; !isLast;) {
     const std::string_view block = rest.substr(0, blockSize);
     rest.remove_prefix(block.size());
@@ -175,7 +175,8 @@ bool CheckingReader::read() {
 }
 
 std::size_t CheckingReader::here() const {
-  return static_cast<std::size_t>(std::max<std::int64_t>(parser_.byteOffset(), 0));
+  return source_.offsetOf(
+      static_cast<std::size_t>(std::max<std::int64_t>(parser_.byteOffset(), 0)));
 }
 
 Span CheckingReader::placeOfValue(Token attribute) const {

@@ -14,12 +14,12 @@ enum class Severity : std::uint8_t {
   error,    ///< it means nothing, or cannot be converted
 };
 
-/// A part of one line, in characters, all counted from 1.
+/// A part of one line, in characters (code points, so that a tab is one), all counted from 1.
 struct Place {
   int line = 1;
   int column = 1;
   int endColumn = 1;       ///< behind the last character
-  std::size_t offset = 0;  ///< where it begins, in bytes from the beginning of the document
+  std::size_t offset = 0;  ///< where it begins, in bytes of the text in UTF-8 without a mark
 };
 
 struct Diagnostic {

@@ -18,8 +18,8 @@ struct FileReport {
 };
 
 /// Writes each diagnostic as compilers do: a line "file:line:column: error: sentence [code]", the
-/// line of the document with a mark below it, and the help. `document` is the text that was
-/// checked. With `color` the weight and the mark have colours of a terminal.
+/// line of the document with a mark below it, and the help. `document` is what was checked. With
+/// `color` the weight and the mark have colours of a terminal.
 void writeText(std::ostream& out, const FileReport& report, std::string_view document, bool color);
 
 /// Writes each diagnostic as a JSON object on a line of its own, with the members file, line,

@@ -13,6 +13,12 @@ constexpr std::string_view blanks = " \t\r\n";
 /// Within so many bytes, characters are counted one by one.
 constexpr std::size_t blockSize = 1024;
 
+/// Whether a line ends with this character: one of "\n", "\r\n" and "\r" ends it.
+bool endsLine(std::string_view text, std::size_t at) {
+  if (text[at] != '\r') return text[at] == '\n';
+  return at + 1 == text.size() || text[at + 1] != '\n';
+}
+
 std::string_view localPart(std::string_view name) { return name.substr(name.rfind(':') + 1); }
 
 }  // namespace
@@ -31,8 +37,8 @@ const Source::Index& Source::index() const {
     characters += static_cast<std::size_t>(countCharacters(text_.substr(begin, blockSize)));
   }
   index.lines.push_back(0);
-  for (std::size_t end = text_.find('\n'); end != text_.npos; end = text_.find('\n', end + 1)) {
-    index.lines.push_back(end + 1);
+  for (std::size_t at = 0; at < text_.size(); ++at) {
+    if (endsLine(text_, at)) index.lines.push_back(at + 1);
   }
   return index_.emplace(std::move(index));
 }

@@ -8,23 +8,28 @@
 #include <vector>
 
 #include "vantry/check/diagnostic.h"
+#include "vantry/check/utf8_text.h"
 
 namespace vantry::check {
 
-/// A part of the document, in bytes.
+/// A part of the text of a document, in bytes.
 struct Span {
   std::size_t begin = 0;
   std::size_t size = 0;
 };
 
-/// A document as its bytes. What it says of tags is right for documents in UTF-8, and for all other
-/// encodings in which markup is ASCII.
+/// A document and its text in UTF-8, which all places but those of bytes are in.
 /// Where there is no tag at a place, it gives the place alone. No question costs more than the part
 /// that it is about, in whatever order they come.
 class Source {
  public:
-  /// `text` must outlive it.
-  explicit Source(std::string_view text) : text_(text) {}
+  /// `document` must outlive it.
+  explicit Source(std::string_view document)
+      : document_(document), utf8_(document), text_(utf8_.text()) {}
+
+  std::string_view document() const { return document_; }
+  /// Where in the text a byte of the document is.
+  std::size_t offsetOf(std::size_t byte) const { return utf8_.offsetOf(byte); }
 
   std::string_view text() const { return text_; }
   std::string_view textOf(Span span) const { return text_.substr(span.begin, span.size); }
@@ -66,6 +71,8 @@ class Source {
   const Index& index() const;
   std::size_t charactersBefore(std::size_t offset) const;
 
+  std::string_view document_;
+  Utf8Text utf8_;
   std::string_view text_;
   mutable std::optional<Index> index_;
   mutable Tag tag_;

@@ -1,10 +1,13 @@
+#include <wchar.h>
+
 #include <algorithm>
+#include <limits>
+#include <optional>
 #include <ostream>
 #include <string>
 
 #include "vantry/check/report.h"
-#include "vantry/check/source.h"
-#include "vantry/plot/values/format_limits.h"
+#include "vantry/check/utf8_text.h"
 
 namespace vantry::check {
 
@@ -28,70 +31,119 @@ struct Colors {
   const char* end = "";
 };
 
-/// A line of a document that can be shown anywhere: in one column for each of its characters.
-std::string shownLine(std::string_view line) {
-  const bool isUtf8 = plot::isXml(line);
-  std::string shown(line);
-  const auto show = [isUtf8](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte == '\t') return ' ';
-    const bool isShown = byte >= ' ' && byte != 0x7F && (byte < 0x80 || isUtf8);
-    return isShown ? c : '?';
-  };
-  std::ranges::transform(shown, shown.begin(), show);
-  return shown;
+/// Whether a terminal may take a character for something else than a letter: a control character,
+/// or one that turns the direction of the text around it.
+bool isControl(char32_t code) {
+  return code < 0x20 || (code >= 0x7F && code < 0xA0) || (code >= 0x202A && code <= 0x202E) ||
+         (code >= 0x2066 && code <= 0x2069);
+}
+
+/// A character of a text, and its bytes; no character where they are none.
+struct Character {
+  std::optional<char32_t> code;
+  std::string_view bytes;
+};
+
+/// Takes the first character of a text.
+Character takeCharacter(std::string_view& text) {
+  const std::size_t size = sizeOfCharacter(text);
+  const std::string_view bytes = text.substr(0, std::max<std::size_t>(size, 1));
+  text.remove_prefix(bytes.size());
+  if (size == 0) return {{}, bytes};
+  const auto first = static_cast<unsigned char>(bytes[0]);
+  char32_t code = size == 1 ? first : first & (0x7F >> size);
+  for (const char byte : bytes.substr(1))
+    code = code << 6 | (static_cast<unsigned char>(byte) & 0x3F);
+  return {code, bytes};
+}
+
+/// How many columns of a terminal a character takes, as far as the locale knows.
+int columnsOf(char32_t code) {
+  const int columns = code < 0x80 ? 1 : wcwidth(static_cast<wchar_t>(code));
+  return columns < 0 ? 1 : columns;
+}
+
+/// A part of a line as it can be shown anywhere.
+struct Shown {
+  std::string text;
+  int columns = 0;
+};
+
+/// Of a part of a line, at most so many characters.
+Shown shown(std::string_view part, int most = std::numeric_limits<int>::max()) {
+  Shown all;
+  for (; !part.empty() && most > 0; --most) {
+    const bool isTab = part[0] == '\t';
+    const Character character = takeCharacter(part);
+    if (isTab) {
+      all.text += ' ';
+    } else if (!character.code || isControl(*character.code)) {
+      all.text += '?';
+    } else {
+      all.text += character.bytes;
+      all.columns += columnsOf(*character.code) - 1;
+    }
+    ++all.columns;
+  }
+  return all;
 }
 
 bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
+bool endsLine(char c) { return c == '\n' || c == '\r'; }
 
 /// What is shown of a line to either side of a place: characters, and their bytes. In a document
-/// that is not in UTF-8 any number of bytes may look like a part of one character.
+/// that is not in UTF-8, as it should be, any number of bytes may look like a part of one
+/// character.
 constexpr int mostCharacters = 100;
 constexpr std::size_t mostBytes = 4 * mostCharacters;
 
-/// The line from a place on, or before it, as far as it is shown.
-std::string_view behind(std::string_view document, std::size_t at) {
-  const std::string_view rest = document.substr(at, mostBytes);
+/// The line from a place on, as far as it is shown.
+std::string_view behind(std::string_view text, std::size_t at) {
+  const std::string_view rest = text.substr(at, mostBytes);
   int characters = 0;
   std::size_t size = 0;
-  while (size < rest.size() && rest[size] != '\n' && rest[size] != '\r') {
+  while (size < rest.size() && !endsLine(rest[size])) {
     if (beginsCharacter(rest[size]) && ++characters > mostCharacters) break;
     ++size;
   }
   return rest.substr(0, size);
 }
-std::string_view before(std::string_view document, std::size_t at) {
+
+/// The line before a place, as far as it is shown.
+std::string_view before(std::string_view text, std::size_t at) {
   const std::size_t least = at - std::min(at, mostBytes);
   std::size_t begin = at;
   int characters = 0;
-  while (begin > least && characters < mostCharacters && document[begin - 1] != '\n') {
-    if (beginsCharacter(document[--begin])) ++characters;
+  while (begin > least && characters < mostCharacters && !endsLine(text[begin - 1])) {
+    if (beginsCharacter(text[--begin])) ++characters;
   }
-  return document.substr(begin, at - begin);
+  return text.substr(begin, at - begin);
 }
 
+std::string blanks(int count) { return std::string(static_cast<std::size_t>(count), ' '); }
+
 /// Writes the line of a place with a mark below it, or the part of a long line around it.
-void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_view document,
+void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_view text,
                   const Colors& colors) {
   const Place& place = diagnostic.place;
-  const std::size_t at = std::min(place.offset, document.size());
-  const std::string_view left = before(document, at);
-  const std::string_view right = behind(document, at);
+  const std::size_t at = std::min(place.offset, text.size());
+  const std::string_view left = before(text, at);
+  const std::string_view right = behind(text, at);
   const std::size_t begin = at - left.size();
-  const bool isCutLeft = begin > 0 && document[begin - 1] != '\n';
+  const bool isCutLeft = begin > 0 && !endsLine(text[begin - 1]);
   const std::size_t end = at + right.size();
-  const bool isCutRight = end < document.size() && document[end] != '\n' && document[end] != '\r';
+  const bool isCutRight = end < text.size() && !endsLine(text[end]);
 
-  const std::string shownLeft = (isCutLeft ? "..." : "") + shownLine(left);
+  const std::string ellipsis = "...";
+  const Shown shownLeft = shown(left);
+  const int indent = shownLeft.columns + (isCutLeft ? static_cast<int>(ellipsis.size()) : 0);
+  const int marked = shown(right, place.endColumn - place.column).columns;
   const std::string number = std::to_string(place.line);
   const std::string margin(number.size() + 2, ' ');
-  const int room = std::max(countCharacters(shownLine(right)), 1);
-  const int size = std::clamp(place.endColumn - place.column, 1, room);
-  out << ' ' << number << " | " << shownLeft << shownLine(right) << (isCutRight ? "..." : "")
-      << '\n'
-      << margin << "| " << std::string(static_cast<std::size_t>(countCharacters(shownLeft)), ' ')
-      << colors.mark << '^' << std::string(static_cast<std::size_t>(size - 1), '~') << colors.end
-      << '\n';
+  out << ' ' << number << " | " << (isCutLeft ? ellipsis : "") << shownLeft.text
+      << shown(right).text << (isCutRight ? ellipsis : "") << '\n'
+      << margin << "| " << blanks(indent) << colors.mark << '^'
+      << std::string(static_cast<std::size_t>(std::max(marked, 1) - 1), '~') << colors.end << '\n';
   for (const std::string& help : diagnostic.help) out << margin << "= " << help << '\n';
 }
 
@@ -99,13 +151,14 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
 
 void writeText(std::ostream& out, const FileReport& report, std::string_view document, bool color) {
   const Colors colors(color);
+  const Utf8Text utf8(document);
   for (const Diagnostic& diagnostic : report.diagnostics) {
     const bool isError = diagnostic.severity == Severity::error;
-    out << colors.bold << report.name << ':' << diagnostic.place.line << ':'
-        << diagnostic.place.column << ": " << (isError ? colors.error : colors.warning)
-        << (isError ? "error: " : "warning: ") << colors.end << colors.bold << diagnostic.sentence
-        << colors.end << " [" << diagnostic.code << "]\n";
-    writeExcerpt(out, diagnostic, document, colors);
+    out << colors.bold << report.name << ':' << diagnostic.place.line << ':' << diagnostic.place.column
+        << ": " << (isError ? colors.error : colors.warning) << (isError ? "error: " : "warning: ")
+        << colors.end << colors.bold << diagnostic.sentence << colors.end << " [" << diagnostic.code
+        << "]\n";
+    writeExcerpt(out, diagnostic, utf8.text(), colors);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 
+#include "../locale_guard.h"
 #include "vantry/check/check.h"
 
 namespace {
@@ -42,6 +43,64 @@ TEST(TextReport, ShowsAPartOfALongLineInAnyEncoding) {
   writeText(out, {"a", {{"code", Severity::error, {1, 1, 2, 5000}, "s", {}}}}, line, false);
   EXPECT_EQ(out.str(), "a:1:1: error: s [code]\n 1 | ..." + std::string(800, '?') + "...\n   | " +
                            std::string(403, ' ') + "^\n");
+}
+
+// A character of two columns, one of none, and marks of as many columns as what they are below.
+TEST(TextReport, PutsTheMarkBelowWideCharactersToo) {
+  const LocaleGuard locale(LC_CTYPE, "C.UTF-8");
+  const std::string line =
+      "\xE4\xB8\xAD"
+      "a\xCC\x81"
+      "<\xE4\xB8\xAD\xE4\xB8\xAD>";
+  std::ostringstream out;
+  writeText(out, {"a", {{"code", Severity::error, {1, 5, 7, 7}, "s", {}}}}, line, false);
+  EXPECT_EQ(out.str(), "a:1:5: error: s [code]\n 1 | " + line + "\n   |     ^~~~\n");
+}
+
+TEST(TextReport, ShowsADocumentInUtf16AsUtf8) {
+  const std::string text = "<Canvas>\r<Scene2D/></Canvas>";
+  std::string bytes = "\xFF\xFE";
+  for (const char c : text) bytes.append({c, '\0'});
+  std::ostringstream out;
+  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
+  EXPECT_EQ(out.str(),
+            "a.zrd:2:2: error: there is no element Scene2D [unknown-element]\n"
+            " 2 | <Scene2D/></Canvas>\n"
+            "   |  ^~~~~~~\n"
+            "   = did you mean Scene2d?\n");
+}
+
+TEST(TextReport, ShowsLatin1AsUtf8) {
+  const std::string bytes =
+      "<?xml version='1.0' encoding='ISO-8859-1'?>\n<Canvas><!-- \xE4 --><Scene2D/></Canvas>";
+  std::ostringstream out;
+  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
+  EXPECT_EQ(out.str(),
+            "a.zrd:2:20: error: there is no element Scene2D [unknown-element]\n"
+            " 2 | <Canvas><!-- \xC3\xA4 --><Scene2D/></Canvas>\n"
+            "   |                    ^~~~~~~\n"
+            "   = did you mean Scene2d?\n");
+}
+
+TEST(TextReport, TakesAByteOrderMarkForNoCharacter) {
+  const std::string bytes = "\xEF\xBB\xBF<Canvas><Scene2D/></Canvas>";
+  std::ostringstream out;
+  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
+  EXPECT_EQ(out.str(),
+            "a.zrd:1:10: error: there is no element Scene2D [unknown-element]\n"
+            " 1 | <Canvas><Scene2D/></Canvas>\n"
+            "   |          ^~~~~~~\n"
+            "   = did you mean Scene2d?\n");
+}
+
+// Control characters that are no single byte, and one that turns the text behind it around.
+TEST(TextReport, ShowsNoCharacterThatSteersATerminal) {
+  std::ostringstream out;
+  writeText(out, {"a", {{"code", Severity::error, {1, 1, 1, 0}, "s", {}}}},
+            "\xC2\x9B"
+            "2J\xE2\x80\xAEx",
+            false);
+  EXPECT_EQ(out.str(), "a:1:1: error: s [code]\n 1 | ?2J?x\n   | ^\n");
 }
 
 TEST(TextReport, ShowsNoControlCharacters) {

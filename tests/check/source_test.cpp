@@ -50,6 +50,35 @@ TEST(Source, CountsInLongLinesToo) {
   EXPECT_EQ(placeIn(Source(blocks), {4096, 1}), "1:4097-4097");
 }
 
+TEST(Source, KnowsAllEndsOfLines) {
+  const Source source("a\rb\r\nc\n\rd");
+  EXPECT_EQ(placeIn(source, {0, 9}), "1:1-2");
+  EXPECT_EQ(placeIn(source, {2, 1}), "2:1-2");
+  EXPECT_EQ(placeIn(source, {5, 1}), "3:1-2");
+  EXPECT_EQ(placeIn(source, {7, 1}), "4:1-1") << "an empty line";
+  EXPECT_EQ(placeIn(source, {8, 1}), "5:1-2");
+  EXPECT_EQ(placeIn(Source("a\r"), {2, 0}), "2:1-1");
+}
+
+TEST(Source, CountsNoByteOrderMark) {
+  const Source source("\xEF\xBB\xBF<a>\n<b>");
+  EXPECT_EQ(placeIn(source, {source.offsetOf(3), 3}), "1:1-4");
+  EXPECT_EQ(placeIn(source, {source.offsetOf(7), 3}), "2:1-4");
+}
+
+// The tag of b in the second line, behind a letter that takes two units.
+TEST(Source, CountsCharactersOfUtf16) {
+  using namespace std::string_view_literals;
+  const auto document =
+      "\xFE\xFF"
+      "\0<\0a\0>\0\n\xD8\x35\xDD\x38\0<\0b\0 \0x\0=\0'\0y\0'\0>"sv;
+  const Source source(document);
+  const std::size_t tag = source.offsetOf(14);
+  EXPECT_EQ(source.textOf(source.nameIn(tag)), "b");
+  EXPECT_EQ(placeIn(source, source.nameIn(tag)), "2:3-4");
+  EXPECT_EQ(placeIn(source, source.valueIn(tag, "x").value()), "2:8-9");
+}
+
 TEST(Source, APlaceEndsWithItsFirstLineAndWithTheText) {
   const Source source("abc\ndef");
   EXPECT_EQ(placeIn(source, {1, 5}), "1:2-4");
