@@ -624,12 +624,15 @@ void CheckingReader::refuseCell(const char* word) {
 
 void CheckingReader::reportNotWellFormed() {
   auto [mistake, concernsOpenElement] =
-      describeXmlError(parser_.errorCode(), source_.text(), here());
+      describeXmlError(parser_.errorCode(), source_.text(), here(), !open_.empty());
   std::vector<std::string> help = std::move(mistake.help);
-  if (!open_.empty() && concernsOpenElement) {
+  if (concernsOpenElement) {
     const Span name = source_.nameIn(open_.back());
-    help.insert(help.begin(), "the element that is open is " + shortened(source_.textOf(name)) +
-                                  " in line " + std::to_string(source_.placeOf(name).line));
+    const bool isInEntity = name.size == 0;
+    help.insert(help.begin(), isInEntity ? ""
+                                         : "the element that is open is " +
+                                               shortened(source_.textOf(name)) + " in line " +
+                                               std::to_string(source_.placeOf(name).line));
   }
   findings_.add({.kind = Kind::notWellFormed, .detail = mistake.reason}, {mistake.place, 0},
                 std::move(help));

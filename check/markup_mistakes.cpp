@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "vantry/check/prolog_mistakes.h"
+#include "vantry/check/utf8_text.h"
 #include "vantry/check/values.h"
-#include "vantry/plot/values/format_limits.h"
 
 namespace vantry::check {
 
@@ -41,39 +42,32 @@ std::size_t behindWordBefore(std::string_view text, std::size_t at) {
 
 // ---- Bytes ----
 
-bool isUtf16(std::string_view document) {
-  using namespace std::string_view_literals;
-  constexpr std::array beginnings = {"\xFE\xFF"sv, "\xFF\xFE"sv, "<\0"sv, "\0<"sv};
-  return std::ranges::any_of(beginnings, [=](auto bytes) { return document.starts_with(bytes); });
-}
-
-/// Whether the document names an encoding, which is not UTF-8.
-bool isInOtherEncoding(std::string_view document) {
-  if (!document.starts_with("<?xml")) return false;
-  const std::string_view declaration = document.substr(0, document.find("?>"));
-  const std::size_t encoding = declaration.find("encoding");
-  if (encoding == declaration.npos) return false;
-  const std::string_view name = declaration.substr(encoding);
-  return name.find("UTF-8") == name.npos && name.find("utf-8") == name.npos;
-}
-
-/// Whether the character that begins with the first byte is one of UTF-8.
-bool beginsWithUtf8(std::string_view text) {
-  for (std::size_t size = 1; size <= std::min<std::size_t>(text.size(), 4); ++size) {
-    if (plot::isXml(text.substr(0, size))) return true;
-  }
-  return false;
-}
-
 std::string hexadecimal(unsigned char byte) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   return {'0', 'x', digits[byte / 16], digits[byte % 16]};
 }
 
-/// The character of Latin-1 in UTF-8, if a byte is a printable one.
-std::string latin1(unsigned char byte) {
-  if (byte < 0xA0) return {};
-  return {static_cast<char>(0xC0 | (byte >> 6)), static_cast<char>(0x80 | (byte & 0x3F))};
+/// A byte of a document that is to be in UTF-8, and is none of it.
+MarkupMistake badUtf8(unsigned char byte, std::size_t offset) {
+  const std::string meant =
+      byte < 0xA0 ? "" : utf8Of(byte);  // the others are no letters in Latin-1
+  const std::string reason = "the byte " + hexadecimal(byte) + " is no UTF-8";
+  if (meant.empty()) {
+    return {reason,
+            {"the file is perhaps in Windows-1252, or no text",
+             "convert it by iconv -f WINDOWS-1252 -t UTF-8"},
+            offset};
+  }
+  return {reason,
+          {"the file is perhaps in Latin-1, where this is " + meant,
+           "convert it by iconv -f ISO-8859-1 -t UTF-8",
+           "or begin it with <?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"},
+          offset};
+}
+
+/// A character that Unicode has, and XML has not.
+MarkupMistake noXmlCharacter(std::size_t offset) {
+  return {"this is no character of XML", {"leave it out; the file is perhaps damaged"}, offset};
 }
 
 Mistake badByte(std::string_view document, std::size_t offset) {
@@ -89,18 +83,19 @@ Mistake badByte(std::string_view document, std::size_t offset) {
              {"of these, XML has the tab and the ends of lines alone"},
              offset}};
   }
-  if (byte < 0x80 || isInOtherEncoding(document) || beginsWithUtf8(document.substr(offset))) {
-    return {};
+  if (byte < 0x80) return {};
+  const std::string_view rest = document.substr(offset);
+  if (isSameEncoding(namedEncoding(document), "US-ASCII")) {
+    return {{"this character is not in US-ASCII, the encoding that the document names",
+             {"name the one that it is in, such as UTF-8"},
+             offset}};
   }
-  const std::string meant = latin1(byte);
-  return {
-      {"the byte " + hexadecimal(byte) + " is no UTF-8",
-       {meant.empty() ? "the file is perhaps in Windows-1252, or no text"
-                      : "the file is perhaps in Latin-1, where this is " + meant,
-        "convert it by iconv -f " + std::string(meant.empty() ? "WINDOWS-1252" : "ISO-8859-1") +
-            " -t UTF-8",
-        meant.empty() ? "" : "or begin it with <?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"},
-       offset}};
+  constexpr std::array<std::string_view, 3> others = {"\xEF\xBF\xBD", "\xEF\xBF\xBE",
+                                                      "\xEF\xBF\xBF"};
+  const bool isOther = std::ranges::any_of(others, [=](auto c) { return rest.starts_with(c); });
+  if (isOther) return noXmlCharacter(offset);
+  if (sizeOfCharacter(rest) > 0) return {};
+  return badUtf8(byte, offset);
 }
 
 // ---- Text and comments ----
@@ -113,6 +108,18 @@ Mistake hyphensInComment(std::string_view document, std::size_t offset) {
   const std::size_t hyphens = document.find("--", begin + 4);
   if (isClosed || hyphens > offset) return {};
   return {{"a comment cannot have two hyphens in it", {"it ends with -->"}, hyphens}};
+}
+
+/// An entity that can be here, but not what it stands for.
+Mistake mistakeInEntity(std::string_view document, std::size_t offset) {
+  if (document[offset] != '&') return {};
+  const std::size_t end = document.find(';', offset);
+  if (end == document.npos || end == offset + 1) return {};
+  const std::string_view name = document.substr(offset + 1, end - offset - 1);
+  if (!std::ranges::all_of(name, isNameCharacter)) return {};
+  return {{"what this entity stands for is not well-formed",
+           {"an entity holds text, and elements with both of their tags"},
+           offset}};
 }
 
 Mistake bareAmpersand(std::string_view document, std::size_t offset) {
@@ -147,10 +154,8 @@ struct TagPart {
   bool isInValue;
 };
 
-/// The tag that is open at a place, if there is one.
-std::optional<TagPart> openTagAt(std::string_view document, std::size_t offset) {
-  const std::size_t begin = offset == 0 ? document.npos : document.rfind('<', offset - 1);
-  if (begin == document.npos) return {};
+/// The tag that begins at a place, if it has no end before another.
+std::optional<TagPart> tagFrom(std::string_view document, std::size_t begin, std::size_t offset) {
   TagPart tag{begin, document.npos, false};
   for (std::size_t at = begin; at < offset; ++at) {
     const char c = document[at];
@@ -165,15 +170,26 @@ std::optional<TagPart> openTagAt(std::string_view document, std::size_t offset) 
   return tag;
 }
 
+/// The tag that is open at a place, if there is one.
+std::optional<TagPart> openTagAt(std::string_view document, std::size_t offset) {
+  const std::size_t begin = offset == 0 ? document.npos : document.rfind('<', offset - 1);
+  if (begin == document.npos) return {};
+  return tagFrom(document, begin, offset);
+}
+
 MarkupMistake missingQuote(std::size_t quote) {
   return {"the value that begins here has no closing quote",
           {"a value ends with the quote that it begins with; within it write &lt; for <"},
           quote};
 }
 
-/// Whether what begins with < is no tag.
-bool isDeclaration(std::string_view document, std::size_t begin) {
-  return document[begin + 1] == '!' || document[begin + 1] == '?';
+/// Whether a value that has < in it ends as a value does, and not where the next one was to begin.
+bool hasClosingQuote(std::string_view document, std::size_t quote) {
+  const std::size_t close = document.find(document[quote], quote + 1);
+  if (close == document.npos || close + 1 == document.size()) return false;
+  const char next = document[close + 1];
+  const bool endsWithEqualsSign = document[behindWordBefore(document, close) - 1] == '=';
+  return !endsWithEqualsSign && (isBlank(next) || next == '/' || next == '>');
 }
 
 bool isEndTag(std::string_view document, std::size_t begin) {
@@ -182,9 +198,9 @@ bool isEndTag(std::string_view document, std::size_t begin) {
 
 /// Another tag begins where one has not ended.
 Mistake missingEndOfTag(std::string_view document, std::size_t begin) {
-  if (isDeclaration(document, begin)) return {};
   return {{"the tag that begins here has no >",
-           {isEndTag(document, begin) ? "an end tag holds a name alone" : ""},
+           {isEndTag(document, begin) ? "an end tag holds a name alone"
+                                      : "a tag ends with >, or with /> if its element is empty"},
            begin}};
 }
 
@@ -228,16 +244,21 @@ Mistake mistakeBetweenValues(std::string_view document, std::size_t offset, cons
              {"it is written as in </Canvas>; attributes are in the tag that begins an element"},
              offset}};
   }
+  if (document[offset - 1] == '/') {
+    return {{"/ does not end this tag", {"write /> without anything between the two"}, offset - 1}};
+  }
   if (last == '=') {
     const std::string_view name = nameBefore(document, behindWordBefore(document, end - 1));
     return valueWithoutQuotes(document, offset, name);
   }
   if (isBehindQuote) {
-    return {{"a blank is missing before this", {"attributes have blanks between them"}, offset}};
+    return {{"a blank is missing before this",
+             {"attributes have blanks between them; a quote in a value is &quot; or &apos;"},
+             offset}};
   }
   const std::string name(nameBefore(document, end));
   if (name.empty() || end - name.size() <= tag.begin + 1) {
-    if (end == offset || isDeclaration(document, tag.begin)) return {};
+    if (end == offset) return {};
     return {{"no attribute has a name that begins with this",
              {"perhaps the tag has no > before it"},
              offset}};
@@ -252,27 +273,113 @@ Mistake mistakeInTag(std::string_view document, std::size_t offset) {
   const auto tag = openTagAt(document, offset);
   if (!tag) return {};
   if (!tag->isInValue) return mistakeBetweenValues(document, offset, *tag);
-  return document[offset] == '<' ? Mistake(missingQuote(tag->lastQuote)) : Mistake();
+  if (document[offset] != '<') return {};
+  if (!hasClosingQuote(document, tag->lastQuote)) return missingQuote(tag->lastQuote);
+  return {{"a value cannot have < in it", {"write &lt; for the character <"}, offset}};
 }
+
+// ---- Declarations, comments and instructions ----
+
+/// What begins with <! or <? and is nothing that XML has.
+Mistake noMarkup(std::string_view document, std::size_t offset) {
+  const auto tag = openTagAt(document, offset);
+  if (!tag) return {};
+  const std::string_view markup = document.substr(tag->begin);
+  if (markup.starts_with("<!-")) {
+    return {{"this does not begin a comment", {"a comment begins with <!--"}, tag->begin}};
+  }
+  if (markup.starts_with("<![")) {
+    return {{"this does not begin a CDATA section",
+             {"it begins with <![CDATA[, in capitals, and is in an element"},
+             tag->begin}};
+  }
+  if (markup.starts_with("<?")) {
+    return {{"this is no processing instruction",
+             {"the name follows <? at once; <?xml is in small letters"},
+             tag->begin}};
+  }
+  return {};
+}
+
+/// Where declarations may be, they have been looked at before.
+Mistake declarationInElement(std::string_view document, std::size_t offset) {
+  const auto tag = openTagAt(document, offset);
+  if (!tag || !document.substr(tag->begin).starts_with("<!")) return {};
+  return {{"a declaration cannot be in an element",
+           {"<!DOCTYPE ...> comes before the outermost element; a comment begins with <!--"},
+           tag->begin}};
+}
+
+// ---- Outside of the outermost element ----
+
+Mistake mistakeOutside(std::string_view document, std::size_t offset) {
+  if (offset > 0 && document.substr(offset - 1).starts_with("</")) {
+    return {{"this end tag belongs to no element",
+             {"leave it out, or write the tag that begins the element"},
+             offset - 1}};
+  }
+  const bool isInMarkup = openTagAt(document, offset) || mistakeInProlog(document, offset);
+  return isInMarkup ? Mistake() : Mistake(textOutside(offset));
+}
+
+/// How what does not end begins, and how it ends.
+// clang-format off
+constexpr struct {
+  std::string_view beginning;
+  const char* reason;
+  const char* help;
+} unclosed[] = {
+    {"<!--", "a comment is not closed",                     "it ends with -->"},
+    {"<![",  "a <![CDATA[ section is not closed",           "it ends with ]]>"},
+    {"<!",   "the declaration that begins here has no >",   "the document is perhaps cut off"},
+    {"<?",   "a processing instruction is not closed",      "it ends with ?>"},
+    {"</",   "the end tag that begins here has no >",       "the document is perhaps cut off"},
+    {"<",    "the tag that begins here has no >",           "the document is perhaps cut off"},
+    {"&",    "the entity that begins here has no ;",        "write &amp; for the character &"},
+    {"%",    "the entity that begins here has no ;",        "the document is perhaps cut off"},
+    {"\"",   "the text that begins here has no closing quote", "it ends with the quote that it begins with"},
+    {"'",    "the text that begins here has no closing quote", "it ends with the quote that it begins with"},
+};
+// clang-format on
 
 }  // namespace
 
-Mistake mistakeInToken(std::string_view document, std::size_t offset) {
-  if (offset >= document.size() || isUtf16(document)) return {};
-  for (const auto find :
-       {badByte, hyphensInComment, bareAmpersand, bareAngle, endOfCdata, mistakeInTag}) {
+MarkupMistake textOutside(std::size_t offset) {
+  return {"there is text outside of the outermost element",
+          {"a document begins with a tag such as <Canvas>, and ends with its end tag"},
+          offset};
+}
+
+Mistake mistakeInToken(std::string_view document, std::size_t offset, bool isInElement) {
+  if (offset >= document.size()) return {};
+  const auto nothing = [](std::string_view, std::size_t) { return Mistake(); };
+  const auto mistakeInDeclaration = isInElement ? declarationInElement : mistakeInProlog;
+  for (const auto find : {badByte, hyphensInComment, noMarkup,
+                          isInElement ? nothing : mistakeOutside, mistakeInEntity, bareAmpersand,
+                          mistakeInDeclaration, bareAngle, endOfCdata, mistakeInTag}) {
     if (Mistake found = find(document, offset)) return found;
   }
   return {};
 }
 
 Mistake mistakeInUnclosedToken(std::string_view document, std::size_t offset) {
-  if (isUtf16(document)) return {};
-  if (document.substr(std::min(offset, document.size())).starts_with("<!--")) {
-    return {{"a comment is not closed", {"it ends with -->"}, offset}};
+  const std::string_view token = document.substr(std::min(offset, document.size()));
+  const bool isTag = token.starts_with('<') && !token.starts_with("<!") && !token.starts_with("<?");
+  const auto tag = isTag ? tagFrom(document, offset, document.size()) : std::nullopt;
+  if (tag && tag->isInValue) return missingQuote(tag->lastQuote);
+  if (!token.empty()) {
+    if (Mistake found = mistakeInEntity(document, offset)) return found;
   }
-  const auto tag = openTagAt(document, document.size());
-  return tag && tag->isInValue ? Mistake(missingQuote(tag->lastQuote)) : Mistake();
+  const auto* row = std::ranges::find_if(
+      unclosed, [=](const auto& kind) { return token.starts_with(kind.beginning); });
+  if (row == std::end(unclosed)) return mistakeInProlog(document, document.size());
+  return {{row->reason, {row->help}, offset}};
+}
+
+Mistake mistakeInUnclosedCdata(std::string_view document) {
+  const std::size_t closed = document.rfind("]]>");
+  const std::size_t from = closed == document.npos ? 0 : closed;
+  return mistakeInUnclosedToken(document, document.find("<![CDATA[", from));
 }
 
 Mistake mistakeInSecondAttribute(std::string_view document, std::size_t offset) {

@@ -15,12 +15,19 @@ struct MarkupMistake {
   std::size_t place;              ///< the byte at which it is to be shown
 };
 
-/// The mistake for which a token of the document is invalid at `offset`. Nothing where that is not
-/// clear, and for documents in UTF-16.
-std::optional<MarkupMistake> mistakeInToken(std::string_view document, std::size_t offset);
+/// The mistake for which a token of the document is invalid at `offset`, with an element open
+/// before it or none. Nothing where that is not clear.
+std::optional<MarkupMistake> mistakeInToken(std::string_view document, std::size_t offset,
+                                            bool isInElement);
 
 /// The mistake for which the token that begins at `offset` does not end.
 std::optional<MarkupMistake> mistakeInUnclosedToken(std::string_view document, std::size_t offset);
+
+/// The CDATA section that does not end.
+std::optional<MarkupMistake> mistakeInUnclosedCdata(std::string_view document);
+
+/// Text before or behind all elements.
+MarkupMistake textOutside(std::size_t offset);
 
 /// The attribute that is the second of its name in a tag, and begins at `offset`.
 std::optional<MarkupMistake> mistakeInSecondAttribute(std::string_view document,

@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+#include "vantry/check/prolog_mistakes.h"
+
 namespace vantry::check {
 
 namespace {
@@ -14,32 +16,29 @@ namespace {
 struct Row {
   std::int32_t code;
   const char* reason;
-  const char* help = "";
+  const char* help;
   bool concernsOpenElement = false;
 };
 
 // clang-format off
 constexpr Row rows[] = {
-    {XML_ERROR_NO_MEMORY,               "there is not enough memory for the document"},
-    {XML_ERROR_SYNTAX,                  "there is text outside of the outermost element", "a document begins with a tag such as <Canvas>"},
+    {XML_ERROR_NO_MEMORY,               "there is not enough memory for the document", "make it smaller, or check it where there is more"},
     {XML_ERROR_NO_ELEMENTS,             "the document ends before its outermost element does", "each element needs its end tag, or ends with />", true},
     {XML_ERROR_INVALID_TOKEN,           "a character cannot be here", "in text < is written as &lt; and & as &amp;; values of attributes are between quotes", true},
-    {XML_ERROR_UNCLOSED_TOKEN,          "the document ends within a tag or a comment", "", true},
-    {XML_ERROR_PARTIAL_CHAR,            "the document ends within a character"},
+    {XML_ERROR_UNCLOSED_TOKEN,          "the document ends too early", "it is perhaps cut off", true},
+    {XML_ERROR_PARTIAL_CHAR,            "the document ends within a character", "it is perhaps cut off, or damaged"},
     {XML_ERROR_TAG_MISMATCH,            "this end tag is not that of the element that is open", "names are compared letter by letter, capitals included", true},
-    {XML_ERROR_DUPLICATE_ATTRIBUTE,     "a tag has the same attribute twice"},
     {XML_ERROR_JUNK_AFTER_DOC_ELEMENT,  "something follows the outermost element", "a document has one outermost element, the Canvas"},
     {XML_ERROR_PARAM_ENTITY_REF,        "an entity with % cannot be here", "within the document itself it can be between declarations alone"},
     {XML_ERROR_UNDEFINED_ENTITY,        "there is no entity of this name", "XML knows &lt; &gt; &amp; &quot; and &apos;; for any other character write its number, as in &#176;"},
-    {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself"},
+    {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself", "what it stands for must not contain its own name, in other entities either"},
     {XML_ERROR_ASYNC_ENTITY,            "an element begins in an entity and ends outside of it, or the other way round", "an entity holds elements with both of their tags", true},
-    {XML_ERROR_BAD_CHAR_REF,            "there is no character of this number in XML"},
-    {XML_ERROR_BINARY_ENTITY_REF,       "this entity is a file that is no text (NDATA)", "it cannot be in a text"},
+    {XML_ERROR_BAD_CHAR_REF,            "there is no character of this number in XML", "the number is that in Unicode; of control characters there are &#9; &#10; and &#13; alone"},
+    {XML_ERROR_BINARY_ENTITY_REF,       "this entity is a file that is no text (NDATA)", "leave it out: it cannot be in a text"},
     {XML_ERROR_ATTRIBUTE_EXTERNAL_ENTITY_REF, "the value of an attribute contains an entity that is in another file", "write what it stands for instead"},
-    {XML_ERROR_MISPLACED_XML_PI,        "<?xml ...?> is not at the very beginning", "blank lines before it count too"},
+    {XML_ERROR_MISPLACED_XML_PI,        "<?xml ...?> is not at the very beginning", "move it there; blank lines before it count too"},
     {XML_ERROR_UNKNOWN_ENCODING,        "the encoding that the document names is not known", "it may be UTF-8, UTF-16, ISO-8859-1 or US-ASCII; a file in any other is converted by iconv"},
-    {XML_ERROR_INCORRECT_ENCODING,      "the document is not in the encoding that it names", "a document that names none is in UTF-8 or UTF-16"},
-    {XML_ERROR_UNCLOSED_CDATA_SECTION,  "a <![CDATA[ section is not closed", "it ends with ]]>"},
+    {XML_ERROR_INCORRECT_ENCODING,      "the document is not in the encoding that it names", "name the one that it is in, or none: then it is UTF-8, or UTF-16 with a byte order mark"},
     {XML_ERROR_UNBOUND_PREFIX,          "a prefix belongs to no namespace", "declare it, as in xmlns:my=\"...\""},
     {XML_ERROR_UNDECLARING_PREFIX,      "a prefix is declared with no namespace", "leave xmlns:...=\"\" out, or put a namespace between the quotes"},
     {XML_ERROR_RESERVED_PREFIX_XML,     "the prefix xml always means the namespace of XML", "choose another prefix"},
@@ -47,8 +46,10 @@ constexpr Row rows[] = {
     {XML_ERROR_RESERVED_NAMESPACE_URI,  "no other prefix can mean the namespace of the prefix xml or xmlns", "leave the declaration out"},
     {XML_ERROR_PUBLICID,                "a public identifier has a character that cannot be in one", "it may hold letters, digits, blanks and -'()+,./:=?;!*#@$_%"},
     {XML_ERROR_XML_DECL,                "<?xml ...?> is not right", "it is written as <?xml version=\"1.0\" encoding=\"UTF-8\"?>"},
-    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, "entities or namespaces make the document too large"},
+    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, "entities or namespaces make the document too large", "write out what they stand for: a document may become ten times as long as it is"},
 };
+
+constexpr Row otherError = {XML_ERROR_NONE, "this is not well-formed XML", "the document is perhaps damaged"};
 
 /// What files of other formats begin with.
 constexpr struct {
@@ -65,18 +66,32 @@ constexpr struct {
 };
 // clang-format on
 
+constexpr const char* helpForEmptyDocument = "a plot document is a Canvas: <Canvas> ... </Canvas>";
+
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
 
 /// What the document itself shows of an error.
 std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view document,
-                                         std::size_t offset) {
+                                         std::size_t offset, bool isInElement) {
   switch (code) {
     case XML_ERROR_INVALID_TOKEN:
-      return mistakeInToken(document, offset);
+      return mistakeInToken(document, offset, isInElement);
     case XML_ERROR_UNCLOSED_TOKEN:
       return mistakeInUnclosedToken(document, offset);
+    case XML_ERROR_UNCLOSED_CDATA_SECTION:
+      return mistakeInUnclosedCdata(document);
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
       return mistakeInSecondAttribute(document, offset);
+    case XML_ERROR_SYNTAX: {
+      auto found = mistakeInProlog(document, offset);
+      return found ? found : textOutside(offset);
+    }
+    case XML_ERROR_NO_ELEMENTS: {
+      if (isInElement) return {};
+      auto found = mistakeInProlog(document, document.size());
+      return found ? found
+                   : MarkupMistake{"the document has no elements", {helpForEmptyDocument}, offset};
+    }
     default:
       return {};
   }
@@ -84,20 +99,21 @@ std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view doc
 
 }  // namespace
 
-XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset) {
-  if (isBlank(document)) return {{"the document is empty", {}, offset}, false};
-  const auto* row = std::ranges::find(rows, code, &Row::code);
-  const bool isKnown = row != std::end(rows);
-  MarkupMistake mistake{
-      isKnown ? row->reason : "this is not well-formed XML", {isKnown ? row->help : ""}, offset};
+XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset,
+                          bool isInElement) {
+  if (isBlank(document)) return {{"the document is empty", {helpForEmptyDocument}, offset}, false};
   const auto* format = std::ranges::find_if(
       otherFormats, [&](const auto& other) { return document.starts_with(other.beginning); });
-  if (format != std::end(otherFormats)) {
-    mistake.help = {format->help};
-  } else if (auto found = findMistake(code, document, offset)) {
-    return {std::move(*found), false};
+  const bool isPlot = format == std::end(otherFormats);
+  if (isPlot) {
+    if (auto found = findMistake(code, document, offset, isInElement)) {
+      return {std::move(*found), false};
+    }
   }
-  return {std::move(mistake), isKnown && row->concernsOpenElement};
+  const auto* found = std::ranges::find(rows, code, &Row::code);
+  const Row& row = found == std::end(rows) ? otherError : *found;
+  return {{row.reason, {isPlot ? row.help : format->help}, offset},
+          isInElement && row.concernsOpenElement};
 }
 
 }  // namespace vantry::check

@@ -14,7 +14,9 @@ struct XmlError {
   bool concernsOpenElement;  ///< whether it helps to know which element is open
 };
 
-/// What an error of the parser, which has come to `offset`, means for a document.
-XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset);
+/// What an error of the parser, which has come to `offset`, means for a document. An element is
+/// open there or none is.
+XmlError describeXmlError(std::int32_t code, std::string_view document, std::size_t offset,
+                          bool isInElement);
 
 }  // namespace vantry::check
