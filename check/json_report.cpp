@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <utility>
 
 #include "vantry/base/percent_escapes.h"
 #include "vantry/check/check.h"
 #include "vantry/check/report.h"
+#include "vantry/check/values.h"
 
 namespace vantry::check {
 
@@ -31,11 +33,15 @@ Json messageOf(const Diagnostic& diagnostic) {
   return {{"text", text}};
 }
 
+Json locationOf(const std::string& fileName) {
+  return {{"physicalLocation", {{"artifactLocation", {{"uri", base::percentEscaped(fileName)}}}}}};
+}
+
 Json locationOf(const std::string& fileName, const Place& place) {
-  const Json region = {
+  Json location = locationOf(fileName);
+  location["physicalLocation"]["region"] = {
       {"startLine", place.line}, {"startColumn", place.column}, {"endColumn", place.endColumn}};
-  const Json file = {{"uri", base::percentEscaped(fileName)}};
-  return {{"physicalLocation", {{"artifactLocation", file}, {"region", region}}}};
+  return location;
 }
 
 Json resultOf(const std::string& fileName, const Diagnostic& diagnostic) {
@@ -45,6 +51,45 @@ Json resultOf(const std::string& fileName, const Diagnostic& diagnostic) {
           {"level", nameOf(diagnostic.severity)},
           {"message", messageOf(diagnostic)},
           {"locations", Json::array({locationOf(fileName, diagnostic.place)})}};
+}
+
+Json notificationOf(const std::string& fileName, const char* level, const std::string& text) {
+  return {{"level", level},
+          {"message", {{"text", text}}},
+          {"locations", Json::array({locationOf(fileName)})}};
+}
+
+/// What there is to say about a file besides what was found in it.
+Json notificationsOf(const FileReport& report) {
+  Json notifications = Json::array();
+  if (!report.failure.empty()) {
+    notifications.push_back(notificationOf(report.name, "error", report.failure));
+  }
+  if (report.omitted > 0) {
+    const std::string count = counted(static_cast<std::int64_t>(report.omitted), "finding");
+    const std::string text = count + (report.omitted == 1 ? " is" : " are") + " left out";
+    notifications.push_back(notificationOf(report.name, "note", text));
+  }
+  if (report.mayHaveMore) {
+    const std::string most = std::to_string(mostOfAKind);
+    notifications.push_back(
+        notificationOf(report.name, "note",
+                       "there may be more to find: of one kind the first " + most + " are kept"));
+  }
+  return notifications;
+}
+
+/// How the check of all files went.
+Json invocationOf(std::span<const FileReport> reports) {
+  Json notifications = Json::array();
+  for (const FileReport& report : reports) {
+    for (Json& notification : notificationsOf(report)) {
+      notifications.push_back(std::move(notification));
+    }
+  }
+  const bool isSuccessful = std::ranges::all_of(reports, &std::string::empty, &FileReport::failure);
+  return {{"executionSuccessful", isSuccessful},
+          {"toolExecutionNotifications", std::move(notifications)}};
 }
 
 }  // namespace
@@ -61,6 +106,14 @@ void writeJsonLines(std::ostream& out, const FileReport& report) {
                        {"help", diagnostic.help}};
     out << textOf(line) << '\n';
   }
+  if (report.omitted > 0 || report.mayHaveMore) {
+    const Json line = {
+        {"file", report.name}, {"omitted", report.omitted}, {"mayHaveMore", report.mayHaveMore}};
+    out << textOf(line) << '\n';
+  }
+  if (!report.failure.empty()) {
+    out << textOf({{"file", report.name}, {"failure", report.failure}}) << '\n';
+  }
 }
 
 void writeSarif(std::ostream& out, std::span<const FileReport> reports, std::string_view version) {
@@ -74,6 +127,7 @@ void writeSarif(std::ostream& out, std::span<const FileReport> reports, std::str
   }
   const Json driver = {{"name", "zrd check"}, {"version", version}, {"rules", std::move(rules)}};
   const Json run = {{"tool", {{"driver", driver}}},
+                    {"invocations", Json::array({invocationOf(reports)})},
                     {"columnKind", "unicodeCodePoints"},
                     {"results", std::move(results)}};
   const Json log = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},

@@ -149,12 +149,30 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
 
 }  // namespace
 
+std::string printable(std::string_view text) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string line;
+  while (!text.empty()) {
+    const Character character = takeCharacter(text);
+    if (character.code && !isControl(*character.code)) {
+      line += character.bytes;
+      continue;
+    }
+    for (const char c : character.bytes) {
+      const auto byte = static_cast<unsigned char>(c);
+      line += {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+    }
+  }
+  return line;
+}
+
 void writeText(std::ostream& out, const FileReport& report, std::string_view document, bool color) {
   const Colors colors(color);
   const Utf8Text utf8(document);
+  const std::string name = printable(report.name);
   for (const Diagnostic& diagnostic : report.diagnostics) {
     const bool isError = diagnostic.severity == Severity::error;
-    out << colors.bold << report.name << ':' << diagnostic.place.line << ':' << diagnostic.place.column
+    out << colors.bold << name << ':' << diagnostic.place.line << ':' << diagnostic.place.column
         << ": " << (isError ? colors.error : colors.warning) << (isError ? "error: " : "warning: ")
         << colors.end << colors.bold << diagnostic.sentence << colors.end << " [" << diagnostic.code
         << "]\n";

@@ -8,6 +8,8 @@
 #include <iterator>
 #include <map>
 #include <memory>
+#include <set>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -25,6 +27,7 @@ namespace vantry::zrd {
 
 namespace {
 
+namespace fs = std::filesystem;
 using check::counted;
 using check::Diagnostic;
 using check::FileReport;
@@ -74,17 +77,27 @@ class Checker {
     if (options_.format == Format::sarif) check::writeSarif(std::cout, reports_, VANTRY_VERSION);
     if (options_.format == Format::text) writeSummary();
     if (!std::cout.flush()) throw Failure(badDocument, "standard output cannot be written");
-    if (unreadable_ > 0) return badDocument;
+    if (unreadable_ + notSearched_ + withoutPlots_ > 0) return badDocument;
     return errors_ > 0 || (options_.isStrict && warnings_ > 0) ? hasMistakes : success;
   }
 
  private:
   void checkFileOrFolder(const std::string& name) {
     std::error_code unknown;
-    if (name == "-" || !std::filesystem::is_directory(name, unknown)) return check(name);
+    if (name == "-" || !fs::is_directory(name, unknown)) return checkOnce(name);
     ConvertReport search("zrd: ");
-    for (const Input& found : findInputs({name}, {}, search)) check(found.name);
-    unreadable_ += static_cast<std::int64_t>(search.failures());
+    const std::vector<Input> plots = findInputs({name}, {}, search);
+    for (const Input& found : plots) checkOnce(found.name);
+    if (search.failures() == 0) return;
+    ++(plots.empty() ? withoutPlots_ : notSearched_);
+    noteFailure(name, plots.empty() ? "there are no plot documents (*.zrd) in it"
+                                    : "it could not be searched to its end");
+  }
+
+  /// A file may be named again, or be in a folder that is named too.
+  void checkOnce(const std::string& name) {
+    const fs::path known = name == "-" ? fs::path(name) : fs::absolute(name).lexically_normal();
+    if (checked_.insert(known).second) check(name);
   }
 
   void check(const std::string& name) try {
@@ -95,12 +108,21 @@ class Checker {
         std::ranges::count(report.diagnostics, Severity::error, &Diagnostic::severity);
     errors_ += errors;
     warnings_ += std::ssize(report.diagnostics) - errors;
-    isCut_ = isCut_ || isCut(report.diagnostics);
+    report.mayHaveMore = isCut(report.diagnostics);
+    isCut_ = isCut_ || report.mayHaveMore;
     limit(report);
     show(report, text);
   } catch (const Failure& failure) {
-    std::cerr << "zrd: " << failure.what() << '\n';
+    const std::string reason = failure.what();
+    std::cerr << "zrd: " << check::printable(reason) << '\n';
     ++unreadable_;
+    noteFailure(name, reason.substr(reason.starts_with(name + ": ") ? name.size() + 2 : 0));
+  }
+
+  /// In the reports for programs, which may not read what is on standard error.
+  void noteFailure(const std::string& name, const std::string& reason) {
+    FileReport report{.name = name, .failure = reason};
+    if (options_.format != Format::text) show(report, {});
   }
 
   void limit(FileReport& report) {
@@ -108,6 +130,7 @@ class Checker {
     const std::size_t most =
         options_.most > 0 ? options_.most - std::min(shown_, options_.most) : all;
     report.diagnostics.resize(std::min(all, most));
+    report.omitted = all - report.diagnostics.size();
     shown_ += report.diagnostics.size();
   }
 
@@ -123,17 +146,23 @@ class Checker {
   }
 
   void writeSummary() const {
-    if (read_ > 0 || unreadable_ == 0) {
-      std::cout << (isCut_ ? "at least " : "") << counted(errors_, "error") << " and "
-                << counted(warnings_, "warning");
+    std::vector<std::string> parts;
+    if (read_ > 0) parts.push_back(findingsInWords());
+    if (unreadable_ > 0) parts.push_back(counted(unreadable_, "file") + " could not be read");
+    if (notSearched_ > 0) {
+      parts.push_back(counted(notSearched_, "folder") + " could not be searched to the end");
     }
-    if (std::cmp_less(shown_, errors_ + warnings_)) {
-      std::cout << ", of which " << shown_ << (shown_ == 1 ? " is" : " are") << " shown";
-    }
-    if (unreadable_ > 0) {
-      std::cout << (read_ > 0 ? "; " : "") << counted(unreadable_, "file") << " could not be read";
-    }
+    if (withoutPlots_ > 0) parts.push_back("no plots in " + counted(withoutPlots_, "folder"));
+    for (std::size_t i = 0; i < parts.size(); ++i) std::cout << (i > 0 ? "; " : "") << parts[i];
     std::cout << '\n';
+  }
+
+  std::string findingsInWords() const {
+    const std::string counts = std::string(isCut_ ? "at least " : "") + counted(errors_, "error") +
+                               " and " + counted(warnings_, "warning");
+    if (!std::cmp_less(shown_, errors_ + warnings_)) return counts;
+    return counts + ", of which " + std::to_string(shown_) + (shown_ == 1 ? " is" : " are") +
+           " shown";
   }
 
   const Options& options_;
@@ -142,8 +171,11 @@ class Checker {
   std::int64_t warnings_ = 0;
   std::size_t shown_ = 0;
   bool isCut_ = false;
-  std::int64_t read_ = 0;        ///< files
-  std::int64_t unreadable_ = 0;  ///< files and folders
+  std::set<fs::path> checked_;
+  std::int64_t read_ = 0;          ///< files
+  std::int64_t unreadable_ = 0;    ///< files
+  std::int64_t notSearched_ = 0;   ///< folders
+  std::int64_t withoutPlots_ = 0;  ///< folders
 };
 
 }  // namespace

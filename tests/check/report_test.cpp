@@ -126,6 +126,30 @@ TEST(JsonReport, ReplacesBytesThatAreNoCharacters) {
   EXPECT_EQ(Json::parse(out.str())["message"], "\xEF\xBF\xBD");
 }
 
+TEST(JsonReport, SaysWhatItDoesNotHold) {
+  std::ostringstream out;
+  writeJsonLines(out, {.name = "a", .omitted = 3, .mayHaveMore = true});
+  writeJsonLines(out, {.name = "b", .failure = "why"});
+  writeJsonLines(out, {.name = "c"});
+  EXPECT_EQ(out.str(),
+            "{\"file\":\"a\",\"omitted\":3,\"mayHaveMore\":true}\n"
+            "{\"file\":\"b\",\"failure\":\"why\"}\n");
+}
+
+TEST(SarifReport, NotifiesOfWhatItDoesNotHold) {
+  const FileReport reports[] = {{.name = "a", .omitted = 1, .mayHaveMore = true}, {.name = "b"}};
+  std::ostringstream out;
+  writeSarif(out, reports, "1.5");
+  const Json invocation = Json::parse(out.str())["runs"].at(0)["invocations"].at(0);
+  EXPECT_EQ(invocation["executionSuccessful"], true) << "both were read";
+  const Json& notifications = invocation["toolExecutionNotifications"];
+  ASSERT_EQ(notifications.size(), 2u);
+  EXPECT_EQ(notifications[0]["message"]["text"], "1 finding is left out");
+  EXPECT_EQ(notifications[1]["message"]["text"],
+            "there may be more to find: of one kind the first 10000 are kept");
+  EXPECT_EQ(notifications[1]["level"], "note");
+}
+
 TEST(SarifReport, HoldsRulesAndResults) {
   const FileReport reports[] = {{"two words.zrd", check(document)}, {"b.zrd", {}}};
   std::ostringstream out;

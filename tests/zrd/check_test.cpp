@@ -102,7 +102,8 @@ TEST_F(CheckCommand, ShowsNoMoreThanItMay) {
 }
 
 TEST_F(CheckCommand, SaysIfOneIsShown) {
-  const Outcome outcome = check({"--max", "1", "wrong.zrd", "wrong.zrd"});
+  write("again.zrd", wrong);
+  const Outcome outcome = check({"--max", "1", "wrong.zrd", "again.zrd"});
   EXPECT_TRUE(outcome.out.ends_with("\n2 errors and no warnings, of which 1 is shown\n"))
       << outcome.out;
 }
@@ -122,8 +123,33 @@ TEST_F(CheckCommand, FailsForAFolderWithoutPlots) {
   std::filesystem::create_directory(folder_.path() / "empty");
   const Outcome outcome = check({"empty"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.out, "1 file could not be read\n");
+  EXPECT_EQ(outcome.out, "no plots in 1 folder\n");
   EXPECT_EQ(outcome.err, "zrd: no plot documents (*.zrd) in empty\n");
+  EXPECT_EQ(check({"empty", "none.zrd", "clean.zrd"}).out,
+            "no errors and no warnings; 1 file could not be read; no plots in 1 folder\n");
+}
+
+TEST_F(CheckCommand, ChecksEachFileOnce) {
+  std::filesystem::create_directory(folder_.path() / "plots");
+  write("plots/a.zrd", wrong);
+  const std::string absolute = (folder_.path() / "plots/a.zrd").string();
+  const Outcome outcome =
+      check({"plots", "plots/a.zrd", "./plots/../plots/a.zrd", absolute, "plots"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(outcome.out.starts_with("plots/a.zrd:1:10: error: ")) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with("\n1 error and no warnings\n")) << outcome.out;
+  EXPECT_EQ(check({"none.zrd", "./none.zrd"}).out, "1 file could not be read\n");
+}
+
+// What a file is called cannot look like a finding, or steer the terminal.
+TEST_F(CheckCommand, WritesControlCharactersOfNamesInPlainOnes) {
+  write("a\nb\x1b[2J\xC2\x9B\xFF\xC3\xA4.zrd", wrong);
+  const Outcome outcome = check({"a\nb\x1b[2J\xC2\x9B\xFF\xC3\xA4.zrd", "none\n.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  const std::string rest = wrongShown.substr(wrongShown.find(':'));
+  EXPECT_EQ(outcome.out, "a\\x0Ab\\x1B[2J\\xC2\\x9B\\xFF\xC3\xA4.zrd" + rest +
+                             "1 error and no warnings; 1 file could not be read\n");
+  EXPECT_EQ(outcome.err, "zrd: none\\x0A.zrd: cannot be opened: No such file or directory\n");
 }
 
 TEST_F(CheckCommand, WritesJsonLines) {
@@ -136,8 +162,40 @@ TEST_F(CheckCommand, WritesJsonLines) {
             "\n");
 }
 
+// Programs may not read what is on standard error, and have no last line.
+TEST_F(CheckCommand, WritesAJsonLineAboutWhatIsNotThere) {
+  std::filesystem::create_directory(folder_.path() / "empty");
+  write("two.zrd", "<Canvas><A/><B/></Canvas>");
+  const Outcome outcome =
+      check({"--format", "json", "--max", "1", "none.zrd", "empty", "wrong.zrd", "two.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  const std::string finding = check({"--format", "json", "wrong.zrd"}).out;
+  EXPECT_EQ(outcome.out,
+            R"({"file":"none.zrd","failure":"cannot be opened: No such file or directory"})"
+            "\n"
+            R"({"file":"empty","failure":"there are no plot documents (*.zrd) in it"})"
+            "\n" +
+                finding +
+                R"({"file":"two.zrd","omitted":2,"mayHaveMore":false})"
+                "\n");
+}
+
+TEST_F(CheckCommand, SaysInTheSarifLogWhatIsNotThere) {
+  write("two.zrd", "<Canvas><A/><B/></Canvas>");
+  const Outcome outcome =
+      check({"--format", "sarif", "--max", "1", "none.zrd", "wrong.zrd", "two.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  const std::string place = R"("locations":[{"physicalLocation":{"artifactLocation":{"uri":)";
+  const std::string invocations =
+      R"("invocations":[{"executionSuccessful":false,"toolExecutionNotifications":[)"
+      R"({"level":"error","message":{"text":"cannot be opened: No such file or directory"},)" +
+      place + R"("none.zrd"}}}]},{"level":"note","message":{"text":"2 findings are left out"},)" +
+      place + R"("two.zrd"}}}]}]}])";
+  EXPECT_NE(outcome.out.find(invocations), std::string::npos) << outcome.out;
+}
+
 TEST_F(CheckCommand, WritesOneSarifLogForAllFiles) {
-  const Outcome outcome = check({"--format", "sarif", "wrong.zrd", "wrong.zrd"});
+  const Outcome outcome = check({"--format", "sarif", "wrong.zrd", "clean.zrd"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_TRUE(outcome.out.starts_with(
       R"({"$schema":"https://json.schemastore.org/sarif-2.1.0.json","version":"2.1.0","runs":[)"));
@@ -152,10 +210,19 @@ TEST_F(CheckCommand, HasColorsIfAsked) {
 }
 
 TEST_F(CheckCommand, RefusesAWrongCommandLine) {
-  for (const Strings& arguments : {Strings{}, Strings{"--format", "xml", "clean.zrd"},
-                                   Strings{"--max", "0", "clean.zrd"}, Strings{"--colour", "x"}}) {
-    EXPECT_EQ(check(arguments).status, 1);
-  }
+  const auto expectRefused = [this](const Strings& arguments, const std::string& reason) {
+    const Outcome outcome = check(arguments);
+    EXPECT_EQ(outcome.status, 1) << reason;
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "zrd: " + reason + " (see zrd check --help)\n");
+  };
+  expectRefused({}, "FILE is missing");
+  expectRefused({"--format", "xml", "clean.zrd"}, "--format: \"xml\" is not text, json or sarif");
+  expectRefused({"--max", "0", "clean.zrd"},
+                "--max: \"0\" is not a whole number from 1 to 1000000");
+  expectRefused({"--colour", "never", "clean.zrd"},
+                "there is no option --colour; did you mean --color?");
+  expectRefused({"--strict=1", "clean.zrd"}, "--strict takes no value");
 }
 
 }  // namespace

@@ -16,3 +16,14 @@ for chosen in (files, files[:1], []):
     log = json.loads(run.stdout)
     jsonschema.Draft4Validator(schema).validate(log)
     assert len(log["runs"][0]["results"]) > 0 or chosen == files[:1], command
+
+# What could not be read, and what was left out.
+missing = pathlib.Path(folder) / "none.zrd"
+command = [program, "check", "--format", "sarif", "--max", "1", str(missing), *files]
+run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+log = json.loads(run.stdout)
+jsonschema.Draft4Validator(schema).validate(log)
+invocation = log["runs"][0]["invocations"][0]
+assert not invocation["executionSuccessful"]
+levels = [about["level"] for about in invocation["toolExecutionNotifications"]]
+assert levels[0] == "error" and levels.count("note") > 1, levels
