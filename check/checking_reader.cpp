@@ -38,12 +38,13 @@ std::string contentInWords(const ClassFacts& facts) {
   return name + (facts.holdsText ? " takes text alone" : " takes no elements");
 }
 
-/// What an element has of attributes, as a sentence, if they are few.
+/// What an element has of attributes, as a sentence; if they are many, where they are listed.
 std::string attributesInWords(const ClassFacts& facts) {
   constexpr std::size_t few = 12;
   const std::string name = facts.name.str();
   if (facts.properties.empty()) return name + " has no attributes";
-  return facts.properties.size() > few ? "" : name + " has " + listOf(facts.propertyNames());
+  if (facts.properties.size() > few) return "zrd reference --element " + name + " lists them all";
+  return name + " has " + listOf(facts.propertyNames());
 }
 
 /// The attributes of an element that have a word in their names, as a sentence; where none has it,
@@ -126,6 +127,22 @@ std::string inOtherDimension(const ClassFacts& parent, std::string name) {
   const bool isPlane = name[digit] == '2';
   return std::string(parent.name.str()) + " is in " + (isPlane ? "the plane" : "space") +
          ", where this is " + name;
+}
+
+constexpr const char* formOfColor = "a colour is #RRGGBB or #RRGGBBAA";
+constexpr const char* formOfNumber = "a number is as in 2, -0.5 or 1e-3";
+
+/// What is wrong with a point that differs from those before it: it may be bad by itself.
+Kind kindOfUnlike(std::string_view text, WordId point) {
+  if (countNumbers(text) < (point == WordId::P2 ? 2 : 3)) return Kind::wrongCount;
+  if (!firstBadNumber(text).empty()) return Kind::badNumber;
+  return firstBadColor(text).empty() ? Kind::mixedPoints : Kind::badColor;
+}
+
+std::string formOf(const std::string& point) {
+  return "a " + point +
+         (point == "P2" ? " has two numbers, and perhaps a colour"
+                        : " has three numbers, or six with its normal, and up to two colours");
 }
 
 /// Whether a refusal of a reader is one of those that it is meant to raise; any other ends the
@@ -314,7 +331,8 @@ void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t eleme
       const Token foreign = base::tokenById(static_cast<int>(attribute.attributeId));
       findings_.add(
           {.kind = Kind::foreignAttribute, .subject = foreign.str(), .element = name.str()},
-          placeOfAttribute(foreign.str()));
+          placeOfAttribute(foreign.str()),
+          {"a point has its numbers and colours between its tags"});
     }
   } else if (current()) {
     reportReplacement(name);
@@ -468,6 +486,7 @@ void CheckingReader::requireAttributes(PlotElement& element) {
         value.value_or(source_.nameIn(here())), {exampleOf(facts, name)});
   }
   origins_.damaged.insert(&element);
+  if (facts.children.empty()) return;
   for (const Token name : facts.required) {
     passes([&] { element.setAttributeFromString(name, Word::Default.str()); });
   }
@@ -511,8 +530,8 @@ void CheckingReader::endContent(WordId element) {
 
 void CheckingReader::reportTooFewCells() {
   const auto compare = [](std::size_t entries, std::int64_t columns, std::int64_t rows) {
-    return std::to_string(entries) + " for " + std::to_string(columns) + " columns and " +
-           std::to_string(rows) + " rows";
+    return std::to_string(entries) + " for " + counted(columns, "column") + " and " +
+           counted(rows, "row");
   };
   const auto* colors = plot::elementCast<plot::ColorArray2d>(current());
   const auto* values = plot::elementCast<plot::DensityArray2d>(current());
@@ -521,7 +540,8 @@ void CheckingReader::reportTooFewCells() {
                                  : compare(values->values.size(), values->xMesh(), values->yMesh());
   findings_.add(
       {.kind = Kind::tooFewCells, .element = current()->tagName().str(), .detail = detail},
-      source_.nameIn(open_.back()));
+      source_.nameIn(open_.back()),
+      {"write an entry for each of them, or make XMesh or YMesh smaller"});
 }
 
 void CheckingReader::refusePoint(WordId point, reader::PointError error) {
@@ -529,7 +549,10 @@ void CheckingReader::refusePoint(WordId point, reader::PointError error) {
   if (hasNestedPoint_) return;
   const Token name = base::tokenOf(point);
   const ClassFacts& facts = *factsOf(current() ? current()->tagName() : Word::Canvas);
-  Finding finding = {.kind = kindOf(error), .subject = name.str(), .element = facts.name.str()};
+  const bool isUnlike = error == reader::PointError::unlikeOthers;
+  Finding finding = {.kind = isUnlike ? kindOfUnlike(text(), point) : kindOf(error),
+                     .subject = name.str(),
+                     .element = facts.name.str()};
   Span where = source_.textBefore(here());
   std::vector<std::string> help;
   if (error == reader::PointError::misplaced) {
@@ -542,16 +565,6 @@ void CheckingReader::refusePoint(WordId point, reader::PointError error) {
   markDamaged();
 }
 
-namespace {
-
-std::string formOf(const std::string& point) {
-  return "a " + point +
-         (point == "P2" ? " has two numbers, and perhaps a colour"
-                        : " has three numbers, or six with its normal, and up to two colours");
-}
-
-}  // namespace
-
 // What is wrong with a point that its list could take, by the words in its text.
 void CheckingReader::describePoint(Finding& finding, Span& where,
                                    std::vector<std::string>& help) const {
@@ -563,7 +576,8 @@ void CheckingReader::describePoint(Finding& finding, Span& where,
     const std::string_view bad = isColor ? firstBadColor(text()) : firstBadNumber(text());
     finding.detail = shortened(bad.empty() ? text() : bad);
     if (!bad.empty()) where = source_.findWord(where, bad).value_or(where);
-    help = {isColor ? "a colour is #RRGGBB or #RRGGBBAA" : helpForCommas(bad)};
+    help = isColor ? std::vector<std::string>{helpForColorName(std::string(bad)), formOfColor}
+                   : std::vector<std::string>{helpForCommas(bad)};
   }
   help.push_back(formOf(finding.subject));
 }
@@ -617,9 +631,9 @@ void CheckingReader::refuseCell(const char* word) {
   const Span part{begin, here() + nearby - begin};
   const Span where = source_.findWord(part, word).value_or(source_.nameIn(open_.back()));
   behindLastCell_ = where.begin + where.size;
-  findings_.add(
-      {.kind = kind, .detail = shortened(word)}, where,
-      {isColor ? helpForColorName(word) : "", isColor ? "a colour is #RRGGBB or #RRGGBBAA" : ""});
+  findings_.add({.kind = kind, .detail = shortened(word)}, where,
+                isColor ? std::vector<std::string>{helpForColorName(word), formOfColor}
+                        : std::vector<std::string>{helpForCommas(word), formOfNumber});
 }
 
 void CheckingReader::reportNotWellFormed() {

@@ -56,7 +56,8 @@ void Review::reviewTimeRange(const PlotElement& canvas) {
   const auto* range = firstChildOf<plot::TimeRange>(canvas);
   hasTimeRange_ = range != nullptr;
   if (range && !std::isfinite(range->timeEnd() - range->timeBegin())) {
-    add({.kind = Kind::endlessTimeRange}, *range);
+    add({.kind = Kind::endlessTimeRange}, *range,
+        {"write numbers for TimeBegin and TimeEnd that are not so far apart"});
   }
 }
 

@@ -146,7 +146,7 @@ void Review::reviewSurface(const Surf3d& surface) {
     add({.kind = Kind::tooFewPoints,
          .element = surface.tagName().str(),
          .detail = count + " for a face of " + counted(faces.least, "point")},
-        surface);
+        surface, {"write the points of a first face, or leave the Surf3d out"});
   } else if (faces.unused > 0) {
     add({.kind = Kind::extraPoints,
          .element = surface.tagName().str(),

@@ -103,7 +103,7 @@ std::string shortened(std::string_view text) {
 }
 
 std::string helpForColorName(const std::string& text) {
-  std::string name = text;
+  std::string name = text.substr(text.starts_with('#') ? 1 : 0);
   std::ranges::transform(name, name.begin(),
                          [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
   const auto* row =
@@ -186,12 +186,24 @@ std::string_view unusedPartOfPoint(std::string_view point, int most) {
   return {};
 }
 
-std::string countsInWords(std::string_view point) {
-  std::int64_t numbers = 0;
-  std::int64_t colors = 0;
+namespace {
+
+/// How many words of a point's text are colours, or are none.
+std::int64_t countWords(std::string_view point, bool isColor) {
+  std::int64_t count = 0;
   for (std::string_view word = takeWord(point); !word.empty(); word = takeWord(point)) {
-    ++(word.starts_with('#') ? colors : numbers);
+    if (word.starts_with('#') == isColor) ++count;
   }
+  return count;
+}
+
+}  // namespace
+
+std::int64_t countNumbers(std::string_view point) { return countWords(point, false); }
+
+std::string countsInWords(std::string_view point) {
+  const std::int64_t numbers = countNumbers(point);
+  const std::int64_t colors = countWords(point, true);
   return counted(numbers, "number") + (colors > 0 ? " and " + counted(colors, "colour") : "");
 }
 

@@ -25,8 +25,8 @@ inline constexpr const char* helpForLocale =
 /// What a value of the property is instead of `text`.
 std::vector<std::string> helpForValue(const Property& property, const std::string& text);
 
-/// The hexadecimal form of a colour that was given by its name, as a sentence; empty for any other
-/// text.
+/// The hexadecimal form of a colour that was given by its name, with or without a "#", as a
+/// sentence; empty for any other text.
 std::string helpForColorName(const std::string& text);
 
 /// How numbers are written, as a sentence, for a text that has a comma; empty for any other.
@@ -50,6 +50,9 @@ bool hasPlainNumbers(std::string_view point, int most);
 /// The part of a point's text that is not looked at: what follows a number within its word, or what
 /// follows the first `most` numbers. Empty where there is none.
 std::string_view unusedPartOfPoint(std::string_view point, int most);
+
+/// How many words of a point's text are none of its colours.
+std::int64_t countNumbers(std::string_view point);
 
 /// How many numbers and colours a point's text has, as in "2 numbers and 1 colour".
 std::string countsInWords(std::string_view point);

@@ -65,6 +65,14 @@ TEST_P(Case, IsReportedAsWritten) {
   EXPECT_EQ(out.str(), contentOf(folder / (GetParam() + ".txt")));
 }
 
+TEST_P(Case, HasAWayOutOfEachError) {
+  const LocaleGuard locale(LC_CTYPE, localeOf(GetParam()));
+  for (const Diagnostic& found : vantry::check::check(contentOf(folder / (GetParam() + ".zrd")))) {
+    const bool isWarning = found.severity == vantry::check::Severity::warning;
+    EXPECT_TRUE(isWarning || !found.help.empty()) << found.code << ": " << found.sentence;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(, Case, testing::ValuesIn(caseNames()), [](const auto& parameter) {
   std::string name = parameter.param;
   std::ranges::replace_if(
