@@ -19,9 +19,9 @@
 #include "vantry/check/report.h"
 #include "vantry/check/values.h"
 #include "zrd/commands.h"
-#include "zrd/convert/inputs.h"
 #include "zrd/file_content.h"
 #include "zrd/option_values.h"
+#include "zrd/plot_search.h"
 
 namespace vantry::zrd {
 
@@ -85,13 +85,13 @@ class Checker {
   void checkFileOrFolder(const std::string& name) {
     std::error_code unknown;
     if (name == "-" || !fs::is_directory(name, unknown)) return checkOnce(name);
-    ConvertReport search("zrd: ");
-    const std::vector<Input> plots = findInputs({name}, {}, search);
-    for (const Input& found : plots) checkOnce(found.name);
-    if (search.failures() == 0) return;
-    ++(plots.empty() ? withoutPlots_ : notSearched_);
-    noteFailure(name, plots.empty() ? "there are no plot documents (*.zrd) in it"
-                                    : "it could not be searched to its end");
+    const FoundPlots found = findPlots({name});
+    for (const FoundPlot& plot : found.plots) checkOnce(plot.name);
+    if (found.failures.empty()) return;
+    for (const std::string& failure : found.failures) std::cerr << "zrd: " << failure << '\n';
+    ++(found.plots.empty() ? withoutPlots_ : notSearched_);
+    noteFailure(name, found.plots.empty() ? "there are no plot documents (*.zrd) in it"
+                                          : "it could not be searched to its end");
   }
 
   /// A file may be named again, or be in a folder that is named too.

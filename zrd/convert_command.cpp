@@ -13,12 +13,12 @@
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/convert/conversion.h"
-#include "zrd/convert/inputs.h"
 #include "zrd/convert/output_names.h"
 #include "zrd/convert/report.h"
 #include "zrd/convert/settings.h"
 #include "zrd/option_values.h"
 #include "zrd/output_file.h"
+#include "zrd/plot_search.h"
 
 namespace vantry::zrd {
 
@@ -110,10 +110,12 @@ int run(const ConvertArguments& arguments) {
   const CleanInterruption cleanInterruption;
 
   ConvertReport report;
-  const std::vector<Input> inputs = findInputs(arguments.plots, arguments.listName, report);
-  OutputNames names(inputs);
-  report.begin(inputs.size());
-  const auto plans = planConversions(inputs, settings, names, report);
+  const FoundPlots found = findPlots(arguments.plots, arguments.listName);
+  for (const std::string& line : found.failures) report.fail(line);
+  for (const std::string& line : found.warnings) report.warn(line);
+  OutputNames names(found.plots);
+  report.begin(found.plots.size());
+  const auto plans = planConversions(found.plots, settings, names, report);
   if (report.failures() == 0 || settings.keepGoing) {
     convertAll(plans, Converter(settings, names, report), settings);
   }

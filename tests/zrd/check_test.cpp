@@ -124,7 +124,7 @@ TEST_F(CheckCommand, FailsForAFolderWithoutPlots) {
   const Outcome outcome = check({"empty"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "no plots in 1 folder\n");
-  EXPECT_EQ(outcome.err, "zrd: no plot documents (*.zrd) in empty\n");
+  EXPECT_EQ(outcome.err, "zrd: no plots (*.zrd) in empty\n");
   EXPECT_EQ(check({"empty", "none.zrd", "clean.zrd"}).out,
             "no errors and no warnings; 1 file could not be read; no plots in 1 folder\n");
 }

@@ -190,9 +190,9 @@ TEST_F(Convert, AFolderWithoutPlotsIsAFailure) {
   makeFolder("plots/empty.zrd");
   write("plots/plot.xml", staticDocument);
   write("a.zrd", staticDocument);
-  EXPECT_EQ(errorOf({"plots"}, 2), "no plot documents (*.zrd) in plots\n0 converted, 1 failed\n");
+  EXPECT_EQ(errorOf({"plots"}, 2), "no plots (*.zrd) in plots\n0 converted, 1 failed\n");
   EXPECT_EQ(errorOf({"--keep-going", "a.zrd", "plots"}, 2),
-            "no plot documents (*.zrd) in plots\n1 converted, 1 failed\n");
+            "no plots (*.zrd) in plots\n1 converted, 1 failed\n");
 }
 
 TEST_F(Convert, ADocumentThatComesTwiceIsConvertedOnce) {
@@ -208,6 +208,9 @@ TEST_F(Convert, ListsNameDocuments) {
   expectConverted({"--files-from", "lines"}, "3 converted");
   EXPECT_EQ(files(), "a.jvx a.zrd b c.jvx b c.zrd lines plots");
   EXPECT_TRUE(exists("plots/d.jvx"));
+
+  write("windows", "a.zrd\r\n\r\nb c.zrd\r\n");
+  expectConverted({"--files-from", "windows"}, "2 converted");
 
   write("a\nb.zrd", staticDocument);
   write("zeros", std::string("a.zrd\0a\nb.zrd\0", 14));
@@ -230,6 +233,18 @@ TEST_F(Convert, AListThatCannotBeReadIsAFailure) {
             "none: cannot be opened: No such file or directory\n0 converted, 1 failed\n");
   EXPECT_EQ(command({"--files-from", "."}).err,
             ".: cannot be read: Is a directory\n0 converted, 1 failed\n");
+}
+
+// Nothing may be left to do, as behind "find -newer".
+TEST_F(Convert, AListWithoutNamesIsNoFailure) {
+  for (const char* list : {"", "\n", "\r\n"}) {
+    write("list", list);
+    const Outcome outcome = command({"--files-from", "list"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "list: warning: there is no name in the list\n0 converted\n");
+  }
+  setWrapper({"/bin/sh", "-c", "exec \"$@\" < list", "sh"});
+  EXPECT_EQ(command({"-"}).err, "-: warning: there is no name in the list\n0 converted\n");
 }
 
 TEST_F(Convert, OutputsAreCalledByAPattern) {

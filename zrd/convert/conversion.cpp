@@ -32,7 +32,7 @@ void replaceAll(std::string& text, std::string_view what, const std::string& by)
   }
 }
 
-fs::path outputName(const Input& input, OutputKind kind, const ConvertSettings& settings) {
+fs::path outputName(const FoundPlot& input, OutputKind kind, const ConvertSettings& settings) {
   std::string name = settings.pattern;
   replaceAll(name, "{ext}", extensionOf(kind));
   replaceAll(name, "{name}", input.name.stem());
@@ -128,11 +128,11 @@ fs::path firstFrame(const fs::path& name) {
 
 }  // namespace
 
-std::vector<PlannedConversion> planConversions(const std::vector<Input>& inputs,
+std::vector<PlannedConversion> planConversions(const std::vector<FoundPlot>& inputs,
                                                const ConvertSettings& settings, OutputNames& names,
                                                ConvertReport& report) {
   std::vector<PlannedConversion> plans;
-  for (const Input& input : inputs) {
+  for (const FoundPlot& input : inputs) {
     PlannedConversion plan{input.name, {}};
     try {
       for (const OutputKind kind : settings.kinds) {

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <vector>
 
-#include "zrd/convert/inputs.h"
 #include "zrd/convert/output_names.h"
 #include "zrd/convert/report.h"
 #include "zrd/convert/settings.h"
+#include "zrd/plot_search.h"
 
 namespace vantry::zrd {
 
@@ -23,7 +23,7 @@ struct PlannedConversion {
 };
 
 /// What the inputs become. Those whose outputs may not be written are reported and left out.
-std::vector<PlannedConversion> planConversions(const std::vector<Input>& inputs,
+std::vector<PlannedConversion> planConversions(const std::vector<FoundPlot>& inputs,
                                                const ConvertSettings& settings, OutputNames& names,
                                                ConvertReport& report);
 

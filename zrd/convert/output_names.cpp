@@ -8,8 +8,8 @@ namespace vantry::zrd {
 
 namespace fs = std::filesystem;
 
-OutputNames::OutputNames(const std::vector<Input>& inputs) {
-  for (const Input& input : inputs) {
+OutputNames::OutputNames(const std::vector<FoundPlot>& inputs) {
+  for (const FoundPlot& input : inputs) {
     struct stat file {};
     if (stat(input.name.c_str(), &file) == 0)
       inputs_.try_emplace({file.st_dev, file.st_ino}, input.name);

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "zrd/convert/inputs.h"
+#include "zrd/plot_search.h"
 
 namespace vantry::zrd {
 
@@ -18,7 +18,7 @@ namespace vantry::zrd {
 /// threads may use it.
 class OutputNames {
  public:
-  explicit OutputNames(const std::vector<Input>& inputs);
+  explicit OutputNames(const std::vector<FoundPlot>& inputs);
 
   /// Takes an output name for a document. Throws std::runtime_error with the reason if that is an
   /// input, by whatever name, or has been taken for another document.

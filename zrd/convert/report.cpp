@@ -84,7 +84,7 @@ std::size_t ConvertReport::failures() const {
 
 void ConvertReport::say(const std::string& line) {
   progress_.hide();
-  std::cerr << prefix_ << inOneLine(line) << '\n' << std::flush;
+  std::cerr << inOneLine(line) << '\n' << std::flush;
 }
 
 void ConvertReport::showProgress() {

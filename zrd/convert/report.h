@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <mutex>
 #include <string>
-#include <utility>
 
 #include "zrd/progress.h"
 
@@ -13,9 +12,6 @@ namespace vantry::zrd {
 /// Failures, warnings, the progress and the summary, on standard error. All threads may use it.
 class ConvertReport {
  public:
-  /// `prefix` goes before each line about a document.
-  explicit ConvertReport(std::string prefix = {}) : prefix_(std::move(prefix)) {}
-
   /// How many documents there are to convert; from now on the progress is shown, on a terminal.
   void begin(std::size_t documents);
 
@@ -43,7 +39,6 @@ class ConvertReport {
   void showProgress();
   std::string bar() const;
 
-  const std::string prefix_;
   mutable std::mutex mutex_;
   Progress progress_;
   std::size_t documents_ = 0;
