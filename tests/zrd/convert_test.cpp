@@ -315,7 +315,7 @@ TEST_F(Convert, WhatEndsVantryCostsTheOthersNothing) {
   EXPECT_FALSE(exists("corrupted.jvx") || exists("text.jvx"));
 }
 
-TEST_F(Convert, StopsAtTheFirstFailureUnlessToldToKeepGoing) {
+TEST_F(Convert, AFailureEndsTheRunWithoutKeepGoing) {
   for (const char* name : {"a.zrd", "c.zrd", "d.zrd"}) write(name, staticDocument);
   write("broken.zrd", brokenDocument);
   const Strings plots = {"--jobs", "1", "a.zrd", "broken.zrd", "c.zrd", "d.zrd"};
