@@ -3,11 +3,13 @@
 #include <clocale>
 #include <csignal>
 #include <exception>
-#include <iostream>
+#include <ios>
 #include <new>
+#include <string>
 
 #include "vantry/base/text_errors.h"
 #include "zrd/commands.h"
+#include "zrd/messages.h"
 #include "zrd/whole_output.h"
 #include "zrd/wrong_usage.h"
 
@@ -52,21 +54,21 @@ int main(int argc, char** argv) {
   try {
     return vantry::zrd::run(argc, argv);
   } catch (const vantry::zrd::BadDocument& failure) {
-    std::cerr << "zrd: " << failure.what() << vantry::zrd::wayOut << '\n';
+    vantry::zrd::say(std::string(failure.what()) + vantry::zrd::wayOut);
     return failure.status();
   } catch (const vantry::zrd::Failure& failure) {
-    std::cerr << "zrd: " << failure.what() << '\n';
+    vantry::zrd::say(failure.what());
     return failure.status();
   } catch (const vantry::base::BadUnicodeString&) {
-    std::cerr
-        << "zrd: the locale's character set does not hold a text of the document: run zrd in a "
-           "locale with UTF-8, such as LC_ALL=C.UTF-8\n";
+    vantry::zrd::say(
+        "the locale's character set does not hold a text of the document: run zrd in a locale with "
+        "UTF-8, such as LC_ALL=C.UTF-8");
     return vantry::zrd::badDocument;
   } catch (const std::bad_alloc&) {
-    std::cerr << "zrd: out of memory\n";
+    vantry::zrd::say("out of memory");
     return vantry::zrd::badDocument;
   } catch (const std::exception& failure) {
-    std::cerr << "zrd: " << failure.what() << '\n';
+    vantry::zrd::say(failure.what());
     return vantry::zrd::badDocument;
   }
 }

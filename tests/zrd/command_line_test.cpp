@@ -115,6 +115,12 @@ TEST_F(CommandLine, ListsTheWordsThatThereAre) {
                 "check");
 }
 
+TEST_F(CommandLine, SaysInOneLineWhatIsWrong) {
+  const Outcome outcome = run({"show", "two\nlines\x1b[7m.zrd"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "zrd: two lines [7m.zrd: cannot be opened: No such file or directory\n");
+}
+
 TEST_F(CommandLine, NoticesThatStandardOutputIsFull) {
   for (const Strings& arguments :
        {Strings{"show", "a.zrd"}, Strings{"show", "--json", "a.zrd"}, Strings{"format", "a.zrd"},

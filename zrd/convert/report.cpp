@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "zrd/commands.h"
+#include "zrd/messages.h"
 
 namespace vantry::zrd {
 
@@ -15,13 +16,6 @@ namespace {
 std::size_t columnsOfTerminal() {
   winsize size{};
   return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
-}
-
-/// Names of files and words of documents may hold line breaks and worse.
-std::string inOneLine(std::string text) {
-  std::ranges::replace_if(
-      text, [](unsigned char c) { return c < ' ' || c == 0x7f; }, ' ');
-  return text;
 }
 
 }  // namespace
