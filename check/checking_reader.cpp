@@ -25,7 +25,6 @@ constexpr std::uint32_t knownNames = 0;
 constexpr std::uint32_t unknownNames = 1;
 
 constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
-constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
 /// So much of a namespace is kept with each name that is in it. It is as long as its document
 /// likes, and what differs behind that is taken for the same.
@@ -236,7 +235,7 @@ bool CheckingReader::lookupAttribute(std::string_view namespaceUri, const char* 
   if (ZrdParserHandler::lookupAttribute(namespaceUri, localName, outNamespaceId, outAttributeId)) {
     return true;
   }
-  if (namespaceUri == xmlNamespace) return false;
+  if (namespaceUri == reader::xmlNamespace) return false;
   const bool isForeign = !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
   outNamespaceId = unknownNames;
   outAttributeId = numberOf(namespaceUri, localName, isForeign);

@@ -11,6 +11,9 @@ namespace vantry::reader {
 /// of its fixed end.
 bool isFormatNamespace(std::string_view uri);
 
+/// The namespace of attributes such as xml:lang, which are in every language.
+inline constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
 /// Whether the word is the name of an element: a class of the model, or P2 or P3, which are data.
 bool isElementName(base::WordId word);
 

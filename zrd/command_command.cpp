@@ -4,6 +4,7 @@
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
+#include "zrd/messages.h"
 #include "zrd/plot_file.h"
 #include "zrd/whole_output.h"
 
@@ -15,7 +16,7 @@ Command addCommandCommand(CLI::App& program) {
   auto name = std::make_shared<std::string>();
   addDocument(*options, *name);
   return {options, [name] {
-            const PlotFile file(*name);
+            const PlotFile file(*name, say);
             std::ostringstream text;  // so that nothing is written if it cannot be completed
             file.document().printCommands(text, false);
             writeOut([&text](std::ostream& out) { out << text.view() << '\n'; });

@@ -85,7 +85,7 @@ void refuseLoss(const std::string& name, const std::string& text, const std::str
 std::string formatted(const Options& options) {
   const std::string text = contentOf(options.file);
   std::istringstream in(text);
-  const PlotFile file(in, options.file);
+  const PlotFile file(in, options.file, {});  // what is left out is refused below
   try {
     std::string written = indentedXml(file.document());
     refuseLoss(options.file, text, written);

@@ -4,7 +4,14 @@
 #include <exception>
 #include <fstream>
 #include <new>
+#include <set>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
 
+#include "vantry/base/vocabulary.h"
+#include "vantry/check/values.h"
+#include "vantry/reader/zrd_names.h"
 #include "vantry/reader/zrd_parser_handler.h"
 #include "zrd/commands.h"
 #include "zrd/file_content.h"
@@ -17,6 +24,85 @@ namespace {
 std::string placeIn(const std::string& name, const reader::Parser& parser) {
   return name + ':' + std::to_string(parser.lineNumber()) + ':' +
          std::to_string(parser.columnNumber() + 1) + ": ";
+}
+
+/// Builds the tree of a document, warns of what is left out of it, and refuses one that is no plot.
+class PlotReader final : private reader::ZrdParserHandler {
+ public:
+  PlotReader(plot::PlotDocument& document, const std::string& name, const Warn& warn)
+      : ZrdParserHandler(&document, ignoresIds, nullptr), name_(name), warn_(warn) {}
+
+  void read(std::istream& in);
+
+ private:
+  static constexpr bool ignoresIds = true;  // as vantry does: two elements may have the same one
+  static constexpr std::size_t mostWarnings = 10;
+
+  bool lookupElement(std::string_view namespaceUri, const char* localName,
+                     std::uint32_t& outNamespaceId, std::uint32_t& outElementId) override;
+  bool lookupAttribute(std::string_view namespaceUri, const char* localName,
+                       std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) override;
+  void leaveOut(const std::string& kind, std::string_view namespaceUri, const char* localName);
+
+  const std::string& name_;
+  const Warn& warn_;
+  reader::Parser parser_{this, true, nullptr};
+  bool hasRoot_ = false;
+  std::set<std::string> leftOut_;  // that was warned of
+};
+
+void PlotReader::read(std::istream& in) {
+  try {
+    parseAll(in, name_, parser_);
+  } catch (const Failure&) {
+    throw;
+  } catch (const std::bad_alloc&) {
+    throw Failure(badDocument, name_ + ": out of memory");
+  } catch (const std::exception& failure) {
+    throw BadDocument(placeIn(name_, parser_) + failure.what());
+  }
+}
+
+bool isForeign(std::string_view namespaceUri) {
+  return !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
+}
+
+[[noreturn]] void refuseRoot(std::string_view namespaceUri, std::string_view localName) {
+  const std::string reason = isForeign(namespaceUri)
+                                 ? "in the namespace \"" + check::shortened(namespaceUri) + '"'
+                                 : check::shortened(localName) + ", not Canvas";
+  throw std::runtime_error("this is no plot document: its outermost element is " + reason);
+}
+
+bool PlotReader::lookupElement(std::string_view namespaceUri, const char* localName,
+                               std::uint32_t& outNamespaceId, std::uint32_t& outElementId) {
+  const bool isKnown =
+      ZrdParserHandler::lookupElement(namespaceUri, localName, outNamespaceId, outElementId);
+  const bool isRoot = !std::exchange(hasRoot_, true);
+  const bool isCanvas = isKnown && outElementId == static_cast<std::uint32_t>(base::WordId::Canvas);
+  if (isRoot && !isCanvas) refuseRoot(namespaceUri, localName);
+  if (!isKnown) leaveOut("element", namespaceUri, localName);
+  return isKnown;
+}
+
+bool PlotReader::lookupAttribute(std::string_view namespaceUri, const char* localName,
+                                 std::uint32_t& outNamespaceId, std::uint32_t& outAttributeId) {
+  const bool isKnown =
+      ZrdParserHandler::lookupAttribute(namespaceUri, localName, outNamespaceId, outAttributeId);
+  const bool isOfXml = namespaceUri == reader::xmlNamespace;  // as xml:lang, which says nothing
+  if (!isKnown && !isOfXml) leaveOut("attribute", namespaceUri, localName);
+  return isKnown;
+}
+
+/// Each name and each other namespace is warned of once, at its first place.
+void PlotReader::leaveOut(const std::string& kind, std::string_view namespaceUri,
+                          const char* localName) {
+  const std::string what =
+      isForeign(namespaceUri) ? "what is in the namespace \"" + check::shortened(namespaceUri) + '"'
+                              : "the unknown " + kind + ' ' + check::shortened(localName);
+  if (!warn_ || leftOut_.size() == mostWarnings || !leftOut_.insert(what).second) return;
+  const bool isLast = leftOut_.size() == mostWarnings;
+  warn_(placeIn(name_, parser_) + "warning: " + (isLast ? "more" : what) + " is left out" + wayOut);
 }
 
 }  // namespace
@@ -33,26 +119,13 @@ void parseAll(std::istream& in, const std::string& name, reader::Parser& parser)
   }
 }
 
-PlotFile::PlotFile(const std::string& name) : name_(name) {
+PlotFile::PlotFile(const std::string& name, const Warn& warn) : name_(name) {
   std::ifstream file;
-  read(openInput(name, file));
+  PlotReader(*document_, name_, warn).read(openInput(name, file));
 }
 
-PlotFile::PlotFile(std::istream& content, const std::string& name) : name_(name) { read(content); }
-
-void PlotFile::read(std::istream& in) {
-  constexpr bool ignoresIds = true;  // as vantry does: two elements may have the same one
-  reader::ZrdParserHandler handler(document_.get(), ignoresIds, nullptr);
-  reader::Parser parser(&handler, true, nullptr);
-  try {
-    parseAll(in, name_, parser);
-  } catch (const Failure&) {
-    throw;
-  } catch (const std::bad_alloc&) {
-    throw Failure(badDocument, name_ + ": out of memory");
-  } catch (const std::exception& failure) {
-    throw BadDocument(placeIn(name_, parser) + failure.what());
-  }
+PlotFile::PlotFile(std::istream& content, const std::string& name, const Warn& warn) : name_(name) {
+  PlotReader(*document_, name_, warn).read(content);
 }
 
 }  // namespace vantry::zrd

@@ -3,6 +3,7 @@
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
+#include "zrd/messages.h"
 #include "zrd/option_values.h"
 #include "zrd/outline.h"
 #include "zrd/plot_file.h"
@@ -27,7 +28,7 @@ Command addShowCommand(CLI::App& program) {
       ->type_name("PATH");
   command->add_flag("--all", selection->hasDefaults, "Show values that are defaults too");
   return {command, [name, selection, isJson] {
-            const PlotFile file(*name);
+            const PlotFile file(*name, say);
             const Outline outline(file, *selection);
             writeOut([&](std::ostream& out) {
               *isJson ? outline.writeJson(out) : outline.writeText(out);

@@ -138,6 +138,21 @@ TEST_F(ViewTest, NamesThePlotThatCannotBeShown) {
   write("empty.zrd", "<Canvas/>");
   EXPECT_EQ(errorOf({"good.zrd", "empty.zrd", "-o", "page.html"}, 2),
             "zrd: empty.zrd: there is no scene to show" + wayOut);
+  write("page.zrd", "<html/>");
+  EXPECT_EQ(errorOf({"good.zrd", "page.zrd", "-o", "page.html"}, 2),
+            "zrd: page.zrd:1:1: this is no plot document: its outermost element is html, "
+            "not Canvas" +
+                wayOut);
+}
+
+TEST_F(ViewTest, WarnsOfWhatIsNotShown) {
+  write("plot.zrd",
+        "<Canvas><Scene2d><CoordinateSystem2d>\n <Obj2D/></CoordinateSystem2d></Scene2d></Canvas>");
+  const Outcome outcome = command({"plot.zrd", "-o", "page.html"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err,
+            "zrd: plot.zrd:2:2: warning: the unknown element Obj2D is left out" + wayOut);
+  EXPECT_TRUE(isPage(read("page.html")));
 }
 
 TEST_F(ViewTest, LeavesThePageThatWasThereIfItFails) {

@@ -128,9 +128,10 @@ const std::string begin = "<Canvas>\n<Scene3d><CoordinateSystem3d><Obj3d Type=\"
 const std::string end = "\n</Img3d></Obj3d></CoordinateSystem3d></Scene3d>\n</Canvas>";
 
 const Loss losses[] = {
-    {"<jvx-model/>", "1:2: cannot be written back: there is no element jvx-model"},
-    {"<Canvas xmlns=\"http://www.w3.org/2000/svg\"/>",
-     "1:16: cannot be written back: the namespace \"http://www.w3.org/2000/svg\" is not that of "
+    {"<jvx-model/>",
+     "1:1: this is no plot document: its outermost element is jvx-model, not Canvas"},
+    {"<Canvas><Scene2d xmlns=\"http://www.w3.org/2000/svg\"/></Canvas>",
+     "1:25: cannot be written back: the namespace \"http://www.w3.org/2000/svg\" is not that of "
      "plot documents"},
     {"<Canvas><Canvas/></Canvas>", "1:10: cannot be written back: a document has one Canvas"},
     {begin + "<Mesh3D/>" + end, "3:2: cannot be written back: there is no element Mesh3D"},

@@ -188,7 +188,7 @@ bool Converter::convertChanged(const PlannedConversion& plan) const {
   if (due.empty()) return false;
 
   const std::string name = plan.input;
-  const PlotFile file(name);
+  const PlotFile file(name, [this](const std::string& line) { report_.warn(line); });
   Outputs outputs(names_, plan.input);
   for (const auto& [kind, outputName] : due) {
     if (kind == OutputKind::jvd) {

@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "zrd/commands.h"
+#include "zrd/messages.h"
 #include "zrd/plot_file.h"
 #include "zrd/progress.h"
 #include "zrd/view/model_file.h"
@@ -16,9 +17,9 @@ namespace {
 
 using Plot = std::variant<std::unique_ptr<PlotFile>, std::unique_ptr<ModelFile>>;
 
-Plot readPlot(const std::string& name) {
+Plot readPlot(const std::string& name, const Warn& warn) {
   if (isModelName(name)) return std::make_unique<ModelFile>(name);
-  return std::make_unique<PlotFile>(name);
+  return std::make_unique<PlotFile>(name, warn);
 }
 
 void addPlot(page::Page& page, const Plot& plot, const std::string& name) {
@@ -44,11 +45,15 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
                    const page::Options& options) try {
   const std::string_view pageTemplate = zrd::pageTemplate();
   Progress progress;
+  const auto warn = [&progress](const std::string& sentence) {
+    progress.hide();
+    say(sentence);
+  };
   page::Page page;
   std::vector<Plot> read;
   for (const std::string& name : plots) {
     progress.show([&name] { return "reading " + name; });
-    addPlot(page, read.emplace_back(readPlot(name)), name);
+    addPlot(page, read.emplace_back(readPlot(name, warn)), name);
   }
   page::Options shown = options;
   shown.progress = [&progress](std::size_t frame, std::size_t frames) {
