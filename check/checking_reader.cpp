@@ -464,7 +464,7 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
   }
   const bool isBlank =
       std::string_view(value).find_first_not_of(" \t\r\n") == std::string_view::npos;
-  if (isBlank && std::ranges::find(facts.required, name) != facts.required.end()) {
+  if (isBlank && facts.needs(name)) {
     finding.kind = Kind::missingAttribute;
     findings_.add(finding, placeOfValue(name), {exampleOf(facts, name)});
     return;

@@ -184,6 +184,10 @@ bool ClassFacts::takes(Token child) const {
   return std::ranges::find(children, child, &ChildFacts::name) != children.end();
 }
 
+bool ClassFacts::needs(Token attribute) const {
+  return std::ranges::find(required, attribute) != required.end();
+}
+
 const Property* ClassFacts::property(Token wanted) const {
   const auto found = std::ranges::find(properties, wanted, &Property::name);
   return found == properties.end() ? nullptr : *found;
@@ -216,8 +220,10 @@ std::string typeInWords(const Property& property) {
 
 ValueKind valueKind(const Property& property) { return rowOf(property).kind; }
 
-std::string textOf(const Property& property, const base::Variant& value) {
+std::string textOf(const Property& property, const base::Variant& value,
+                   const std::locale& numbers) {
   std::ostringstream out;
+  out.imbue(numbers);
   property.putXml(out, value);
   const std::string attribute = out.str();  // name="value"
   const std::size_t open = attribute.find('"');

@@ -1,6 +1,7 @@
 // What the model says of its element classes, asked of elements that were made for it.
 #pragma once
 
+#include <locale>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ struct ClassFacts {
   bool holdsText = false;                   ///< characters in it are part of the document
 
   bool takes(Token child) const;
+  bool needs(Token attribute) const;
   const Property* property(Token name) const;
   std::vector<Token> childNames() const;
   std::vector<Token> propertyNames() const;
@@ -65,7 +67,9 @@ ValueKind valueKind(const Property& property);
 /// The default of a property, as in a document; empty where it has none that can be written.
 std::string defaultText(const Property& property);
 
-/// How a document writes a value of the property; empty where it is never written.
-std::string textOf(const Property& property, const base::Variant& value);
+/// How a document writes a value of the property, with numbers as the locale has them; empty where
+/// it is never written.
+std::string textOf(const Property& property, const base::Variant& value,
+                   const std::locale& numbers = std::locale::classic());
 
 }  // namespace vantry::check

@@ -54,15 +54,6 @@ class Paths {
   std::unordered_map<const dom::Node*, std::string> steps_;
 };
 
-std::string textOf(const Property& property, const Variant& value) {
-  std::ostringstream out;
-  out.imbue(withShortestNumbers());
-  property.putXml(out, value);
-  const std::string attribute = out.str();  // name="value"
-  const std::size_t open = attribute.find('"');
-  return open == attribute.npos ? "" : attribute.substr(open + 1, attribute.size() - open - 2);
-}
-
 /// The style that gives the value of a property, however many elements it is passed on by.
 const PlotElement* originOf(const PlotElement& element, Token name) {
   const PlotElement* origin = element.styleParent(name);
@@ -89,7 +80,7 @@ std::vector<ShownValue> valuesOf(const PlotElement& element, const Paths& paths,
     const Variant value = isOwn                     ? element.getAttribute(name)
                           : property->isMandatory() ? property->defaultVariant()
                                                     : element.getPropertyValue(name);
-    const std::string text = textOf(*property, value);
+    const std::string text = check::textOf(*property, value, withShortestNumbers());
     if (isMissing(*property, text)) {
       values.push_back({name.str(), "", Origin::missing, ""});
     } else {

@@ -1,6 +1,5 @@
 #include "zrd/reference.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -42,13 +41,9 @@ std::string contentInWords(const ClassFacts& element) {
                                             : "It contains a list of numbers.";
 }
 
-bool isRequired(const ClassFacts& element, Token attribute) {
-  return std::ranges::find(element.required, attribute) != element.required.end();
-}
-
 /// What holds where an attribute is missing.
 std::string absenceInWords(const ClassFacts& element, const Property& property) {
-  if (isRequired(element, property.name())) return "must be given";
+  if (element.needs(property.name())) return "must be given";
   const std::string text = check::defaultText(property);
   return (property.isInherited() ? "of the styles, or else " : "") +
          (text.empty() ? std::string("nothing") : text);

@@ -1,6 +1,5 @@
 #include "zrd/schema.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string>
 
@@ -96,8 +95,7 @@ void writeValue(std::ostream& out, const Property& property) {
 }
 
 void writeAttribute(std::ostream& out, const ClassFacts& element, const Property& property) {
-  const bool isRequired =
-      std::ranges::find(element.required, property.name()) != element.required.end();
+  const bool isRequired = element.needs(property.name());
   out << "      " << (isRequired ? "" : "<optional>") << "<attribute name=\""
       << property.name().str() << "\">";
   writeDocumentation(out, plot::propertyDescription(element.name, property.name()));

@@ -59,8 +59,7 @@ std::string DocumentMaker::attributes(const ClassFacts& facts, const std::string
   for (const Property* property : facts.properties) {
     const std::string name = property->name().str();
     const bool isRequired =
-        std::ranges::find(facts.required, property->name()) != facts.required.end() ||
-        (property->isMandatory() && name == "Type");
+        facts.needs(property->name()) || (property->isMandatory() && name == "Type");
     const bool isFixed = fixed.find(' ' + name + '=') != fixed.npos;
     if (isFixed || !(isRequired || (oneIn(5) && further-- > 0))) continue;
     text += ' ' + name + "=\"" + value(*property) + '"';
