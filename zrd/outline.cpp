@@ -204,6 +204,12 @@ const PlotElement& elementAt(const std::string& path, const PlotElement& root, c
   return *element;
 }
 
+/// An element that is meant, around one that is visited.
+struct Start {
+  unsigned level;
+  unsigned margin;  ///< the level of the outermost element that is shown around it
+};
+
 }  // namespace
 
 Outline::Outline(const PlotFile& file, const OutlineSelection& selection) {
@@ -211,19 +217,29 @@ Outline::Outline(const PlotFile& file, const OutlineSelection& selection) {
   const Paths paths(*root);
   const PlotElement& selected =
       selection.path.empty() ? *root : elementAt(selection.path, *root, paths, file.name());
-  unsigned depth = 0;  // below that
+  const auto isMeant = [&](const PlotElement& element) {
+    return selection.element ? element.tagName() == selection.element->name : &element == &selected;
+  };
+  unsigned level = 0;  // below the selected element
+  std::vector<Start> starts;
   const auto enter = [&](const dom::Node& node) {
     const PlotElement* element = PlotElement::from(&node);
-    if (!element || depth > selection.depth) return false;
-    if (!selection.element) {
+    if (!element) return false;
+    const bool isBelow = !starts.empty() && level - starts.back().level <= selection.depth;
+    if (isMeant(*element)) starts.push_back({level, isBelow ? starts.back().margin : level});
+    const bool isShown = isBelow || isMeant(*element);
+    if (!isShown && !selection.element) return false;
+    if (isShown) {
+      const unsigned depth = level - starts.back().margin;
       elements_.push_back(shown(*element, depth, paths, selection.hasDefaults));
-    } else if (selection.element->name == node.nodeName()) {
-      elements_.push_back(shown(*element, 0, paths, selection.hasDefaults));
     }
-    ++depth;
+    ++level;
     return true;
   };
-  const auto leave = [&](const dom::Node&) { --depth; };
+  const auto leave = [&](const dom::Node&) {
+    --level;
+    if (!starts.empty() && starts.back().level == level) starts.pop_back();
+  };
   dom::walkSubtree<const dom::Node>(selected, enter, leave);
   if (elements_.empty()) {
     throw Failure(badDocument, file.name() + ": there is no " + selection.element->name.str() +

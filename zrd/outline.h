@@ -14,10 +14,11 @@ namespace vantry::zrd {
 struct OutlineSelection {
   static constexpr unsigned mostLevels = 1'000'000;
 
-  unsigned depth = mostLevels;  ///< levels below the outermost element
-  std::string path;             ///< the path of the one that is shown with what is in it; or empty
-  const check::ClassFacts* element = nullptr;  ///< the class of those that are shown; null for all
-  bool hasDefaults = false;                    ///< whether values that are defaults are shown
+  std::string path;  ///< of the element that is looked at with what is in it; empty for the Canvas
+  const check::ClassFacts* element =
+      nullptr;                  ///< the class of those that are shown; null: that one
+  unsigned depth = mostLevels;  ///< so many levels below each are shown too
+  bool hasDefaults = false;     ///< whether values that are defaults are shown
 };
 
 /// Where the value of a property comes from. A mandatory one may be missing.

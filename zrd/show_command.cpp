@@ -19,15 +19,17 @@ Command addShowCommand(CLI::App& program) {
   auto isJson = std::make_shared<bool>(false);
   addDocument(*command, *name);
   command->add_flag("--json", *isJson, "Write a JSON object for each element that is shown");
-  addWholeNumber(*command, "--depth", selection->depth, 0, OutlineSelection::mostLevels,
-                 "Show so many levels below the Canvas");
+  const CLI::Option* depth =
+      addWholeNumber(*command, "--depth", selection->depth, 0, OutlineSelection::mostLevels,
+                     "Show so many levels below the Canvas, or below what is asked for");
   addElement(*command, selection->element, "Show the elements of this name alone");
   command
       ->add_option("--path", selection->path,
                    "Show what is at this path alone, as in Canvas/Scene2d[1]")
       ->type_name("PATH");
   command->add_flag("--all", selection->hasDefaults, "Show values that are defaults too");
-  return {command, [name, selection, isJson] {
+  return {command, [name, selection, isJson, depth] {
+            if (selection->element && depth->count() == 0) selection->depth = 0;
             const PlotFile file(*name, say);
             const Outline outline(file, *selection);
             writeOut([&](std::ostream& out) {

@@ -1,10 +1,13 @@
 // zrd show: the tree of a document.
 
 #include <string>
+#include <vector>
 
 #include "../zrd_command.h"
 
 namespace {
+
+using Strings = std::vector<std::string>;
 
 const std::string document = R"(<Canvas>
   <ObjStyle Type="Default" LineWidth="0.35"/>
@@ -42,6 +45,32 @@ TEST_F(ShowCommand, ShowsAsMuchAsIsWanted) {
 )");
   EXPECT_EQ(outputOf({"--element", "Title", "in.zrd"}),
             "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Obj2d[2]/Title[1] \"a title\"\n");
+}
+
+TEST_F(ShowCommand, ShowsLevelsBelowEachElementOfAName) {
+  const std::string system = "Canvas/Scene2d[1]/CoordinateSystem2d[1]/";
+  EXPECT_EQ(outputOf({"--element", "Obj2d", "--depth", "1", "in.zrd"}),
+            system + "Obj2d[1]\n" + R"(  @LineWidth = 0.35  (style Canvas/ObjStyle[1])
+  @Type = A
+  Img2d
+)" + system + "Obj2d[2]\n" +
+                R"(  @LineWidth = 0.35  (style Canvas/ObjStyle[1])
+  @Type = B
+  Title "a title"
+)");
+  const Strings title = {"--element", "Title", "in.zrd"};
+  EXPECT_EQ(outputOf({"--depth", "0", "--element", "Title", "in.zrd"}), outputOf(title));
+  EXPECT_EQ(outputOf({"--depth", "5", "--element", "Title", "in.zrd"}), outputOf(title));
+}
+
+TEST_F(ShowCommand, ShowsAnElementOnceWithinAnotherOfItsName) {
+  write("in.zrd",
+        "<Canvas><Scene2d><CoordinateSystem2d><Group2d><Group2d><Obj2d Type=\"A\"><Img2d/></Obj2d>"
+        "</Group2d></Group2d></CoordinateSystem2d></Scene2d></Canvas>");
+  const std::string group = "Canvas/Scene2d[1]/CoordinateSystem2d[1]/Group2d[1]";
+  EXPECT_EQ(outputOf({"--element", "Group2d", "in.zrd"}), group + '\n' + group + "/Group2d[1]\n");
+  EXPECT_EQ(outputOf({"--element", "Group2d", "--depth", "1", "in.zrd"}),
+            group + "\n  Group2d\n    Obj2d\n      @Type = A\n");
 }
 
 TEST_F(ShowCommand, TakesAPathWithoutTheNumberOne) {
