@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "vantry/base/standard_descriptors.h"
 #include "vantry/base/text_errors.h"
 #include "zrd/commands.h"
 #include "zrd/messages.h"
@@ -48,6 +49,7 @@ int run(int argc, char** argv) {
 }  // namespace vantry::zrd
 
 int main(int argc, char** argv) {
+  vantry::base::occupyStandardDescriptors();
   std::setlocale(LC_CTYPE, "");
   std::ios::sync_with_stdio(false);
   std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is a failure like any other

@@ -1,5 +1,7 @@
 // The command line of zrd: what is refused, in which words, and where help is.
 
+#include <unistd.h>
+
 #include <string>
 #include <vector>
 
@@ -131,6 +133,17 @@ TEST_F(CommandLine, NoticesThatStandardOutputIsFull) {
     EXPECT_EQ(outcome.status, 2) << testing::PrintToString(arguments);
     EXPECT_EQ(outcome.err, "zrd: standard output cannot be written\n");
   }
+}
+
+TEST_F(CommandLine, WritesNoFileInThePlaceOfAStreamThatIsClosed) {
+  setEnvironment("SOURCE_DATE_EPOCH", "0");
+  write("a.zrd", "<Canvas><Scene2d><CoordinateSystem2d/></Scene2d><Torus/></Canvas>");
+  ASSERT_EQ(run({"convert", "a.zrd"}).status, 0);
+  const std::string expected = read("a.jvx");
+  setClosed({STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO});
+  EXPECT_EQ(run({"convert", "a.zrd"}).status, 0);
+  EXPECT_EQ(read("a.jvx"), expected);
+  EXPECT_EQ(run({"show", "a.zrd"}).status, 2);
 }
 
 TEST_F(CommandLine, ShowsHelpAndVersion) {
