@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <vector>
 
 #include "vantry/check/model_facts.h"
 
@@ -10,6 +11,10 @@ namespace vantry::zrd {
 
 /// Adds the document that a command reads.
 void addDocument(CLI::App& command, std::string& name);
+
+/// Adds the plot that a command shows, or several of them.
+void addShownPlot(CLI::App& command, std::string& name);
+void addShownPlots(CLI::App& command, std::vector<std::string>& names);
 
 /// Adds the file that a command writes.
 CLI::Option* addOutput(CLI::App& command, std::string& name, const std::string& about);
@@ -20,11 +25,12 @@ void addTime(CLI::App& command, double& time);
 /// Adds the number of frames in a unit of time. Without the option it stays as it is.
 CLI::Option* addFrames(CLI::App& command, int& frames, const std::string& about);
 
-/// Adds the name of an element, which must be one of the format.
-void addElement(CLI::App& command, const check::ClassFacts*& element, const std::string& about);
+/// Refuses a command line that asks for one time and for the frames of all.
+void refuseTimeBesideFrames(const CLI::App& command);
 
-/// What the arguments of commands are that show plots.
-inline constexpr const char* aboutShownPlot =
-    "A plot document, a JVX file with a JVD file beside it, or - for standard input";
+/// Adds an option, or with a name of that kind an argument, whose value is the name of an element
+/// of the format.
+void addElement(CLI::App& command, const std::string& name, const check::ClassFacts*& element,
+                const std::string& about);
 
 }  // namespace vantry::zrd

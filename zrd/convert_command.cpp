@@ -53,10 +53,12 @@ void checkPattern(const std::string& pattern) {
     throw CLI::ValidationError("--name", reason + known);
   };
   if (pattern.empty()) refuse("a pattern cannot be empty");
-  for (std::size_t open = pattern.find('{'); open != pattern.npos;
-       open = pattern.find('{', open + 1)) {
-    const std::size_t close = pattern.find('}', open);
-    if (close == pattern.npos) return;
+  std::size_t close = 0;
+  for (std::size_t open = pattern.find_first_of("{}"); open != pattern.npos;
+       open = pattern.find_first_of("{}", close + 1)) {
+    close = pattern.find('}', open);
+    if (close == open) refuse("there is a } without a {");
+    if (close == pattern.npos) refuse("there is a { without a }");
     const std::string placeholder = pattern.substr(open, close + 1 - open);
     if (placeholder != "{name}" && placeholder != "{ext}") refuse("there is no " + placeholder);
   }
@@ -82,6 +84,17 @@ ConvertSettings settingsOf(const ConvertArguments& arguments) {
   }
   settings.date = dateOfEnvironment();
   return settings;
+}
+
+/// Answers an option of vantry, which many outputs have no use for, with those that there are.
+void refuseOutput(CLI::App& command) {
+  const auto refuse = [](const std::string&) {
+    throw CLI::ValidationError(
+        "-o",
+        "use --output-dir for the folder of the outputs and --name for their names, or "
+        "vantry -o for a single file");
+  };
+  command.add_option_function<std::string>("-o,--output", refuse)->expected(0, 1)->group("");
 }
 
 /// Lets as many threads as asked for, this one among them, take document after document.
@@ -139,13 +152,14 @@ Command addConvertCommand(CLI::App& program) {
       ->add_option("--output-dir", settings.outputFolder,
                    "The folder of the outputs, which lie in it as the plots do in the folder "
                    "that was named; without it each lies beside its plot")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check(mustNotBeEmpty);
   options->add_option("--name", settings.pattern, "How outputs are called")
       ->type_name("PATTERN")
       ->capture_default_str();
   addWholeNumber(*options, "--jobs", settings.jobs, 1, 1000,
-                 "How many plots to convert at the same time, as many as there are processors "
-                 "without it");
+                 "How many plots to convert at the same time")
+      ->default_str("as many as there are processors");
   addFrames(*options, settings.frames, "Write animations, with so many frames in a unit of time");
   addTime(*options, settings.time);
   options->add_flag("--if-changed", settings.ifChanged,
@@ -154,10 +168,17 @@ Command addConvertCommand(CLI::App& program) {
   options
       ->add_option("--files-from", arguments->listName,
                    "A file with the names of plots, a line each; - is standard input")
-      ->type_name("FILE");
-  options->add_option("PLOT", arguments->plots,
-                      "A plot, a folder with plots, or - for a list of them on standard input");
-  return {options, [arguments] { return run(*arguments); }};
+      ->type_name("FILE")
+      ->check(mustNotBeEmpty);
+  options
+      ->add_option("PLOT", arguments->plots,
+                   "A plot, a folder with plots, or - for a list of them on standard input")
+      ->check(mustNotBeEmpty);
+  refuseOutput(*options);
+  return {options, [options, arguments] {
+            refuseTimeBesideFrames(*options);
+            return run(*arguments);
+          }};
 }
 
 }  // namespace vantry::zrd

@@ -25,7 +25,7 @@ CLI::Option* addNumberWithin(CLI::App& command, const std::string& name, double&
     value = number;
     return true;
   };
-  return addValue(command, name, expected, take, about)->type_name("X");
+  return addValue(command, name, expected, take, about);
 }
 
 }  // namespace
@@ -54,6 +54,10 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value
   std::ostringstream expected;
   expected << "a number from " << least << " to " << most;
   return addNumberWithin(command, name, value, least, most, expected.str(), about);
+}
+
+std::string mustNotBeEmpty(const std::string& name) {
+  return name.empty() ? "a name cannot be empty" : "";
 }
 
 }  // namespace vantry::zrd

@@ -51,6 +51,9 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value
 CLI::Option* addNumber(CLI::App& command, const std::string& name, double& value, double least,
                        double most, const std::string& about);
 
+/// A check of options: refuses an empty name, as that in a variable of a script which is not set.
+std::string mustNotBeEmpty(const std::string& name);
+
 /// The words that an option takes, and what each stands for.
 template <class Value>
 using Choices = std::vector<std::pair<std::string, Value>>;

@@ -131,7 +131,7 @@ bool takeSize(const std::string& text, PictureSettings& settings) {
 Command addPictureCommand(CLI::App& program) {
   CLI::App* options = program.add_subcommand("picture", "Draw a plot as a PNG, by Chromium");
   auto settings = std::make_shared<PictureSettings>();
-  options->add_option("PLOT", settings->plot, aboutShownPlot)->required();
+  addShownPlot(*options, settings->plot);
   addOutput(*options, settings->output, "The picture, or - for standard output")->required();
   addValue(
       *options, "--size",
@@ -142,6 +142,7 @@ Command addPictureCommand(CLI::App& program) {
       ->default_str("1200x900");
   addNumber(*options, "--scale", settings->scale, 0.1, 10,
             "Pixels of the picture per pixel of a page")
+      ->type_name("FACTOR")
       ->default_str("1");
   addTime(*options, settings->page.time);
   options->add_flag("--transparent", settings->isTransparent, "Leave the ground transparent");

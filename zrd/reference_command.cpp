@@ -22,7 +22,8 @@ Command addReferenceCommand(CLI::App& program) {
   CLI::App* command = program.add_subcommand(
       "reference", "Say what elements there are, or what an element may hold");
   auto options = std::make_shared<Options>();
-  addElement(*command, options->element, "The name of an element");
+  addElement(*command, "--element,NAME", options->element,
+             "The element that is described; all are listed without it");
   command->add_flag("--markdown", options->isMarkdown, "Write a page of the manual");
   return {command, [options] {
             if (!options->element) {

@@ -22,7 +22,7 @@ Command addShowCommand(CLI::App& program) {
   const CLI::Option* depth =
       addWholeNumber(*command, "--depth", selection->depth, 0, OutlineSelection::mostLevels,
                      "Show so many levels below the Canvas, or below what is asked for");
-  addElement(*command, selection->element, "Show the elements of this name alone");
+  addElement(*command, "--element", selection->element, "Show the elements of this name alone");
   command
       ->add_option("--path", selection->path,
                    "Show what is at this path alone, as in Canvas/Scene2d[1]")

@@ -34,13 +34,16 @@ int view(const ViewSettings& settings) {
 Command addViewCommand(CLI::App& program) {
   CLI::App* options = program.add_subcommand("view", "Show plots on a page, in a browser");
   auto settings = std::make_shared<ViewSettings>();
-  options->add_option("PLOT", settings->plots, aboutShownPlot)->required();
+  addShownPlots(*options, settings->plots);
   addOutput(*options, settings->output,
             "Write the page into this file, or with - to standard output, and open no browser");
   addTime(*options, settings->page.time);
   addFrames(*options, settings->page.framesPerUnit, "The frames of animations in a unit of time")
       ->default_str(std::to_string(settings->page.framesPerUnit));
-  return {options, [settings] { return view(*settings); }};
+  return {options, [options, settings] {
+            refuseTimeBesideFrames(*options);
+            return view(*settings);
+          }};
 }
 
 }  // namespace vantry::zrd

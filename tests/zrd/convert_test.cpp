@@ -28,6 +28,9 @@ const fs::path examples = fs::path(VANTRY_SOURCE_DIR) / "examples";
 const std::string brokenDocument = "<Canvas>\n  <Scene2d></Canvas>\n";
 const std::string brokenLine = "broken.zrd:2:14: not well-formed XML\n";
 
+/// The way out for an output that would replace an input.
+const std::string elsewhere = "; --output-dir or --name puts it elsewhere\n";
+
 class Convert : public ZrdCommandTest {
  protected:
   Convert() : ZrdCommandTest("convert") {}
@@ -275,6 +278,12 @@ TEST_F(Convert, WrongUsage) {
   EXPECT_EQ(errorOf({"--name", "{name}-{foo}.{ext}", "plot.zrd"}, 1),
             "zrd: --name: there is no {foo}" + known);
   EXPECT_EQ(errorOf({"--name", "{}", "plot.zrd"}, 1), "zrd: --name: there is no {}" + known);
+  EXPECT_EQ(errorOf({"--name", "{name", "plot.zrd"}, 1),
+            "zrd: --name: there is a { without a }" + known);
+  EXPECT_EQ(errorOf({"--name", "{name}.ext}", "plot.zrd"}, 1),
+            "zrd: --name: there is a } without a {" + known);
+  EXPECT_EQ(errorOf({"--name", "{name}{{ext}", "plot.zrd"}, 1),
+            "zrd: --name: there is no {{ext}" + known);
   EXPECT_EQ(files(), "plot.zrd");
 }
 
@@ -378,19 +387,18 @@ TEST_F(Convert, AnOutputThatIsAnInputIsRefused) {
   write("a.zrd", staticDocument);
   write("b.jvx", staticDocument);
   EXPECT_EQ(command({"--name", "{name}.zrd", "a.zrd"}).err,
-            "a.zrd: a.zrd is not written over the input a.zrd\n0 converted, 1 failed\n");
+            "a.zrd: a.zrd would replace the input a.zrd" + elsewhere + "0 converted, 1 failed\n");
   EXPECT_EQ(command({"--keep-going", "b.jvx", "a.zrd"}).err,
-            "b.jvx: b.jvx is not written over the input b.jvx\n1 converted, 1 failed\n");
+            "b.jvx: b.jvx would replace the input b.jvx" + elsewhere + "1 converted, 1 failed\n");
   EXPECT_EQ(read("a.zrd"), staticDocument);
   EXPECT_EQ(read("b.jvx"), staticDocument);
 
   fs::remove(folder_.path() / "a.jvx");
   fs::create_hard_link(folder_.path() / "b.jvx", folder_.path() / "a.jvx");
   const Outcome outcome = command({"--keep-going", "--name", "{name}.jvx", "a.zrd", "b.jvx"});
-  EXPECT_EQ(outcome.err,
-            "a.zrd: a.jvx is not written over the input b.jvx\n"
-            "b.jvx: b.jvx is not written over the input b.jvx\n"
-            "0 converted, 2 failed\n");
+  EXPECT_EQ(outcome.err, "a.zrd: a.jvx would replace the input b.jvx" + elsewhere +
+                             "b.jvx: b.jvx would replace the input b.jvx" + elsewhere +
+                             "0 converted, 2 failed\n");
 }
 
 TEST_F(Convert, AFrameThatIsAnInputIsRefused) {
@@ -398,10 +406,10 @@ TEST_F(Convert, AFrameThatIsAnInputIsRefused) {
   write("movie.2.jvx", staticDocument);
   const Outcome outcome = command({"--keep-going", "--frames", "2", "--name", "{name}.jvx",
                                    "--jobs", "1", "movie.zrd", "movie.2.jvx"});
-  EXPECT_EQ(outcome.err,
-            "movie.2.jvx: movie.2.jvx is not written over the input movie.2.jvx\n"
-            "movie.zrd: movie.2.jvx is not written over the input movie.2.jvx\n"
-            "0 converted, 2 failed\n");
+  EXPECT_EQ(outcome.err, "movie.2.jvx: movie.2.jvx would replace the input movie.2.jvx" +
+                             elsewhere +
+                             "movie.zrd: movie.2.jvx would replace the input movie.2.jvx" +
+                             elsewhere + "0 converted, 2 failed\n");
   EXPECT_EQ(files(), "movie.2.jvx movie.zrd");
 }
 

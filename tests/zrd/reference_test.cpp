@@ -55,12 +55,21 @@ Attributes
 )");
 }
 
+TEST_F(ReferenceCommand, TakesTheNameAlone) {
+  EXPECT_EQ(outputOf({"Mesh3d"}), outputOf({"--element", "Mesh3d"}));
+  EXPECT_EQ(outputOf({"--markdown", "Mesh3d"}), contentOf(pages / "Mesh3d.md"));
+  EXPECT_EQ(errorOf({"Mesh3d", "Surf3d"}, 1),
+            "zrd: Surf3d is one argument too many (see zrd reference --help)\n");
+}
+
 TEST_F(ReferenceCommand, KnowsOnlyElements) {
+  EXPECT_EQ(errorOf({"mesh3D"}, 1),
+            "zrd: there is no element mesh3D; did you mean Mesh3d? (see zrd reference --help)\n");
   EXPECT_EQ(errorOf({"--element", "Mesh3D"}, 1),
-            "zrd: --element: there is no element Mesh3D; did you mean Mesh3d? "
+            "zrd: there is no element Mesh3D; did you mean Mesh3d? "
             "(see zrd reference --help)\n");
   EXPECT_EQ(errorOf({"--element", "Torus"}, 1),
-            "zrd: --element: there is no element Torus; zrd reference lists those that there are "
+            "zrd: there is no element Torus; zrd reference lists those that there are "
             "(see zrd reference --help)\n");
 }
 

@@ -80,7 +80,7 @@ TEST_F(ShowCommand, TakesAPathWithoutTheNumberOne) {
 
 TEST_F(ShowCommand, NamesTheElementThatIsMeant) {
   EXPECT_EQ(errorOf({"--element", "poly2D", "in.zrd"}, 1),
-            "zrd: --element: there is no element poly2D; did you mean Poly2d? "
+            "zrd: there is no element poly2D; did you mean Poly2d? "
             "(see zrd show --help)\n");
   EXPECT_EQ(errorOf({"--element", "Sphere", "in.zrd"}, 2),
             "zrd: in.zrd: there is no Sphere in Canvas\n");

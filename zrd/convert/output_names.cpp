@@ -21,7 +21,8 @@ void OutputNames::take(const fs::path& output, const fs::path& input) {
   if (stat(output.c_str(), &file) == 0) {
     const auto found = inputs_.find({file.st_dev, file.st_ino});
     if (found != inputs_.end()) {
-      throw std::runtime_error(output.string() + " is not written over the input " + found->second);
+      throw std::runtime_error(output.string() + " would replace the input " + found->second +
+                               "; --output-dir or --name puts it elsewhere");
     }
   }
   const std::lock_guard lock(mutex_);
