@@ -104,7 +104,7 @@ Command addFormatCommand(CLI::App& program) {
       "format", "Write a plot document back, sorted and indented, without comments");
   auto options = std::make_shared<Options>();
   addDocument(*command, options->file);
-  addOutput(*command, options->out, "The file to be written");
+  addOutput(*command, options->out, "Write to this file in place of standard output");
   command->add_flag("-i,--in-place", options->isInPlace, "Write to the file itself");
   command->add_flag("--minimal", options->isMinimal,
                     "Drop values that are inherited or default anyway");

@@ -10,6 +10,7 @@
 #include "vantry/base/standard_descriptors.h"
 #include "vantry/base/text_errors.h"
 #include "zrd/commands.h"
+#include "zrd/help.h"
 #include "zrd/messages.h"
 #include "zrd/whole_output.h"
 #include "zrd/wrong_usage.h"
@@ -23,14 +24,16 @@ constexpr std::array commands = {addCheckCommand,  addCommandCommand, addConvert
                                  addSchemaCommand, addShowCommand,    addViewCommand};
 
 int run(int argc, char** argv) {
-  CLI::App program("What can be done with plot documents besides their conversion by vantry.",
-                   "zrd");
+  CLI::App program("Work with plot documents", "zrd");
+  program.formatter(helpFormatter());
   program.require_subcommand(1);
   program.option_defaults()->disable_flag_override();  // no flag has a value
-  program.set_version_flag("--version", "zrd " VANTRY_VERSION);
+  program.set_help_flag("-h,--help", "Print this help");
+  program.set_version_flag("--version", "zrd " VANTRY_VERSION, "Print the version");
 
   std::array<Command, commands.size()> added;
   std::ranges::transform(commands, added.begin(), [&program](auto add) { return add(program); });
+  program.footer("zrd COMMAND --help says what a command takes.");  // which they would inherit
   try {
     program.parse(argc, argv);
     const auto chosen = std::ranges::find_if(

@@ -72,9 +72,8 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, Value& value,
     }
     return false;
   };
-  // The completions of the shells look for the words in braces.
   return addValue(command, name, check::listOf(words, "or"), take, about)
-      ->type_name("WORD:{" + CLI::detail::join(words, ",") + '}');
+      ->type_name(CLI::detail::join(words, "|"));  // for the completions of the shells too
 }
 
 }  // namespace vantry::zrd

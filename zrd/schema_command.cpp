@@ -5,8 +5,8 @@
 namespace vantry::zrd {
 
 Command addSchemaCommand(CLI::App& program) {
-  CLI::App* command = program.add_subcommand(
-      "schema", "Write a RELAX NG schema of plot documents, for editors and validators");
+  CLI::App* command =
+      program.add_subcommand("schema", "Write a RELAX NG schema, for editors and validators");
   return {command, [] {
             writeOut(writeSchema);
             return success;
