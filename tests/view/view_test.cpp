@@ -123,11 +123,11 @@ TEST_F(ViewTest, NamesThePlaceOfBadData) {
             "zrd: cut.jvx:2:5: not well-formed XML" + wayOut);
   write("other.jvx", "<html/>");
   EXPECT_EQ(errorOf({"other.jvx", "-o", "page.html"}, 2),
-            "zrd: other.jvx: the root is no <jvx-model>\n");
+            "zrd: other.jvx: this is no JVX file: its outermost element is html, not jvx-model\n");
   write("good.jvx", model);
   write("good.jvd", "<html/>");
   EXPECT_EQ(errorOf({"good.jvx", "-o", "page.html"}, 2),
-            "zrd: good.jvd: the root is no <jv-disp>\n");
+            "zrd: good.jvd: this is no JVD file: its outermost element is html, not jv-disp\n");
   EXPECT_EQ(errorOf({"none.zrd", "-o", "page.html"}, 2),
             "zrd: none.zrd: cannot be opened: No such file or directory\n");
   EXPECT_FALSE(exists("page.html"));

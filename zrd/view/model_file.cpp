@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "vantry/check/values.h"
 #include "vantry/reader/xml_parser.h"
 #include "zrd/commands.h"
 #include "zrd/file_content.h"
@@ -33,14 +34,17 @@ class RootName final : public reader::Handler {
   std::string name_;
 };
 
-/// Opens a file and reads it once through.
-std::ifstream openChecked(const std::filesystem::path& name, std::string_view root) {
+/// Opens a file of a kind, which has that root, and reads it once through.
+std::ifstream openChecked(const std::filesystem::path& name, const std::string& kind,
+                          const std::string& root) {
   std::ifstream file = openFile(name);
   RootName found;
   reader::Parser parser(&found, false, nullptr);
   parseAll(file, name.string(), parser);
   if (found.get() != root) {
-    throw Failure(badDocument, name.string() + ": the root is no <" + std::string(root) + ">");
+    throw Failure(badDocument, name.string() + ": this is no " + kind +
+                                   " file: its outermost element is " +
+                                   check::shortened(found.get()) + ", not " + root);
   }
   file.clear();
   file.seekg(0);
@@ -51,10 +55,11 @@ std::ifstream openChecked(const std::filesystem::path& name, std::string_view ro
 
 bool isModelName(const std::filesystem::path& name) { return name.extension() == ".jvx"; }
 
-ModelFile::ModelFile(const std::filesystem::path& name) : model_(openChecked(name, "jvx-model")) {
+ModelFile::ModelFile(const std::filesystem::path& name)
+    : model_(openChecked(name, "JVX", "jvx-model")) {
   std::filesystem::path display = name;
   display.replace_extension(".jvd");
-  if (std::filesystem::exists(display)) display_ = openChecked(display, "jv-disp");
+  if (std::filesystem::exists(display)) display_ = openChecked(display, "JVD", "jv-disp");
 }
 
 }  // namespace vantry::zrd
