@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "vantry/base/hexadecimal.h"
 #include "vantry/check/prolog_mistakes.h"
 #include "vantry/check/utf8_text.h"
 #include "vantry/check/values.h"
@@ -42,16 +43,11 @@ std::size_t behindWordBefore(std::string_view text, std::size_t at) {
 
 // ---- Bytes ----
 
-std::string hexadecimal(unsigned char byte) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  return {'0', 'x', digits[byte / 16], digits[byte % 16]};
-}
-
 /// A byte of a document that is to be in UTF-8, and is none of it.
 MarkupMistake badUtf8(unsigned char byte, std::size_t offset) {
   const std::string meant =
       byte < 0xA0 ? "" : utf8Of(byte);  // the others are no letters in Latin-1
-  const std::string reason = "the byte " + hexadecimal(byte) + " is no UTF-8";
+  const std::string reason = "the byte 0x" + base::hexadecimal(byte) + " is no UTF-8";
   if (meant.empty()) {
     return {reason,
             {"the file is perhaps in Windows-1252, or no text",
@@ -79,7 +75,7 @@ Mistake badByte(std::string_view document, std::size_t offset) {
              offset}};
   }
   if (byte < ' ' && !isBlank(document[offset])) {
-    return {{"the control character " + hexadecimal(byte) + " cannot be here",
+    return {{"the control character 0x" + base::hexadecimal(byte) + " cannot be here",
              {"of these, XML has the tab and the ends of lines alone"},
              offset}};
   }

@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "vantry/base/hexadecimal.h"
 #include "vantry/check/report.h"
 #include "vantry/check/utf8_text.h"
 
@@ -150,7 +151,6 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
 }  // namespace
 
 std::string printable(std::string_view text) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
   std::string line;
   while (!text.empty()) {
     const Character character = takeCharacter(text);
@@ -159,8 +159,7 @@ std::string printable(std::string_view text) {
       continue;
     }
     for (const char c : character.bytes) {
-      const auto byte = static_cast<unsigned char>(c);
-      line += {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+      line += "\\x" + base::hexadecimal(static_cast<unsigned char>(c));
     }
   }
   return line;
