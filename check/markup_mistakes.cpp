@@ -45,8 +45,8 @@ std::size_t behindWordBefore(std::string_view text, std::size_t at) {
 
 /// A byte of a document that is to be in UTF-8, and is none of it.
 MarkupMistake badUtf8(unsigned char byte, std::size_t offset) {
-  const std::string meant =
-      byte < 0xA0 ? "" : utf8Of(byte);  // the others are no letters in Latin-1
+  // Latin-1 has no letters below that.
+  const std::string meant = byte < 0xA0 ? "" : utf8Of(byte);
   const std::string reason = "the byte 0x" + base::hexadecimal(byte) + " is no UTF-8";
   if (meant.empty()) {
     return {reason,
@@ -59,11 +59,6 @@ MarkupMistake badUtf8(unsigned char byte, std::size_t offset) {
            "convert it by iconv -f ISO-8859-1 -t UTF-8",
            "or begin it with <?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"},
           offset};
-}
-
-/// A character that Unicode has, and XML has not.
-MarkupMistake noXmlCharacter(std::size_t offset) {
-  return {"this is no character of XML", {"leave it out; the file is perhaps damaged"}, offset};
 }
 
 Mistake badByte(std::string_view document, std::size_t offset) {
@@ -89,7 +84,9 @@ Mistake badByte(std::string_view document, std::size_t offset) {
   constexpr std::array<std::string_view, 3> others = {"\xEF\xBF\xBD", "\xEF\xBF\xBE",
                                                       "\xEF\xBF\xBF"};
   const bool isOther = std::ranges::any_of(others, [=](auto c) { return rest.starts_with(c); });
-  if (isOther) return noXmlCharacter(offset);
+  if (isOther) {
+    return {{"this is no character of XML", {"leave it out; the file is perhaps damaged"}, offset}};
+  }
   if (sizeOfCharacter(rest) > 0) return {};
   return badUtf8(byte, offset);
 }
@@ -216,14 +213,37 @@ Mistake valueWithoutQuotes(std::string_view document, std::size_t offset, std::s
 }
 
 /// A value follows its name at once, or behind another character than =.
-Mistake valueWithoutEqualsSign(std::string_view document, std::size_t offset,
-                               std::string_view name) {
+MarkupMistake valueWithoutEqualsSign(std::string_view document, std::size_t offset,
+                                     std::string_view name) {
   if (name.ends_with(':')) name.remove_suffix(1);
   const std::string_view behindQuote = document.substr(offset + 1);
   const std::string_view value = behindQuote.substr(0, behindQuote.find(document[offset]));
-  return {{"= comes between the name and the value of an attribute",
-           {"write " + shortened(name) + "=\"" + shortened(value) + '"'},
-           offset}};
+  return {"= comes between the name and the value of an attribute",
+          {"write " + shortened(name) + "=\"" + shortened(value) + '"'},
+          offset};
+}
+
+/// What is wrong behind a name in a tag, which is that of its element or of an attribute.
+MarkupMistake mistakeBehindName(std::string_view document, std::size_t offset, const TagPart& tag) {
+  const std::size_t end = behindWordBefore(document, offset);
+  const std::string name(nameBefore(document, end));
+  const bool isElement = name.empty() || end - name.size() <= tag.begin + 1;
+  if (isElement && end < offset) {
+    return {"no attribute has a name that begins with this",
+            {"perhaps the tag has no > before it"},
+            offset};
+  }
+  const char bad = document[offset];
+  if (!isElement && isQuote(bad)) return valueWithoutEqualsSign(document, offset, name);
+  if (isElement || (end == offset && bad != '/' && bad != '>')) {
+    return {
+        "this cannot be in a name",
+        {"names have letters, digits and _ - . alone; perhaps a blank or > is missing before it"},
+        offset};
+  }
+  return {"the attribute " + shortened(name) + " has no value",
+          {"write " + shortened(name) + "=\"...\""},
+          end - name.size()};
 }
 
 /// What is wrong between the values of a tag.
@@ -252,17 +272,7 @@ Mistake mistakeBetweenValues(std::string_view document, std::size_t offset, cons
              {"attributes have blanks between them; a quote in a value is &quot; or &apos;"},
              offset}};
   }
-  const std::string name(nameBefore(document, end));
-  if (name.empty() || end - name.size() <= tag.begin + 1) {
-    if (end == offset) return {};
-    return {{"no attribute has a name that begins with this",
-             {"perhaps the tag has no > before it"},
-             offset}};
-  }
-  if (isQuote(document[offset])) return valueWithoutEqualsSign(document, offset, name);
-  return {{"the attribute " + shortened(name) + " has no value",
-           {"write " + shortened(name) + "=\"...\""},
-           end - name.size()}};
+  return mistakeBehindName(document, offset, tag);
 }
 
 Mistake mistakeInTag(std::string_view document, std::size_t offset) {
@@ -318,6 +328,17 @@ Mistake mistakeOutside(std::string_view document, std::size_t offset) {
   return isInMarkup ? Mistake() : Mistake(textOutside(offset));
 }
 
+/// The first that finds a mistake is right.
+using Find = Mistake (*)(std::string_view document, std::size_t offset);
+constexpr std::array<Find, 9> inElements = {
+    badByte,   hyphensInComment, noMarkup,     mistakeInEntity, bareAmpersand, declarationInElement,
+    bareAngle, endOfCdata,       mistakeInTag,
+};
+constexpr std::array<Find, 9> outsideOfElements = {
+    badByte,       hyphensInComment, noMarkup,  mistakeOutside, mistakeInEntity,
+    bareAmpersand, mistakeInProlog,  bareAngle, mistakeInTag,
+};
+
 /// How what does not end begins, and how it ends.
 // clang-format off
 constexpr struct {
@@ -348,11 +369,7 @@ MarkupMistake textOutside(std::size_t offset) {
 
 Mistake mistakeInToken(std::string_view document, std::size_t offset, bool isInElement) {
   if (offset >= document.size()) return {};
-  const auto nothing = [](std::string_view, std::size_t) { return Mistake(); };
-  const auto mistakeInDeclaration = isInElement ? declarationInElement : mistakeInProlog;
-  for (const auto find : {badByte, hyphensInComment, noMarkup,
-                          isInElement ? nothing : mistakeOutside, mistakeInEntity, bareAmpersand,
-                          mistakeInDeclaration, bareAngle, endOfCdata, mistakeInTag}) {
+  for (const Find find : isInElement ? inElements : outsideOfElements) {
     if (Mistake found = find(document, offset)) return found;
   }
   return {};

@@ -74,16 +74,17 @@ PrologPlace findPlace(std::string_view document, std::size_t offset) {
   return place;
 }
 
-std::string formOf(std::string_view name) {
-  const auto* known = std::ranges::find(declarations, name, &Declaration::name);
-  return known == std::end(declarations) ? "" : std::string("it is written as in ") + known->form;
+/// The declaration of a name; null if there is none.
+const Declaration* findDeclaration(std::string_view name) {
+  const auto* found = std::ranges::find(declarations, name, &Declaration::name);
+  return found == std::end(declarations) ? nullptr : found;
 }
 
-/// About a declaration that cannot be where it begins.
+/// About a declaration that is none, or cannot be where it begins.
 MarkupMistake wrongDeclaration(std::string_view document, std::size_t begin, bool isOutermost) {
   const std::string_view name = nameAt(document, begin);
-  const auto* known = std::ranges::find(declarations, name, &Declaration::name);
-  if (known == std::end(declarations)) {
+  const Declaration* known = findDeclaration(name);
+  if (!known) {
     return {"there is no declaration " + shortened(name),
             {isOutermost ? "a document type begins with <!DOCTYPE, in capitals"
                          : "there are <!ELEMENT, <!ATTLIST, <!ENTITY and <!NOTATION, in capitals",
@@ -107,15 +108,16 @@ std::optional<MarkupMistake> mistakeInProlog(std::string_view document, std::siz
       rest.starts_with("<!") && !rest.starts_with("<!-") && !rest.starts_with("<![");
   if (beginsDeclaration && open.size() < 2) return wrongDeclaration(document, place, open.empty());
   if (open.empty()) return {};
-  const std::string_view name = nameAt(document, open.back());
   const bool isInner = open.size() > 1;
+  const Declaration* known = findDeclaration(nameAt(document, open.back()));
+  if (!known) return wrongDeclaration(document, open.back(), !isInner);
+  const std::vector<std::string> help = {std::string("it is written as in ") + known->form, wayOut};
   const bool ends = rest.empty() || rest[0] == '<' || (rest[0] == ']' && isInner);
   if (ends && !isInText && !rest.starts_with("<![")) {
-    return {{"the declaration " + shortened(name) + " that begins here has no >",
-             {formOf(name), wayOut},
+    return {{"the declaration " + std::string(known->name) + " that begins here has no >", help,
              open.back()}};
   }
-  return {{"this cannot be here in " + shortened(name), {formOf(name), wayOut}, place}};
+  return {{"this cannot be here in " + std::string(known->name), help, place}};
 }
 
 }  // namespace vantry::check
