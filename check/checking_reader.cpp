@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "vantry/base/scan.h"
 #include "vantry/check/names.h"
@@ -521,11 +522,17 @@ void CheckingReader::endContent(WordId element) {
   if (reader::attachmentRule(element).content != reader::Content::words) {
     return ZrdParserHandler::endContent(element);  // any text is taken
   }
-  if (passes([&] { ZrdParserHandler::endContent(element); })) return;
+  if (passes([&] { ZrdParserHandler::endContent(element); })) return reportInfiniteCell();
   if (origins_.isDamaged(*current())) return;  // what is missing was refused before
   markDamaged();
   reportTooFewCells();
 }
+
+namespace {
+
+constexpr const char* helpForCells = "the entries are finite numbers with blanks between them";
+
+}  // namespace
 
 void CheckingReader::reportTooFewCells() {
   const auto compare = [](std::size_t entries, std::int64_t columns, std::int64_t rows) {
@@ -540,7 +547,29 @@ void CheckingReader::reportTooFewCells() {
   findings_.add(
       {.kind = Kind::tooFewCells, .element = current()->tagName().str(), .detail = detail},
       source_.nameIn(open_.back()),
-      {"write an entry for each of them, or make XMesh or YMesh smaller"});
+      {"write an entry for each of them, or make XMesh or YMesh smaller; either is 1 where it "
+       "is not given"});
+}
+
+// The first of an array is enough. One that is not in the text comes from an entity.
+void CheckingReader::reportInfiniteCell() {
+  const auto* array = plot::elementCast<plot::DensityArray2d>(current());
+  if (!array) return;
+  const auto cell =
+      std::ranges::find_if_not(array->values, [](double v) { return std::isfinite(v); });
+  if (cell == array->values.end()) return;
+  const std::string_view element = source_.textOf({open_.back(), here() - open_.back()});
+  std::string_view content = element.substr(std::min(element.find('>'), element.size()));
+  if (!content.empty()) content.remove_prefix(1);
+  const std::string_view number = firstNotFinite(content, std::numeric_limits<int>::max());
+  if (number.empty()) {
+    findings_.add({.kind = Kind::notFinite, .detail = std::to_string(*cell)},
+                  source_.nameIn(open_.back()), {helpForCells});
+  } else {
+    const auto offset = static_cast<std::size_t>(number.data() - source_.text().data());
+    findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, {offset, number.size()},
+                  {helpForCells});
+  }
 }
 
 void CheckingReader::refusePoint(WordId point, reader::PointError error) {
@@ -603,7 +632,8 @@ void CheckingReader::reportNotFinite(WordId point) {
   const std::string_view number = firstNotFinite(text(), point == WordId::P2 ? 2 : 3);
   const Span where =
       source_.findWord(source_.textBefore(here()), number).value_or(placeInPoint(number));
-  findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, where);
+  findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, where,
+                {"leave the point out, or end the list before it and begin another one"});
 }
 
 // A point that was taken may have more to it than is looked at.

@@ -85,6 +85,7 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   bool isLastPointFinite(base::WordId point) const;
   void reportNotFinite(base::WordId point);
   void reportTooFewCells();
+  void reportInfiniteCell();
   void reportNotWellFormed();
 
   plot::PlotDocument& document_;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 #include "vantry/base/scan.h"
 #include "vantry/base/unicode_converter.h"
@@ -74,6 +75,23 @@ std::optional<double> numberIn(const base::Variant& value) {
   if (const auto real = value.as<base::DoubleVariant>()) return real->get();
   if (const auto whole = value.as<base::LongVariant>()) return whole->get();
   return std::nullopt;
+}
+
+bool isNaN(const base::Variant& value) {
+  const std::optional<double> number = numberIn(value);
+  return number && std::isnan(*number);
+}
+
+/// How many numbers a value has that are to be finite. A property that is NaN by default may be
+/// that, and a number that was moved into its range is finite.
+int numbersIn(const Property& property, const base::Variant& stored) {
+  const ValueKind kind = valueKind(property);
+  if (kind == ValueKind::planePoint || kind == ValueKind::spacePoint) {
+    return static_cast<int>(countOfWords(kind));
+  }
+  const std::optional<double> number = numberIn(stored);
+  const bool isMeant = isNaN(stored) && isNaN(property.defaultVariant());
+  return number && !std::isfinite(*number) && !isMeant ? 1 : 0;
 }
 
 // clang-format off
@@ -264,17 +282,24 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
   double written = 0;
   const bool isMoved = unused.empty() && number && base::scanDouble(text.c_str(), written) &&
                        !std::isnan(written) && written != *number;
-  if (isMoved) add(Kind::clampedValue, text, helpForValue(property, text));
+  if (isMoved) {
+    std::vector<std::string> help = helpForValue(property, text);
+    std::string outcome = "it becomes " + textOf(property, stored);
+    if (kind == ValueKind::wholeNumber) {
+      outcome += *number > 0 ? ", the largest whole number" : ", the smallest whole number";
+    }
+    help.insert(help.begin(), std::move(outcome));
+    add(Kind::clampedValue, text, std::move(help));
+  }
   const bool isWritten =
       kind == ValueKind::text || kind == ValueKind::word || kind == ValueKind::font;
   if (isWritten && !isNativeText(text.c_str())) {
     findings.add({.kind = Kind::textNotInLocale}, where, {helpForLocale});
   }
-  const bool isPoint = kind == ValueKind::planePoint || kind == ValueKind::spacePoint;
-  const std::string_view infinite =
-      isPoint ? firstNotFinite(text, kind == ValueKind::planePoint ? 2 : 3) : std::string_view();
+  const std::string_view infinite = firstNotFinite(text, numbersIn(property, stored));
   if (!infinite.empty()) {
-    findings.add({.kind = Kind::notFinite, .detail = shortened(infinite)}, placeOf(infinite));
+    findings.add({.kind = Kind::notFinite, .detail = shortened(infinite)}, placeOf(infinite),
+                 helpForValue(property, text));
   }
   return true;
 }
