@@ -2,29 +2,28 @@
 
 #include <langinfo.h>
 
-#include <cmath>
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 #include <string>
 #include <string_view>
 
 #include "vantry/base/text_errors.h"
+#include "vantry/base/word_table.h"
+#include "vantry/check/names.h"
 #include "vantry/check/values.h"
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/jvd_writer.h"
 #include "vantry/javaview/jvx_writer.h"
-#include "vantry/plot/elements/expr.h"
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/elements/img.h"
 #include "vantry/plot/elements/scene.h"
-#include "vantry/plot/elements/time_range.h"
-#include "vantry/plot/elements/tr.h"
 #include "vantry/plot/elements/transform.h"
 
 namespace vantry::check {
 
 namespace Word = base::Word;
 using plot::elementCast;
-using plot::firstChildOf;
 using plot::firstOf;
 using plot::isElementOf;
 
@@ -39,6 +38,28 @@ void Review::addAtValue(const Finding& finding, const dom::Node& element, Token 
                 std::move(help));
 }
 
+// It is the end that is pointed at.
+void Review::addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
+                         const std::string& effect) {
+  addAtValue(
+      {.kind = Kind::reversedRange, .subject = end.str(), .element = begin.str(), .detail = effect},
+      element, attribute,
+      {std::string("the smaller number is that of ") + begin.str(),
+       element.findProperty(end) ? defaultsInWords(element, {begin, end}) : ""});
+}
+
+/// What stands in for those of the attributes that the document does not have, as a sentence. It is
+/// the same for all of them.
+std::string Review::defaultsInWords(const PlotElement& element, Names names) const {
+  std::vector<Token> missing;
+  const std::size_t tag = origins_.tagOf(element);
+  std::ranges::copy_if(names, std::back_inserter(missing),
+                       [&](Token name) { return !source_.valueIn(tag, name.str()); });
+  if (missing.empty()) return {};
+  const std::string value = defaultText(*element.findProperty(missing.front()));
+  return listOf(missing) + (missing.size() == 1 ? " is " : " are ") + value + " where not given";
+}
+
 void Review::run() {
   const PlotElement* canvas = document_.documentElement();
   if (!canvas) return;
@@ -50,15 +71,6 @@ void Review::run() {
   const bool isUnicode = std::string_view(nl_langinfo(CODESET)) == "UTF-8";
   const bool isDoubtful = !isUnicode || findings_.has(Kind::textNotInLocale);
   if (isDoubtful && !findings_.hasErrors()) tryToWriteTexts();
-}
-
-void Review::reviewTimeRange(const PlotElement& canvas) {
-  const auto* range = firstChildOf<plot::TimeRange>(canvas);
-  hasTimeRange_ = range != nullptr;
-  if (range && !std::isfinite(range->timeEnd() - range->timeBegin())) {
-    add({.kind = Kind::endlessTimeRange}, *range,
-        {"write numbers for TimeBegin and TimeEnd that are not so far apart"});
-  }
 }
 
 void Review::reviewTexts(const PlotElement& canvas) {
@@ -83,14 +95,6 @@ constexpr auto firstScene = firstOf<plot::SceneBase, plot::Scene2d, plot::Scene3
 constexpr auto firstSystem =
     firstOf<plot::CoordinateSystemBase, plot::CoordinateSystem2d, plot::CoordinateSystem3d>;
 
-template <class Min, class Max>
-std::optional<Interval> boundsOf(const plot::CoordinateSystemBase& system) {
-  const auto* min = firstChildOf<Min>(system);
-  const auto* max = firstChildOf<Max>(system);
-  if (!min || !max || !(max->value() > min->value())) return std::nullopt;
-  return Interval{min->value(), max->value()};
-}
-
 }  // namespace
 
 void Review::reviewScenes(const PlotElement& canvas) {
@@ -108,7 +112,7 @@ void Review::reviewScenes(const PlotElement& canvas) {
     add({.kind = Kind::leftOut,
          .subject = second->tagName().str(),
          .detail = "the first scene of a document is converted"},
-        *second);
+        *second, {"put it into a document of its own"});
   }
   is2d_ = isElementOf<plot::Scene2d>(*scene);
   const auto* system = firstSystem(scene->firstChild());
@@ -125,11 +129,17 @@ void Review::reviewScenes(const PlotElement& canvas) {
     add({.kind = Kind::leftOut,
          .subject = second->tagName().str(),
          .detail = "the first coordinate system of a scene is converted"},
-        *second);
+        *second, {"put what it holds into the first one"});
   }
-  box_ = {boundsOf<plot::ViewingBoxXMin, plot::ViewingBoxXMax>(*system),
-          boundsOf<plot::ViewingBoxYMin, plot::ViewingBoxYMax>(*system),
-          boundsOf<plot::ViewingBoxZMin, plot::ViewingBoxZMax>(*system)};
+  for (const PlotElement* part :
+       {&canvas, static_cast<const PlotElement*>(scene), static_cast<const PlotElement*>(system)}) {
+    reviewLeftOut(*part);
+  }
+  reviewBounds(*system);
+  if (!is2d_) {
+    reviewCameras(*system);
+    reviewLights(*scene, *system);
+  }
   reviewCoordinateSystem(*system);
 }
 
@@ -181,6 +191,7 @@ void Review::reviewObject(const plot::ObjectBase& object, bool isTransformed) {
         object, {"put what is to be drawn into it as " + tagsOf(image)});
     return;
   }
+  if (object.visible()) reviewLeftOut(object);
   reviewImages(object, image);
   reviewAnimation(object, image);
   if (!isTransformed) reviewExtent(object, image);
@@ -195,24 +206,52 @@ void Review::reviewImages(const plot::ObjectBase& object, Token image) {
   }
 }
 
-void Review::reviewAnimation(const PlotElement& element, Token frame) {
-  if (hasTimeRange_) return;
-  int frames = 0;
-  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
-    if (child->nodeName() == frame) ++frames;
+namespace {
+
+// clang-format off
+constexpr struct {
+  Token element;
+  std::string_view way;  // to what does reach the files, as a sentence
+} leftOutElements[] = {
+    {Word::Header,       "a text in the plot is a Text2d or Text3d"},
+    {Word::Footer,       "a text in the plot is a Text2d or Text3d"},
+    {Word::Title,        "a text in the plot is a Text2d or Text3d"},
+    {Word::View2d,       "what a display shows is the viewing box"},
+    {Word::View3d,       "an object of the type Camera with a Camera in it says from where to look"},
+    {Word::ClippingBox,  "what a display shows is the viewing box"},
+    {Word::AxesOriginX,  ""},
+    {Word::AxesOriginY,  ""},
+    {Word::AxesOriginZ,  ""},
+    {Word::XTicksAnchor, "XTicksDistance says how far the tick marks are apart"},
+    {Word::YTicksAnchor, "YTicksDistance says how far the tick marks are apart"},
+    {Word::ZTicksAnchor, "ZTicksDistance says how far the tick marks are apart"},
+    {Word::XTicksAt,     "XTicksDistance says how far the tick marks are apart"},
+    {Word::YTicksAt,     "YTicksDistance says how far the tick marks are apart"},
+    {Word::ZTicksAt,     "ZTicksDistance says how far the tick marks are apart"},
+    {Word::Plane,        "it can be drawn as a Mesh3d with UMesh=\"2\" and VMesh=\"2\""},
+};
+// clang-format on
+
+constexpr auto leftOutNumbers =
+    base::rowNumbers(leftOutElements, [](const auto& row) { return row.element; });
+
+}  // namespace
+
+void Review::reviewLeftOut(const PlotElement& parent) {
+  for (const dom::Node* child = parent.firstChild(); child; child = child->nextSibling()) {
+    reportLeftOut(*child);
   }
-  bool isAnimated = frames > 1;
-  for (const Token bound : {Word::ParameterBegin, Word::ParameterEnd}) {
-    isAnimated = isAnimated || element.firstChildByName(bound);
-  }
-  for (const Token time :
-       {Word::TimeBegin, Word::TimeEnd, Word::VisibleBeforeBegin, Word::VisibleAfterEnd}) {
-    isAnimated = isAnimated || element.hasAttribute(time);
-  }
-  if (isAnimated) {
-    add({.kind = Kind::noTimeRange, .element = element.tagName().str()}, element,
-        {"put <TimeRange TimeBegin=\"0\" TimeEnd=\"4\"/> into the Canvas"});
-  }
+}
+
+/// Whether the element is one that shows something in a plot, and reaches no file.
+bool Review::reportLeftOut(const dom::Node& element) {
+  const std::size_t number = leftOutNumbers[element.nodeName()];
+  if (number == 0) return false;
+  add({.kind = Kind::leftOut,
+       .subject = element.nodeName().str(),
+       .detail = "it has no place in the files"},
+      element, {std::string(leftOutElements[number - 1].way)});
+  return true;
 }
 
 // Not all texts are written, and nobody but the writers knows which.

@@ -12,9 +12,12 @@
 #include "vantry/check/findings.h"
 #include "vantry/plot/document.h"
 #include "vantry/plot/elements/arc2d.h"
+#include "vantry/plot/elements/box.h"
 #include "vantry/plot/elements/coordinate_system.h"
+#include "vantry/plot/elements/density_array2d.h"
 #include "vantry/plot/elements/mesh3d.h"
 #include "vantry/plot/elements/object.h"
+#include "vantry/plot/elements/scene.h"
 #include "vantry/plot/elements/surf3d.h"
 
 namespace vantry::check {
@@ -27,6 +30,10 @@ struct Interval {
 
 /// The bounds of the viewing box along x, y and z, where both are given and in their order.
 using ViewingBox = std::array<std::optional<Interval>, 3>;
+
+/// Whether an element is a light, and whether objects of a type are lights, whichever they have.
+bool isLight(const dom::Node& node);
+bool isLightType(Token type);
 
 /// Finds in the tree of a document what is wrong with it though each of its parts is right: for
 /// what reasons it cannot be converted, and what of it is hardly meant. What lost a part while it
@@ -43,32 +50,54 @@ class Review {
   void add(const Finding& finding, const dom::Node& element, std::vector<std::string> help = {});
   void addAtValue(const Finding& finding, const dom::Node& element, Token attribute,
                   std::vector<std::string> help = {});
+  void addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
+                   const std::string& effect);
+  using Names = std::initializer_list<Token>;
+  std::string defaultsInWords(const PlotElement& element, Names names) const;
 
   // review.cpp: what is converted of the document.
-  void reviewTimeRange(const PlotElement& canvas);
   void reviewTexts(const PlotElement& canvas);
   void reviewScenes(const PlotElement& canvas);
   void reviewCoordinateSystem(const plot::CoordinateSystemBase& system);
   void reviewTransform(const PlotElement& transform, Token frame);
   void reviewObject(const plot::ObjectBase& object, bool isTransformed);
   void reviewImages(const plot::ObjectBase& object, Token image);
-  void reviewAnimation(const PlotElement& element, Token frame);
+  void reviewLeftOut(const PlotElement& parent);
+  bool reportLeftOut(const dom::Node& element);
   void tryToWriteTexts();
+
+  // review_display.cpp: what an object is seen in.
+  void reviewBounds(const plot::CoordinateSystemBase& system);
+  void reviewNumber(const PlotElement& parent, Token name, Token partner = {});
+  void reviewCameras(const plot::CoordinateSystemBase& system);
+  bool reviewCamera(const plot::ObjectBase& object);
+  void reviewLights(const plot::SceneBase& scene, const plot::CoordinateSystemBase& system);
+
+  // review_animation.cpp: what moves.
+  void reviewTimeRange(const PlotElement& canvas);
+  void reviewAnimation(const PlotElement& element, Token frame);
+  void reviewStandstill(const PlotElement& element, Token frame);
+  void reviewFrames(const PlotElement& element, Token frame);
 
   // review_primitives.cpp: what objects are made of.
   void reviewPrimitive(const PlotElement& primitive, const plot::ObjectBase& object);
-  void reviewDrawing(const PlotElement& primitive, const plot::ObjectBase& object);
   void reviewCounts(const PlotElement& primitive);
   void reviewMesh(const plot::Mesh3d& mesh);
   void reviewSurface(const plot::Surf3d& surface);
-  void reviewField(const PlotElement& field, std::int64_t vectors,
-                   std::initializer_list<std::int32_t> sides);
+  void reviewField(const PlotElement& field, std::int64_t vectors, Names sides);
   void reviewArc(const plot::Arc2d& arc);
+  void reviewBox(const plot::Box& box);
   void reviewColors(const PlotElement& primitive);
+  void reviewCells(const plot::DensityArray2d& array);
+
+  // review_drawing.cpp: what is to be seen of them.
+  void reviewDrawing(const PlotElement& primitive, const plot::ObjectBase& object);
+  void reviewSight(const PlotElement& primitive);
   void reviewExtent(const plot::ObjectBase& object, Token image);
 
   // review_styles.cpp
   void reviewStyles(const PlotElement& canvas);
+  void reviewSceneStyles(const PlotElement& canvas);
 
   plot::PlotDocument& document_;
   const Origins& origins_;

@@ -3,24 +3,19 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
-#include <sstream>
+#include <functional>
+#include <iterator>
 
+#include "vantry/check/names.h"
 #include "vantry/check/review.h"
 #include "vantry/check/values.h"
 #include "vantry/javaview/emit_plane.h"
 #include "vantry/javaview/export_error.h"
 #include "vantry/plot/elements/arc2d.h"
-#include "vantry/plot/elements/camera.h"
-#include "vantry/plot/elements/clipping_box.h"
 #include "vantry/plot/elements/field2d.h"
 #include "vantry/plot/elements/field3d.h"
-#include "vantry/plot/elements/img.h"
-#include "vantry/plot/elements/lights.h"
 #include "vantry/plot/elements/lines3d.h"
 #include "vantry/plot/elements/mesh3d.h"
-#include "vantry/plot/elements/plane.h"
-#include "vantry/plot/elements/poly3d.h"
 #include "vantry/plot/elements/surf3d.h"
 #include "vantry/reader/data_parsing.h"
 
@@ -39,34 +34,6 @@ void Review::reviewPrimitive(const PlotElement& primitive, const ObjectBase& obj
 
 namespace {
 
-/// Whether a primitive is drawn as what its object is, and not for its own sake.
-bool isCameraOrLight(const PlotElement& primitive) {
-  return isElementOf<Camera, AmbientLight, PointLight, DistantLight, SpotLight>(primitive);
-}
-
-bool isLeftOut(const PlotElement& primitive) {
-  return isElementOf<plot::Plane, plot::ClippingBox>(primitive);
-}
-
-}  // namespace
-
-void Review::reviewDrawing(const PlotElement& primitive, const ObjectBase& object) {
-  const std::string name = primitive.tagName().str();
-  if (isCameraOrLight(primitive) && object.localType() != primitive.tagName()) {
-    add({.kind = Kind::imageNotDrawn, .subject = name, .detail = object.localType().str()},
-        primitive, {"give the object the type " + name});
-  } else if (isLeftOut(primitive)) {
-    add({.kind = Kind::leftOut, .subject = name, .detail = "it has no place in the files"},
-        primitive);
-  } else if (const auto* polygon = elementCast<Poly3d>(&primitive);
-             polygon && polygon->filled() && polygon->points.size() > 3) {
-    add({.kind = Kind::leftOut, .subject = name, .detail = "in space only a triangle is filled"},
-        primitive, {"with Filled=\"0\" and LinesVisible=\"1\" it is a curve"});
-  }
-}
-
-namespace {
-
 /// The points that a mesh needs: its columns and rows.
 struct Grid {
   explicit Grid(const Mesh3d& mesh)
@@ -81,26 +48,23 @@ struct Grid {
   std::int64_t rows;
 };
 
-/// How many cells a grid has, and at most one more than `limit`.
-std::int64_t cellsUpTo(std::int64_t limit, std::initializer_list<std::int32_t> sides) {
-  std::int64_t cells = 1;
-  for (const std::int32_t side : sides) cells = cells > limit / side ? limit + 1 : cells * side;
-  return cells;
-}
-
-/// The points that one face takes, and how many belong to none.
+/// How the points of a surface become faces.
 struct Faces {
-  std::int64_t least;
-  std::int64_t unused;
+  Token type;
+  std::int64_t least;    // points of the first face
+  std::int64_t further;  // points of each other one
+  std::string_view words;
 };
 
-Faces facesOf(const Surf3d& surface) {
-  const auto points = std::ssize(surface.points);
-  if (surface.type() == Word::Triangles) return {3, points % 3};
-  if (surface.type() == Word::Quads) return {4, points % 4};
-  if (surface.type() == Word::QuadStrip) return {4, points % 2};
-  return {3, 0};
-}
+// clang-format off
+constexpr Faces faces[] = {
+    {Word::Triangles,     3, 3, "each face has three points of its own"},
+    {Word::TriangleStrip, 3, 1, "the first face has three points, and each point behind them makes another one"},
+    {Word::TriangleFan,   3, 1, "the first face has three points, and each point behind them makes another one"},
+    {Word::Quads,         4, 4, "each face has four points of its own"},
+    {Word::QuadStrip,     4, 2, "the first face has four points, and each two behind them make another one"},
+};
+// clang-format on
 
 }  // namespace
 
@@ -108,17 +72,18 @@ void Review::reviewCounts(const PlotElement& primitive) {
   if (const auto* mesh = elementCast<Mesh3d>(&primitive)) reviewMesh(*mesh);
   if (const auto* surface = elementCast<Surf3d>(&primitive)) reviewSurface(*surface);
   if (const auto* arc = elementCast<Arc2d>(&primitive)) reviewArc(*arc);
+  if (const auto* box = elementCast<Box>(&primitive)) reviewBox(*box);
+  if (const auto* array = elementCast<DensityArray2d>(&primitive)) reviewCells(*array);
   if (const auto* lines = elementCast<Lines3d>(&primitive);
       lines && lines->type() == Word::Lines && lines->points.size() % 2 == 1) {
     add({.kind = Kind::oddPoints, .detail = counted(std::ssize(lines->points), "point")}, *lines,
         {"with Type=\"LineStrip\" each point is joined with the next"});
   }
   if (const auto* plane = elementCast<Field2d>(&primitive)) {
-    reviewField(*plane, std::ssize(plane->points), {plane->xMesh(), plane->yMesh()});
+    reviewField(*plane, std::ssize(plane->points), {Word::XMesh, Word::YMesh});
   }
   if (const auto* space = elementCast<Field3d>(&primitive)) {
-    reviewField(*space, std::ssize(space->points),
-                {space->xMesh(), space->yMesh(), space->zMesh()});
+    reviewField(*space, std::ssize(space->points), {Word::XMesh, Word::YMesh, Word::ZMesh});
   }
 }
 
@@ -131,57 +96,123 @@ void Review::reviewMesh(const Mesh3d& mesh) {
        .element = mesh.tagName().str(),
        .detail = counted(points, "point") + " for " + grid.inWords()},
       mesh,
-      {"a row has (UMesh-1)*(USubmesh+1)+1 points, and there are (VMesh-1)*(VSubmesh+1)+1 rows"});
+      {"a row has (UMesh-1)*(USubmesh+1)+1 points, and there are (VMesh-1)*(VSubmesh+1)+1 rows",
+       defaultsInWords(mesh, {Word::UMesh, Word::VMesh})});
 }
 
 void Review::reviewSurface(const Surf3d& surface) {
-  const Property& type = *surface.findProperty(Word::Type);
-  if (std::ranges::find(type.allowedWords(), surface.type()) == type.allowedWords().end()) {
-    return add({.kind = Kind::missingSurfaceType}, surface, {"Type is " + typeInWords(type)});
+  const auto* row = std::ranges::find(faces, surface.type(), &Faces::type);
+  if (row == std::end(faces)) {
+    return add({.kind = Kind::missingSurfaceType}, surface,
+               {"Type is " + typeInWords(*surface.findProperty(Word::Type))});
   }
   const auto points = std::ssize(surface.points);
-  const Faces faces = facesOf(surface);
+  const std::string name = surface.tagName().str();
   const std::string count = counted(points, "point");
-  if (points > 0 && points < faces.least) {
+  const std::string help = std::string("with Type=\"") + row->type.str() + "\" ";
+  if (points > 0 && points < row->least) {
     add({.kind = Kind::tooFewPoints,
-         .element = surface.tagName().str(),
-         .detail = count + " for a face of " + counted(faces.least, "point")},
-        surface, {"write the points of a first face, or leave the Surf3d out"});
-  } else if (faces.unused > 0) {
+         .element = name,
+         .detail = count + " for a face of " + counted(row->least, "point")},
+        surface, {help + std::string(row->words)});
+  } else if (const std::int64_t unused = (points - row->least) % row->further;
+             points > 0 && unused > 0) {
     add({.kind = Kind::extraPoints,
-         .element = surface.tagName().str(),
-         .detail =
-             count + " as " + surface.type().str() + " leave " + std::to_string(faces.unused)},
-        surface);
+         .element = name,
+         .detail = count + " as " + surface.type().str() + " leave " + std::to_string(unused)},
+        surface, {help + std::string(row->words)});
   }
 }
 
-// A field with too few vectors is left out without a word.
-void Review::reviewField(const PlotElement& field, std::int64_t vectors,
-                         std::initializer_list<std::int32_t> sides) {
-  const std::int64_t places = cellsUpTo(vectors, sides);
-  if (vectors == places) return;
+// A field with too few vectors is left out without a word. The product of its sides may be too
+// large for any integer.
+void Review::reviewField(const PlotElement& field, std::int64_t vectors, Names sides) {
+  std::int64_t places = 1;
+  std::string names;
   std::string grid;
-  for (const std::int32_t side : sides) grid += (grid.empty() ? "" : " by ") + std::to_string(side);
-  const std::string detail = counted(vectors, "vector") + " for " + grid + " places";
-  const std::string name = field.tagName().str();
-  if (vectors < places) {
-    add({.kind = Kind::leftOut, .subject = name, .detail = detail}, field);
-  } else {
-    add({.kind = Kind::extraPoints, .element = name, .detail = detail}, field);
+  for (const Token name : sides) {
+    const std::int64_t side = propertyValue<std::int32_t>(field, name);
+    places = places > vectors / side ? vectors + 1 : places * side;
+    const char* by = grid.empty() ? "" : " by ";
+    names += std::string(by) + name.str();
+    grid += by + std::to_string(side);
   }
+  if (vectors == places) return;
+  const bool isShort = vectors < places;
+  const std::string name = field.tagName().str();
+  add({.kind = isShort ? Kind::leftOut : Kind::extraPoints,
+       .subject = name,
+       .element = name,
+       .detail = counted(vectors, "vector") + " for " + grid + " places"},
+      field,
+      {"a field has a vector for each of " + names + " places", defaultsInWords(field, sides)});
 }
 
-// No arc with small angles is endless. What is written of any other goes nowhere.
-void Review::reviewArc(const Arc2d& arc) {
+namespace {
+
+/// Whether the steps along an arc would never end. No arc with small angles is like that; what is
+/// written of any other goes nowhere.
+bool isEndless(const Arc2d& arc) {
   constexpr double small = 1e5;
-  if (std::abs(arc.startAngle()) < small && std::abs(arc.endAngle()) < small) return;
+  if (std::abs(arc.startAngle()) < small && std::abs(arc.endAngle()) < small) return false;
   javaview::GeometryOutput nowhere;
   try {
     javaview::emitArc2d(nowhere, arc);
+    return false;
   } catch (const javaview::JavaViewExportError&) {
-    add({.kind = Kind::endlessArc}, arc, {"a full turn is 6.283185, as angles are in radians"});
+    return true;
   }
+}
+
+}  // namespace
+
+void Review::reviewArc(const Arc2d& arc) {
+  if (isEndless(arc)) {
+    add({.kind = Kind::endlessArc}, arc, {"a full turn is 6.283185, as angles are in radians"});
+  } else if (arc.endAngle() < arc.startAngle()) {
+    addReversed(arc, Word::EndAngle, Word::StartAngle, Word::EndAngle,
+                "nothing of this Arc2d is drawn");
+  }
+}
+
+namespace {
+
+struct BoxSide {
+  char axis;
+  Token min;
+  Token max;
+};
+
+constexpr BoxSide boxSides[] = {
+    {'x', Word::XMin, Word::XMax}, {'y', Word::YMin, Word::YMax}, {'z', Word::ZMin, Word::ZMax}};
+
+}  // namespace
+
+// A box may be flat or upside down on purpose, but hardly with a bound that stands in for a missing
+// one. The first side is enough.
+void Review::reviewBox(const Box& box) {
+  for (const auto& [axis, minName, maxName] : boxSides) {
+    const double min = propertyValue<double>(box, minName);
+    const double max = propertyValue<double>(box, maxName);
+    const double standIn = -1;
+    if (!(max <= min) || (min != standIn && max != standIn)) continue;
+    const std::string effect = max < min ? "this Box is upside down" : "this Box is flat";
+    return addReversed(box, maxName, minName, maxName, effect + " along " + axis);
+  }
+}
+
+// Where all numbers are the same, their colour is FillColor.
+void Review::reviewCells(const DensityArray2d& array) {
+  const Token type = array.fillColorType();
+  if (isOneOf(type, Word::Monochrome, Word::Dichromatic, Word::Rainbow)) return;
+  const auto& values = array.values;
+  if (std::ranges::adjacent_find(values, std::not_equal_to()) == values.end()) return;
+  addAtValue({.kind = Kind::blackCells,
+              .subject = Word::FillColorType.str(),
+              .element = array.tagName().str(),
+              .detail = type.str()},
+             array, Word::FillColorType,
+             {"with FillColorType=\"Dichromatic\" they have colours from FillColor to FillColor2"});
 }
 
 namespace {
@@ -224,71 +255,6 @@ void Review::reviewColors(const PlotElement& primitive) {
     const std::string axis = is2d_ ? "Y" : "Z";
     add(finding, primitive,
         {"give the coordinate system a ViewingBox" + axis + "Min and a ViewingBox" + axis + "Max"});
-  }
-}
-
-namespace {
-
-/// The box around points.
-class Extent {
- public:
-  void add(const P2& p) { add(std::array{p.x, p.y}); }
-  void add(const P3& p) { add(std::array{p.x, p.y, p.z}); }
-
-  bool isEmpty() const { return !(axes_[0].min <= axes_[0].max); }
-  const Interval& axis(std::size_t index) const { return axes_[index]; }
-
- private:
-  template <std::size_t size>
-  void add(const std::array<double, size>& coordinates) {
-    for (std::size_t i = 0; i < size; ++i) {
-      axes_[i].min = std::min(axes_[i].min, coordinates[i]);
-      axes_[i].max = std::max(axes_[i].max, coordinates[i]);
-    }
-  }
-
-  static constexpr double infinity = std::numeric_limits<double>::infinity();
-  static constexpr Interval nothing{infinity, -infinity};
-  std::array<Interval, 3> axes_ = {nothing, nothing, nothing};
-};
-
-/// Adds the points of a primitive. False for one that is not where its points are.
-bool addPoints(const PlotElement& primitive, Extent& extent) {
-  if (isElementOf<Field2d, Field3d>(primitive)) return false;
-  if (const P2List* list = pointsInPlane(&primitive)) {
-    for (const P2& point : list->points) extent.add(point);
-    return true;
-  }
-  if (const P3List* list = pointsInSpace(&primitive)) {
-    for (const P3& point : list->points) extent.add(point);
-    return true;
-  }
-  return false;
-}
-
-}  // namespace
-
-// An object that has anything but lists of points in it is not judged, nor is one that moves.
-void Review::reviewExtent(const ObjectBase& object, Token image) {
-  Extent extent;
-  for (const dom::Node* frame = object.firstChild(); frame; frame = frame->nextSibling()) {
-    if (frame->nodeName() != image) continue;
-    for (const dom::Node* child = frame->firstChild(); child; child = child->nextSibling()) {
-      const PlotElement* primitive = PlotElement::from(child);
-      if (!primitive || !addPoints(*primitive, extent)) return;
-    }
-  }
-  if (extent.isEmpty()) return;
-  for (std::size_t i = 0; i < box_.size(); ++i) {
-    const Interval& axis = extent.axis(i);
-    if (!box_[i] || !(axis.max < box_[i]->min || axis.min > box_[i]->max)) continue;
-    std::ostringstream detail;
-    detail << "xyz"[i] << " is from " << axis.min << " to " << axis.max << ", and the box is from "
-           << box_[i]->min << " to " << box_[i]->max;
-    return add({.kind = Kind::outsideViewingBox,
-                .element = object.tagName().str(),
-                .detail = detail.str()},
-               object);
   }
 }
 

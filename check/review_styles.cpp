@@ -1,6 +1,7 @@
 // What is wrong with the styles of a document.
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
@@ -27,6 +28,9 @@ struct Part {
   Position end;  // behind the last element in it
 };
 
+constexpr Token classesWithStyles[] = {Word::Obj2d, Word::Obj3d, Word::Transform2d,
+                                       Word::Transform3d};
+
 /// What of a document takes values of styles, by type and class.
 class Takers {
  public:
@@ -47,7 +51,7 @@ class Takers {
   /// The classes of that type that are in a part of the document.
   std::vector<Token> classesIn(Token type, Part part) const {
     std::vector<Token> classes;
-    for (const Token name : {Word::Obj2d, Word::Obj3d, Word::Transform2d, Word::Transform3d}) {
+    for (const Token name : classesWithStyles) {
       if (firstIn(type, name, part) < part.end) classes.push_back(name);
     }
     return classes;
@@ -101,6 +105,14 @@ bool isTakenBy(const std::vector<Token>& classes, Token property) {
                              [=](Token name) { return factsOf(name)->property(property); });
 }
 
+/// The classes that take a value of styles, as a sentence.
+std::string takersInWords(Token property) {
+  std::vector<Token> takers;
+  std::ranges::copy_if(classesWithStyles, std::back_inserter(takers),
+                       [=](Token name) { return factsOf(name)->property(property); });
+  return takers.empty() ? "" : std::string(property.str()) + " is for " + listOf(takers);
+}
+
 bool isStyle(const dom::Node& node) { return isElementOf<ObjStyle>(node); }
 
 bool hasStyles(const PlotElement& canvas) {
@@ -114,7 +126,38 @@ bool hasStyles(const PlotElement& canvas) {
 
 }  // namespace
 
+namespace {
+
+/// A style of a canvas, what takes it, and where that is.
+struct SceneStyle {
+  Token style;
+  Token taker;
+  Token scene;
+};
+
+constexpr SceneStyle sceneStyles[] = {
+    {Word::Scene2dStyle, Word::Scene2d, Word::Scene2d},
+    {Word::Scene3dStyle, Word::Scene3d, Word::Scene3d},
+    {Word::CoordinateSystem2dStyle, Word::CoordinateSystem2d, Word::Scene2d},
+    {Word::CoordinateSystem3dStyle, Word::CoordinateSystem3d, Word::Scene3d},
+};
+
+}  // namespace
+
+// In a scene there are such styles of its own dimension alone.
+void Review::reviewSceneStyles(const PlotElement& canvas) {
+  if (origins_.isDamaged(canvas)) return;
+  for (const auto& [name, taker, scene] : sceneStyles) {
+    const dom::Node* style = canvas.firstChildByName(name);
+    if (!style || canvas.firstChildByName(scene)) continue;
+    const bool isPlane = scene == Word::Scene2d;
+    add({.kind = Kind::styleWithoutObject, .subject = taker.str()}, *style,
+        {std::string("what is drawn is in ") + (isPlane ? "space" : "the plane")});
+  }
+}
+
 void Review::reviewStyles(const PlotElement& canvas) {
+  reviewSceneStyles(canvas);
   if (!hasStyles(canvas)) return;
   const Takers takers(canvas);
   dom::walkSubtree<const dom::Node>(canvas, [&](const dom::Node& node) {
@@ -125,8 +168,9 @@ void Review::reviewStyles(const PlotElement& canvas) {
     const std::vector<Token> classes = takers.classesIn(type, part);
     if (classes.empty()) {
       if (type == Word::Default) return true;
-      addAtValue({.kind = Kind::styleWithoutObject, .subject = type.str()}, *style, Word::Type,
-                 {question(takers.nearestType(type))});
+      addAtValue({.kind = Kind::styleWithoutObject,
+                  .subject = std::string("object of the type ") + type.str()},
+                 *style, Word::Type, {question(takers.nearestType(type))});
       return true;
     }
     if (takers.firstIn(type, part) < takers.partOf(*style).begin) {
@@ -134,7 +178,8 @@ void Review::reviewStyles(const PlotElement& canvas) {
     }
     for (const auto& [name, value] : style->attributes()) {
       if (isOneOf(name, Word::Type, Word::Id) || isTakenBy(classes, name)) continue;
-      addAtValue({.kind = Kind::unusedStyleValue, .subject = name.str()}, *style, name);
+      addAtValue({.kind = Kind::unusedStyleValue, .subject = name.str()}, *style, name,
+                 {takersInWords(name), "this style is for " + listOf(classes)});
     }
     return true;
   });
