@@ -8,9 +8,15 @@ namespace Word = vantry::base::Word;
 using namespace std::string_view_literals;
 using namespace vantry::check;
 
+namespace {
+
+/// Numbers that are no ordinary ones.
+constexpr const char* rareNumbers[] = {"nan", "inf", "-inf", "-1", "-2.5", "1e300", "0"};
+
+}  // namespace
+
 std::string DocumentMaker::number() {
-  static constexpr const char* const rare[] = {"nan", "inf", "-1", "1e300", "0"};
-  if (oneIn(40)) return oneOf(rare);
+  if (oneIn(40)) return oneOf(rareNumbers);
   return std::to_string(below(9)) + '.' + std::to_string(below(100));
 }
 
@@ -34,6 +40,7 @@ std::string DocumentMaker::value(const Property& property) {
     case ValueKind::wholeNumber:
       return std::to_string(1 + below(3));
     case ValueKind::number:
+      if (oneIn(100)) return oneOf(rareNumbers);
       return std::to_string(1 + below(4)) + (oneIn(2) ? ".5" : "");
     case ValueKind::color:
       return color();
@@ -43,7 +50,8 @@ std::string DocumentMaker::value(const Property& property) {
       return numbers(3);
     case ValueKind::word: {
       static constexpr Token types[] = {Word::Default, Word::Curve2d, Word::Sphere, Word::Box};
-      return oneOf(types).str();
+      static constexpr Token placedTypes[] = {Word::Camera, Word::PointLight, Word::SpotLight};
+      return (oneIn(8) ? oneOf(placedTypes) : oneOf(types)).str();
     }
     case ValueKind::font:
       return oneIn(4) ? "Caf\xC3\xA9 10" : "serif 10 Bold";
