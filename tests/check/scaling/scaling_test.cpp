@@ -78,6 +78,26 @@ const std::vector<Shape> shapes = {
      [](std::size_t n) {
        return plane(repeated("<Obj2d Type='K'><Img2d/></Obj2d><ObjStyle Type='K'/>", n));
      }},
+    {"CellsThatAreNotFinite", 200,
+     [](std::size_t n) { return image(repeated("<DensityArray2d>nan</DensityArray2d>", n)); }},
+    {"CellsOfEntitiesThatAreNotFinite", 200,
+     [](std::size_t n) {
+       const std::string array = "<!ENTITY e '<DensityArray2d>nan</DensityArray2d>'>";
+       return "<!DOCTYPE Canvas [" + array + "]>" + image(repeated("&e;", n));
+     }},
+    {"CamerasBesideTheFirst", 200,
+     [](std::size_t n) {
+       return space(repeated("<Obj3d Type='Camera'><Img3d><Camera/></Img3d></Obj3d>", n));
+     }},
+    {"FramesInTheirOrder", 200,
+     [](std::size_t n) {
+       return canvas(
+           "<TimeRange/><Scene2d><CoordinateSystem2d><Obj2d Type='F'>"
+           "<ParameterBegin Val='0'/><ParameterEnd Val='1'/>" +
+           numbered("<Img2d Param='#'/>", n) + "</Obj2d></CoordinateSystem2d></Scene2d>");
+     }},
+    {"PrimitivesThatAreNotDrawn", 200,
+     [](std::size_t n) { return image(repeated("<Poly2d/>", n)); }},
     {"LongTextsInOtherEncodings", 50,
      [](std::size_t n) {
        const std::string text = "<Text2d Position='1 2'>" + std::string(1000, '\xBF') + "</Text2d>";
