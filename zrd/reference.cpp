@@ -1,5 +1,6 @@
 #include "zrd/reference.h"
 
+#include <algorithm>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -32,7 +33,7 @@ std::string listOf(const Names& names, Show show) {
   return list;
 }
 
-/// What the element contains beside elements, as a sentence.
+/// What the element contains besides elements, as a sentence.
 std::string contentInWords(const ClassFacts& element) {
   if (!element.holdsText) return {};
   const bool isArray = element.name == Word::ColorArray2d || element.name == Word::DensityArray2d;
@@ -43,10 +44,10 @@ std::string contentInWords(const ClassFacts& element) {
 
 /// What holds where an attribute is missing.
 std::string absenceInWords(const ClassFacts& element, const Property& property) {
-  if (element.needs(property.name())) return "must be given";
+  if (element.needs(property.name())) return "none; must be given";
   const std::string text = check::defaultText(property);
-  return (property.isInherited() ? "of the styles, or else " : "") +
-         (text.empty() ? std::string("nothing") : text);
+  return (property.isInherited() ? "from a style, or else " : "") +
+         (text.empty() ? std::string("none") : text);
 }
 
 std::vector<Token> once(const ClassFacts& element, bool isSingle) {
@@ -55,6 +56,13 @@ std::vector<Token> once(const ClassFacts& element, bool isSingle) {
     if (child.isSingle == isSingle) names.push_back(child.name);
   }
   return names;
+}
+
+std::vector<const ClassFacts*> classesByName() {
+  const auto classes = check::documentClasses();
+  std::vector<const ClassFacts*> sorted(classes.begin(), classes.end());
+  std::ranges::sort(sorted, {}, [](const ClassFacts* element) { return nameOf(element->name); });
+  return sorted;
 }
 
 }  // namespace
@@ -66,15 +74,15 @@ void writeReference(std::ostream& out, const ClassFacts& element) {
   const auto writeNames = [&out](const char* what, const std::vector<Token>& names) {
     if (!names.empty()) out << '\n' << what << "\n  " << listOf(names, nameOf) << '\n';
   };
-  writeNames("Is in", element.parents);
-  writeNames("May hold, as often as wanted", once(element, false));
-  writeNames("May hold once each", once(element, true));
+  writeNames("May be in", element.parents);
+  writeNames("May contain any number of", once(element, false));
+  writeNames("May contain at most one each of", once(element, true));
   if (element.properties.empty()) return;
   out << "\nAttributes\n";
   for (const Property* property : element.properties) {
     out << "  " << nameOf(property->name()) << ": " << check::typeInWords(*property) << '\n'
         << "      " << plot::propertyDescription(element.name, property->name()) << '\n'
-        << "      Without it: " << absenceInWords(element, *property) << '\n';
+        << "      Default: " << absenceInWords(element, *property) << '\n';
   }
 }
 
@@ -86,11 +94,11 @@ void writeReferencePage(std::ostream& out, const ClassFacts& element) {
   const auto writeNames = [&out](const char* what, const std::vector<Token>& names) {
     if (!names.empty()) out << "\n**" << what << ":** " << listOf(names, linkTo) << '\n';
   };
-  writeNames("Is in", element.parents);
-  writeNames("May hold, as often as wanted", once(element, false));
-  writeNames("May hold once each", once(element, true));
+  writeNames("May be in", element.parents);
+  writeNames("May contain any number of", once(element, false));
+  writeNames("May contain at most one each of", once(element, true));
   if (!element.properties.empty()) {
-    out << "\n| Attribute | Is | Without it | Meaning |\n|---|---|---|---|\n";
+    out << "\n| Attribute | Value | Default | Meaning |\n|---|---|---|---|\n";
     for (const Property* property : element.properties) {
       out << "| `" << nameOf(property->name()) << "` | " << check::typeInWords(*property) << " | "
           << absenceInWords(element, *property) << " | "
@@ -101,19 +109,18 @@ void writeReferencePage(std::ostream& out, const ClassFacts& element) {
 }
 
 void writeReferenceList(std::ostream& out) {
-  for (const ClassFacts* element : check::documentClasses()) {
+  for (const ClassFacts* element : classesByName()) {
     out << nameOf(element->name) << ": " << plot::elementDescription(element->name) << '\n';
   }
 }
 
 void writeReferenceIndex(std::ostream& out) {
   out << "# The elements\n\n"
-         "What each element may hold: its attributes with their types and defaults, and other\n"
-         "elements. How they work together is described in [the manual](../format.md). These "
-         "pages\n"
-         "are written by `zrd reference --markdown`.\n\n"
+         "Each page lists the attributes of an element, with their types and defaults, and the\n"
+         "elements that it may contain. [The manual](../format.md) describes how they work\n"
+         "together. `zrd reference --markdown` writes these pages.\n\n"
          "| Element | Is |\n|---|---|\n";
-  for (const ClassFacts* element : check::documentClasses()) {
+  for (const ClassFacts* element : classesByName()) {
     out << "| " << linkTo(element->name) << " | " << plot::elementDescription(element->name)
         << " |\n";
   }

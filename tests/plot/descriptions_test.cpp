@@ -77,8 +77,10 @@ TEST_F(Descriptions, SayWhatEachPropertyOfEachElementMeans) {
 }
 
 TEST_F(Descriptions, PreferWhatIsSaidOfTheElement) {
-  EXPECT_EQ(propertyDescription(Word::Camera, Word::Position), "Where the viewer is.");
-  EXPECT_EQ(propertyDescription(Word::Pt2d, Word::Position), "Where the element is.");
+  EXPECT_EQ(propertyDescription(Word::Camera, Word::Position),
+            "The point from which the scene is seen.");
+  EXPECT_EQ(propertyDescription(Word::Pt2d, Word::Position),
+            "The point at which the element is drawn.");
 }
 
 TEST_F(Descriptions, KnowNothingOfOtherNames) {

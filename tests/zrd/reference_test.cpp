@@ -40,18 +40,18 @@ TEST_F(ReferenceCommand, WritesThePagesOfTheManual) {
 
 TEST_F(ReferenceCommand, SaysWhatAnElementMayHold) {
   EXPECT_EQ(outputOf({"--element", "TimeRange"}), R"(TimeRange
-  The span of time of the animation; a document without it stands still.
+  Makes the document an animation, and sets when it begins and ends.
 
-Is in
+May be in
   Canvas
 
 Attributes
   TimeBegin: a number
-      The time at which the animation begins.
-      Without it: 0
+      The time of the first frame.
+      Default: 0
   TimeEnd: a number
-      The time at which the animation ends.
-      Without it: 10
+      The time of the last frame.
+      Default: 10
 )");
 }
 
