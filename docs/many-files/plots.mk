@@ -1,6 +1,6 @@
-# Converts the plots in and below PLOTS whose outputs are missing or older than they are:
+# Converts all plots in PLOTS and the folders below whose outputs are missing or out of date:
 #     make -f plots.mk -j PLOTS=figures
-# "make -f plots.mk clean" takes the outputs away.
+# "make -f plots.mk clean" removes the outputs.
 
 PLOTS ?= plots
 VANTRY ?= vantry
@@ -11,7 +11,7 @@ displays := $(documents:.zrd=.jvd)
 
 all: $(models) $(displays)
 
-# Under another name until it is whole, for a run may fail or be interrupted.
+# An output gets its name when it is complete, because a run may fail or be interrupted.
 %.jvx: %.zrd
 	$(VANTRY) -o $@.new $< && mv $@.new $@ || { rm -f $@.new; false; }
 

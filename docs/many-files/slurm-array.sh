@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# A job array that shares out the plots of a list, a name a line, among so many tasks:
+# A job array that distributes the plots in a list, with one name per line, among its tasks:
 #     find plots -name '*.zrd' > list
 #     sbatch --array=0-9 slurm-array.sh 10 list out
-# Each task converts its part with the processors that it was given. What is new already stays, so one
-# that failed can be run again: sbatch --array=3 slurm-array.sh 10 list out
+# Each task converts its part on the processors that it was given. It skips outputs that are up to date,
+# so a failed task can be repeated: sbatch --array=3 slurm-array.sh 10 list out
 #SBATCH --job-name=plots
 #SBATCH --output=plots-%A-%a.log
 #SBATCH --cpus-per-task=4
