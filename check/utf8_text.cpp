@@ -122,11 +122,13 @@ std::size_t Utf8Text::convertedOffsetOf(std::size_t byte) const {
   const auto next = std::ranges::upper_bound(marks_, byte, {}, &Mark::byte);
   if (next == marks_.begin()) return 0;
   Mark mark = *std::prev(next);
+  if (last_.byte > mark.byte && last_.byte <= byte) mark = last_;
   for (Character character = characterAt(mark.byte); mark.byte + character.size <= byte;
        character = characterAt(mark.byte)) {
     mark.byte += character.size;
     mark.offset += sizeInUtf8(character.code);
   }
+  last_ = mark;
   return mark.offset;
 }
 

@@ -54,6 +54,7 @@ class Utf8Text {
   std::string converted_;
   std::string_view text_;
   std::vector<Mark> marks_;  // at some distance from each other; the first is that of the beginning
+  mutable Mark last_ = {};   // that was asked for; the next is often close behind it
 };
 
 /// The encoding that the declaration of a document names; empty where there is none.

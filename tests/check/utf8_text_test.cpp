@@ -73,7 +73,7 @@ TEST(Utf8Text, FindsPlacesInLongDocumentsToo) {
   for (int i = 0; i < 2000; ++i) document += "\xD8\x35\xDD\x38";
   const Utf8Text utf8(document);
   EXPECT_EQ(utf8.text().size(), 1u + 4 * 2000);
-  for (const std::size_t letter : {0u, 1u, 255u, 256u, 257u, 1999u}) {
+  for (const std::size_t letter : {0u, 1u, 255u, 256u, 257u, 1999u, 1998u, 3u, 2u, 1u, 700u}) {
     EXPECT_EQ(utf8.offsetOf(4 + 4 * letter), 1 + 4 * letter) << letter;
     EXPECT_EQ(utf8.offsetOf(6 + 4 * letter), 1 + 4 * letter) << letter;
   }

@@ -29,6 +29,12 @@ std::string raster(const std::string& cells) {
   return image("<DensityArray2d XMesh='1' YMesh='1'>" + cells + "</DensityArray2d>");
 }
 
+std::string inUtf16(const std::string& ascii) {
+  std::string bytes = "\xFE\xFF";
+  for (const char c : ascii) bytes.append({'\0', c});
+  return bytes;
+}
+
 const std::vector<Shape> shapes = {
     {"ReplacedElements", 300,
      [](std::size_t n) { return canvas(repeated("<Header/>", n) + emptyScene); }},
@@ -38,6 +44,10 @@ const std::vector<Shape> shapes = {
      [](std::size_t n) { return image("<Pts2d>" + repeated("<P2>a b</P2>", n) + "</Pts2d>"); }},
     {"BadPointsInLines", 200,
      [](std::size_t n) { return image("<Pts2d>" + repeated("<P2>a b</P2>\n", n) + "</Pts2d>"); }},
+    {"BadPointsInUtf16", 200,
+     [](std::size_t n) {
+       return inUtf16(image("<Pts2d>" + repeated("<P2>a b</P2>", n) + "</Pts2d>"));
+     }},
     {"PointsThatAreNotFinite", 200,
      [](std::size_t n) { return image(repeated("<Pts2d><P2>1 nan</P2></Pts2d>", n)); }},
     {"ElementsBeyondTheirNumber", 300,
