@@ -29,8 +29,4 @@ std::optional<MarkupMistake> mistakeInUnclosedCdata(std::string_view document);
 /// Text before or behind all elements.
 MarkupMistake textOutside(std::size_t offset);
 
-/// The attribute that is the second of its name in a tag, and begins at `offset`.
-std::optional<MarkupMistake> mistakeInSecondAttribute(std::string_view document,
-                                                      std::size_t offset);
-
 }  // namespace vantry::check

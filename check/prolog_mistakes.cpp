@@ -5,13 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "vantry/check/characters.h"
 #include "vantry/check/values.h"
 
 namespace vantry::check {
 
 namespace {
-
-constexpr std::string_view blanks = " \t\r\n";
 
 // clang-format off
 constexpr struct Declaration {
@@ -61,9 +60,9 @@ PrologPlace findPlace(std::string_view document, std::size_t offset) {
     } else if (rest.starts_with("<!")) {
       place.open.push_back(at++);
     } else if (place.open.empty()) {
-      if (blanks.find(rest[0]) == blanks.npos) return {};
+      if (!isBlank(rest[0])) return {};
       ++at;
-    } else if (rest[0] == '"' || rest[0] == '\'') {
+    } else if (isQuote(rest[0])) {
       at = behind(document, rest.substr(0, 1), at + 1);
       place.isInText = at > offset;
     } else {

@@ -4,11 +4,11 @@
 #include <iterator>
 #include <utility>
 
+#include "vantry/check/characters.h"
+
 namespace vantry::check {
 
 namespace {
-
-constexpr std::string_view blanks = " \t\r\n";
 
 /// Within so many bytes, characters are counted one by one.
 constexpr std::size_t blockSize = 1024;

@@ -7,7 +7,9 @@
 #include <optional>
 #include <utility>
 
+#include "vantry/check/characters.h"
 #include "vantry/check/prolog_mistakes.h"
+#include "vantry/check/tag_mistakes.h"
 
 namespace vantry::check {
 
@@ -68,8 +70,6 @@ constexpr struct {
 
 constexpr const char* helpForEmptyDocument = "a plot document is a Canvas: <Canvas> ... </Canvas>";
 
-bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
-
 /// What the document itself shows of an error.
 std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view document,
                                          std::size_t offset, bool isInElement) {
@@ -80,6 +80,8 @@ std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view doc
       return mistakeInUnclosedToken(document, offset);
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
       return mistakeInUnclosedCdata(document);
+    case XML_ERROR_UNBOUND_PREFIX:
+      return mistakeInPrefix(document, offset);
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
       return mistakeInSecondAttribute(document, offset);
     case XML_ERROR_SYNTAX: {

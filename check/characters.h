@@ -1,0 +1,26 @@
+// The characters that markup is made of, as bytes of UTF-8.
+#pragma once
+
+#include <string_view>
+
+namespace vantry::check {
+
+inline constexpr std::string_view blanks = " \t\r\n";
+
+constexpr bool isBlank(char c) { return blanks.find(c) != std::string_view::npos; }
+constexpr bool isBlank(std::string_view text) {
+  return text.find_first_not_of(blanks) == std::string_view::npos;
+}
+
+constexpr bool isQuote(char c) { return c == '"' || c == '\''; }
+
+/// Whether a name may have this in it; of what is not ASCII, all is taken for a part of names.
+constexpr bool isNameCharacter(char c) {
+  const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  const bool isDigit = c >= '0' && c <= '9';
+  const bool isAscii = static_cast<unsigned char>(c) < 0x80;
+  return isLetter || isDigit || !isAscii ||
+         std::string_view("_:-.").find(c) != std::string_view::npos;
+}
+
+}  // namespace vantry::check
