@@ -43,7 +43,8 @@ std::string attributesInWords(const ClassFacts& facts) {
   constexpr std::size_t few = 12;
   const std::string name = facts.name.str();
   if (facts.properties.empty()) return name + " has no attributes";
-  if (facts.properties.size() > few) return "zrd reference --element " + name + " lists them all";
+  if (facts.properties.size() > few)
+    return "zrd reference --element " + name + " lists its attributes";
   return name + " has " + listOf(facts.propertyNames());
 }
 
@@ -669,13 +670,10 @@ void CheckingReader::reportNotWellFormed() {
   auto [mistake, concernsOpenElement] =
       describeXmlError(parser_.errorCode(), source_.text(), here(), !open_.empty());
   std::vector<std::string> help = std::move(mistake.help);
-  if (concernsOpenElement) {
-    const Span name = source_.nameIn(open_.back());
-    const bool isInEntity = name.size == 0;
-    help.insert(help.begin(), isInEntity ? ""
-                                         : "the element that is open is " +
-                                               shortened(source_.textOf(name)) + " in line " +
-                                               std::to_string(source_.placeOf(name).line));
+  const Span name = concernsOpenElement ? source_.nameIn(open_.back()) : Span();
+  if (name.size > 0) {  // none if the element is in an entity
+    help.insert(help.begin(), "the element that is open is " + shortened(source_.textOf(name)) +
+                                  " in line " + std::to_string(source_.placeOf(name).line));
   }
   findings_.add({.kind = Kind::notWellFormed, .detail = mistake.reason}, {mistake.place, 0},
                 std::move(help));

@@ -46,7 +46,7 @@ Mistake badByte(std::string_view document, std::size_t offset) {
   }
   if (byte < ' ' && !isBlank(document[offset])) {
     return {{"the control character 0x" + base::hexadecimal(byte) + " cannot be here",
-             {"of these, XML has the tab and the ends of lines alone"},
+             {"leave it out; of these, XML has the tab and the ends of lines alone"},
              offset}};
   }
   if (byte < 0x80) return {};

@@ -53,8 +53,9 @@ Character takeCharacter(std::string_view& text) {
   if (size == 0) return {{}, bytes};
   const auto first = static_cast<unsigned char>(bytes[0]);
   char32_t code = size == 1 ? first : first & (0x7F >> size);
-  for (const char byte : bytes.substr(1))
+  for (const char byte : bytes.substr(1)) {
     code = code << 6 | (static_cast<unsigned char>(byte) & 0x3F);
+  }
   return {code, bytes};
 }
 
@@ -145,7 +146,9 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
       << shown(right).text << (isCutRight ? ellipsis : "") << '\n'
       << margin << "| " << blanks(indent) << colors.mark << '^'
       << std::string(static_cast<std::size_t>(std::max(marked, 1) - 1), '~') << colors.end << '\n';
-  for (const std::string& help : diagnostic.help) out << margin << "= " << help << '\n';
+  for (const std::string& help : diagnostic.help) {
+    out << margin << "= " << printable(help) << '\n';
+  }
 }
 
 }  // namespace
@@ -173,8 +176,8 @@ void writeText(std::ostream& out, const FileReport& report, std::string_view doc
     const bool isError = diagnostic.severity == Severity::error;
     out << colors.bold << name << ':' << diagnostic.place.line << ':' << diagnostic.place.column
         << ": " << (isError ? colors.error : colors.warning) << (isError ? "error: " : "warning: ")
-        << colors.end << colors.bold << diagnostic.sentence << colors.end << " [" << diagnostic.code
-        << "]\n";
+        << colors.end << colors.bold << printable(diagnostic.sentence) << colors.end << " ["
+        << diagnostic.code << "]\n";
     writeExcerpt(out, diagnostic, utf8.text(), colors);
   }
 }

@@ -96,11 +96,11 @@ TEST(TextReport, TakesAByteOrderMarkForNoCharacter) {
 // Control characters that are no single byte, and one that turns the text behind it around.
 TEST(TextReport, ShowsNoCharacterThatSteersATerminal) {
   std::ostringstream out;
-  writeText(out, {"a", {{"code", Severity::error, {1, 1, 1, 0}, "s", {}}}},
+  writeText(out, {"a", {{"code", Severity::error, {1, 1, 1, 0}, "s\xC2\x9B", {"h\xC2\x85"}}}},
             "\xC2\x9B"
             "2J\xE2\x80\xAEx",
             false);
-  EXPECT_EQ(out.str(), "a:1:1: error: s [code]\n 1 | ?2J?x\n   | ^\n");
+  EXPECT_EQ(out.str(), "a:1:1: error: s\\xC2\\x9B [code]\n 1 | ?2J?x\n   | ^\n   = h\\xC2\\x85\n");
 }
 
 TEST(TextReport, ShowsNoControlCharacters) {
