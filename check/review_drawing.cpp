@@ -104,6 +104,17 @@ std::ptrdiff_t pointCountOf(const PlotElement& primitive) {
   return std::numeric_limits<std::ptrdiff_t>::max();
 }
 
+/// Whether there are points enough for a part. The lines of a filled mesh are those of its faces.
+bool isPossible(const Part& part, const PlotElement& primitive) {
+  const auto* mesh = elementCast<Mesh3d>(&primitive);
+  if (!mesh || part.visible == Word::PointsVisible) {
+    return pointCountOf(primitive) >= part.leastPoints;
+  }
+  const bool hasRows = mesh->uMesh() > 1;
+  const bool hasColumns = mesh->vMesh() > 1;
+  return mesh->filled() ? hasRows && hasColumns : hasRows || hasColumns;
+}
+
 /// What is there of the parts of a primitive, up to the first one that is to be seen.
 struct Sight {
   explicit Sight(const PlotElement& primitive);
@@ -125,7 +136,7 @@ Sight::Sight(const PlotElement& primitive) {
       continue;
     }
     isWanted = true;
-    if (pointCountOf(primitive) < part.leastPoints) continue;
+    if (!isPossible(part, primitive)) continue;
     isTransparent = propertyValue<RGBA>(primitive, part.color).alpha() == 0;
     isSomething = !isTransparent;
     if (isSomething) return;
@@ -189,6 +200,9 @@ void Review::reviewSight(const PlotElement& primitive) {
     report("it has no points", pointsInPlane(&primitive)
                                    ? "put points into it, such as <P2>0 0</P2>"
                                    : "put points into it, such as <P3>0 0 0</P3>");
+  } else if (sight.isWanted && isElementOf<Mesh3d>(primitive)) {
+    report("it is no more than a row of points",
+           "a row has lines, which Filled=\"0\" shows, but no faces");
   } else if (sight.isWanted) {
     report("it has " + counted(points, "point"), "a line takes two points, and an area three");
   } else {

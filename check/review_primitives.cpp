@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <iterator>
+#include <span>
 
 #include "vantry/check/names.h"
 #include "vantry/check/review.h"
@@ -194,7 +195,8 @@ void Review::reviewBox(const Box& box) {
   for (const auto& [axis, minName, maxName] : boxSides) {
     const double min = propertyValue<double>(box, minName);
     const double max = propertyValue<double>(box, maxName);
-    const double standIn = -1;
+    const double standIn =
+        box.findProperty(minName)->defaultVariant().as<base::DoubleVariant>()->get();
     if (!(max <= min) || (min != standIn && max != standIn)) continue;
     const std::string effect = max < min ? "this Box is upside down" : "this Box is flat";
     return addReversed(box, maxName, minName, maxName, effect + " along " + axis);
@@ -205,8 +207,10 @@ void Review::reviewBox(const Box& box) {
 void Review::reviewCells(const DensityArray2d& array) {
   const Token type = array.fillColorType();
   if (isOneOf(type, Word::Monochrome, Word::Dichromatic, Word::Rainbow)) return;
-  const auto& values = array.values;
-  if (std::ranges::adjacent_find(values, std::not_equal_to()) == values.end()) return;
+  const std::int64_t wanted = std::int64_t{array.xMesh()} * array.yMesh();
+  const auto count = std::min(wanted, std::int64_t{std::ssize(array.values)});
+  const auto cells = std::span(array.values).first(static_cast<std::size_t>(count));
+  if (std::ranges::adjacent_find(cells, std::not_equal_to()) == cells.end()) return;
   addAtValue({.kind = Kind::blackCells,
               .subject = Word::FillColorType.str(),
               .element = array.tagName().str(),

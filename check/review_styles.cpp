@@ -124,22 +124,19 @@ bool hasStyles(const PlotElement& canvas) {
   return found;
 }
 
-}  // namespace
-
-namespace {
-
-/// A style of a canvas, what takes it, and where that is.
+/// A style of a canvas, what takes it, and the scenes with and without that.
 struct SceneStyle {
   Token style;
   Token taker;
   Token scene;
+  Token otherScene;
 };
 
 constexpr SceneStyle sceneStyles[] = {
-    {Word::Scene2dStyle, Word::Scene2d, Word::Scene2d},
-    {Word::Scene3dStyle, Word::Scene3d, Word::Scene3d},
-    {Word::CoordinateSystem2dStyle, Word::CoordinateSystem2d, Word::Scene2d},
-    {Word::CoordinateSystem3dStyle, Word::CoordinateSystem3d, Word::Scene3d},
+    {Word::Scene2dStyle, Word::Scene2d, Word::Scene2d, Word::Scene3d},
+    {Word::Scene3dStyle, Word::Scene3d, Word::Scene3d, Word::Scene2d},
+    {Word::CoordinateSystem2dStyle, Word::CoordinateSystem2d, Word::Scene2d, Word::Scene3d},
+    {Word::CoordinateSystem3dStyle, Word::CoordinateSystem3d, Word::Scene3d, Word::Scene2d},
 };
 
 }  // namespace
@@ -147,12 +144,11 @@ constexpr SceneStyle sceneStyles[] = {
 // In a scene there are such styles of its own dimension alone.
 void Review::reviewSceneStyles(const PlotElement& canvas) {
   if (origins_.isDamaged(canvas)) return;
-  for (const auto& [name, taker, scene] : sceneStyles) {
+  for (const auto& [name, taker, scene, otherScene] : sceneStyles) {
     const dom::Node* style = canvas.firstChildByName(name);
-    if (!style || canvas.firstChildByName(scene)) continue;
-    const bool isPlane = scene == Word::Scene2d;
+    if (!style || canvas.firstChildByName(scene) || !canvas.firstChildByName(otherScene)) continue;
     add({.kind = Kind::styleWithoutObject, .subject = taker.str()}, *style,
-        {std::string("what is drawn is in ") + (isPlane ? "space" : "the plane")});
+        {std::string("what is drawn is in a ") + otherScene.str()});
   }
 }
 
