@@ -20,6 +20,7 @@
 #include "vantry/check/values.h"
 #include "zrd/commands.h"
 #include "zrd/file_content.h"
+#include "zrd/messages.h"
 #include "zrd/option_values.h"
 #include "zrd/plot_search.h"
 
@@ -88,7 +89,7 @@ class Checker {
     const FoundPlots found = findPlots({name});
     for (const FoundPlot& plot : found.plots) checkOnce(plot.name);
     if (found.failures.empty()) return;
-    for (const std::string& failure : found.failures) std::cerr << "zrd: " << failure << '\n';
+    for (const std::string& failure : found.failures) say(failure);
     ++(found.plots.empty() ? withoutPlots_ : notSearched_);
     noteFailure(name, found.plots.empty() ? "there are no plot documents (*.zrd) in it"
                                           : "it could not be searched to its end");
@@ -114,7 +115,7 @@ class Checker {
     show(report, text);
   } catch (const Failure& failure) {
     const std::string reason = failure.what();
-    std::cerr << "zrd: " << check::printable(reason) << '\n';
+    say(reason);
     ++unreadable_;
     noteFailure(name, reason.substr(reason.starts_with(name + ": ") ? name.size() + 2 : 0));
   }

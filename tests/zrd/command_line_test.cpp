@@ -155,7 +155,8 @@ TEST_F(CommandLine, ListsTheWordsThatThereAre) {
 TEST_F(CommandLine, SaysInOneLineWhatIsWrong) {
   const Outcome outcome = run({"show", "two\nlines\x1b[7m.zrd"});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "zrd: two lines [7m.zrd: cannot be opened: No such file or directory\n");
+  EXPECT_EQ(outcome.err,
+            "zrd: two\\x0Alines\\x1B[7m.zrd: cannot be opened: No such file or directory\n");
 }
 
 TEST_F(CommandLine, NoticesThatStandardOutputIsFull) {

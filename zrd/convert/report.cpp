@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "vantry/check/report.h"
 #include "zrd/commands.h"
-#include "zrd/messages.h"
 
 namespace vantry::zrd {
 
@@ -78,7 +78,7 @@ std::size_t ConvertReport::failures() const {
 
 void ConvertReport::say(const std::string& line) {
   progress_.hide();
-  std::cerr << inOneLine(line) << '\n' << std::flush;
+  std::cerr << check::printable(line) << '\n' << std::flush;
 }
 
 void ConvertReport::showProgress() {
