@@ -24,7 +24,8 @@ const planesOf = ({ min, max }: ClipBox): Plane[] => [
   (at) => max.z - at.z,
 ];
 
-function between(a: Corner, b: Corner, part: number): Corner {
+/** What lies between two corners, at a part of the way. */
+export function between(a: Corner, b: Corner, part: number): Corner {
   const channel = (k: 0 | 1 | 2): number => a.color[k] + (b.color[k] - a.color[k]) * part;
   return { at: a.at.clone().lerp(b.at, part), color: [channel(0), channel(1), channel(2)] };
 }

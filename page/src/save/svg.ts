@@ -56,8 +56,19 @@ export function toSvg(plot: Plot): string {
     min: new Vector3().setScalar(-EVERYWHERE),
     max: new Vector3().setScalar(EVERYWHERE),
   };
-  const scope: Scope = { plot, definitions, clip: plot.clipBox, hidden: plot.hidden };
-  const rulerScope: Scope = { ...scope, clip: everywhere, hidden: new Set() };
+  const scope: Scope = {
+    plot,
+    definitions,
+    clip: plot.clipBox,
+    hidden: plot.hidden,
+    nearest: new Map(),
+  };
+  const rulerScope: Scope = {
+    ...scope,
+    clip: everywhere,
+    hidden: new Set(),
+    nearest: new Map(),
+  };
   const shapes = farthestFirst([
     ...scene.faces.flatMap((data) => surfaceShapes(data, scope)),
     ...lineShapes(scene.lines, scope),

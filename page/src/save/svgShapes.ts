@@ -14,7 +14,7 @@ import {
 } from '../scene/batches';
 import type { Plot } from '../scene/plot';
 import { tipLength, type Tip } from '../scene/styles';
-import { clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
+import { between, clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
 import { escape, short, tag, type Definitions } from './svgText';
 
 export interface Shape {
@@ -28,6 +28,21 @@ export interface Scope {
   definitions: Definitions;
   clip: ClipBox;
   hidden: ReadonlySet<number>;
+  /** How near the nearest face is at each of its corners and sides. */
+  nearest: Map<string, number>;
+}
+
+/** What the corners and sides of faces are known by: the pixels where they are. */
+const placeKey = ([x, y]: Pixels): string => `${x.toFixed(1)} ${y.toFixed(1)}`;
+const sideKey = (a: Pixels, b: Pixels): string => [placeKey(a), placeKey(b)].sort().join(' ');
+
+/** Notes a face at its corners and sides, so that these can be drawn after it. */
+function noteFace(places: readonly Pixels[], depth: number, nearest: Map<string, number>): void {
+  places.forEach((place, i) => {
+    for (const key of [placeKey(place), sideKey(place, places[(i + 1) % places.length]!)]) {
+      nearest.set(key, Math.min(depth, nearest.get(key) ?? depth));
+    }
+  });
 }
 
 /** How far what lies on a surface is moved to the front, so that it is drawn after it. */
@@ -35,6 +50,11 @@ const IN_FRONT = 0.004;
 
 /** Colours that differ by less in every channel are one. */
 const SAME_COLOR = 3;
+
+/** A colour so far beside a gradient is seen as an edge between two of them. */
+const SEEN_OFF = 10;
+/** How often a triangle is cut into four for that. */
+const MOST_CUTS = 3;
 
 type Pixels = readonly [number, number, number];
 
@@ -66,31 +86,62 @@ const mean = (colors: readonly Rgb[]): Rgb => {
   return [channel(0), channel(1), channel(2)];
 };
 
-/**
- * One colour, or a gradient between the two that differ most: three colours on a line between them
- * are drawn as they are, others as near as a gradient comes.
- */
+/** Three colours as a run between the two that differ most. */
+interface ColorRun {
+  /** The corners with those two colours, and the third. */
+  from: number;
+  to: number;
+  other: number;
+  /** How much the two differ. */
+  length: number;
+  /** Where the third is nearest to the line between them, and how far it is from there. */
+  part: number;
+  off: number;
+}
+
+function runOf(colors: readonly Rgb[]): ColorRun {
+  const pairs = [
+    [0, 1, 2],
+    [1, 2, 0],
+    [2, 0, 1],
+  ] as const;
+  const apart = pairs.map(([i, j]) => distance(colors[i]!, colors[j]!));
+  const length = Math.max(...apart);
+  const [from, to, other] = pairs[apart.indexOf(length)]!;
+  const along = colors[from]!.map((channel, n) => colors[to]![n]! - channel);
+  const aside = colors[from]!.map((channel, n) => colors[other]![n]! - channel);
+  const square = along.reduce((sum, step) => sum + step * step, 0);
+  const part = square > 0 ? along.reduce((sum, step, n) => sum + step * aside[n]!, 0) / square : 0;
+  const off = Math.max(...aside.map((step, n) => Math.abs(step - along[n]! * part)));
+  return { from, to, other, length, part, off };
+}
+
+/** One colour, or a gradient that is as near to three as one comes. */
 function paint(
   places: readonly Pixels[],
   colors: readonly Rgb[],
   definitions: Definitions,
 ): string {
-  const [a, b, c] = [0, 1, 2] as const;
-  const pairs = [
-    [a, b, c],
-    [b, c, a],
-    [c, a, b],
-  ] as const;
-  const apart = pairs.map(([i, j]) => distance(colors[i]!, colors[j]!));
-  const most = apart.indexOf(Math.max(...apart));
-  const [i, j, k] = pairs[most]!;
-  if (apart[most]! < SAME_COLOR) return cssColor(mean(colors));
-  const [from, to, other] = [colors[i]!, colors[j]!, colors[k]!];
-  const length = from.reduce((sum, channel, n) => sum + (to[n]! - channel) ** 2, 0);
-  const part =
-    from.reduce((sum, channel, n) => sum + (to[n]! - channel) * (other[n]! - channel), 0) / length;
-  const end = gradientEnd(places[i]!, places[j]!, places[k]!, part);
-  return end ? definitions.gradient(places[i]!, end, from, to) : cssColor(mean(colors));
+  const { from, to, other, length, part } = runOf(colors);
+  if (length < SAME_COLOR) return cssColor(mean(colors));
+  const end = gradientEnd(places[from]!, places[to]!, places[other]!, part);
+  return end
+    ? definitions.gradient(places[from]!, end, colors[from]!, colors[to]!)
+    : cssColor(mean(colors));
+}
+
+/** A triangle, or smaller ones in its place while its colours are too far from a gradient. */
+export function cutByColors(triangle: readonly Corner[], cuts = MOST_CUTS): (readonly Corner[])[] {
+  const { off } = runOf(triangle.map(({ color }) => color));
+  if (cuts === 0 || off < SEEN_OFF) return [triangle];
+  const [a, b, c] = triangle as [Corner, Corner, Corner];
+  const [ab, bc, ca] = [between(a, b, 0.5), between(b, c, 0.5), between(c, a, 0.5)];
+  return [
+    [a, ab, ca],
+    [ab, b, bc],
+    [ca, bc, c],
+    [ab, bc, ca],
+  ].flatMap((part) => cutByColors(part, cuts - 1));
 }
 
 /** Where the share reaches 1 that is 0 at `p`, 1 at `q` and `part` at `r`, straight across its lines. */
@@ -119,32 +170,52 @@ function litCorners(data: FaceData, start: number, plot: Plot): Corner[] {
   });
 }
 
-export function surfaceShapes(data: FaceData, { plot, definitions, clip, hidden }: Scope): Shape[] {
+export function surfaceShapes(data: FaceData, scope: Scope): Shape[] {
   const shapes: Shape[] = [];
   const { index, tags, colors, kind } = data;
+  const varies = kind.smoothColors || kind.smoothNormals;
   for (let i = 0; i < index.length; i += 3) {
     const last = index[i + 2]!;
-    if (hidden.has(tags[last * 2]!)) continue;
-    const whole = litCorners(data, i, plot);
-    const places = projectAll(plot, whole);
-    const clipped = clipPolygon(whole, clip);
-    const outline = clipped.length < 3 ? undefined : projectAll(plot, clipped);
-    if (!places || !outline) continue;
-    const varies = kind.smoothColors || kind.smoothNormals;
-    const shades = whole.map(({ color }) => color);
-    const color = varies ? paint(places, shades, definitions) : cssColor(mean(shades));
+    if (scope.hidden.has(tags[last * 2]!)) continue;
+    const triangle = litCorners(data, i, scope.plot);
     const pattern = patternOf(tags[last * 2 + 1]!);
-    const fill = pattern > 0 ? definitions.pattern(pattern, cssColor(mean(shades))) : color;
     const alpha = colors[last * 4 + 3]!;
-    // A thin rim of its own colour closes the seams between opaque triangles.
-    const rim = pattern === 0 && alpha === 255 ? { stroke: color, 'stroke-width': 0.4 } : {};
-    const points = outline.map(([x, y]) => `${short(x)},${short(y)}`).join(' ');
-    shapes.push({
-      depth: outline.reduce((sum, place) => sum + place[2], 0) / outline.length,
-      svg: tag('polygon', { points, fill, 'fill-opacity': opacity(alpha), ...rim }),
-    });
+    const parts = varies && pattern === 0 ? cutByColors(triangle) : [triangle];
+    const seen = parts
+      .map((part) => areaShape(part, pattern, alpha, scope))
+      .filter((shape) => shape !== undefined);
+    // They share a depth, or some of them would hide the edges of the triangle.
+    const depth = seen.reduce((sum, shape) => sum + shape.depth, 0) / seen.length;
+    shapes.push(...seen.map(({ svg }) => ({ svg, depth })));
+    const places = seen.length > 0 && projectAll(scope.plot, triangle);
+    if (places) noteFace(places, depth, scope.nearest);
   }
   return shapes;
+}
+
+/** A triangle as far as it is within the box. */
+function areaShape(
+  triangle: readonly Corner[],
+  pattern: number,
+  alpha: number,
+  { plot, definitions, clip }: Scope,
+): Shape | undefined {
+  const places = projectAll(plot, triangle);
+  const clipped = clipPolygon(triangle, clip);
+  const outline = clipped.length < 3 ? undefined : projectAll(plot, clipped);
+  if (!places || !outline) return undefined;
+  const shades = triangle.map(({ color }) => color);
+  const fill =
+    pattern > 0
+      ? definitions.pattern(pattern, cssColor(mean(shades)))
+      : paint(places, shades, definitions);
+  // A rim of its own colour closes the seams: half of it lies over the neighbour's last pixel.
+  const rim = pattern === 0 && alpha === 255 ? { stroke: fill, 'stroke-width': 1 } : {};
+  const points = outline.map(([x, y]) => `${short(x)},${short(y)}`).join(' ');
+  return {
+    depth: outline.reduce((sum, place) => sum + place[2], 0) / outline.length,
+    svg: tag('polygon', { points, fill, 'fill-opacity': opacity(alpha), ...rim }),
+  };
 }
 
 /** How long a line is drawn and not drawn, in widths of it, as on the screen. */
@@ -163,7 +234,7 @@ function dashes(dash: number, width: number, before: number): Record<string, str
 }
 
 export function lineShapes(data: LineData, scope: Scope): Shape[] {
-  const { plot, definitions, clip, hidden } = scope;
+  const { plot, definitions, clip, hidden, nearest } = scope;
   const shapes: Shape[] = [];
   for (let i = 0; i < data.count; i++) {
     const [drawnWidth, object, code, before] = data.styles.subarray(i * 4, i * 4 + 4);
@@ -175,7 +246,9 @@ export function lineShapes(data: LineData, scope: Scope): Shape[] {
     if (!places) continue;
     const [a, b] = places as [Pixels, Pixels];
     const width = Math.max(drawnWidth!, 1);
-    const depth = (a[2] + b[2]) / 2 - IN_FRONT;
+    const whole = projectAll(plot, [start, end]);
+    const face = whole && nearest.get(sideKey(whole[0]!, whole[1]!));
+    const depth = Math.min((a[2] + b[2]) / 2, face ?? Infinity) - IN_FRONT;
     const isPlain = distance(start.color, end.color) < SAME_COLOR;
     const stroke = isPlain
       ? cssColor(start.color)
@@ -258,7 +331,7 @@ function sign(style: number, radius: number): { d: string; pen: number } {
   return { d: paths[style] ?? upright + slanted, pen: drawn };
 }
 
-export function pointShapes(data: PointData, { plot, clip, hidden }: Scope): Shape[] {
+export function pointShapes(data: PointData, { plot, clip, hidden, nearest }: Scope): Shape[] {
   const shapes: Shape[] = [];
   for (let i = 0; i < data.count; i++) {
     const [radius, object, style] = data.tags.subarray(i * 3, i * 3 + 3);
@@ -281,7 +354,8 @@ export function pointShapes(data: PointData, { plot, clip, hidden }: Scope): Sha
             'stroke-linejoin': 'miter',
           };
     const transform = `translate(${short(place[0])} ${short(place[1])})`;
-    shapes.push({ depth: place[2] - 2 * IN_FRONT, svg: tag('path', { d, transform, ...drawn }) });
+    const depth = Math.min(place[2], nearest.get(placeKey(place)) ?? Infinity) - 2 * IN_FRONT;
+    shapes.push({ depth, svg: tag('path', { d, transform, ...drawn }) });
   }
   return shapes;
 }

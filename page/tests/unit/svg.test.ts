@@ -2,6 +2,7 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { Vector3 } from 'three';
 import { clipPolygon, clipSegment, type ClipBox, type Corner } from '../../src/save/clip';
+import { cutByColors } from '../../src/save/svgShapes';
 import { Definitions, escape, short, tag } from '../../src/save/svgText';
 
 const BOX: ClipBox = { min: new Vector3(-1, -1, -1), max: new Vector3(1, 1, 1) };
@@ -36,6 +37,26 @@ test('colours are cut with their lines', () => {
   assert.equal(to.color[0], 100);
   assert.equal(clipSegment(corner(2, 0), end, BOX), undefined);
   assert.equal(clipSegment(corner(0, 0), corner(1, 1), BOX)![1].at.x, 1);
+});
+
+test('a triangle whose colours no gradient holds is cut until one nearly does', () => {
+  const colored = (...colors: [number, number, number][]): Corner[] =>
+    colors.map((color, i) => ({ at: new Vector3(i % 2, i >> 1, 0), color }));
+  // On a line from black to red, and 9 beside it: one gradient.
+  assert.equal(cutByColors(colored([0, 0, 0], [200, 0, 0], [90, 0, 0])).length, 1);
+  assert.equal(cutByColors(colored([0, 0, 0], [200, 0, 0], [90, 9, 0])).length, 1);
+  // 18 beside it: half of that in each of four.
+  const four = cutByColors(colored([0, 0, 0], [200, 0, 0], [100, 18, 0]));
+  assert.equal(four.length, 4);
+  assert.deepEqual(
+    four[3]!.map(({ color }) => color),
+    [
+      [100, 0, 0],
+      [150, 9, 0],
+      [50, 9, 0],
+    ],
+  );
+  assert.equal(cutByColors(colored([255, 0, 0], [0, 255, 0], [0, 0, 255])).length, 64);
 });
 
 test('elements hold short numbers and no markup', () => {
