@@ -110,6 +110,10 @@ export class Page {
       this.invite();
       return;
     }
+    const first = this.text.animation?.initial ?? 0;
+    // The first text is read while the browser gets ready to draw.
+    const ahead = this.content(this.text.panels[0]!, first);
+    ahead.catch(() => undefined);
     try {
       this.engine = new Engine(() => this.redraw());
     } catch {
@@ -117,8 +121,9 @@ export class Page {
       return;
     }
     this.arrange();
-    const first = this.text.animation?.initial ?? 0;
-    for (const text of this.text.panels) await this.addPanel(text, first);
+    for (const [i, text] of this.text.panels.entries()) {
+      await this.addPanel(text, i === 0 ? ahead : this.content(text, first), first);
+    }
     this.addPlayer();
   }
 
@@ -139,10 +144,9 @@ export class Page {
     this.area.classList.add(panels.length > 1 ? 'several' : 'single');
   }
 
-  private async addPanel(text: PanelText, frame: number): Promise<void> {
+  private async addPanel(text: PanelText, content: Promise<Content>, frame: number): Promise<void> {
     try {
-      const content = await this.content(text, frame);
-      this.putPanel(text, content, frame);
+      this.putPanel(text, await content, frame);
     } catch (error) {
       this.fail(text.name, error);
     }
