@@ -123,6 +123,11 @@ export class Panel {
     this.request();
   }
 
+  /** Whether the last movement was just now; finer pictures come a moment later. */
+  get isMoving(): boolean {
+    return this.moving;
+  }
+
   /** Asks for a new picture before the next frame of the screen. */
   request(): void {
     if (this.requested) return;

@@ -1,16 +1,9 @@
 /** A ground of two colours behind everything. */
-import {
-  BufferAttribute,
-  BufferGeometry,
-  GLSL3,
-  Mesh,
-  RawShaderMaterial,
-  Sphere,
-  Vector3,
-} from 'three';
+import { GLSL3, RawShaderMaterial, Vector3, type BufferGeometry, type Mesh } from 'three';
 import { BACKDROP_STYLES, type BackdropText } from '../data/contract';
 import { hexToRgb } from './colors';
-import { backdropFragment, backdropVertex } from './shaders';
+import { overPicture } from './screen';
+import { backdropFragment, pictureVertex } from './shaders';
 
 /** Before everything else. */
 const ORDER = -1;
@@ -22,15 +15,9 @@ export class Backdrop {
     const [first, second] = colors.map((color) =>
       new Vector3(...hexToRgb(color)).divideScalar(255),
     );
-    const geometry = new BufferGeometry();
-    // One triangle that covers the picture.
-    geometry.setAttribute(
-      'position',
-      new BufferAttribute(Float32Array.of(-1, -1, 3, -1, -1, 3), 2),
-    );
     const material = new RawShaderMaterial({
       glslVersion: GLSL3,
-      vertexShader: backdropVertex,
+      vertexShader: pictureVertex,
       fragmentShader: backdropFragment,
       uniforms: {
         first: { value: first },
@@ -40,9 +27,7 @@ export class Backdrop {
       depthTest: false,
       depthWrite: false,
     });
-    this.mesh = new Mesh(geometry, material);
-    geometry.boundingSphere = new Sphere();
-    this.mesh.frustumCulled = false;
+    this.mesh = overPicture(material);
     this.mesh.renderOrder = ORDER;
   }
 

@@ -115,6 +115,13 @@ interface SortedFaces {
   index: Uint32Array;
 }
 
+export interface DrawingKind {
+  /** Whether it is of two dimensions. */
+  flat: boolean;
+  /** Whether something is cut off. */
+  clipped: boolean;
+}
+
 export class Drawing {
   readonly group = new Group();
   private readonly coarse: CoarseFaces[] = [];
@@ -124,6 +131,7 @@ export class Drawing {
   private thin: LineSegments | undefined;
   private lineCount = 0;
   private labels: Mesh | undefined;
+  private labelMaterial: RawShaderMaterial | undefined;
   private readonly lift: Lift;
 
   constructor(
@@ -131,11 +139,11 @@ export class Drawing {
     private readonly uniforms: SceneUniforms,
     private readonly atlas: TextAtlas,
     private readonly texts: IUniform<Texture | null>,
-    flat: boolean,
+    { flat, clipped }: DrawingKind,
   ) {
     this.lift = flat ? NO_LIFT : LIFT;
     materials.setTables(uniforms, data.glosses, data.lines.tips);
-    for (const faces of data.faces) this.addFaces(faces);
+    for (const faces of data.faces) this.addFaces(faces, clipped);
     if (data.lines.count > 0) this.addLines(data.lines);
     if (data.points.count > 0) this.addPoints(data.points);
   }
@@ -175,9 +183,9 @@ export class Drawing {
       this.labels = undefined;
     }
     if (labels.length === 0) return;
-    const material = this.keep(materials.labelMaterial(this.uniforms, this.lift, this.texts));
+    this.labelMaterial ??= this.keep(materials.labelMaterial(this.uniforms, this.lift, this.texts));
     const geometry = labelGeometry(labels, this.atlas, pixelRatio);
-    this.labels = new Mesh(geometry, material);
+    this.labels = new Mesh(geometry, this.labelMaterial);
     add(this.group, this.labels, ORDER.labels);
   }
 
@@ -192,9 +200,9 @@ export class Drawing {
     return thing;
   }
 
-  private addFaces(data: FaceData): void {
+  private addFaces(data: FaceData, clipped: boolean): void {
     const geometry = this.keep(faceGeometry(data));
-    const material = this.keep(materials.faceMaterial(this.uniforms, data.kind));
+    const material = this.keep(materials.faceMaterial(this.uniforms, data.kind, clipped));
     const { kind, positions, index, coarse } = data;
     if (kind.transparent) this.sorted.push({ geometry, positions, index });
     if (coarse) {

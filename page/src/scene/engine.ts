@@ -1,6 +1,15 @@
 /** One drawing context for all panels of a page; each picture is copied to where it is seen. */
-import { ColorManagement, LinearSRGBColorSpace, Scene, WebGLRenderer, type Object3D } from 'three';
+import {
+  ColorManagement,
+  LinearSRGBColorSpace,
+  NearestFilter,
+  Scene,
+  WebGLRenderer,
+  WebGLRenderTarget,
+  type Object3D,
+} from 'three';
 import type { Rgb } from '../javaview/model';
+import { makeCopy } from './copy';
 import type { View } from './view';
 
 ColorManagement.enabled = false;
@@ -13,23 +22,49 @@ export interface Picture {
   height: number;
   /** Undefined leaves the ground transparent. */
   background: Rgb | undefined;
+  /** Whether edges may be jagged, which a processor draws in half the time or less. */
+  rough: boolean;
+}
+
+/** So many samples a pixel make edges smooth. */
+const SAMPLES = 4;
+
+/** Whether the drawing is left to the processor, for want of graphics hardware. */
+function isSoftware(context: WebGLRenderingContext | WebGL2RenderingContext): boolean {
+  let name = String(context.getParameter(context.RENDERER));
+  if (name === 'WebKit WebGL') {
+    const info = context.getExtension('WEBGL_debug_renderer_info');
+    if (info) name = String(context.getParameter(info.UNMASKED_RENDERER_WEBGL));
+  }
+  return /swiftshader|llvmpipe|softpipe|software|basic render/i.test(name);
 }
 
 export class Engine {
   private readonly renderer: WebGLRenderer;
   private readonly scene = new Scene();
+  private readonly smooth = new WebGLRenderTarget(1, 1, {
+    samples: SAMPLES,
+    minFilter: NearestFilter,
+    magFilter: NearestFilter,
+    generateMipmaps: false,
+    resolveDepthBuffer: false,
+  });
+  private readonly copy = makeCopy(this.smooth.texture);
+  /** Whether large scenes take long to draw. */
+  readonly slow: boolean;
   lost = false;
 
   /** Throws if the browser has no WebGL. */
   constructor(onRestored: () => void) {
     this.renderer = new WebGLRenderer({
-      antialias: true,
+      antialias: false,
       alpha: true,
       preserveDrawingBuffer: false,
     });
     this.renderer.outputColorSpace = LinearSRGBColorSpace;
     this.renderer.info.autoReset = false;
     this.scene.matrixWorldAutoUpdate = false;
+    this.slow = isSoftware(this.context);
     const canvas = this.renderer.domElement;
     canvas.addEventListener('webglcontextlost', (event) => {
       event.preventDefault();
@@ -67,7 +102,15 @@ export class Engine {
     renderer.info.reset();
     scene.clear();
     if (picture.contents.length > 0) scene.add(...picture.contents);
+    if (picture.rough) {
+      renderer.render(scene, picture.view.camera);
+      return canvas;
+    }
+    this.smooth.setSize(picture.width, picture.height);
+    renderer.setRenderTarget(this.smooth);
     renderer.render(scene, picture.view.camera);
+    renderer.setRenderTarget(null);
+    renderer.render(this.copy, picture.view.camera);
     return canvas;
   }
 }

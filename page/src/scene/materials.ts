@@ -55,9 +55,14 @@ export interface SceneUniforms extends Record<string, IUniform> {
   tips: IUniform<Vector3[]>;
   shownObjects: IUniform<DataTexture>;
   thin: IUniform<boolean>;
+  leastCover: IUniform<number>;
 }
 
 const FAR = 1e9;
+
+/** Of a pixel, where the samples in it are drawn one by one, and where they are not. */
+export const LEAST_COVER = 0.02;
+export const LEAST_COVER_ROUGH = 0.5;
 
 const vectors = (count: number): Vector4[] => Array.from({ length: count }, () => new Vector4());
 
@@ -80,6 +85,7 @@ export function makeUniforms(objects: number): SceneUniforms {
     tips: { value: Array.from({ length: MOST_TIPS }, () => new Vector3()) },
     shownObjects: { value: makeVisibility(objects) },
     thin: { value: false },
+    leastCover: { value: LEAST_COVER },
   };
 }
 
@@ -138,7 +144,11 @@ const COVERING: ShaderMaterialParameters = {
   blendDstAlpha: OneFactor,
 };
 
-export function faceMaterial(uniforms: SceneUniforms, kind: FaceKind): RawShaderMaterial {
+export function faceMaterial(
+  uniforms: SceneUniforms,
+  kind: FaceKind,
+  clipped: boolean,
+): RawShaderMaterial {
   const colors = kind.smoothColors ? '' : 'flat';
   const normals = kind.smoothNormals ? '' : 'flat';
   return make(
@@ -147,7 +157,7 @@ export function faceMaterial(uniforms: SceneUniforms, kind: FaceKind): RawShader
     shaders.facesFragment(colors, normals),
     {},
     {
-      ...(kind.transparent ? SEE_THROUGH : OPAQUE),
+      ...(kind.transparent ? SEE_THROUGH : clipped ? COVERING : OPAQUE),
       polygonOffset: true,
       polygonOffsetFactor: 1,
       polygonOffsetUnits: 1,

@@ -15,7 +15,13 @@ import { Backdrop } from './backdrop';
 import { glossOf, type Label, type LineData, type TextStyle } from './batches';
 import { Drawing } from './drawing';
 import type { Engine } from './engine';
-import { makeUniforms, makeVisibility, type SceneUniforms } from './materials';
+import {
+  LEAST_COVER,
+  LEAST_COVER_ROUGH,
+  makeUniforms,
+  makeVisibility,
+  type SceneUniforms,
+} from './materials';
 import type { Scene } from './scene';
 import { AXES, Space, type Axis } from './space';
 import { View, sameView, type Size } from './view';
@@ -41,6 +47,9 @@ export interface Shown {
   box: boolean;
   labels: boolean;
 }
+
+/** So many triangles are drawn smoothly even while they move, whatever draws them. */
+const FAST_ENOUGH = 20_000;
 
 export type Triple = readonly [number, number, number];
 
@@ -181,12 +190,14 @@ export class Plot {
     view.update();
     const width = Math.max(1, Math.round(view.size.width * pixelRatio));
     const height = Math.max(1, Math.round(view.size.height * pixelRatio));
-    this.updateUniforms(width, height, pixelRatio);
+    const rough = moving && this.isSlow;
+    this.updateUniforms(width, height, pixelRatio, rough);
     const layout = this.layOut();
     const rulers = layout.batches.finish();
     this.rulerLines = rulers.lines;
-    this.rulers?.dispose();
-    this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, this.flat);
+    const before = this.rulers;
+    const kind = { flat: this.flat, clipped: false };
+    this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, kind);
     this.placed = this.placeLabels(layout);
     this.atlas.place([...this.placed.labels, ...layout.labels], pixelRatio);
     this.drawing.setLabels(this.placed.labels, pixelRatio);
@@ -195,7 +206,7 @@ export class Plot {
     this.rectangles = layout.rectangles;
     this.drawing.setMoving(moving);
     this.sort();
-    return this.engine.draw({
+    const drawn = this.engine.draw({
       contents: [
         ...(this.backdrop && !transparent ? [this.backdrop.mesh] : []),
         this.drawing.group,
@@ -205,7 +216,11 @@ export class Plot {
       width,
       height,
       background: transparent ? undefined : this.ground,
+      rough,
     });
+    // Not earlier: programs that nothing uses any more would have to be compiled again.
+    before?.dispose();
+    return drawn;
   }
 
   /** The ground of two colours, if there is one. */
@@ -213,9 +228,14 @@ export class Plot {
     return this.text.background;
   }
 
-  /** Whether there is a coarser level to show for a while. */
+  /** Whether a rough or coarser picture is there much sooner than the whole one. */
   get isLarge(): boolean {
-    return this.scene.faces.some(({ coarse }) => coarse !== undefined);
+    return this.isSlow || this.scene.faces.some(({ coarse }) => coarse !== undefined);
+  }
+
+  private get isSlow(): boolean {
+    const corners = this.scene.faces.reduce((sum, { index }) => sum + index.length, 0);
+    return this.engine.slow && corners > 3 * FAST_ENOUGH;
   }
 
   get drawCalls(): number {
@@ -330,7 +350,10 @@ export class Plot {
   }
 
   private makeDrawing(): Drawing {
-    return new Drawing(this.scene, this.uniforms, this.atlas, this.texts, this.flat);
+    const ranges = this.display?.clip ?? [];
+    const clipped = this.flat || ranges.some((range) => range !== undefined);
+    const kind = { flat: this.flat, clipped };
+    return new Drawing(this.scene, this.uniforms, this.atlas, this.texts, kind);
   }
 
   private updateVisibility(): void {
@@ -340,11 +363,12 @@ export class Plot {
     texture.needsUpdate = true;
   }
 
-  private updateUniforms(width: number, height: number, pixelRatio: number): void {
+  private updateUniforms(width: number, height: number, pixelRatio: number, rough: boolean): void {
     const { view } = this;
     for (const uniforms of [this.uniforms, this.rulerUniforms]) {
       uniforms.viewport.value.set(width, height);
       uniforms.pixelRatio.value = pixelRatio;
+      uniforms.leastCover.value = rough ? LEAST_COVER_ROUGH : LEAST_COVER;
       uniforms.pixelsPerUnit.value = pixelRatio / view.unitsPerPixel;
       uniforms.viewDirection.value.copy(view.state.toEye).negate();
       uniforms.parallel.value = view.state.field === 0;

@@ -26,6 +26,24 @@ void clip(vec3 at) {
 }
 `;
 
+/** How much of a pixel lies within the box that clips, so that what is cut has smooth edges. */
+const CLIPPED_COVER = `
+uniform vec3 clipMin;
+uniform vec3 clipMax;
+float clippedCover(vec3 at) {
+  vec3 dx = dFdx(at);
+  vec3 dy = dFdy(at);
+  vec3 pixel = max(sqrt(dx * dx + dy * dy), vec3(1e-9));
+  vec3 inside = min(at - clipMin, clipMax - at) / pixel;
+  return clamp(min(min(inside.x, inside.y), inside.z) + 0.5, 0.0, 1.0);
+}
+`;
+
+/** What covers less of a pixel is not drawn. */
+const COVER = `
+uniform float leastCover;
+`;
+
 const CAMERA = `
 uniform mat4 projectionMatrix;
 uniform mat4 modelViewMatrix;
@@ -53,7 +71,10 @@ void main() {
 }
 `;
 
-export const facesFragment = (colors: string, normals: string): string => `${HEAD}${CLIPPING}
+export const facesFragment = (
+  colors: string,
+  normals: string,
+): string => `${HEAD}${CLIPPED_COVER}${COVER}
 uniform vec3 cameraPosition;
 uniform vec3 viewDirection;
 uniform bool parallel;
@@ -93,7 +114,8 @@ void hatch() {
 }
 
 void main() {
-  clip(vAt);
+  float cover = clippedCover(vAt);
+  if (cover < leastCover) discard;
   hatch();
   vec3 color = vColor.rgb;
   if (lit) {
@@ -115,7 +137,7 @@ void main() {
     }
     color = color * diffuse + specular.rgb * shine + emissive.rgb;
   }
-  fragColor = vec4(min(color, vec3(1.0)), vColor.a);
+  fragColor = vec4(min(color, vec3(1.0)), vColor.a * cover);
 }
 `;
 
@@ -203,7 +225,7 @@ void main() {
 }
 `;
 
-export const linesFragment = `${HEAD}${CLIPPING}
+export const linesFragment = `${HEAD}${CLIPPED_COVER}${COVER}
 uniform bool thin;
 in vec3 vAt;
 in vec4 vColor;
@@ -220,7 +242,7 @@ float inDash(float at, float on, float period) {
 }
 
 void main() {
-  clip(vAt);
+  float within = clippedCover(vAt);
   float inside = 1.0;
   if (!thin) {
     float beyond = vPlace.x < 0.0 ? vPlace.x : max(vPlace.x - vLength, 0.0);
@@ -230,8 +252,8 @@ void main() {
     if (vDash > 1.5) inside = min(inside, inDash(at, unit * 1.2, unit * 3.0));
     else if (vDash > 0.5) inside = min(inside, inDash(at, unit * 5.0, unit * 8.0));
   }
-  float cover = clamp(inside + 0.5, 0.0, 1.0);
-  if (cover < 0.05) discard;
+  float cover = min(clamp(inside + 0.5, 0.0, 1.0), within);
+  if (cover < leastCover) discard;
   fragColor = vec4(vColor.rgb, vColor.a * cover);
 }
 `;
@@ -279,7 +301,7 @@ void main() {
 }
 `;
 
-export const tipsFragment = `${HEAD}${CLIPPING}
+export const tipsFragment = `${HEAD}${CLIPPING}${COVER}
 in vec3 vAt;
 in vec4 vColor;
 in vec2 vPlace;
@@ -296,7 +318,7 @@ void main() {
   float pen = vPen * 0.5;
   float cover = vStyle < 0.5 ? inside : vStyle < 1.5 ? min(pen - abs(toSide), toBase) : pen - abs(inside);
   float alpha = clamp(cover + 0.5, 0.0, 1.0);
-  if (alpha < 0.02) discard;
+  if (alpha < leastCover) discard;
   fragColor = vec4(vColor.rgb, vColor.a * alpha);
 }
 `;
@@ -323,7 +345,7 @@ void main() {
 }
 `;
 
-export const pointsFragment = `${HEAD}${CLIPPING}
+export const pointsFragment = `${HEAD}${CLIPPING}${COVER}
 uniform float pixelRatio;
 in vec3 vAt;
 in vec4 vColor;
@@ -356,7 +378,7 @@ void main() {
   clip(vAt);
   vec2 p = (gl_PointCoord - 0.5) * (vRadius * 2.0 + 2.0);
   float cover = clamp(0.5 - outside(p), 0.0, 1.0);
-  if (cover < 0.02) discard;
+  if (cover < leastCover) discard;
   fragColor = vec4(vColor.rgb, vColor.a * cover);
 }
 `;
@@ -395,7 +417,8 @@ void main() {
 }
 `;
 
-export const backdropVertex = `${HEAD}
+/** For what covers the whole picture. */
+export const pictureVertex = `${HEAD}
 in vec2 position;
 out vec2 vPlace;
 void main() {
@@ -419,4 +442,10 @@ void main() {
     0.0;
   fragColor = vec4(mix(first, second, part), 1.0);
 }
+`;
+
+export const copyFragment = `${HEAD}
+uniform sampler2D picture;
+out vec4 fragColor;
+void main() { fragColor = texelFetch(picture, ivec2(gl_FragCoord.xy), 0); }
 `;

@@ -5,7 +5,7 @@ import axe from 'axe-core';
 import type { Page } from 'playwright-core';
 import type {} from '../../src/main';
 import { PNG } from 'pngjs';
-import { TestBrowser } from '../support/browser';
+import { TestBrowser, type Draw } from '../support/browser';
 import { compose, simplePage } from '../support/compose';
 import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
 import { example } from '../support/examples';
@@ -13,8 +13,7 @@ import { axes, curve, display, model, sheet } from '../support/plots';
 
 declare global {
   interface Window {
-    /** How many vertices each draw call took. */
-    drawn?: number[];
+    drawn?: Draw[];
   }
 }
 
@@ -169,22 +168,28 @@ test('hovering shows the coordinates of the file, a click pins them', async () =
 });
 
 test('a double click brings a point to the middle', async () => {
-  const { page, close } = await browser.open(surface());
-  const [x, y] = await placeOf(page, 0, 0);
+  const { page, close } = await browser.open(simplePage(example('surface.jvx')));
+  // The point that is nearest to the viewer, so that nothing lies before it.
+  const nearest = await page.evaluate(() => {
+    const { plot } = window.plotPage!.all[0]!;
+    const { toEye } = plot.view.state;
+    const nearness = (point: number): number => {
+      const [x, y, z] = plot.space.point(...plot.coordinates(0, point));
+      return x * toEye.x + y * toEye.y + z * toEye.z;
+    };
+    const count = plot.scene.geometries[0]!.coordinates.length / 3;
+    const points = Array.from({ length: count }, (_, point) => point);
+    return points.reduce((best, point) => (nearness(point) > nearness(best) ? point : best));
+  });
+  const [x, y] = await placeOf(page, 0, nearest);
   await page.mouse.dblclick(x, y);
   await browser.settle(page);
-  const [u, v] = await page.evaluate(() => {
+  const [target, expected] = await page.evaluate((point) => {
     const { plot } = window.plotPage!.all[0]!;
-    const { target } = plot.view.state;
-    const { coordinates } = plot.scene.geometries[0]!;
-    let nearest = Infinity;
-    for (let i = 0; i < coordinates.length; i += 3) {
-      const [x, y, z] = plot.space.point(...plot.coordinates(0, i / 3));
-      nearest = Math.min(nearest, Math.hypot(x - target.x, y - target.y, z - target.z));
-    }
-    return [nearest, 0];
-  });
-  assert.ok(u! < 1e-6 && v === 0, 'the middle is a point of the file');
+    return [[...plot.view.state.target], plot.space.point(...plot.coordinates(0, point))];
+  }, nearest);
+  assert.deepEqual(target, expected);
+  assert.ok(Math.hypot(...target!) > 0.1, 'it was not there before');
   await close();
 });
 
@@ -206,14 +211,31 @@ test('objects are hidden, shown alone, and shown again', async () => {
 });
 
 test('axes, box and labels are switched', async () => {
-  const { page, close } = await browser.open(surface());
-  const labels = (): Promise<number> =>
-    page.evaluate(() => window.plotPage!.all[0]!.plot.labels.length);
-  assert.ok((await labels()) > 5);
+  const named =
+    '<geometry><pointSet dim="3"><points><p name="here">0 0 0</p><p>1 1 1</p>' +
+    '<labelAtt visible="show"/></points></pointSet></geometry>';
+  const range = [0, 1] as const;
+  const { page, close } = await browser.open(
+    simplePage(model(named), display(axes('bndbox', 3, [range, range, range]))),
+  );
+  const drawn = (): Promise<{ rulers: number; lines: number; names: number }> =>
+    page.evaluate(() => {
+      const { labels, rulerLines, placed } = window.plotPage!.all[0]!.plot;
+      return { rulers: labels.length, lines: rulerLines!.count, names: placed.labels.length };
+    });
+  const uncheck = async (name: string): Promise<void> => {
+    await page.getByRole('checkbox', { name }).uncheck();
+    await browser.settle(page);
+  };
+  const all = await drawn();
+  assert.ok(all.rulers > 5 && all.lines > 12 && all.names === 1);
   await page.getByRole('button', { name: 'Show', exact: true }).click();
-  await page.getByRole('checkbox', { name: 'Axes' }).uncheck();
-  await browser.settle(page);
-  assert.equal(await labels(), 0);
+  await uncheck('Labels');
+  assert.deepEqual(await drawn(), { ...all, names: 0 });
+  await uncheck('Axes');
+  assert.deepEqual(await drawn(), { rulers: 0, lines: 12, names: 0 });
+  await uncheck('Box');
+  assert.deepEqual(await drawn(), { rulers: 0, lines: 0, names: 0 });
   await close();
 });
 
@@ -355,6 +377,42 @@ test('the view follows the camera of an animation until the reader moves it', as
   await close();
 });
 
+test('lights follow an animation', async () => {
+  const lit = (light: string): string =>
+    display(`<lights><light type="direction"><position>0 0 1</position>${light}</light></lights>`);
+  const html = compose({
+    page: {
+      animation: { times: [0, 1] },
+      panels: [{ frames: [0, 1].map((i) => ({ model: `m${i}`, display: `d${i}` })) }],
+    },
+    blocks: {
+      m0: example('surface.jvx'),
+      m1: example('surface.jvx'),
+      d0: lit('<color>255 0 0</color><intensity>0.5</intensity>'),
+      d1: lit('<color>0 0 255</color><intensity>0.5</intensity>'),
+    },
+  });
+  const { page, close } = await browser.open(html);
+  /** Red and blue of all that is drawn, above those of a gray ground. */
+  const colors = async (): Promise<[number, number]> => {
+    const { data } = await pixels(page);
+    let [red, blue] = [0, 0];
+    for (let i = 0; i < data.length; i += 4) {
+      const least = Math.min(data[i]!, data[i + 1]!, data[i + 2]!);
+      red += data[i]! - least;
+      blue += data[i + 2]! - least;
+    }
+    return [red, blue];
+  };
+  const [redBefore, blueBefore] = await colors();
+  await page.getByRole('slider', { name: 'Time' }).fill('1');
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name === 'm1');
+  await browser.settle(page);
+  const [redAfter, blueAfter] = await colors();
+  assert.ok(redAfter < redBefore && blueAfter > blueBefore, 'red light, then blue');
+  await close();
+});
+
 test('texts are saved of the frame that is shown', async () => {
   const { page, close } = await browser.open(animatedPage());
   await page.getByRole('slider', { name: 'Time' }).fill('2');
@@ -427,20 +485,56 @@ test('dark surroundings where the plot sets no background, its own where it does
   assert.deepEqual(await corner(surface()), [255, 255, 255]);
 });
 
+/** The draw calls of a surface until a moment after it was opened. */
+async function drawsOf(side: number, hash = ''): Promise<Draw[]> {
+  const html = simplePage(model(sheet({ side, height: (x, y) => x * y })));
+  const { page, close } = await browser.open(html, {}, hash);
+  await page.waitForTimeout(1_000);
+  const drawn = await page.evaluate(() => window.drawn!);
+  await close();
+  return drawn.filter(({ vertices }) => vertices > 1_000);
+}
+
 test('a large surface is drawn coarsely at once and finely a moment later', async () => {
-  const html = simplePage(model(sheet({ side: 300, height: (x, y) => x * y })));
-  const triangles = (hash: string): Promise<number[]> =>
-    browser.open(html, {}, hash).then(async ({ page, close }) => {
-      await page.waitForTimeout(1_000);
-      const drawn = await page.evaluate(() => window.drawn!);
-      await close();
-      return drawn.filter((count) => count > 1_000);
-    });
+  const counts = async (hash: string): Promise<number[]> =>
+    (await drawsOf(300, hash)).map(({ vertices }) => vertices);
   const whole = 299 * 299 * 6;
-  const drawn = await triangles('');
+  const drawn = await counts('');
   assert.ok(drawn[0]! < whole / 4, drawn.join());
   assert.equal(drawn[drawn.length - 1], whole);
-  assert.deepEqual([...new Set(await triangles('#picture'))], [whole]);
+  assert.deepEqual([...new Set(await counts('#picture'))], [whole]);
+});
+
+test('without graphics hardware edges of what is not small are smooth a moment later', async () => {
+  const smooth = async (side: number, hash: string): Promise<boolean[]> =>
+    (await drawsOf(side, hash)).map((draw) => draw.smooth);
+  const drawn = await smooth(120, '');
+  assert.deepEqual([drawn[0], drawn[drawn.length - 1]], [false, true]);
+  assert.deepEqual([...new Set(await smooth(120, '#picture'))], [true]);
+  assert.deepEqual([...new Set(await smooth(60, ''))], [true]);
+});
+
+test('a surface that a clip range cuts has smooth edges', async () => {
+  const part = (axis: string): string => `<range type="${axis}">-0.63 0.58</range>`;
+  const html = simplePage(
+    model(sheet({ side: 3, height: () => 0 })),
+    display(
+      `<clipRange>${part('X')}${part('Y')}</clipRange>`,
+      '<lights><light type="ambient"><intensity>0.5</intensity></light></lights>',
+      '<background><color>255 255 255</color></background>',
+    ),
+  );
+  const { page, close } = await browser.open(html, {}, '#picture');
+  const { data } = await pixels(page);
+  await close();
+  const colors = new Map<number, number>();
+  for (let i = 0; i < data.length; i += 4) {
+    colors.set(data[i]!, (colors.get(data[i]!) ?? 0) + 1);
+  }
+  const [ground, surface, ...edges] = [...colors.values()].sort((a, b) => b - a);
+  const between = edges.reduce((sum, count) => sum + count, 0);
+  assert.ok(ground! > 10_000 && surface! > 10_000);
+  assert.ok(between > 300, `${between} pixels between the two colours`);
 });
 
 test('the canvas has its ground, and texts are read on it in all surroundings', async () => {

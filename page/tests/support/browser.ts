@@ -2,6 +2,7 @@
 import { existsSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
+import type {} from '../../src/main';
 import { chromium, type Browser, type BrowserContextOptions, type Page } from 'playwright-core';
 
 const PROGRAMS = ['/usr/bin/chromium', '/usr/bin/chromium-browser', '/usr/bin/google-chrome'];
@@ -19,12 +20,19 @@ export interface Opened {
   close(): Promise<void>;
 }
 
-/** Notes how many vertices each draw call takes, in `window.drawn`. */
+/** A draw call: how many vertices it takes, and whether edges come out smooth. */
+export interface Draw {
+  vertices: number;
+  smooth: boolean;
+}
+
+/** Notes draw calls in `window.drawn`; what is smooth is drawn apart before it goes to the canvas. */
 function noteDraws(): void {
-  const drawn: number[] = [];
+  const drawn: Draw[] = [];
   const { drawElements } = WebGL2RenderingContext.prototype;
   WebGL2RenderingContext.prototype.drawElements = function (mode, count, type, offset): void {
-    drawn.push(count);
+    const smooth = this.getParameter(this.FRAMEBUFFER_BINDING) !== null;
+    drawn.push({ vertices: count, smooth });
     drawElements.call(this, mode, count, type, offset);
   };
   Object.assign(window, { drawn });
@@ -82,8 +90,9 @@ export class TestBrowser {
     return { page, complaints, requests, close: () => context.close() };
   }
 
-  /** Waits until the last picture is drawn. */
+  /** Waits until the last picture is drawn, and that finely. */
   async settle(page: Page): Promise<void> {
+    await page.waitForFunction(() => !window.plotPage?.all.some(({ isMoving }) => isMoving));
     await page.evaluate(
       () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))),
     );
