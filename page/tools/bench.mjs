@@ -237,8 +237,13 @@ async function orbit(page) {
   return ((after.frames - before.frames) * 1000) / (after.time - before.time);
 }
 
-/** Opens a page in a browser of its own and turns what it shows. */
-async function measure(html, triangles, folder) {
+const memory = async (browser) => ({
+  tab: await peakMemory(browser, 'renderer'),
+  graphics: await peakMemory(browser, 'GPU'),
+});
+
+/** Opens a page in a browser of its own and passes it on. */
+async function withPage(html, folder, prepare, use) {
   const path = join(folder, 'page.html');
   writeFileSync(path, html);
   const browser = await chromium.launch({
@@ -248,26 +253,34 @@ async function measure(html, triangles, folder) {
   try {
     const page = await browser.newPage({ viewport: { width: 800, height: 600 } });
     page.setDefaultTimeout(OPENING_MILLISECONDS);
-    await page.addInitScript(watchDrawing, { triangles, fewest: FEWEST_TRIANGLES });
+    await prepare(page);
     await page.goto(`file://${path}`, { timeout: OPENING_MILLISECONDS });
+    const used = await use(page);
+    return { ...used, ...(await memory(browser)), size: megabytes(statSync(path).size) };
+  } finally {
+    await browser.close();
+  }
+}
+
+/** What a tab takes that shows nothing. */
+function measureEmpty(folder) {
+  const nothing = () => Promise.resolve();
+  return withPage('<!doctype html><title>Empty</title>', folder, nothing, nothing);
+}
+
+/** Opens a page and turns what it shows. */
+function measure(html, triangles, folder) {
+  const prepare = (page) =>
+    page.addInitScript(watchDrawing, { triangles, fewest: FEWEST_TRIANGLES });
+  return withPage(html, folder, prepare, async (page) => {
     await page.waitForFunction(() => window.watched.whole > 0);
     const picturesASecond = await orbit(page);
     const { first, whole, mostCalls } = await page.evaluate(() => {
       const { first, whole, mostCalls } = window.watched;
       return { first, whole, mostCalls };
     });
-    return {
-      size: megabytes(statSync(path).size),
-      first: first / 1000,
-      whole: whole / 1000,
-      tab: await peakMemory(browser, 'renderer'),
-      graphics: await peakMemory(browser, 'GPU'),
-      picturesASecond,
-      calls: mostCalls,
-    };
-  } finally {
-    await browser.close();
-  }
+    return { first: first / 1000, whole: whole / 1000, picturesASecond, calls: mostCalls };
+  });
 }
 
 /** What is measured: heading, member of the result, digits. */
@@ -291,7 +304,7 @@ function median(values) {
 
 function row(title, name, results) {
   const cells = COLUMNS.map(([, member, digits]) =>
-    median(results.map((result) => result[member])).toFixed(digits),
+    median(results.map((result) => result[member]))?.toFixed(digits),
   );
   return line(title, name, ...cells);
 }
@@ -306,6 +319,7 @@ const folder = mkdtempSync(join(tmpdir(), 'plot-bench-'));
 console.log(line('Plot', 'Page', ...COLUMNS.map(([heading]) => heading)));
 console.log(`|${'---|'.repeat(COLUMNS.length + 2)}`);
 try {
+  console.log(row('nothing', 'empty', [await measureEmpty(folder)]));
   for (const name of names) {
     const { title, make } = CASES[name];
     const { text, plotly, triangles } = make();
