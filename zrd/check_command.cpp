@@ -89,10 +89,8 @@ class Checker {
     const FoundPlots found = findPlots({name});
     for (const FoundPlot& plot : found.plots) checkOnce(plot.name);
     if (found.failures.empty()) return;
-    for (const std::string& failure : found.failures) say(failure);
+    for (const std::string& failure : found.failures) noteFailure(name, failure);
     ++(found.plots.empty() ? withoutPlots_ : notSearched_);
-    noteFailure(name, found.plots.empty() ? "there are no plot documents (*.zrd) in it"
-                                          : "it could not be searched to its end");
   }
 
   /// A file may be named again, or be in a folder that is named too.
@@ -114,15 +112,15 @@ class Checker {
     limit(report);
     show(report, text);
   } catch (const Failure& failure) {
-    const std::string reason = failure.what();
-    say(reason);
     ++unreadable_;
-    noteFailure(name, reason.substr(reason.starts_with(name + ": ") ? name.size() + 2 : 0));
+    noteFailure(name, failure.what());
   }
 
-  /// In the reports for programs, which may not read what is on standard error.
-  void noteFailure(const std::string& name, const std::string& reason) {
-    FileReport report{.name = name, .failure = reason};
+  /// Programs may not read what is on standard error: their reports hold the sentence as well.
+  void noteFailure(const std::string& name, const std::string& sentence) {
+    say(sentence);
+    const std::size_t prefix = sentence.starts_with(name + ": ") ? name.size() + 2 : 0;
+    FileReport report{.name = name, .failure = sentence.substr(prefix)};
     if (options_.format != Format::text) show(report, {});
   }
 

@@ -173,7 +173,7 @@ TEST_F(CheckCommand, WritesAJsonLineAboutWhatIsNotThere) {
   EXPECT_EQ(outcome.out,
             R"({"file":"none.zrd","failure":"cannot be opened: No such file or directory"})"
             "\n"
-            R"({"file":"empty","failure":"there are no plot documents (*.zrd) in it"})"
+            R"({"file":"empty","failure":"no plots (*.zrd) in empty"})"
             "\n" +
                 finding +
                 R"({"file":"two.zrd","omitted":2,"mayHaveMore":false})"
