@@ -101,13 +101,18 @@ export function rulerTicks(look: TickLook, min: number, max: number, count: numb
       : look.logarithmic
         ? makeDecades(min, max, most)
         : makeTicks(min, max, most, look.majorUnit, look.minorUnit, look.anchor);
+  // Less than a decade has even steps, as it would have without the logarithm.
+  const number = (value: number): string =>
+    look.logarithmic && regular.step === 0
+      ? formatDecade(value, regular.major)
+      : formatTick(value, regular.step);
   const own = new Map(
     look.ticks.filter(({ at }) => at >= min && at <= max).map(({ at, text }) => [at, text]),
   );
   return {
     ...regular,
     major: [...regular.major.filter((value) => !own.has(value)), ...own.keys()],
-    text: (value) => own.get(value) ?? formatTick(value, look.logarithmic ? value : regular.step),
+    text: (value) => own.get(value) ?? number(value),
   };
 }
 
@@ -146,9 +151,26 @@ export function formatTick(value: number, step: number): string {
   if (size >= 1e6 || step < 1e-5) {
     const digits = Math.max(0, Math.ceil(Math.log10(Math.abs(value) / step) - 1e-9));
     const [mantissa, exponent] = value.toExponential(Math.min(digits, 12)).split('e');
-    return minus(`${trim(mantissa!)}e${Number(exponent)}`);
+    return minus(withPower(trim(mantissa!), Number(exponent)));
   }
   return minus(trim(value.toFixed(decimalsOf(step))));
+}
+
+const RAISED = '\u2070\u00b9\u00b2\u00b3\u2074\u2075\u2076\u2077\u2078\u2079';
+
+/** A number times a power of ten, as it is printed. */
+function withPower(mantissa: string, exponent: number): string {
+  const digits = [...String(Math.abs(exponent))].map((digit) => RAISED[Number(digit)]!);
+  const power = `10${exponent < 0 ? '\u207b' : ''}${digits.join('')}`;
+  if (mantissa === '1') return power;
+  return mantissa === '-1' ? `-${power}` : `${mantissa}\u00b7${power}`;
+}
+
+/** How the numbers of a logarithm are written: all as powers of ten if one of them is long. */
+function formatDecade(value: number, all: readonly number[]): string {
+  if (all.every((some) => some >= 1e-3 && some < 1e4)) return formatTick(value, value);
+  const exponent = Math.floor(Math.log10(value) + 1e-9);
+  return withPower(trim((value / 10 ** exponent).toFixed(3)), exponent);
 }
 
 const trim = (text: string): string =>

@@ -66,8 +66,9 @@ test('numbers have the digits that the step calls for', () => {
   assert.equal(formatTick(1e-20, 0.1), '0');
   assert.equal(formatTick(3.14159, 1.570795), '3.14');
   assert.equal(formatTick(0.001, 0.0005), '0.001');
-  assert.equal(formatTick(2e-7, 1e-7), '2e\u22127');
-  assert.equal(formatTick(2500000, 500000), '2.5e6');
+  assert.equal(formatTick(2e-7, 1e-7), '2\u00b710\u207b\u2077');
+  assert.equal(formatTick(2500000, 500000), '2.5\u00b710\u2076');
+  assert.equal(formatTick(-1e12, 1e12), '\u221210\u00b9\u00b2');
 });
 
 const PLAIN: TickLook = {
@@ -99,6 +100,18 @@ test('a logarithm of a range that is not above 0 has no ticks', () => {
 test('numbers of a logarithm have their own digits', () => {
   const ticks = rulerTicks({ ...PLAIN, logarithmic: true }, 0.001, 1000, 7);
   assert.deepEqual(ticks.major.map(ticks.text), ['0.001', '0.01', '0.1', '1', '10', '100', '1000']);
+});
+
+test('numbers of a logarithm are all powers of ten if one of them is long', () => {
+  const ticks = rulerTicks({ ...PLAIN, logarithmic: true }, 0.1, 1e6, 4);
+  assert.deepEqual(ticks.major.map(ticks.text), ['10\u2070', '10\u00b2', '10\u2074', '10\u2076']);
+  const small = rulerTicks({ ...PLAIN, logarithmic: true }, 1e-5, 1e-4, 9);
+  assert.deepEqual(small.major.map(small.text), [
+    '10\u207b\u2075',
+    '2\u00b710\u207b\u2075',
+    '5\u00b710\u207b\u2075',
+    '10\u207b\u2074',
+  ]);
 });
 
 test('named ticks come beside the regular ones or alone', () => {
