@@ -110,14 +110,27 @@ export class Rulers2d {
     return axis === 0 ? [along, across, z] : [across, along, z];
   }
 
+  /** The nearest place at which a line across an axis fills whole pixels, and looks like its fellows. */
+  private crisp(axis: Axis, value: number, width: number): number {
+    const { size, state, unitsPerPixel } = this.layout.view;
+    const middle = [size.width / 2, size.height / 2][axis]!;
+    const target = state.target.getComponent(axis);
+    const pixels = (value - target) / unitsPerPixel + middle;
+    const odd = Math.round(width) % 2 === 1;
+    // A hair above, so that errors of rounding do not take one of two equal places to the next pixel.
+    const whole = odd ? Math.floor(pixels + 1e-6) + 0.5 : Math.round(pixels + 1e-6);
+    return target + (whole - middle) * unitsPerPixel;
+  }
+
   private drawFrame(): void {
     const { boxColor, boxWidth } = this.look;
     for (const axis of [0, 1] as const) {
       const other = axis === 0 ? 1 : 0;
-      for (const across of [this.low[other], this.high[other]]) {
+      for (const side of [this.low[other], this.high[other]]) {
+        const across = this.crisp(other, side, boxWidth);
         this.layout.line(
-          this.place(axis, this.low[axis], across, this.depth),
-          this.place(axis, this.high[axis], across, this.depth),
+          this.place(axis, this.crisp(axis, this.low[axis], boxWidth), across, this.depth),
+          this.place(axis, this.crisp(axis, this.high[axis], boxWidth), across, this.depth),
           boxColor,
           boxWidth,
         );
@@ -142,7 +155,7 @@ export class Rulers2d {
     const depth = look.gridInFront ? GRID_FRONT : BACK;
     const lines = (values: readonly number[], grid: FrameLook['grid']): void => {
       for (const value of values) {
-        const at = space.toScene(axis, value);
+        const at = this.crisp(axis, space.toScene(axis, value), grid.width);
         const from = this.place(other, this.low[other], at, depth);
         const to = this.place(other, this.high[other], at, depth);
         layout.line(from, to, grid.color, grid.width, grid.dash);
@@ -155,9 +168,12 @@ export class Rulers2d {
   /** Where a ruler lies across its axis: at the low side, or at the origin as far as that is seen. */
   private across(axis: 0 | 1): number {
     const other = axis === 0 ? 1 : 0;
-    if (this.look.type !== 'center') return this.low[other];
     const origin = this.space.toScene(other, this.look.origin[other]);
-    return Math.min(Math.max(origin, this.low[other]), this.high[other]);
+    const across =
+      this.look.type === 'center'
+        ? Math.min(Math.max(origin, this.low[other]), this.high[other])
+        : this.low[other];
+    return this.crisp(other, across, this.look.rulers[axis].width);
   }
 
   private drawRuler(axis: 0 | 1, ticks: RulerTicks): void {
@@ -184,7 +200,8 @@ export class Rulers2d {
     const across = this.across(axis);
     const centered = this.look.type === 'center';
     for (const value of values) {
-      const at = this.place(axis, space.toScene(axis, value), across, this.depth);
+      const along = this.crisp(axis, space.toScene(axis, value), ruler.width);
+      const at = this.place(axis, along, across, this.depth);
       const out = axis === 0 ? ([0, -length] as const) : ([-length, 0] as const);
       const start = centered ? layout.beside(at, -out[0] * 0.6, -out[1] * 0.6) : at;
       const part = centered ? 0.6 : 1;
