@@ -7,13 +7,16 @@ const SPEEDS = [0.25, 0.5, 1, 2, 4] as const;
 /** So many units of time pass in a second. */
 const UNITS_PER_SECOND = 1;
 
-/** The frame that belongs to a time: the last one that is not later. */
+/**
+ * The frame that is nearest to a time. So the first and the last of an animation that goes on for ever
+ * are both seen, each for half as long as the others.
+ */
 export function frameAt(times: readonly number[], time: number): number {
   let low = 0;
   let high = times.length - 1;
   while (low < high) {
     const middle = (low + high + 1) >> 1;
-    if (times[middle]! <= time) low = middle;
+    if ((times[middle - 1]! + times[middle]!) / 2 <= time) low = middle;
     else high = middle - 1;
   }
   return low;

@@ -340,6 +340,22 @@ test('an animation is stepped, sought and played; keys do the same', async () =>
   await close();
 });
 
+test('a page draws in the size that its window has', async () => {
+  const { page, close } = await browser.open(surface());
+  const sizes = (): Promise<number[]> =>
+    page.evaluate(() => {
+      const { width, height } = window.plotPage!.all[0]!.plot.view.size;
+      const canvas = document.querySelector<HTMLCanvasElement>('.stage canvas')!;
+      return [width, height, canvas.width, canvas.height];
+    });
+  assert.deepEqual(await sizes(), [800, 600, 800, 600]);
+  await page.setViewportSize({ width: 500, height: 700 });
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.view.size.width === 500);
+  await browser.settle(page);
+  assert.deepEqual(await sizes(), [500, 700, 500, 700]);
+  await close();
+});
+
 /** An animation that differs in its displays. */
 const changingDisplays = (...displays: string[]): string =>
   compose({

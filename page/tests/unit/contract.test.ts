@@ -60,12 +60,22 @@ test('tips, ticks and grounds are read, within limits', () => {
   assert.deepEqual(second?.tip, PLAIN_STYLE.tip);
 });
 
-test('the frame of a time is the last one that is not later', () => {
+test('the frame of a time is the nearest one', () => {
   const times = [0, 1, 2.5, 4];
   assert.deepEqual(
-    [-1, 0, 0.9, 1, 3, 4, 9].map((time) => frameAt(times, time)),
-    [0, 0, 0, 1, 2, 3, 3],
+    [-1, 0, 0.4, 0.6, 1, 1.7, 1.8, 3, 3.3, 4, 9].map((time) => frameAt(times, time)),
+    [0, 0, 0, 1, 1, 1, 2, 2, 3, 3, 3],
   );
+});
+
+test('every frame is seen however an animation repeats', () => {
+  for (const style of ['loop', 'backAndForth'] as const) {
+    const animation = { times: [0, 1, 2], style, autoPlay: true, initial: 0 };
+    const shown = Array.from({ length: 40 }, (_, i) =>
+      frameAt(animation.times, playedTime(animation, 0.05 + i / 10).time),
+    );
+    assert.deepEqual([...new Set(shown)].sort(), [0, 1, 2], style);
+  }
 });
 
 test('an animation ends, begins anew, or turns round', () => {
