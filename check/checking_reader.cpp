@@ -7,6 +7,7 @@
 #include "vantry/base/scan.h"
 #include "vantry/check/names.h"
 #include "vantry/check/values.h"
+#include "vantry/check/ways_out.h"
 #include "vantry/check/xml_errors.h"
 #include "vantry/dom/dom_exception.h"
 #include "vantry/reader/attachment_rules.h"
@@ -30,105 +31,6 @@ constexpr const char* formatNamespace = "http://www.example.org/xml/Corvane";
 /// So much of a namespace is kept with each name that is in it. It is as long as its document
 /// likes, and what differs behind that is taken for the same.
 std::string_view beginningOf(std::string_view namespaceUri) { return namespaceUri.substr(0, 256); }
-
-/// What may be inside of an element, as a sentence.
-std::string contentInWords(const ClassFacts& facts) {
-  const std::string name = facts.name.str();
-  if (!facts.children.empty()) return name + " takes " + listOf(facts.childNames());
-  return name + (facts.holdsText ? " takes text alone" : " takes no elements");
-}
-
-/// What an element has of attributes, as a sentence; if they are many, where they are listed.
-std::string attributesInWords(const ClassFacts& facts) {
-  constexpr std::size_t few = 12;
-  const std::string name = facts.name.str();
-  if (facts.properties.empty()) return name + " has no attributes";
-  if (facts.properties.size() > few)
-    return "zrd reference --element " + name + " lists its attributes";
-  return name + " has " + listOf(facts.propertyNames());
-}
-
-/// The attributes of an element that have a word in their names, as a sentence; where none has it,
-/// all of them.
-std::string otherAttributesInWords(const ClassFacts& facts, const std::string& word) {
-  std::vector<Token> names = facts.propertyNames();
-  std::erase_if(names, [&](Token name) {
-    return std::string_view(name.str()).find(word) == std::string_view::npos;
-  });
-  if (word.size() < 3 || names.empty()) return attributesInWords(facts);
-  return facts.name.str() + std::string(" has ") + listOf(names);
-}
-
-/// Where the text of an element is written, as a sentence.
-std::string textInWords(const ClassFacts& facts) {
-  const std::string name = facts.name.str();
-  return "text is between its tags: <" + name + ">...</" + name + '>';
-}
-
-/// What of the children of an element takes the name, as a sentence.
-std::string wayInto(const ClassFacts& parent, Token name) {
-  std::vector<Token> between;
-  for (const ChildFacts& child : parent.children) {
-    if (factsOf(child.name)->takes(name)) between.push_back(child.name);
-  }
-  if (between.empty()) return {};
-  return "put it into " + listOf(between, "or") + ", which " + parent.name.str() + " takes";
-}
-
-/// Where an element may be, as a sentence.
-std::string parentsInWords(Token element) {
-  const ClassFacts* facts = factsOf(element);
-  if (!facts || facts->parents.empty()) return {};
-  return std::string(element.str()) + " can be in " + listOf(facts->parents, "or");
-}
-
-// clang-format off
-constexpr struct {
-  Token element;
-  Token attribute;
-  std::string_view value;
-} exampleValues[] = {
-    {Word::Obj2d,       Word::Type, "Curve2d"},
-    {Word::Obj3d,       Word::Type, "Surface"},
-    {Word::ObjStyle,    Word::Type, "Default"},
-    {Word::ObjType,     Word::Type, "Curve2d"},
-    {Word::Transform2d, Word::Type, "Translate2d"},
-    {Word::Transform3d, Word::Type, "Translate3d"},
-    {Word::Expr,        Word::Opt,  "Function"},
-    {Word::ExprSeq,     Word::Opt,  "XRange"},
-    {Word::ColorFunc,   Word::Opt,  "FillColorFunction"},
-    {Word::Prop,        Word::Opt,  "Mesh"},
-    {Word::Prop,        Word::Val,  "100"},
-    {Word::PropCat,     Word::Name, "Colours"},
-    {Word::PropInfo,    Word::Dom,  "LineColor"},
-};
-// clang-format on
-
-/// A value of an attribute that must be given, as a sentence.
-std::string exampleOf(const ClassFacts& element, Token attribute) {
-  const Property* property = element.property(attribute);
-  if (property && !property->allowedWords().empty()) {
-    return std::string(attribute.str()) + " is " + typeInWords(*property);
-  }
-  const auto* row = std::ranges::find_if(exampleValues, [&](const auto& example) {
-    return example.element == element.name && example.attribute == attribute;
-  });
-  if (row == std::end(exampleValues)) return {};
-  return "write for example " + std::string(attribute.str()) + "=\"" + std::string(row->value) +
-         '"';
-}
-
-/// The name in the other dimension, "Obj3d" for "Obj2d" and "P3" for "P2", if a parent takes that.
-std::string inOtherDimension(const ClassFacts& parent, std::string name) {
-  const std::size_t digit = name.find_first_of("23");
-  if (digit == name.npos) return {};
-  name[digit] = name[digit] == '2' ? '3' : '2';
-  const Token other = base::tokenOf(base::findWord(name));
-  if (!other || !parent.takes(other)) return {};
-  const bool isPlane = name[digit] == '2';
-  return std::string(parent.name.str()) + " is in " + (isPlane ? "the plane" : "space") +
-         ", where this is " + name;
-}
 
 constexpr const char* formOfColor = "a colour is #RRGGBB or #RRGGBBAA";
 constexpr const char* formOfNumber = "a number is as in 2, -0.5 or 1e-3";
@@ -274,7 +176,10 @@ void CheckingReader::reportUnknownElement(const UnknownName& name) {
     const bool isHere = !nearest.empty();
     if (!isHere) nearest = nearestName(name.localName, elementNames());
     help.push_back(question(nearest));
-    if (!isHere) help.push_back(contentInWords(*parent));
+    if (!isHere) {
+      const std::string way = wayInto(*parent, base::tokenOf(base::findWord(nearest)));
+      help.push_back(way.empty() ? contentInWords(*parent) : way);
+    }
   }
   findings_.add({.kind = Kind::unknownElement, .subject = shortened(name.localName)}, where,
                 std::move(help));
@@ -291,9 +196,7 @@ void CheckingReader::reportUnknownAttribute(Token element, const UnknownName& na
     meantAttributes_.push_back(nearest);
     return findings_.add(finding, where, {question(nearest)});
   }
-  findings_.add(finding, where,
-                {otherAttributesInWords(*facts, name.localName),
-                 facts->holdsText ? textInWords(*facts) : ""});
+  findings_.add(finding, where, helpForAttribute(*facts, name.localName));
 }
 
 AttributeList CheckingReader::knownAttributes(Token element, const AttributeList& attributes) {
@@ -332,8 +235,7 @@ void CheckingReader::startElement(std::uint32_t namespaceId, std::uint32_t eleme
       const Token foreign = base::tokenById(static_cast<int>(attribute.attributeId));
       findings_.add(
           {.kind = Kind::foreignAttribute, .subject = foreign.str(), .element = name.str()},
-          placeOfAttribute(foreign.str()),
-          {"a point has its numbers and colours between its tags"});
+          placeOfAttribute(foreign.str()), helpForAttribute(*factsOf(name), foreign.str()));
     }
   } else if (current()) {
     reportReplacement(name);
@@ -460,9 +362,9 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
   if (!property) {
     const std::string_view nearest = nearestName(name.str(), facts.propertyNames());
     finding.kind = Kind::foreignAttribute;
-    findings_.add(finding, placeOfAttribute(name.str()),
-                  {question(nearest), attributesInWords(facts)});
-    return;
+    return findings_.add(
+        finding, placeOfAttribute(name.str()),
+        nearest.empty() ? helpForAttribute(facts, name.str()) : std::vector{question(nearest)});
   }
   const bool isBlank =
       std::string_view(value).find_first_not_of(" \t\r\n") == std::string_view::npos;

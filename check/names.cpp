@@ -62,6 +62,11 @@ std::string question(std::string_view nearest) {
   return nearest.empty() ? "" : "did you mean " + std::string(nearest) + '?';
 }
 
+std::string tagsOf(base::Token element) {
+  const std::string name = element.str();
+  return '<' + name + ">...</" + name + '>';
+}
+
 std::string listOf(std::span<const std::string_view> words, std::string_view last) {
   std::string list;
   for (std::size_t i = 0; i < words.size(); ++i) {

@@ -85,12 +85,6 @@ void Review::reviewTexts(const PlotElement& canvas) {
 
 namespace {
 
-/// An element as it is written, as a part of a sentence.
-std::string tagsOf(Token element) {
-  const std::string name = element.str();
-  return '<' + name + ">...</" + name + '>';
-}
-
 constexpr auto firstScene = firstOf<plot::SceneBase, plot::Scene2d, plot::Scene3d>;
 constexpr auto firstSystem =
     firstOf<plot::CoordinateSystemBase, plot::CoordinateSystem2d, plot::CoordinateSystem3d>;

@@ -181,9 +181,7 @@ void Review::reviewSight(const PlotElement& primitive) {
         primitive, {help});
   };
   if (isElementOf<Text2d, Text3d>(primitive) && !hasText(primitive)) {
-    return report("it has no text", "the text is between its tags: <" +
-                                        std::string(primitive.tagName().str()) + ">...</" +
-                                        primitive.tagName().str() + '>');
+    return report("it has no text", "the text is between its tags: " + tagsOf(primitive.tagName()));
   }
   const auto* asymptote = elementCast<VerticalAsymptote>(&primitive);
   if (asymptote && asymptote->verticalAsymptotesVisible() && !box_[1]) {
@@ -194,8 +192,7 @@ void Review::reviewSight(const PlotElement& primitive) {
   if (sight.isSomething) return;
   const std::ptrdiff_t points = pointCountOf(primitive);
   if (sight.isTransparent) {
-    report("its colour is transparent",
-           "the last two of the eight digits of a colour say how opaque it is, from 00 to FF");
+    report("its colour is transparent", helpForOpacity);
   } else if (points == 0) {
     report("it has no points", pointsInPlane(&primitive)
                                    ? "put points into it, such as <P2>0 0</P2>"

@@ -22,6 +22,10 @@ bool isNativeText(const char* text);
 inline constexpr const char* helpForLocale =
     "run the program in a locale with UTF-8, such as C.UTF-8";
 
+/// How opaque a colour is.
+inline constexpr const char* helpForOpacity =
+    "the last two of the eight digits of a colour say how opaque it is, from 00 to FF";
+
 /// What a value of the property is instead of `text`.
 std::vector<std::string> helpForValue(const Property& property, const std::string& text);
 
