@@ -6,6 +6,7 @@
 #include <cmath>
 #include <iterator>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "vantry/base/scan.h"
@@ -95,16 +96,32 @@ int numbersIn(const Property& property, const base::Variant& stored) {
 }
 
 // clang-format off
-constexpr struct {
-  std::string_view name;
+/// A word that is not of the format, in small letters, and how its value is written.
+struct Meaning {
+  std::string_view word;
   std::string_view value;
-} colorNames[] = {
+};
+
+constexpr Meaning colorNames[] = {
     {"black",  "#000000"}, {"white",   "#FFFFFF"}, {"gray",   "#808080"}, {"grey",   "#808080"},
     {"red",    "#FF0000"}, {"green",   "#008000"}, {"blue",   "#0000FF"}, {"yellow", "#FFFF00"},
     {"orange", "#FFA500"}, {"brown",   "#A52A2A"}, {"purple", "#800080"}, {"pink",   "#FFC0CB"},
     {"cyan",   "#00FFFF"}, {"magenta", "#FF00FF"}, {"silver", "#C0C0C0"}, {"gold",   "#FFD700"},
 };
+
+constexpr Meaning truthNames[] = {
+    {"yes", "1"}, {"on",  "1"}, {"true",  "1"}, {"y", "1"}, {"t", "1"},
+    {"no",  "0"}, {"off", "0"}, {"false", "0"}, {"n", "0"}, {"f", "0"},
+};
 // clang-format on
+
+/// What a word means, as a sentence, whatever the case of its letters.
+std::string meaningIn(std::span<const Meaning> meanings, std::string word) {
+  std::ranges::transform(word, word.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+  const auto row = std::ranges::find(meanings, word, &Meaning::word);
+  return row == meanings.end() ? "" : std::string(row->word) + " is " + std::string(row->value);
+}
 
 }  // namespace
 
@@ -121,13 +138,7 @@ std::string shortened(std::string_view text) {
 }
 
 std::string helpForColorName(const std::string& text) {
-  std::string name = text.substr(text.starts_with('#') ? 1 : 0);
-  std::ranges::transform(name, name.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
-  const auto* row =
-      std::ranges::find(colorNames, name, [](const auto& color) { return color.name; });
-  if (row == std::end(colorNames)) return {};
-  return std::string(row->name) + " is " + std::string(row->value);
+  return meaningIn(colorNames, text.substr(text.starts_with('#') ? 1 : 0));
 }
 
 std::string helpForCommas(std::string_view numbers) {
@@ -236,6 +247,7 @@ std::vector<std::string> helpForValue(const Property& property, const std::strin
   }
   const ValueKind kind = valueKind(property);
   if (kind == ValueKind::color) help.push_back(helpForColorName(text));
+  if (kind == ValueKind::yesOrNo) help.push_back(meaningIn(truthNames, text));
   if (isNumeric(kind)) help.push_back(helpForCommas(text));
   help.push_back(std::string(property.name().str()) + " is " + typeInWords(property));
   return help;
