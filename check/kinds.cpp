@@ -93,6 +93,8 @@ constexpr Row rows[] = {
      "the value {detail} is outside of the range of {subject} and is moved into it"},
     {Kind::notFinite,          {"not-finite",           warning, "A coordinate is not finite."},
      "\"{detail}\" is no finite number"},
+    {Kind::oddFamily,          {"odd-family",           warning, "What is in the place of a font's family is hardly one."},
+     "\"{detail}\" is taken for the family of {subject}"},
     {Kind::noImageInHidden,    {"no-hidden-image",      warning, "A hidden object has no image."},
      "this {element}, which is hidden, has no {subject}"},
     {Kind::imageNotDrawn,      {"image-not-drawn",      warning, "The image of an object holds what its type does not draw."},

@@ -50,6 +50,7 @@ enum class Kind : std::uint8_t {
   textAfterValue,
   clampedValue,
   notFinite,
+  oddFamily,
   noImageInHidden,
   imageNotDrawn,
   nothingDrawn,

@@ -11,6 +11,7 @@
 
 #include "vantry/base/scan.h"
 #include "vantry/base/unicode_converter.h"
+#include "vantry/check/fonts.h"
 #include "vantry/check/names.h"
 #include "vantry/plot/values/value_parsers.h"
 #include "vantry/plot/values/variants.h"
@@ -56,7 +57,8 @@ std::size_t countOfWords(ValueKind kind) {
 
 /// What of a value is not looked at.
 std::string_view unusedPart(ValueKind kind, std::string_view text) {
-  if (kind == ValueKind::text || kind == ValueKind::font) return {};
+  if (kind == ValueKind::text) return {};
+  if (kind == ValueKind::font) return unusedPartOfFont(text);
   const bool isWhole = kind == ValueKind::wholeNumber;
   std::string_view rest = text;
   for (std::size_t i = countOfWords(kind); i > 0; --i) {
@@ -248,6 +250,7 @@ std::vector<std::string> helpForValue(const Property& property, const std::strin
   const ValueKind kind = valueKind(property);
   if (kind == ValueKind::color) help.push_back(helpForColorName(text));
   if (kind == ValueKind::yesOrNo) help.push_back(meaningIn(truthNames, text));
+  if (kind == ValueKind::font) help.push_back(helpForFont(text));
   if (isNumeric(kind)) help.push_back(helpForCommas(text));
   help.push_back(std::string(property.name().str()) + " is " + typeInWords(property));
   return help;
@@ -307,6 +310,10 @@ bool reviewValue(const Property& property, const base::Variant& stored, const st
       kind == ValueKind::text || kind == ValueKind::word || kind == ValueKind::font;
   if (isWritten && !isNativeText(text.c_str())) {
     findings.add({.kind = Kind::textNotInLocale}, where, {helpForLocale});
+  }
+  const auto font = stored.as<plot::FontStyleVariant>();
+  if (font && isOddFamily(font->get().family.c_str())) {
+    add(Kind::oddFamily, font->get().family.c_str(), helpForValue(property, text));
   }
   const std::string_view infinite = firstNotFinite(text, numbersIn(property, stored));
   if (!infinite.empty()) {
