@@ -106,7 +106,7 @@ void Review::reviewScenes(const PlotElement& canvas) {
     add({.kind = Kind::leftOut,
          .subject = second->tagName().str(),
          .detail = "the first scene of a document is converted"},
-        *second, {"put it into a document of its own"});
+        *second, {"put it into a document of its own", "zrd view shows all scenes of a document"});
   }
   is2d_ = isElementOf<plot::Scene2d>(*scene);
   const auto* system = firstSystem(scene->firstChild());
@@ -213,9 +213,9 @@ constexpr struct {
     {Word::View2d,       "what a display shows is the viewing box"},
     {Word::View3d,       "an object of the type Camera with a Camera in it says from where to look"},
     {Word::ClippingBox,  "what a display shows is the viewing box"},
-    {Word::AxesOriginX,  ""},
-    {Word::AxesOriginY,  ""},
-    {Word::AxesOriginZ,  ""},
+    {Word::AxesOriginX,  "JavaView chooses where axes cross, and Axes=\"Boxed\" puts them around the plot"},
+    {Word::AxesOriginY,  "JavaView chooses where axes cross, and Axes=\"Boxed\" puts them around the plot"},
+    {Word::AxesOriginZ,  "JavaView chooses where axes cross, and Axes=\"Boxed\" puts them around the plot"},
     {Word::XTicksAnchor, "XTicksDistance says how far the tick marks are apart"},
     {Word::YTicksAnchor, "YTicksDistance says how far the tick marks are apart"},
     {Word::ZTicksAnchor, "ZTicksDistance says how far the tick marks are apart"},

@@ -326,6 +326,7 @@ void Review::reviewExtent(const ObjectBase& object, Token image) {
   for (std::size_t i = 0; i < box_.size(); ++i) {
     const Interval& axis = extent.axis(i);
     if (!box_[i] || !(axis.max < box_[i]->min || axis.min > box_[i]->max)) continue;
+    const bool isBelow = axis.max < box_[i]->min;
     std::ostringstream detail;
     detail << "xyz"[i] << " is ";
     if (axis.min == axis.max) {
@@ -337,7 +338,10 @@ void Review::reviewExtent(const ObjectBase& object, Token image) {
     return add({.kind = Kind::outsideViewingBox,
                 .element = object.tagName().str(),
                 .detail = detail.str()},
-               object);
+               object,
+               {std::string("make the box reach it with a ") +
+                (isBelow ? "smaller ViewingBox" : "larger ViewingBox") + "XYZ"[i] +
+                (isBelow ? "Min" : "Max")});
   }
 }
 
