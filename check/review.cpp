@@ -3,6 +3,7 @@
 #include <langinfo.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <ostream>
 #include <string>
@@ -40,6 +41,16 @@ void Review::addAtValue(const Finding& finding, const dom::Node& element, Token 
 
 // It is the end that is pointed at.
 void Review::addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
+/// Points at the first of the numbers that is not finite; at the element if all are.
+void Review::addAtInfinite(const Finding& finding, const PlotElement& element, Names numbers,
+                           std::vector<std::string> help) {
+  const auto* infinite = std::ranges::find_if(numbers, [&](Token name) {
+    return !std::isfinite(plot::propertyValue<double>(element, name));
+  });
+  if (infinite == numbers.end()) return add(finding, element, std::move(help));
+  addAtValue(finding, element, *infinite, std::move(help));
+}
+
                          const std::string& effect) {
   addAtValue(
       {.kind = Kind::reversedRange, .subject = end.str(), .element = begin.str(), .detail = effect},

@@ -47,12 +47,15 @@ class Review {
   void run();
 
  private:
+  using Names = std::initializer_list<Token>;
+
   void add(const Finding& finding, const dom::Node& element, std::vector<std::string> help = {});
   void addAtValue(const Finding& finding, const dom::Node& element, Token attribute,
                   std::vector<std::string> help = {});
+  void addAtInfinite(const Finding& finding, const PlotElement& element, Names numbers,
+                     std::vector<std::string> help);
   void addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
                    const std::string& effect);
-  using Names = std::initializer_list<Token>;
   std::string defaultsInWords(const PlotElement& element, Names names) const;
 
   // review.cpp: what is converted of the document.

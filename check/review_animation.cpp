@@ -18,8 +18,8 @@ void Review::reviewTimeRange(const PlotElement& canvas) {
   hasTimeRange_ = range != nullptr;
   if (!range) return;
   if (!std::isfinite(range->timeEnd() - range->timeBegin())) {
-    add({.kind = Kind::endlessTimeRange}, *range,
-        {"write for example <TimeRange TimeBegin=\"0\" TimeEnd=\"4\"/>"});
+    addAtInfinite({.kind = Kind::endlessTimeRange}, *range, {Word::TimeBegin, Word::TimeEnd},
+                  {"write for example <TimeRange TimeBegin=\"0\" TimeEnd=\"4\"/>"});
   } else if (range->timeEnd() < range->timeBegin()) {
     addReversed(*range, Word::TimeEnd, Word::TimeBegin, Word::TimeEnd,
                 "an animation has its first frame alone");

@@ -169,7 +169,8 @@ bool isEndless(const Arc2d& arc) {
 
 void Review::reviewArc(const Arc2d& arc) {
   if (isEndless(arc)) {
-    add({.kind = Kind::endlessArc}, arc, {"a full turn is 6.283185, as angles are in radians"});
+    addAtInfinite({.kind = Kind::endlessArc}, arc, {Word::StartAngle, Word::EndAngle},
+                  {"a full turn is 6.283185, as angles are in radians"});
   } else if (arc.endAngle() < arc.startAngle()) {
     addReversed(arc, Word::EndAngle, Word::StartAngle, Word::EndAngle,
                 "nothing of this Arc2d is drawn");
