@@ -19,6 +19,7 @@ constexpr struct {
 } sayingTheSame[] = {
     {Kind::endlessArc, Kind::notFinite},
     {Kind::endlessTimeRange, Kind::notFinite},
+    {Kind::textNotWritable, Kind::textNotInLocale},
 };
 
 /// One mistake is one finding.

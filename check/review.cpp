@@ -19,6 +19,8 @@
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/elements/img.h"
 #include "vantry/plot/elements/scene.h"
+#include "vantry/plot/elements/text2d.h"
+#include "vantry/plot/elements/text3d.h"
 #include "vantry/plot/elements/transform.h"
 
 namespace vantry::check {
@@ -39,8 +41,6 @@ void Review::addAtValue(const Finding& finding, const dom::Node& element, Token 
                 std::move(help));
 }
 
-// It is the end that is pointed at.
-void Review::addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
 /// Points at the first of the numbers that is not finite; at the element if all are.
 void Review::addAtInfinite(const Finding& finding, const PlotElement& element, Names numbers,
                            std::vector<std::string> help) {
@@ -51,6 +51,8 @@ void Review::addAtInfinite(const Finding& finding, const PlotElement& element, N
   addAtValue(finding, element, *infinite, std::move(help));
 }
 
+// It is the end that is pointed at.
+void Review::addReversed(const PlotElement& element, Token attribute, Token begin, Token end,
                          const std::string& effect) {
   addAtValue(
       {.kind = Kind::reversedRange, .subject = end.str(), .element = begin.str(), .detail = effect},
@@ -259,15 +261,66 @@ bool Review::reportLeftOut(const dom::Node& element) {
   return true;
 }
 
-// Not all texts are written, and nobody but the writers knows which.
+namespace {
+
+bool isHidden(const dom::Node& node) {
+  const auto* object = elementCast<plot::ObjectBase, plot::Obj2d, plot::Obj3d>(&node);
+  const auto* group = elementCast<plot::GroupBase, plot::Group2d, plot::Group3d>(&node);
+  return (object && !object->visible()) || (group && !group->visible());
+}
+
+bool hasForeignFont(const PlotElement& element) {
+  if (!isElementOf<plot::Text2d, plot::Text3d>(element)) return false;
+  const auto font = plot::propertyValue<plot::FontStyle>(element, Word::TextFont);
+  return !isNativeText(font.family.c_str());
+}
+
+bool hasForeignText(const PlotElement& element) {
+  const Token name = element.tagName();
+  const bool isWritten = isElementOf<plot::Text2d, plot::Text3d>(element) ||
+                         plot::isOneOf(name, Word::XAxisTitle, Word::YAxisTitle, Word::ZAxisTitle);
+  for (const dom::Node* child = element.firstChild(); child; child = child->nextSibling()) {
+    if (isWritten && child->nodeValue() && !isNativeText(child->nodeValue())) return true;
+  }
+  return false;
+}
+
+/// The first text that is written, and that the locale does not have; null if that is not known.
+const PlotElement* firstForeignText(const PlotElement& canvas) {
+  const plot::SceneBase* scene = firstScene(canvas.firstChild());
+  const PlotElement* first = nullptr;
+  dom::walkSubtree<const dom::Node>(*firstSystem(scene->firstChild()), [&](const dom::Node& node) {
+    const PlotElement* element = PlotElement::from(&node);
+    const bool isFirst =
+        element && !first && (hasForeignText(*element) || hasForeignFont(*element));
+    if (isFirst) first = element;
+    return !first && !isHidden(node);
+  });
+  return first;
+}
+
+}  // namespace
+
+// Not all texts are written, and nobody but the writers knows for sure which.
 void Review::tryToWriteTexts() {
   try {
     std::ostream nowhere(nullptr);
     javaview::JVXWriter(&document_).write(nowhere, plot::nan);
     javaview::JVDWriter(&document_).write(nowhere, plot::nan);
   } catch (const base::BadUnicodeString&) {
-    add({.kind = Kind::textNotWritable}, *document_.documentElement(), {helpForLocale});
+    const PlotElement& canvas = *document_.documentElement();
+    const PlotElement* text = firstForeignText(canvas);
+    addNotWritable(text ? *text : canvas);
   }
+}
+
+// A font may come from a style.
+void Review::addNotWritable(const PlotElement& text) {
+  const Finding finding = {.kind = Kind::textNotWritable};
+  if (!hasForeignFont(text) || hasForeignText(text)) return add(finding, text, {helpForLocale});
+  const PlotElement* style = text.styleParent(Word::TextFont);
+  const bool isOwn = text.hasAttribute(Word::TextFont) || !style;
+  addAtValue(finding, isOwn ? text : *style, Word::TextFont, {helpForLocale});
 }
 
 }  // namespace vantry::check

@@ -68,6 +68,7 @@ class Review {
   void reviewLeftOut(const PlotElement& parent);
   bool reportLeftOut(const dom::Node& element);
   void tryToWriteTexts();
+  void addNotWritable(const PlotElement& text);
 
   // review_display.cpp: what an object is seen in.
   void reviewBounds(const plot::CoordinateSystemBase& system);
