@@ -314,6 +314,7 @@ void CheckingReader::reportMisplaced(Token name, const AttributeList& attributes
   std::vector<std::string> help;
   if (!parent.takes(name)) {
     finding.kind = Kind::misplacedElement;
+    if (findings_.isFull(finding.kind)) return;
     help = {inOtherDimension(parent, name.str()), wayInto(parent, name)};
     if (help[0].empty() && help[1].empty()) help.push_back(contentInWords(parent));
     help.push_back(parentsInWords(name));
@@ -362,6 +363,7 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
   if (!property) {
     const std::string_view nearest = nearestName(name.str(), facts.propertyNames());
     finding.kind = Kind::foreignAttribute;
+    if (findings_.isFull(finding.kind)) return;
     return findings_.add(
         finding, placeOfAttribute(name.str()),
         nearest.empty() ? helpForAttribute(facts, name.str()) : std::vector{question(nearest)});
