@@ -220,9 +220,9 @@ constexpr struct {
   Token element;
   std::string_view way;  // to what does reach the files, as a sentence
 } leftOutElements[] = {
-    {Word::Header,       "a text in the plot is a Text2d or Text3d"},
-    {Word::Footer,       "a text in the plot is a Text2d or Text3d"},
-    {Word::Title,        "a text in the plot is a Text2d or Text3d"},
+    {Word::Header,       helpForTexts},
+    {Word::Footer,       helpForTexts},
+    {Word::Title,        helpForTexts},
     {Word::View2d,       "what a display shows is the viewing box"},
     {Word::View3d,       "an object of the type Camera with a Camera in it says from where to look"},
     {Word::ClippingBox,  "what a display shows is the viewing box"},

@@ -22,6 +22,8 @@ bool isNativeText(const char* text);
 inline constexpr const char* helpForLocale =
     "run the program in a locale with UTF-8, such as C.UTF-8";
 
+/// Where the words in a plot come from.
+inline constexpr const char* helpForTexts = "a text in the plot is a Text2d or Text3d";
 /// How opaque a colour is.
 inline constexpr const char* helpForOpacity =
     "the last two of the eight digits of a colour say how opaque it is, from 00 to FF";

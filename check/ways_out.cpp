@@ -126,7 +126,7 @@ namespace {
 
 // clang-format off
 /// What other languages of graphics call an attribute, in small letters, and what there is in its
-/// place: attributes, or points.
+/// place: attributes or points, or else what the remark says.
 constexpr struct {
   std::string_view words;
   std::array<Token, 8> names;
@@ -153,7 +153,7 @@ constexpr struct {
     {" marker symbol ",      {Word::PointStyle}},
     {" font fontfamily fontsize fontweight fontstyle ", {Word::TextFont}},
     {" align anchor textanchor ", {Word::HorizontalAlignment, Word::VerticalAlignment}},
-    {" label text title caption ", {Word::Name}},
+    {" label text title caption ", {}, helpForTexts},
     {" value number ",       {Word::Val}},
     {" points vertices coordinates data ", {Word::P2, Word::P3}},
 };
@@ -183,7 +183,10 @@ std::vector<std::string> inPlaceOfUsualWord(const ClassFacts& facts, std::string
     if (there && facts.property(there)) names.emplace_back(there.str());
     if (there && facts.takes(there)) names.push_back(tagsOf(there));
   }
-  if (names.empty()) return {};
+  if (names.empty()) {
+    const bool isElsewhere = !row->names.front() && !facts.holdsText;
+    return std::vector<std::string>(isElsewhere ? 1 : 0, std::string(row->remark));
+  }
   return {
       "in place of " + shortened(name) + ", " + facts.name.str() + " has " + listOf(viewsOf(names)),
       std::string(row->remark)};
