@@ -88,15 +88,27 @@ class Checker {
     if (name == "-" || !fs::is_directory(name, unknown)) return checkOnce(name);
     const FoundPlots found = findPlots({name});
     for (const FoundPlot& plot : found.plots) checkOnce(plot.name);
-    if (found.failures.empty()) return;
-    for (const std::string& failure : found.failures) noteFailure(name, failure);
-    ++(found.plots.empty() ? withoutPlots_ : notSearched_);
+    for (const SearchFailure& failure : found.failures) {
+      noteFailure(name, failure.sentence);
+      ++countOf(failure.kind);
+    }
+  }
+
+  std::int64_t& countOf(SearchFailure::Kind kind) {
+    switch (kind) {
+      case SearchFailure::Kind::notSearched:
+        return notSearched_;
+      case SearchFailure::Kind::withoutPlots:
+        return withoutPlots_;
+      case SearchFailure::Kind::unreadable:
+        break;
+    }
+    return unreadable_;
   }
 
   /// A file may be named again, or be in a folder that is named too.
   void checkOnce(const std::string& name) {
-    const fs::path known = name == "-" ? fs::path(name) : fs::absolute(name).lexically_normal();
-    if (checked_.insert(known).second) check(name);
+    if (checked_.insert(name == "-" ? fs::path(name) : comparable(name)).second) check(name);
   }
 
   void check(const std::string& name) try {
@@ -186,7 +198,8 @@ Command addCheckCommand(CLI::App& program) {
   command
       ->add_option("FILE", options->files,
                    "The plot documents, folders with them, or - for standard input")
-      ->required();
+      ->required()
+      ->check(mustNotBeEmpty);
   addChoice(*command, "--format", options->format, formats,
             "Sentences for people, a JSON object a line, or a SARIF log")
       ->default_str("text");

@@ -124,7 +124,7 @@ int run(const ConvertArguments& arguments) {
 
   ConvertReport report;
   const FoundPlots found = findPlots(arguments.plots, arguments.listName);
-  for (const std::string& line : found.failures) report.fail(line);
+  for (const SearchFailure& failure : found.failures) report.fail(failure.sentence);
   for (const std::string& line : found.warnings) report.warn(line);
   OutputNames names(found.plots);
   report.begin(found.plots.size());

@@ -37,7 +37,7 @@ class Search {
     } else if (fs::exists(status)) {
       add({name, {}});
     } else {
-      found_.failures.push_back(name.string() + ": cannot be opened: " + failure.message());
+      fail(Kind::unreadable, name.string() + ": cannot be opened: " + failure.message());
     }
   }
 
@@ -48,12 +48,14 @@ class Search {
       addNamed(entry == "-" ? "./-" : entry);  // in a list it is a file like any other
     }
   } catch (const Failure& failure) {
-    found_.failures.emplace_back(failure.what());
+    fail(Kind::unreadable, failure.what());
   }
 
   FoundPlots take() { return std::move(found_); }
 
  private:
+  using Kind = SearchFailure::Kind;
+
   void addFolder(const fs::path& folder) {
     std::vector<fs::path> plots;
     std::error_code failure;
@@ -66,9 +68,9 @@ class Search {
       entries.increment(failure);
     }
     if (failure) {
-      found_.failures.push_back(folder.string() + ": cannot be searched: " + failure.message());
+      fail(Kind::notSearched, folder.string() + ": cannot be searched: " + failure.message());
     } else if (plots.empty()) {
-      found_.failures.push_back("no plots (*.zrd) in " + folder.string());
+      fail(Kind::withoutPlots, "no plots (*.zrd) in " + folder.string());
     }
     std::ranges::sort(plots);
     for (const fs::path& name : plots) {
@@ -77,9 +79,11 @@ class Search {
   }
 
   void add(FoundPlot plot) {
-    if (known_.insert(fs::absolute(plot.name).lexically_normal()).second) {
-      found_.plots.push_back(std::move(plot));
-    }
+    if (known_.insert(comparable(plot.name)).second) found_.plots.push_back(std::move(plot));
+  }
+
+  void fail(Kind kind, std::string sentence) {
+    found_.failures.push_back({kind, std::move(sentence)});
   }
 
   FoundPlots found_;
@@ -87,6 +91,12 @@ class Search {
 };
 
 }  // namespace
+
+fs::path comparable(const fs::path& name) {
+  std::error_code failure;
+  const fs::path absolute = fs::absolute(name, failure);
+  return (failure ? name : absolute).lexically_normal();
+}
 
 FoundPlots findPlots(const std::vector<std::string>& names, const std::string& listName) {
   Search search;

@@ -1,6 +1,7 @@
 // Which plots a command line names.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -13,11 +14,22 @@ struct FoundPlot {
   std::filesystem::path folder;  ///< where it lies below the folder that was named; may be empty
 };
 
-/// What was found, and sentences about what was not.
+/// Why a name stands for no plot, or for fewer than there may be.
+struct SearchFailure {
+  enum class Kind : std::uint8_t {
+    unreadable,    ///< a file, a list or a folder that cannot be opened
+    notSearched,   ///< a folder that could not be searched to its end
+    withoutPlots,  ///< a folder that was searched
+  };
+  Kind kind;
+  std::string sentence;
+};
+
+/// What was found, and what was not.
 struct FoundPlots {
   std::vector<FoundPlot> plots;
-  std::vector<std::string> failures;  ///< names that stand for nothing that can be read
-  std::vector<std::string> warnings;  ///< lists without a name
+  std::vector<SearchFailure> failures;
+  std::vector<std::string> warnings;  ///< sentences about lists without a name
 };
 
 /// Finds the plots that names stand for: files as they are, folders for all *.zrd in and below
@@ -26,5 +38,9 @@ struct FoundPlots {
 /// that end with one. A plot that comes twice is returned once. A folder without plots is a
 /// failure.
 FoundPlots findPlots(const std::vector<std::string>& names, const std::string& listName = {});
+
+/// A path that is the same for all ways to write the name of a file, as far as that shows without
+/// a look at the file. It is the name itself if the current folder is gone.
+std::filesystem::path comparable(const std::filesystem::path& name);
 
 }  // namespace vantry::zrd

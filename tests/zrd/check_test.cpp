@@ -1,5 +1,7 @@
 // zrd check: the command line, the statuses, and what goes where.
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <string>
@@ -139,6 +141,32 @@ TEST_F(CheckCommand, ChecksEachFileOnce) {
   EXPECT_TRUE(outcome.out.starts_with("plots/a.zrd:1:10: error: ")) << outcome.out;
   EXPECT_TRUE(outcome.out.ends_with("\n1 error and no warnings\n")) << outcome.out;
   EXPECT_EQ(check({"none.zrd", "./none.zrd"}).out, "1 file could not be read\n");
+}
+
+TEST_F(CheckCommand, GoesOnIfTheCurrentFolderIsGone) {
+  const std::string file = (folder_.path() / "wrong.zrd").string();
+  std::filesystem::create_directory(folder_.path() / "gone");
+  setWrapper({"/bin/sh", "-c", "cd gone && rmdir ../gone && exec \"$@\"", "sh"});
+  const Outcome outcome = check({"--format", "json", "a.zrd", "./a.zrd", file});
+  EXPECT_EQ(outcome.status, 2);
+  const std::string finding = R"({"file":")" + file + R"(","line":1,"column":10,)";
+  const std::string failure =
+      R"({"file":"a.zrd","failure":"cannot be opened: No such file or directory"})"
+      "\n";
+  EXPECT_TRUE(outcome.out.starts_with(failure + finding)) << outcome.out;
+  EXPECT_EQ(std::ranges::count(outcome.out, '\n'), 2) << outcome.out;
+}
+
+TEST_F(CheckCommand, CountsAFolderThatItCannotSearch) {
+  constexpr int files = 16;  // of which a search has one for each folder that it is in
+  std::filesystem::path deep = folder_.path() / "deep";
+  for (int i = 0; i < 2 * files; ++i) deep /= "d";
+  std::filesystem::create_directories(deep);
+  setLimit(RLIMIT_NOFILE, files);
+  const Outcome outcome = check({"deep"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "1 folder could not be searched to the end\n");
+  EXPECT_EQ(outcome.err, "zrd: deep: cannot be searched: Too many open files\n");
 }
 
 // What a file is called cannot look like a finding, or steer the terminal.

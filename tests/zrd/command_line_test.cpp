@@ -68,7 +68,7 @@ TEST_F(CommandLine, SaysWhatIsMissingOrTooMuch) {
 
 TEST_F(CommandLine, RefusesEmptyNames) {
   const std::string reason = ": a name cannot be empty";
-  for (const std::string command : {"show", "command", "format"}) {
+  for (const std::string command : {"check", "show", "command", "format"}) {
     expectRefused({command, ""}, "FILE" + reason, command);
   }
   for (const std::string command : {"convert", "view"}) {
