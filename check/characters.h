@@ -1,6 +1,7 @@
 // The characters that markup is made of, as bytes of UTF-8.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace vantry::check {
@@ -21,6 +22,19 @@ constexpr bool isNameCharacter(char c) {
   const bool isAscii = static_cast<unsigned char>(c) < 0x80;
   return isLetter || isDigit || !isAscii ||
          std::string_view("_:-.").find(c) != std::string_view::npos;
+}
+
+/// Whether a name may begin with this.
+constexpr bool beginsName(char c) {
+  const bool isDigit = c >= '0' && c <= '9';
+  return isNameCharacter(c) && !isDigit && c != '-' && c != '.';
+}
+
+/// The name that begins at a place; empty where there is none.
+constexpr std::string_view nameAt(std::string_view text, std::size_t begin) {
+  std::size_t end = begin;
+  while (end < text.size() && isNameCharacter(text[end])) ++end;
+  return text.substr(begin, end - begin);
 }
 
 }  // namespace vantry::check

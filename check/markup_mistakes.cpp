@@ -5,6 +5,7 @@
 
 #include "vantry/base/hexadecimal.h"
 #include "vantry/check/characters.h"
+#include "vantry/check/markup.h"
 #include "vantry/check/prolog_mistakes.h"
 #include "vantry/check/tag_mistakes.h"
 #include "vantry/check/utf8_text.h"
@@ -218,10 +219,12 @@ Mistake mistakeInUnclosedToken(std::string_view document, std::size_t offset) {
   return {{row->reason, {row->help}, offset}};
 }
 
-Mistake mistakeInUnclosedCdata(std::string_view document) {
-  const std::size_t closed = document.rfind("]]>");
-  const std::size_t from = closed == document.npos ? 0 : closed;
-  return mistakeInUnclosedToken(document, document.find("<![CDATA[", from));
+Mistake mistakeInUnclosedCdata(std::string_view document, std::size_t offset) {
+  auto markup = nextMarkup(document, 0);
+  while (markup && (markup->isClosed || !markup->text.starts_with("<![CDATA["))) {
+    markup = nextMarkup(document, markup->end());
+  }
+  return mistakeInUnclosedToken(document, markup ? markup->begin : offset);
 }
 
 }  // namespace vantry::check

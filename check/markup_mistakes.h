@@ -23,8 +23,8 @@ std::optional<MarkupMistake> mistakeInToken(std::string_view document, std::size
 /// The mistake for which the token that begins at `offset` does not end.
 std::optional<MarkupMistake> mistakeInUnclosedToken(std::string_view document, std::size_t offset);
 
-/// The CDATA section that does not end.
-std::optional<MarkupMistake> mistakeInUnclosedCdata(std::string_view document);
+/// The CDATA section that does not end, or the entity at `offset` that it is in.
+std::optional<MarkupMistake> mistakeInUnclosedCdata(std::string_view document, std::size_t offset);
 
 /// Text before or behind all elements.
 MarkupMistake textOutside(std::size_t offset);

@@ -29,7 +29,8 @@ constexpr struct Declaration {
 constexpr const char* wayOut =
     "a plot document needs no document type, unless it has entities of its own";
 
-std::string_view nameAt(std::string_view document, std::size_t begin) {
+/// What a declaration begins with, up to its first blank, bracket or quote.
+std::string_view keywordAt(std::string_view document, std::size_t begin) {
   const std::string_view rest = document.substr(begin);
   return rest.substr(0, rest.find_first_of(" \t\r\n[]<>\"'", 1));
 }
@@ -81,7 +82,7 @@ const Declaration* findDeclaration(std::string_view name) {
 
 /// About a declaration that is none, or cannot be where it begins.
 MarkupMistake wrongDeclaration(std::string_view document, std::size_t begin, bool isOutermost) {
-  const std::string_view name = nameAt(document, begin);
+  const std::string_view name = keywordAt(document, begin);
   const Declaration* known = findDeclaration(name);
   if (!known) {
     return {"there is no declaration " + shortened(name),
@@ -108,7 +109,7 @@ std::optional<MarkupMistake> mistakeInProlog(std::string_view document, std::siz
   if (beginsDeclaration && open.size() < 2) return wrongDeclaration(document, place, open.empty());
   if (open.empty()) return {};
   const bool isInner = open.size() > 1;
-  const Declaration* known = findDeclaration(nameAt(document, open.back()));
+  const Declaration* known = findDeclaration(keywordAt(document, open.back()));
   if (!known) return wrongDeclaration(document, open.back(), !isInner);
   const std::vector<std::string> help = {std::string("it is written as in ") + known->form, wayOut};
   const bool ends = rest.empty() || rest[0] == '<' || (rest[0] == ']' && isInner);

@@ -70,7 +70,7 @@ constexpr struct {
 
 constexpr const char* helpForEmptyDocument = "a plot document is a Canvas: <Canvas> ... </Canvas>";
 
-/// What the document itself shows of an error.
+/// What the document itself shows of an error. Where it has no help, that of the row helps.
 std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view document,
                                          std::size_t offset, bool isInElement) {
   switch (code) {
