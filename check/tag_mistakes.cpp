@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "vantry/check/characters.h"
+#include "vantry/check/markup.h"
 #include "vantry/check/values.h"
 
 namespace vantry::check {
@@ -177,17 +180,24 @@ Mistake mistakeInSecondAttribute(std::string_view document, std::size_t offset) 
 
 Mistake mistakeInPrefix(std::string_view document, std::size_t tag) {
   if (!document.substr(tag).starts_with('<')) return {};  // but what an entity stands for
-  const std::size_t end = std::min(document.find('>', tag), document.size());
-  for (std::size_t at = tag + 1; at < end; ++at) {
-    if (isQuote(document[at])) at = std::min(document.find(document[at], at + 1), end);
-    if (at == end || document[at] != ':') continue;
-    const std::string_view prefix = nameBefore(document, at);
-    const std::string declaration = "xmlns:" + std::string(prefix);
-    const bool isReserved = prefix == "xml" || prefix == "xmlns";
-    if (isReserved || document.find(declaration) != document.npos) continue;
-    return {{"the prefix " + shortened(prefix) + " belongs to no namespace",
-             {"leave it out, or declare it, as in " + shortened(declaration) + "=\"...\""},
-             at - prefix.size()}};
+  constexpr std::string_view declaration = "xmlns:";
+  std::unordered_set<std::string_view> declared = {"", "xml", "xmlns"};
+  std::vector<std::string_view> names;  // at the end, those in the tag
+  std::optional<Markup> markup;
+  for (std::size_t at = 0; at <= tag; at = markup->end()) {
+    markup = nextMarkup(document, at);
+    names = namesIn(*markup);
+    for (const std::string_view name : names) {
+      if (name.starts_with(declaration)) declared.insert(name.substr(declaration.size()));
+    }
+  }
+  for (const std::string_view name : names) {
+    const std::size_t size = name.find(':');
+    if (size == name.npos || declared.contains(name.substr(0, size))) continue;
+    const std::string prefix = shortened(name.substr(0, size));
+    return {{"the prefix " + prefix + " belongs to no namespace",
+             {"leave it out, or declare it, as in xmlns:" + prefix + "=\"...\""},
+             static_cast<std::size_t>(name.data() - document.data())}};
   }
   return {};
 }

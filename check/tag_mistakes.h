@@ -28,11 +28,12 @@ MarkupMistake missingQuote(std::size_t quote);
 /// The mistake for which the tag that is open at `offset` cannot go on there.
 std::optional<MarkupMistake> mistakeInTag(std::string_view document, std::size_t offset);
 
-/// The attribute that is the second of its name in a tag, and begins at `offset`.
+/// The attribute that is the second of its name in a tag, and begins at `offset`; or the tag that
+/// begins there, if the names differ in their prefixes.
 std::optional<MarkupMistake> mistakeInSecondAttribute(std::string_view document,
                                                       std::size_t offset);
 
-/// The name with a prefix that the document declares nowhere, in the tag that begins at `tag`.
+/// The name with a prefix that no tag declares up to the tag that begins at `tag`, in that tag.
 std::optional<MarkupMistake> mistakeInPrefix(std::string_view document, std::size_t tag);
 
 }  // namespace vantry::check

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// A document with `n` mistakes or odd things.
+/// A document with `n` mistakes or odd things, or one that is not well-formed for the last of them.
 struct Shape {
   const char* name;
   std::size_t items;
@@ -112,6 +112,20 @@ const std::vector<Shape> shapes = {
      [](std::size_t n) {
        const std::string text = "<Text2d Position='1 2'>" + std::string(1000, '\xBF') + "</Text2d>";
        return "<?xml version='1.0' encoding='ISO-8859-1'?>" + image(repeated(text + "<a/>", n));
+     }},
+    {"PrefixesBeforeOneThatIsNotDeclared", 200,
+     [](std::size_t n) {
+       return "<Canvas" + numbered(" xmlns:p#='urn:#'", n) + "><Scene2d" + numbered(" p#:a=''", n) +
+              " zz:b=''/></Canvas>";
+     }},
+    {"EntitiesBeforeOneThatIsNotDeclared", 200,
+     [](std::size_t n) {
+       return "<!DOCTYPE Canvas [" + numbered("<!ENTITY e# '1'>", n) + "]><Canvas Width='" +
+              numbered("&e#;", n) + "&deg;'/>";
+     }},
+    {"SectionsBeforeOneThatIsOpen", 200,
+     [](std::size_t n) {
+       return canvas(repeated("<!-- <![CDATA[ --><![CDATA[]]>", n) + "<![CDATA[");
      }},
 };
 
