@@ -172,7 +172,13 @@ Mistake mistakeInTag(std::string_view document, std::size_t offset) {
 
 Mistake mistakeInSecondAttribute(std::string_view document, std::size_t offset) {
   const std::string_view rest = document.substr(std::min(offset, document.size()));
-  const std::string name(rest.substr(0, rest.find_first_of("= \t\r\n")));
+  if (rest.starts_with('<')) {  // the parser knows no place within the tag
+    return {{"two prefixes mean the same namespace, so that this tag has an attribute twice",
+             {"leave one of the two attributes out"},
+             offset}};
+  }
+  const std::string_view name = nameAt(rest, 0);
+  if (name.empty()) return {};
   return {{"this tag has the attribute " + shortened(name) + " twice",
            {"leave one of them out"},
            offset}};

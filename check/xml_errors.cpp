@@ -31,6 +31,7 @@ constexpr Row rows[] = {
     {XML_ERROR_PARTIAL_CHAR,            "the document ends within a character", "it is perhaps cut off, or damaged"},
     {XML_ERROR_TAG_MISMATCH,            "this end tag is not that of the element that is open", "names are compared letter by letter, capitals included", true},
     {XML_ERROR_JUNK_AFTER_DOC_ELEMENT,  "something follows the outermost element", "a document has one outermost element, the Canvas"},
+    {XML_ERROR_DUPLICATE_ATTRIBUTE,     "a tag has an attribute twice", "leave one of them out"},
     {XML_ERROR_PARAM_ENTITY_REF,        "an entity with % cannot be here", "within the document itself it can be between declarations alone"},
     {XML_ERROR_UNDEFINED_ENTITY,        "there is no entity of this name", "XML knows &lt; &gt; &amp; &quot; and &apos;; for any other character write its number, as in &#176;"},
     {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself", "what it stands for must not contain its own name, in other entities either"},
