@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "vantry/check/characters.h"
+#include "vantry/check/entity_mistakes.h"
 #include "vantry/check/prolog_mistakes.h"
 #include "vantry/check/tag_mistakes.h"
 
@@ -30,8 +31,8 @@ constexpr Row rows[] = {
     {XML_ERROR_UNCLOSED_TOKEN,          "the document ends too early", "it is perhaps cut off", true},
     {XML_ERROR_PARTIAL_CHAR,            "the document ends within a character", "it is perhaps cut off, or damaged"},
     {XML_ERROR_TAG_MISMATCH,            "this end tag is not that of the element that is open", "names are compared letter by letter, capitals included", true},
-    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT,  "something follows the outermost element", "a document has one outermost element, the Canvas"},
     {XML_ERROR_DUPLICATE_ATTRIBUTE,     "a tag has an attribute twice", "leave one of them out"},
+    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT,  "something follows the outermost element", "a document has one outermost element, the Canvas"},
     {XML_ERROR_PARAM_ENTITY_REF,        "an entity with % cannot be here", "within the document itself it can be between declarations alone"},
     {XML_ERROR_UNDEFINED_ENTITY,        "there is no entity of this name", "XML knows &lt; &gt; &amp; &quot; and &apos;; for any other character write its number, as in &#176;"},
     {XML_ERROR_RECURSIVE_ENTITY_REF,    "an entity contains itself", "what it stands for must not contain its own name, in other entities either"},
@@ -80,7 +81,11 @@ std::optional<MarkupMistake> findMistake(std::int32_t code, std::string_view doc
     case XML_ERROR_UNCLOSED_TOKEN:
       return mistakeInUnclosedToken(document, offset);
     case XML_ERROR_UNCLOSED_CDATA_SECTION:
-      return mistakeInUnclosedCdata(document);
+      return mistakeInUnclosedCdata(document, offset);
+    case XML_ERROR_UNDEFINED_ENTITY:
+      return mistakeInUndefinedEntity(document, offset);
+    case XML_ERROR_RECURSIVE_ENTITY_REF:
+      return mistakeInRecursiveEntity(document, offset);
     case XML_ERROR_UNBOUND_PREFIX:
       return mistakeInPrefix(document, offset);
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
@@ -108,13 +113,14 @@ XmlError describeXmlError(std::int32_t code, std::string_view document, std::siz
   const auto* format = std::ranges::find_if(
       otherFormats, [&](const auto& other) { return document.starts_with(other.beginning); });
   const bool isPlot = format == std::end(otherFormats);
+  const auto* known = std::ranges::find(rows, code, &Row::code);
+  const Row& row = known == std::end(rows) ? otherError : *known;
   if (isPlot) {
     if (auto found = findMistake(code, document, offset, isInElement)) {
+      if (found->help.empty()) found->help = {row.help};
       return {std::move(*found), false};
     }
   }
-  const auto* found = std::ranges::find(rows, code, &Row::code);
-  const Row& row = found == std::end(rows) ? otherError : *found;
   return {{row.reason, {isPlot ? row.help : format->help}, offset},
           isInElement && row.concernsOpenElement};
 }
