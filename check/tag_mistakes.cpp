@@ -50,8 +50,12 @@ std::string_view nameBefore(std::string_view text, std::size_t end) {
   return text.substr(begin, end - begin);
 }
 
+/// The word that begins at a place, without the end of the tag that it may be before.
 std::string_view wordAt(std::string_view text, std::size_t begin) {
-  return text.substr(begin, text.find_first_of(" \t\r\n<>\"'", begin) - begin);
+  const std::size_t end = std::min(text.find_first_of(" \t\r\n<>\"'", begin), text.size());
+  std::string_view word = text.substr(begin, end - begin);
+  if (word.ends_with('/') && text.substr(end).starts_with('>')) word.remove_suffix(1);
+  return word;
 }
 
 /// The place behind the last character before `at` that is no blank.
@@ -87,13 +91,21 @@ bool beginsWithCurlyQuote(std::string_view value) {
   return std::ranges::any_of(quotes, [=](auto quote) { return value.starts_with(quote); });
 }
 
-Mistake valueWithoutQuotes(std::string_view document, std::size_t offset, std::string_view name) {
-  const std::string value(wordAt(document, offset));
-  const bool isCurly = beginsWithCurlyQuote(value);
-  return {{"a value is not between quotes",
-           {isCurly ? "quotes are straight: \" or '"
-                    : "write " + std::string(name) + "=\"" + value + '"'},
-           offset}};
+MarkupMistake attributeWithoutValue(std::string_view name, std::size_t place) {
+  return {"the attribute " + shortened(name) + " has no value",
+          {"write " + shortened(name) + "=\"...\""},
+          place};
+}
+
+MarkupMistake valueWithoutQuotes(std::string_view document, std::size_t offset,
+                                 std::string_view name) {
+  const std::string_view value = wordAt(document, offset);
+  if (value.empty()) return attributeWithoutValue(name, offset);
+  const std::string shown = value == "=" ? "..." : shortened(value);
+  return {"a value is not between quotes",
+          {beginsWithCurlyQuote(value) ? "quotes are straight: \" or '"
+                                       : "write " + shortened(name) + "=\"" + shown + '"'},
+          offset};
 }
 
 /// A value follows its name at once, or behind another character than =.
@@ -125,9 +137,17 @@ MarkupMistake mistakeBehindName(std::string_view document, std::size_t offset, c
         {"names have letters, digits and _ - . alone; perhaps a blank or > is missing before it"},
         offset};
   }
-  return {"the attribute " + shortened(name) + " has no value",
-          {"write " + shortened(name) + "=\"...\""},
-          end - name.size()};
+  return attributeWithoutValue(name, end - name.size());
+}
+
+/// What is wrong directly behind a value.
+MarkupMistake mistakeBehindValue(std::string_view document, std::size_t offset) {
+  const std::string help = "a quote in a value is &quot; or &apos;";
+  if (beginsName(document[offset])) {
+    return {
+        "a blank is missing before this", {"attributes have blanks between them; " + help}, offset};
+  }
+  return {"attributes have only blanks between them", {"leave this out; " + help}, offset};
 }
 
 /// What is wrong between the values of a tag.
@@ -151,11 +171,7 @@ Mistake mistakeBetweenValues(std::string_view document, std::size_t offset, cons
     const std::string_view name = nameBefore(document, behindWordBefore(document, end - 1));
     return valueWithoutQuotes(document, offset, name);
   }
-  if (isBehindQuote) {
-    return {{"a blank is missing before this",
-             {"attributes have blanks between them; a quote in a value is &quot; or &apos;"},
-             offset}};
-  }
+  if (isBehindQuote) return mistakeBehindValue(document, offset);
   return mistakeBehindName(document, offset, tag);
 }
 
