@@ -1,7 +1,9 @@
 """Holds the SARIF log of zrd check to the published schema: validate.py ZRD SCHEMA CASES."""
 
 import json
+import os
 import pathlib
+import re
 import subprocess
 import sys
 
@@ -10,12 +12,34 @@ import jsonschema
 program, schema_file, folder = sys.argv[1:]
 schema = json.loads(pathlib.Path(schema_file).read_text(encoding="utf-8"))
 files = sorted(str(file) for file in pathlib.Path(folder).glob("*.zrd"))
-for chosen in (files, files[:1], []):
-    command = [program, "check", "--format", "sarif", *(chosen or ["-"])]
-    run = subprocess.run(command, input=b"", stdout=subprocess.PIPE, check=False)
+
+
+def codes_beside(file):
+    """The codes of what is found in a document, from the text that is written beside it."""
+    path = pathlib.Path(file)
+    text = path.with_suffix(".txt").read_text(encoding="utf-8", errors="replace")
+    return re.findall(rf"^{re.escape(path.name)}:.* \[([a-z-]+)\]$", text, re.MULTILINE)
+
+
+# What the locale cannot hold is found in one of ASCII.
+of_ascii = [file for file in files if pathlib.Path(file).name.startswith("text-not-")]
+of_unicode = [file for file in files if file not in of_ascii]
+runs = [
+    ("C", of_ascii, [code for file in of_ascii for code in codes_beside(file)]),
+    ("C.UTF-8", of_unicode, [code for file in of_unicode for code in codes_beside(file)]),
+    ("C.UTF-8", [folder + "/bad-color.near.zrd"], []),
+    ("C.UTF-8", ["-"], ["not-well-formed"]),  # an empty document
+]
+for locale, chosen, codes in runs:
+    command = [program, "check", "--format", "sarif", *chosen]
+    environment = {**os.environ, "LC_ALL": locale}
+    run = subprocess.run(
+        command, input=b"", stdout=subprocess.PIPE, env=environment, check=False
+    )
     log = json.loads(run.stdout)
     jsonschema.Draft4Validator(schema).validate(log)
-    assert len(log["runs"][0]["results"]) > 0 or chosen == files[:1], command
+    found = [result["ruleId"] for result in log["runs"][0]["results"]]
+    assert found == codes, (command, found, codes)
 
 # What could not be read, and what was left out.
 missing = pathlib.Path(folder) / "none.zrd"
