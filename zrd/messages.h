@@ -6,7 +6,7 @@
 
 namespace vantry::zrd {
 
-/// Takes a sentence about something that goes on nevertheless.
+/// Takes a warning, a sentence about something that does not stop the program.
 using Warn = std::function<void(const std::string& sentence)>;
 
 /// Writes a sentence, with the name of the program in front, as one line on standard error. Control
