@@ -211,6 +211,7 @@ Mistake mistakeInUnclosedToken(std::string_view document, std::size_t offset) {
   const auto tag = isTag ? tagFrom(document, offset, document.size()) : std::nullopt;
   if (tag && tag->isInValue) return missingQuote(tag->lastQuote);
   if (!token.empty()) {
+    if (Mistake found = badByte(document, offset)) return found;  // half a byte order mark
     if (Mistake found = mistakeInEntity(document, offset)) return found;
   }
   const auto* row = std::ranges::find_if(

@@ -14,6 +14,8 @@
 
 namespace vantry::check {
 
+using namespace std::string_view_literals;
+
 namespace {
 
 struct Row {
@@ -55,7 +57,7 @@ constexpr Row rows[] = {
 
 constexpr Row otherError = {XML_ERROR_NONE, "this is not well-formed XML", "the document is perhaps damaged"};
 
-/// What files of other formats begin with.
+/// What files of other formats begin with; those in UTF-32 after they have been read as UTF-16.
 constexpr struct {
   std::string_view beginning;
   const char* help;
@@ -67,6 +69,9 @@ constexpr struct {
     {"PK\x03\x04",     "this is a ZIP archive and no plot document"},
     {"\x1F\x8B",       "this is a compressed file; unpack it first"},
     {"{",              "this looks like JSON; a plot document is XML"},
+    {"<\0"sv,          "this is a text in UTF-32; convert it to UTF-8"},
+    {"\0<\0"sv,        "this is a text in UTF-32; convert it to UTF-8"},
+    {"\0\xEF\xBB\xBF\0"sv, "this is a text in UTF-32; convert it to UTF-8"},
 };
 // clang-format on
 
