@@ -113,7 +113,7 @@ const std::vector<Shape> shapes = {
        const std::string text = "<Text2d Position='1 2'>" + std::string(1000, '\xBF') + "</Text2d>";
        return "<?xml version='1.0' encoding='ISO-8859-1'?>" + image(repeated(text + "<a/>", n));
      }},
-    {"PrefixesBeforeOneThatIsNotDeclared", 200,
+    {"PrefixesBeforeOneThatIsNotDeclared", 800,
      [](std::size_t n) {
        return "<Canvas" + numbered(" xmlns:p#='urn:#'", n) + "><Scene2d" + numbered(" p#:a=''", n) +
               " zz:b=''/></Canvas>";
