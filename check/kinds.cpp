@@ -91,7 +91,7 @@ constexpr Row rows[] = {
      "\"{detail}\" behind the value of {subject} is ignored"},
     {Kind::clampedValue,       {"clamped-value",        warning, "A value is moved into the range of its attribute."},
      "the value {detail} is outside of the range of {subject} and is moved into it"},
-    {Kind::notFinite,          {"not-finite",           warning, "A coordinate is not finite."},
+    {Kind::notFinite,          {"not-finite",           warning, "A number is not finite."},
      "\"{detail}\" is no finite number"},
     {Kind::oddFamily,          {"odd-family",           warning, "What is in the place of a font's family is hardly one."},
      "\"{detail}\" is taken for the family of {subject}"},
