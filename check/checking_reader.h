@@ -1,12 +1,14 @@
 // The reader that goes on after each mistake.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "vantry/base/ref_counted.h"
 #include "vantry/check/findings.h"
 #include "vantry/check/model_facts.h"
 #include "vantry/check/source.h"
@@ -15,10 +17,25 @@
 
 namespace vantry::check {
 
+/// What is known of elements by their addresses. It holds them, also those that are refused or
+/// replaced, so that no other element gets such an address.
+struct ByAddress {
+  using is_transparent = void;
+  std::size_t operator()(const dom::Node* node) const noexcept {
+    return std::hash<const dom::Node*>()(node);
+  }
+  std::size_t operator()(const base::Ref<dom::Node>& node) const noexcept {
+    return (*this)(node.get());
+  }
+};
+template <class Fact>
+using ElementMap = std::unordered_map<base::Ref<dom::Node>, Fact, ByAddress, std::equal_to<>>;
+using ElementSet = std::unordered_set<base::Ref<dom::Node>, ByAddress, std::equal_to<>>;
+
 /// Where the elements of a document come from, and of which a part was left out.
 struct Origins {
-  std::unordered_map<const dom::Node*, std::size_t> tags;  ///< where the start tag begins
-  std::unordered_set<const dom::Node*> damaged;            ///< lost children, values or data
+  ElementMap<std::size_t> tags;  ///< where the start tag begins
+  ElementSet damaged;            ///< lost children, values or data
 
   /// The start tag of an element; the beginning of the document for one that was not read.
   std::size_t tagOf(const dom::Node& element) const;
@@ -97,10 +114,10 @@ class CheckingReader : private reader::ZrdParserHandler, private plot::RefusalLi
   std::vector<UnknownName> unknownNames_;
   std::unordered_set<std::string> foreignNamespaces_;  // that were reported
   std::vector<std::size_t> open_;                      // the tags of the open elements
-  std::unordered_set<const dom::Node*> withStrayText_;
-  std::unordered_set<const dom::Node*> withInfinitePoint_;
+  ElementSet withStrayText_;
+  ElementSet withInfinitePoint_;
   std::optional<std::size_t> canvas_;              // where its tag begins
-  std::size_t behindLastCell_ = 0;                 // behind the last bad entry of an array
+  std::size_t behindLastCell_ = 0;                 // behind the last bad entry of the array
   std::vector<std::string_view> meantAttributes_;  // by those of the current tag that are misspelt
   bool isInPoint_ = false;
   bool hasNestedPoint_ = false;  // in the one that is open
