@@ -463,17 +463,16 @@ void CheckingReader::reportInfiniteCell() {
   const auto cell =
       std::ranges::find_if_not(array->values, [](double v) { return std::isfinite(v); });
   if (cell == array->values.end()) return;
-  const std::string_view element = source_.textOf({open_.back(), here() - open_.back()});
-  std::string_view content = element.substr(std::min(element.find('>'), element.size()));
-  if (!content.empty()) content.remove_prefix(1);
-  const std::string_view number = firstNotFinite(content, std::numeric_limits<int>::max());
+  const Span content = source_.contentOf(open_.back(), here());
+  const std::string characters = source_.charactersOf(content);
+  const std::string_view number = firstNotFinite(characters, std::numeric_limits<int>::max());
   if (number.empty()) {
     findings_.add({.kind = Kind::notFinite, .detail = std::to_string(*cell)},
                   source_.nameIn(open_.back()), {helpForCells});
   } else {
-    const auto offset = static_cast<std::size_t>(number.data() - source_.text().data());
-    findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, {offset, number.size()},
-                  {helpForCells});
+    const auto offset = static_cast<std::size_t>(number.data() - characters.data());
+    findings_.add({.kind = Kind::notFinite, .detail = shortened(number)},
+                  {content.begin + offset, number.size()}, {helpForCells});
   }
 }
 
@@ -486,7 +485,7 @@ void CheckingReader::refusePoint(WordId point, reader::PointError error) {
   Finding finding = {.kind = isUnlike ? kindOfUnlike(text(), point) : kindOf(error),
                      .subject = name.str(),
                      .element = facts.name.str()};
-  Span where = source_.textBefore(here());
+  Span where = source_.contentOf(open_.back(), here());
   std::vector<std::string> help;
   if (error == reader::PointError::misplaced) {
     where = source_.nameIn(open_.back());
@@ -526,17 +525,17 @@ bool CheckingReader::isLastPointFinite(WordId point) const {
 
 // Where a part of the text of the point that ends is in the document.
 Span CheckingReader::placeInPoint(std::string_view part) const {
-  const Span data = source_.textBefore(here());
-  const std::size_t at = source_.textOf(data).rfind(part);
-  return at == std::string_view::npos ? data : Span{data.begin + at, part.size()};
+  const Span data = source_.contentOf(open_.back(), here());
+  const std::size_t at = source_.charactersOf(data).rfind(part);
+  return at == std::string::npos ? data : Span{data.begin + at, part.size()};
 }
 
 // The first of a list is enough.
 void CheckingReader::reportNotFinite(WordId point) {
   if (!withInfinitePoint_.insert(current()).second) return;
   const std::string_view number = firstNotFinite(text(), point == WordId::P2 ? 2 : 3);
-  const Span where =
-      source_.findWord(source_.textBefore(here()), number).value_or(placeInPoint(number));
+  const Span where = source_.findWord(source_.contentOf(open_.back(), here()), number)
+                         .value_or(placeInPoint(number));
   findings_.add({.kind = Kind::notFinite, .detail = shortened(number)}, where,
                 {"leave the point out, or end the list before it and begin another one"});
 }
@@ -560,12 +559,12 @@ void CheckingReader::refuseCell(const char* word) {
   const Kind kind = isColor ? Kind::badColor : Kind::badNumber;
   if (findings_.isFull(kind)) return;
   constexpr std::size_t nearby = 4096;  // a word comes to its end in the block after its beginning
-  const std::size_t begin =
-      std::max({open_.back(), behindLastCell_, here() - std::min(here(), nearby)});
-  const Span part{begin, here() + nearby - begin};
-  const Span where = source_.findWord(part, word).value_or(source_.nameIn(open_.back()));
-  behindLastCell_ = where.begin + where.size;
-  findings_.add({.kind = kind, .detail = shortened(word)}, where,
+  if (behindLastCell_ < open_.back()) behindLastCell_ = source_.behindTag(open_.back());
+  const std::size_t begin = std::max(behindLastCell_, here() - std::min(here(), nearby));
+  const std::optional<Span> found = source_.findWord({begin, here() + nearby - begin}, word);
+  if (found) behindLastCell_ = found->begin + found->size;
+  findings_.add({.kind = kind, .detail = shortened(word)},
+                found.value_or(source_.nameIn(open_.back())),
                 isColor ? std::vector<std::string>{helpForColorName(word), formOfColor}
                         : std::vector<std::string>{helpForCommas(word), formOfNumber});
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "vantry/check/characters.h"
+#include "vantry/check/markup.h"
 
 namespace vantry::check {
 
@@ -104,16 +105,42 @@ std::optional<Span> Source::attributeIn(std::size_t tag, std::string_view attrib
   return found ? std::optional(found->name) : std::nullopt;
 }
 
-Span Source::textBefore(std::size_t tag) const {
-  constexpr std::size_t longest = 4096;
-  const std::size_t end = std::min(tag, text_.size());
-  const std::size_t from = end - std::min(end, longest);
-  const std::string_view before = text_.substr(from, end - from);
-  const std::size_t markup = before.rfind('>');
-  if (markup == before.npos) return {end, 0};
-  const std::size_t first = before.find_first_not_of(blanks, markup + 1);
-  if (first == before.npos) return {from + markup + 1, end - from - markup - 1};
-  return {from + first, before.find_last_not_of(blanks) + 1 - first};
+std::string Source::charactersOf(Span part) const {
+  constexpr std::string_view sectionBegin = "<![CDATA[";
+  constexpr std::string_view sectionEnd = "]]>";
+  const std::string_view text = textOf(part);
+  std::string characters(text);
+  const auto blankOut = [&](std::size_t begin, std::size_t size) {
+    characters.replace(begin, size, size, ' ');
+  };
+  for (auto markup = nextMarkup(text, 0); markup; markup = nextMarkup(text, markup->end())) {
+    if (!markup->text.starts_with(sectionBegin)) {
+      blankOut(markup->begin, markup->text.size());
+      continue;
+    }
+    blankOut(markup->begin, sectionBegin.size());
+    if (markup->isClosed) blankOut(markup->end() - sectionEnd.size(), sectionEnd.size());
+  }
+  return characters;
+}
+
+std::size_t Source::behindTag(std::size_t tag) const {
+  return nameIn(tag).size == 0 ? tag : nextMarkup(text_, tag)->end();
+}
+
+Span Source::contentOf(std::size_t tag, std::size_t end) const {
+  const std::size_t begin = behindTag(tag);
+  const Span all{begin, std::max(begin, end) - begin};
+  const std::string characters = charactersOf(all);
+  const std::size_t first = characters.find_first_not_of(blanks);
+  if (first == characters.npos) return all;
+  return {begin + first, characters.find_last_not_of(blanks) + 1 - first};
+}
+
+Span Source::referenceAt(std::size_t place) const {
+  if (place >= text_.size() || text_[place] != '&') return {place, 0};
+  const std::size_t end = text_.find(';', place);
+  return {place, end == text_.npos ? 0 : end + 1 - place};
 }
 
 std::optional<Span> Source::findWord(Span part, std::string_view word) const {
@@ -121,7 +148,7 @@ std::optional<Span> Source::findWord(Span part, std::string_view word) const {
   const auto isEdge = [&](std::size_t at) {
     return at >= text_.size() || around.find(text_[at]) != around.npos;
   };
-  const std::string_view searched = textOf(part);
+  const std::string searched = charactersOf(part);
   for (std::size_t at = searched.find(word); at != searched.npos;
        at = searched.find(word, at + 1)) {
     const std::size_t begin = part.begin + at;

@@ -1,8 +1,10 @@
 // The text of a document, as it was given: its lines, and the parts of its tags.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -18,9 +20,9 @@ struct Span {
   std::size_t size = 0;
 };
 
-/// A document and its text in UTF-8, which all places but those of bytes are in.
-/// Where there is no tag at a place, it gives the place alone. No question costs more than the part
-/// that it is about, in whatever order they come.
+/// A document and its text in UTF-8. All places are in the text, except for those of bytes. Where
+/// there is no tag at a place, it gives the place alone. No question costs more than the part that
+/// it is about, in whatever order they come.
 class Source {
  public:
   /// `document` must outlive it.
@@ -32,7 +34,13 @@ class Source {
   std::size_t offsetOf(std::size_t byte) const { return utf8_.offsetOf(byte); }
 
   std::string_view text() const { return text_; }
-  std::string_view textOf(Span span) const { return text_.substr(span.begin, span.size); }
+  /// The text of a part, as far as it is within the document.
+  std::string_view textOf(Span span) const {
+    return text_.substr(std::min(span.begin, text_.size()), span.size);
+  }
+  /// The same with blanks in place of markup, so that each character keeps its place. The content
+  /// of CDATA sections is text. No markup may be open where the part begins.
+  std::string charactersOf(Span part) const;
 
   /// Where a part begins and where it ends, but at the latest at the end of its first line.
   Place placeOf(Span span) const;
@@ -44,10 +52,16 @@ class Source {
   /// The name of that attribute.
   std::optional<Span> attributeIn(std::size_t tag, std::string_view attribute) const;
 
-  /// The text before the tag that begins at `tag`, up to the markup before it, without blanks at
-  /// either end. Where there is none, or too much of it, the place before the tag.
-  Span textBefore(std::size_t tag) const;
-  /// The first word of exactly these letters in a part of the document.
+  /// The place behind the tag that begins at `tag`.
+  std::size_t behindTag(std::size_t tag) const;
+  /// The content of the element whose start tag begins at `tag`, up to `end`, without blanks,
+  /// comments and instructions at either end. Where there is nothing else, all that is there.
+  Span contentOf(std::size_t tag, std::size_t end) const;
+  /// The reference to an entity or a character that begins at a place; the place alone if none
+  /// does.
+  Span referenceAt(std::size_t place) const;
+  /// The first word of exactly these letters in a part of the document, outside of its markup. None
+  /// may be open where the part begins.
   std::optional<Span> findWord(Span part, std::string_view word) const;
 
  private:

@@ -109,12 +109,50 @@ TEST(Source, HasAnAnswerForTagsThatAreCutOff) {
   }
 }
 
-TEST(Source, FindsTheTextBeforeATag) {
-  const std::string text = "<P2>\n 1 2 </P2><P2></P2>";
+TEST(Source, HasNoTextBehindItsEnd) {
+  const Source source("abc");
+  EXPECT_EQ(source.textOf({1, 5}), "bc");
+  EXPECT_EQ(source.textOf({3, 1}), "");
+  EXPECT_EQ(source.textOf({100, 1}), "");
+}
+
+TEST(Source, FindsTheEndOfATag) {
+  const std::string text = "<a b='>' c=\"'>\"> > <d/>text";
   const Source source(text);
-  EXPECT_EQ(source.textOf(source.textBefore(10)), "1 2");
-  EXPECT_EQ(source.textOf(source.textBefore(19)), "");
-  EXPECT_EQ(Source("no markup").textBefore(5).size, 0u);
+  EXPECT_EQ(source.textOf({source.behindTag(0), 6}), " > <d/");
+  EXPECT_EQ(source.textOf({source.behindTag(19), 4}), "text");
+  EXPECT_EQ(source.behindTag(3), 3u) << "there is no tag";
+}
+
+TEST(Source, FindsTheContentOfAnElement) {
+  const std::string text = "<P2 a='>'>\n 1 2 </P2><P2></P2><P2> </P2>";
+  const Source source(text);
+  EXPECT_EQ(source.textOf(source.contentOf(0, 16)), "1 2");
+  EXPECT_EQ(source.contentOf(21, 25).begin, 25u);
+  EXPECT_EQ(source.contentOf(21, 25).size, 0u);
+  EXPECT_EQ(source.textOf(source.contentOf(30, 35)), " ");
+  EXPECT_EQ(source.contentOf(12, 16).begin, 12u) << "there is no tag";
+}
+
+TEST(Source, FindsContentBetweenComments) {
+  const std::string text = "<P2><!-- 0 -->1 <?a b?> 2<!-- > --> </P2>";
+  const Source source(text);
+  EXPECT_EQ(source.textOf(source.contentOf(0, 36)), "1 <?a b?> 2");
+}
+
+TEST(Source, PutsBlanksInPlaceOfMarkup) {
+  const Source source("1<!--2-->3<a b='>4'>5</a><![CDATA[<6>]]>7<?8?>9<!--");
+  EXPECT_EQ(source.charactersOf({0, 100}), "1        3          5             <6>   7     9    ");
+  EXPECT_EQ(source.charactersOf({9, 2}), "3 ");
+}
+
+TEST(Source, FindsReferences) {
+  const Source source("a&b;c&#65;&");
+  EXPECT_EQ(source.textOf(source.referenceAt(1)), "&b;");
+  EXPECT_EQ(source.textOf(source.referenceAt(5)), "&#65;");
+  EXPECT_EQ(source.referenceAt(4).size, 0u);
+  EXPECT_EQ(source.referenceAt(10).size, 0u);
+  EXPECT_EQ(source.referenceAt(100).size, 0u);
 }
 
 TEST(Source, FindsWholeWords) {
@@ -123,6 +161,7 @@ TEST(Source, FindsWholeWords) {
   EXPECT_EQ(source.findWord({7, 100}, "2")->begin, 16u);
   EXPECT_FALSE(source.findWord({0, 100}, "21").has_value());
   EXPECT_FALSE(source.findWord({7, 9}, "2").has_value());
+  EXPECT_EQ(Source("<!-- 2 --> 2").findWord({0, 100}, "2")->begin, 11u);
 }
 
 }  // namespace
