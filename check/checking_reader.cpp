@@ -407,10 +407,12 @@ void CheckingReader::characters(const char* data, std::size_t length) {
   const std::string_view text(data, length);
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   if (first == text.npos || !current() || !withStrayText_.insert(current()).second) return;
-  const std::size_t last = text.find_last_not_of(" \t\r\n");
+  const std::string_view stray = text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+  const Span where{here() + first, stray.size()};
+  const bool isAsWritten = source_.textOf(where) == stray;
   const ClassFacts& facts = *factsOf(current()->tagName());
   findings_.add({.kind = Kind::strayText, .element = current()->tagName().str()},
-                {here() + first, last + 1 - first},
+                isAsWritten ? where : source_.referenceAt(here()),
                 {facts.children.empty() ? attributesInWords(facts) : contentInWords(facts)});
 }
 
