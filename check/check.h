@@ -15,8 +15,8 @@ namespace vantry::check {
 inline constexpr std::size_t mostOfAKind = 10'000;
 
 /// All that is wrong with a document, in the order of the places, but no more than `mostOfAKind`
-/// findings of a kind. Without an error among it, the document can be converted: by JVXWriter and
-/// JVDWriter at no certain time. The texts of the document are judged by the character set of the
+/// findings of a kind. A document without an error can be converted: JVXWriter and JVDWriter write
+/// it when they are asked for no particular time. Its texts are judged by the character set of the
 /// process's locale.
 std::vector<Diagnostic> check(std::string_view document);
 

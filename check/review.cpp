@@ -250,7 +250,7 @@ void Review::reviewLeftOut(const PlotElement& parent) {
   }
 }
 
-/// Whether the element is one that shows something in a plot, and reaches no file.
+/// Reports an element that shows something in a plot and reaches no file; false for any other.
 bool Review::reportLeftOut(const dom::Node& element) {
   const std::size_t number = leftOutNumbers[element.nodeName()];
   if (number == 0) return false;

@@ -28,8 +28,8 @@ void Review::reviewTimeRange(const PlotElement& canvas) {
 
 namespace {
 
-/// Whether the time of an element, as it is written there, ends before it begins. Where one of both
-/// comes from a style or is the default, the element comes or goes at the other one.
+/// Whether the time of an element, as it is written there, ends before it begins. Where one of
+/// the two comes from a style or is the default, the element comes or goes at the other one.
 bool isTimeReversed(const PlotElement& element) {
   return element.hasAttribute(Word::TimeBegin) && element.hasAttribute(Word::TimeEnd) &&
          propertyValue<double>(element, Word::TimeEnd) <
