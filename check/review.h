@@ -72,7 +72,8 @@ class Review {
 
   // review_display.cpp: what an object is seen in.
   void reviewBounds(const plot::CoordinateSystemBase& system);
-  void reviewNumber(const PlotElement& parent, Token name, Token partner = {});
+  void reviewNumbers(const PlotElement& parent, Token begin, Token end);
+  void reviewNumber(const PlotElement& parent, Token name, Token partner = {}, int side = 0);
   void reviewCameras(const plot::CoordinateSystemBase& system);
   bool reviewCamera(const plot::ObjectBase& object);
   void reviewLights(const plot::SceneBase& scene, const plot::CoordinateSystemBase& system);

@@ -41,8 +41,7 @@ bool isTimeReversed(const PlotElement& element) {
 /// `element` is an object or a transform, and `frame` the name of its images or maps.
 void Review::reviewAnimation(const PlotElement& element, Token frame) {
   if (!hasTimeRange_) return reviewStandstill(element, frame);
-  reviewNumber(element, Word::ParameterBegin, Word::ParameterEnd);
-  reviewNumber(element, Word::ParameterEnd, Word::ParameterBegin);
+  reviewNumbers(element, Word::ParameterBegin, Word::ParameterEnd);
   if (isTimeReversed(element)) {
     addReversed(
         element, Word::TimeEnd, Word::TimeBegin, Word::TimeEnd,

@@ -1,6 +1,8 @@
 // What is wrong with the viewing box, the cameras and the lights of a coordinate system.
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 #include "vantry/check/review.h"
@@ -36,14 +38,30 @@ const VExpr* numberIn(const PlotElement& parent, Token name) {
   return static_cast<const VExpr*>(PlotElement::from(parent.firstChildByName(name)));
 }
 
+/// A number above another (with side 1) or below it (with side -1); 1 where that is not known. To a
+/// large number, 1 more would make no difference.
+std::string exampleBeside(const VExpr* other, int side) {
+  double number = 1;
+  if (other && std::isfinite(other->value())) {
+    const double size = std::abs(other->value());
+    number = other->value() + side * (size < 1e15 ? 1 : size);
+  }
+  std::array<char, 32> text;
+  return {text.data(), std::to_chars(text.begin(), text.end(), number).ptr};
+}
+
+/// An element with its number, as it is written.
+std::string tagOf(Token name, const std::string& number) {
+  return std::string("<") + name.str() + " Val=\"" + number + "\"/>";
+}
+
 }  // namespace
 
 // A bound without the other, and a range that is empty or upside down, count as not given.
 void Review::reviewBounds(const CoordinateSystemBase& system) {
   for (std::size_t i = 0; i < std::size(axes); ++i) {
     const Axis& axis = axes[i];
-    reviewNumber(system, axis.min, axis.max);
-    reviewNumber(system, axis.max, axis.min);
+    reviewNumbers(system, axis.min, axis.max);
     reviewNumber(system, axis.ticksDistance);
     const VExpr* min = numberIn(system, axis.min);
     const VExpr* max = numberIn(system, axis.max);
@@ -57,20 +75,33 @@ void Review::reviewBounds(const CoordinateSystemBase& system) {
   }
 }
 
+/// Looks at the two ends of a range, neither of which means anything without the other.
+void Review::reviewNumbers(const PlotElement& parent, Token begin, Token end) {
+  reviewNumber(parent, begin, end, -1);
+  reviewNumber(parent, end, begin, 1);
+}
+
 /// Looks at a number that an element may hold as a child: whether it is there, and its partner too,
-/// without which it means nothing.
-void Review::reviewNumber(const PlotElement& parent, Token name, Token partner) {
+/// if it has one. `side` is 1 for a number that is above its partner, and -1 for one below.
+void Review::reviewNumber(const PlotElement& parent, Token name, Token partner, int side) {
   const VExpr* element = numberIn(parent, name);
   if (!element) return;
-  const std::string itself = std::string("this ") + name.str() + " has no effect without a ";
+  const VExpr* other = partner ? numberIn(parent, partner) : nullptr;
+  const std::string itself = std::string("this ") + name.str();
+  Finding finding = {.kind = Kind::missingNumber, .detail = itself + " has no effect without a "};
   if (std::isnan(element->value())) {
     if (origins_.isDamaged(*element)) return;
-    add({.kind = Kind::missingNumber, .detail = itself + "Val"}, *element,
-        {std::string("write for example <") + name.str() + " Val=\"1\"/>",
-         "what is between its tags is an expression, and not looked at"});
-  } else if (partner && !parent.firstChildByName(partner) && !origins_.isDamaged(parent)) {
-    add({.kind = Kind::missingNumber, .detail = itself + partner.str()}, *element,
-        {std::string("put for example <") + partner.str() + " Val=\"1\"/> beside it"});
+    const std::string help = "write for example " + tagOf(name, exampleBeside(other, side));
+    if (source_.valueIn(origins_.tagOf(*element), Word::Val.str())) {
+      finding.detail = "the Val of " + itself + " is no finite number";
+      return addAtValue(finding, *element, Word::Val, {help});
+    }
+    finding.detail += "Val";
+    add(finding, *element, {help, "what is between its tags is an expression, and not looked at"});
+  } else if (partner && !other && !origins_.isDamaged(parent)) {
+    finding.detail += partner.str();
+    add(finding, *element,
+        {"put for example " + tagOf(partner, exampleBeside(element, -side)) + " beside it"});
   }
 }
 
