@@ -86,17 +86,17 @@ class Review {
 
   // review_primitives.cpp: what objects are made of.
   void reviewPrimitive(const PlotElement& primitive, const plot::ObjectBase& object);
-  void reviewCounts(const PlotElement& primitive);
-  void reviewMesh(const plot::Mesh3d& mesh);
-  void reviewSurface(const plot::Surf3d& surface);
-  void reviewField(const PlotElement& field, std::int64_t vectors, Names sides);
+  bool reviewCounts(const PlotElement& primitive, const plot::ObjectBase& object);
+  bool reviewMesh(const plot::Mesh3d& mesh);
+  bool reviewSurface(const plot::Surf3d& surface);
+  void reviewField(const PlotElement& field, std::int64_t vectors, Names sides, bool isVisible);
   void reviewArc(const plot::Arc2d& arc);
   void reviewBox(const plot::Box& box);
   void reviewColors(const PlotElement& primitive);
   void reviewCells(const plot::DensityArray2d& array);
 
   // review_drawing.cpp: what is to be seen of them.
-  void reviewDrawing(const PlotElement& primitive, const plot::ObjectBase& object);
+  void reviewDrawing(const PlotElement& primitive, const plot::ObjectBase& object, bool isWhole);
   void reviewSight(const PlotElement& primitive);
   void reviewExtent(const plot::ObjectBase& object, Token image);
 

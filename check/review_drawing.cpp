@@ -146,19 +146,22 @@ Sight::Sight(const PlotElement& primitive) {
 
 }  // namespace
 
-// Cameras and lights are drawn as what their object is, and not for their own sake.
-void Review::reviewDrawing(const PlotElement& primitive, const ObjectBase& object) {
+// Cameras and lights are drawn as what their object is, and not for their own sake. In a hidden
+// object nothing is missed.
+void Review::reviewDrawing(const PlotElement& primitive, const ObjectBase& object, bool isWhole) {
   const std::string name = primitive.tagName().str();
   const Token type = object.localType();
   const bool isForeignCamera = isElementOf<Camera>(primitive) && type != Word::Camera;
   if (isForeignCamera || (isLight(primitive) && !isLightType(type))) {
     add({.kind = Kind::imageNotDrawn, .subject = name, .detail = type.str()}, primitive,
         {"give the object the type " + name});
+  } else if (!object.visible()) {
+    return;
   } else if (const auto* polygon = elementCast<Poly3d>(&primitive);
              polygon && polygon->filled() && polygon->points.size() > 3) {
     add({.kind = Kind::leftOut, .subject = name, .detail = "in space only a triangle is filled"},
         primitive, {"with Filled=\"0\" and LinesVisible=\"1\" it is a curve"});
-  } else if (!reportLeftOut(primitive) && !origins_.isDamaged(primitive)) {
+  } else if (!reportLeftOut(primitive) && isWhole) {
     reviewSight(primitive);
   }
 }

@@ -28,8 +28,8 @@ using reader::pointsInPlane;
 using reader::pointsInSpace;
 
 void Review::reviewPrimitive(const PlotElement& primitive, const ObjectBase& object) {
-  reviewDrawing(primitive, object);
-  if (!origins_.isDamaged(primitive)) reviewCounts(primitive);
+  const bool isWhole = !origins_.isDamaged(primitive) && reviewCounts(primitive, object);
+  reviewDrawing(primitive, object, isWhole);
   reviewColors(primitive);
 }
 
@@ -69,9 +69,10 @@ constexpr Faces faces[] = {
 
 }  // namespace
 
-void Review::reviewCounts(const PlotElement& primitive) {
-  if (const auto* mesh = elementCast<Mesh3d>(&primitive)) reviewMesh(*mesh);
-  if (const auto* surface = elementCast<Surf3d>(&primitive)) reviewSurface(*surface);
+/// False for a primitive that has too few points to be anything.
+bool Review::reviewCounts(const PlotElement& primitive, const ObjectBase& object) {
+  if (const auto* mesh = elementCast<Mesh3d>(&primitive)) return reviewMesh(*mesh);
+  if (const auto* surface = elementCast<Surf3d>(&primitive)) return reviewSurface(*surface);
   if (const auto* arc = elementCast<Arc2d>(&primitive)) reviewArc(*arc);
   if (const auto* box = elementCast<Box>(&primitive)) reviewBox(*box);
   if (const auto* array = elementCast<DensityArray2d>(&primitive)) reviewCells(*array);
@@ -81,37 +82,42 @@ void Review::reviewCounts(const PlotElement& primitive) {
         {"with Type=\"LineStrip\" each point is joined with the next"});
   }
   if (const auto* plane = elementCast<Field2d>(&primitive)) {
-    reviewField(*plane, std::ssize(plane->points), {Word::XMesh, Word::YMesh});
+    reviewField(*plane, std::ssize(plane->points), {Word::XMesh, Word::YMesh}, object.visible());
   }
   if (const auto* space = elementCast<Field3d>(&primitive)) {
-    reviewField(*space, std::ssize(space->points), {Word::XMesh, Word::YMesh, Word::ZMesh});
+    reviewField(*space, std::ssize(space->points), {Word::XMesh, Word::YMesh, Word::ZMesh},
+                object.visible());
   }
+  return true;
 }
 
-void Review::reviewMesh(const Mesh3d& mesh) {
+bool Review::reviewMesh(const Mesh3d& mesh) {
   const Grid grid(mesh);
   const auto points = std::ssize(mesh.points);
   const bool isShort = grid.needsMoreThan(points);
-  if (!isShort && points == grid.columns * grid.rows) return;
+  if (!isShort && points == grid.columns * grid.rows) return true;
   add({.kind = isShort ? Kind::tooFewPoints : Kind::extraPoints,
        .element = mesh.tagName().str(),
        .detail = counted(points, "point") + " for " + grid.inWords()},
       mesh,
       {"a row has (UMesh-1)*(USubmesh+1)+1 points, and there are (VMesh-1)*(VSubmesh+1)+1 rows",
        defaultsInWords(mesh, {Word::UMesh, Word::VMesh})});
+  return !isShort;
 }
 
-void Review::reviewSurface(const Surf3d& surface) {
+bool Review::reviewSurface(const Surf3d& surface) {
   const auto* row = std::ranges::find(faces, surface.type(), &Faces::type);
   if (row == std::end(faces)) {
-    return add({.kind = Kind::missingSurfaceType}, surface,
-               {"Type is " + typeInWords(*surface.findProperty(Word::Type))});
+    add({.kind = Kind::missingSurfaceType}, surface,
+        {"Type is " + typeInWords(*surface.findProperty(Word::Type))});
+    return true;
   }
   const auto points = std::ssize(surface.points);
   const std::string name = surface.tagName().str();
   const std::string count = counted(points, "point");
   const std::string help = std::string("with Type=\"") + row->type.str() + "\" ";
-  if (points > 0 && points < row->least) {
+  const bool isShort = points > 0 && points < row->least;
+  if (isShort) {
     add({.kind = Kind::tooFewPoints,
          .element = name,
          .detail = count + " for a face of " + counted(row->least, "point")},
@@ -123,11 +129,13 @@ void Review::reviewSurface(const Surf3d& surface) {
          .detail = count + " as " + surface.type().str() + " leave " + std::to_string(unused)},
         surface, {help + std::string(row->words)});
   }
+  return !isShort;
 }
 
-// A field with too few vectors is left out without a word. The product of its sides may be too
-// large for any integer.
-void Review::reviewField(const PlotElement& field, std::int64_t vectors, Names sides) {
+// A field with too few vectors is left out without a word, which does not matter in a hidden
+// object. The product of its sides may be too large for any integer.
+void Review::reviewField(const PlotElement& field, std::int64_t vectors, Names sides,
+                         bool isVisible) {
   std::int64_t places = 1;
   std::string names;
   std::string grid;
@@ -138,8 +146,8 @@ void Review::reviewField(const PlotElement& field, std::int64_t vectors, Names s
     names += std::string(by) + name.str();
     grid += by + std::to_string(side);
   }
-  if (vectors == places) return;
   const bool isShort = vectors < places;
+  if (vectors == places || (isShort && !isVisible)) return;
   const std::string name = field.tagName().str();
   add({.kind = isShort ? Kind::leftOut : Kind::extraPoints,
        .subject = name,
