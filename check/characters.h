@@ -1,10 +1,20 @@
-// The characters that markup is made of, as bytes of UTF-8.
+// Characters as bytes of UTF-8, and those that markup is made of.
 #pragma once
 
 #include <cstddef>
 #include <string_view>
 
 namespace vantry::check {
+
+/// Whether a byte is the first of a character.
+constexpr bool beginsCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+/// A letter of ASCII as a small one; any other byte as it is.
+constexpr char lowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 inline constexpr std::string_view blanks = " \t\r\n";
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "vantry/base/scan.h"
+#include "vantry/check/characters.h"
 #include "vantry/check/names.h"
 #include "vantry/check/values.h"
 #include "vantry/check/ways_out.h"
@@ -127,7 +128,7 @@ bool CheckingReader::lookupElement(std::string_view namespaceUri, const char* lo
   if (ZrdParserHandler::lookupElement(namespaceUri, localName, outNamespaceId, outElementId)) {
     return true;
   }
-  const bool isForeign = !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
+  const bool isForeign = reader::isForeignNamespace(namespaceUri);
   outNamespaceId = unknownNames;
   outElementId = numberOf(namespaceUri, localName, isForeign);
   return true;
@@ -140,7 +141,7 @@ bool CheckingReader::lookupAttribute(std::string_view namespaceUri, const char* 
     return true;
   }
   if (namespaceUri == reader::xmlNamespace) return false;
-  const bool isForeign = !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
+  const bool isForeign = reader::isForeignNamespace(namespaceUri);
   outNamespaceId = unknownNames;
   outAttributeId = numberOf(namespaceUri, localName, isForeign);
   return true;
@@ -368,9 +369,7 @@ void CheckingReader::reportValue(const PlotElement& element, Token name, const c
         finding, placeOfAttribute(name.str()),
         nearest.empty() ? helpForAttribute(facts, name.str()) : std::vector{question(nearest)});
   }
-  const bool isBlank =
-      std::string_view(value).find_first_not_of(" \t\r\n") == std::string_view::npos;
-  if (isBlank && facts.needs(name)) {
+  if (isBlank(value) && facts.needs(name)) {
     finding.kind = Kind::missingAttribute;
     findings_.add(finding, placeOfValue(name), {exampleOf(facts, name)});
     return;

@@ -5,11 +5,11 @@
 #include <iterator>
 #include <vector>
 
+#include "vantry/check/characters.h"
+
 namespace vantry::check {
 
 namespace {
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 // Of steps, ten make up a letter that is missing, too much or another one; a letter of the other
 // case is one step.
@@ -17,7 +17,7 @@ constexpr int letter = 10;
 
 int stepsFromTo(char a, char b) {
   if (a == b) return 0;
-  return lower(a) == lower(b) ? 1 : letter;
+  return lowerCase(a) == lowerCase(b) ? 1 : letter;
 }
 
 // The steps from one name to the other, where two letters that are swapped are one letter.

@@ -25,8 +25,7 @@ std::string_view localPart(std::string_view name) { return name.substr(name.rfin
 }  // namespace
 
 int countCharacters(std::string_view text) {
-  const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
-  return static_cast<int>(std::ranges::count_if(text, begins));
+  return static_cast<int>(std::ranges::count_if(text, beginsCharacter));
 }
 
 const Source::Index& Source::index() const {

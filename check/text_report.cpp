@@ -7,6 +7,7 @@
 #include <string>
 
 #include "vantry/base/hexadecimal.h"
+#include "vantry/check/characters.h"
 #include "vantry/check/report.h"
 #include "vantry/check/utf8_text.h"
 
@@ -90,8 +91,7 @@ Shown shown(std::string_view part, int most = std::numeric_limits<int>::max()) {
   return all;
 }
 
-bool beginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
-bool endsLine(char c) { return c == '\n' || c == '\r'; }
+bool isLineBreak(char c) { return c == '\n' || c == '\r'; }
 
 /// What is shown of a line to either side of a place: characters, and their bytes. In a document
 /// that is not in UTF-8, as it should be, any number of bytes may look like a part of one
@@ -104,7 +104,7 @@ std::string_view behind(std::string_view text, std::size_t at) {
   const std::string_view rest = text.substr(at, mostBytes);
   int characters = 0;
   std::size_t size = 0;
-  while (size < rest.size() && !endsLine(rest[size])) {
+  while (size < rest.size() && !isLineBreak(rest[size])) {
     if (beginsCharacter(rest[size]) && ++characters > mostCharacters) break;
     ++size;
   }
@@ -116,13 +116,13 @@ std::string_view before(std::string_view text, std::size_t at) {
   const std::size_t least = at - std::min(at, mostBytes);
   std::size_t begin = at;
   int characters = 0;
-  while (begin > least && characters < mostCharacters && !endsLine(text[begin - 1])) {
+  while (begin > least && characters < mostCharacters && !isLineBreak(text[begin - 1])) {
     if (beginsCharacter(text[--begin])) ++characters;
   }
   return text.substr(begin, at - begin);
 }
 
-std::string blanks(int count) { return std::string(static_cast<std::size_t>(count), ' '); }
+std::string blanksOf(int count) { return std::string(static_cast<std::size_t>(count), ' '); }
 
 /// Writes the line of a place with a mark below it, or the part of a long line around it.
 void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_view text,
@@ -132,9 +132,9 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
   const std::string_view left = before(text, at);
   const std::string_view right = behind(text, at);
   const std::size_t begin = at - left.size();
-  const bool isCutLeft = begin > 0 && !endsLine(text[begin - 1]);
+  const bool isCutLeft = begin > 0 && !isLineBreak(text[begin - 1]);
   const std::size_t end = at + right.size();
-  const bool isCutRight = end < text.size() && !endsLine(text[end]);
+  const bool isCutRight = end < text.size() && !isLineBreak(text[end]);
 
   const std::string ellipsis = "...";
   const Shown shownLeft = shown(left);
@@ -144,7 +144,7 @@ void writeExcerpt(std::ostream& out, const Diagnostic& diagnostic, std::string_v
   const std::string margin(number.size() + 2, ' ');
   out << ' ' << number << " | " << (isCutLeft ? ellipsis : "") << shownLeft.text
       << shown(right).text << (isCutRight ? ellipsis : "") << '\n'
-      << margin << "| " << blanks(indent) << colors.mark << '^'
+      << margin << "| " << blanksOf(indent) << colors.mark << '^'
       << std::string(static_cast<std::size_t>(std::max(marked, 1) - 1), '~') << colors.end << '\n';
   for (const std::string& help : diagnostic.help) {
     out << margin << "= " << printable(help) << '\n';

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "vantry/check/characters.h"
 #include "vantry/plot/values/format_limits.h"
 
 namespace vantry::check {
@@ -25,8 +26,6 @@ constexpr std::size_t sizeInUtf8(char32_t code) {
   return code < 0x10000 ? 3 : 4;
 }
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 }  // namespace
 
 std::string_view namedEncoding(std::string_view text) {
@@ -41,7 +40,7 @@ std::string_view namedEncoding(std::string_view text) {
 }
 
 bool isSameEncoding(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, lower, lower);
+  return std::ranges::equal(a, b, {}, lowerCase, lowerCase);
 }
 
 std::string utf8Of(char32_t code) {

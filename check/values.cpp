@@ -11,6 +11,7 @@
 
 #include "vantry/base/scan.h"
 #include "vantry/base/unicode_converter.h"
+#include "vantry/check/characters.h"
 #include "vantry/check/fonts.h"
 #include "vantry/check/names.h"
 #include "vantry/plot/values/value_parsers.h"
@@ -19,8 +20,6 @@
 namespace vantry::check {
 
 namespace {
-
-constexpr std::string_view blanks = " \t\r\n";
 
 /// Takes the first word of a text, and the blanks before it; empty where there is none.
 std::string_view takeWord(std::string_view& text) {
@@ -119,8 +118,7 @@ constexpr Meaning truthNames[] = {
 
 /// What a word means, as a sentence, whatever the case of its letters.
 std::string meaningIn(std::span<const Meaning> meanings, std::string word) {
-  std::ranges::transform(word, word.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+  std::ranges::transform(word, word.begin(), lowerCase);
   const auto row = std::ranges::find(meanings, word, &Meaning::word);
   return row == meanings.end() ? "" : std::string(row->word) + " is " + std::string(row->value);
 }
@@ -130,7 +128,7 @@ std::string meaningIn(std::span<const Meaning> meanings, std::string word) {
 std::string shortened(std::string_view text) {
   constexpr std::size_t longest = 40;
   std::string line(text.substr(0, longest));
-  while (text.size() > line.size() && !line.empty() && (text[line.size()] & 0xC0) == 0x80) {
+  while (text.size() > line.size() && !line.empty() && !beginsCharacter(text[line.size()])) {
     line.pop_back();  // not within a character
   }
   std::ranges::replace_if(

@@ -11,6 +11,9 @@ namespace vantry::reader {
 /// of its fixed end.
 bool isFormatNamespace(std::string_view uri);
 
+/// Whether it is another one. Names without a namespace are taken for the format's.
+bool isForeignNamespace(std::string_view uri);
+
 /// The namespace of attributes such as xml:lang, which are in every language.
 inline constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
 

@@ -59,7 +59,7 @@ std::string ZrdParserHandler::inParent(const char* tag) const {
 // Names.
 
 bool ZrdParserHandler::isFormatName(std::string_view namespaceUri) const {
-  if (namespaceUri.empty() || isFormatNamespace(namespaceUri)) return true;
+  if (!isForeignNamespace(namespaceUri)) return true;
   report("unknown namespace '%.*s'\n", static_cast<int>(namespaceUri.size()), namespaceUri.data());
   return false;
 }

@@ -63,12 +63,8 @@ void PlotReader::read(std::istream& in) {
   }
 }
 
-bool isForeign(std::string_view namespaceUri) {
-  return !namespaceUri.empty() && !reader::isFormatNamespace(namespaceUri);
-}
-
 [[noreturn]] void refuseRoot(std::string_view namespaceUri, std::string_view localName) {
-  const std::string reason = isForeign(namespaceUri)
+  const std::string reason = reader::isForeignNamespace(namespaceUri)
                                  ? "in the namespace \"" + check::shortened(namespaceUri) + '"'
                                  : check::shortened(localName) + ", not Canvas";
   throw std::runtime_error("this is no plot document: its outermost element is " + reason);
@@ -98,8 +94,9 @@ bool PlotReader::lookupAttribute(std::string_view namespaceUri, const char* loca
 void PlotReader::leaveOut(const std::string& kind, std::string_view namespaceUri,
                           const char* localName) {
   const std::string what =
-      isForeign(namespaceUri) ? "what is in the namespace \"" + check::shortened(namespaceUri) + '"'
-                              : "the unknown " + kind + ' ' + check::shortened(localName);
+      reader::isForeignNamespace(namespaceUri)
+          ? "what is in the namespace \"" + check::shortened(namespaceUri) + '"'
+          : "the unknown " + kind + ' ' + check::shortened(localName);
   if (!warn_ || leftOut_.size() == mostWarnings || !leftOut_.insert(what).second) return;
   const bool isLast = leftOut_.size() == mostWarnings;
   warn_(placeIn(name_, parser_) + "warning: " + (isLast ? "more" : what) + " is left out" + wayOut);
