@@ -154,8 +154,10 @@ Mistake mistakeOutside(std::string_view document, std::size_t offset) {
              {"leave it out, or write the tag that begins the element"},
              offset - 1}};
   }
-  const bool isInMarkup = openTagAt(document, offset) || mistakeInProlog(document, offset);
-  return isInMarkup ? Mistake() : Mistake(textOutside(offset));
+  if (openTagAt(document, offset) || mistakeInProlog(document, offset)) return {};
+  std::size_t begin = offset;  // the parser has perhaps taken some of the text for a name
+  while (begin > 0 && !isBlank(document[begin - 1]) && document[begin - 1] != '>') --begin;
+  return textOutside(begin);
 }
 
 /// The first that finds a mistake is right.
