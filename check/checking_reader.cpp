@@ -404,9 +404,9 @@ void CheckingReader::characters(const char* data, std::size_t length) {
     return;
   }
   const std::string_view text(data, length);
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  const std::size_t first = text.find_first_not_of(blanks);
   if (first == text.npos || !current() || !withStrayText_.insert(current()).second) return;
-  const std::string_view stray = text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first);
+  const std::string_view stray = text.substr(first, text.find_last_not_of(blanks) + 1 - first);
   const Span where{here() + first, stray.size()};
   const bool isAsWritten = source_.textOf(where) == stray;
   const ClassFacts& facts = *factsOf(current()->tagName());

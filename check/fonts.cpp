@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <vector>
 
+#include "vantry/check/characters.h"
 #include "vantry/check/values.h"
 
 namespace vantry::check {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::string_view digits = "0123456789";
 constexpr std::string_view partNames[] = {"Bold", "Italic", "Left", "Center", "Right"};
 
