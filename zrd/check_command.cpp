@@ -169,11 +169,12 @@ class Checker {
   }
 
   std::string findingsInWords() const {
-    const std::string counts = std::string(isCut_ ? "at least " : "") + counted(errors_, "error") +
-                               " and " + counted(warnings_, "warning");
-    if (!std::cmp_less(shown_, errors_ + warnings_)) return counts;
-    return counts + ", of which " + std::to_string(shown_) + (shown_ == 1 ? " is" : " are") +
-           " shown";
+    std::string words = std::string(isCut_ ? "at least " : "") + counted(errors_, "error") +
+                        " and " + counted(warnings_, "warning");
+    if (std::cmp_less(shown_, errors_ + warnings_)) {
+      words += ", of which " + std::to_string(shown_) + (shown_ == 1 ? " is" : " are") + " shown";
+    }
+    return words;
   }
 
   const Options& options_;
