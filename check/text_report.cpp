@@ -1,6 +1,5 @@
-#include <wchar.h>
-
 #include <algorithm>
+#include <cwchar>
 #include <limits>
 #include <optional>
 #include <ostream>
