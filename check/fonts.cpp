@@ -47,9 +47,9 @@ std::size_t usedOf(std::string_view word) {
 
 /// The name of a part that a word is, but for the case of its letters.
 std::string_view partNameLike(std::string_view word) {
-  const auto isLike = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
-  const auto* name = std::ranges::find_if(
-      partNames, [&](std::string_view part) { return std::ranges::equal(part, word, isLike); });
+  const auto* name = std::ranges::find_if(partNames, [word](std::string_view part) {
+    return std::ranges::equal(part, word, {}, lowerCase, lowerCase);
+  });
   return name == std::end(partNames) ? "" : *name;
 }
 
@@ -84,7 +84,7 @@ std::string helpForFont(std::string_view text) {
     const auto begin = static_cast<std::size_t>(unused.data() - text.data());
     return write + shortened(std::string(text).erase(begin, unused.size()));
   }
-  const bool hasBlankBehind = !text.empty() && blanks.find(text.back()) != blanks.npos;
+  const bool hasBlankBehind = !text.empty() && isBlank(text.back());
   return hasBlankBehind ? "there is no blank at the end of a font" : "";
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 
+#include "vantry/check/characters.h"
 #include "vantry/check/names.h"
 #include "vantry/check/values.h"
 #include "vantry/plot/document.h"
@@ -163,8 +164,8 @@ constexpr struct {
 std::string inSmallLetters(std::string_view name) {
   std::string letters;
   for (const char c : name) {
-    if (c >= 'A' && c <= 'Z') letters += static_cast<char>(c - 'A' + 'a');
-    if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) letters += c;
+    const char letter = lowerCase(c);
+    if ((letter >= 'a' && letter <= 'z') || (c >= '0' && c <= '9')) letters += letter;
   }
   return letters;
 }

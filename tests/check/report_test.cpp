@@ -57,13 +57,17 @@ TEST(TextReport, PutsTheMarkBelowWideCharactersToo) {
   EXPECT_EQ(out.str(), "a:1:5: error: s [code]\n 1 | " + line + "\n   |     ^~~~\n");
 }
 
+std::string findingsIn(const std::string& bytes) {
+  std::ostringstream out;
+  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
+  return out.str();
+}
+
 TEST(TextReport, ShowsADocumentInUtf16AsUtf8) {
   const std::string text = "<Canvas>\r<Scene2D/></Canvas>";
   std::string bytes = "\xFF\xFE";
   for (const char c : text) bytes.append({c, '\0'});
-  std::ostringstream out;
-  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
-  EXPECT_EQ(out.str(),
+  EXPECT_EQ(findingsIn(bytes),
             "a.zrd:2:2: error: there is no element Scene2D [unknown-element]\n"
             " 2 | <Scene2D/></Canvas>\n"
             "   |  ^~~~~~~\n"
@@ -73,9 +77,7 @@ TEST(TextReport, ShowsADocumentInUtf16AsUtf8) {
 TEST(TextReport, ShowsLatin1AsUtf8) {
   const std::string bytes =
       "<?xml version='1.0' encoding='ISO-8859-1'?>\n<Canvas><!-- \xE4 --><Scene2D/></Canvas>";
-  std::ostringstream out;
-  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
-  EXPECT_EQ(out.str(),
+  EXPECT_EQ(findingsIn(bytes),
             "a.zrd:2:20: error: there is no element Scene2D [unknown-element]\n"
             " 2 | <Canvas><!-- \xC3\xA4 --><Scene2D/></Canvas>\n"
             "   |                    ^~~~~~~\n"
@@ -84,9 +86,7 @@ TEST(TextReport, ShowsLatin1AsUtf8) {
 
 TEST(TextReport, TakesAByteOrderMarkForNoCharacter) {
   const std::string bytes = "\xEF\xBB\xBF<Canvas><Scene2D/></Canvas>";
-  std::ostringstream out;
-  writeText(out, {"a.zrd", check(bytes)}, bytes, false);
-  EXPECT_EQ(out.str(),
+  EXPECT_EQ(findingsIn(bytes),
             "a.zrd:1:10: error: there is no element Scene2D [unknown-element]\n"
             " 1 | <Canvas><Scene2D/></Canvas>\n"
             "   |          ^~~~~~~\n"
