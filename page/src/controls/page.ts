@@ -335,7 +335,9 @@ export class Page {
     for (const text of this.text.panels) {
       try {
         const { scene } = await this.content(text, 0);
-        const lines = scene.geometries.flatMap(({ coordinates, dimension }) => {
+        const { values, begins, ends, dimensions } = scene.places;
+        const lines = [...dimensions].flatMap((dimension, g) => {
+          const coordinates = values.subarray(begins[g], ends[g]);
           return Array.from({ length: Math.min(coordinates.length / 3, 1000) }, (_, i) =>
             [...coordinates.subarray(i * 3, i * 3 + dimension)].join(' '),
           );

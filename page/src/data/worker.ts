@@ -11,14 +11,11 @@ export interface Request {
 export type Reply = { id: number; scene: Scene } | { id: number; error: string };
 
 /** The buffers of all arrays in a scene. */
-function buffersOf({ faces, lines, points, geometries }: Scene): ArrayBuffer[] {
+function buffersOf({ faces, lines, points, places, objects, seen }: Scene): ArrayBuffer[] {
+  const parts: object[] = [...faces, lines, points, places, { objects, seen }];
   const buffers = new Set<ArrayBuffer>();
-  for (const part of [...faces, lines, points, ...geometries]) {
-    for (const value of Object.values(part) as unknown[]) {
-      // The array of a geometry without points is shared by all texts and stays here.
-      if (ArrayBuffer.isView(value) && value.buffer instanceof ArrayBuffer && value.byteLength > 0)
-        buffers.add(value.buffer);
-    }
+  for (const value of parts.flatMap((part) => Object.values(part) as unknown[])) {
+    if (ArrayBuffer.isView(value) && value.buffer instanceof ArrayBuffer) buffers.add(value.buffer);
   }
   return [...buffers];
 }

@@ -3,7 +3,6 @@
 type Numbers = Float64Array | Float32Array | Int32Array | Uint32Array | Int8Array | Uint8Array;
 
 const FIRST_CAPACITY = 64;
-const LARGE_BYTES = 1 << 14;
 
 class Growing<T extends Numbers> {
   /** The values so far, and room for more behind them; valid until it grows. */
@@ -28,6 +27,11 @@ class Growing<T extends Numbers> {
     return first;
   }
 
+  pushAll(values: ArrayLike<number>): void {
+    const first = this.extend(values.length);
+    this.values.set(values, first);
+  }
+
   at(index: number): number {
     return index < this.length ? this.values[index]! : NaN;
   }
@@ -36,26 +40,18 @@ class Growing<T extends Numbers> {
     this.values[index] = value;
   }
 
-  /** Forgets all values, and keeps the room for new ones. */
-  clear(): void {
-    this.length = 0;
+  /** The values in a range, where they are. */
+  part({ begin, end }: { begin: number; end: number }): T {
+    return this.values.subarray(begin, end) as T;
   }
 
-  /**
-   * Hands over the values so far and forgets them. Few are copied into an array that `make` gives;
-   * many are handed over where they are.
-   */
-  take(make: (length: number) => T = this.make): T {
-    const { values, length } = this;
+  /** Hands over the values so far, where they are, and forgets them. */
+  take(): T {
+    const taken = this.part({ begin: 0, end: this.length });
     this.length = 0;
-    if (length * values.BYTES_PER_ELEMENT <= LARGE_BYTES) {
-      const taken = make(length);
-      taken.set(values.subarray(0, length));
-      return taken;
-    }
-    this.values = this.make(FIRST_CAPACITY);
     this.capacity = FIRST_CAPACITY;
-    return values.subarray(0, length) as T;
+    this.values = this.make(FIRST_CAPACITY);
+    return taken;
   }
 
   private reserve(least: number): void {
@@ -99,33 +95,5 @@ export class GrowingFloat32 extends Growing<Float32Array> {
 export class GrowingUint32 extends Growing<Uint32Array> {
   constructor() {
     super((n) => new Uint32Array(n));
-  }
-}
-
-const POOL_BYTES = 1 << 20;
-
-/**
- * Gives out typed arrays, small ones side by side in common buffers: a hundred thousand buffers of
- * a few bytes would take seconds to make and to hand over.
- */
-export class Arena {
-  private pool = new ArrayBuffer(0);
-  private used = 0;
-
-  readonly float64 = (length: number): Float64Array =>
-    new Float64Array(...this.place(length * 8), length);
-  readonly int32 = (length: number): Int32Array =>
-    new Int32Array(...this.place(length * 4), length);
-  readonly uint8 = (length: number): Uint8Array => new Uint8Array(...this.place(length), length);
-
-  private place(bytes: number): [ArrayBuffer, number] {
-    if (bytes > LARGE_BYTES) return [new ArrayBuffer(bytes), 0];
-    if (this.used + bytes > this.pool.byteLength) {
-      this.pool = new ArrayBuffer(POOL_BYTES);
-      this.used = 0;
-    }
-    const at = this.used;
-    this.used += (bytes + 7) & ~7;
-    return [this.pool, at];
   }
 }

@@ -1,76 +1,98 @@
 /** Geometries out of a JVX text. */
-import { Arena, GrowingFloat64, GrowingInt32, GrowingUint8 } from './growing';
-import type {
-  FaceSet,
-  Font,
-  Geometry,
-  Lists,
-  LineSet,
-  Material,
-  PointSet,
-  Rgb,
-  VectorField,
-} from './model';
+import {
+  EMPTY,
+  Geometries,
+  GeometryDraft,
+  Pools,
+  type FieldDraft,
+  type ListName,
+  type Slice,
+} from './geometries';
+import type { GrowingFloat64, GrowingInt32, GrowingUint8 } from './growing';
+import type { FaceLook, Font, LineLook, Material, PointLook, Rgb } from './model';
 import { NumberScanner, toNumbers } from './numbers';
 import type { Attributes, ItemList } from './scanner';
 
-/** Numbers of a fixed count an item; what is missing counts as `missing[i]`. */
-class TupleList implements ItemList {
+/** A list that lies in one long array, beyond what that holds already. */
+abstract class PooledList implements ItemList {
+  private readonly begin: number;
+
   constructor(
-    readonly values: GrowingFloat64,
     readonly item: string,
+    protected readonly pool: GrowingFloat64 | GrowingUint8,
+  ) {
+    this.begin = pool.length;
+  }
+
+  get length(): number {
+    return this.pool.length - this.begin;
+  }
+
+  get slice(): Slice {
+    return { begin: this.begin, end: this.pool.length };
+  }
+
+  abstract add(numbers: NumberScanner): void;
+}
+
+/** Numbers of a fixed count an item; what is missing counts as `missing[i]`. */
+class TupleList extends PooledList {
+  constructor(
+    item: string,
+    pool: GrowingFloat64,
     private readonly missing: readonly number[],
     private readonly dimension = missing.length,
   ) {
-    values.clear();
+    super(item, pool);
   }
 
   get count(): number {
-    return this.values.length / this.missing.length;
+    return this.length / this.missing.length;
   }
 
   add(numbers: NumberScanner): void {
     for (let i = 0; i < this.missing.length; i++) {
       const given = i < this.dimension && numbers.next();
-      this.values.push(given ? numbers.value : this.missing[i]!);
+      this.pool.push(given ? numbers.value : this.missing[i]!);
     }
   }
 }
 
-class ColorList implements ItemList {
-  readonly item = 'c';
-
-  constructor(readonly values: GrowingUint8) {
-    values.clear();
-  }
-
+class ColorList extends PooledList {
   add(numbers: NumberScanner): void {
-    for (let i = 0; i < 3; i++) this.values.push(numbers.next() ? channel(numbers.value) : 0);
+    for (let i = 0; i < 3; i++) this.pool.push(numbers.next() ? channel(numbers.value) : 0);
   }
 }
 
 /** Lists of numbers of points; what is no such number becomes -1. */
 class IndexLists implements ItemList {
+  private readonly firstOffset: number;
+  private readonly firstIndex: number;
+
   constructor(
-    private readonly offsets: GrowingInt32,
-    private readonly values: GrowingInt32,
+    private readonly offsetPool: GrowingInt32,
+    private readonly indexPool: GrowingInt32,
     readonly item: string,
   ) {
-    offsets.clear();
-    values.clear();
-    offsets.push(0);
+    this.firstOffset = offsetPool.length;
+    this.firstIndex = indexPool.length;
+    offsetPool.push(0);
+  }
+
+  get offsets(): Slice {
+    return { begin: this.firstOffset, end: this.offsetPool.length };
+  }
+
+  get indices(): Slice {
+    return { begin: this.firstIndex, end: this.indexPool.length };
   }
 
   add(numbers: NumberScanner): void {
     while (numbers.next()) {
       const value = numbers.value;
-      this.values.push(value >= 0 && value < 2 ** 31 && Number.isInteger(value) ? value : -1);
+      this.indexPool.push(value >= 0 && value < 2 ** 31 && Number.isInteger(value) ? value : -1);
     }
-    this.offsets.push(this.values.length);
-  }
-
-  take(arena: Arena): Lists {
-    return { offsets: this.offsets.take(arena.int32), values: this.values.take(arena.int32) };
+    this.offsetPool.push(this.indexPool.length - this.firstIndex);
   }
 }
 
@@ -104,60 +126,48 @@ export function shown(attributes: Attributes, name: string, otherwise: boolean):
   return value === 'show' ? true : value === 'hide' ? false : otherwise;
 }
 
-/** What a geometry has before anything is read; never written to. */
-const NO_NUMBERS = new Float64Array(0);
-const NO_COLORS = new Uint8Array(0);
-const NO_NAMES: ReadonlyMap<number, string> = new Map();
-const NO_LISTS: Lists = { offsets: new Int32Array(1), values: new Int32Array(0) };
-
-const newPoints = (attributes: Attributes): PointSet => ({
+const newPoints = (attributes: Attributes): PointLook => ({
   visible: shown(attributes, 'point', true),
   showColors: shown(attributes, 'color', false),
-  coordinates: NO_NUMBERS,
-  names: NO_NAMES,
-  colors: NO_COLORS,
-  normals: NO_NUMBERS,
   color: undefined,
   thickness: undefined,
   labelsVisible: false,
   font: undefined,
 });
 
-const newLines = (attributes: Attributes): LineSet => ({
+const newLines = (attributes: Attributes): LineLook => ({
   visible: shown(attributes, 'line', true),
   showColors: shown(attributes, 'color', false),
   colorFromPoints: shown(attributes, 'colorFromPoints', false),
   smoothColors: shown(attributes, 'colorSmooth', false),
   arrows: shown(attributes, 'arrow', false),
-  lines: NO_LISTS,
-  colors: NO_COLORS,
   color: undefined,
   thickness: undefined,
 });
 
-const newFaces = (attributes: Attributes): FaceSet => ({
+const newFaces = (attributes: Attributes): FaceLook => ({
   visible: shown(attributes, 'face', true),
   edgesVisible: shown(attributes, 'edge', true),
   showColors: shown(attributes, 'color', false),
   colorFromPoints: shown(attributes, 'colorFromPoints', false),
   smoothColors: shown(attributes, 'colorSmooth', false),
   colorEdges: shown(attributes, 'colorEdge', false),
-  faces: NO_LISTS,
-  colors: NO_COLORS,
   color: undefined,
   edgeColor: undefined,
   edgeThickness: undefined,
 });
 
-const newField = (attributes: Attributes): VectorField => ({
-  visible: shown(attributes, 'vector', true),
-  arrows: shown(attributes, 'arrow', false),
-  showColors: shown(attributes, 'color', false),
-  vectors: NO_NUMBERS,
-  colors: NO_COLORS,
-  color: undefined,
-  thickness: undefined,
-  length: undefined,
+const newField = (attributes: Attributes): FieldDraft => ({
+  look: {
+    visible: shown(attributes, 'vector', true),
+    arrows: shown(attributes, 'arrow', false),
+    showColors: shown(attributes, 'color', false),
+    color: undefined,
+    thickness: undefined,
+    length: undefined,
+  },
+  vectors: EMPTY,
+  colors: EMPTY,
 });
 
 const newFont = (attributes: Attributes): Font => {
@@ -187,16 +197,12 @@ const newMaterial = (attributes: Attributes): Material => ({
   transparency: 0,
 });
 
-const newGeometry = (attributes: Attributes): Geometry => ({
-  name: attributes.get('name') ?? '',
-  visible: shown(attributes, 'visible', true),
-  dimension: 3,
-  points: newPoints(NO_ATTRIBUTES),
-  lines: undefined,
-  faces: undefined,
-  fields: [],
-  material: undefined,
-});
+const newGeometry = (attributes: Attributes): GeometryDraft =>
+  new GeometryDraft(
+    attributes.get('name') ?? '',
+    shown(attributes, 'visible', true),
+    newPoints(NO_ATTRIBUTES),
+  );
 
 const NO_ATTRIBUTES: Attributes = new Map();
 
@@ -209,23 +215,17 @@ type Closer = (text: string) => void;
 export class JvxHandler {
   list: ItemList | undefined;
   title = '';
-  readonly geometries: Geometry[] = [];
+  private readonly pools = new Pools();
+  readonly geometries = new Geometries(this.pools);
   private geometry = newGeometry(NO_ATTRIBUTES);
   private field = newField(NO_ATTRIBUTES);
   private font = newFont(NO_ATTRIBUTES);
   private material = newMaterial(NO_ATTRIBUTES);
   private transparencyVisible = true;
-  /** The names of points of the geometry that is being read, from its first name on. */
-  private names = new Map<number, string>();
-  private readonly arena = new Arena();
-  private readonly numbers = new GrowingFloat64();
-  private readonly colors = new GrowingUint8();
-  private readonly offsets = new GrowingInt32();
-  private readonly indices = new GrowingInt32();
 
-  private readonly points = (): PointSet => this.geometry.points;
-  private readonly lines = (): LineSet => (this.geometry.lines ??= newLines(NO_ATTRIBUTES));
-  private readonly faces = (): FaceSet => (this.geometry.faces ??= newFaces(NO_ATTRIBUTES));
+  private readonly points = (): PointLook => this.geometry.points;
+  private readonly lines = (): LineLook => (this.geometry.lines ??= newLines(NO_ATTRIBUTES));
+  private readonly faces = (): FaceLook => (this.geometry.faces ??= newFaces(NO_ATTRIBUTES));
 
   open(name: string, attributes: Attributes, path: readonly string[]): void {
     const parent = path[path.length - 2] ?? '';
@@ -239,26 +239,27 @@ export class JvxHandler {
 
   private openPoint(attributes: Attributes): void {
     const name = attributes.get('name');
-    if (name === undefined || !(this.list instanceof TupleList)) return;
-    const points = this.points();
-    if (points.names === NO_NAMES) {
-      this.names = new Map();
-      points.names = this.names;
+    if (name !== undefined && this.list instanceof TupleList) {
+      (this.geometry.names ??= new Map()).set(this.list.count, name);
     }
-    this.names.set(this.list.count, name);
   }
 
   private readonly openers: Record<string, Opener> = {
-    'geometries/geometry': (attributes) => {
-      this.geometry = newGeometry(attributes);
-      this.geometries.push(this.geometry);
-    },
+    'geometries/geometry': (attributes) => (this.geometry = newGeometry(attributes)),
     'geometry/pointSet': (attributes) => {
+      this.forget('coordinates', 'normals', 'pointColors');
+      this.geometry.names = undefined;
       this.geometry.points = newPoints(attributes);
       this.geometry.dimension = attributes.get('dim') === '2' ? 2 : 3;
     },
-    'geometry/lineSet': (attributes) => (this.geometry.lines = newLines(attributes)),
-    'geometry/faceSet': (attributes) => (this.geometry.faces = newFaces(attributes)),
+    'geometry/lineSet': (attributes) => {
+      this.forget('lineOffsets', 'lineIndices', 'lineColors');
+      this.geometry.lines = newLines(attributes);
+    },
+    'geometry/faceSet': (attributes) => {
+      this.forget('faceOffsets', 'faceIndices', 'faceColors');
+      this.geometry.faces = newFaces(attributes);
+    },
     'geometry/vectorField': (attributes) => {
       this.field = newField(attributes);
       this.geometry.fields.push(this.field);
@@ -276,44 +277,50 @@ export class JvxHandler {
       this.transparencyVisible = shown(attributes, 'visible', true);
     },
     'pointSet/points': () =>
-      this.openList(new TupleList(this.numbers, 'p', [NaN, NaN, 0], this.geometry.dimension)),
-    'pointSet/normals': () => this.openList(new TupleList(this.numbers, 'n', [NaN, NaN, NaN])),
-    'pointSet/colors': () => this.openList(new ColorList(this.colors)),
-    'lineSet/lines': () => this.openList(new IndexLists(this.offsets, this.indices, 'l')),
-    'lineSet/colors': () => this.openList(new ColorList(this.colors)),
-    'faceSet/faces': () => this.openList(new IndexLists(this.offsets, this.indices, 'f')),
+      this.openList(
+        new TupleList('p', this.pools.coordinates, [NaN, NaN, 0], this.geometry.dimension),
+      ),
+    'pointSet/normals': () =>
+      this.openList(new TupleList('n', this.pools.numbers, [NaN, NaN, NaN])),
+    'pointSet/colors': () => this.openList(new ColorList('c', this.pools.colors)),
+    'lineSet/lines': () =>
+      this.openList(new IndexLists(this.pools.offsets, this.pools.indices, 'l')),
+    'lineSet/colors': () => this.openList(new ColorList('c', this.pools.colors)),
+    'faceSet/faces': () =>
+      this.openList(new IndexLists(this.pools.offsets, this.pools.indices, 'f')),
     'faceSet/neighbours': () => this.openList(new UnusedList('nb')),
-    'faceSet/colors': () => this.openList(new ColorList(this.colors)),
+    'faceSet/colors': () => this.openList(new ColorList('c', this.pools.colors)),
     'vectorField/vectors': () => {
-      this.openList(new TupleList(this.numbers, 'v', [NaN, NaN, 0], this.geometry.dimension));
+      this.openList(new TupleList('v', this.pools.numbers, [NaN, NaN, 0], this.geometry.dimension));
     },
-    'vectorField/colors': () => this.openList(new ColorList(this.colors)),
+    'vectorField/colors': () => this.openList(new ColorList('c', this.pools.colors)),
   };
 
   private readonly closers: Record<string, Closer> = {
     'jvx-model/title': (text) => (this.title = text.trim()),
-    'pointSet/points': () => (this.points().coordinates = this.takeNumbers()),
-    'pointSet/normals': () => (this.points().normals = this.takeNumbers()),
-    'pointSet/colors': () => (this.points().colors = this.takeColors()),
+    'geometries/geometry': () => this.geometries.add(this.geometry),
+    'pointSet/points': () => this.putSlice('coordinates'),
+    'pointSet/normals': () => this.putSlice('normals'),
+    'pointSet/colors': () => this.putSlice('pointColors'),
     'points/thickness': (text) => (this.points().thickness = toNumberOr(text, undefined)),
     'points/color': (text) => (this.points().color = toColor(text)),
     'labelAtt/size': (text) => (this.font.size = toNumberOr(text, this.font.size)),
     'labelAtt/color': (text) => (this.font.color = toColor(text) ?? this.font.color),
-    'lineSet/lines': () => (this.lines().lines = this.takeLists()),
-    'lineSet/colors': () => (this.lines().colors = this.takeColors()),
+    'lineSet/lines': () => this.putLists('lineOffsets', 'lineIndices'),
+    'lineSet/colors': () => this.putSlice('lineColors'),
     'lines/thickness': (text) => (this.lines().thickness = toNumberOr(text, undefined)),
     'lines/color': (text) => (this.lines().color = toColor(text)),
-    'faceSet/faces': () => (this.faces().faces = this.takeLists()),
+    'faceSet/faces': () => this.putLists('faceOffsets', 'faceIndices'),
     'faceSet/neighbours': () => (this.list = undefined),
-    'faceSet/colors': () => (this.faces().colors = this.takeColors()),
+    'faceSet/colors': () => this.putSlice('faceColors'),
     'faces/color': (text) => (this.faces().color = toColor(text)),
     'edges/thickness': (text) => (this.faces().edgeThickness = toNumberOr(text, undefined)),
     'edges/color': (text) => (this.faces().edgeColor = toColor(text)),
-    'vectorField/vectors': () => (this.field.vectors = this.takeNumbers()),
-    'vectorField/colors': () => (this.field.colors = this.takeColors()),
-    'vectors/thickness': (text) => (this.field.thickness = toNumberOr(text, undefined)),
-    'vectors/length': (text) => (this.field.length = toNumberOr(text, undefined)),
-    'vectors/color': (text) => (this.field.color = toColor(text)),
+    'vectorField/vectors': () => (this.field.vectors = this.takeSlice()),
+    'vectorField/colors': () => (this.field.colors = this.takeSlice()),
+    'vectors/thickness': (text) => (this.field.look.thickness = toNumberOr(text, undefined)),
+    'vectors/length': (text) => (this.field.look.length = toNumberOr(text, undefined)),
+    'vectors/color': (text) => (this.field.look.color = toColor(text)),
     'material/ambientIntensity': (text) => {
       this.material.ambient = toNumberOr(text, this.material.ambient);
     },
@@ -347,21 +354,27 @@ export class JvxHandler {
     this.list.add(slowNumbers);
   }
 
-  private takeNumbers(): Float64Array {
-    const { list } = this;
-    this.list = undefined;
-    return list instanceof TupleList ? list.values.take(this.arena.float64) : NO_NUMBERS;
+  /** A set that comes a second time takes the place of the first. */
+  private forget(...lists: ListName[]): void {
+    for (const list of lists) this.geometry.put(list, EMPTY);
   }
 
-  private takeColors(): Uint8Array {
+  /** Ends the list; returns where it lies. */
+  private takeSlice(): Slice {
     const { list } = this;
     this.list = undefined;
-    return list instanceof ColorList ? list.values.take(this.arena.uint8) : NO_COLORS;
+    return list instanceof PooledList ? list.slice : EMPTY;
   }
 
-  private takeLists(): Lists {
+  private putSlice(name: ListName): void {
+    this.geometry.put(name, this.takeSlice());
+  }
+
+  private putLists(offsets: ListName, indices: ListName): void {
     const { list } = this;
     this.list = undefined;
-    return list instanceof IndexLists ? list.take(this.arena) : NO_LISTS;
+    if (!(list instanceof IndexLists)) return;
+    this.geometry.put(offsets, list.offsets);
+    this.geometry.put(indices, list.indices);
   }
 }

@@ -22,16 +22,10 @@ export interface Font {
   vertical: 'top' | 'middle' | 'bottom';
 }
 
-export interface PointSet {
+/** What all points of a set share. */
+export interface PointLook {
   visible: boolean;
   showColors: boolean;
-  /** Three coordinates a point, as the file has them; z is 0 in a set of two dimensions. */
-  coordinates: Float64Array;
-  /** Names of points, by their number; only those that have one. */
-  names: ReadonlyMap<number, string>;
-  /** Three bytes a point, empty if the file has none. */
-  colors: Uint8Array;
-  normals: Float64Array;
   color: Rgb | undefined;
   /** The radius in pixels, undefined if the file is silent. */
   thickness: number | undefined;
@@ -39,42 +33,61 @@ export interface PointSet {
   font: Font | undefined;
 }
 
-export interface LineSet {
+export interface PointSet extends PointLook {
+  /** Three coordinates a point, as the file has them; z is 0 in a set of two dimensions. */
+  coordinates: Float64Array;
+  /** Names of points, by their number; only those that have one. */
+  names: ReadonlyMap<number, string>;
+  /** Three bytes a point, empty if the file has none. */
+  colors: Uint8Array;
+  normals: Float64Array;
+}
+
+export interface LineLook {
   visible: boolean;
   showColors: boolean;
   colorFromPoints: boolean;
   smoothColors: boolean;
   arrows: boolean;
-  lines: Lists;
-  colors: Uint8Array;
   color: Rgb | undefined;
   thickness: number | undefined;
 }
 
-export interface FaceSet {
+export interface LineSet extends LineLook {
+  lines: Lists;
+  colors: Uint8Array;
+}
+
+export interface FaceLook {
   visible: boolean;
   edgesVisible: boolean;
   showColors: boolean;
   colorFromPoints: boolean;
   smoothColors: boolean;
   colorEdges: boolean;
-  faces: Lists;
-  colors: Uint8Array;
   color: Rgb | undefined;
   edgeColor: Rgb | undefined;
   edgeThickness: number | undefined;
 }
 
-export interface VectorField {
+export interface FaceSet extends FaceLook {
+  faces: Lists;
+  colors: Uint8Array;
+}
+
+export interface FieldLook {
   visible: boolean;
   arrows: boolean;
   showColors: boolean;
-  vectors: Float64Array;
-  colors: Uint8Array;
   color: Rgb | undefined;
   thickness: number | undefined;
   /** The length of each drawn vector; undefined draws them as long as they are. */
   length: number | undefined;
+}
+
+export interface VectorField extends FieldLook {
+  vectors: Float64Array;
+  colors: Uint8Array;
 }
 
 export interface Material {
@@ -97,6 +110,16 @@ export interface Geometry {
   faces: FaceSet | undefined;
   fields: VectorField[];
   material: Material | undefined;
+}
+
+/** The points of many geometries, three coordinates each, as the file has them. */
+export interface Places {
+  values: Float64Array;
+  /** The values of geometry i are those from `begins[i]` up to `ends[i]`. */
+  begins: Int32Array;
+  ends: Int32Array;
+  /** 2 or 3 for each geometry. */
+  dimensions: Uint8Array;
 }
 
 export interface Ruler {
@@ -156,10 +179,4 @@ export interface Display {
   cameras: Camera[];
   lights: Light[] | undefined;
   background: Rgb | undefined;
-}
-
-export interface JavaViewDocument {
-  title: string;
-  geometries: Geometry[];
-  displays: Display[];
 }

@@ -1,8 +1,9 @@
 /** Reads a JVX or JVD text that comes in pieces of bytes. */
 import { ToUtf8 } from './encoding';
+import type { Geometries } from './geometries';
 import { JvdHandler } from './jvd';
 import { JvxHandler } from './jvx';
-import type { JavaViewDocument } from './model';
+import type { Display } from './model';
 import { Scanner, type Attributes, type Handler, type ItemList } from './scanner';
 
 /** Both kinds of document at once: their elements have different parents. */
@@ -27,7 +28,10 @@ class DocumentHandler implements Handler {
   }
 }
 
-export interface ReadResult extends JavaViewDocument {
+export interface ReadResult {
+  title: string;
+  geometries: Geometries;
+  displays: Display[];
   /** The name of the root element. */
   root: string;
   /** Whether the text came to its end. */

@@ -310,14 +310,6 @@ export interface Label {
   turns?: number;
 }
 
-/** A geometry whose points may be pointed at. */
-export interface Pickable {
-  geometry: number;
-  object: number;
-  /** The height at which it is drawn in a scene of two dimensions. */
-  layer: number;
-}
-
 export interface Counts {
   points: number;
   lines: number;
@@ -333,7 +325,8 @@ export interface SceneData {
   lines: LineData;
   points: PointData;
   labels: Label[];
-  pickables: Pickable[];
+  /** For each geometry, whether its points may be pointed at: 1 or 0. */
+  seen: Uint8Array;
   counts: Counts;
 }
 
@@ -343,8 +336,12 @@ export class SceneBatches {
   readonly lines = new LineBatch();
   readonly points = new PointBatch();
   readonly labels: Label[] = [];
-  readonly pickables: Pickable[] = [];
+  readonly seen: Uint8Array;
   readonly counts: Counts = { points: 0, lines: 0, faces: 0, labels: 0, vectors: 0 };
+
+  constructor(geometryCount = 0) {
+    this.seen = new Uint8Array(geometryCount);
+  }
 
   faceBatch(kind: FaceKind): FaceBatch {
     const same = this.faces.find(
@@ -369,14 +366,14 @@ export class SceneBatches {
   }
 
   finish(): SceneData {
-    const { glosses, labels, pickables, counts } = this;
+    const { glosses, labels, seen, counts } = this;
     return {
       glosses,
       faces: this.faces.map((batch) => batch.finish()),
       lines: this.lines.finish(),
       points: this.points.finish(),
       labels,
-      pickables,
+      seen,
       counts,
     };
   }

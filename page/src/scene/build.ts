@@ -1,20 +1,16 @@
 /** Turns geometries into the batches that are drawn. */
+import type { Geometries } from '../javaview/geometries';
 import type { Geometry, PointSet, Rgb } from '../javaview/model';
 import { SceneBatches, withAlpha } from './batches';
 import { colorAt, type Draft } from './draft';
 import { addFaces } from './faces';
 import { addField, addLines } from './lines';
-import type { Space } from './space';
+import { layer, type Space } from './space';
 import { POINT_STYLES, type GeometryStyle } from './styles';
 
 const DEFAULT_POINT_COLOR: Rgb = [255, 0, 0];
 const DEFAULT_POINT_RADIUS = 2;
 const DEFAULT_FONT = { family: 'sans-serif', size: 12, bold: false, italic: false };
-
-/** In two dimensions what comes later lies above what came before. */
-function layer(index: number, total: number): number {
-  return (index + 1) / (total + 1);
-}
 
 function drawnPoints(points: PointSet, space: Space, flatLayer: number): Float32Array {
   const { coordinates } = points;
@@ -73,21 +69,17 @@ function addLabels({ geometry, style, batches, at }: Draft): void {
 /** The style of geometry `i`. */
 export type StyleOf = (i: number) => GeometryStyle;
 
-export function buildScene(
-  geometries: readonly Geometry[],
-  space: Space,
-  styleOf: StyleOf,
-): SceneBatches {
-  const batches = new SceneBatches();
-  geometries.forEach((geometry, i) => {
-    if (!geometry.visible) return;
-    const flatLayer = layer(i, geometries.length);
+export function buildScene(geometries: Geometries, space: Space, styleOf: StyleOf): SceneBatches {
+  const batches = new SceneBatches(geometries.length);
+  for (let i = 0; i < geometries.length; i++) {
+    const geometry = geometries.at(i);
+    if (!geometry.visible) continue;
     const draft: Draft = {
       geometry,
       style: styleOf(i),
       batches,
       space,
-      at: drawnPoints(geometry.points, space, flatLayer),
+      at: drawnPoints(geometry.points, space, layer(i, geometries.length)),
       alpha: 1 - (geometry.material?.transparency ?? 0),
     };
     addFaces(draft);
@@ -95,10 +87,8 @@ export function buildScene(
     for (const field of geometry.fields) addField(draft, field);
     addPoints(draft);
     addLabels(draft);
-    if (isSeen(geometry)) {
-      batches.pickables.push({ geometry: i, object: draft.style.object, layer: flatLayer });
-    }
-  });
+    batches.seen[i] = isSeen(geometry) ? 1 : 0;
+  }
   return batches;
 }
 

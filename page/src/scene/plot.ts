@@ -23,7 +23,7 @@ import {
   type SceneUniforms,
 } from './materials';
 import type { Scene } from './scene';
-import { AXES, Space, type Axis } from './space';
+import { AXES, Space, layer, type Axis } from './space';
 import { View, sameView, type Size } from './view';
 
 /** The colours of the surroundings, for what a plot leaves open. */
@@ -282,13 +282,18 @@ export class Plot {
     const { width, height } = view.size;
     let best: Hit | undefined;
     let bestRank = Infinity;
-    for (const { geometry, object, layer } of this.scene.pickables) {
-      if (this.hidden.has(object)) continue;
-      const { coordinates } = this.scene.geometries[geometry]!;
-      for (let i = 0; i < coordinates.length; i += 3) {
-        const px = space.toScene(0, coordinates[i]!);
-        const py = space.toScene(1, coordinates[i + 1]!);
-        const pz = space.flat ? layer : space.toScene(2, coordinates[i + 2]!);
+    const { objects, seen, places } = this.scene;
+    const { values, begins, ends } = places;
+    for (let geometry = 0; geometry < objects.length; geometry++) {
+      const object = objects[geometry]!;
+      if (seen[geometry] === 0 || this.hidden.has(object)) continue;
+      const begin = begins[geometry]!;
+      const end = ends[geometry]!;
+      const flatLayer = layer(geometry, objects.length);
+      for (let i = begin; i < end; i += 3) {
+        const px = space.toScene(0, values[i]!);
+        const py = space.toScene(1, values[i + 1]!);
+        const pz = space.flat ? flatLayer : space.toScene(2, values[i + 2]!);
         const w = m[3]! * px + m[7]! * py + m[11]! * pz + m[15]!;
         if (!(w > 0)) continue;
         const sx = ((m[0]! * px + m[4]! * py + m[8]! * pz + m[12]!) / w + 1) * 0.5 * width;
@@ -301,23 +306,22 @@ export class Plot {
         const rank = Math.max(distance, 6) + depth * 4;
         if (rank >= bestRank) continue;
         bestRank = rank;
-        best = { geometry, object, point: i / 3, at: [sx, sy], coordinates: [0, 0, 0] };
+        best = { geometry, object, point: (i - begin) / 3, at: [sx, sy], coordinates: [0, 0, 0] };
       }
     }
     return best && { ...best, coordinates: this.coordinates(best.geometry, best.point) };
   }
 
   coordinates(geometry: number, point: number): readonly [number, number, number] {
-    const { coordinates } = this.scene.geometries[geometry]!;
-    const k = point * 3;
-    return [coordinates[k]!, coordinates[k + 1]!, coordinates[k + 2]!];
+    const { values, begins } = this.scene.places;
+    const k = begins[geometry]! + point * 3;
+    return [values[k]!, values[k + 1]!, values[k + 2]!];
   }
 
   /** Where a point of the file is drawn in the scene. */
   placeOf({ geometry, point }: Hit): readonly [number, number, number] {
     const [x, y, z] = this.space.point(...this.coordinates(geometry, point));
-    const layer = this.scene.pickables.find((some) => some.geometry === geometry)!.layer;
-    return [x, y, this.flat ? layer : z];
+    return [x, y, this.flat ? layer(geometry, this.scene.objects.length) : z];
   }
 
   dispose(): void {

@@ -1,6 +1,7 @@
 /** Everything of a plot that can be made without graphics hardware: plain data, made in a worker. */
 import type { Run } from '../data/contract';
-import type { Display, Geometry } from '../javaview/model';
+import type { Geometries } from '../javaview/geometries';
+import type { Display, Places } from '../javaview/model';
 import type { ReadResult } from '../javaview/reader';
 import type { SceneData } from './batches';
 import { buildScene } from './build';
@@ -15,57 +16,68 @@ export interface SceneOrder {
   space: SpaceParts | undefined;
 }
 
-/** What is kept of a geometry beside what is drawn. */
-export interface GeometryInfo {
-  dimension: 2 | 3;
-  /** Three a point, as the file has them. */
-  coordinates: Float64Array;
-}
-
 export interface Scene extends SceneData {
   title: string;
   /** Whether the text came to its end. */
   whole: boolean;
   display: Display | undefined;
   space: SpaceParts;
-  geometries: GeometryInfo[];
+  /** The points of the geometries. */
+  places: Places;
+  /** The object of each geometry. */
+  objects: Int32Array;
   /** Names of the objects as far as the text has them, otherwise empty. */
   objectNames: string[];
 }
 
-/** The style of each geometry; those beyond the runs are objects of their own. */
-function stylesOf(geometries: readonly Geometry[], runs: readonly Run[]): GeometryStyle[] {
-  const styles: GeometryStyle[] = [];
-  for (const run of runs) {
-    for (let i = 0; i < run.count && styles.length < geometries.length; i++) styles.push(run);
+/** How geometries are drawn; those beyond the runs are objects of their own. */
+class Styles {
+  /** The object of each geometry. */
+  readonly objects: Int32Array;
+  private readonly runOf: (Run | undefined)[];
+
+  constructor(count: number, runs: readonly Run[]) {
+    this.objects = new Int32Array(count);
+    this.runOf = new Array<Run | undefined>(count).fill(undefined);
+    let at = 0;
+    let next = 0;
+    for (const run of runs) {
+      const end = Math.min(at + run.count, count);
+      if (end > at) next = Math.max(next, run.object + 1);
+      this.objects.fill(run.object, at, end);
+      this.runOf.fill(run, at, end);
+      at = end;
+    }
+    for (; at < count; at++) this.objects[at] = next++;
   }
-  let next = styles.reduce((most, style) => Math.max(most, style.object + 1), 0);
-  while (styles.length < geometries.length) styles.push({ ...PLAIN_STYLE, object: next++ });
-  return styles;
+
+  of(i: number): GeometryStyle {
+    return this.runOf[i] ?? { ...PLAIN_STYLE, object: this.objects[i]! };
+  }
 }
 
-/** The name of an object is that of its first geometry. */
-function namesOf(geometries: readonly Geometry[], styles: readonly GeometryStyle[]): string[] {
-  const count = styles.reduce((most, { object }) => Math.max(most, object + 1), 0);
-  const names: (string | undefined)[] = Array.from({ length: count });
-  styles.forEach(({ object }, i) => (names[object] ??= geometries[i]!.name));
-  return names.map((name) => name ?? '');
+/** The name of an object is that of its first geometry that has one. */
+function namesOf(geometries: Geometries, objects: Int32Array): string[] {
+  const count = objects.reduce((most, object) => Math.max(most, object + 1), 0);
+  const names = new Array<string>(count).fill('');
+  objects.forEach((object, i) => (names[object] ||= geometries.nameOf(i)));
+  return names;
 }
 
-function isFlat(display: Display | undefined, geometries: readonly Geometry[]): boolean {
+function isFlat(display: Display | undefined, { dimensions }: Places): boolean {
   if (display?.axes) return display.axes.dimension === 2;
-  return geometries.length > 0 && geometries.every(({ dimension }) => dimension === 2);
+  return dimensions.length > 0 && dimensions.every((dimension) => dimension === 2);
 }
 
 function makeSpace(
   display: Display | undefined,
-  geometries: readonly Geometry[],
+  geometries: Geometries,
   logarithmic: Flags,
 ): SpaceParts {
   return {
     box: sceneBox(display, geometries, logarithmic),
     ratio: display?.boxRatio,
-    flat: isFlat(display, geometries),
+    flat: isFlat(display, geometries.places),
     logarithmic,
   };
 }
@@ -79,17 +91,15 @@ export function makeScene(
   const { geometries, title, whole } = model;
   const display = displays?.displays[0] ?? model.displays[0];
   const space = given ?? makeSpace(display, geometries, logarithmic);
-  const styles = stylesOf(geometries, runs);
+  const styles = new Styles(geometries.length, runs);
   return {
-    ...buildScene(geometries, new Space(space), (i) => styles[i]!).finish(),
+    ...buildScene(geometries, new Space(space), (i) => styles.of(i)).finish(),
     title,
     whole,
     display,
     space,
-    geometries: geometries.map(({ dimension, points }) => ({
-      dimension,
-      coordinates: points.coordinates,
-    })),
-    objectNames: namesOf(geometries, styles),
+    places: geometries.places,
+    objects: styles.objects,
+    objectNames: namesOf(geometries, styles.objects),
   };
 }

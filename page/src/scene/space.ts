@@ -1,5 +1,6 @@
 /** The box of a scene and the way from the file's coordinates to those that are drawn. */
-import type { Display, Geometry, Range, Vector, VectorField } from '../javaview/model';
+import type { Geometries } from '../javaview/geometries';
+import type { Display, Range, Vector, VectorField } from '../javaview/model';
 
 export interface Box {
   min: Vector;
@@ -27,8 +28,13 @@ export function vectorEnd(
   return [end(0), end(1), end(2)];
 }
 
+/** In two dimensions what comes later lies above what came before: where geometry `index` lies. */
+export function layer(index: number, total: number): number {
+  return (index + 1) / (total + 1);
+}
+
 /** The smallest range of the finite coordinates along an axis, for a logarithm those above 0. */
-function rangeOfPoints(geometries: readonly Geometry[], axis: Axis, logarithmic: boolean): Range {
+function rangeOfPoints(geometries: Geometries, axis: Axis, logarithmic: boolean): Range {
   let min = Infinity;
   let max = -Infinity;
   const take = (value: number): void => {
@@ -36,10 +42,12 @@ function rangeOfPoints(geometries: readonly Geometry[], axis: Axis, logarithmic:
     if (value < min) min = value;
     if (value > max) max = value;
   };
-  for (const { points, fields } of geometries) {
-    const { coordinates } = points;
-    for (let i: number = axis; i < coordinates.length; i += 3) take(coordinates[i]!);
-    for (const field of fields.filter(({ visible }) => visible)) {
+  const { values, begins, ends } = geometries.places;
+  for (let g = 0; g < geometries.length; g++) {
+    const [begin, end] = [begins[g]!, ends[g]!];
+    for (let i = begin + axis; i < end; i += 3) take(values[i]!);
+    for (const field of geometries.fieldsOf(g).filter(({ visible }) => visible)) {
+      const coordinates = values.subarray(begin, end);
       const count = Math.min(field.vectors.length, coordinates.length) / 3;
       for (let i = 0; i < count; i++) take(vectorEnd(field, coordinates, i)[axis]);
     }
@@ -54,7 +62,7 @@ const FLAT_ROOM = 0.06;
 /** The range along an axis: the ruler's if it names one, otherwise that of the points. */
 function rangeOf(
   display: Display | undefined,
-  geometries: readonly Geometry[],
+  geometries: Geometries,
   axis: Axis,
   logarithmic: boolean,
 ): Range {
@@ -73,7 +81,7 @@ const SIDE_OF_POINT = 2;
 /** The box that a display names, each axis that it leaves open filled up from the points. */
 export function sceneBox(
   display: Display | undefined,
-  geometries: readonly Geometry[],
+  geometries: Geometries,
   logarithmic: Flags = LINEAR,
 ): Box {
   const ranges = AXES.map((axis) => rangeOf(display, geometries, axis, logarithmic[axis]));

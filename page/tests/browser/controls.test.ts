@@ -177,7 +177,7 @@ test('a double click brings a point to the middle', async () => {
       const [x, y, z] = plot.space.point(...plot.coordinates(0, point));
       return x * toEye.x + y * toEye.y + z * toEye.z;
     };
-    const count = plot.scene.geometries[0]!.coordinates.length / 3;
+    const count = plot.scene.places.ends[0]! / 3;
     const points = Array.from({ length: count }, (_, point) => point);
     return points.reduce((best, point) => (nearness(point) > nearness(best) ? point : best));
   });

@@ -32,7 +32,7 @@ async function save(page: Page, name: string): Promise<Buffer> {
 function expected(): { triangles: number; edges: number } {
   let triangles = 0;
   const edges = new Set<string>();
-  readDocument(example('surface.jvx')).geometries.forEach(({ faces }, g) => {
+  [...readDocument(example('surface.jvx')).geometries].forEach(({ faces }, g) => {
     if (!faces) return;
     const { offsets, values } = faces.faces;
     for (let i = 0; i + 1 < offsets.length; i++) {

@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import type { Geometry } from '../../src/javaview/model';
+import type { Geometries } from '../../src/javaview/geometries';
 import { readDocument } from '../../src/javaview/reader';
 import { glossOf, lookCode, patternOf, tipOf, type SceneBatches } from '../../src/scene/batches';
 import { buildScene } from '../../src/scene/build';
@@ -14,7 +14,7 @@ const UNIT = new Space({
   logarithmic: LINEAR,
 });
 
-function read(inner: string): Geometry[] {
+function read(inner: string): Geometries {
   const text = `<jvx-model><geometries><geometry>${inner}</geometry></geometries></jvx-model>`;
   return readDocument(new TextEncoder().encode(text)).geometries;
 }

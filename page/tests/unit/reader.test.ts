@@ -1,5 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
+import type { Geometry } from '../../src/javaview/model';
 import { Reader, readDocument, type ReadResult } from '../../src/javaview/reader';
 import { example, exampleNames } from '../support/examples';
 
@@ -12,7 +13,7 @@ const model = (inner: string): ReadResult =>
 
 const only = (result: ReadResult) => {
   assert.equal(result.geometries.length, 1);
-  return result.geometries[0]!;
+  return result.geometries.at(0);
 };
 
 const count = (text: string, pattern: RegExp): number => [...text.matchAll(pattern)].length;
@@ -25,7 +26,7 @@ test('neighbours are passed over, whatever they say', () => {
       `<jvx-model><geometries><geometry><faceSet>${list}${colors}</faceSet></geometry></geometries></jvx-model>`,
     ),
   );
-  const { faces } = geometries[0]!;
+  const { faces } = geometries.at(0);
   assert.deepEqual([...faces!.faces.values], [0, 1, 2]);
   assert.deepEqual([...faces!.colors], [1, 2, 3]);
 });
@@ -142,11 +143,12 @@ test('what other programs write is read past: comments, CDATA, instructions, unk
 
 test('pieces of any size give the same document', () => {
   const whole = example('annotations3d.jvx');
-  const expected = readDocument(whole);
+  const plain = (read: ReadResult): unknown => ({ ...read, geometries: [...read.geometries] });
+  const expected = plain(readDocument(whole));
   for (const size of [1, 2, 3, 7, 64, 1000]) {
     const reader = new Reader();
     for (let i = 0; i < whole.length; i += size) reader.feed(whole.slice(i, i + size));
-    assert.deepEqual(reader.finish(), expected, `pieces of ${size}`);
+    assert.deepEqual(plain(reader.finish()), expected, `pieces of ${size}`);
   }
 });
 
@@ -231,8 +233,8 @@ test('counts of every example equal those of its text', () => {
     const whole = example(name);
     const text = new TextDecoder().decode(whole);
     const { geometries } = readDocument(whole);
-    const sum = (of: (g: (typeof geometries)[0]) => number): number =>
-      geometries.reduce((total, geometry) => total + of(geometry), 0);
+    const sum = (of: (g: Geometry) => number): number =>
+      [...geometries].reduce((total, geometry) => total + of(geometry), 0);
     assert.equal(geometries.length, count(text, /<geometry>/g), name);
     assert.equal(
       sum((g) => g.points.coordinates.length / 3),
@@ -267,4 +269,39 @@ test('counts of every example equal those of its text', () => {
     );
     assert.equal(colors, count(text, /<c>/g), name);
   }
+});
+
+test('each of many geometries keeps its own look, whatever those before it look like', () => {
+  const colors = Array.from({ length: 40 }, (_, i) => [(i * i) % 23, i % 3, 7]);
+  const inner = colors.map(
+    (color, i) =>
+      `<geometry name="g${i}"><pointSet dim="${2 + (i % 2)}"><points><p name="n${i}">${i} 0</p>` +
+      `<thickness>${i % 4}</thickness></points></pointSet><faceSet><faces>` +
+      `<color>${color.join(' ')}</color></faces></faceSet></geometry>`,
+  );
+  const { geometries } = readDocument(
+    bytes(`<jvx-model><geometries>${inner.join('')}</geometries></jvx-model>`),
+  );
+  assert.equal(geometries.length, 40);
+  [...geometries].forEach(({ name, dimension, points, lines, faces }, i) => {
+    assert.equal(name, `g${i}`);
+    assert.equal(dimension, 2 + (i % 2));
+    assert.deepEqual([...points.coordinates], [i, 0, 0]);
+    assert.deepEqual([...points.names], [[0, `n${i}`]]);
+    assert.equal(points.thickness, i % 4);
+    assert.equal(lines, undefined);
+    assert.deepEqual(faces!.color, colors[i]);
+  });
+});
+
+test('a set that comes again takes the place of the first, with all its lists', () => {
+  const { points, lines, faces } = only(
+    model(
+      '<pointSet><points><p name="a">1 2 3</p></points><colors><c>1 2 3</c></colors></pointSet>' +
+        '<lineSet><lines><l>0 0</l></lines></lineSet><faceSet><faces><f>0 0 0</f></faces></faceSet>' +
+        '<pointSet dim="2"/><lineSet/><faceSet/>',
+    ),
+  );
+  assert.equal(points.coordinates.length + points.colors.length + points.names.size, 0);
+  assert.deepEqual([...lines!.lines.offsets, ...faces!.faces.offsets], [0, 0]);
 });
