@@ -37,6 +37,8 @@ export interface FaceKind {
   smoothNormals: boolean;
   smoothColors: boolean;
   transparent: boolean;
+  /** Whether faces may have patterns, which leave pixels out. */
+  hatched: boolean;
 }
 
 /** What a surface does with light, in parts of it. */
@@ -348,7 +350,8 @@ export class SceneBatches {
       (batch) =>
         batch.kind.transparent === kind.transparent &&
         batch.kind.smoothColors === kind.smoothColors &&
-        batch.kind.smoothNormals === kind.smoothNormals,
+        batch.kind.smoothNormals === kind.smoothNormals &&
+        batch.kind.hatched === kind.hatched,
     );
     if (same) return same;
     const fresh = new FaceBatch(kind);

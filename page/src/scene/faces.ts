@@ -292,10 +292,16 @@ export function addFaces(draft: Draft): void {
   const gloss = material ? batches.glossNumber(glossOfMaterial(material)) : 0;
   const tag: Tag = [style.object, lookCode(pattern, gloss)];
   const transparent = alpha < 1;
+  // What is transparent is sorted, for which it has to be in one batch.
   const batch = batches.faceBatch(
     transparent
-      ? { transparent, smoothColors: true, smoothNormals: true }
-      : { transparent, smoothColors, smoothNormals: normals !== undefined },
+      ? { transparent, smoothColors: true, smoothNormals: true, hatched: true }
+      : {
+          transparent,
+          smoothColors,
+          smoothNormals: normals !== undefined,
+          hatched: pattern > 0,
+        },
   );
   const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
   const room: number[] = [];

@@ -149,12 +149,11 @@ export function faceMaterial(
   kind: FaceKind,
   clipped: boolean,
 ): RawShaderMaterial {
-  const colors = kind.smoothColors ? '' : 'flat';
-  const normals = kind.smoothNormals ? '' : 'flat';
+  const program = { ...kind, clipped };
   return make(
     uniforms,
-    shaders.facesVertex(colors, normals),
-    shaders.facesFragment(colors, normals),
+    shaders.facesVertex(program),
+    shaders.facesFragment(program),
     {},
     {
       ...(kind.transparent ? SEE_THROUGH : clipped ? COVERING : OPAQUE),

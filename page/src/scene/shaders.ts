@@ -49,18 +49,30 @@ uniform mat4 projectionMatrix;
 uniform mat4 modelViewMatrix;
 `;
 
-/** `flat` or nothing before each of the two varyings, by the kind of the batch. */
-export const facesVertex = (
-  colors: string,
-  normals: string,
-): string => `${HEAD}${CAMERA}${VISIBILITY}
+/**
+ * What a program for faces can do. Without clipping and patterns it leaves no pixel out, so that
+ * pixels behind others need not be coloured at all.
+ */
+export interface FaceProgram {
+  smoothColors: boolean;
+  smoothNormals: boolean;
+  clipped: boolean;
+  hatched: boolean;
+}
+
+const varying = (smooth: boolean): string => (smooth ? '' : 'flat');
+
+export const facesVertex = ({
+  smoothColors,
+  smoothNormals,
+}: FaceProgram): string => `${HEAD}${CAMERA}${VISIBILITY}
 in vec3 position;
 in vec4 normal;
 in vec4 color;
 in vec2 tag;
 out vec3 vAt;
-${colors} out vec4 vColor;
-${normals} out vec3 vNormal;
+${varying(smoothColors)} out vec4 vColor;
+${varying(smoothNormals)} out vec3 vNormal;
 flat out float vLook;
 void main() {
   vAt = position;
@@ -71,27 +83,7 @@ void main() {
 }
 `;
 
-export const facesFragment = (
-  colors: string,
-  normals: string,
-): string => `${HEAD}${CLIPPED_COVER}${COVER}
-uniform vec3 cameraPosition;
-uniform vec3 viewDirection;
-uniform bool parallel;
-uniform bool lit;
-uniform vec3 ambient;
-uniform int lightCount;
-uniform vec4 lightPositions[${MOST_LIGHTS}];
-uniform vec3 lightColors[${MOST_LIGHTS}];
-uniform vec4 speculars[${MOST_GLOSSES}];
-uniform vec4 emissives[${MOST_GLOSSES}];
-uniform float pixelRatio;
-in vec3 vAt;
-${colors} in vec4 vColor;
-${normals} in vec3 vNormal;
-flat in float vLook;
-out vec4 fragColor;
-
+const HATCHES = `
 bool onStroke(float at) {
   float period = 7.0 * pixelRatio;
   return mod(at, period) < 1.25 * pixelRatio;
@@ -112,11 +104,40 @@ void hatch() {
     onStroke(up) || onStroke(down);
   if (!stroke) discard;
 }
+`;
 
-void main() {
-  float cover = clippedCover(vAt);
+const CLIPPED = `
+  cover = clippedCover(vAt);
   if (cover < leastCover) discard;
-  hatch();
+`;
+
+export const facesFragment = ({
+  smoothColors,
+  smoothNormals,
+  clipped,
+  hatched,
+}: FaceProgram): string => `${HEAD}${clipped ? CLIPPED_COVER + COVER : ''}
+uniform vec3 cameraPosition;
+uniform vec3 viewDirection;
+uniform bool parallel;
+uniform bool lit;
+uniform vec3 ambient;
+uniform int lightCount;
+uniform vec4 lightPositions[${MOST_LIGHTS}];
+uniform vec3 lightColors[${MOST_LIGHTS}];
+uniform vec4 speculars[${MOST_GLOSSES}];
+uniform vec4 emissives[${MOST_GLOSSES}];
+uniform float pixelRatio;
+in vec3 vAt;
+${varying(smoothColors)} in vec4 vColor;
+${varying(smoothNormals)} in vec3 vNormal;
+flat in float vLook;
+out vec4 fragColor;
+${hatched ? HATCHES : ''}
+void main() {
+  float cover = 1.0;
+  ${clipped ? CLIPPED : ''}
+  ${hatched ? 'hatch();' : ''}
   vec3 color = vColor.rgb;
   if (lit) {
     vec3 toEye = parallel ? -viewDirection : normalize(cameraPosition - vAt);
