@@ -10,11 +10,22 @@ declare global {
   }
 }
 
+/** Waits for the data of the plot, which come behind the program. */
+function parsed(): Promise<void> {
+  return new Promise((resolve) => {
+    if (document.readyState !== 'loading') resolve();
+    else document.addEventListener('DOMContentLoaded', () => resolve(), { once: true });
+  });
+}
+
 async function start(): Promise<void> {
+  const worker = document.getElementById('worker')!;
+  const loader = new Loader(worker.textContent ?? '', window.firstWorker);
+  await parsed();
   const text = readPageText(document);
   const root = document.getElementById('page')!;
   if (text.title !== '') document.title = text.title;
-  const page = new Page(root, text, takeBlocks(document), new Loader(), modeOf(location.hash));
+  const page = new Page(root, text, takeBlocks(document), loader, modeOf(location.hash));
   window.plotPage = page;
   await page.show();
   document.documentElement.dataset.state = 'ready';

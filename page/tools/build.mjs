@@ -18,18 +18,17 @@ const options = {
   logLevel: 'warning',
 };
 
-const bundle = async (entry, more) =>
-  (await build({ ...options, entryPoints: [entry], ...more })).outputFiles[0].text.trim();
+const bundle = async (entry) =>
+  (await build({ ...options, entryPoints: [entry] })).outputFiles[0].text.trim();
 
 const worker = await bundle('src/data/worker.ts');
-const program = await bundle('src/main.ts', {
-  define: { WORKER_PROGRAM: JSON.stringify(worker) },
-});
+const program = await bundle('src/main.ts');
 const start = await bundle('src/start.ts');
 const style = await bundle('src/style.css');
 const licence = readFileSync('node_modules/three/LICENSE', 'utf8').trim();
 
-if (/<\/script|<!--/i.test(start) || /<\/style/i.test(style) || licence.includes('--')) {
+const endsScript = (text) => /<\/script|<!--/i.test(text);
+if (endsScript(worker) || endsScript(start) || /<\/style/i.test(style) || licence.includes('--')) {
   throw new Error('a part of the page would end its own element');
 }
 
@@ -39,12 +38,13 @@ const parts = {
   PROGRAM_HASH: hash(program),
   STYLE_HASH: hash(style),
   STYLE: style,
+  WORKER: worker,
   LICENCE: `three.js\n${licence}`,
   PROGRAM: gzipSync(program, { level: 9 }).toString('base64'),
   START: start,
 };
 const template = readFileSync('src/template.html', 'utf8').replace(
-  /\b(START_HASH|PROGRAM_HASH|STYLE_HASH|STYLE|LICENCE|PROGRAM|START)\b/g,
+  /\b(START_HASH|PROGRAM_HASH|STYLE_HASH|STYLE|LICENCE|WORKER|PROGRAM|START)\b/g,
   (name) => parts[name],
 );
 if (Buffer.byteLength(template) > LARGEST) {

@@ -1,10 +1,8 @@
 /** Makes scenes in a worker, or on the page's own thread where there can be no worker. */
 import type { Scene, SceneOrder } from '../scene/scene';
 import { readScene, type SceneTexts } from './read';
+import { startWorker } from './startWorker';
 import type { Reply, Request } from './worker';
-
-/** The program of the worker, put in by the build. */
-declare const WORKER_PROGRAM: string;
 
 /** For so long the page may not respond, in milliseconds. */
 const LONGEST_TURN = 12;
@@ -25,10 +23,18 @@ export class Loader {
   private readonly waiting = new Map<number, Waiting>();
   private nextId = 1;
 
+  /** Takes the program of the worker, and one that runs it already. */
+  constructor(
+    private readonly program: string,
+    first: Worker | undefined,
+  ) {
+    if (first) this.use(first);
+    this.endLater();
+  }
+
   load(texts: SceneTexts, order: SceneOrder): Promise<Scene> {
     clearTimeout(this.idle);
-    this.worker ??= this.startWorker();
-    const { worker } = this;
+    const worker = this.worker ?? this.start();
     if (!worker) return readHere(texts, order);
     const request: Request = { id: this.nextId++, texts, order };
     return new Promise((resolve, reject) => {
@@ -37,18 +43,20 @@ export class Loader {
     });
   }
 
-  private startWorker(): Worker | undefined {
+  private use(worker: Worker): void {
+    worker.onmessage = (event: MessageEvent<Reply>) => this.take(event.data);
+    worker.onerror = (event) => {
+      event.preventDefault();
+      this.giveUpWorkers();
+    };
+    this.worker = worker;
+  }
+
+  private start(): Worker | undefined {
     if (!this.workersStart) return undefined;
     try {
-      const url = URL.createObjectURL(new Blob([WORKER_PROGRAM], { type: 'text/javascript' }));
-      const worker = new Worker(url);
-      URL.revokeObjectURL(url);
-      worker.onmessage = (event: MessageEvent<Reply>) => this.take(event.data);
-      worker.onerror = (event) => {
-        event.preventDefault();
-        this.giveUpWorkers();
-      };
-      return worker;
+      this.use(startWorker(this.program));
+      return this.worker;
     } catch {
       this.workersStart = false;
       return undefined;
@@ -58,9 +66,13 @@ export class Loader {
   private take(reply: Reply): void {
     const waiting = this.waiting.get(reply.id);
     this.waiting.delete(reply.id);
-    if (this.waiting.size === 0) this.idle = setTimeout(() => this.endWorker(), IDLE);
+    if (this.waiting.size === 0) this.endLater();
     if ('error' in reply) waiting?.reject(new Error(reply.error));
     else waiting?.resolve(reply.scene);
+  }
+
+  private endLater(): void {
+    this.idle = setTimeout(() => this.endWorker(), IDLE);
   }
 
   private endWorker(): void {
