@@ -8,6 +8,7 @@ import { brightness, hexToRgb } from '../scene/colors';
 import { Engine } from '../scene/engine';
 import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
+import { warmUp } from '../scene/warm';
 import { button, element } from './dom';
 import { Panel, textLine, type Mode } from './panel';
 import { Player } from './player';
@@ -116,6 +117,7 @@ export class Page {
     ahead.catch(() => undefined);
     try {
       this.engine = new Engine(() => this.redraw());
+      warmUp(this.engine);
     } catch {
       await this.showNumbers();
       return;

@@ -90,6 +90,21 @@ export class Engine {
     return this.renderer.info.render.calls;
   }
 
+  /**
+   * Has all that was asked for so far done at once, without waiting for it. Reading into a buffer ends
+   * the picture, which a mere flush may leave open.
+   */
+  submit(): void {
+    const context = this.context as WebGL2RenderingContext;
+    const buffer = context.createBuffer();
+    context.bindBuffer(context.PIXEL_PACK_BUFFER, buffer);
+    context.bufferData(context.PIXEL_PACK_BUFFER, 4, context.STREAM_READ);
+    context.readPixels(0, 0, 1, 1, context.RGBA, context.UNSIGNED_BYTE, 0);
+    context.bindBuffer(context.PIXEL_PACK_BUFFER, null);
+    context.deleteBuffer(buffer);
+    context.flush();
+  }
+
   /** Draws a picture; the result is valid until the next one. */
   draw(picture: Picture): HTMLCanvasElement {
     const { renderer, scene } = this;
