@@ -96,26 +96,29 @@ export class FaceBatch {
     return this.positions.length / 3;
   }
 
-  /** Adds a vertex at the place that begins at `from` in a list. */
+  /** Adds a vertex; its place begins at `from` in a list, and so does its normal at `normalFrom`. */
   addVertex(
     at: ArrayLike<number>,
     from: number,
     normal: ArrayLike<number>,
+    normalFrom: number,
     color: Rgba,
     tag: Tag,
   ): number {
     const vertex = this.vertexCount;
     pushPlace(this.positions, at, from);
     this.normals.extend(4);
-    this.setNormal(vertex, normal);
+    this.setNormal(vertex, normal, normalFrom);
     pushColor(this.colors, color);
     this.pushTag(tag[0], tag[1]);
     return vertex;
   }
 
-  setNormal(vertex: number, normal: ArrayLike<number>): void {
+  setNormal(vertex: number, normal: ArrayLike<number>, from = 0): void {
     const { values } = this.normals;
-    const [x, y, z] = [normal[0]!, normal[1]!, normal[2]!];
+    const x = normal[from]!;
+    const y = normal[from + 1]!;
+    const z = normal[from + 2]!;
     const scale = 127 / (Math.sqrt(x * x + y * y + z * z) || 1);
     values[vertex * 4] = Math.round(x * scale);
     values[vertex * 4 + 1] = Math.round(y * scale);

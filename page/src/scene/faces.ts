@@ -1,7 +1,7 @@
 /** Faces of any number of corners, and their edges. */
 import { GrowingInt32 } from '../javaview/growing';
 import type { FaceSet, Material, Rgb } from '../javaview/model';
-import { lookCode, withAlpha, type FaceBatch, type Gloss, type Tag } from './batches';
+import { lookCode, withAlpha, type FaceBatch, type Gloss, type Rgba, type Tag } from './batches';
 import { colorAt, type Draft } from './draft';
 import { areaNormal, triangulate } from './polygons';
 import { FILL_PATTERNS } from './styles';
@@ -123,6 +123,10 @@ class OpaqueFaces {
   private readonly owners = new GrowingInt32();
   private readonly firstVertex: number;
   private readonly shared: boolean;
+  /** Those of the face that is added. */
+  private readonly vertices: number[] = [];
+  private lastColor: Rgb = DEFAULT_FACE_COLOR;
+  private lastOpaque = withAlpha(DEFAULT_FACE_COLOR, 1);
 
   constructor(
     private readonly batch: FaceBatch,
@@ -139,39 +143,34 @@ class OpaqueFaces {
   add(
     face: number,
     corners: readonly number[],
-    normal: [number, number, number],
+    normal: readonly number[],
     color: Rgb,
     cut: 'fan' | number[],
   ): void {
-    const vertices = corners.map((corner) => this.vertex(corner, color));
-    if (this.shared) {
-      this.addTriangles(vertices, cut === 'fan' ? fan(vertices.length, 0) : cut);
-      return;
-    }
+    const { vertices } = this;
+    vertices.length = 0;
+    for (const corner of corners) vertices.push(this.vertex(corner, color));
     if (cut === 'fan') {
-      const apex = this.freeCorner(vertices, face);
-      vertices[apex] = this.claim(vertices[apex]!, face, normal, color);
-      this.addTriangles(vertices, fan(vertices.length, apex));
+      this.addFan(vertices, face, normal, color);
       return;
     }
     for (let i = 0; i < cut.length; i += 3) {
       const own = [vertices[cut[i]!]!, vertices[cut[i + 1]!]!, vertices[cut[i + 2]!]!];
-      const apex = this.freeCorner(own, face);
-      own[apex] = this.claim(own[apex]!, face, normal, color);
-      this.addTriangles(own, fan(3, apex));
+      this.addFan(own, face, normal, color);
     }
   }
 
   private vertex(point: number, color: Rgb): number {
     const known = this.vertexOfPoint[point]!;
     if (known >= 0) return known;
-    const { at, normals } = this;
+    const { at, normals, pointColor } = this;
     const k = point * 3;
     const vertex = this.batch.addVertex(
       at,
       k,
-      normals ? [normals[k]!, normals[k + 1]!, normals[k + 2]!] : UPWARDS,
-      withAlpha(this.pointColor?.(point) ?? color, 1),
+      normals ?? UPWARDS,
+      normals ? k : 0,
+      this.opaque(pointColor ? pointColor(point) : color),
       this.tag,
     );
     this.vertexOfPoint[point] = vertex;
@@ -179,11 +178,24 @@ class OpaqueFaces {
     return vertex;
   }
 
+  /** Triangles round one corner, which comes last in each. */
+  private addFan(vertices: number[], face: number, normal: readonly number[], color: Rgb): void {
+    const count = vertices.length;
+    let apex = 0;
+    if (!this.shared) {
+      apex = this.freeCorner(vertices, face);
+      vertices[apex] = this.claim(vertices[apex]!, face, normal, color);
+    }
+    for (let i = 1; i + 1 < count; i++) {
+      const a = vertices[(apex + i) % count]!;
+      const b = vertices[(apex + i + 1) % count]!;
+      this.batch.addTriangle(a, b, vertices[apex]!);
+    }
+  }
+
   private freeCorner(vertices: readonly number[], face: number): number {
-    return Math.max(
-      vertices.findIndex((vertex) => this.isFree(vertex, face)),
-      0,
-    );
+    for (let i = 0; i < vertices.length; i++) if (this.isFree(vertices[i]!, face)) return i;
+    return 0;
   }
 
   private isFree(vertex: number, face: number): boolean {
@@ -191,34 +203,29 @@ class OpaqueFaces {
     return owner === -1 || owner === face;
   }
 
-  private claim(
-    vertex: number,
-    face: number,
-    normal: [number, number, number],
-    color: Rgb,
-  ): number {
+  private claim(vertex: number, face: number, normal: readonly number[], color: Rgb): number {
     const own = this.isFree(vertex, face) ? vertex : this.batch.copyVertex(vertex);
     if (own === vertex) this.owners.set(own - this.firstVertex, face);
     else this.owners.push(face);
     if (!this.normals) this.batch.setNormal(own, normal);
-    if (!this.pointColor) this.batch.setColor(own, withAlpha(color, 1));
+    if (!this.pointColor) this.batch.setColor(own, this.opaque(color));
     return own;
   }
 
-  private addTriangles(vertices: readonly number[], places: readonly number[]): void {
-    for (let i = 0; i < places.length; i += 3) {
-      const [a, b, c] = [places[i]!, places[i + 1]!, places[i + 2]!];
-      this.batch.addTriangle(vertices[a]!, vertices[b]!, vertices[c]!);
+  /** The colour without transparency; most faces have that of the face before. */
+  private opaque(color: Rgb): Rgba {
+    if (color !== this.lastColor) {
+      this.lastColor = color;
+      this.lastOpaque = withAlpha(color, 1);
     }
+    return this.lastOpaque;
   }
 }
 
-/** Places of the triangles round corner `apex`, which comes last in each. */
-function fan(corners: number, apex: number): number[] {
+/** Places of the triangles round the first corner. */
+function fan(corners: number): number[] {
   const places: number[] = [];
-  for (let i = 1; i + 1 < corners; i++) {
-    places.push((apex + i) % corners, (apex + i + 1) % corners, apex);
-  }
+  for (let i = 1; i + 1 < corners; i++) places.push(0, i, i + 1);
   return places;
 }
 
@@ -261,7 +268,7 @@ function addTransparent(
     return;
   }
   const [p, q, r] = corners.map(({ at, normal, color }) =>
-    batch.addVertex(at, 0, normal, withAlpha(color, alpha), tag),
+    batch.addVertex(at, 0, normal, 0, withAlpha(color, alpha), tag),
   );
   batch.addTriangle(p!, q!, r!);
 }
@@ -323,7 +330,7 @@ export function addFaces(draft: Draft): void {
         color: pointColor?.(corner) ?? color,
       };
     });
-    const places = cut === 'fan' ? fan(full.length, 0) : cut;
+    const places = cut === 'fan' ? fan(full.length) : cut;
     const depth = count < 20_000 ? 12 : 0;
     for (let i = 0; i < places.length; i += 3) {
       const triangle = [full[places[i]!]!, full[places[i + 1]!]!, full[places[i + 2]!]!] as const;

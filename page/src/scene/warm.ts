@@ -24,7 +24,7 @@ function smallest(): SceneData {
   const batches = new SceneBatches();
   const kind = { smoothNormals: false, smoothColors: false, transparent: false, hatched: false };
   const faces = batches.faceBatch(kind);
-  for (let i = 0; i < 3; i++) faces.addVertex(ORIGIN, 0, [0, 0, 1], BLACK, [0, 0]);
+  for (let i = 0; i < 3; i++) faces.addVertex(ORIGIN, 0, [0, 0, 1], 0, BLACK, [0, 0]);
   faces.addTriangle(0, 1, 2);
   const style = { width: 1, object: 0, dash: 0, tip: undefined };
   batches.lines.add(ORIGIN, ORIGIN, BLACK, BLACK, style, 0);
