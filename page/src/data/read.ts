@@ -1,7 +1,7 @@
 /** From packed texts or files to a scene. */
 import { Reader, type ReadResult } from '../javaview/reader';
 import { makeScene, type Scene, type SceneOrder } from '../scene/scene';
-import { forEachPiece, open, type Source } from './source';
+import { piecesOf, type Source } from './source';
 
 /** Where the texts of a scene are. */
 export interface SceneTexts {
@@ -14,10 +14,10 @@ export type Pause = () => Promise<void>;
 
 async function readText(source: Source, pause: Pause | undefined): Promise<ReadResult> {
   const reader = new Reader();
-  await forEachPiece(await open(source), async (piece) => {
+  for await (const piece of piecesOf(source)) {
     reader.feed(piece);
     await pause?.();
-  });
+  }
   return reader.finish();
 }
 
@@ -33,12 +33,9 @@ export async function readScene(
 /** The name of the root element, read from the beginning of a text. */
 export async function rootOf(source: Source): Promise<string> {
   const reader = new Reader();
-  const stream = (await open(source)).getReader();
-  while (reader.root === '') {
-    const { done, value } = await stream.read();
-    if (done) break;
-    reader.feed(value);
+  for await (const piece of piecesOf(source)) {
+    reader.feed(piece);
+    if (reader.root !== '') break;
   }
-  await stream.cancel();
   return reader.root;
 }

@@ -1,4 +1,4 @@
-/** The texts of a page or of dropped files as streams of bytes, unpacked where they are packed. */
+/** The texts of a page or of dropped files, unpacked piece by piece. */
 import { Base64Decoder } from './base64';
 import { DifferenceDecoder } from './differences';
 
@@ -6,6 +6,14 @@ import { DifferenceDecoder } from './differences';
 export type Source = { packed: Blob } | { file: Blob };
 
 export type Bytes = Uint8Array<ArrayBuffer>;
+
+type Pieces = AsyncIterable<Bytes>;
+
+/** So much of a blob is in memory at a time. */
+const SLICE = 2 ** 20;
+
+/** So little is unpacked at once, since it may become a thousand times as much. */
+const GULP = 2 ** 15;
 
 /** Packed texts of plots grow four to forty times; what grows more is made to do harm. */
 const MOST_GROWTH = 300;
@@ -18,53 +26,54 @@ export class TooLarge extends Error {
   }
 }
 
-/** Passes bytes on until they are more than `allowed` of the bytes that came in. */
-function guard(allowed: () => number): TransformStream<Bytes, Bytes> {
-  let total = 0;
-  return new TransformStream({
-    transform(piece, controller) {
-      total += piece.length;
-      if (total > allowed()) controller.error(new TooLarge());
-      else controller.enqueue(piece);
-    },
-  });
+async function* bytesOf(blob: Blob): AsyncGenerator<Bytes> {
+  for (let at = 0; at < blob.size; at += SLICE) {
+    yield new Uint8Array(await blob.slice(at, at + SLICE).arrayBuffer());
+  }
 }
 
-function inflate(packed: ReadableStream<Bytes>): ReadableStream<Bytes> {
-  let taken = 0;
-  const counted = packed.pipeThrough(
-    new TransformStream<Bytes, Bytes>({
-      transform(piece, controller) {
-        taken += piece.length;
-        controller.enqueue(piece);
-      },
-    }),
-  );
-  const allowed = (): number =>
-    Math.min(NEVER_ALLOWED, Math.max(ALWAYS_ALLOWED, taken * MOST_GROWTH));
-  const unpacked = counted.pipeThrough(
-    new DecompressionStream('gzip') as unknown as TransformStream<Bytes, Bytes>,
-  );
-  return unpacked.pipeThrough(guard(allowed));
-}
-
-function fromBase64(letters: ReadableStream<Bytes>): ReadableStream<Bytes> {
+async function* fromBase64(letters: Pieces): AsyncGenerator<Bytes> {
   const decoder = new Base64Decoder();
-  return letters.pipeThrough(
-    new TransformStream<Bytes, Bytes>({
-      transform: (piece, controller) => controller.enqueue(decoder.decode(piece)),
-    }),
-  );
+  for await (const piece of letters) yield decoder.decode(piece);
 }
 
-function fromDifferences(text: ReadableStream<Bytes>): ReadableStream<Bytes> {
+async function* inflate(packed: Pieces): AsyncGenerator<Bytes> {
+  const { readable, writable } = new DecompressionStream('gzip');
+  const writer = writable.getWriter();
+  const reader = readable.getReader() as ReadableStreamDefaultReader<Bytes>;
+  let taken = 0;
+  const write = async (): Promise<void> => {
+    for await (const piece of packed) {
+      for (let at = 0; at < piece.length; at += GULP) {
+        const gulp = piece.subarray(at, at + GULP);
+        taken += gulp.length;
+        await writer.write(gulp);
+      }
+    }
+    await writer.close();
+  };
+  // A failure reaches the reader too.
+  const written = write().catch((error: unknown) => writer.abort(error).catch(() => undefined));
+  try {
+    let total = 0;
+    for (;;) {
+      const { done, value } = await reader.read();
+      if (done) break;
+      total += value.length;
+      const allowed = Math.max(ALWAYS_ALLOWED, taken * MOST_GROWTH);
+      if (total > Math.min(NEVER_ALLOWED, allowed)) throw new TooLarge();
+      yield value;
+    }
+    await written;
+  } finally {
+    await reader.cancel();
+  }
+}
+
+async function* fromDifferences(text: Pieces): AsyncGenerator<Bytes> {
   const decoder = new DifferenceDecoder();
-  return text.pipeThrough(
-    new TransformStream<Bytes, Bytes>({
-      transform: (piece, controller) => controller.enqueue(decoder.decode(piece)),
-      flush: (controller) => controller.enqueue(decoder.finish()),
-    }),
-  );
+  for await (const piece of text) yield decoder.decode(piece);
+  yield decoder.finish();
 }
 
 async function isGzip(file: Blob): Promise<boolean> {
@@ -72,33 +81,17 @@ async function isGzip(file: Blob): Promise<boolean> {
   return head[0] === 0x1f && head[1] === 0x8b;
 }
 
-/** The bytes of the text. */
-export async function open(source: Source): Promise<ReadableStream<Bytes>> {
-  if ('packed' in source) return fromDifferences(inflate(fromBase64(source.packed.stream())));
-  const stream = source.file.stream();
-  return (await isGzip(source.file))
-    ? inflate(stream)
-    : stream.pipeThrough(guard(() => NEVER_ALLOWED));
+/** The bytes of the text, each piece valid until the next one. */
+export async function* piecesOf(source: Source): AsyncGenerator<Bytes> {
+  if ('packed' in source) yield* fromDifferences(inflate(fromBase64(bytesOf(source.packed))));
+  else if (await isGzip(source.file)) yield* inflate(bytesOf(source.file));
+  else if (source.file.size > NEVER_ALLOWED) throw new TooLarge();
+  else yield* bytesOf(source.file);
 }
 
 /** The whole text as a file, for saving. */
 export async function toFile(source: Source): Promise<Blob> {
   const parts: Bytes[] = [];
-  await forEachPiece(await open(source), (piece) => {
-    parts.push(piece);
-  });
+  for await (const piece of piecesOf(source)) parts.push(piece.slice());
   return new Blob(parts, { type: 'text/xml' });
-}
-
-/** Reads a stream to its end; a promise from `take` is waited for. */
-export async function forEachPiece(
-  stream: ReadableStream<Bytes>,
-  take: (piece: Bytes) => void | Promise<void>,
-): Promise<void> {
-  const reader = stream.getReader();
-  for (;;) {
-    const { done, value } = await reader.read();
-    if (done) return;
-    await take(value);
-  }
 }

@@ -25,7 +25,7 @@ export class ToUtf8 {
     if (this.head) {
       const head = join(this.head, piece);
       if (head.length < HEAD) {
-        this.head = head;
+        this.head = head.slice();
         return new Uint8Array(0);
       }
       return this.begin(head);

@@ -129,7 +129,7 @@ export class Scanner {
 
   constructor(private readonly handler: Handler) {}
 
-  /** Takes the next piece of the text. */
+  /** Takes the next piece of the text, of which nothing is kept where it is. */
   feed(piece: Uint8Array): void {
     this.append(piece);
     while (this.at < this.end && this.step());
@@ -144,24 +144,17 @@ export class Scanner {
   }
 
   private append(piece: Uint8Array): void {
-    const rest = this.end - this.at;
-    if (rest === 0) {
-      this.buffer = piece;
+    const rest = this.buffer.subarray(this.at, this.end);
+    if (this.end + piece.length > this.buffer.length) {
+      const needed = rest.length + piece.length;
+      // Twice the room, so that a long element is moved a few times only.
+      if (2 * needed > this.buffer.length) this.buffer = new Uint8Array(2 * needed);
+      this.buffer.set(rest);
       this.at = 0;
-      this.end = piece.length;
-      return;
+      this.end = rest.length;
     }
-    if (this.end + piece.length <= this.buffer.length && rest > 1 << 16) {
-      this.buffer.set(piece, this.end);
-      this.end += piece.length;
-      return;
-    }
-    const joined = new Uint8Array(rest > 1 << 16 ? 2 * (rest + piece.length) : rest + piece.length);
-    joined.set(this.buffer.subarray(this.at, this.end));
-    joined.set(piece, rest);
-    this.buffer = joined;
-    this.at = 0;
-    this.end = rest + piece.length;
+    this.buffer.set(piece, this.end);
+    this.end += piece.length;
   }
 
   /** Goes one token further; false if the token's end has not come yet. */

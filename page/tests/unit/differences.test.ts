@@ -10,7 +10,7 @@ function decoded(text: string, size = text.length): string {
   const decoder = new DifferenceDecoder();
   const pieces: Uint8Array[] = [];
   for (let i = 0; i < bytes.length; i += size) {
-    pieces.push(decoder.decode(bytes.subarray(i, i + size)));
+    pieces.push(decoder.decode(bytes.subarray(i, i + size)).slice());
   }
   return Buffer.concat([...pieces, decoder.finish()]).toString('latin1');
 }

@@ -152,6 +152,22 @@ test('pieces of any size give the same document', () => {
   }
 });
 
+test('a piece may be overwritten once it is read', () => {
+  const whole = example('annotations3d.jvx');
+  for (const size of [5, 1000]) {
+    const reader = new Reader();
+    const room = new Uint8Array(size);
+    for (let i = 0; i < whole.length; i += size) {
+      const piece = whole.subarray(i, i + size);
+      room.set(piece);
+      reader.feed(room.subarray(0, piece.length));
+    }
+    const names = (result: ReadResult): string[] =>
+      [...result.geometries].flatMap(({ points }) => [...points.names.values()]);
+    assert.deepEqual(names(reader.finish()), names(readDocument(whole)), `pieces of ${size}`);
+  }
+});
+
 test('encodings by mark and by declaration', () => {
   const text = (encoding: string): string =>
     `<?xml version="1.0" encoding="${encoding}"?><jvx-model><title>größe</title></jvx-model>`;
