@@ -153,7 +153,8 @@ test('pieces of any size give the same document', () => {
 });
 
 test('a piece may be overwritten once it is read', () => {
-  const whole = example('annotations3d.jvx');
+  const prologEnd = Buffer.from(example('annotations3d.jvx')).indexOf('<jvx-model');
+  const whole = example('annotations3d.jvx').subarray(prologEnd);
   for (const size of [5, 1000]) {
     const reader = new Reader();
     const room = new Uint8Array(size);
