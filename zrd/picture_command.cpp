@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -16,7 +15,7 @@
 #include "zrd/progress.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/plot_page.h"
-#include "zrd/view/process.h"
+#include "zrd/view/temporary_folder.h"
 #include "zrd/whole_output.h"
 
 namespace vantry::zrd {
@@ -33,23 +32,6 @@ struct PictureSettings {
   double scale = 1;
   bool isTransparent = false;
   page::Options page = {.framesPerUnit = 0};
-};
-
-/// A folder for temporary files that goes with all that is in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder() = default;
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code none;
-    std::filesystem::remove_all(path_, none);
-  }
-
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_ = makeTemporaryFolder();
 };
 
 std::string fromBase64(const std::string& text) {

@@ -6,7 +6,7 @@
 #include "zrd/common_options.h"
 #include "zrd/view/browser.h"
 #include "zrd/view/plot_page.h"
-#include "zrd/view/process.h"
+#include "zrd/view/temporary_folder.h"
 
 namespace vantry::zrd {
 
@@ -23,8 +23,10 @@ int view(const ViewSettings& settings) {
     writePlotPage(settings.output, settings.plots, settings.page);
     return success;
   }
-  const std::string page = makeTemporaryFolder() + "/plot.html";
+  TemporaryFolder folder;
+  const std::string page = folder.path() + "/plot.html";
   writePlotPage(page, settings.plots, settings.page);
+  folder.keep();  // the browser may read it later
   openInBrowser(page);
   return success;
 }

@@ -88,6 +88,37 @@ TEST_F(ViewTest, OpensTheBrowserOfTheUser) {
   EXPECT_TRUE(isPage(read("seen")));
 }
 
+TEST_F(ViewTest, KeepsAFolderOnlyForAPage) {
+  write("bad.zrd", "<Canvas>");
+  fs::create_directory(folder_.path() / "tmp");
+  setEnvironment("TMPDIR", folder_.path() / "tmp");
+  setEnvironment("BROWSER", "true");
+  errorOf({"bad.zrd"}, 2);
+  EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+  write("plot.zrd", plot);
+  EXPECT_EQ(errorOf({"plot.zrd"}, 0), "");
+  EXPECT_FALSE(fs::is_empty(folder_.path() / "tmp"));
+}
+
+TEST_F(ViewTest, GivesTheBrowserAWholeName) {
+  write("plot.zrd", plot);
+  fs::create_directory(folder_.path() / "tmp");
+  setEnvironment("TMPDIR", "tmp");
+  setEnvironment("BROWSER", "echo");
+  const Outcome outcome = command({"plot.zrd"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(outcome.out.starts_with((folder_.path() / "tmp/zrd-").string())) << outcome.out;
+}
+
+TEST_F(ViewTest, SaysThatThereIsNoPlaceForThePage) {
+  write("plot.zrd", plot);
+  setEnvironment("TMPDIR", "/none");
+  EXPECT_EQ(
+      errorOf({"plot.zrd"}, 2),
+      "zrd: no temporary folder can be made in /none: No such file or directory (the variable "
+      "TMPDIR can name another one)\n");
+}
+
 TEST_F(ViewTest, TriesTheBrowsersInTurn) {
   write("plot.zrd", plot);
   setEnvironment("TMPDIR", folder_.path());

@@ -7,11 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <filesystem>
-
-#include "zrd/commands.h"
 
 namespace vantry::zrd {
 
@@ -61,13 +56,6 @@ int waitForProcess(int process) {
     if (errno != EINTR) return -1;
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-
-std::string makeTemporaryFolder() {
-  // mkdtemp() puts a name that is not taken in the place of the six letters.
-  std::string name = std::filesystem::temp_directory_path() / ("zrd-" + std::string(6, 'X'));
-  if (mkdtemp(name.data())) return name;
-  throw Failure(badDocument, name + ": cannot be made: " + std::strerror(errno));
 }
 
 }  // namespace vantry::zrd

@@ -21,7 +21,4 @@ int startProcess(const std::vector<std::string>& command, const std::vector<Hand
 /// Waits for the end of a process. Returns its exit status, or 128 and the signal that ended it.
 int waitForProcess(int process);
 
-/// A new folder for temporary files, which only this user can look into. Throws Failure.
-std::string makeTemporaryFolder();
-
 }  // namespace vantry::zrd
