@@ -4,10 +4,8 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <thread>
 
-#include "vantry/base/percent_escapes.h"
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
@@ -34,33 +32,15 @@ struct PictureSettings {
   page::Options page = {.framesPerUnit = 0};
 };
 
-std::string fromBase64(const std::string& text) {
-  constexpr std::string_view letters =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string bytes;
-  unsigned bits = 0;
-  int count = 0;
-  for (const char letter : text) {
-    const std::size_t value = letters.find(letter);
-    if (value == letters.npos) break;
-    bits = bits << 6 | static_cast<unsigned>(value);
-    count += 6;
-    if (count < 8) continue;
-    count -= 8;
-    bytes += static_cast<char>(bits >> count & 255);
-  }
-  return bytes;
-}
-
 void waitUntilReady(Chrome& chrome) {
   using namespace std::chrono;
   const auto end = steady_clock::now() + minutes(10);
   while (chrome.evaluate("document.documentElement.dataset.state") != "ready") {
-    if (steady_clock::now() > end) throw Failure(noBrowser, "the browser takes too long to draw");
+    if (steady_clock::now() > end) chrome.fail("it takes too long");
     std::this_thread::sleep_for(milliseconds(20));
   }
   if (chrome.evaluate("document.querySelector('canvas') !== null") != true) {
-    throw Failure(noBrowser, "the browser cannot draw: it has no WebGL 2");
+    chrome.fail("it has no WebGL 2");
   }
 }
 
@@ -76,10 +56,9 @@ std::string photograph(const std::string& page, const std::string& folder,
     chrome.call("Emulation.setDefaultBackgroundColorOverride",
                 {{"color", {{"r", 0}, {"g", 0}, {"b", 0}, {"a", 0}}}});
   }
-  const std::string mode = settings.isTransparent ? "#picture&transparent" : "#picture";
-  chrome.call("Page.navigate", {{"url", "file://" + base::percentEscaped(page) + mode}});
+  chrome.open(page, settings.isTransparent ? "picture&transparent" : "picture");
   waitUntilReady(chrome);
-  return fromBase64(chrome.call("Page.captureScreenshot", {{"format", "png"}}).value("data", ""));
+  return chrome.photograph();
 }
 
 int drawPicture(const PictureSettings& settings) {

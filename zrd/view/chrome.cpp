@@ -6,11 +6,14 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
+#include "vantry/base/percent_escapes.h"
 #include "zrd/commands.h"
 #include "zrd/view/process.h"
 
@@ -20,9 +23,11 @@ namespace {
 
 using nlohmann::json;
 
-// In milliseconds.
-constexpr int longestSilence = 300'000;
-constexpr int longestFarewell = 5'000;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr milliseconds longestSilence(300'000);
+constexpr milliseconds longestFarewell(5'000);
 
 /// The descriptors at which the browser expects its pipes.
 enum ChromeDescriptor : int { commands = 3, answers = 4 };
@@ -50,12 +55,35 @@ struct Pipe {
   }
 };
 
+constexpr std::string_view pngBegin = "\x89PNG\r\n\x1a\n";
+constexpr std::string_view pngEnd = "IEND\xae\x42\x60\x82";
+
+constexpr const char* nonsense = "what it answers makes no sense";
+
 std::vector<std::string> candidates() {
   for (const char* variable : {"VANTRY_BROWSER", "CHROME"}) {
     const char* program = std::getenv(variable);
     if (program && *program) return {program};
   }
   return {"chromium", "chromium-browser", "google-chrome", "google-chrome-stable"};
+}
+
+std::string fromBase64(const std::string& text) {
+  constexpr std::string_view letters =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bytes;
+  unsigned bits = 0;
+  int count = 0;
+  for (const char letter : text) {
+    const std::size_t value = letters.find(letter);
+    if (value == letters.npos) break;
+    bits = bits << 6 | static_cast<unsigned>(value);
+    count += 6;
+    if (count < 8) continue;
+    count -= 8;
+    bytes += static_cast<char>(bits >> count & 255);
+  }
+  return bytes;
 }
 
 std::vector<std::string> commandOf(const std::string& program, const std::string& folder) {
@@ -93,13 +121,21 @@ Chrome::Chrome(const std::string& folder) : Chrome() {
 Chrome::~Chrome() {
   if (process_ <= 0) return;
   close(input_);  // at this it puts everything away and ends
+  drain();
+  close(output_);
+  endProcess(process_);
+}
+
+/// Takes what still comes, until the browser has ended or has had its time.
+void Chrome::drain() const {
+  const auto end = steady_clock::now() + longestFarewell;
   std::array<char, 4096> rest;
   pollfd waiting{output_, POLLIN, 0};
-  while (poll(&waiting, 1, longestFarewell) > 0 && read(output_, rest.data(), rest.size()) > 0) {
+  for (;;) {
+    const auto left = std::chrono::duration_cast<milliseconds>(end - steady_clock::now()).count();
+    if (left <= 0 || poll(&waiting, 1, static_cast<int>(left)) <= 0) return;
+    if (read(output_, rest.data(), rest.size()) <= 0) return;
   }
-  close(output_);
-  kill(process_, SIGTERM);
-  waitForProcess(process_);
 }
 
 void Chrome::start(const std::string& folder) {
@@ -132,15 +168,16 @@ bool Chrome::startProgram(const std::string& program, const std::string& folder)
 }
 
 void Chrome::openTab() {
-  const json target = call("Target.createTarget", {{"url", "about:blank"}});
-  session_ = call("Target.attachToTarget", {{"targetId", target["targetId"]}, {"flatten", true}})
-                 .value("sessionId", "");
+  const std::string target =
+      textIn(call("Target.createTarget", {{"url", "about:blank"}}), "targetId");
+  session_ =
+      textIn(call("Target.attachToTarget", {{"targetId", target}, {"flatten", true}}), "sessionId");
   call("Page.enable");
   call("Runtime.enable");
   call("Log.enable");
 }
 
-json Chrome::call(const std::string& method, const json& parameters) {
+json Chrome::call(const std::string& method, const json& parameters) try {
   json message = {{"id", ++lastCall_}, {"method", method}, {"params", parameters}};
   if (parameters.is_null()) message["params"] = json::object();
   if (!session_.empty()) message["sessionId"] = session_;
@@ -149,15 +186,40 @@ json Chrome::call(const std::string& method, const json& parameters) {
     const json answer = receive();
     if (answer.contains("method")) note(answer);
     if (answer.value("id", 0) != lastCall_) continue;
-    if (answer.contains("error")) fail(method + ": " + answer["error"].value("message", ""));
+    if (answer.contains("error")) fail(method + ": " + answer.at("error").value("message", ""));
     return answer.value("result", json::object());
   }
+} catch (const json::exception&) {
+  fail(nonsense);
+}
+
+/// A member of a result that has to be a text.
+std::string Chrome::textIn(const json& result, const char* member) const {
+  const auto found = result.find(member);
+  if (found == result.end() || !found->is_string()) fail(nonsense);
+  return *found;
 }
 
 json Chrome::evaluate(const std::string& expression) {
   const json answer =
       call("Runtime.evaluate", {{"expression", expression}, {"returnByValue", true}});
-  return answer.value("/result/value"_json_pointer, json());
+  const auto value = "/result/value"_json_pointer;
+  return answer.contains(value) ? answer.at(value) : json();
+}
+
+void Chrome::open(const std::string& file, const std::string& fragment) {
+  const std::string address = "file://" + base::percentEscaped(file) + '#' + fragment;
+  const json opened = call("Page.navigate", {{"url", address}});
+  if (!opened.contains("errorText")) return;
+  throw Failure(noBrowser, program_ + " cannot read " + file + ": " + textIn(opened, "errorText") +
+                               " (let the variable TMPDIR name a folder that it may read)");
+}
+
+std::string Chrome::photograph() {
+  const std::string picture =
+      fromBase64(textIn(call("Page.captureScreenshot", {{"format", "png"}}), "data"));
+  if (!picture.starts_with(pngBegin) || !picture.ends_with(pngEnd)) fail("its picture is no PNG");
+  return picture;
 }
 
 // A message ends with a zero byte. A browser that has ended is noticed here or when nothing comes
@@ -186,7 +248,8 @@ json Chrome::receive() {
     }
     searched = received_.size();
     pollfd waiting{output_, POLLIN, 0};
-    if (poll(&waiting, 1, longestSilence) == 0) fail("it does not answer");
+    if (poll(&waiting, 1, static_cast<int>(longestSilence.count())) == 0)
+      fail("it does not answer");
     const ssize_t count = ::read(output_, block.data(), block.size());
     if (count == 0) fail("it has ended");
     if (count > 0) received_.append(block.data(), static_cast<std::size_t>(count));
@@ -195,20 +258,22 @@ json Chrome::receive() {
 
 /// What a page complains of is the end of its picture.
 void Chrome::note(const json& event) const {
-  const std::string method = event["method"];
+  const std::string method = event.at("method");
   const json parameters = event.value("params", json::object());
   if (method == "Inspector.targetCrashed") fail("the page has crashed");
   if (method == "Runtime.exceptionThrown") {
     fail(parameters.value("/exceptionDetails/exception/description"_json_pointer,
                           "the page has failed"));
   }
-  if (method == "Log.entryAdded" && parameters["entry"].value("level", "") == "error") {
-    fail(parameters["entry"].value("text", ""));
-  }
+  if (method != "Log.entryAdded") return;
+  const json& entry = parameters.at("entry");
+  if (entry.value("level", "") == "error") fail(entry.value("text", ""));
 }
 
 void Chrome::fail(const std::string& how) const {
-  throw Failure(noBrowser, program_ + " cannot draw the plot: " + how);
+  throw Failure(noBrowser, program_ + " cannot draw the plot: " + how +
+                               " (run it by hand to see why, or let the variable VANTRY_BROWSER "
+                               "name another Chromium or Chrome)");
 }
 
 }  // namespace vantry::zrd

@@ -7,7 +7,7 @@
 namespace vantry::zrd {
 
 /// A running browser, which is spoken to by its developer tools. All operations throw Failure if
-/// the browser fails. It ends with this.
+/// the browser fails, or answers what makes no sense. It ends with this.
 class Chrome {
  public:
   /// Starts the browser that the environment variable VANTRY_BROWSER or CHROME names, or else the
@@ -23,15 +23,25 @@ class Chrome {
   /// The value of an expression in the page.
   nlohmann::json evaluate(const std::string& expression);
 
+  /// Shows a file, with what is behind the # of its address.
+  void open(const std::string& file, const std::string& fragment);
+
+  /// What is seen, as the bytes of a PNG.
+  std::string photograph();
+
+  /// Throws Failure: the reason, and what can be done.
+  [[noreturn]] void fail(const std::string& how) const;
+
  private:
   Chrome() = default;
   void start(const std::string& folder);
   bool startProgram(const std::string& program, const std::string& folder);
   void openTab();
+  std::string textIn(const nlohmann::json& result, const char* member) const;
   void send(const nlohmann::json& message);
   nlohmann::json receive();
   void note(const nlohmann::json& event) const;
-  [[noreturn]] void fail(const std::string& how) const;
+  void drain() const;
 
   std::string program_;
   int process_ = -1;

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <thread>
 
 namespace vantry::zrd {
 
@@ -56,6 +59,18 @@ int waitForProcess(int process) {
     if (errno != EINTR) return -1;
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+void endProcess(int process) {
+  constexpr std::chrono::milliseconds pause(10);
+  constexpr int mostPauses = 200;
+  kill(process, SIGTERM);
+  for (int i = 0; i < mostPauses; ++i) {
+    if (waitpid(process, nullptr, WNOHANG) != 0) return;
+    std::this_thread::sleep_for(pause);
+  }
+  kill(process, SIGKILL);
+  waitForProcess(process);
 }
 
 }  // namespace vantry::zrd

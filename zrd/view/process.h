@@ -21,4 +21,7 @@ int startProcess(const std::vector<std::string>& command, const std::vector<Hand
 /// Waits for the end of a process. Returns its exit status, or 128 and the signal that ended it.
 int waitForProcess(int process);
 
+/// Has a process end, by force if it does not do so by itself, and waits for it.
+void endProcess(int process);
+
 }  // namespace vantry::zrd

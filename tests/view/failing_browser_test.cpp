@@ -1,0 +1,133 @@
+// The command picture, with browsers that fail. They are scripts, which say what a browser would.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "../zrd_command.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Behind the reason why a browser cannot draw.
+const std::string browserWayOut =
+    " (run it by hand to see why, or let the variable VANTRY_BROWSER name another Chromium or "
+    "Chrome)\n";
+
+const std::string beginning = "zrd: ./browser cannot draw the plot: ";
+
+class FailingBrowser : public ZrdCommandTest {
+ protected:
+  FailingBrowser() : ZrdCommandTest("picture") {
+    write("plot.zrd", "<Canvas><Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
+    fs::create_directory(folder_.path() / "tmp");
+    setEnvironment("TMPDIR", folder_.path() / "tmp");
+    setEnvironment("VANTRY_BROWSER", "./browser");
+  }
+
+  /// Makes the browser run this script.
+  void makeBrowser(const std::string& script) const {
+    write("browser", "#!/bin/bash\n" + script);
+    fs::permissions(folder_.path() / "browser", fs::perms::owner_all);
+  }
+
+  /// Makes the browser answer each call as one that works would, but for those that the cases of
+  /// the script name, such as '*captureScreenshot*) answer 5 ;;'.
+  void makeAnsweringBrowser(const std::string& cases) const {
+    makeBrowser(R"(
+answer() { printf '{"id":%s,"result":%s}\0' "$id" "$1" >&4; }
+while IFS= read -r -d '' message <&3; do
+  id=${message#*'"id":'} id=${id%%,*}
+  case $message in
+    )" + cases + R"(
+    *createTarget*) answer '{"targetId":"a"}' ;;
+    *attachToTarget*) answer '{"sessionId":"b"}' ;;
+    *dataset*) answer '{"result":{"value":"ready"}}' ;;
+    *querySelector*) answer '{"result":{"value":true}}' ;;
+    *captureScreenshot*) answer '{"data":"iVBORw0KGgpJRU5ErkJggg=="}' ;;
+    *) answer '{}' ;;
+  esac
+done
+)");
+  }
+
+  /// No picture appears, and nothing is left.
+  std::string failure() const {
+    const std::string error = errorOf({"plot.zrd", "-o", "a.png"}, 3);
+    EXPECT_FALSE(exists("a.png"));
+    EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+    return error;
+  }
+};
+
+TEST_F(FailingBrowser, WouldDrawIfItDidNotFail) {
+  makeAnsweringBrowser("");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "a.png"}, 0), "");
+  EXPECT_EQ(read("a.png"), "\x89PNG\r\n\x1a\nIEND\xae\x42\x60\x82");
+}
+
+TEST_F(FailingBrowser, EndsAtOnce) {
+  makeBrowser("exit 0");
+  EXPECT_EQ(failure(), beginning + "it has ended" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, EndsWhileItDraws) {
+  makeAnsweringBrowser("*Page.navigate*) exit 1 ;;");
+  EXPECT_EQ(failure(), beginning + "it has ended" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, HasToBeEndedByForce) {
+  makeBrowser("trap '' TERM; exec 3<&- 4>&-; exec sleep 1000");
+  EXPECT_EQ(failure(), beginning + "it has ended" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, RefusesACall) {
+  makeAnsweringBrowser(R"(*createTarget*) printf '{"id":1,"error":{"message":"no"}}\0' >&4 ;;)");
+  EXPECT_EQ(failure(), beginning + "Target.createTarget: no" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, MakesNoSense) {
+  for (const std::string answer :
+       {"5", "{}", R"({"targetId":5})", R"({}}\0{"method":5,"x":{})", R"({}}\0{"id":"1","x":{})",
+        R"({}}\0{"method":"Log.entryAdded","params":{})"}) {
+    makeBrowser("printf '{\"id\":1,\"result\":" + answer +
+                "}\\0' >&4; read -r -d '' <&3; read -N 1 <&3");
+    EXPECT_EQ(failure(), beginning + "what it answers makes no sense" + browserWayOut) << answer;
+  }
+}
+
+TEST_F(FailingBrowser, CannotReadThePage) {
+  makeAnsweringBrowser(R"(*Page.navigate*) answer '{"errorText":"net::ERR_ACCESS_DENIED"}' ;;)");
+  const std::string error = failure();
+  EXPECT_TRUE(error.starts_with("zrd: ./browser cannot read " + (folder_.path() / "tmp/").string()))
+      << error;
+  EXPECT_TRUE(
+      error.ends_with("/plot.html: net::ERR_ACCESS_DENIED (let the variable TMPDIR name a "
+                      "folder that it may read)\n"))
+      << error;
+}
+
+TEST_F(FailingBrowser, HasNoWebGL) {
+  makeAnsweringBrowser(R"(*querySelector*) answer '{"result":{"value":false}}' ;;)");
+  EXPECT_EQ(failure(), beginning + "it has no WebGL 2" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, SendsNoPicture) {
+  // Nothing, "hello", and the beginning of a PNG alone.
+  for (const std::string data : {"", "aGVsbG8=", "iVBORw0KGgo="}) {
+    makeAnsweringBrowser("*captureScreenshot*) answer '{\"data\":\"" + data + "\"}' ;;");
+    EXPECT_EQ(failure(), beginning + "its picture is no PNG" + browserWayOut) << data;
+  }
+  makeAnsweringBrowser("*captureScreenshot*) answer '{}' ;;");
+  EXPECT_EQ(failure(), beginning + "what it answers makes no sense" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, ComplainsOfThePage) {
+  makeAnsweringBrowser(
+      R"(*Page.navigate*) printf '{"method":"Runtime.exceptionThrown","params":{"exceptionDetails":{"exception":{"description":"no program"}}}}\0' >&4 ;;)");
+  EXPECT_EQ(failure(), beginning + "no program" + browserWayOut);
+}
+
+}  // namespace
