@@ -71,8 +71,6 @@ std::filesystem::path withoutLinks(std::filesystem::path name) {
   return failure ? name : target;
 }
 
-}  // namespace
-
 void requireFolderOf(const std::filesystem::path& name) {
   const std::filesystem::path folder = name.parent_path();
   std::error_code unknown;
@@ -80,6 +78,8 @@ void requireFolderOf(const std::filesystem::path& name) {
   throw std::runtime_error(name.string() + " cannot be written: there is no folder " +
                            folder.string());
 }
+
+}  // namespace
 
 OutputFile::Descriptor::int_type OutputFile::Descriptor::overflow(int_type c) {
   const char character = traits_type::to_char_type(c);

@@ -11,10 +11,6 @@
 
 namespace vantry::zrd {
 
-/// Throws std::runtime_error, with the name and the reason, for a file that is to be written into a
-/// folder that does not exist.
-void requireFolderOf(const std::filesystem::path& name);
-
 /// A file that is written under a temporary name in its folder, and moved to its own name by
 /// appear(). Until then a file of that name stays as it was. The name of a link is that of its
 /// target; what is no regular file, as a device, is refused. Failures are thrown as

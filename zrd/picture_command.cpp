@@ -9,7 +9,6 @@
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
-#include "zrd/output_file.h"
 #include "zrd/progress.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/plot_page.h"
@@ -61,14 +60,22 @@ std::string photograph(const std::string& page, const std::string& folder,
   return chrome.photograph();
 }
 
-int drawPicture(const PictureSettings& settings) {
-  const auto longer = static_cast<double>(std::max(settings.width, settings.height));
-  if (longer * settings.scale > static_cast<double>(longestSide)) {
+void refuseOddSize(const PictureSettings& settings) {
+  const auto [shorter, longer] = std::minmax(settings.width, settings.height);
+  if (static_cast<double>(longer) * settings.scale > static_cast<double>(longestSide)) {
     throw CLI::ValidationError("--scale", "the picture would be too large; its sides can have " +
                                               std::to_string(longestSide) + " pixels");
   }
+  if (static_cast<double>(shorter) * settings.scale < 1) {
+    throw CLI::ValidationError("--scale",
+                               "the picture would be too small; its sides have at least 1 pixel");
+  }
+}
+
+int drawPicture(const PictureSettings& settings) {
+  refuseOddSize(settings);
   refuseInput(settings.output, {settings.plot});
-  requireFolderOf(settings.output);
+  requireWritable(settings.output);
   const TemporaryFolder folder;
   const std::string page = folder.path() + "/plot.html";
   writePlotPage(page, {settings.plot}, settings.page);

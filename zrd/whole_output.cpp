@@ -21,4 +21,10 @@ void writeWhole(const std::filesystem::path& name, const Writing& write) {
   file.appear();
 }
 
+void requireWritable(const std::filesystem::path& name) {
+  if (name == "-") return;
+  const CleanInterruption interruption;
+  const OutputFile attempt(name);
+}
+
 }  // namespace vantry::zrd

@@ -17,4 +17,8 @@ void writeOut(const Writing& write);
 /// Throws std::runtime_error with the name and the reason if it cannot be written.
 void writeWhole(const std::filesystem::path& name, const Writing& write);
 
+/// Throws as writeWhole() does if a file of that name cannot be made. To be called before long
+/// work.
+void requireWritable(const std::filesystem::path& name);
+
 }  // namespace vantry::zrd

@@ -81,13 +81,6 @@ TEST_F(PictureTest, NamesTheBrowserThatFails) {
   EXPECT_FALSE(exists("a.png"));
 }
 
-TEST_F(PictureTest, NamesTheFolderThatIsMissingBeforeItDraws) {
-  setEnvironment("VANTRY_BROWSER", "./nothing");
-  EXPECT_EQ(errorOf({surface, "-o", "missing/a.png"}, 2),
-            "zrd: missing/a.png cannot be written: there is no folder missing\n");
-  EXPECT_EQ(files(), "");
-}
-
 TEST_F(PictureTest, LooksForChromiumAndChrome) {
   setEnvironment("PATH", "");
   const Outcome outcome = command({surface, "-o", "a.png"});

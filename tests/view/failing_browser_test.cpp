@@ -68,6 +68,20 @@ TEST_F(FailingBrowser, WouldDrawIfItDidNotFail) {
   EXPECT_EQ(read("a.png"), "\x89PNG\r\n\x1a\nIEND\xae\x42\x60\x82");
 }
 
+TEST_F(FailingBrowser, IsNotStartedForAPictureThatCannotBeWritten) {
+  makeBrowser("touch started");
+  fs::create_directory(folder_.path() / "folder");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "missing/a.png"}, 2),
+            "zrd: missing/a.png cannot be written: there is no folder missing\n");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "folder"}, 2),
+            "zrd: folder cannot be written: Is a directory\n");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "/dev/full"}, 2),
+            "zrd: /dev/full cannot be written: it is not a regular file\n");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "plot.zrd/a.png"}, 2),
+            "zrd: plot.zrd/a.png cannot be written: Not a directory\n");
+  EXPECT_EQ(files(), "browser folder plot.zrd tmp");
+}
+
 TEST_F(FailingBrowser, EndsAtOnce) {
   makeBrowser("exit 0");
   EXPECT_EQ(failure(), beginning + "it has ended" + browserWayOut);

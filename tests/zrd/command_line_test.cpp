@@ -141,6 +141,9 @@ TEST_F(CommandLine, SaysWhatASizeIs) {
   expectRefused({"picture", "-o", "a.png", "--size", "9x8193", "--scale", "2", "a.zrd"},
                 "--scale: the picture would be too large; its sides can have 16384 pixels",
                 "picture");
+  expectRefused({"picture", "-o", "a.png", "--size", "900x9", "--scale", "0.1", "a.zrd"},
+                "--scale: the picture would be too small; its sides have at least 1 pixel",
+                "picture");
 }
 
 TEST_F(CommandLine, ListsTheWordsThatThereAre) {
