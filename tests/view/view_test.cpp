@@ -202,6 +202,25 @@ TEST_F(ViewTest, ReplacesNoPlot) {
   EXPECT_EQ(errorOf({"plot.zrd", "-o", "./plot.zrd"}, 1),
             "zrd: ./plot.zrd: is the plot itself, which it would replace\n");
   EXPECT_EQ(read("plot.zrd"), plot);
+  write("a.jvx", model);
+  write("a.jvd", "<jv-disp></jv-disp>");
+  EXPECT_EQ(errorOf({"plot.zrd", "./a.jvx", "-o", "a.jvd"}, 1),
+            "zrd: a.jvd: is the display of ./a.jvx, which it would replace\n");
+  EXPECT_EQ(read("a.jvd"), "<jv-disp></jv-disp>");
+}
+
+TEST_F(ViewTest, SaysWhyADisplayCannotBeRead) {
+  write("a.jvx", model);
+  fs::create_symlink("a.jvd", folder_.path() / "a.jvd");
+  EXPECT_EQ(errorOf({"a.jvx", "-o", "a.html"}, 2),
+            "zrd: a.jvd: cannot be opened: Too many levels of symbolic links\n");
+}
+
+TEST_F(ViewTest, RefusesAModelThatCannotBeReadTwice) {
+  write("a.jvx", model);
+  setWrapper({"/bin/sh", "-c", R"(mkfifo pipe.jvx; cat a.jvx > pipe.jvx & "$0" "$@")"});
+  EXPECT_EQ(errorOf({"pipe.jvx", "-o", "a.html"}, 2),
+            "zrd: pipe.jvx: cannot be read twice: it is not a regular file\n");
 }
 
 TEST_F(ViewTest, SaysThatAPageCannotBeWritten) {

@@ -47,7 +47,9 @@ std::ifstream openChecked(const std::filesystem::path& name, const std::string& 
                                    check::shortened(found.get()) + ", not " + root);
   }
   file.clear();
-  file.seekg(0);
+  if (!file.seekg(0)) {
+    throw Failure(badDocument, name.string() + ": cannot be read twice: it is not a regular file");
+  }
   return file;
 }
 
@@ -55,11 +57,17 @@ std::ifstream openChecked(const std::filesystem::path& name, const std::string& 
 
 bool isModelName(const std::filesystem::path& name) { return name.extension() == ".jvx"; }
 
+std::filesystem::path displayName(std::filesystem::path model) {
+  return model.replace_extension(".jvd");
+}
+
 ModelFile::ModelFile(const std::filesystem::path& name)
     : model_(openChecked(name, "JVX", "jvx-model")) {
-  std::filesystem::path display = name;
-  display.replace_extension(".jvd");
-  if (std::filesystem::exists(display)) display_ = openChecked(display, "JVD", "jv-disp");
+  const std::filesystem::path display = displayName(name);
+  std::error_code unknown;  // whether it is there: opening it says why
+  if (std::filesystem::exists(display, unknown) || unknown) {
+    display_ = openChecked(display, "JVD", "jv-disp");
+  }
 }
 
 }  // namespace vantry::zrd

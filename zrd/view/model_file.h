@@ -10,6 +10,9 @@ namespace vantry::zrd {
 /// Whether a file is taken for a JVX file, which its name says.
 bool isModelName(const std::filesystem::path& name);
 
+/// The JVD file that belongs to a JVX file if it is there.
+std::filesystem::path displayName(std::filesystem::path model);
+
 /// A JVX file and the JVD file of the same name beside it, if there is one, both ready to be read.
 class ModelFile {
  public:

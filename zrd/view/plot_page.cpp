@@ -34,10 +34,14 @@ void addPlot(page::Page& page, const Plot& plot, const std::string& name) {
 }  // namespace
 
 void refuseInput(const std::filesystem::path& output, const std::vector<std::string>& plots) {
-  for (const std::string& plot : plots) {
+  const auto refuse = [&output](const std::filesystem::path& input, const std::string& what) {
     std::error_code none;
-    if (!std::filesystem::equivalent(output, plot, none)) continue;
-    throw Failure(wrongUsage, output.string() + ": is the plot itself, which it would replace");
+    if (!std::filesystem::equivalent(output, input, none)) return;
+    throw Failure(wrongUsage, output.string() + ": is " + what + ", which it would replace");
+  };
+  for (const std::string& plot : plots) {
+    refuse(plot, "the plot itself");
+    if (isModelName(plot)) refuse(displayName(plot), "the display of " + plot);
   }
 }
 

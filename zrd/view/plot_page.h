@@ -19,7 +19,7 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
 void writePlotPage(const std::filesystem::path& name, const std::vector<std::string>& plots,
                    const page::Options& options);
 
-/// Throws Failure if an output would replace one of the plots.
+/// Throws Failure if an output would replace one of the plots, or the display of one.
 void refuseInput(const std::filesystem::path& output, const std::vector<std::string>& plots);
 
 }  // namespace vantry::zrd
