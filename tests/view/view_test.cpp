@@ -232,6 +232,40 @@ TEST_F(ViewTest, SaysThatAPageCannotBeWritten) {
   EXPECT_EQ(files(), "plot.zrd");
 }
 
+// script(1) runs a command on a terminal of its own and copies what comes to standard output.
+class ViewOnATerminal : public ViewTest {
+ protected:
+  ViewOnATerminal() { setProgram("/usr/bin/script"); }
+
+  std::string shown(const std::string& columns, const std::string& arguments) const {
+    const Outcome outcome = run({"-qec",
+                                 "stty columns " + columns + "; " + ZRD_PROGRAM + " view -o - " +
+                                     arguments + " > page.html",
+                                 "/dev/null"});
+    EXPECT_EQ(outcome.status, 0);
+    return outcome.out;
+  }
+};
+
+TEST_F(ViewOnATerminal, SaysWhatItReads) {
+  write("plot.zrd", plot);
+  EXPECT_EQ(shown("80", "plot.zrd"), "\r\033[Kreading plot.zrd\r\033[K");
+}
+
+TEST_F(ViewOnATerminal, EscapesNames) {
+  write("a\nb\033[31m.zrd", plot);
+  EXPECT_EQ(shown("80", "a*.zrd"), "\r\033[Kreading a\\x0Ab\\x1B[31m.zrd\r\033[K");
+}
+
+TEST_F(ViewOnATerminal, CutsLinesAtItsEdge) {
+  write("123456789\u00e4\u00e4\u00e4.zrd", plot);
+  EXPECT_EQ(shown("30", "1*.zrd"), "\r\033[Kreading 123456789\u00e4\u00e4\u00e4.zrd\r\033[K");
+  // The last letter has two bytes.
+  EXPECT_EQ(shown("23", "1*.zrd"), "\r\033[Kreading 123456789\u00e4...\r\033[K");
+  EXPECT_EQ(shown("22", "1*.zrd"), "\r\033[Kreading 123456789...\r\033[K");
+  EXPECT_EQ(shown("3", "1*.zrd"), "\r\033[K...\r\033[K");
+}
+
 TEST_F(ViewTest, TakesTheFramesAndTheTime) {
   write("moving.zrd",
         "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"1\"/>"

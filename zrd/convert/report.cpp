@@ -1,8 +1,5 @@
 #include "zrd/convert/report.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <iostream>
 
@@ -10,15 +7,6 @@
 #include "zrd/commands.h"
 
 namespace vantry::zrd {
-
-namespace {
-
-std::size_t columnsOfTerminal() {
-  winsize size{};
-  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
-}
-
-}  // namespace
 
 void ConvertReport::begin(std::size_t documents) {
   const std::lock_guard lock(mutex_);
