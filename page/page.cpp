@@ -33,8 +33,6 @@ namespace {
 
 using Panels = std::span<const std::unique_ptr<Panel>>;
 
-constexpr std::size_t mostFrames = 100'000;
-
 /// From the first begin to the last end.
 std::optional<TimeSpan> wholeSpan(Panels panels) {
   std::optional<TimeSpan> whole;
@@ -111,7 +109,7 @@ std::vector<double> frameTimes(Panels panels, const PlotDocument* document,
     return {document ? document->currentTime() : nan};
   }
   auto times = javaview::frameTimes(span->begin, span->end, options.framesPerUnit, mostFrames);
-  if (times.empty()) throw PageError("the animation is too long for so many frames");
+  if (times.empty()) throw TooManyFrames();
   return times;
 }
 

@@ -1,6 +1,7 @@
 // A page that shows plots in any browser.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <iosfwd>
 #include <limits>
@@ -23,7 +24,29 @@ struct PlotName {
 /// A plot cannot be shown. The message is for people, and begins with the source of the plot.
 class PageError : public std::runtime_error {
  public:
-  using runtime_error::runtime_error;
+  PageError(const std::string& source, const std::string& reason)
+      : runtime_error(source + ": " + reason), source_(source) {}
+
+  const std::string& source() const { return source_; }
+
+ private:
+  std::string source_;
+};
+
+/// A text of a plot has letters that are not in the character set of the locale.
+class TextError : public PageError {
+ public:
+  explicit TextError(const std::string& source)
+      : PageError(source, "a text has letters that are not in the character set of the locale") {}
+};
+
+/// So many frames an animation can have at most.
+inline constexpr std::size_t mostFrames = 100'000;
+
+/// The animation of a page would have more frames than that.
+class TooManyFrames : public std::runtime_error {
+ public:
+  TooManyFrames() : runtime_error("the animation is too long for so many frames") {}
 };
 
 /// What of animated plots a page shows.
@@ -58,7 +81,7 @@ class Page {
   void add(std::istream& model, std::istream* display, const std::string& title);
 
   /// Writes the page. `pageTemplate` is what the build makes of the folder `page`: the page without
-  /// data. Throws PageError, and leaves an incomplete page behind then. Throws
+  /// data. Throws PageError or TooManyFrames, and leaves an incomplete page behind then. Throws
   /// std::invalid_argument for a template that has no place for data.
   void write(std::ostream& out, std::string_view pageTemplate, const Options& options) const;
 

@@ -162,7 +162,7 @@ std::vector<std::size_t> drawableScenes(const dom::Node* canvas) {
 
 std::vector<std::unique_ptr<Panel>> panelsOf(PlotDocument& document, const PlotName& name) {
   const std::vector<std::size_t> scenes = drawableScenes(document.firstChild());
-  if (scenes.empty()) throw PageError(name.source + ": there is no scene to show");
+  if (scenes.empty()) throw PageError(name.source, "there is no scene to show");
   std::vector<std::unique_ptr<Panel>> panels;
   panels.reserve(scenes.size());
   for (const std::size_t scene : scenes) {

@@ -25,10 +25,9 @@ auto naming(const std::string& source, Work work) {
   try {
     return work();
   } catch (const javaview::JavaViewExportError& failure) {
-    throw PageError(source + ": " + failure.what());
+    throw PageError(source, failure.what());
   } catch (const base::BadUnicodeString&) {
-    throw PageError(source +
-                    ": a text has letters that are not in the character set of the locale");
+    throw TextError(source);
   }
 }
 

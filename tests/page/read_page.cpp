@@ -138,6 +138,8 @@ std::string refusal(std::string_view document, const Options& options) {
     compose(out, document, options);
   } catch (const PageError& failure) {
     return failure.what();
+  } catch (const TooManyFrames& failure) {
+    return failure.what();
   }
   return "no error";
 }

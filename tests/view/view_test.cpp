@@ -159,21 +159,55 @@ TEST_F(ViewTest, NamesThePlaceOfBadData) {
   write("good.jvd", "<html/>");
   EXPECT_EQ(errorOf({"good.jvx", "-o", "page.html"}, 2),
             "zrd: good.jvd: this is no JVD file: its outermost element is html, not jv-disp\n");
+  write("object.zrd",
+        "<Canvas><Scene2d><CoordinateSystem2d>\n"
+        "  <Obj2d Type=\"a\"/></CoordinateSystem2d></Scene2d></Canvas>");
+  EXPECT_EQ(errorOf({"object.zrd", "-o", "page.html"}, 2),
+            "zrd: object.zrd:2:4: this Obj2d has no Img2d, so there is nothing to show" + wayOut);
   EXPECT_EQ(errorOf({"none.zrd", "-o", "page.html"}, 2),
             "zrd: none.zrd: cannot be opened: No such file or directory\n");
   EXPECT_FALSE(exists("page.html"));
+}
+
+TEST_F(ViewTest, NamesNoPlaceInWhatCannotBeReadAgain) {
+  write("object.zrd",
+        "<Canvas><Scene2d><CoordinateSystem2d><Obj2d Type=\"a\"/></CoordinateSystem2d></Scene2d>"
+        "</Canvas>");
+  setWrapper({"/bin/sh", "-c", R"("$0" "$@" < object.zrd)"});
+  EXPECT_EQ(errorOf({"-", "-o", "page.html"}, 2), "zrd: -: no Img2d" + wayOut);
+  setWrapper({"/bin/sh", "-c", R"(cat object.zrd | "$0" "$@")"});
+  EXPECT_EQ(errorOf({"/dev/stdin", "-o", "page.html"}, 2), "zrd: /dev/stdin: no Img2d" + wayOut);
 }
 
 TEST_F(ViewTest, NamesThePlotThatCannotBeShown) {
   write("good.zrd", plot);
   write("empty.zrd", "<Canvas/>");
   EXPECT_EQ(errorOf({"good.zrd", "empty.zrd", "-o", "page.html"}, 2),
-            "zrd: empty.zrd: there is no scene to show" + wayOut);
+            "zrd: empty.zrd:1:2: the document has no Scene2d or Scene3d" + wayOut);
   write("page.zrd", "<html/>");
   EXPECT_EQ(errorOf({"good.zrd", "page.zrd", "-o", "page.html"}, 2),
             "zrd: page.zrd:1:1: this is no plot document: its outermost element is html, "
             "not Canvas" +
                 wayOut);
+}
+
+TEST_F(ViewTest, SaysHowToShowAnAnimationThatIsTooLong) {
+  write("plot.zrd",
+        "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"50000\"/>"
+        "<Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
+  EXPECT_EQ(errorOf({"plot.zrd", "-o", "page.html", "--frames", "3"}, 2),
+            "zrd: --frames 3 makes more than 100000 frames: let it be less, or show one time with "
+            "--time\n");
+}
+
+TEST_F(ViewTest, SaysWhichLocaleHasTheLettersOfAPlot) {
+  write("plot.zrd",
+        "<Canvas><Header>\u00e4</Header><Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
+  setEnvironment("LC_ALL", "C");
+  EXPECT_EQ(
+      errorOf({"plot.zrd", "-o", "page.html"}, 2),
+      "zrd: plot.zrd: a text has letters that are not in the character set of the locale: run "
+      "zrd in a locale with UTF-8, such as LC_ALL=C.UTF-8\n");
 }
 
 TEST_F(ViewTest, WarnsOfWhatIsNotShown) {

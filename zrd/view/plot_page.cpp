@@ -1,9 +1,12 @@
 #include "zrd/view/plot_page.h"
 
+#include <fstream>
 #include <memory>
 #include <variant>
 
+#include "vantry/check/check.h"
 #include "zrd/commands.h"
+#include "zrd/file_content.h"
 #include "zrd/messages.h"
 #include "zrd/plot_file.h"
 #include "zrd/progress.h"
@@ -29,6 +32,20 @@ void addPlot(page::Page& page, const Plot& plot, const std::string& name) {
   } else {
     page.add(std::get<std::unique_ptr<PlotFile>>(plot)->document(), {title, name});
   }
+}
+
+/// The first mistake of a document, with its place; the failure itself where that cannot be found.
+std::string mistakeBehind(const page::PageError& failure) {
+  const std::string& name = failure.source();
+  std::error_code none;
+  if (name == "-" || !std::filesystem::is_regular_file(name, none)) return failure.what();
+  std::ifstream file = openFile(name);
+  for (const check::Diagnostic& found : check::check(file)) {
+    if (found.severity != check::Severity::error) continue;
+    return name + ':' + std::to_string(found.place.line) + ':' +
+           std::to_string(found.place.column) + ": " + found.sentence;
+  }
+  return failure.what();
 }
 
 }  // namespace
@@ -66,8 +83,15 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
     });
   };
   page.write(out, pageTemplate, shown);
+} catch (const page::TextError& failure) {
+  throw Failure(badDocument, std::string(failure.what()) +
+                                 ": run zrd in a locale with UTF-8, such as LC_ALL=C.UTF-8");
 } catch (const page::PageError& failure) {
-  throw BadDocument(failure.what());
+  throw BadDocument(mistakeBehind(failure));
+} catch (const page::TooManyFrames&) {
+  throw Failure(badDocument, "--frames " + std::to_string(options.framesPerUnit) +
+                                 " makes more than " + std::to_string(page::mostFrames) +
+                                 " frames: let it be less, or show one time with --time");
 }
 
 void writePlotPage(const std::filesystem::path& name, const std::vector<std::string>& plots,
