@@ -87,7 +87,10 @@ class ScenePanel final : public Panel {
       const double own = ownTime(time);
       Json frame = {{"model", model_.block(blocks, modelWriter_, own)},
                     {"display", display_.block(blocks, displayWriter_, own)}};
-      frame["runs"] = modelWriter_.runs();
+      if (runs_ != modelWriter_.runs()) {
+        runs_ = modelWriter_.runs();
+        frame["runs"] = runs_;
+      }
       return frame;
     });
   }
@@ -107,6 +110,7 @@ class ScenePanel final : public Panel {
   std::vector<const ObjectBase*> objects_;
   ChangingText model_;
   ChangingText display_;
+  Json runs_;  // of the last frame
 };
 
 /// Texts that are there already.

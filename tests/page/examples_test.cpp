@@ -52,7 +52,7 @@ TEST_P(PageOfExample, HoldsTheModelAndTheDisplay) {
     EXPECT_EQ(undated(page.block(0, frame, "model")), undated(model.text));
     EXPECT_EQ(undated(page.block(0, frame, "display")), undated(display.text));
     std::int64_t counted = 0;
-    for (const auto& run : page.panel(0).at("frames")[frame].at("runs")) {
+    for (const auto& run : page.runs(0, frame)) {
       EXPECT_LT(run.at("object"), page.panel(0).at("objects").size());
       counted += run.at("count").get<std::int64_t>();
     }

@@ -331,6 +331,26 @@ TEST(PageTest, HoldsOnceWhatSeveralFramesShow) {
   EXPECT_EQ(page.blocks.size(), 3U);  // two models and a display
 }
 
+TEST(PageTest, SaysOnceWhatTheGeometriesOfSeveralFramesAre) {
+  // The second object has two points from the time 2 on.
+  const std::string two = "<Img2d Param=\"0\">" + point + "</Img2d><Img2d Param=\"2\">" + point +
+                          point + "</Img2d></Obj2d>";
+  const ReadPage page =
+      pageOf(timed("0", "4",
+                   scene2d(object(point) +
+                           "<Obj2d Type=\"Point2d\" TimeBegin=\"0\" TimeEnd=\"4\">"
+                           "<ParameterBegin Val=\"0\"/><ParameterEnd Val=\"4\"/>" +
+                           two)),
+             {.framesPerUnit = 1});
+  const json& frames = page.panel(0).at("frames");
+  ASSERT_EQ(frames.size(), 5U);
+  std::string said;
+  for (const json& frame : frames) said += frame.contains("runs") ? '1' : '0';
+  EXPECT_EQ(said, "10100");
+  EXPECT_EQ(page.runs(0, 1)[1].at("count"), 1);
+  EXPECT_EQ(page.runs(0, 4)[1].at("count"), 2);
+}
+
 TEST(PageTest, BeginsAtTheBeginUnlessThePlotSaysOtherwise) {
   EXPECT_FALSE(pageOf(timed("0", "1", scene2d(""))).text.at("animation").contains("initial"));
   for (const auto& [time, frame] : {std::pair("-5", 0), std::pair("0.9", 1), std::pair("5", 2)}) {

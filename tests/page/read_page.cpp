@@ -126,6 +126,12 @@ const std::string& ReadPage::block(std::size_t panel, std::size_t frame,
   return blocks.at(text.at("panels").at(panel).at("frames").at(frame).at(kind));
 }
 
+const nlohmann::json& ReadPage::runs(std::size_t panel, std::size_t frame) const {
+  const nlohmann::json& frames = text.at("panels").at(panel).at("frames");
+  while (frame > 0 && !frames.at(frame).contains("runs")) --frame;
+  return frames.at(frame).at("runs");
+}
+
 ReadPage pageOf(std::string_view document, const Options& options) {
   std::ostringstream out;
   compose(out, document, options);

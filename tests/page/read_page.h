@@ -17,6 +17,9 @@ struct ReadPage {
   /// The text of the block that a frame names as its `kind`: "model" or "display".
   const std::string& block(std::size_t panel, std::size_t frame, const std::string& kind) const;
 
+  /// The runs of a frame, which may be those of a frame before.
+  const nlohmann::json& runs(std::size_t panel, std::size_t frame) const;
+
   const nlohmann::json& panel(std::size_t i) const { return text.at("panels").at(i); }
 
   bool isWhole = false;                       ///< begins and ends as the template, without a gap

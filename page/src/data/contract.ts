@@ -312,13 +312,14 @@ function toRun(value: unknown): Run {
   };
 }
 
-function toFrame(value: unknown): FrameText {
-  const record = asRecord(value);
-  return {
-    model: asText(record.model) ?? '',
-    display: asText(record.display),
-    runs: asList(record.runs).map(toRun),
-  };
+/** A frame that says nothing of its runs has those of the frame before. */
+function toFrames(values: unknown[]): FrameText[] {
+  let runs: Run[] = [];
+  return values.map((value) => {
+    const record = asRecord(value);
+    if (Array.isArray(record.runs)) runs = record.runs.map(toRun);
+    return { model: asText(record.model) ?? '', display: asText(record.display), runs };
+  });
 }
 
 function toPlace(value: unknown): Place | undefined {
@@ -359,7 +360,7 @@ function toPanel(value: unknown): PanelText {
     axes: toAxes(record.axes),
     legend: toLegend(record.legend),
     objects: asList(record.objects).map(toObject),
-    frames: asList(record.frames).map(toFrame),
+    frames: toFrames(asList(record.frames)),
   };
 }
 

@@ -30,6 +30,13 @@ test('what has the wrong type counts as absent', () => {
   assert.deepEqual(panel?.frames[0]?.runs, [{ ...PLAIN_STYLE, count: 1 }]);
 });
 
+test('a frame that says nothing of its runs has those of the frame before', () => {
+  const frames = [{}, { runs: [{ object: 3 }] }, { model: 'm' }, { runs: 'x' }, { runs: [] }, {}];
+  const [panel] = toPageText({ panels: [{ frames }] }).panels;
+  const objects = panel!.frames.map(({ runs }) => runs.map(({ object }) => object));
+  assert.deepEqual(objects, [[], [3], [3], [3], [], []]);
+});
+
 test('tips, ticks and grounds are read, within limits', () => {
   const { panels } = toPageText({
     panels: [
