@@ -30,23 +30,32 @@ Names optionsOf(const CLI::App& command) {
   return names;
 }
 
-/// About a word of the line that nothing takes.
-std::string aboutWord(const CLI::App& program, const CLI::App& command, std::string word) {
-  if (word.starts_with('-') && word != "-") {
-    word.erase(std::min(word.find('='), word.size()));
-    return "there is no option " + word + question(word, optionsOf(command));
-  }
-  if (&command == &program) {
-    return "there is no command " + word + question(word, commandsOf(program));
-  }
-  return word + " is one argument too many";
-}
-
 /// The option that must be there and is not; null if none is missing.
 const CLI::Option* missingOption(const CLI::App& command) {
   const auto options = command.get_options(
       [](const CLI::Option* option) { return option->get_required() && option->count() == 0; });
   return options.empty() ? nullptr : options.front();
+}
+
+/// About an option that nothing takes. It may be one of the command, in front of it.
+std::string aboutOption(const CLI::App& command, std::string word) {
+  word.erase(std::min(word.find('='), word.size()));
+  if (!command.get_option_no_throw(word)) {
+    return "there is no option " + word + question(word, optionsOf(command));
+  }
+  return word + " has to be behind the command: " + command.get_name() + ' ' + word;
+}
+
+/// About a word of the line that nothing takes.
+std::string aboutWord(const CLI::App& program, const CLI::App& command, const std::string& word) {
+  if (word.starts_with('-') && word != "-") return aboutOption(command, word);
+  if (&command == &program) {
+    return "there is no command " + word + question(word, commandsOf(program));
+  }
+  const CLI::Option* missing = missingOption(command);
+  const std::string meant =
+      missing ? "; did you mean " + missing->get_name() + ' ' + word + '?' : "";
+  return word + " is one argument too many" + meant;
 }
 
 /// The option with whose name, perhaps without dashes, a sentence begins; null if there is none.

@@ -66,6 +66,19 @@ TEST_F(CommandLine, SaysWhatIsMissingOrTooMuch) {
   expectRefused({"format", "-i", "-"}, "-i: standard input cannot be written to", "format");
 }
 
+TEST_F(CommandLine, SaysWhereAWordWouldBeRight) {
+  expectRefused({"picture", "a.zrd", "a.png"},
+                "a.png is one argument too many; did you mean --output a.png?", "picture");
+  expectRefused({"picture", "a.zrd", "b.zrd", "-o", "a.png"}, "b.zrd is one argument too many",
+                "picture");
+  expectRefused({"--json", "show", "a.zrd"}, "--json has to be behind the command: show --json",
+                "show");
+  expectRefused({"-o", "a.html", "view", "a.zrd"}, "-o has to be behind the command: view -o",
+                "view");
+  expectRefused({"--jason", "show", "a.zrd"}, "there is no option --jason; did you mean --json?",
+                "show");
+}
+
 TEST_F(CommandLine, RefusesEmptyNames) {
   const std::string reason = ": a name cannot be empty";
   for (const std::string command : {"check", "show", "command", "format"}) {
