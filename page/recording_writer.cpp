@@ -1,5 +1,8 @@
 #include "vantry/page/recording_writer.h"
 
+#include <cmath>
+#include <utility>
+
 namespace vantry::page {
 
 using namespace plot;
@@ -19,6 +22,19 @@ constexpr Style styles[] = {
     {"point", Word::PointStyle, Word::FilledCircles},
     {"fill", Word::FillPattern, Word::Solid},
 };
+
+/// What the document says of the tips of arrows.
+Json tipText(const PlotElement& primitive) {
+  Json text = Json::object();
+  if (!primitive.hasProperty(Word::TipStyle)) return text;
+  const auto style = propertyValue<Token>(primitive, Word::TipStyle);
+  const auto length = propertyValue<double>(primitive, Word::TipLength);
+  const auto angle = propertyValue<double>(primitive, Word::TipAngle);
+  if (style != Word::Filled) text["style"] = wordText(style);
+  if (length > 0 && isSaid(primitive, Word::TipLength)) text["length"] = pixels(length);
+  if (angle != 0 && isSaid(primitive, Word::TipAngle)) text["angle"] = std::abs(angle) / 2;
+  return text;
+}
 
 }  // namespace
 
@@ -40,6 +56,7 @@ void RecordingWriter::geometriesWritten(const ObjectBase& object, const PlotElem
     const auto value = propertyValue<Token>(primitive, style.property);
     if (value != style.standard) run[style.name] = wordText(value);
   }
+  if (Json tip = tipText(primitive); !tip.empty()) run["tip"] = std::move(tip);
   if (run != lastRun_) {
     runs_.push_back(run);
     runs_.back()["count"] = std::int64_t{0};

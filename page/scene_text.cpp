@@ -5,6 +5,7 @@
 #include "vantry/dom/tree_walk.h"
 #include "vantry/javaview/emitters.h"
 #include "vantry/javaview/jvd_bounds.h"
+#include "vantry/page/axes_text.h"
 #include "vantry/page/color_scale.h"
 #include "vantry/plot/elements/group.h"
 #include "vantry/plot/elements/string_elements.h"
@@ -38,54 +39,12 @@ std::vector<const ObjectBase*> objectsOf(const CoordinateSystemBase& system) {
 
 namespace {
 
-/// Where a coordinate system keeps what it says of one axis.
-struct Axis {
-  const char* name;
-  Token title;
-  Token titleAlignment;
-  Token grid;
-  Token subgrid;
-};
-
-constexpr Axis axes[] = {
-    {"x", Word::XAxisTitle, Word::XAxisTitleAlignment, Word::XGridVisible, Word::XSubgridVisible},
-    {"y", Word::YAxisTitle, Word::YAxisTitleAlignment, Word::YGridVisible, Word::YSubgridVisible},
-    {"z", Word::ZAxisTitle, Word::ZAxisTitleAlignment, Word::ZGridVisible, Word::ZSubgridVisible},
-};
-
-const char* placeAlong(Token alignment) {
-  if (alignment == Word::Begin) return "left";
-  return alignment == Word::End ? "right" : "center";
-}
-
-Json axisText(const CoordinateSystemBase& system, const Axis& axis) {
-  Json text = {{"grid", propertyValue<bool>(system, axis.grid)},
-               {"subgrid", propertyValue<bool>(system, axis.subgrid)}};
-  const std::string title = childText(system, axis.title);
-  if (title.empty()) return text;
-  text["title"] = fontText(system.axesTitleFont());
-  text["title"]["text"] = title;
-  text["title"]["align"] = placeAlong(propertyValue<Token>(system, axis.titleAlignment));
-  return text;
-}
-
-Json axesText(const CoordinateSystemBase& system, bool is2d) {
-  Json text = {
-      {"kind", wordText(system.axes())},
-      {"numbers", fontText(system.ticksLabelFont())},
-      {"grid",
-       {{"color", colorText(system.gridLineColor())},
-        {"width", pixels(system.gridLineWidth())},
-        {"style", wordText(system.gridLineStyle())}}},
-      {"subgrid",
-       {{"color", colorText(system.subgridLineColor())},
-        {"width", pixels(system.subgridLineWidth())},
-        {"style", wordText(system.subgridLineStyle())}}},
-  };
-  for (const Axis& axis : std::span(axes).first(is2d ? 2 : 3)) {
-    text[axis.name] = axisText(system, axis);
-  }
-  return text;
+/// A display has a place for one colour.
+void putBackground(Json& text, const SceneBase& scene) {
+  if (scene.backgroundTransparent() || scene.backgroundStyle() == Word::Flat) return;
+  text["background"] = {
+      {"style", wordText(scene.backgroundStyle())},
+      {"colors", {colorText(scene.backgroundColor()), colorText(scene.backgroundColor2())}}};
 }
 
 Json legendText(const SceneBase& scene) {
@@ -155,6 +114,7 @@ Json sceneText(const javaview::ExportedScene& exported, std::span<const ObjectBa
                {"objects", Json::array()}};
   putLine(text, scene, Word::Header, scene.headerFont(), scene.headerAlignment());
   putLine(text, scene, Word::Footer, scene.footerFont(), scene.footerAlignment());
+  if (!is2d) putBackground(text, scene);
   for (const ObjectBase* object : objects) {
     text["objects"].push_back(objectText(*object, bounds));
   }

@@ -34,6 +34,12 @@ std::string ownName(const PlotElement& element) {
   return utf8(name.as<base::FixedStringVariant>()->get().c_str());
 }
 
+bool isSaid(const PlotElement& element, Token property) {
+  const PlotElement* origin = &element;
+  while (origin && !origin->hasAttribute(property)) origin = origin->styleParent(property);
+  return origin != nullptr;
+}
+
 std::string colorText(RGBA color) {
   std::array<char, 8> text;
   std::snprintf(text.data(), text.size(), "#%06x", color.word() & 0xFFFFFFU);

@@ -23,6 +23,10 @@ std::string childText(const plot::PlotElement& parent, base::Token name);
 /// The attribute `Name` of an element that may have one, in UTF-8; empty without it.
 std::string ownName(const plot::PlotElement& element);
 
+/// Whether the document says what a property of the element is, there or in a style. Where it does
+/// not, a page may have its own default.
+bool isSaid(const plot::PlotElement& element, base::Token property);
+
 /// "#rrggbb". How much light passes is said by materials.
 std::string colorText(plot::RGBA color);
 

@@ -248,6 +248,83 @@ TEST(PageTest, HasTheAxes) {
   EXPECT_NEAR(axes.at("grid").at("width").get<double>(), 0.709, 0.001);  // of 0.2 mm
 }
 
+TEST(PageTest, HasWhatAPlotSaysOfItsRulers) {
+  const ReadPage page = pageOf(
+      canvas("<CoordinateSystem2dStyle TicksLength=\"2.54\" XTicksLabelStyle=\"Shifted\"/>"
+             "<Scene2d><CoordinateSystem2d AxesInFront=\"0\" GridInFront=\"1\" AxesTips=\"0\" "
+             "CoordinateType=\"LinLog\" YTicksLabelStyle=\"Diagonal\" XTicksNumber=\"High\" "
+             "YTicksNumber=\"None\" YAxisTitleOrientation=\"Vertical\"><AxesOriginY Val=\"2.5\"/>"
+             "<XTicksAnchor Val=\"0.5\"/><XTicksAt><TickPos><VExpr Val=\"3\"/></TickPos>"
+             "<TickPos><VExpr Val=\"3.14\">PI</VExpr></TickPos><TickPos><VExpr>x</VExpr></TickPos>"
+             "<TickPos><VExpr Val=\"4\">4</VExpr><Title>four</Title></TickPos></XTicksAt>"
+             "</CoordinateSystem2d></Scene2d>"));
+  const json& axes = page.panel(0).at("axes");
+  EXPECT_EQ(axes.at("inFront"), false);
+  EXPECT_EQ(axes.at("gridInFront"), true);
+  EXPECT_EQ(axes.at("tips"), false);
+  EXPECT_NEAR(axes.at("tickLength").get<double>(), 9, 1e-9);  // a tenth of an inch
+  EXPECT_EQ(axes.at("origin"), json({0.0, 2.5}));
+  const json& x = axes.at("x");
+  EXPECT_EQ(x.at("logarithmic"), false);
+  EXPECT_EQ(x.at("numbers"), "shifted");
+  EXPECT_EQ(x.at("amount"), "high");
+  EXPECT_EQ(x.at("anchor"), 0.5);
+  EXPECT_EQ(x.at("ticks"), json::parse(R"([{"at": 3}, {"at": 3.14, "text": "PI"},
+                                            {"at": 4, "text": "four"}])"));
+  const json& y = axes.at("y");
+  EXPECT_EQ(y.at("logarithmic"), true);
+  EXPECT_EQ(y.at("numbers"), "diagonal");
+  EXPECT_EQ(y.at("amount"), "none");
+  EXPECT_EQ(y.at("turned"), true);
+}
+
+TEST(PageTest, LeavesToThePageWhatAPlotDoesNotSayOfItsRulers) {
+  const ReadPage page =
+      pageOf(canvas(scene2d("") + "<Scene3d><CoordinateSystem3d><AxesOriginZ Val=\"3\"/>"
+                                  "<ZTicksAnchor Val=\"2\"/></CoordinateSystem3d></Scene3d>"));
+  const json& plane = page.panel(0).at("axes");
+  EXPECT_FALSE(plane.contains("tickLength"));
+  EXPECT_EQ(plane.at("inFront"), true);
+  EXPECT_EQ(plane.at("origin"), json({0.0, 0.0}));
+  EXPECT_EQ(plane.at("y").at("logarithmic"), false);
+  for (const char* member : {"turned", "anchor", "ticks"}) {
+    EXPECT_FALSE(plane.at("y").contains(member)) << member;
+  }
+  const json& space = page.panel(1).at("axes");
+  EXPECT_EQ(space.at("origin"), json({0.0, 0.0, 3.0}));
+  EXPECT_EQ(space.at("z").at("anchor"), 2);
+  EXPECT_FALSE(space.at("y").contains("logarithmic"));
+}
+
+TEST(PageTest, HasTheTipsOfArrows) {
+  const ReadPage page = pageOf(canvas(
+      "<ObjStyle Type=\"Curve2d\" TipLength=\"2.54\"/>" +
+      scene2d(
+          object("<Arrow2d From=\"0 0\" To=\"1 1\"/>"
+                 "<Arrow2d From=\"0 0\" To=\"1 1\" TipStyle=\"Open\" TipAngle=\"0.5\"/>") +
+          "<Obj2d Type=\"Arrow2d\"><Img2d><Arrow2d From=\"0 0\" To=\"1 1\"/></Img2d></Obj2d>")));
+  const json& runs = page.runs(0, 0);
+  ASSERT_EQ(runs.size(), 3U);
+  EXPECT_NEAR(runs[0].at("tip").at("length").get<double>(), 9, 1e-9);
+  EXPECT_EQ(runs[0].at("tip").size(), 1U);
+  EXPECT_EQ(runs[1].at("tip").at("style"), "open");
+  EXPECT_EQ(runs[1].at("tip").at("angle"), 0.25);  // on each side
+  EXPECT_FALSE(runs[2].contains("tip"));
+}
+
+TEST(PageTest, HasBothColoursOfABackground) {
+  const auto background = [](const std::string& attributes) {
+    const ReadPage page =
+        pageOf(canvas("<Scene3d BackgroundColor=\"#010203\" BackgroundColor2=\"#0a0b0c\" " +
+                      attributes + "><CoordinateSystem3d/></Scene3d>"));
+    return page.panel(0).value("background", json());
+  };
+  EXPECT_EQ(background("BackgroundStyle=\"LeftRight\""),
+            json::parse(R"({"style": "leftRight", "colors": ["#010203", "#0a0b0c"]})"));
+  EXPECT_EQ(background(""), json());
+  EXPECT_EQ(background("BackgroundStyle=\"Pyramid\" BackgroundTransparent=\"1\""), json());
+}
+
 TEST(PageTest, HasTheTextsOfAScene) {
   const ReadPage page = pageOf(canvas(
       "<Scene2d FooterAlignment=\"Right\" LegendPlacement=\"Top\" LegendAlignment=\"Left\" "
