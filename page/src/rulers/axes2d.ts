@@ -1,72 +1,19 @@
 /** Rulers of a scene of two dimensions: they keep their place while the ticks follow the view. */
-import type { TextStyle } from '../scene/batches';
+import type { Label } from '../scene/batches';
 import type { Axis, Space } from '../scene/space';
 import type { View } from '../scene/view';
 import type { FrameLook, RulerLook } from './frame';
 import type { Place, RulerLayout } from './layout';
-import type { Rectangle } from './overlap';
+import { intoPicture, type Rectangle } from './overlap';
+import { LABEL_GAP, TITLE_GAP } from './room2d';
 import { rulerTicks, type RulerTicks } from './ticks';
 
-/** As wide as the widest number of most plots. */
-const TYPICAL_NUMBER = '\u22120.000';
-const LABEL_GAP = 3;
-/** Between the widest number and the title; as near as that labels are taken to meet. */
-const TITLE_GAP = 5;
 const PER_LABEL = [75, 45] as const;
 
 /** Rulers lie before everything, lines of the grid behind. */
 const FRONT = 1.2;
 const GRID_FRONT = 1.1;
 const BACK = 0;
-
-/** The room that numbers and titles need round the drawing, in pixels. */
-export type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
-
-export function margins(
-  look: FrameLook,
-  measure: (text: string, style: TextStyle) => readonly [number, number],
-): Margins {
-  const [x, y] = look.rulers;
-  if (!look.visible || look.type === 'center') return { left: 12, right: 12, top: 12, bottom: 12 };
-  const [width, height] = measure(TYPICAL_NUMBER, look.numberStyle);
-  const slanted = (width + height) * Math.SQRT1_2;
-  const below = { horizontal: height, vertical: width, diagonal: slanted, shifted: 2 * height };
-  const left = { horizontal: width, vertical: height, diagonal: slanted, shifted: 2 * width };
-  const titleOf = ({ title, titleStyle }: RulerLook): readonly [number, number] =>
-    measure(title, titleStyle);
-  const beside = (ruler: RulerLook, numbers: number, title: number): number =>
-    !ruler.visible
-      ? 12
-      : look.tickLength +
-        (ruler.numbers ? numbers + LABEL_GAP * 2 : 0) +
-        (ruler.title === '' ? 4 : title + TITLE_GAP);
-  return {
-    left: beside(y, left[y.numberPlaces], titleOf(y)[y.titleTurned ? 1 : 0]),
-    bottom: beside(x, below[x.numberPlaces], titleOf(x)[1]),
-    right: 18,
-    top: 12,
-  };
-}
-
-/** The largest rectangle of the proportions of the box that leaves room for the margins. */
-export function plotRectangle(
-  width: number,
-  height: number,
-  space: Space,
-  room: Margins,
-): Rectangle {
-  const freeWidth = Math.max(width - room.left - room.right, 20);
-  const freeHeight = Math.max(height - room.top - room.bottom, 20);
-  const aspect = Math.min(Math.max(space.half[0] / space.half[1], 0.05), 20);
-  const w = Math.min(freeWidth, freeHeight * aspect);
-  const h = w / aspect;
-  return {
-    left: room.left + (freeWidth - w) / 2,
-    bottom: room.bottom + (freeHeight - h) / 2,
-    width: w,
-    height: h,
-  };
-}
 
 /** Where a pixel lies in the scene, as far as that is seen straight on. */
 export function fromPixels(view: View, x: number, y: number): [number, number] {
@@ -252,7 +199,19 @@ export class Rulers2d {
     const label = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle, turns);
     const anchor: [number, number] =
       axis === 0 ? [ruler.titlePlace, label.anchor[1]] : [label.anchor[0], 1 - ruler.titlePlace];
-    layout.addLabel({ ...label, anchor });
+    layout.addLabel(this.keptIn(axis, { ...label, anchor }));
+  }
+
+  /** A title that is long beside its ruler moves along it into the picture. */
+  private keptIn(axis: 0 | 1, label: Label): Label {
+    const { layout } = this;
+    const { width, height } = layout.view.size;
+    const rectangle = layout.rectangle(label);
+    const inside = intoPicture(rectangle, width, height);
+    const shift: [number, number] = [...label.shift];
+    if (axis === 0) shift[0] += inside.left - rectangle.left;
+    else shift[1] += inside.bottom - rectangle.bottom;
+    return { ...label, shift };
   }
 
   private numberExtent(axis: 0 | 1, ticks: RulerTicks): number {

@@ -2,14 +2,11 @@
 import type { Label } from '../scene/batches';
 import type { View } from '../scene/view';
 import { labelRectangle, type Measure } from './layout';
-import type { FreePlaces, Rectangle } from './overlap';
+import { intoPicture, type FreePlaces, type Rectangle } from './overlap';
 
 /** Nobody reads more labels at once. */
 const MOST_LABELS = 1_000;
 const MOST_TRIES = 10_000;
-
-/** Free room round the picture, in pixels. */
-const ROOM = 2;
 
 /** Where a label goes if its own place is taken, in widths and heights of the label. */
 const PLACES = [
@@ -34,17 +31,6 @@ export interface PlacedLabels {
 interface Seen {
   label: Label;
   pixels: readonly [number, number, number];
-}
-
-/** Moves a rectangle into the picture; one that is larger keeps its left end and its top. */
-function intoPicture(rectangle: Rectangle, width: number, height: number): Rectangle {
-  const within = (at: number, most: number): number => Math.min(Math.max(at, ROOM), most - ROOM);
-  const left = Math.max(ROOM, within(rectangle.left, width - rectangle.width));
-  const bottom = Math.min(
-    height - rectangle.height - ROOM,
-    within(rectangle.bottom, height - rectangle.height),
-  );
-  return { ...rectangle, left, bottom };
 }
 
 /** The labels whose points are in the picture, in space the nearest first. */

@@ -7,6 +7,9 @@ export interface Rectangle {
   height: number;
 }
 
+/** Free room between labels and the rim of the picture, in pixels. */
+export const RIM = 2;
+
 /** Whether two rectangles meet, or are side by side with less than a gap between them. */
 export function overlaps(a: Rectangle, b: Rectangle, gap: number): boolean {
   return (
@@ -19,6 +22,17 @@ export function overlaps(a: Rectangle, b: Rectangle, gap: number): boolean {
 
 export function isInside(a: Rectangle, width: number, height: number): boolean {
   return a.left >= 0 && a.bottom >= 0 && a.left + a.width <= width && a.bottom + a.height <= height;
+}
+
+/** Moves a rectangle into the picture; one that is larger keeps its left end and its top. */
+export function intoPicture(rectangle: Rectangle, width: number, height: number): Rectangle {
+  const within = (at: number, most: number): number => Math.min(Math.max(at, RIM), most - RIM);
+  const left = Math.max(RIM, within(rectangle.left, width - rectangle.width));
+  const bottom = Math.min(
+    height - rectangle.height - RIM,
+    within(rectangle.bottom, height - rectangle.height),
+  );
+  return { ...rectangle, left, bottom };
 }
 
 /** The side of the cells in which neighbours are looked for. */

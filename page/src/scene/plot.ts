@@ -2,7 +2,7 @@
 import { Vector3, type IUniform, type Texture } from 'three';
 import type { BackdropText, ObjectText, PanelText } from '../data/contract';
 import type { Display, Rgb } from '../javaview/model';
-import { Rulers2d, fromPixels, margins, plotRectangle } from '../rulers/axes2d';
+import { Rulers2d, fromPixels } from '../rulers/axes2d';
 import { Rulers3d } from '../rulers/axes3d';
 import { homeView, isDefaultView, upright } from '../rulers/camera';
 import { frameLook, type FrameLook } from '../rulers/frame';
@@ -10,6 +10,7 @@ import { placeLabels, type PlacedLabels } from '../rulers/labels';
 import { RulerLayout } from '../rulers/layout';
 import { applyLights } from '../rulers/lights';
 import { isInside, type Rectangle } from '../rulers/overlap';
+import { beyondPicture, fitFrame, inset, isNoRoom, margins } from '../rulers/room2d';
 import { TextAtlas } from './atlas';
 import { Backdrop } from './backdrop';
 import { glossOf, type Label, type LineData, type TextStyle } from './batches';
@@ -75,7 +76,10 @@ export class Plot {
   rectangles: readonly Rectangle[] = [];
   /** The same for those of points. */
   placed: PlacedLabels = { labels: [], rectangles: [] };
-  plotRectangle: Rectangle | undefined;
+  /** What of the picture a flat scene fills while nobody has moved it. */
+  private homeFrame: Rectangle | undefined;
+  /** What it fills in the last picture. */
+  private frame: Rectangle | undefined;
   /** The lines of the rulers in the last picture. */
   rulerLines: LineData | undefined;
   private readonly uniforms: SceneUniforms;
@@ -191,8 +195,8 @@ export class Plot {
     const width = Math.max(1, Math.round(view.size.width * pixelRatio));
     const height = Math.max(1, Math.round(view.size.height * pixelRatio));
     const rough = moving && this.isSlow;
-    this.updateUniforms(width, height, pixelRatio, rough);
     const layout = this.layOut();
+    this.updateUniforms(width, height, pixelRatio, rough);
     const rulers = layout.batches.finish();
     this.rulerLines = rulers.lines;
     const before = this.rulers;
@@ -382,8 +386,8 @@ export class Plot {
 
   private updateClipping(): void {
     const { clipMin, clipMax } = this.uniforms;
-    if (this.flat && this.plotRectangle) {
-      const { left, bottom, width, height } = this.plotRectangle;
+    if (this.frame) {
+      const { left, bottom, width, height } = this.frame;
       const [x0, y0] = fromPixels(this.view, left, bottom);
       const [x1, y1] = fromPixels(this.view, left + width, bottom + height);
       // A line along the edge is drawn in its full width.
@@ -413,11 +417,32 @@ export class Plot {
 
   /** Lays the rulers out for the view as it is. */
   private layOut(): RulerLayout {
-    const layout = new RulerLayout(this.view, (label) => this.atlas.measure(label));
-    const look = { ...this.look, visible: this.shown.axes, box: this.shown.box };
-    if (!this.flat) new Rulers3d(layout, look, this.space).draw();
-    else if (this.plotRectangle) new Rulers2d(layout, look, this.space, this.plotRectangle).draw();
+    if (this.homeFrame) return this.layOutFlat(this.homeFrame);
+    const layout = this.newLayout();
+    if (!this.flat) new Rulers3d(layout, this.shownLook, this.space).draw();
     return layout;
+  }
+
+  /** Where numbers are longer than in the home view, the frame gives way. */
+  private layOutFlat(home: Rectangle): RulerLayout {
+    const layout = this.layOutIn(home);
+    const beyond = beyondPicture(layout.rectangles, this.view.size);
+    return isNoRoom(beyond) ? layout : this.layOutIn(inset(home, beyond));
+  }
+
+  private layOutIn(frame: Rectangle): RulerLayout {
+    const layout = this.newLayout();
+    this.frame = frame;
+    new Rulers2d(layout, this.shownLook, this.space, frame).draw();
+    return layout;
+  }
+
+  private newLayout(): RulerLayout {
+    return new RulerLayout(this.view, (label) => this.atlas.measure(label));
+  }
+
+  private get shownLook(): FrameLook {
+    return { ...this.look, visible: this.shown.axes, box: this.shown.box };
   }
 
   private placeLabels(layout: RulerLayout): PlacedLabels {
@@ -471,21 +496,28 @@ export class Plot {
     return { left, bottom, width: right - left, height: top - bottom };
   }
 
-  /** Puts the box of a flat scene into its rectangle of the picture. */
+  /** Puts the box of a flat scene into the picture, so that no label is cut off. */
   private fitFlat(): void {
-    const { view, space } = this;
     const measure = (text: string, style: TextStyle): readonly [number, number] =>
       this.atlas.measure({ text, at: [0, 0, 0], style, anchor: [0, 0], shift: [0, 0], object: 0 });
-    const look = { ...this.look, visible: this.shown.axes };
-    const room = margins(look, measure);
-    const rectangle = plotRectangle(view.size.width, view.size.height, space, room);
-    this.plotRectangle = rectangle;
-    const unit = (2 * space.half[0]) / rectangle.width;
+    const room = margins(this.shownLook, measure);
+    const labelsIn = (frame: Rectangle): readonly Rectangle[] => {
+      this.showIn(frame);
+      return this.layOutIn(frame).rectangles;
+    };
+    this.homeFrame = fitFrame(this.view.size, this.space, room, labelsIn);
+    this.showIn(this.homeFrame);
+  }
+
+  /** Makes the view show the whole box in a rectangle of the picture. */
+  private showIn({ left, bottom, width, height }: Rectangle): void {
+    const { view, space } = this;
+    const unit = (2 * space.half[0]) / width;
     const state = homeView(this.display, space);
     state.span = unit * Math.min(view.size.width, view.size.height);
     state.target.set(
-      (view.size.width / 2 - rectangle.left - rectangle.width / 2) * unit,
-      (view.size.height / 2 - rectangle.bottom - rectangle.height / 2) * unit,
+      (view.size.width / 2 - left - width / 2) * unit,
+      (view.size.height / 2 - bottom - height / 2) * unit,
       0,
     );
     view.setHome(state);
