@@ -46,26 +46,37 @@ P3 mapToBox(const Bounds& bounds, const P3& point) {
           mapToRange(bounds.z, point.z)};
 }
 
-bool isConstrained(const CoordinateSystemBase& coordinateSystem) {
+Token scalingOf(const CoordinateSystemBase& coordinateSystem) {
   const Token scaling = coordinateSystem.scaling();
-  if (scaling == Word::Constrained) return true;
-  if (scaling == Word::Unconstrained) return false;
+  if (isOneOf(scaling, Word::Constrained, Word::Unconstrained)) return scaling;
   const Hints* hints = firstChildOf<Hints>(coordinateSystem);
-  return hints && hints->scaling() == Word::Constrained;
+  return hints ? hints->scaling() : Token(Word::Automatic);
+}
+
+bool isConstrained(const CoordinateSystemBase& coordinateSystem) {
+  return scalingOf(coordinateSystem) == Word::Constrained;
+}
+
+std::optional<P2> boxSides2d(const CoordinateSystemBase& coordinateSystem) {
+  const PlotElement* root = coordinateSystem.plotDocument()->documentElement();
+  if (!root || !root->hasProperty(Word::Width) || !root->hasProperty(Word::Height)) return {};
+  const P2 sides = {propertyValue<double>(*root, Word::Width),
+                    propertyValue<double>(*root, Word::Height)};
+  return sides.x > 0 && sides.y > 0 ? sides : P2{1, defaultAspect};
+}
+
+P3 boxSides3d(const SceneBase& scene) {
+  constexpr double epsilon = std::numeric_limits<double>::epsilon();
+  const P3 sides = {1, scene.yXRatio(), scene.zXRatio()};
+  return sides.y > epsilon && sides.z > epsilon ? sides : P3{1, 1, defaultAspect};
 }
 
 double writeBoxRatio2d(DisplayOutput& out, const CoordinateSystemBase& coordinateSystem,
                        const Bounds& bounds) {
   if (!bounds.isKnown2d()) return 1;
-  const PlotElement* root = coordinateSystem.plotDocument()->documentElement();
-  if (!root || !root->hasProperty(Word::Width) || !root->hasProperty(Word::Height)) return 1;
-  double width = propertyValue<double>(*root, Word::Width);
-  double height = propertyValue<double>(*root, Word::Height);
-  if (!(width > 0 && height > 0)) {
-    width = 1;
-    height = defaultAspect;
-  }
-  const double ratio = bounds.y.size() / bounds.x.size() * width / height;
+  const std::optional<P2> sides = boxSides2d(coordinateSystem);
+  if (!sides) return 1;
+  const double ratio = bounds.y.size() / bounds.x.size() * sides->x / sides->y;
   const bool constrained = isConstrained(coordinateSystem);
 
   out << "<boxRatio";
@@ -78,17 +89,11 @@ void writeBoxRatio3d(DisplayOutput& out, const SceneBase& scene,
                      const CoordinateSystemBase& coordinateSystem, const Bounds& bounds) {
   if (!bounds.isKnown3d()) return;
   const double dx = bounds.x.size();
-  double yxRatio = scene.yXRatio();
-  double zxRatio = scene.zXRatio();
-  constexpr double epsilon = std::numeric_limits<double>::epsilon();
-  if (!(yxRatio > epsilon && zxRatio > epsilon)) {
-    yxRatio = 1;
-    zxRatio = defaultAspect;
-  }
+  const P3 sides = boxSides3d(scene);
 
   out << "<boxRatio";
   out.writeShowAttribute("visible", !isConstrained(coordinateSystem));
-  out << ">1 " << dx / bounds.y.size() * yxRatio << ' ' << dx / bounds.z.size() * zxRatio
+  out << ">1 " << dx / bounds.y.size() * sides.y << ' ' << dx / bounds.z.size() * sides.z
       << "</boxRatio>\n";
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 
 #include "vantry/javaview/display_output.h"
 #include "vantry/plot/elements/coordinate_system.h"
@@ -38,8 +39,19 @@ Bounds computeBounds(const plot::CoordinateSystemBase& coordinateSystem, bool is
 /// Maps each coordinate from the range -1 to 1 onto the bounds.
 plot::P3 mapToBox(const Bounds& bounds, const plot::P3& point);
 
+/// How the axes are scaled: `Constrained`, `Unconstrained`, or `Automatic` if neither the
+/// coordinate system nor its hints say which of them.
+plot::Token scalingOf(const plot::CoordinateSystemBase& coordinateSystem);
+
 /// Whether the axes are scaled alike.
 bool isConstrained(const plot::CoordinateSystemBase& coordinateSystem);
+
+/// The proportions of a box in the plane whose axes are not scaled alike: those of the canvas. None
+/// if the root is no canvas.
+std::optional<plot::P2> boxSides2d(const plot::CoordinateSystemBase& coordinateSystem);
+
+/// The proportions of a box in space whose axes are not scaled alike; x is 1.
+plot::P3 boxSides3d(const plot::SceneBase& scene);
 
 /// Writes `<boxRatio>` and returns the ratio with which the camera sees the box: 1 if the scaling
 /// is constrained. Without a known box or a canvas as root that is 1 too, and nothing is written.

@@ -47,6 +47,17 @@ void putBackground(Json& text, const SceneBase& scene) {
       {"colors", {colorText(scene.backgroundColor()), colorText(scene.backgroundColor2())}}};
 }
 
+Json boxText(const SceneBase& scene, const CoordinateSystemBase& system, bool is2d) {
+  Json text = {{"scaling", wordText(javaview::scalingOf(system))}};
+  if (!is2d) {
+    const P3 sides = javaview::boxSides3d(scene);
+    text["sides"] = {sides.x, sides.y, sides.z};
+  } else if (const auto sides = javaview::boxSides2d(system)) {
+    text["sides"] = {sides->x, sides->y};
+  }
+  return text;
+}
+
 Json legendText(const SceneBase& scene) {
   return {{"visible", scene.legendVisible()},
           {"placement", wordText(scene.legendPlacement())},
@@ -110,6 +121,7 @@ Json sceneText(const javaview::ExportedScene& exported, std::span<const ObjectBa
   const std::string ownName = page::ownName(scene);
   Json text = {{"name", ownName.empty() ? name : ownName},
                {"axes", axesText(system, is2d)},
+               {"box", boxText(scene, system, is2d)},
                {"legend", legendText(scene)},
                {"objects", Json::array()}};
   putLine(text, scene, Word::Header, scene.headerFont(), scene.headerAlignment());

@@ -170,6 +170,23 @@ TEST(PageTest, TakesTheColourOfTheLegendFromThePrimitiveIfNoPropertyIsNamed) {
   EXPECT_EQ(shown, "#ff0000#00ff00#0000ff#0000ff");
 }
 
+TEST(PageTest, SaysHowTheBoxIsDrawn) {
+  const auto box = [](const std::string& kind, const std::string& scene, const std::string& system,
+                      const std::string& hints = "") {
+    const std::string inside =
+        "<CoordinateSystem" + kind + system + ">" + hints + "</CoordinateSystem" + kind + ">";
+    return pageOf(canvas("<Scene" + kind + scene + ">" + inside + "</Scene" + kind + ">",
+                         "Width=\"120\" Height=\"60\""))
+        .panel(0)
+        .at("box");
+  };
+  EXPECT_EQ(box("2d", "", ""), json({{"scaling", "automatic"}, {"sides", {120.0, 60.0}}}));
+  EXPECT_EQ(box("2d", "", " Scaling=\"Unconstrained\"").at("scaling"), "unconstrained");
+  EXPECT_EQ(box("2d", "", "", "<Hints Scaling=\"Constrained\"/>").at("scaling"), "constrained");
+  EXPECT_EQ(box("3d", " YXRatio=\"2\" ZXRatio=\"0.5\"", " Scaling=\"Constrained\""),
+            json({{"scaling", "constrained"}, {"sides", {1.0, 2.0, 0.5}}}));
+}
+
 TEST(PageTest, HasTheScalesOfColoursByHeight) {
   const std::string box = "<ViewingBoxYMin Val=\"-1\"/><ViewingBoxYMax Val=\"3\"/>";
   const auto curve = [](const std::string& type) {

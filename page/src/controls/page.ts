@@ -1,5 +1,11 @@
 /** The whole page: its panels in their layout, the animation, dropped files. */
-import { plainPanel, type FrameText, type PageText, type PanelText } from '../data/contract';
+import {
+  PLAIN_BOX,
+  plainPanel,
+  type FrameText,
+  type PageText,
+  type PanelText,
+} from '../data/contract';
 import type { Loader } from '../data/load';
 import { rootOf, type SceneTexts } from '../data/read';
 import type { Source } from '../data/source';
@@ -191,7 +197,8 @@ export class Page {
     const texts = this.textsOf({ model, display, runs });
     const { x, y, z } = text.axes;
     const logarithmic: Flags = [x.logarithmic, y.logarithmic, z.logarithmic];
-    const scene = await this.loader.load(texts, { runs, logarithmic, space });
+    const order = { runs, logarithmic, box: text.box, space };
+    const scene = await this.loader.load(texts, order);
     if (!scene.whole) this.message.textContent = CUT_OFF;
     return { name: model, scene };
   }
@@ -319,7 +326,7 @@ export class Page {
         const same = displays.find((other) => stem(other.name) === stem(file.name));
         const display = same ?? displays[i];
         const texts = { model: { file }, display: display && { file: display } };
-        const order = { runs: [], logarithmic: LINEAR, space: undefined };
+        const order = { runs: [], logarithmic: LINEAR, box: PLAIN_BOX, space: undefined };
         const scene = await this.loader.load(texts, order);
         const text = plainPanel(scene.title || stem(file.name), '', undefined);
         return { text, texts, content: { name: file.name, scene } };

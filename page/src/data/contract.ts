@@ -79,6 +79,15 @@ export interface AxesText {
   numbers: TextLine | undefined;
 }
 
+/** How the box of a scene is drawn if its display has no ratio for it. */
+export const SCALINGS = ['automatic', 'constrained', 'unconstrained'] as const;
+export interface BoxText {
+  /** Whether one unit is equally long on all axes. */
+  scaling: (typeof SCALINGS)[number];
+  /** The proportions of the box where that is not so, undefined for the usual ones. */
+  sides: number[] | undefined;
+}
+
 export interface ColorScale {
   min: number;
   max: number;
@@ -142,6 +151,7 @@ export interface PanelText {
   footer: TextLine | undefined;
   place: Place | undefined;
   axes: AxesText;
+  box: BoxText;
   legend: LegendText;
   objects: ObjectText[];
   /** One for each time of the animation, or just one. */
@@ -269,6 +279,18 @@ function toAxes(value: unknown): AxesText {
   };
 }
 
+function toBox(value: unknown): BoxText {
+  const record = asRecord(value);
+  const sides = asList(record.sides)
+    .map(asNumber)
+    .filter((side) => side !== undefined && side > 0);
+  const enough = sides.length === 2 || sides.length === 3;
+  return {
+    scaling: asWord(record.scaling, SCALINGS),
+    sides: enough ? (sides as number[]) : undefined,
+  };
+}
+
 function toScale(value: unknown): ColorScale | undefined {
   const record = asRecord(value);
   const min = asNumber(record.min);
@@ -358,6 +380,7 @@ function toPanel(value: unknown): PanelText {
     footer: toTextLine(record.footer),
     place: toPlace(record.place),
     axes: toAxes(record.axes),
+    box: toBox(record.box),
     legend: toLegend(record.legend),
     objects: asList(record.objects).map(toObject),
     frames: toFrames(asList(record.frames)),
@@ -395,6 +418,9 @@ export function toPageText(value: unknown): PageText {
     panels: asList(record.panels).map(toPanel),
   };
 }
+
+/** A box about which nothing is known. */
+export const PLAIN_BOX: BoxText = toBox({});
 
 /** A panel about which nothing is known but the blocks it shows. */
 export function plainPanel(name: string, model: string, display: string | undefined): PanelText {

@@ -49,7 +49,7 @@ export function margins(
 function frameIn({ width, height }: Size, space: Space, room: Margins): Rectangle {
   const freeWidth = Math.max(width - room.left - room.right, 20);
   const freeHeight = Math.max(height - room.top - room.bottom, 20);
-  const aspect = Math.min(Math.max(space.half[0] / space.half[1], 0.05), 20);
+  const aspect = space.half[0] / space.half[1];
   const w = Math.min(freeWidth, freeHeight * aspect);
   const h = w / aspect;
   return {

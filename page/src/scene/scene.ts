@@ -1,17 +1,18 @@
 /** Everything of a plot that can be made without graphics hardware: plain data, made in a worker. */
-import type { Run } from '../data/contract';
+import type { BoxText, Run } from '../data/contract';
 import type { Geometries } from '../javaview/geometries';
 import type { Display, Places } from '../javaview/model';
 import type { ReadResult } from '../javaview/reader';
 import type { SceneData } from './batches';
 import { buildScene } from './build';
-import { Space, sceneBox, type Flags, type SpaceParts } from './space';
+import { Space, ratioFor, sceneBox, type Flags, type SpaceParts } from './space';
 import { PLAIN_STYLE, type GeometryStyle } from './styles';
 
 /** How a scene is made out of its texts. */
 export interface SceneOrder {
   runs: readonly Run[];
   logarithmic: Flags;
+  box: BoxText;
   /** The space of an earlier frame, which all frames of an animation share. */
   space: SpaceParts | undefined;
 }
@@ -72,26 +73,24 @@ function isFlat(display: Display | undefined, { dimensions }: Places): boolean {
 function makeSpace(
   display: Display | undefined,
   geometries: Geometries,
-  logarithmic: Flags,
+  { logarithmic, box: text }: SceneOrder,
 ): SpaceParts {
-  return {
-    box: sceneBox(display, geometries, logarithmic),
-    ratio: display?.boxRatio,
-    flat: isFlat(display, geometries.places),
-    logarithmic,
-  };
+  const box = sceneBox(display, geometries, logarithmic);
+  const flat = isFlat(display, geometries.places);
+  const plain = { box, ratio: undefined, flat, logarithmic };
+  return { ...plain, ratio: display?.boxRatio ?? ratioFor(plain, text) };
 }
 
 /** A display of its own counts before one in the text of the model. */
 export function makeScene(
   model: ReadResult,
   displays: ReadResult | undefined,
-  { runs, logarithmic, space: given }: SceneOrder,
+  order: SceneOrder,
 ): Scene {
   const { geometries, title, whole } = model;
   const display = displays?.displays[0] ?? model.displays[0];
-  const space = given ?? makeSpace(display, geometries, logarithmic);
-  const styles = new Styles(geometries.length, runs);
+  const space = order.space ?? makeSpace(display, geometries, order);
+  const styles = new Styles(geometries.length, order.runs);
   return {
     ...buildScene(geometries, new Space(space), (i) => styles.of(i)).finish(),
     title,

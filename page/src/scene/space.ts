@@ -1,4 +1,5 @@
 /** The box of a scene and the way from the file's coordinates to those that are drawn. */
+import type { BoxText } from '../data/contract';
 import type { Geometries } from '../javaview/geometries';
 import type { Display, Range, Vector, VectorField } from '../javaview/model';
 
@@ -78,6 +79,11 @@ function rangeOf(
 /** The side of the box around a single point. */
 const SIDE_OF_POINT = 2;
 
+/** A range below this part of its numbers is one number with errors of rounding. */
+const ROUNDING = 1e-12;
+/** And so is one below this part of the widest range. */
+const NOTHING_BESIDE = 1e-14;
+
 /** The box that a display names, each axis that it leaves open filled up from the points. */
 export function sceneBox(
   display: Display | undefined,
@@ -89,7 +95,9 @@ export function sceneBox(
   const open = AXES.map((axis): Range => {
     const [low, high] = ranges[axis]!;
     if (logarithmic[axis]) return low < high ? [low, high] : [low / 2, high * 2];
-    return high - low > widest * 1e-9 ? [low, high] : [low - widest / 2, high + widest / 2];
+    const largest = Math.max(Math.abs(low), Math.abs(high));
+    const isOne = high - low <= Math.max(largest * ROUNDING, widest * NOTHING_BESIDE);
+    return isOne ? [low - widest / 2, high + widest / 2] : [low, high];
   });
   return {
     min: [open[0]![0], open[1]![0], open[2]![0]],
@@ -106,6 +114,34 @@ export interface SpaceParts {
   /** Along which axes the logarithm is drawn; there the box lies above 0. */
   logarithmic: Flags;
 }
+
+/** The lengths of the sides as they would be drawn if one unit were equally long on all axes. */
+function lengthsOf({ box, logarithmic }: SpaceParts): Vector {
+  const length = (axis: Axis): number =>
+    logarithmic[axis] ? Math.log10(box.max[axis] / box.min[axis]) : box.max[axis] - box.min[axis];
+  return [length(0), length(1), length(2)];
+}
+
+/** One unit is no longer drawn equally long if a side would be so many times as long as another. */
+const MOST_UNEQUAL = 8;
+
+const USUAL_SIDES = { flat: [3, 2], space: [1, 1, 2 / 3] };
+
+/** The ratio for a box that its display says nothing of. */
+export function ratioFor(parts: SpaceParts, { scaling, sides }: BoxText): Vector | undefined {
+  const { box, flat } = parts;
+  const drawn = AXES.slice(0, flat ? 2 : 3);
+  const equal = lengthsOf(parts).slice(0, drawn.length);
+  const isEven = Math.max(...equal) <= MOST_UNEQUAL * Math.min(...equal);
+  if (scaling === 'constrained' || (scaling === 'automatic' && isEven)) return undefined;
+  const wanted = sides?.length === drawn.length ? sides : USUAL_SIDES[flat ? 'flat' : 'space'];
+  const ratio = (axis: Axis): number =>
+    axis < drawn.length ? wanted[axis]! / (box.max[axis] - box.min[axis]) : 1;
+  return [ratio(0), ratio(1), ratio(2)];
+}
+
+/** In the plane a side is at least this part of the other: nothing is seen in a narrower one. */
+const NARROWEST = 1 / 20;
 
 /**
  * Maps the file's coordinates to drawn ones: the box is centred at the origin, its sides follow
@@ -127,12 +163,13 @@ export class Space {
     this.logarithmic = logarithmic;
     const low = AXES.map((axis) => this.measure(axis, box.min[axis]));
     const high = AXES.map((axis) => this.measure(axis, box.max[axis]));
-    const lengths = AXES.map((axis) => high[axis]! - low[axis]!);
-    const sides = AXES.map((axis) =>
-      ratio ? (box.max[axis] - box.min[axis]) * ratio[axis] : lengths[axis]!,
+    const lengths = lengthsOf(parts);
+    const asked = AXES.map((axis) =>
+      ratio ? (box.max[axis] - box.min[axis]) * ratio[axis] : lengths[axis],
     );
-    const relevant = flat ? sides.slice(0, 2) : sides;
+    const relevant = flat ? asked.slice(0, 2) : asked;
     const longest = Math.max(...relevant.filter(Number.isFinite), Number.MIN_VALUE);
+    const sides = flat ? asked.map((side) => Math.max(side, longest * NARROWEST)) : asked;
     const factor = (axis: Axis): number => (sides[axis]! * 2) / longest / lengths[axis]!;
     const middle = (axis: Axis): number => (low[axis]! + high[axis]!) / 2;
     this.scale = [factor(0), factor(1), factor(2)];
