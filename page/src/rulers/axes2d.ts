@@ -5,7 +5,7 @@ import type { View } from '../scene/view';
 import type { FrameLook, RulerLook } from './frame';
 import type { Place, RulerLayout } from './layout';
 import { intoPicture, type Rectangle } from './overlap';
-import { LABEL_GAP, TITLE_GAP } from './room2d';
+import { LABEL_GAP, TITLE_GAP, isTurned } from './room2d';
 import { rulerTicks, type RulerTicks } from './ticks';
 
 const PER_LABEL = [75, 45] as const;
@@ -195,8 +195,9 @@ export class Rulers2d {
     const extent = ruler.numbers ? this.numberExtent(axis, ticks) + TITLE_GAP : 0;
     const gap = look.tickLength + LABEL_GAP + extent;
     const outward = axis === 0 ? ([0, -1] as const) : ([-1, 0] as const);
-    const turns = axis === 1 && ruler.titleTurned ? 1 : 0;
-    const label = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle, turns);
+    const straight = layout.makeLabel(ruler.title, at, outward, gap, ruler.titleStyle);
+    const turned = axis === 1 && isTurned(ruler, layout.measure(straight)[0], layout.view.size);
+    const label = turned ? { ...straight, turns: 1 } : straight;
     const anchor: [number, number] =
       axis === 0 ? [ruler.titlePlace, label.anchor[1]] : [label.anchor[0], 1 - ruler.titlePlace];
     layout.addLabel(this.keptIn(axis, { ...label, anchor }));

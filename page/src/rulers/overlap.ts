@@ -10,13 +10,16 @@ export interface Rectangle {
 /** Free room between labels and the rim of the picture, in pixels. */
 export const RIM = 2;
 
-/** Whether two rectangles meet, or are side by side with less than a gap between them. */
+/** Lines of text are lower than their rectangles, which may overlap by so many pixels. */
+const SLACK = 2;
+
+/** Whether two texts meet, or are side by side with less than a gap between them. */
 export function overlaps(a: Rectangle, b: Rectangle, gap: number): boolean {
   return (
     a.left < b.left + b.width + gap &&
     b.left < a.left + a.width + gap &&
-    a.bottom < b.bottom + b.height &&
-    b.bottom < a.bottom + a.height
+    a.bottom < b.bottom + b.height - SLACK &&
+    b.bottom < a.bottom + a.height - SLACK
   );
 }
 

@@ -18,9 +18,17 @@ const MOST_TRIES = 4;
 /** The room that numbers and titles need round the drawing, in pixels. */
 export type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
 
+/** The widest title beside a vertical ruler, in parts of the picture; a wider one is turned. */
+const WIDEST_TITLE = 0.2;
+
+/** Whether the title of a vertical ruler runs along it. */
+export const isTurned = ({ titleTurned }: RulerLook, length: number, { width }: Size): boolean =>
+  titleTurned || length > WIDEST_TITLE * width;
+
 /** The room for numbers of the usual width, so that most pictures are alike. */
 export function margins(
   look: FrameLook,
+  size: Size,
   measure: (text: string, style: TextStyle) => readonly [number, number],
 ): Margins {
   const [x, y] = look.rulers;
@@ -38,7 +46,7 @@ export function margins(
         (ruler.numbers ? numbers + LABEL_GAP * 2 : 0) +
         (ruler.title === '' ? 4 : title + TITLE_GAP);
   return {
-    left: beside(y, left[y.numberPlaces], titleOf(y)[y.titleTurned ? 1 : 0]),
+    left: beside(y, left[y.numberPlaces], titleOf(y)[isTurned(y, titleOf(y)[0], size) ? 1 : 0]),
     bottom: beside(x, below[x.numberPlaces], titleOf(x)[1]),
     right: 18,
     top: 12,

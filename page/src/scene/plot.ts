@@ -500,7 +500,7 @@ export class Plot {
   private fitFlat(): void {
     const measure = (text: string, style: TextStyle): readonly [number, number] =>
       this.atlas.measure({ text, at: [0, 0, 0], style, anchor: [0, 0], shift: [0, 0], object: 0 });
-    const room = margins(this.shownLook, measure);
+    const room = margins(this.shownLook, this.view.size, measure);
     const labelsIn = (frame: Rectangle): readonly Rectangle[] => {
       this.showIn(frame);
       return this.layOutIn(frame).rectangles;

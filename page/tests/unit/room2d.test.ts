@@ -56,7 +56,7 @@ function fitted(type: string, ranges: Ranges, more: object = {}): Fitted {
     new Rulers2d(layout, look, space, { left, bottom, width, height }).draw();
     return layout;
   };
-  const room = margins(look, (text) => [7 * text.length, 15]);
+  const room = margins(look, SIZE, (text) => [7 * text.length, 15]);
   const frame = fitFrame(SIZE, space, room, (some) => layOut(some).rectangles);
   const { labels, rectangles } = layOut(frame);
   return { frame, texts: labels.map(({ text }) => text), rectangles };
@@ -133,4 +133,27 @@ test('a frame gives way to what reaches beyond the picture', () => {
     width: 233,
     height: 163,
   });
+});
+
+test('a horizontal title beside a ruler is turned if it would take much of the picture', () => {
+  const ranges = [
+    [0, 3],
+    [-1, 1],
+  ] as const;
+  const frameWith = (text: string): Rectangle =>
+    fitted('bndbox', ranges, { y: { turned: false, title: { text } } }).frame;
+  // Seven letters are 49 pixels, nine are 63 of 300.
+  assert.ok(frameWith('many more').left < frameWith('letters').left);
+});
+
+test('both rulers have their number at the corner where they meet', () => {
+  const { texts } = fitted(
+    'bndbox',
+    [
+      [0, 3],
+      [-1, 1],
+    ],
+    { tickLength: 4 },
+  );
+  assert.ok(texts.includes('0') && texts.includes('\u22121'), texts.join());
 });
