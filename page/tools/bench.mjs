@@ -1,16 +1,26 @@
 // Measures pages against plotly.js with the same surfaces in the same browser, and prints a table.
 //   npm run bench                            # all sizes, the medians of three runs
 //   npm run bench -- --runs=1 40000 objects  # some of them, once
-import { readFileSync, mkdirSync, mkdtempSync, rmSync, statSync, writeFileSync } from 'node:fs';
+import {
+  existsSync,
+  readFileSync,
+  mkdirSync,
+  mkdtempSync,
+  rmSync,
+  statSync,
+  writeFileSync,
+} from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { pathToFileURL } from 'node:url';
+import { clearInterval, setInterval } from 'node:timers';
 import { parseArgs } from 'node:util';
 import { build } from 'esbuild';
 import { chromium } from 'playwright-core';
 
 const ORBIT_MILLISECONDS = 5_000;
 const OPENING_MILLISECONDS = 600_000;
+const LOOK_MILLISECONDS = 20;
 
 /** A draw call with so many is one of a plot, not of its rulers. */
 const FEWEST_TRIANGLES = 1_000;
@@ -204,16 +214,43 @@ function watchDrawing({ triangles, fewest }) {
 
 const megabytes = (bytes) => bytes / 2 ** 20;
 
-/** The largest memory that the processes of a kind have had, in megabytes. */
-async function peakMemory(browser, kind) {
+/** The numbers of the processes of a kind. */
+async function processesOf(browser, kind) {
   const client = await browser.newBrowserCDPSession();
   const { processInfo } = await client.send('SystemInfo.getProcessInfo');
-  const peaks = processInfo
-    .filter(({ type }) => type === kind)
-    .map(({ id }) => /VmHWM:\s+(\d+)/.exec(readFileSync(`/proc/${id}/status`, 'utf8')))
-    .map((match) => Number(match[1]) / 1024);
-  if (peaks.length === 0) throw new Error(`the browser names no process of the kind ${kind}`);
-  return Math.max(...peaks);
+  const numbers = processInfo.filter(({ type }) => type === kind).map(({ id }) => id);
+  if (numbers.length === 0) throw new Error(`the browser names no process of the kind ${kind}`);
+  return numbers;
+}
+
+/** A line of what the system knows of a process, in megabytes. */
+function statusOf(process, name) {
+  const status = readFileSync(`/proc/${process}/status`, 'utf8');
+  return Number(new RegExp(`^${name}:\\s+(\\d+)`, 'm').exec(status)[1]) / 1024;
+}
+
+/** The most that any of the processes has that are still there. */
+const largestOf = (processes, name) =>
+  Math.max(
+    ...processes
+      .filter((process) => existsSync(`/proc/${process}`))
+      .map((process) => statusOf(process, name)),
+  );
+
+/**
+ * Watches the memory that tabs have for themselves, which is what the browser's own task manager
+ * shows: the program, which all tabs share, is not in it. The result ends this and returns the peak.
+ */
+async function watchTabs(browser) {
+  const tabs = await processesOf(browser, 'renderer');
+  let peak = 0;
+  const look = () => (peak = Math.max(peak, largestOf(tabs, 'RssAnon')));
+  const timer = setInterval(look, LOOK_MILLISECONDS);
+  return () => {
+    clearInterval(timer);
+    look();
+    return peak;
+  };
 }
 
 /** How many pictures there are by now, all of them finished, and when. */
@@ -237,9 +274,10 @@ async function orbit(page) {
   return ((after.frames - before.frames) * 1000) / (after.time - before.time);
 }
 
-const memory = async (browser) => ({
-  tab: await peakMemory(browser, 'renderer'),
-  graphics: await peakMemory(browser, 'GPU'),
+/** The most that there was in memory at a time, of whatever is shared too. */
+const residentMemory = async (browser) => ({
+  resident: largestOf(await processesOf(browser, 'renderer'), 'VmHWM'),
+  graphics: largestOf(await processesOf(browser, 'GPU'), 'VmHWM'),
 });
 
 /** Opens a page in a browser of its own and passes it on. */
@@ -254,9 +292,16 @@ async function withPage(html, folder, prepare, use) {
     const page = await browser.newPage({ viewport: { width: 800, height: 600 } });
     page.setDefaultTimeout(OPENING_MILLISECONDS);
     await prepare(page);
-    await page.goto(`file://${path}`, { timeout: OPENING_MILLISECONDS });
+    await page.goto(`file://${path}`, { waitUntil: 'commit' });
+    const peak = await watchTabs(browser);
     const used = await use(page);
-    return { ...used, ...(await memory(browser)), size: megabytes(statSync(path).size) };
+    const tab = peak();
+    return {
+      ...used,
+      tab,
+      ...(await residentMemory(browser)),
+      size: megabytes(statSync(path).size),
+    };
   } finally {
     await browser.close();
   }
@@ -289,6 +334,7 @@ const COLUMNS = [
   ['First picture s', 'first', 2],
   ['Whole picture s', 'whole', 2],
   ['Tab MB', 'tab', 0],
+  ['Resident MB', 'resident', 0],
   ['Graphics MB', 'graphics', 0],
   ['Pictures a second', 'picturesASecond', 1],
   ['Draw calls', 'calls', 0],
