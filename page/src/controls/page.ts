@@ -8,7 +8,7 @@ import {
 } from '../data/contract';
 import type { Loader } from '../data/load';
 import { rootOf, type SceneTexts } from '../data/read';
-import type { Source } from '../data/source';
+import { sizeOf, type Source } from '../data/source';
 import { checkRoot } from '../javaview/reader';
 import { brightness, hexToRgb } from '../scene/colors';
 import { Engine } from '../scene/engine';
@@ -21,6 +21,9 @@ import { Player } from './player';
 
 /** A ground that is brighter than this has dark texts. */
 const MIDDLE = 0.5;
+
+/** In bytes, packed: a mesh of some ten thousand points. */
+const LONG_TEXT = 150_000;
 
 const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255] };
 const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28] };
@@ -123,7 +126,7 @@ export class Page {
     ahead.catch(() => undefined);
     try {
       this.engine = new Engine(() => this.redraw());
-      warmUp(this.engine);
+      if (this.isLong(this.text.panels[0]!, first)) warmUp(this.engine);
     } catch {
       await this.showNumbers();
       return;
@@ -172,6 +175,12 @@ export class Page {
     }
     this.panels.push({ text, panel });
     this.area.append(panel.element);
+  }
+
+  /** Whether a text takes longer to read than the first programs to compile. */
+  private isLong({ frames }: PanelText, frame: number): boolean {
+    const source = this.blocks.get(frames[Math.min(frame, frames.length - 1)]?.model ?? '');
+    return source !== undefined && sizeOf(source) > LONG_TEXT;
   }
 
   private block(name: string): Source {

@@ -5,6 +5,10 @@ import { DifferenceDecoder } from './differences';
 /** A text that was in the page, packed as CONTRACT.md describes it, or a file. */
 export type Source = { packed: Blob } | { file: Blob };
 
+/** In bytes, as it is packed. */
+export const sizeOf = (source: Source): number =>
+  ('packed' in source ? source.packed : source.file).size;
+
 export type Bytes = Uint8Array<ArrayBuffer>;
 
 type Pieces = AsyncIterable<Bytes>;
