@@ -4,7 +4,7 @@
  */
 import { GrowingFloat32, GrowingInt8, GrowingUint32, GrowingUint8 } from '../javaview/growing';
 import type { Rgb } from '../javaview/model';
-import { coarseIndex, FINE_ENOUGH } from './coarse';
+import { coarseIndex, FINE_ENOUGH_SLOW } from './coarse';
 import type { Tip } from './styles';
 
 export type Rgba = readonly [number, number, number, number];
@@ -160,7 +160,7 @@ export class FaceBatch {
   finish(): FaceData {
     const positions = this.positions.take();
     const index = this.index.take();
-    const isLarge = !this.kind.transparent && index.length > FINE_ENOUGH * 3;
+    const isLarge = !this.kind.transparent && index.length > FINE_ENOUGH_SLOW * 3;
     return {
       kind: this.kind,
       positions,

@@ -16,6 +16,7 @@ import {
 } from 'three';
 import type { TextAtlas } from './atlas';
 import type { FaceData, Label, LineData, PointData, SceneData } from './batches';
+import { FINE_ENOUGH, FINE_ENOUGH_SLOW } from './coarse';
 import * as materials from './materials';
 import type { Lift, SceneUniforms } from './materials';
 import { sortTriangles } from './sort';
@@ -115,11 +116,17 @@ interface SortedFaces {
   index: Uint32Array;
 }
 
+/** Whether faces are drawn coarsely while the view moves. */
+const isTooFine = ({ index }: FaceData, slow: boolean): boolean =>
+  index.length > 3 * (slow ? FINE_ENOUGH_SLOW : FINE_ENOUGH);
+
 export interface DrawingKind {
   /** Whether it is of two dimensions. */
   flat: boolean;
   /** Whether something is cut off. */
   clipped: boolean;
+  /** Whether it is drawn without graphics hardware. */
+  slow: boolean;
 }
 
 export class Drawing {
@@ -139,13 +146,18 @@ export class Drawing {
     private readonly uniforms: SceneUniforms,
     private readonly atlas: TextAtlas,
     private readonly texts: IUniform<Texture | null>,
-    { flat, clipped }: DrawingKind,
+    { flat, clipped, slow }: DrawingKind,
   ) {
     this.lift = flat ? NO_LIFT : LIFT;
     materials.setTables(uniforms, data.glosses, data.lines.tips);
-    for (const faces of data.faces) this.addFaces(faces, clipped);
+    for (const faces of data.faces) this.addFaces(faces, clipped, slow);
     if (data.lines.count > 0) this.addLines(data.lines);
     if (data.points.count > 0) this.addPoints(data.points);
+  }
+
+  /** Whether there are fewer faces while the view moves. */
+  get isCoarser(): boolean {
+    return this.coarse.length > 0;
   }
 
   /** Fewer and thinner things while the view moves. */
@@ -200,12 +212,12 @@ export class Drawing {
     return thing;
   }
 
-  private addFaces(data: FaceData, clipped: boolean): void {
+  private addFaces(data: FaceData, clipped: boolean, slow: boolean): void {
     const geometry = this.keep(faceGeometry(data));
     const material = this.keep(materials.faceMaterial(this.uniforms, data.kind, clipped));
     const { kind, positions, index, coarse } = data;
     if (kind.transparent) this.sorted.push({ geometry, positions, index });
-    if (coarse) {
+    if (coarse && isTooFine(data, slow)) {
       const fine = geometry.getIndex()!;
       this.coarse.push({ geometry, fine, coarse: new BufferAttribute(coarse, 1) });
     }

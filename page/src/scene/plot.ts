@@ -14,6 +14,7 @@ import { beyondPicture, fitFrame, inset, isNoRoom, margins } from '../rulers/roo
 import { TextAtlas } from './atlas';
 import { Backdrop } from './backdrop';
 import { glossOf, type Label, type LineData, type TextStyle } from './batches';
+import { FINE_ENOUGH_SLOW } from './coarse';
 import { Drawing } from './drawing';
 import type { Engine } from './engine';
 import {
@@ -48,9 +49,6 @@ export interface Shown {
   box: boolean;
   labels: boolean;
 }
-
-/** So many triangles are drawn smoothly even while they move, whatever draws them. */
-const FAST_ENOUGH = 20_000;
 
 export type Triple = readonly [number, number, number];
 
@@ -200,7 +198,7 @@ export class Plot {
     const rulers = layout.batches.finish();
     this.rulerLines = rulers.lines;
     const before = this.rulers;
-    const kind = { flat: this.flat, clipped: false };
+    const kind = { flat: this.flat, clipped: false, slow: this.engine.slow };
     this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, kind);
     this.placed = this.placeLabels(layout);
     this.atlas.place([...this.placed.labels, ...layout.labels], pixelRatio);
@@ -234,12 +232,12 @@ export class Plot {
 
   /** Whether a rough or coarser picture is there much sooner than the whole one. */
   get isLarge(): boolean {
-    return this.isSlow || this.scene.faces.some(({ coarse }) => coarse !== undefined);
+    return this.isSlow || this.drawing.isCoarser;
   }
 
   private get isSlow(): boolean {
     const corners = this.scene.faces.reduce((sum, { index }) => sum + index.length, 0);
-    return this.engine.slow && corners > 3 * FAST_ENOUGH;
+    return this.engine.slow && corners > 3 * FINE_ENOUGH_SLOW;
   }
 
   get drawCalls(): number {
@@ -360,7 +358,7 @@ export class Plot {
   private makeDrawing(): Drawing {
     const ranges = this.display?.clip ?? [];
     const clipped = this.flat || ranges.some((range) => range !== undefined);
-    const kind = { flat: this.flat, clipped };
+    const kind = { flat: this.flat, clipped, slow: this.engine.slow };
     return new Drawing(this.scene, this.uniforms, this.atlas, this.texts, kind);
   }
 

@@ -38,7 +38,7 @@ function smallest(): SceneData {
  */
 export function warmUp(engine: Engine): void {
   const atlas = new TextAtlas();
-  const kind = { flat: false, clipped: false };
+  const kind = { flat: false, clipped: false, slow: engine.slow };
   const drawing = new Drawing(smallest(), makeUniforms(1), atlas, { value: atlas.texture }, kind);
   drawing.setLabels([LABEL], 1);
   const toEye = new Vector3(0, 0, 1);

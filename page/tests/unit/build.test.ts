@@ -232,3 +232,15 @@ test('a large surface has a coarser level, a small one has none', () => {
   assert.ok(large!.coarse!.length > 0 && large!.coarse!.length < large!.index.length / 4);
   assert.equal(build(SQUARE + faces('<f>0 1 2 3</f>')).finish().faces[0]!.coarse, undefined);
 });
+
+test('many small parts, of which a coarser level would leave out most, have none', () => {
+  const n = 150;
+  const triangles = Array.from({ length: n * n }, (_, i) => {
+    const [x, y] = [(2 * (i % n)) / n - 1, (2 * Math.floor(i / n)) / n - 1];
+    return [`${x} ${y} 0`, `${x + 0.5 / n} ${y} 0`, `${x} ${y + 0.5 / n} 0`];
+  });
+  const list = triangles.map((_, i) => `<f>${3 * i} ${3 * i + 1} ${3 * i + 2}</f>`);
+  const [parts] = build(points(...triangles.flat()) + faces(list.join(''))).finish().faces;
+  assert.equal(parts!.index.length, 3 * n * n);
+  assert.equal(parts!.coarse, undefined);
+});
