@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -11,6 +12,7 @@
 #include "zrd/option_values.h"
 #include "zrd/progress.h"
 #include "zrd/view/chrome.h"
+#include "zrd/view/interruption.h"
 #include "zrd/view/plot_page.h"
 #include "zrd/view/temporary_folder.h"
 #include "zrd/whole_output.h"
@@ -46,6 +48,7 @@ void waitUntilReady(Chrome& chrome) {
 /// The page as the bytes of a PNG.
 std::string photograph(const std::string& page, const std::string& folder,
                        const PictureSettings& settings) {
+  const Interruption interruption;
   Chrome chrome(folder);
   chrome.call("Emulation.setDeviceMetricsOverride", {{"width", settings.width},
                                                      {"height", settings.height},
@@ -72,7 +75,7 @@ void refuseOddSize(const PictureSettings& settings) {
   }
 }
 
-int drawPicture(const PictureSettings& settings) {
+int drawPicture(const PictureSettings& settings) try {
   refuseOddSize(settings);
   refuseInput(settings.output, {settings.plot});
   requireWritable(settings.output);
@@ -84,6 +87,9 @@ int drawPicture(const PictureSettings& settings) {
   const std::string picture = photograph(page, folder.path(), settings);
   writeWhole(settings.output, [&picture](std::ostream& out) { out << picture; });
   return success;
+} catch (const Interrupted& interrupted) {  // and everything is put away
+  raise(interrupted.signal);
+  return noBrowser;
 }
 
 /// Takes "1200x900".

@@ -105,6 +105,12 @@ ProgramTest::Started ProgramTest::start(const std::string& standardOutput,
   return {child, errors[0]};
 }
 
+bool ProgramTest::hasEnded(const Started& started) {
+  siginfo_t state{};
+  waitid(P_PID, static_cast<id_t>(started.process), &state, WEXITED | WNOHANG | WNOWAIT);
+  return state.si_pid != 0;
+}
+
 Outcome ProgramTest::outcomeOf(const Started& started) {
   const std::string err = drained(started.errors);
   close(started.errors);

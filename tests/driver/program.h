@@ -64,6 +64,8 @@ class ProgramTest : public testing::Test {
 
   Started start(const std::string& standardOutput, const std::vector<std::string>& arguments) const;
 
+  static bool hasEnded(const Started& started);
+
   /// Waits for the end; without the standard output.
   static Outcome outcomeOf(const Started& started);
 

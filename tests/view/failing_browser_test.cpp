@@ -2,14 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include "../zrd_command.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 /// Behind the reason why a browser cannot draw.
 const std::string browserWayOut =
@@ -95,6 +99,28 @@ TEST_F(FailingBrowser, EndsWhileItDraws) {
 TEST_F(FailingBrowser, HasToBeEndedByForce) {
   makeBrowser("trap '' TERM; exec 3<&- 4>&-; exec sleep 1000");
   EXPECT_EQ(failure(), beginning + "it has ended" + browserWayOut);
+}
+
+TEST_F(FailingBrowser, EndsWithTheProgram) {
+  makeAnsweringBrowser("*Page.navigate*) touch started ;;");
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const Started started = start("out", {"picture", "plot.zrd", "-o", "a.png"});
+    while (!exists("started") && !hasEnded(started)) std::this_thread::sleep_for(1ms);
+    kill(started.process, signal);
+    EXPECT_EQ(outcomeOf(started).signal, signal);
+    EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+    EXPECT_EQ(files(), "browser out plot.zrd started tmp");
+    fs::remove(folder_.path() / "started");
+  }
+}
+
+// As from a terminal, where a signal goes to both.
+TEST_F(FailingBrowser, IsEndedByTheSignalThatEndsTheProgram) {
+  makeAnsweringBrowser("*Page.navigate*) kill -INT $PPID; exit ;;");
+  const Outcome outcome = command({"plot.zrd", "-o", "a.png"});
+  EXPECT_EQ(outcome.signal, SIGINT);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
 }
 
 TEST_F(FailingBrowser, RefusesACall) {

@@ -3,7 +3,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/types.h>
-#include <sys/wait.h>
 
 #include <chrono>
 #include <csignal>
@@ -64,12 +63,6 @@ class Convert : public ZrdCommandTest {
   /// The permissions of a file.
   unsigned modeOf(const std::string& name) const {
     return static_cast<unsigned>(fs::status(folder_.path() / name).permissions());
-  }
-
-  static bool hasEnded(const Started& started) {
-    siginfo_t state{};
-    waitid(P_PID, static_cast<id_t>(started.process), &state, WEXITED | WNOHANG | WNOWAIT);
-    return state.si_pid != 0;
   }
 
   bool hasTemporaryFile() const { return files().find(".zrd-") != std::string::npos; }

@@ -15,6 +15,7 @@
 
 #include "vantry/base/percent_escapes.h"
 #include "zrd/commands.h"
+#include "zrd/view/interruption.h"
 #include "zrd/view/process.h"
 
 namespace vantry::zrd {
@@ -248,8 +249,10 @@ json Chrome::receive() {
     }
     searched = received_.size();
     pollfd waiting{output_, POLLIN, 0};
-    if (poll(&waiting, 1, static_cast<int>(longestSilence.count())) == 0)
-      fail("it does not answer");
+    Interruption::check();
+    const int ready = poll(&waiting, 1, static_cast<int>(longestSilence.count()));
+    if (ready == 0) fail("it does not answer");
+    if (ready < 0) continue;  // there was a signal
     const ssize_t count = ::read(output_, block.data(), block.size());
     if (count == 0) fail("it has ended");
     if (count > 0) received_.append(block.data(), static_cast<std::size_t>(count));
@@ -271,6 +274,7 @@ void Chrome::note(const json& event) const {
 }
 
 void Chrome::fail(const std::string& how) const {
+  Interruption::check();  // which may have ended the browser too
   throw Failure(noBrowser, program_ + " cannot draw the plot: " + how +
                                " (run it by hand to see why, or let the variable VANTRY_BROWSER "
                                "name another Chromium or Chrome)");

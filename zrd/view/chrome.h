@@ -7,7 +7,7 @@
 namespace vantry::zrd {
 
 /// A running browser, which is spoken to by its developer tools. All operations throw Failure if
-/// the browser fails, or answers what makes no sense. It ends with this.
+/// the browser fails, or answers what makes no sense, and Interrupted. It ends with this.
 class Chrome {
  public:
   /// Starts the browser that the environment variable VANTRY_BROWSER or CHROME names, or else the
