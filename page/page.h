@@ -77,12 +77,14 @@ class Page {
   void add(plot::PlotDocument& document, const PlotName& name);
 
   /// Adds a JVX text, with a JVD text unless that is null. They are read when the page is written,
-  /// and become part of it as they are.
+  /// and become part of it as they are; one that cannot be read to its end has write() throw
+  /// std::runtime_error.
   void add(std::istream& model, std::istream* display, const std::string& title);
 
   /// Writes the page. `pageTemplate` is what the build makes of the folder `page`: the page without
-  /// data. Throws PageError or TooManyFrames, and leaves an incomplete page behind then. Throws
-  /// std::invalid_argument for a template that has no place for data.
+  /// data, which is installed as share/vantry/template.html. Throws PageError or TooManyFrames, and
+  /// leaves an incomplete page behind then. Throws std::invalid_argument for a template that has no
+  /// place for data.
   void write(std::ostream& out, std::string_view pageTemplate, const Options& options) const;
 
  private:
