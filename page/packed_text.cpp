@@ -112,6 +112,7 @@ class PackingBuffer final : public std::streambuf {
 void writePacked(std::ostream& out, const std::function<void(std::ostream& text)>& write) {
   PackingBuffer packing(out);
   std::ostream text(&packing);
+  text.exceptions(std::ios::badbit);  // what the buffer throws passes
   write(text);
   packing.finish();
 }

@@ -1,9 +1,12 @@
 #include "vantry/page/panel.h"
 
 #include <algorithm>
+#include <array>
 #include <istream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <stdexcept>
 #include <vector>
 
 #include "vantry/javaview/jvd_writer.h"
@@ -129,8 +132,14 @@ class TextPanel final : public Panel {
   }
 
  private:
-  static std::string add(Blocks& blocks, std::istream& source) {
-    return blocks.add([&source](std::ostream& text) { text << source.rdbuf(); });
+  std::string add(Blocks& blocks, std::istream& source) const {
+    return blocks.add([&](std::ostream& text) {
+      std::array<char, std::size_t{16} * 1024> piece;
+      while (source.read(piece.data(), std::ssize(piece)) || source.gcount() > 0) {
+        text.write(piece.data(), source.gcount());
+      }
+      if (source.bad()) throw std::runtime_error(title_ + ": cannot be read");
+    });
   }
 
   std::istream& model_;

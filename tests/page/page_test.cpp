@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <istream>
 #include <sstream>
 #include <stdexcept>
+#include <streambuf>
 #include <string>
 #include <utility>
 #include <vector>
@@ -389,6 +391,33 @@ TEST(PageTest, HoldsTextsThatAreThereAlready) {
   EXPECT_EQ(read.block(1, 0, "model"), "<jvx-model>3</jvx-model>");
   EXPECT_FALSE(read.panel(1).at("frames")[0].contains("display"));
   EXPECT_FALSE(read.panel(0).contains("place"));
+}
+
+/// Breaks off after its first letters.
+class BrokenBuffer final : public std::streambuf {
+ protected:
+  int_type underflow() override {
+    if (gptr()) throw std::runtime_error("broken");
+    setg(text_.data(), text_.data(), text_.data() + text_.size());
+    return traits_type::to_int_type(text_[0]);
+  }
+
+ private:
+  std::string text_ = "<jvx-model>";
+};
+
+TEST(PageTest, TakesNoPartOfAText) {
+  BrokenBuffer buffer;
+  std::istream model(&buffer);
+  Page page;
+  page.add(model, nullptr, "a.jvx");
+  std::ostringstream out;
+  try {
+    page.write(out, smallTemplate, {});
+    FAIL();
+  } catch (const std::runtime_error& failure) {
+    EXPECT_STREQ(failure.what(), "a.jvx: cannot be read");
+  }
 }
 
 TEST(PageTest, MayHaveNoPlots) {
