@@ -30,12 +30,13 @@ export async function readScene(
   return makeScene(await readText(model, pause), displays, order);
 }
 
-/** The name of the root element, read from the beginning of a text. */
+/** The name of the root element, read from the beginning of a text; throws if there is none. */
 export async function rootOf(source: Source): Promise<string> {
   const reader = new Reader();
   for await (const piece of piecesOf(source)) {
     reader.feed(piece);
-    if (reader.root !== '') break;
+    if (reader.root !== '') return reader.root;
   }
-  return reader.root;
+  // A text that is shorter than what its encoding is found by is read at its end only.
+  return reader.finish().root;
 }
