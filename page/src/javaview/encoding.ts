@@ -2,6 +2,9 @@
 
 const HEAD = 256;
 
+/** Encodings in which each letter takes two bytes or more. */
+const WIDE = /16|32|ucs|unicode/i;
+
 /** The encoding of a text by its first bytes: a mark, the XML declaration, or UTF-8. */
 export function detectEncoding(head: Uint8Array): string {
   const [a, b, c] = head;
@@ -12,7 +15,8 @@ export function detectEncoding(head: Uint8Array): string {
   if (a === 0 && b === 0x3c) return 'utf-16be';
   const text = String.fromCharCode(...head.subarray(0, HEAD));
   const declared = /^<\?xml[^>]*?encoding\s*=\s*["']([\w.:-]+)["']/.exec(text)?.[1];
-  return declared ?? 'utf-8';
+  // A declaration that can be read byte by byte is in no such encoding, whatever it says.
+  return declared === undefined || WIDE.test(declared) ? 'utf-8' : declared;
 }
 
 /** Passes bytes on as they are if they are UTF-8, and decodes and encodes them otherwise. */

@@ -279,6 +279,7 @@ export class Scanner {
         if (this.at + 3 >= end) return false;
         if (startsWith(buffer, this.at + 1, COMMENT))
           return this.skipFrom(this.at + 4, ascii('-->'));
+        if (buffer[this.at + 1] === QUESTION) return this.skipFrom(this.at + 2, ascii('?>'));
       }
       if (byte === QUOTE || byte === APOSTROPHE) this.quote = byte;
       else if (byte === OPEN_BRACKET) this.brackets++;

@@ -184,6 +184,19 @@ test('encodings by mark and by declaration', () => {
   }
 });
 
+test('a declaration of wide letters counts for nothing in a text that has none', () => {
+  for (const encoding of ['utf-16', 'UTF-16LE', 'ISO-10646-UCS-2', 'Unicode', 'UTF-32']) {
+    const text = `<?xml version="1.0" encoding="${encoding}"?><jvx-model><title>größe</title></jvx-model>`;
+    assert.equal(readDocument(bytes(text)).title, 'größe', encoding);
+  }
+});
+
+test('an instruction in the document type may hold any letters', () => {
+  const text =
+    '<!DOCTYPE jvx-model [<?mine don\'t ]> ?><!ENTITY e "x">]><jvx-model><title>here</title></jvx-model>';
+  assert.equal(readDocument(bytes(text)).title, 'here');
+});
+
 test('a text that is cut off keeps what has come', () => {
   const whole = example('surface_smallest.jvx');
   const cut = new TextDecoder().decode(whole).indexOf('<p>1 1 1</p>');
