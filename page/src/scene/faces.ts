@@ -1,6 +1,6 @@
 /** Faces of any number of corners, and their edges. */
 import { GrowingInt32 } from '../javaview/growing';
-import type { FaceSet, Material, Rgb } from '../javaview/model';
+import type { FaceSet, LineSet, Material, PointSet, Rgb } from '../javaview/model';
 import { lookCode, withAlpha, type FaceBatch, type Gloss, type Rgba, type Tag } from './batches';
 import { colorAt, type Draft } from './draft';
 import { areaNormal, triangulate } from './polygons';
@@ -54,6 +54,11 @@ export function meanColor(colors: Uint8Array, points: readonly number[], otherwi
 }
 
 /** Shininess is a part of the sharpest, or an exponent. */
+/** Whether lines or faces have the colours of their points: if they say so, or have none. */
+export function usesPointColors(set: LineSet | FaceSet, points: PointSet): boolean {
+  return points.colors.length > 0 && (set.colorFromPoints || set.colors.length === 0);
+}
+
 function glossOfMaterial({ specular, shininess, emissive, ambient }: Material): Gloss {
   const part = (color: Rgb, most: number): [number, number, number] => [
     (color[0] / 255) * most,
@@ -292,8 +297,7 @@ export function addFaces(draft: Draft): void {
     : undefined;
   const faceColor = (face: number, corners: readonly number[]): Rgb => {
     if (!faces.showColors) return base;
-    if (faces.colors.length > 0) return colorAt(faces.colors, face, base);
-    return points.colors.length > 0 ? meanColor(points.colors, corners, base) : base;
+    return byPoints ? meanColor(points.colors, corners, base) : colorAt(faces.colors, face, base);
   };
 
   const gloss = material ? batches.glossNumber(glossOfMaterial(material)) : 0;
@@ -310,6 +314,7 @@ export function addFaces(draft: Draft): void {
           hatched: pattern > 0,
         },
   );
+  const byPoints = usesPointColors(faces, points);
   const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
   const room: number[] = [];
   for (let face = 0; face < count; face++) {

@@ -2,7 +2,7 @@
 import type { Rgb, VectorField } from '../javaview/model';
 import { withAlpha } from './batches';
 import { colorAt, type Draft } from './draft';
-import { meanColor } from './faces';
+import { meanColor, usesPointColors } from './faces';
 import { vectorEnd } from './space';
 import { LINE_STYLES } from './styles';
 
@@ -16,10 +16,10 @@ export function addLines({ geometry, style, batches, at, alpha }: Draft): void {
   const smooth = lines.showColors && lines.smoothColors && points.colors.length > 0;
   const { offsets, values } = lines.lines;
   const drawn = (point: number): boolean => point >= 0 && !Number.isNaN(at[point * 3] ?? NaN);
+  const byPoints = usesPointColors(lines, points);
   const lineColor = (line: number, a: number, b: number): Rgb => {
     if (!lines.showColors) return base;
-    if (lines.colors.length > 0) return colorAt(lines.colors, line, base);
-    return points.colors.length > 0 ? meanColor(points.colors, [a, b], base) : base;
+    return byPoints ? meanColor(points.colors, [a, b], base) : colorAt(lines.colors, line, base);
   };
   for (let line = 0; line + 1 < offsets.length; line++) {
     batches.counts.lines++;

@@ -244,3 +244,32 @@ test('many small parts, of which a coarser level would leave out most, have none
   assert.equal(parts!.index.length, 3 * n * n);
   assert.equal(parts!.coarse, undefined);
 });
+
+test('lines and faces have the colours of their points where they say so', () => {
+  const colored = SQUARE.replace(
+    '</points>',
+    '</points><colors><c>200 0 0</c><c>0 200 0</c><c>100 100 90</c></colors>',
+  );
+  const own = '<colors><c>9 9 9</c></colors>';
+  const colorsOf = (attributes: string): [number[], number[]] => {
+    const batches = build(
+      colored +
+        `<lineSet color="show" ${attributes}><lines><l>0 1</l></lines>${own}</lineSet>` +
+        faces('<f>0 1 2</f>', own, `edge="hide" color="show" ${attributes}`),
+    );
+    const { colors, index } = batches.faces[0]!;
+    const last = index.at(2) * 4;
+    return [
+      [0, 1, 2].map((k) => batches.lines.startColors.at(k)),
+      [0, 1, 2].map((k) => colors.at(last + k)),
+    ];
+  };
+  assert.deepEqual(colorsOf('colorFromPoints="show"'), [
+    [100, 100, 0],
+    [100, 100, 30],
+  ]);
+  assert.deepEqual(colorsOf(''), [
+    [9, 9, 9],
+    [9, 9, 9],
+  ]);
+});
