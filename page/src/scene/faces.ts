@@ -4,6 +4,7 @@ import type { FaceSet, LineSet, Material, PointSet, Rgb } from '../javaview/mode
 import { lookCode, withAlpha, type FaceBatch, type Gloss, type Rgba, type Tag } from './batches';
 import { colorAt, type Draft } from './draft';
 import { areaNormal, triangulate } from './polygons';
+import type { Space } from './space';
 import { FILL_PATTERNS } from './styles';
 
 const DEFAULT_FACE_COLOR: Rgb = [0, 160, 200];
@@ -80,10 +81,18 @@ function undoLightening(color: Rgb): Rgb {
   return [darker(color[0]), darker(color[1]), darker(color[2])];
 }
 
+/** The normals that the file has, as they are in the scene. */
+function givenNormals(given: Float64Array, space: Space): Float32Array {
+  const normals = new Float32Array(given.length);
+  for (let i = 0; i < given.length; i += 3) {
+    normals.set(space.normal(given[i]!, given[i + 1]!, given[i + 2]!), i);
+  }
+  return normals;
+}
+
 /** Sums of the area normals at each point, points at the same place taken together. */
-function pointNormals(faces: FaceSet, at: Float32Array, given: Float64Array): Float32Array {
+function pointNormals(faces: FaceSet, at: Float32Array): Float32Array {
   const count = at.length / 3;
-  if (given.length >= at.length) return Float32Array.from(given);
   const normals = new Float32Array(at.length);
   const same = count <= MOST_WELDED ? firstAtSamePlace(at) : undefined;
   for (let i = 0; i + 1 < faces.faces.offsets.length; i++) {
@@ -102,6 +111,11 @@ function pointNormals(faces: FaceSet, at: Float32Array, given: Float64Array): Fl
     }
   }
   return normals;
+}
+
+function normalsOf({ geometry, space, at }: Draft, faces: FaceSet): Float32Array {
+  const { normals } = geometry.points;
+  return normals.length >= at.length ? givenNormals(normals, space) : pointNormals(faces, at);
 }
 
 function firstAtSamePlace(at: Float32Array): Int32Array {
@@ -291,7 +305,7 @@ export function addFaces(draft: Draft): void {
   const given = faces.color ?? DEFAULT_FACE_COLOR;
   const base = pattern > 0 ? undoLightening(given) : given;
   const smoothColors = faces.showColors && faces.smoothColors && points.colors.length > 0;
-  const normals = material?.smooth ? pointNormals(faces, at, points.normals) : undefined;
+  const normals = material?.smooth ? normalsOf(draft, faces) : undefined;
   const pointColor = smoothColors
     ? (point: number): Rgb => colorAt(points.colors, point, base)
     : undefined;

@@ -197,6 +197,12 @@ export class Space {
   }
 
   private measure(axis: Axis, value: number): number {
+  /** A normal of a surface, of any length, as that surface is drawn. */
+  normal(x: number, y: number, z: number): [number, number, number] {
+    const [a, b, c] = this.scale;
+    return [x * b * c, y * c * a, z * a * b];
+  }
+
     return this.logarithmic[axis] ? Math.log10(value) : value;
   }
 }

@@ -273,3 +273,19 @@ test('lines and faces have the colours of their points where they say so', () =>
     [9, 9, 9],
   ]);
 });
+
+test('normals of the file follow the proportions of the box', () => {
+  const space = new Space({
+    box: { min: [-1, -1, -10], max: [1, 1, 10] },
+    ratio: [1, 1, 0.1],
+    flat: false,
+    logarithmic: LINEAR,
+  });
+  // A plane at 45 degrees in the box: it rises by 10 where x rises by 1.
+  const slope = '<pointSet dim="3"><points><p>0 0 0</p><p>1 0 10</p><p>0 1 0</p></points>';
+  const normals = `<normals>${'<n>-10 0 1</n>'.repeat(3)}</normals></pointSet>`;
+  const smooth = '<material shading="gouraud"/>';
+  const [batch] = build(slope + normals + faces('<f>0 1 2</f>') + smooth, {}, space).faces;
+  const [x, y, z] = [0, 1, 2].map((k) => batch!.normals.at(k));
+  assert.deepEqual([x, y, z], [-90, 0, 90]);
+});
