@@ -173,6 +173,10 @@ export class Geometries implements Iterable<Geometry> {
     return this.names.get(i) ?? '';
   }
 
+  isVisible(i: number): boolean {
+    return this.looks[i]!.visible;
+  }
+
   fieldsOf(i: number): VectorField[] {
     const { numbers, colors } = this.pools;
     return (this.fields.get(i) ?? []).map((field) => ({

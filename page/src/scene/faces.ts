@@ -54,12 +54,12 @@ export function meanColor(colors: Uint8Array, points: readonly number[], otherwi
   return [sum[0]! / points.length, sum[1]! / points.length, sum[2]! / points.length];
 }
 
-/** Shininess is a part of the sharpest, or an exponent. */
 /** Whether lines or faces have the colours of their points: if they say so, or have none. */
 export function usesPointColors(set: LineSet | FaceSet, points: PointSet): boolean {
   return points.colors.length > 0 && (set.colorFromPoints || set.colors.length === 0);
 }
 
+/** Shininess is a part of the sharpest, or an exponent. */
 function glossOfMaterial({ specular, shininess, emissive, ambient }: Material): Gloss {
   const part = (color: Rgb, most: number): [number, number, number] => [
     (color[0] / 255) * most,
@@ -309,6 +309,7 @@ export function addFaces(draft: Draft): void {
   const pointColor = smoothColors
     ? (point: number): Rgb => colorAt(points.colors, point, base)
     : undefined;
+  const byPoints = usesPointColors(faces, points);
   const faceColor = (face: number, corners: readonly number[]): Rgb => {
     if (!faces.showColors) return base;
     return byPoints ? meanColor(points.colors, corners, base) : colorAt(faces.colors, face, base);
@@ -328,7 +329,6 @@ export function addFaces(draft: Draft): void {
           hatched: pattern > 0,
         },
   );
-  const byPoints = usesPointColors(faces, points);
   const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
   const room: number[] = [];
   for (let face = 0; face < count; face++) {

@@ -34,7 +34,7 @@ export function layer(index: number, total: number): number {
   return (index + 1) / (total + 1);
 }
 
-/** The smallest range of the finite coordinates along an axis, for a logarithm those above 0. */
+/** The smallest range of what is seen along an axis, for a logarithm of what is above 0. */
 function rangeOfPoints(geometries: Geometries, axis: Axis, logarithmic: boolean): Range {
   let min = Infinity;
   let max = -Infinity;
@@ -45,6 +45,7 @@ function rangeOfPoints(geometries: Geometries, axis: Axis, logarithmic: boolean)
   };
   const { values, begins, ends } = geometries.places;
   for (let g = 0; g < geometries.length; g++) {
+    if (!geometries.isVisible(g)) continue;
     const [begin, end] = [begins[g]!, ends[g]!];
     for (let i = begin + axis; i < end; i += 3) take(values[i]!);
     for (const field of geometries.fieldsOf(g).filter(({ visible }) => visible)) {
@@ -196,13 +197,13 @@ export class Space {
     return [x * this.scale[0], y * this.scale[1], z * this.scale[2]];
   }
 
-  private measure(axis: Axis, value: number): number {
   /** A normal of a surface, of any length, as that surface is drawn. */
   normal(x: number, y: number, z: number): [number, number, number] {
     const [a, b, c] = this.scale;
     return [x * b * c, y * c * a, z * a * b];
   }
 
+  private measure(axis: Axis, value: number): number {
     return this.logarithmic[axis] ? Math.log10(value) : value;
   }
 }

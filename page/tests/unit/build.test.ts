@@ -289,3 +289,9 @@ test('normals of the file follow the proportions of the box', () => {
   const [x, y, z] = [0, 1, 2].map((k) => batch!.normals.at(k));
   assert.deepEqual([x, y, z], [-90, 0, 90]);
 });
+
+test('what is hidden does not widen the box', () => {
+  const far = points('100 100 100');
+  const box = sceneBox(undefined, read(`${SQUARE}</geometry><geometry visible="hide">${far}`));
+  assert.deepEqual([box.min[0], box.max[0]], [0, 1]);
+});
