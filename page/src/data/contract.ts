@@ -5,11 +5,13 @@
  */
 import {
   FILL_PATTERNS,
+  FILL_RULES,
   LINE_STYLES,
   PLAIN_TIP,
   POINT_STYLES,
   TIP_STYLES,
   type FillPatternName,
+  type FillRuleName,
   type LineStyleName,
   type PointStyleName,
   type Tip,
@@ -110,6 +112,7 @@ export interface Run {
   line: LineStyleName;
   point: PointStyleName;
   fill: FillPatternName;
+  rule: FillRuleName;
   tip: Tip;
 }
 
@@ -330,6 +333,7 @@ function toRun(value: unknown): Run {
     line: asWord(record.line, LINE_STYLES),
     point: asWord(record.point, POINT_STYLES),
     fill: asWord(record.fill, FILL_PATTERNS),
+    rule: asWord(record.rule, FILL_RULES),
     tip: toTip(record.tip),
   };
 }

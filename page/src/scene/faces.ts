@@ -3,7 +3,8 @@ import { GrowingInt32 } from '../javaview/growing';
 import type { FaceSet, LineSet, Material, PointSet, Rgb } from '../javaview/model';
 import { lookCode, withAlpha, type FaceBatch, type Gloss, type Rgba, type Tag } from './batches';
 import { colorAt, type Draft } from './draft';
-import { areaNormal, triangulate } from './polygons';
+import { crossedTriangles, type OnSide } from './crossings';
+import { areaNormal, project, triangulate } from './polygons';
 import type { Space } from './space';
 import { FILL_PATTERNS } from './styles';
 
@@ -254,22 +255,22 @@ interface Corner {
   color: Rgb;
 }
 
-const middle = (a: readonly number[], b: readonly number[]): number[] =>
-  a.map((value, i) => (value + b[i]!) / 2);
+const mix = (a: readonly number[], b: readonly number[], part: number): number[] =>
+  a.map((value, i) => value + (b[i]! - value) * part);
 
-const halfway = (a: Corner, b: Corner): Corner => ({
-  at: middle(a.at, b.at),
-  normal: middle(a.normal, b.normal),
-  color: middle(a.color, b.color) as unknown as Rgb,
+const between = (a: Corner, b: Corner, part: number): Corner => ({
+  at: mix(a.at, b.at, part),
+  normal: mix(a.normal, b.normal, part),
+  color: mix(a.color, b.color, part) as unknown as Rgb,
 });
 
 const distance = (a: Corner, b: Corner): number =>
   Math.hypot(a.at[0]! - b.at[0]!, a.at[1]! - b.at[1]!, a.at[2]! - b.at[2]!);
 
-/** Adds a transparent triangle with vertices of its own, cut in half while a side is too long. */
-function addTransparent(
+/** Adds a triangle with vertices of its own, cut in half so often while a side is too long. */
+function addApart(
   batch: FaceBatch,
-  corners: readonly [Corner, Corner, Corner],
+  corners: Triangle,
   alpha: number,
   tag: Tag,
   depth: number,
@@ -281,9 +282,9 @@ function addTransparent(
     const p = corners[longest]!;
     const q = corners[(longest + 1) % 3]!;
     const r = corners[(longest + 2) % 3]!;
-    const m = halfway(p, q);
-    addTransparent(batch, [p, m, r], alpha, tag, depth - 1);
-    addTransparent(batch, [m, q, r], alpha, tag, depth - 1);
+    const m = between(p, q, 0.5);
+    addApart(batch, [p, m, r], alpha, tag, depth - 1);
+    addApart(batch, [m, q, r], alpha, tag, depth - 1);
     return;
   }
   const [p, q, r] = corners.map(({ at, normal, color }) =>
@@ -331,13 +332,15 @@ export function addFaces(draft: Draft): void {
   );
   const opaque = new OpaqueFaces(batch, at, normals, pointColor, tag);
   const room: number[] = [];
+  /** Triangles of opaque faces that share no vertices; those of all others lie side by side. */
+  const later: Triangle[] = [];
   for (let face = 0; face < count; face++) {
     const corners = cornersOf(faces, face, at, room);
     if (corners.length === 0) continue;
     const normal = areaNormal(at, corners);
     const cut = triangulate(at, corners, normal);
     const color = faceColor(face, corners);
-    if (!transparent) {
+    if (!transparent && cut !== 'crossed') {
       opaque.add(face, corners, normal, color, cut);
       continue;
     }
@@ -349,13 +352,35 @@ export function addFaces(draft: Draft): void {
         color: pointColor?.(corner) ?? color,
       };
     });
-    const places = cut === 'fan' ? fan(full.length) : cut;
     const depth = count < 20_000 ? 12 : 0;
-    for (let i = 0; i < places.length; i += 3) {
-      const triangle = [full[places[i]!]!, full[places[i + 1]!]!, full[places[i + 2]!]!] as const;
-      addTransparent(batch, triangle, alpha, tag, depth);
+    const triangles =
+      cut === 'crossed'
+        ? crossed(full, crossedTriangles(project(at, corners, normal), style.rule))
+        : threes(full, cut === 'fan' ? fan(full.length) : cut);
+    for (const triangle of triangles) {
+      if (transparent) addApart(batch, triangle, alpha, tag, depth);
+      else later.push(triangle);
     }
   }
+  for (const triangle of later) addApart(batch, triangle, alpha, tag, 0);
+}
+
+type Triangle = readonly [Corner, Corner, Corner];
+
+const threes = (full: readonly Corner[], places: readonly number[]): Triangle[] =>
+  Array.from({ length: places.length / 3 }, (_, i) => [
+    full[places[i * 3]!]!,
+    full[places[i * 3 + 1]!]!,
+    full[places[i * 3 + 2]!]!,
+  ]);
+
+function crossed(
+  full: readonly Corner[],
+  triangles: readonly (readonly [OnSide, OnSide, OnSide])[],
+): Triangle[] {
+  const place = ({ corner, part }: OnSide): Corner =>
+    between(full[corner]!, full[(corner + 1) % full.length]!, part);
+  return triangles.map(([a, b, c]) => [place(a), place(b), place(c)]);
 }
 
 /** Pairs of numbers that have been seen, in a table that is kept half empty. */

@@ -27,6 +27,10 @@ export const FILL_PATTERNS = [
 ] as const;
 export type FillPatternName = (typeof FILL_PATTERNS)[number];
 
+/** What is within a face whose sides cross. */
+export const FILL_RULES = ['winding', 'evenOdd'] as const;
+export type FillRuleName = (typeof FILL_RULES)[number];
+
 export const TIP_STYLES = ['filled', 'open', 'closed'] as const;
 export type TipStyleName = (typeof TIP_STYLES)[number];
 
@@ -50,6 +54,7 @@ export interface GeometryStyle {
   line: LineStyleName;
   point: PointStyleName;
   fill: FillPatternName;
+  rule: FillRuleName;
   tip: Tip;
 }
 
@@ -58,5 +63,6 @@ export const PLAIN_STYLE: GeometryStyle = {
   line: 'solid',
   point: 'filledCircles',
   fill: 'solid',
+  rule: 'winding',
   tip: PLAIN_TIP,
 };

@@ -37,10 +37,11 @@ test('a face of four corners is two triangles, one of five is three', () => {
   assert.equal(build(five + faces('<f>0 1 2 3 4</f>')).faces[0]!.index.length, 9);
 });
 
-test('triangles of a hollow face stay inside it', () => {
-  // A triangle with a corner drawn inwards: a fan from the wrong corner would cover too much.
-  const hollow = points('0 0 0', '1 -1 0', '0.2 0 0', '1 1 0');
-  const { positions, index } = build(hollow + faces('<f>0 1 2 3</f>')).faces[0]!;
+/** The area of all triangles in the plane; those that overlap count twice. */
+function areaOf(inner: string, style: Partial<GeometryStyle> = {}, space = UNIT): number {
+  const batch = build(inner, style, space).faces[0];
+  if (!batch) return 0;
+  const { positions, index } = batch;
   let area = 0;
   for (let i = 0; i < index.length; i += 3) {
     const [a, b, c] = [0, 1, 2].map((k) => index.at(i + k) * 3) as [number, number, number];
@@ -48,7 +49,97 @@ test('triangles of a hollow face stay inside it', () => {
     const y = (v: number): number => positions.at(v + 1);
     area += Math.abs((x(b) - x(a)) * (y(c) - y(a)) - (x(c) - x(a)) * (y(b) - y(a))) / 2;
   }
-  assert.ok(Math.abs(area - 0.2) < 1e-6, `area ${area}`);
+  return area;
+}
+
+test('triangles of a hollow face stay inside it', () => {
+  // A triangle with a corner drawn inwards: a fan from the wrong corner would cover too much.
+  const hollow = points('0 0 0', '1 -1 0', '0.2 0 0', '1 1 0');
+  assert.ok(Math.abs(areaOf(hollow + faces('<f>0 1 2 3</f>')) - 0.2) < 1e-6);
+});
+
+/** The corners of a star of five points, drawn in one go: the middle is passed round twice. */
+const STAR = [0, 2, 4, 1, 3].map((i) => {
+  const angle = (i * 2 * Math.PI) / 5;
+  return [Math.cos(angle), Math.sin(angle)] as const;
+});
+
+/** Its area with or without the middle: ten or five triangles between it and corners of two kinds. */
+const starArea = (whole: boolean): number => {
+  const inner = Math.cos((2 * Math.PI) / 5) / Math.cos(Math.PI / 5);
+  const middle = 2.5 * inner * inner * Math.sin((2 * Math.PI) / 5);
+  const points = 5 * inner * Math.sin(Math.PI / 5) - middle;
+  return whole ? points + middle : points;
+};
+
+const all = (count: number): string =>
+  faces(`<f>${Array.from({ length: count }, (_, i) => i).join(' ')}</f>`);
+
+test('faces whose sides cross cover what is within them, by either rule', () => {
+  const star = points(...STAR.map(([x, y]) => `${x} ${y} 0`)) + all(5);
+  assert.ok(Math.abs(areaOf(star) - starArea(true)) < 1e-6, `${areaOf(star)} ${starArea(true)}`);
+  assert.ok(Math.abs(areaOf(star, { rule: 'evenOdd' }) - starArea(false)) < 1e-6);
+  // A bow: two triangles of one unit each, with no area between them as they are turned.
+  const bow = points('-1 -1 0', '1 1 0', '1 -1 0', '-1 1 0') + all(4);
+  assert.ok(Math.abs(areaOf(bow) - 2) < 1e-6);
+  // A square that is passed round twice.
+  const square = ['0 0 0', '1 0 0', '1 1 0', '0 1 0'];
+  const twice = points(...square, ...square) + all(8);
+  assert.ok(Math.abs(areaOf(twice) - 1) < 1e-6);
+  assert.equal(areaOf(twice, { rule: 'evenOdd' }), 0);
+});
+
+test('a scribble is given up in time', () => {
+  // Long sides to and fro, each of which crosses nearly all others.
+  const places = Array.from({ length: 5_000 }, (_, i) => {
+    const angle = i * 2.4;
+    return `${Math.cos(angle)} ${Math.sin(angle)} 0`;
+  });
+  const { index } = build(points(...places) + all(5_000)).faces[0]!;
+  assert.ok(index.length > 300_000 && index.length < 700_000, `${index.length}`);
+});
+
+test('a hole that a seam joins to the rim stays a hole', () => {
+  const rim = ['0 0 0', '4 0 0', '4 4 0', '0 4 0', '0 0 0'];
+  const hole = ['1 1 0', '1 3 0', '3 3 0', '3 1 0', '1 1 0'];
+  const wide = new Space({
+    box: { min: [0, 0, 0], max: [4, 4, 4] },
+    ratio: undefined,
+    flat: false,
+    logarithmic: LINEAR,
+  });
+  assert.ok(Math.abs(areaOf(points(...rim, ...hole) + all(10), {}, wide) - 3) < 1e-6);
+});
+
+test('a face that crosses itself in space has a normal and its height', () => {
+  const bow = points('-1 -1 -1', '1 1 1', '1 -1 1', '-1 1 -1') + all(4);
+  const { positions, normals, vertexCount } = build(bow).faces[0]!;
+  assert.ok(vertexCount > 0);
+  for (let i = 0; i < vertexCount; i++) {
+    assert.equal(positions.at(i * 3), positions.at(i * 3 + 2), 'in the plane where x is z');
+    const [x, y, z] = [0, 1, 2].map((k) => normals.at(i * 4 + k));
+    assert.deepEqual([Math.abs(x!), Math.abs(y!), Math.abs(z!)], [90, 0, 90]);
+  }
+});
+
+test('faces beside one whose sides cross keep their colours', () => {
+  const list = '<f>4 5 6 7</f><f>0 1 2 3</f><f>4 5 6</f><f>5 6 7</f>';
+  const colors = '<colors><c>1 0 0</c><c>2 0 0</c><c>3 0 0</c><c>4 0 0</c></colors>';
+  const places = points(
+    ...['-1 -1 0', '1 1 0', '1 -1 0', '-1 1 0'],
+    ...['0 0 1', '1 0 1', '1 1 1', '0 1 1'],
+  );
+  const batch = build(places + faces(list, colors, 'edge="hide" color="show"')).faces[0]!;
+  const seen = new Map<number, number>();
+  for (let i = 2; i < batch.index.length; i += 3) {
+    const red = batch.colors.at(batch.index.at(i) * 4);
+    seen.set(red, (seen.get(red) ?? 0) + 1);
+  }
+  assert.deepEqual(
+    [1, 3, 4].map((red) => seen.get(red)),
+    [2, 1, 1],
+  );
+  assert.ok(seen.get(2)! >= 2);
 });
 
 test('corners beyond the points are left out, faces at NaN are not drawn', () => {
