@@ -27,10 +27,28 @@ const MOST_WIDE_LINES = 250_000;
 const MOST_WIDE_LINES_MOVING = 3_000;
 
 /** The order of drawing: what is transparent after what is not, labels last. */
-const ORDER = { faces: 0, lines: 1, tips: 2, points: 3, transparent: 4, labels: 5 } as const;
+const ORDER = { faces: 0, lines: 1, tips: 2, points: 3, labels: 4 } as const;
 
 const LIFT: Lift = { lines: 0.0006, points: 0.0012, labels: 0.004 };
-const NO_LIFT: Lift = { lines: 0, points: 0, labels: 0 };
+/** Less than from one object to the next, and enough for clear points to lie on their clear line. */
+const FLAT_LIFT: Lift = { lines: 0, points: 1e-6, labels: 0 };
+
+/** Lines or points of more opacities than these are drawn in groups with that of their mean. */
+const MOST_OPACITIES = 8;
+
+/** The opacities of colours, as they are drawn: what is opaque first. */
+function opacitiesOf(colors: Uint8Array): materials.Opacity[] {
+  const seen = new Set<number>();
+  for (let i = 3; i < colors.length; i += 4) seen.add(colors[i]!);
+  const clear = [...seen].filter((opacity) => opacity < 255).sort((a, b) => b - a);
+  const size = Math.ceil(clear.length / MOST_OPACITIES);
+  const groups: materials.Opacity[] = seen.has(255) ? [materials.OPAQUE_ONLY] : [];
+  for (let i = 0; i < clear.length; i += size) {
+    const [most, least] = [clear[i]!, clear[Math.min(i + size, clear.length) - 1]!];
+    groups.push({ least, most, mean: (least + most) / 2 });
+  }
+  return groups;
+}
 
 type Drawn = Mesh | LineSegments | Points;
 
@@ -134,8 +152,8 @@ export class Drawing {
   private readonly coarse: CoarseFaces[] = [];
   private readonly sorted: SortedFaces[] = [];
   private readonly owned: { dispose(): void }[] = [];
-  private wide: Mesh | undefined;
-  private thin: LineSegments | undefined;
+  private readonly wide = new Group();
+  private readonly thin = new Group();
   private lineCount = 0;
   private labels: Mesh | undefined;
   private labelMaterial: RawShaderMaterial | undefined;
@@ -148,7 +166,7 @@ export class Drawing {
     private readonly texts: IUniform<Texture | null>,
     { flat, clipped, slow }: DrawingKind,
   ) {
-    this.lift = flat ? NO_LIFT : LIFT;
+    this.lift = flat ? FLAT_LIFT : LIFT;
     materials.setTables(uniforms, data.glosses, data.lines.tips);
     for (const faces of data.faces) this.addFaces(faces, clipped, slow);
     if (data.lines.count > 0) this.addLines(data.lines);
@@ -166,9 +184,8 @@ export class Drawing {
       geometry.setIndex(moving ? coarse : fine);
     }
     const most = moving ? MOST_WIDE_LINES_MOVING : MOST_WIDE_LINES;
-    const wide = this.lineCount <= most;
-    if (this.wide) this.wide.visible = wide;
-    if (this.thin) this.thin.visible = !wide;
+    this.wide.visible = this.lineCount <= most;
+    this.thin.visible = !this.wide.visible;
   }
 
   /** Puts transparent triangles in order for the view. */
@@ -221,37 +238,33 @@ export class Drawing {
       const fine = geometry.getIndex()!;
       this.coarse.push({ geometry, fine, coarse: new BufferAttribute(coarse, 1) });
     }
-    add(
-      this.group,
-      new Mesh(geometry, material),
-      kind.transparent ? ORDER.transparent : ORDER.faces,
-    );
+    add(this.group, new Mesh(geometry, material), ORDER.faces);
   }
 
   private addLines(data: LineData): void {
     this.lineCount = data.count;
     const quads = this.keep(instances(data, QUAD, QUAD_INDEX));
-    const wideMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, false));
-    this.wide = new Mesh(quads, wideMaterial);
-    add(this.group, this.wide, ORDER.lines);
     const segments = this.keep(sharing(quads, SEGMENT, SEGMENT_INDEX));
-    const thinMaterial = this.keep(materials.lineMaterial(this.uniforms, this.lift, true));
-    this.thin = new LineSegments(segments, thinMaterial);
-    add(this.group, this.thin, ORDER.lines);
-    if (data.tips.length > 0) {
-      const tips = this.keep(sharing(quads, TIP, TIP_INDEX));
-      add(this.group, new Mesh(tips, this.keep(this.tipMaterial())), ORDER.tips);
+    const tips = data.tips.length > 0 ? this.keep(sharing(quads, TIP, TIP_INDEX)) : undefined;
+    for (const opacity of opacitiesOf(data.endColors)) {
+      const line = (thin: boolean): RawShaderMaterial =>
+        this.keep(materials.lineMaterial(this.uniforms, this.lift, opacity, thin));
+      add(this.wide, new Mesh(quads, line(false)), ORDER.lines);
+      add(this.thin, new LineSegments(segments, line(true)), ORDER.lines);
+      if (!tips) continue;
+      const tip = this.keep(materials.tipMaterial(this.uniforms, this.lift, opacity));
+      add(this.group, new Mesh(tips, tip), ORDER.tips);
     }
+    this.group.add(this.wide, this.thin);
     this.setMoving(false);
   }
 
-  private tipMaterial(): RawShaderMaterial {
-    return materials.tipMaterial(this.uniforms, this.lift);
-  }
-
   private addPoints(data: PointData): void {
-    const material = this.keep(materials.pointMaterial(this.uniforms, this.lift));
-    add(this.group, new Points(this.keep(pointGeometry(data)), material), ORDER.points);
+    const geometry = this.keep(pointGeometry(data));
+    for (const opacity of opacitiesOf(data.colors)) {
+      const material = this.keep(materials.pointMaterial(this.uniforms, this.lift, opacity));
+      add(this.group, new Points(geometry, material), ORDER.points);
+    }
   }
 }
 

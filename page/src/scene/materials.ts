@@ -1,11 +1,14 @@
 /** Materials for the batches, over uniforms that all of one scene share. */
 import {
+  ConstantAlphaFactor,
   CustomBlending,
   DataTexture,
   DoubleSide,
   GLSL3,
+  LessDepth,
   NearestFilter,
   OneFactor,
+  OneMinusConstantAlphaFactor,
   OneMinusSrcAlphaFactor,
   RawShaderMaterial,
   RedFormat,
@@ -144,6 +147,37 @@ const COVERING: ShaderMaterialParameters = {
   blendDstAlpha: OneFactor,
 };
 
+/** What is drawn together of lines and points: opacities in 255ths, and the one they all get. */
+export interface Opacity {
+  least: number;
+  most: number;
+  mean: number;
+}
+
+export const OPAQUE_ONLY: Opacity = { least: 255, most: 255, mean: 255 };
+
+/**
+ * How lines and points are laid on what is there. Where they can be seen through, what covers a pixel
+ * is one thing and how much is seen through it another: so a line is as clear where its parts meet as
+ * elsewhere.
+ */
+function penParameters({ mean }: Opacity): ShaderMaterialParameters {
+  if (mean === 255) return COVERING;
+  return {
+    ...COVERING,
+    transparent: true,
+    depthFunc: LessDepth,
+    blendAlpha: mean / 255,
+    blendSrc: ConstantAlphaFactor,
+    blendDst: OneMinusConstantAlphaFactor,
+    blendSrcAlpha: ConstantAlphaFactor,
+  };
+}
+
+const opacityUniform = ({ least, most }: Opacity): Record<string, IUniform> => ({
+  opacities: { value: new Vector2((least - 0.5) / 255, (most + 0.5) / 255) },
+});
+
 export function faceMaterial(
   uniforms: SceneUniforms,
   kind: FaceKind,
@@ -174,34 +208,43 @@ export interface Lift {
 export function lineMaterial(
   uniforms: SceneUniforms,
   lift: Lift,
+  opacity: Opacity,
   thin: boolean,
 ): RawShaderMaterial {
   return make(
     uniforms,
     shaders.linesVertex,
     shaders.linesFragment,
-    { lift: { value: lift.lines }, thin: { value: thin } },
-    COVERING,
+    { lift: { value: lift.lines }, thin: { value: thin }, ...opacityUniform(opacity) },
+    penParameters(opacity),
   );
 }
 
-export function tipMaterial(uniforms: SceneUniforms, lift: Lift): RawShaderMaterial {
+export function tipMaterial(
+  uniforms: SceneUniforms,
+  lift: Lift,
+  opacity: Opacity,
+): RawShaderMaterial {
   return make(
     uniforms,
     shaders.tipsVertex,
     shaders.tipsFragment,
-    { lift: { value: lift.lines } },
-    COVERING,
+    { lift: { value: lift.lines }, ...opacityUniform(opacity) },
+    penParameters(opacity),
   );
 }
 
-export function pointMaterial(uniforms: SceneUniforms, lift: Lift): RawShaderMaterial {
+export function pointMaterial(
+  uniforms: SceneUniforms,
+  lift: Lift,
+  opacity: Opacity,
+): RawShaderMaterial {
   return make(
     uniforms,
     shaders.pointsVertex,
     shaders.pointsFragment,
-    { lift: { value: lift.points } },
-    COVERING,
+    { lift: { value: lift.points }, ...opacityUniform(opacity) },
+    penParameters(opacity),
   );
 }
 

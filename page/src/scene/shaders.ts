@@ -39,6 +39,12 @@ float clippedCover(vec3 at) {
 }
 `;
 
+/** Lines and points of one opacity are drawn at a time. */
+const OPACITY = `
+uniform vec2 opacities;
+bool isMeant(float opacity) { return opacity > opacities.x && opacity < opacities.y; }
+`;
+
 /** What covers less of a pixel is not drawn. */
 const COVER = `
 uniform float leastCover;
@@ -178,7 +184,7 @@ float tipLength(vec3 tip, float width) {
 `;
 
 /** Lines as rectangles with round ends; positions are divided so that what varies does so evenly. */
-export const linesVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}${TIP}
+export const linesVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${TO_PIXELS}${TIP}
 uniform float pixelsPerUnit;
 uniform float lift;
 uniform bool thin;
@@ -202,7 +208,7 @@ void main() {
   bool hasTip = style.z > 3.5;
   vDash = mod(style.z, 4.0);
   vStart = style.w * pixelsPerUnit;
-  if (!isShown(style.y) || (a.w <= 0.0 && b.w <= 0.0)) {
+  if (!isShown(style.y) || !isMeant(endColor.a) || (a.w <= 0.0 && b.w <= 0.0)) {
     gl_Position = NOWHERE;
     return;
   }
@@ -275,12 +281,12 @@ void main() {
   }
   float cover = min(clamp(inside + 0.5, 0.0, 1.0), within);
   if (cover < leastCover) discard;
-  fragColor = vec4(vColor.rgb, vColor.a * cover);
+  fragColor = vec4(vColor.rgb, cover);
 }
 `;
 
 /** Tips of arrows: triangles that face the viewer, larger than the tip by the width of its pen. */
-export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${TO_PIXELS}${TIP}
+export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${TO_PIXELS}${TIP}
 uniform float lift;
 in vec3 position;
 in vec3 start;
@@ -298,7 +304,7 @@ flat out float vPen;
 void main() {
   vec4 a = projectionMatrix * modelViewMatrix * vec4(start, 1.0);
   vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
-  if (!isShown(style.y) || style.z < 3.5 || a.w <= 0.0 || b.w <= 0.0) {
+  if (!isShown(style.y) || !isMeant(endColor.a) || style.z < 3.5 || a.w <= 0.0 || b.w <= 0.0) {
     gl_Position = NOWHERE;
     return;
   }
@@ -340,11 +346,11 @@ void main() {
   float cover = vStyle < 0.5 ? inside : vStyle < 1.5 ? min(pen - abs(toSide), toBase) : pen - abs(inside);
   float alpha = clamp(cover + 0.5, 0.0, 1.0);
   if (alpha < leastCover) discard;
-  fragColor = vec4(vColor.rgb, vColor.a * alpha);
+  fragColor = vec4(vColor.rgb, alpha);
 }
 `;
 
-export const pointsVertex = `${HEAD}${CAMERA}${VISIBILITY}
+export const pointsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}
 uniform float pixelRatio;
 uniform float lift;
 in vec3 position;
@@ -362,7 +368,7 @@ void main() {
   gl_PointSize = vRadius * 2.0 + 2.0;
   vec4 clipped = projectionMatrix * modelViewMatrix * vec4(position, 1.0);
   clipped.z -= lift * clipped.w;
-  gl_Position = isShown(tag.y) ? clipped : NOWHERE;
+  gl_Position = isShown(tag.y) && isMeant(color.a) ? clipped : NOWHERE;
 }
 `;
 
@@ -400,7 +406,7 @@ void main() {
   vec2 p = (gl_PointCoord - 0.5) * (vRadius * 2.0 + 2.0);
   float cover = clamp(0.5 - outside(p), 0.0, 1.0);
   if (cover < leastCover) discard;
-  fragColor = vec4(vColor.rgb, vColor.a * cover);
+  fragColor = vec4(vColor.rgb, cover);
 }
 `;
 

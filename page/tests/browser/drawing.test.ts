@@ -1,0 +1,128 @@
+import assert from 'node:assert/strict';
+import { after, before, test } from 'node:test';
+import type { BrowserContextOptions } from 'playwright-core';
+import { PNG } from 'pngjs';
+import type {} from '../../src/main';
+import { TestBrowser } from '../support/browser';
+import { simplePage } from '../support/compose';
+import { axes, curve, display, model } from '../support/plots';
+
+let browser: TestBrowser;
+before(async () => {
+  browser = await TestBrowser.launch();
+});
+after(() => browser.close());
+
+type Place = readonly [number, number];
+
+/** The colours at places of the file, some pixels to the right and upwards of them. */
+async function colorsAt(
+  html: string,
+  places: readonly Place[],
+  beside: Place = [0, 0],
+  options: BrowserContextOptions = {},
+): Promise<number[][]> {
+  const { page, complaints, close } = await browser.open(html, options);
+  const pixels = await page.evaluate(
+    (all) => {
+      const { view, space } = window.plotPage!.all[0]!.plot;
+      return all.map(([x, y]) => view.toPixels(...space.point(x, y, 0)));
+    },
+    places as [number, number][],
+  );
+  const { data, width, height } = PNG.sync.read(await page.screenshot());
+  assert.deepEqual(complaints, []);
+  await close();
+  return pixels.map(([x, y]) => {
+    const at = Math.floor(height - y! - beside[1]) * width + Math.floor(x! + beside[0]);
+    return [...data.subarray(at * 4, at * 4 + 3)];
+  });
+}
+
+const near = (seen: number[], expected: readonly number[], text: string): void => {
+  const off = seen.map((channel, i) => Math.abs(channel - expected[i]!));
+  assert.ok(Math.max(...off) <= 2, `${text}: ${seen.join()} in place of ${expected.join()}`);
+};
+
+const see = (part: number): string =>
+  `<material><transparency visible="show">${part}</transparency></material></geometry>`;
+
+/** A blue line in two parts. */
+const level = (y: number, transparency: number): string =>
+  curve(
+    [
+      [-0.5, y],
+      [0, y],
+      [0.5, y],
+    ],
+    { points: 'point="hide"', lines: '' },
+    { points: '', lines: '<thickness>9</thickness><color>0 0 200</color>' },
+  ).replace('</geometry>', see(transparency));
+
+const CANVAS = display(
+  axes('bndbox', 2, [
+    [-1, 1],
+    [-1, 1],
+  ]),
+);
+
+test('lines are as clear as they are said to be, where their parts meet too', async () => {
+  const clear = [0.1, 0.35, 0.6, 0.9];
+  const heights = clear.map((_, i) => 0.6 - 0.4 * i);
+  const html = simplePage(model(...clear.map((part, i) => level(heights[i]!, part))), CANVAS);
+  const along = await colorsAt(
+    html,
+    heights.map((y) => [0.25, y]),
+  );
+  const atJoint = await colorsAt(
+    html,
+    heights.map((y) => [0, y]),
+    [0, 3],
+  );
+  clear.forEach((part, i) => {
+    const light = 255 * part;
+    const expected = [light, light, 200 + 55 * part];
+    near(along[i]!, expected, `a line of ${part}`);
+    near(atJoint[i]!, expected, `a joint of ${part}`);
+  });
+});
+
+test('points are as clear as they are said to be, on a line too', async () => {
+  const points = { points: '<thickness>9</thickness><color>0 0 200</color>', lines: '' };
+  const alone = { points: '', lines: 'line="hide"' };
+  const html = simplePage(
+    model(
+      curve([[0, 0.5]], alone, points).replace('</geometry>', see(0.9)),
+      curve(
+        [
+          [-0.5, 0],
+          [0.5, 0],
+        ],
+        { points: '', lines: '' },
+        { ...points, lines: '<thickness>3</thickness><color>0 0 200</color>' },
+      ).replace('</geometry>', see(0.6)),
+    ),
+    CANVAS,
+  );
+  const [faint] = await colorsAt(html, [[0, 0.5]]);
+  near(faint!, [229.5, 229.5, 249.5], 'a point alone');
+  const [beside, over] = [
+    (await colorsAt(html, [[0.5, 0]], [0, 5]))[0]!,
+    (await colorsAt(html, [[0.5, 0]], [-4, 0]))[0]!,
+  ];
+  near(beside, [153, 153, 233], 'a point beside its line');
+  near(over, [91.8, 91.8, 219.8], 'a point over its line');
+});
+
+test('a clear line shows what it crosses', async () => {
+  const across = curve(
+    [
+      [0.25, -0.9],
+      [0.25, 0.9],
+    ],
+    { points: 'point="hide"', lines: '' },
+    { points: '', lines: '<thickness>9</thickness><color>200 0 0</color>' },
+  ).replace('</geometry>', see(0.5));
+  const [crossing] = await colorsAt(simplePage(model(level(0, 0.5), across), CANVAS), [[0.25, 0]]);
+  near(crossing!, [200 * 0.5 + 127.5 * 0.5, 127.5 * 0.5, 227.5 * 0.5], 'the crossing');
+});
