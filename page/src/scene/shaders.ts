@@ -359,13 +359,17 @@ in vec3 tag;
 out vec3 vAt;
 out vec4 vColor;
 flat out float vRadius;
+/** Half the side of the square that is drawn. */
+flat out float vReach;
 flat out float vStyle;
 void main() {
   vAt = position;
   vColor = color;
   vStyle = tag.z;
   vRadius = max(tag.x * pixelRatio, 0.6);
-  gl_PointSize = vRadius * 2.0 + 2.0;
+  bool isDiamond = vStyle > 3.5 && vStyle < 5.5;
+  vReach = vRadius * (isDiamond ? 1.25 : 1.0) + 1.0;
+  gl_PointSize = vReach * 2.0;
   vec4 clipped = projectionMatrix * modelViewMatrix * vec4(position, 1.0);
   clipped.z -= lift * clipped.w;
   gl_Position = isShown(tag.y) && isMeant(color.a) ? clipped : NOWHERE;
@@ -377,6 +381,7 @@ uniform float pixelRatio;
 in vec3 vAt;
 in vec4 vColor;
 flat in float vRadius;
+flat in float vReach;
 flat in float vStyle;
 out vec4 fragColor;
 
@@ -403,7 +408,7 @@ float outside(vec2 p) {
 
 void main() {
   clip(vAt);
-  vec2 p = (gl_PointCoord - 0.5) * (vRadius * 2.0 + 2.0);
+  vec2 p = (gl_PointCoord - 0.5) * (vReach * 2.0);
   float cover = clamp(0.5 - outside(p), 0.0, 1.0);
   if (cover < leastCover) discard;
   fragColor = vec4(vColor.rgb, cover);

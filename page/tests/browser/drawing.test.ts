@@ -126,3 +126,29 @@ test('a clear line shows what it crosses', async () => {
   const [crossing] = await colorsAt(simplePage(model(level(0, 0.5), across), CANVAS), [[0.25, 0]]);
   near(crossing!, [200 * 0.5 + 127.5 * 0.5, 127.5 * 0.5, 227.5 * 0.5], 'the crossing');
 });
+
+test('diamonds are drawn to their points', async () => {
+  const point = (x: number): string =>
+    curve(
+      [[x, 0]],
+      { points: '', lines: 'line="hide"' },
+      { points: '<thickness>20</thickness><color>0 120 0</color>', lines: '' },
+    );
+  const runs = [{ point: 'filledDiamonds' }, { point: 'diamonds' }];
+  const html = simplePage(model(point(-0.5), point(0.5)), CANVAS, {
+    frames: [{ model: 'm', display: 'd', runs }],
+  });
+  const places = [
+    [-0.5, 0],
+    [0.5, 0],
+  ] as const;
+  for (const beside of [
+    [23, 0],
+    [0, 23],
+    [-23, 0],
+    [0, -23],
+  ] as const) {
+    const tips = await colorsAt(html, places, beside);
+    for (const tip of tips) near(tip, [0, 120, 0], `a tip at ${beside.join()}`);
+  }
+});
