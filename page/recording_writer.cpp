@@ -21,6 +21,7 @@ constexpr Style styles[] = {
     {"line", Word::VerticalAsymptotesStyle, Word::Solid},
     {"point", Word::PointStyle, Word::FilledCircles},
     {"fill", Word::FillPattern, Word::Solid},
+    {"rule", Word::FillStyle, Word::Winding},
 };
 
 /// What the document says of the tips of arrows.

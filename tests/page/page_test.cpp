@@ -127,6 +127,18 @@ TEST(PageTest, SaysWhichObjectsAndStylesTheGeometriesHave) {
                            ])"));
 }
 
+TEST(PageTest, NamesTheRuleByWhichAreasAreFilled) {
+  const auto area = [](const std::string& rule) {
+    return object("<Poly2d Filled=\"1\" LinesVisible=\"0\" PointsVisible=\"0\" FillStyle=\"" +
+                  rule + "\"><P2>0 0</P2><P2>1 0</P2><P2>0 1</P2></Poly2d>");
+  };
+  const ReadPage page = pageOf(canvas(scene2d(area("EvenOdd") + area("Winding"))));
+  const json& runs = page.panel(0).at("frames")[0].at("runs");
+  ASSERT_EQ(runs.size(), 2U);
+  EXPECT_EQ(runs[0].at("rule"), "evenOdd");
+  EXPECT_FALSE(runs[1].contains("rule"));
+}
+
 TEST(PageTest, DrawsAsymptotesInTheirOwnStyle) {
   const std::string box = "<ViewingBoxYMin Val=\"0\"/><ViewingBoxYMax Val=\"1\"/>";
   const ReadPage page = pageOf(canvas(scene2d(
