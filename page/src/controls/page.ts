@@ -25,8 +25,8 @@ const MIDDLE = 0.5;
 /** In bytes, packed: a mesh of some ten thousand points. */
 const LONG_TEXT = 150_000;
 
-const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255] };
-const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28] };
+const LIGHT: Surroundings = { ink: [32, 32, 36], ground: [255, 255, 255], darkened: false };
+const DARK: Surroundings = { ink: [225, 225, 230], ground: [24, 24, 28], darkened: true };
 
 /** What the address says behind its "#". */
 export function modeOf(hash: string): Mode {
@@ -88,7 +88,7 @@ export class Page {
       return this.dark.matches && !this.mode.picture ? DARK : LIGHT;
     }
     const ground = hexToRgb(background);
-    return { ink: (brightness(ground) < MIDDLE ? DARK : LIGHT).ink, ground };
+    return { ink: (brightness(ground) < MIDDLE ? DARK : LIGHT).ink, ground, darkened: false };
   }
 
   private applyScheme(): void {

@@ -5,6 +5,7 @@ import type { Rectangle } from '../rulers/overlap';
 import { cssColor, cssFont } from '../scene/atlas';
 import {
   dashOf,
+  ON_SURFACE,
   patternOf,
   tipOf,
   type FaceData,
@@ -239,8 +240,10 @@ export function lineShapes(data: LineData, scope: Scope): Shape[] {
   for (let i = 0; i < data.count; i++) {
     const [drawnWidth, object, code, before] = data.styles.subarray(i * 4, i * 4 + 4);
     if (hidden.has(object!)) continue;
-    const start = { at: vectorAt(data.starts, i), color: rgbAt(data.startColors, i) };
-    const end = { at: vectorAt(data.ends, i), color: rgbAt(data.endColors, i) };
+    const isEdge = dashOf(code!) === ON_SURFACE;
+    const seen = (color: Rgb): Rgb => (isEdge ? color : plot.seen(color));
+    const start = { at: vectorAt(data.starts, i), color: seen(rgbAt(data.startColors, i)) };
+    const end = { at: vectorAt(data.ends, i), color: seen(rgbAt(data.endColors, i)) };
     const clipped = clipSegment(start, end, clip);
     const places = clipped && projectAll(plot, clipped);
     if (!places) continue;
@@ -340,7 +343,7 @@ export function pointShapes(data: PointData, { plot, clip, hidden, nearest }: Sc
     const place = project(plot, at);
     if (!place || !isWithin(at, clip)) continue;
     const { d, pen } = sign(style!, Math.max(radius!, 0.5));
-    const color = cssColor(rgbAt(data.colors, i));
+    const color = cssColor(plot.seen(rgbAt(data.colors, i)));
     const alpha = opacity(data.colors[i * 4 + 3]!);
     const drawn =
       pen === 0

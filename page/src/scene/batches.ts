@@ -173,10 +173,13 @@ export class FaceBatch {
   }
 }
 
+/** In the place of a dash, for solid lines that are seen before the faces that they surround. */
+export const ON_SURFACE = 3;
+
 export interface LineStyle {
   width: number;
   object: number;
-  /** 0 solid, 1 dashed, 2 dotted. */
+  /** 0 solid, 1 dashed, 2 dotted, or `ON_SURFACE`. */
   dash: number;
   /** At the end of the line, if there is one. */
   tip: Tip | undefined;

@@ -9,3 +9,15 @@ export function hexToRgb(hex: string): Rgb {
 
 /** How bright a colour is for the eye, 0 to 1. */
 export const brightness = ([r, g, b]: Rgb): number => (0.299 * r + 0.587 * g + 0.114 * b) / 255;
+
+/** What is darker than this is hard to see on a dark ground. */
+export const LEAST_BRIGHTNESS = 0.45;
+
+/** A colour that was chosen for a light ground, as near to its own as one can see it on a dark one. */
+export function lightened(color: Rgb, ink: Rgb): Rgb {
+  const missing = LEAST_BRIGHTNESS - brightness(color);
+  if (missing <= 0) return color;
+  const part = missing / (brightness(ink) - brightness(color));
+  const channel = (k: 0 | 1 | 2): number => color[k] + (ink[k] - color[k]) * part;
+  return [channel(0), channel(1), channel(2)];
+}

@@ -1,7 +1,15 @@
 /** Faces of any number of corners, and their edges. */
 import { GrowingInt32 } from '../javaview/growing';
 import type { FaceSet, LineSet, Material, PointSet, Rgb } from '../javaview/model';
-import { lookCode, withAlpha, type FaceBatch, type Gloss, type Rgba, type Tag } from './batches';
+import {
+  lookCode,
+  ON_SURFACE,
+  withAlpha,
+  type FaceBatch,
+  type Gloss,
+  type Rgba,
+  type Tag,
+} from './batches';
 import { colorAt, type Draft } from './draft';
 import { crossedTriangles, type OnSide } from './crossings';
 import { areaNormal, project, triangulate } from './polygons';
@@ -418,7 +426,8 @@ function addEdges({ geometry, style, batches, at }: Draft, faces: FaceSet): void
   const base = faces.edgeColor ?? DEFAULT_EDGE_COLOR;
   const byPoints = faces.colorEdges && points.colors.length > 0;
   const seen = new PairSet(faces.faces.values.length);
-  const lineStyle = { width, object: style.object, dash: 0, tip: undefined };
+  const dash = faces.visible ? ON_SURFACE : 0;
+  const lineStyle = { width, object: style.object, dash, tip: undefined };
   for (let face = 0; face + 1 < faces.faces.offsets.length; face++) {
     const corners = cornersOf(faces, face, at);
     for (let i = 0; i < corners.length; i++) {

@@ -59,6 +59,8 @@ export interface SceneUniforms extends Record<string, IUniform> {
   shownObjects: IUniform<DataTexture>;
   thin: IUniform<boolean>;
   leastCover: IUniform<number>;
+  /** That of the surroundings, whose fourth number is 1 if dark colours are made lighter. */
+  ink: IUniform<Vector4>;
 }
 
 const FAR = 1e9;
@@ -89,6 +91,7 @@ export function makeUniforms(objects: number): SceneUniforms {
     shownObjects: { value: makeVisibility(objects) },
     thin: { value: false },
     leastCover: { value: LEAST_COVER },
+    ink: { value: new Vector4() },
   };
 }
 

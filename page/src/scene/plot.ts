@@ -15,6 +15,7 @@ import { TextAtlas } from './atlas';
 import { Backdrop } from './backdrop';
 import { glossOf, type Label, type LineData, type TextStyle } from './batches';
 import { FINE_ENOUGH_SLOW } from './coarse';
+import { lightened } from './colors';
 import { Drawing } from './drawing';
 import type { Engine } from './engine';
 import {
@@ -32,6 +33,8 @@ import { View, sameView, type Size } from './view';
 export interface Surroundings {
   ink: Rgb;
   ground: Rgb;
+  /** Whether the ground is dark by the reader's choice, not by that of the plot. */
+  darkened: boolean;
 }
 
 export interface Hit {
@@ -200,11 +203,12 @@ export class Plot {
     const before = this.rulers;
     const kind = { flat: this.flat, clipped: false, slow: this.engine.slow };
     this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, kind);
-    this.placed = this.placeLabels(layout);
-    this.atlas.place([...this.placed.labels, ...layout.labels], pixelRatio);
+    const { labels, rectangles } = this.placeLabels(layout);
+    this.placed = { labels: labels.map((label) => this.seenLabel(label)), rectangles };
+    this.labels = layout.labels.map((label) => this.seenLabel(label));
+    this.atlas.place([...this.placed.labels, ...this.labels], pixelRatio);
     this.drawing.setLabels(this.placed.labels, pixelRatio);
-    this.rulers.setLabels(layout.labels, pixelRatio);
-    this.labels = layout.labels;
+    this.rulers.setLabels(this.labels, pixelRatio);
     this.rectangles = layout.rectangles;
     this.drawing.setMoving(moving);
     this.sort();
@@ -247,6 +251,20 @@ export class Plot {
   /** The colour behind everything. */
   get ground(): Rgb {
     return this.background ?? this.surroundings.ground;
+  }
+
+  /** A colour of a line, a point or a text as it is seen. */
+  seen(color: Rgb): Rgb {
+    return this.isDarkened ? lightened(color, this.surroundings.ink) : color;
+  }
+
+  private get isDarkened(): boolean {
+    return this.surroundings.darkened && !this.background && !this.backdropText;
+  }
+
+  private seenLabel(label: Label): Label {
+    const { style } = label;
+    return { ...label, style: { ...style, color: this.seen(style.color) } };
   }
 
   /** The colour that light gives to a place, for drawings that are not made by the hardware. */
@@ -378,6 +396,8 @@ export class Plot {
       uniforms.pixelsPerUnit.value = pixelRatio / view.unitsPerPixel;
       uniforms.viewDirection.value.copy(view.state.toEye).negate();
       uniforms.parallel.value = view.state.field === 0;
+      const [r, g, b] = this.surroundings.ink;
+      uniforms.ink.value.set(r / 255, g / 255, b / 255, this.isDarkened ? 1 : 0);
     }
     this.updateClipping();
   }

@@ -1,5 +1,6 @@
 /** The programs that draw faces, lines, points and labels. Colours are drawn as the file has them. */
 import { MOST_GLOSSES, MOST_TIPS } from './batches';
+import { LEAST_BRIGHTNESS } from './colors';
 
 export const MOST_LIGHTS = 12;
 
@@ -43,6 +44,17 @@ float clippedCover(vec3 at) {
 const OPACITY = `
 uniform vec2 opacities;
 bool isMeant(float opacity) { return opacity > opacities.x && opacity < opacities.y; }
+`;
+
+/** Colours of lines and points, made lighter where the reader has a dark ground and the plot none. */
+const READABLE = `
+uniform vec4 ink;
+vec3 readable(vec3 color) {
+  const vec3 EYE = vec3(0.299, 0.587, 0.114);
+  float missing = ${LEAST_BRIGHTNESS.toFixed(2)} - dot(color, EYE);
+  if (ink.a < 0.5 || missing <= 0.0) return color;
+  return mix(color, ink.rgb, missing / dot(ink.rgb - color, EYE));
+}
 `;
 
 /** What covers less of a pixel is not drawn. */
@@ -184,7 +196,7 @@ float tipLength(vec3 tip, float width) {
 `;
 
 /** Lines as rectangles with round ends; positions are divided so that what varies does so evenly. */
-export const linesVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${TO_PIXELS}${TIP}
+export const linesVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${READABLE}${TO_PIXELS}${TIP}
 uniform float pixelsPerUnit;
 uniform float lift;
 uniform bool thin;
@@ -207,6 +219,8 @@ void main() {
   vec4 b = projectionMatrix * modelViewMatrix * vec4(end, 1.0);
   bool hasTip = style.z > 3.5;
   vDash = mod(style.z, 4.0);
+  bool onSurface = vDash > 2.5;
+  if (onSurface) vDash = 0.0;
   vStart = style.w * pixelsPerUnit;
   if (!isShown(style.y) || !isMeant(endColor.a) || (a.w <= 0.0 && b.w <= 0.0)) {
     gl_Position = NOWHERE;
@@ -243,6 +257,7 @@ void main() {
     pixels += vec2(-direction.y, direction.x) * position.y * reach;
   }
   vColor = atEnd ? endColor : startColor;
+  if (!onSurface) vColor.rgb = readable(vColor.rgb);
   vAt = mix(start, end, atEnd ? to : from);
   vPlace = vec2(atEnd ? length + reach : -reach, position.y * reach);
   vLength = length;
@@ -286,7 +301,7 @@ void main() {
 `;
 
 /** Tips of arrows: triangles that face the viewer, larger than the tip by the width of its pen. */
-export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${TO_PIXELS}${TIP}
+export const tipsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${READABLE}${TO_PIXELS}${TIP}
 uniform float lift;
 in vec3 position;
 in vec3 start;
@@ -323,7 +338,7 @@ void main() {
   vPlace.y = (vPlace.x + ahead) * tip.z * position.y;
   vec2 pixels = point - direction * vPlace.x + vec2(-direction.y, direction.x) * vPlace.y;
   vAt = end;
-  vColor = endColor;
+  vColor = vec4(readable(endColor.rgb), endColor.a);
   gl_Position = vec4(pixels / viewport * 2.0 - 1.0, b.z / b.w - lift, 1.0);
 }
 `;
@@ -350,7 +365,7 @@ void main() {
 }
 `;
 
-export const pointsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}
+export const pointsVertex = `${HEAD}${CAMERA}${VISIBILITY}${OPACITY}${READABLE}
 uniform float pixelRatio;
 uniform float lift;
 in vec3 position;
@@ -364,7 +379,7 @@ flat out float vReach;
 flat out float vStyle;
 void main() {
   vAt = position;
-  vColor = color;
+  vColor = vec4(readable(color.rgb), color.a);
   vStyle = tag.z;
   vRadius = max(tag.x * pixelRatio, 0.6);
   bool isDiamond = vStyle > 3.5 && vStyle < 5.5;

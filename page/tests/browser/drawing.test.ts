@@ -152,3 +152,61 @@ test('diamonds are drawn to their points', async () => {
     for (const tip of tips) near(tip, [0, 120, 0], `a tip at ${beside.join()}`);
   }
 });
+
+test('dark lines, points and labels are seen on the dark ground of the reader', async () => {
+  const across = (y: number, color: string): string =>
+    curve(
+      [
+        [-0.9, y],
+        [0.9, y],
+      ],
+      { points: '', lines: '' },
+      {
+        points: `<thickness>6</thickness><color>${color}</color>`,
+        lines: `<thickness>5</thickness><color>${color}</color>`,
+      },
+    );
+  const named =
+    '<geometry><pointSet dim="2" point="hide"><points><p name="\u2588\u2588\u2588">0 -0.8</p>' +
+    '<labelAtt visible="show" horAlign="center" verAlign="middle"><size>20</size>' +
+    '<color>0 0 0</color></labelAtt></points></pointSet></geometry>';
+  const text = model(across(0.5, '0 0 0'), across(0, '0 0 120'), across(-0.5, '255 200 0'), named);
+  const places = [
+    [0, 0.5],
+    [0, 0],
+    [0, -0.5],
+    [0.9, 0.5],
+    [0, -0.8],
+  ] as const;
+  const colors = (background: string): Promise<number[][]> =>
+    colorsAt(
+      simplePage(text, CANVAS.replace('</display>', `${background}</display>`)),
+      places,
+      [0, 0],
+      { colorScheme: 'dark' },
+    );
+  const [black, blue, yellow, point, label] = await colors('');
+  // As bright as 45 percent of white, on the way to the ink of the page.
+  near(black!, [114.5, 114.5, 117], 'black');
+  near(point!, black!, 'a black point');
+  near(label!, black!, 'a black label');
+  near(blue!, [107.3, 107.3, 172.5], 'blue');
+  near(yellow!, [255, 200, 0], 'yellow');
+  const own = await colors('<background><color>255 255 255</color></background>');
+  near(own[0]!, [0, 0, 0], 'black on the ground of the plot');
+  near(own[1]!, [0, 0, 120], 'blue on the ground of the plot');
+});
+
+test('edges keep their colour before their faces, whatever the ground', async () => {
+  const square =
+    '<geometry><pointSet dim="2" point="hide"><points><p>-0.5 -0.5</p><p>0.5 -0.5</p>' +
+    '<p>0.5 0.5</p><p>-0.5 0.5</p></points></pointSet><faceSet edge="show"><faces><f>0 1 2 3</f>' +
+    '<color>250 250 90</color></faces><edges><thickness>5</thickness><color>0 0 0</color></edges>' +
+    '</faceSet></geometry>';
+  const edge = async (jvx: string): Promise<number[]> =>
+    (
+      await colorsAt(simplePage(model(jvx), CANVAS), [[0, -0.5]], [0, 0], { colorScheme: 'dark' })
+    )[0]!;
+  near(await edge(square), [0, 0, 0], 'before a face');
+  near(await edge(square.replace('edge=', 'face="hide" edge=')), [114.5, 114.5, 117], 'alone');
+});
