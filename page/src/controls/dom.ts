@@ -27,17 +27,27 @@ export function element<K extends keyof HTMLElementTagNameMap>(
 
 const SVG = 'http://www.w3.org/2000/svg';
 
-/** A drawing of strokes in a square of 24 units. */
-export function icon(path: string): SVGSVGElement {
-  const svg = document.createElementNS(SVG, 'svg');
-  svg.setAttribute('viewBox', '0 0 24 24');
-  svg.setAttribute('aria-hidden', 'true');
-  svg.setAttribute('focusable', 'false');
-  const line = document.createElementNS(SVG, 'path');
-  line.setAttribute('d', path);
-  svg.append(line);
-  return svg;
+/** An element of a drawing; attributes that are undefined are left out. */
+export function shape<K extends keyof SVGElementTagNameMap>(
+  tag: K,
+  attributes: Record<string, string | number | undefined>,
+  ...children: (SVGElement | undefined)[]
+): SVGElementTagNameMap[K] {
+  const made = document.createElementNS(SVG, tag);
+  for (const [name, value] of Object.entries(attributes)) {
+    if (value !== undefined) made.setAttribute(name, String(value));
+  }
+  made.append(...children.filter((child) => child !== undefined));
+  return made;
 }
+
+/** A drawing that says nothing that a text beside it does not say. */
+export const drawing = (viewBox: string, ...children: (SVGElement | undefined)[]): SVGSVGElement =>
+  shape('svg', { viewBox, 'aria-hidden': 'true', focusable: 'false' }, ...children);
+
+/** A drawing of strokes in a square of 24 units. */
+export const icon = (path: string): SVGSVGElement =>
+  drawing('0 0 24 24', shape('path', { d: path }));
 
 export const ICONS = {
   reset: 'M4 11 12 4l8 7M6 10v10h12V10',

@@ -1,8 +1,10 @@
-/** The legend: a swatch and a text for each object that has one, and scales of colours. */
+/** The legend: a mark and a text for each object that has one, and scales of colours. */
 import type { ColorScale, LegendText, ObjectText } from '../data/contract';
 import { formatTick } from '../rulers/ticks';
 import { cssFont } from '../scene/atlas';
+import type { Mark } from '../scene/marks';
 import { element } from './dom';
+import { makeMark } from './mark';
 
 const MOST_ENTRIES = 100;
 
@@ -19,27 +21,33 @@ function makeScale(scale: ColorScale): HTMLElement {
   );
 }
 
-function makeEntry(object: ObjectText): HTMLElement {
-  const swatch = element('span', { class: 'swatch' });
-  if (object.color !== undefined) swatch.style.background = object.color;
+function makeEntry(object: ObjectText, mark: Mark | undefined): HTMLElement {
   return element(
     'li',
     {},
-    object.scale ? makeScale(object.scale) : swatch,
+    object.scale ? makeScale(object.scale) : makeMark(mark, object.color),
     element('span', { text: object.legend ?? object.name }),
   );
+}
+
+/** The numbers of the objects that a legend has entries of. */
+export function legendEntries(objects: readonly ObjectText[]): number[] {
+  return objects
+    .flatMap((object, i) => (object.legend !== undefined || object.scale ? [i] : []))
+    .slice(0, MOST_ENTRIES);
 }
 
 export function makeLegend(
   text: LegendText,
   objects: readonly ObjectText[],
+  marks: ReadonlyMap<number, Mark>,
 ): HTMLElement | undefined {
-  const entries = objects.filter((object) => object.legend !== undefined || object.scale);
+  const entries = legendEntries(objects);
   if (!text.visible || entries.length === 0) return undefined;
   const list = element(
     'ul',
     { class: `legend ${text.align}`, attributes: { 'aria-label': 'Legend' } },
-    ...entries.slice(0, MOST_ENTRIES).map(makeEntry),
+    ...entries.map((i) => makeEntry(objects[i]!, marks.get(i))),
   );
   if (text.font) list.style.font = cssFont({ ...text.font, color: [0, 0, 0] }, 1);
   return list;

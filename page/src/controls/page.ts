@@ -16,6 +16,7 @@ import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
 import { warmUp } from '../scene/warm';
 import { button, element } from './dom';
+import { legendEntries } from './legend';
 import { Panel, textLine, type Mode } from './panel';
 import { Player } from './player';
 
@@ -206,7 +207,8 @@ export class Page {
     const texts = this.textsOf({ model, display, runs });
     const { x, y, z } = text.axes;
     const logarithmic: Flags = [x.logarithmic, y.logarithmic, z.logarithmic];
-    const order = { runs, logarithmic, box: text.box, space };
+    const marked = legendEntries(text.objects);
+    const order = { runs, logarithmic, box: text.box, marked, space };
     const scene = await this.loader.load(texts, order);
     if (!scene.whole) this.message.textContent = CUT_OFF;
     return { name: model, scene };
@@ -335,7 +337,13 @@ export class Page {
         const same = displays.find((other) => stem(other.name) === stem(file.name));
         const display = same ?? displays[i];
         const texts = { model: { file }, display: display && { file: display } };
-        const order = { runs: [], logarithmic: LINEAR, box: PLAIN_BOX, space: undefined };
+        const order = {
+          runs: [],
+          logarithmic: LINEAR,
+          box: PLAIN_BOX,
+          marked: [],
+          space: undefined,
+        };
         const scene = await this.loader.load(texts, order);
         const text = plainPanel(scene.title || stem(file.name), '', undefined);
         return { text, texts, content: { name: file.name, scene } };

@@ -80,7 +80,7 @@ export class Panel {
       this.tip,
       this.pinned,
     );
-    const legend = makeLegend(text.legend, this.plot.objects);
+    const legend = makeLegend(text.legend, this.plot.objects, content.scene.marks);
     const above = text.legend.placement === 'top';
     this.element = element(
       'section',

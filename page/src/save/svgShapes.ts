@@ -16,6 +16,7 @@ import {
 import type { Plot } from '../scene/plot';
 import { tipLength, type Tip } from '../scene/styles';
 import { between, clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
+import { dashLengths, sign } from './signs';
 import { escape, short, tag, type Definitions } from './svgText';
 
 export interface Shape {
@@ -219,18 +220,13 @@ function areaShape(
   };
 }
 
-/** How long a line is drawn and not drawn, in widths of it, as on the screen. */
-const DASHES = [undefined, [5, 3], [1.2, 1.8]] as const;
-
 function dashes(dash: number, width: number, before: number): Record<string, string | number> {
-  const lengths = DASHES[dash];
+  const lengths = dashLengths(dash, width);
   if (!lengths) return {};
-  const unit = Math.max(width, 1.5);
-  const period = (lengths[0] + lengths[1]) * unit;
   return {
     'stroke-linecap': 'butt',
-    'stroke-dasharray': lengths.map((length) => short(length * unit)).join(' '),
-    'stroke-dashoffset': before % period,
+    'stroke-dasharray': lengths.map(short).join(' '),
+    'stroke-dashoffset': before % (lengths[0] + lengths[1]),
   };
 }
 
@@ -313,25 +309,6 @@ function tipElement(
   if (tip.style === 'filled') return tag('polygon', { points, fill: color, 'fill-opacity': alpha });
   const pen = { fill: 'none', stroke: color, 'stroke-width': width, 'stroke-opacity': alpha };
   return tag(tip.style === 'open' ? 'polyline' : 'polygon', { points, ...pen });
-}
-
-/** The paths of the signs of points round the origin, by the place in the list of names. */
-function sign(style: number, radius: number): { d: string; pen: number } {
-  const pen = Math.max(1.4, radius * 0.36);
-  const hollow = style < 6 && style % 2 === 1;
-  const r = hollow ? Math.max(radius - pen / 2, 0.1) : radius;
-  const drawn = hollow || style >= 6 ? pen : 0;
-  const s = short(r * 0.886);
-  const e = short(r * 1.25);
-  const c = short(r);
-  const t = short(r * Math.SQRT1_2);
-  const upright = `M-${c} 0H${c}M0-${c}V${c}`;
-  const slanted = `M-${t}-${t}L${t} ${t}M-${t} ${t}L${t}-${t}`;
-  const circle = `M-${c} 0a${c} ${c} 0 1 1 ${short(2 * r)} 0a${c} ${c} 0 1 1-${short(2 * r)} 0z`;
-  const square = `M-${s}-${s}H${s}V${s}H-${s}z`;
-  const diamond = `M0-${e}L${e} 0L0 ${e}L-${e} 0z`;
-  const paths = [circle, circle, square, square, diamond, diamond, upright, slanted];
-  return { d: paths[style] ?? upright + slanted, pen: drawn };
 }
 
 export function pointShapes(data: PointData, { plot, clip, hidden, nearest }: Scope): Shape[] {

@@ -1,6 +1,8 @@
 /** Elements of SVG as text, and the patterns and gradients that they refer to. */
 import type { Rgb } from '../javaview/model';
 import { cssColor } from '../scene/atlas';
+import { FILL_PATTERNS } from '../scene/styles';
+import { PATTERNS, PERIOD, STROKE } from './signs';
 
 export const escape = (text: string): string =>
   text.replace(/[&<>"]/g, (c) => `&#${c.charCodeAt(0)};`);
@@ -18,30 +20,15 @@ export const attributes = (values: Values): string =>
 
 export const tag = (name: string, values: Values): string => `<${name}${attributes(values)}/>`;
 
-/** The distance of the strokes of a fill pattern and their width, as on the screen. */
-const PERIOD = 7;
-const STROKE = 1.25;
-
-/** Strokes in a square of one period and its turn in degrees, by the place in the list of names. */
-const PATTERNS = [
-  ['', 0],
-  ['M0 3.5H7', 0],
-  ['M3.5 0V7', 0],
-  ['M0 3.5H7', -45],
-  ['M0 3.5H7', 45],
-  ['M0 3.5H7M3.5 0V7', 0],
-  ['M0 3.5H7M3.5 0V7', 45],
-] as const;
-
 /** Everything that shapes refer to, each defined once. */
 export class Definitions {
   private readonly names = new Map<string, string>();
 
   pattern(pattern: number, color: string): string {
-    const [path, turn] = PATTERNS[pattern] ?? PATTERNS[0];
+    const { d, turn } = PATTERNS[FILL_PATTERNS[pattern] ?? 'solid'];
     const side = { width: PERIOD, height: PERIOD, patternUnits: 'userSpaceOnUse' };
     const turned = { patternTransform: turn === 0 ? undefined : `rotate(${turn})` };
-    const strokes = tag('path', { d: path, stroke: color, 'stroke-width': STROKE });
+    const strokes = tag('path', { d, stroke: color, 'stroke-width': STROKE });
     return this.define('pattern', `${attributes({ ...side, ...turned })}>${strokes}</pattern>`);
   }
 

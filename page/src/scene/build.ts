@@ -8,8 +8,8 @@ import { addField, addLines } from './lines';
 import { layer, type Space } from './space';
 import { POINT_STYLES, type GeometryStyle } from './styles';
 
-const DEFAULT_POINT_COLOR: Rgb = [255, 0, 0];
-const DEFAULT_POINT_RADIUS = 2;
+export const DEFAULT_POINT_COLOR: Rgb = [255, 0, 0];
+export const DEFAULT_POINT_RADIUS = 2;
 const DEFAULT_FONT = { family: 'sans-serif', size: 12, bold: false, italic: false };
 
 function drawnPoints(points: PointSet, space: Space, flatLayer: number): Float32Array {

@@ -16,8 +16,8 @@ import { areaNormal, project, triangulate } from './polygons';
 import type { Space } from './space';
 import { FILL_PATTERNS } from './styles';
 
-const DEFAULT_FACE_COLOR: Rgb = [0, 160, 200];
-const DEFAULT_EDGE_COLOR: Rgb = [0, 0, 0];
+export const DEFAULT_FACE_COLOR: Rgb = [0, 160, 200];
+export const DEFAULT_EDGE_COLOR: Rgb = [0, 0, 0];
 
 /** Above this number of points, coincident ones are no longer found for common normals. */
 const MOST_WELDED = 200_000;

@@ -6,7 +6,7 @@ import { meanColor, usesPointColors } from './faces';
 import { vectorEnd } from './space';
 import { LINE_STYLES } from './styles';
 
-const DEFAULT_LINE_COLOR: Rgb = [0, 0, 0];
+export const DEFAULT_LINE_COLOR: Rgb = [0, 0, 0];
 
 export function addLines({ geometry, style, batches, at, alpha }: Draft): void {
   const { lines, points } = geometry;

@@ -5,6 +5,7 @@ import type { Display, Places } from '../javaview/model';
 import type { ReadResult } from '../javaview/reader';
 import type { SceneData } from './batches';
 import { buildScene } from './build';
+import { marksOf, type Mark } from './marks';
 import { Space, ratioFor, sceneBox, type Flags, type SpaceParts } from './space';
 import { PLAIN_STYLE, type GeometryStyle } from './styles';
 
@@ -13,6 +14,8 @@ export interface SceneOrder {
   runs: readonly Run[];
   logarithmic: Flags;
   box: BoxText;
+  /** The objects that a legend shows marks of. */
+  marked: readonly number[];
   /** The space of an earlier frame, which all frames of an animation share. */
   space: SpaceParts | undefined;
 }
@@ -29,6 +32,8 @@ export interface Scene extends SceneData {
   objects: Int32Array;
   /** Names of the objects as far as the text has them, otherwise empty. */
   objectNames: string[];
+  /** What the objects look like whose marks were asked for. */
+  marks: ReadonlyMap<number, Mark>;
 }
 
 /** How geometries are drawn; those beyond the runs are objects of their own. */
@@ -100,5 +105,6 @@ export function makeScene(
     places: geometries.places,
     objects: styles.objects,
     objectNames: namesOf(geometries, styles.objects),
+    marks: marksOf(geometries, styles.objects, order.marked, (i) => styles.of(i)),
   };
 }
