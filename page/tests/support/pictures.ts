@@ -1,6 +1,7 @@
 /** The plots whose pictures are compared, and where their references are. */
 import { existsSync, readFileSync } from 'node:fs';
 import { FILL_PATTERNS, LINE_STYLES, POINT_STYLES, TIP_STYLES } from '../../src/scene/styles';
+import { readDocument } from '../../src/javaview/reader';
 import { simplePage } from './compose';
 import { animatedPage, functionPage, twoScenesPage } from './demos';
 import { example } from './examples';
@@ -23,6 +24,22 @@ const see = (part: number): string =>
   `<material><transparency visible="show">${part}</transparency></material>`;
 
 const colored = (color: string): string => `<color>${color}</color>`;
+
+/** A wave in the axes of an example, which fills four fifths of their box. */
+function axesAround(name: string): string {
+  const axes = example(`${name}.jvd`);
+  const { rulers } = readDocument(axes).displays[0]!.axes!;
+  const ranges = rulers.map(({ min, max }) => {
+    const [middle, half] = [(min! + max!) / 2, (max! - min!) / 2];
+    return [middle - 0.8 * half, middle + 0.8 * half] as const;
+  });
+  const color = (x: number, y: number): [number, number, number] => {
+    const part = wave(x, y) / 1.2 + 0.5;
+    return [60 + 190 * part, 120 + 60 * part, 220 - 160 * part];
+  };
+  const faces = 'edge="show" color="show" colorSmooth="show" colorFromPoints="show"';
+  return simplePage(model(sheet({ side: 17, height: wave, color, faces, ranges })), axes);
+}
 
 /** A sheet whose faces have one colour. */
 const plain = (height: (x: number, y: number) => number, color: string, more = ''): string =>
@@ -183,12 +200,12 @@ const frames = Object.fromEntries(
 
 /** Each page by the name of its picture. */
 export const PICTURES: Record<string, () => string> = {
-  axes_boxed_3d: () => plot('axes_boxed_3d'),
-  axes_boxed_3d_grid: () => plot('axes_boxed_3d_grid'),
-  axes_frame_3d: () => plot('axes_frame_3d'),
-  axes_origin_3d: () => plot('axes_origin_3d'),
-  axes_automatic_3d: () => plot('axes_automatic_3d'),
-  axes_none_3d: () => plot('axes_none_3d'),
+  axes_boxed_3d: () => axesAround('axes_boxed_3d'),
+  axes_boxed_3d_grid: () => axesAround('axes_boxed_3d_grid'),
+  axes_frame_3d: () => axesAround('axes_frame_3d'),
+  axes_origin_3d: () => axesAround('axes_origin_3d'),
+  axes_automatic_3d: () => axesAround('axes_automatic_3d'),
+  axes_none_3d: () => axesAround('axes_none_3d'),
   axes_boxed_2d: () => plot('axes_boxed_2d'),
   axes_frame_2d_grid: () => plot('axes_boxed_2d', 'axes_frame_2d_grid'),
   axes_origin_2d: () => plot('axes_boxed_2d', 'axes_origin_2d'),

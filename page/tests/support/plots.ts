@@ -10,16 +10,25 @@ export interface Sheet {
   faces?: string;
   /** Elements behind the list of faces. */
   more?: string;
+  /** What -1 and 1 stand for along each axis. */
+  ranges?: readonly (readonly [number, number])[];
 }
 
 const list = (name: string, item: string, items: readonly string[]): string =>
   `<${name}>${items.map((text) => `<${item}>${text}</${item}>`).join('')}</${name}>`;
 
-export function sheet({ side, height, color, faces = 'edge="hide"', more = '' }: Sheet): string {
+const CUBE = [0, 1, 2].map(() => [-1, 1] as const);
+
+export function sheet(parts: Sheet): string {
+  const { side, height, color, faces = 'edge="hide"', more = '', ranges = CUBE } = parts;
   const places = Array.from({ length: side }, (_, i) => (2 * i) / (side - 1) - 1);
   const all = places.flatMap((y) => places.map((x) => [x, y] as const));
   const short = (value: number): string => String(Number(value.toPrecision(6)));
-  const points = all.map(([x, y]) => `${short(x)} ${short(y)} ${short(height(x, y))}`);
+  const placed = (value: number, i: number): string => {
+    const [low, high] = ranges[i]!;
+    return short(low + ((value + 1) / 2) * (high - low));
+  };
+  const points = all.map(([x, y]) => [x, y, height(x, y)].map(placed).join(' '));
   const colors = color
     ? list(
         'colors',
