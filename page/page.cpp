@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -14,22 +15,35 @@ namespace vantry::page {
 
 using namespace plot;
 
+/// A plot and its panels.
+struct ShownPlot {
+  PlotName name;
+  const PlotDocument* document;  // null for JVX texts
+  std::size_t panels;
+
+  /// Null without one.
+  const Canvas* canvas() const {
+    return elementCast<Canvas>(document ? document->firstChild() : nullptr);
+  }
+};
+
 Page::Page() = default;
 Page::~Page() = default;
 
 void Page::add(PlotDocument& document, const PlotName& name) {
-  for (auto& panel : panelsOf(document, name)) panels_.push_back(std::move(panel));
-  names_.push_back(name);
-  document_ = names_.size() == 1 ? &document : nullptr;
+  auto panels = panelsOf(document, name);
+  plots_.push_back({name, &document, panels.size()});
+  std::ranges::move(panels, std::back_inserter(panels_));
 }
 
 void Page::add(std::istream& model, std::istream* display, const std::string& title) {
   panels_.push_back(panelOf(model, display, title));
-  names_.push_back({title, title});
-  document_ = nullptr;
+  plots_.push_back({{title, title}, nullptr, 1});
 }
 
 namespace {
+
+using Plots = std::span<const ShownPlot>;
 
 using Panels = std::span<const std::unique_ptr<Panel>>;
 
@@ -51,12 +65,20 @@ const char* animationStyle(Token style) {
   return style == Word::BackAndForth ? "backAndForth" : "once";
 }
 
+void putHeader(Json& text, const Canvas& canvas) {
+  putLine(text, canvas, Word::Header, canvas.headerFont(), canvas.headerAlignment());
+}
+
+void putFooter(Json& text, const Canvas& canvas) {
+  putLine(text, canvas, Word::Footer, canvas.footerFont(), canvas.footerAlignment());
+}
+
 /// What a canvas says of the page, for a page that shows nothing else.
 Json canvasText(const Canvas& canvas) {
   Json text = {{"aspect", canvas.width() / canvas.height()}};
   if (const std::string name = ownName(canvas); !name.empty()) text["title"] = name;
-  putLine(text, canvas, Word::Header, canvas.headerFont(), canvas.headerAlignment());
-  putLine(text, canvas, Word::Footer, canvas.footerFont(), canvas.footerAlignment());
+  putHeader(text, canvas);
+  putFooter(text, canvas);
   if (canvas.hasAttribute(Word::BackgroundColor)) {
     text["background"] = colorText(canvas.backgroundColor());
   }
@@ -82,9 +104,9 @@ Json placeText(const Place& place) {
       {"left", place.left}, {"top", place.top}, {"width", place.width}, {"height", place.height}};
 }
 
-std::string joinedTitles(std::span<const PlotName> names) {
+std::string joinedTitles(Plots plots) {
   std::string text;
-  for (const PlotName& name : names) text += (text.empty() ? "" : ", ") + name.title;
+  for (const ShownPlot& plot : plots) text += (text.empty() ? "" : ", ") + plot.name.title;
   return text;
 }
 
@@ -123,13 +145,34 @@ void putPlaces(Json& text, Panels panels, const Canvas& canvas) {
   }
 }
 
-/// Everything about a page but its frames. `document` is the only plot, or null.
-Json pageText(Panels panels, std::span<const PlotName> names, const PlotDocument* document) {
-  Json text = {{"title", joinedTitles(names)}};
-  const auto* canvas = elementCast<Canvas>(document ? document->firstChild() : nullptr);
-  if (canvas) text.update(naming(names.front().source, [&] { return canvasText(*canvas); }));
+/// Shows what a canvas says at the panels of its plot, beside those of others.
+void putCanvasLines(Json& panels, Plots plots) {
+  std::size_t first = 0;
+  for (const ShownPlot& plot : plots) {
+    Json& top = panels[first];
+    Json& bottom = panels[first + plot.panels - 1];
+    first += plot.panels;
+    const Canvas* canvas = plot.canvas();
+    if (!canvas) continue;
+    naming(plot.name.source, [&] {
+      if (!top.contains("header")) putHeader(top, *canvas);
+      if (!bottom.contains("footer")) putFooter(bottom, *canvas);
+    });
+  }
+}
+
+/// The plot that has the page for itself; null if there are others.
+const ShownPlot* onlyPlot(Plots plots) { return plots.size() == 1 ? &plots.front() : nullptr; }
+
+/// Everything about a page but its frames.
+Json pageText(Panels panels, Plots plots) {
+  Json text = {{"title", joinedTitles(plots)}};
+  const ShownPlot* only = onlyPlot(plots);
+  const Canvas* canvas = only ? only->canvas() : nullptr;
+  if (canvas) text.update(naming(only->name.source, [&] { return canvasText(*canvas); }));
   for (const auto& panel : panels) text["panels"].push_back(panel->text());
   if (canvas) putPlaces(text, panels, *canvas);
+  if (plots.size() > 1) putCanvasLines(text["panels"], plots);
   return text;
 }
 
@@ -140,9 +183,11 @@ void Page::write(std::ostream& out, std::string_view pageTemplate, const Options
   const std::size_t place = pageTemplate.find(mark);
   if (place == pageTemplate.npos)
     throw std::invalid_argument("a template without a place for data");
-  const std::vector<double> times = frameTimes(panels_, document_, options);
-  Json text = pageText(panels_, names_, document_);
-  if (times.size() > 1) text["animation"] = animationText(times, document_);
+  const ShownPlot* only = onlyPlot(plots_);
+  const PlotDocument* document = only ? only->document : nullptr;
+  const std::vector<double> times = frameTimes(panels_, document, options);
+  Json text = pageText(panels_, plots_);
+  if (times.size() > 1) text["animation"] = animationText(times, document);
 
   out << pageTemplate.substr(0, place);
   Blocks blocks(out);

@@ -63,9 +63,12 @@ struct Options {
 };
 
 class Panel;
+struct ShownPlot;
 
 /// Gathers plots, and writes the one page that shows them all. A plot has a panel for each of its
-/// scenes, and the page of a single plot has the layout of its canvas.
+/// scenes. The page of a single plot has the layout of its canvas. Beside others, the first panel
+/// of a plot has the header of its canvas and the last one the footer, unless their scenes have
+/// their own.
 class Page {
  public:
   Page();
@@ -89,8 +92,7 @@ class Page {
 
  private:
   std::vector<std::unique_ptr<Panel>> panels_;
-  std::vector<PlotName> names_;                   // of all plots
-  const plot::PlotDocument* document_ = nullptr;  // of the only plot, if it has one
+  std::vector<ShownPlot> plots_;
 };
 
 }  // namespace vantry::page

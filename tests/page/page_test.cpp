@@ -418,6 +418,31 @@ class BrokenBuffer final : public std::streambuf {
   std::string text_ = "<jvx-model>";
 };
 
+TEST(PageTest, HasTheTextsOfEachCanvasBesideOthers) {
+  const javaview::ReadDocument first(
+      canvas("<Header>above</Header><Footer>below</Footer>" + scene2d("") + scene2d("")));
+  const javaview::ReadDocument second(
+      canvas("<Header>over</Header><Footer>under</Footer>"
+             "<Scene2d><Header>own</Header><CoordinateSystem2d/></Scene2d>"));
+  std::istringstream model("<jvx-model/>");
+  Page page;
+  page.add(*first.get(), {"first", "first.zrd"});
+  page.add(model, nullptr, "a.jvx");
+  page.add(*second.get(), {"second", "second.zrd"});
+  std::ostringstream out;
+  page.write(out, smallTemplate, {});
+  const ReadPage read(out.str());
+  EXPECT_FALSE(read.text.contains("header"));
+  std::string lines;
+  for (const json& panel : read.text.at("panels")) {
+    const auto line = [&panel](const char* name) {
+      return panel.contains(name) ? panel.at(name).at("text").get<std::string>() : "-";
+    };
+    lines += line("header") + ' ' + line("footer") + '\n';
+  }
+  EXPECT_EQ(lines, "above -\n- below\n- -\nown under\n");
+}
+
 TEST(PageTest, TakesNoPartOfAText) {
   BrokenBuffer buffer;
   std::istream model(&buffer);
