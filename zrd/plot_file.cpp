@@ -67,7 +67,9 @@ void PlotReader::read(std::istream& in) {
   const std::string reason = reader::isForeignNamespace(namespaceUri)
                                  ? "in the namespace \"" + check::shortened(namespaceUri) + '"'
                                  : check::shortened(localName) + ", not Canvas";
-  throw std::runtime_error("this is no plot document: its outermost element is " + reason);
+  const bool isOfJavaView = localName == "jvx-model" || localName == "jv-disp";
+  throw std::runtime_error("this is no plot document: its outermost element is " + reason +
+                           (isOfJavaView ? "; zrd view shows JVX files, with names in .jvx" : ""));
 }
 
 bool PlotReader::lookupElement(std::string_view namespaceUri, const char* localName,

@@ -80,6 +80,18 @@ TEST_F(ViewTest, FindsTheDisplayBesideAModel) {
   EXPECT_NE(read("both.html").find(R"("display":)"), std::string::npos);
 }
 
+TEST_F(ViewTest, KnowsModelsByTheirNames) {
+  write("A.JVX", model);
+  write("A.JVD", "<jv-disp></jv-disp>");
+  EXPECT_EQ(command({"A.JVX", "-o", "page.html"}).status, 0);
+  EXPECT_NE(read("page.html").find(R"("display":)"), std::string::npos);
+  write("a.xml", model);
+  EXPECT_EQ(errorOf({"a.xml", "-o", "page.html"}, 2),
+            "zrd: a.xml:1:1: this is no plot document: its outermost element is jvx-model, not "
+            "Canvas; zrd view shows JVX files, with names in .jvx" +
+                wayOut);
+}
+
 TEST_F(ViewTest, OpensTheBrowserOfTheUser) {
   write("plot.zrd", plot);
   setEnvironment("TMPDIR", folder_.path());

@@ -129,7 +129,8 @@ const std::string end = "\n</Img3d></Obj3d></CoordinateSystem3d></Scene3d>\n</Ca
 
 const Loss losses[] = {
     {"<jvx-model/>",
-     "1:1: this is no plot document: its outermost element is jvx-model, not Canvas"},
+     "1:1: this is no plot document: its outermost element is jvx-model, not Canvas; "
+     "zrd view shows JVX files, with names in .jvx"},
     {"<Canvas><Scene2d xmlns=\"http://www.w3.org/2000/svg\"/></Canvas>",
      "1:25: cannot be written back: the namespace \"http://www.w3.org/2000/svg\" is not that of "
      "plot documents"},

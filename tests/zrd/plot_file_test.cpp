@@ -27,7 +27,7 @@ TEST_F(PlotFile, IsNotReadFromAnotherKindOfDocument) {
        "not Canvas"},
       {"<jvx-model/>",
        "1:1: this is no plot document: its outermost element is jvx-model, "
-       "not Canvas"},
+       "not Canvas; zrd view shows JVX files, with names in .jvx"},
       {"\n <Canvas xmlns=\"http://www.w3.org/2000/svg\"/>",
        "2:2: this is no plot document: its outermost element is in the namespace "
        "\"http://www.w3.org/2000/svg\""},

@@ -55,10 +55,13 @@ std::ifstream openChecked(const std::filesystem::path& name, const std::string& 
 
 }  // namespace
 
-bool isModelName(const std::filesystem::path& name) { return name.extension() == ".jvx"; }
+bool isModelName(const std::filesystem::path& name) {
+  const std::filesystem::path extension = name.extension();
+  return extension == ".jvx" || extension == ".JVX";
+}
 
 std::filesystem::path displayName(std::filesystem::path model) {
-  return model.replace_extension(".jvd");
+  return model.replace_extension(model.extension() == ".JVX" ? ".JVD" : ".jvd");
 }
 
 ModelFile::ModelFile(const std::filesystem::path& name)
