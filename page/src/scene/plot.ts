@@ -538,8 +538,7 @@ export class Plot {
       (view.size.height / 2 - bottom - height / 2) * unit,
       0,
     );
-    view.setHome(state);
-    view.reset();
+    view.moveHome(state);
   }
 
   private sort(): void {

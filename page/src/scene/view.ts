@@ -58,6 +58,18 @@ export class View {
     this.home = copy(home);
   }
 
+  /** Makes another view the home, and moves from it by as much as from the one before. */
+  moveHome(home: ViewState): void {
+    const { state } = this;
+    const zoom = this.home.span / state.span;
+    state.target
+      .addScaledVector(this.home.target, -1 / zoom)
+      .addScaledVector(home.target, 1 / zoom);
+    state.span = home.span / zoom;
+    this.setHome(home);
+    this.update();
+  }
+
   /** Whether nobody has moved the view. */
   get isHome(): boolean {
     return sameView(this.state, this.home);

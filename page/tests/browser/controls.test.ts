@@ -309,6 +309,30 @@ test('a title beside a ruler leaves its numbers alone', async () => {
   const { page, close } = await browser.open(html, { viewport: { width: 300, height: 200 } });
   const texts = await page.evaluate(() =>
     window.plotPage!.all[0]!.plot.labels.map(({ text }) => text),
+test('in two dimensions the zoom is kept when the size changes', async () => {
+  const { page, close } = await browser.open(functionPage());
+  const seen = (): Promise<number[]> =>
+    page.evaluate(() => {
+      const { view, space } = window.plotPage!.all[0]!.plot;
+      return [0, 1].map((x) => view.toPixels(...space.point(x, 0, 0))[0] - view.size.width / 2);
+    });
+  const unit = ([a, b]: number[]): number => b! - a!;
+  const home = await seen();
+  await page.mouse.move(400, 300);
+  await page.mouse.wheel(0, -600);
+  await page.waitForTimeout(400);
+  const zoomed = await seen();
+  const zoom = unit(zoomed) / unit(home);
+  assert.ok(zoom > 2, `zoomed by ${zoom}`);
+  await page.setViewportSize({ width: 640, height: 600 });
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.view.size.width === 640);
+  const resized = await seen();
+  await page.getByRole('button', { name: 'Reset the view' }).click();
+  const smaller = await seen();
+  assert.ok(Math.abs(unit(resized) / unit(smaller) - zoom) < 0.05 * zoom);
+  await close();
+});
+
   );
   for (const text of ['sin x', '0', '1', '2']) assert.ok(texts.includes(text), texts.join());
   await close();
