@@ -12,7 +12,16 @@ export interface Glyphs {
 
 const MARGIN = 2;
 const SAFE_FAMILIES = 'system-ui, "DejaVu Sans", Arial, sans-serif';
-const GENERIC = new Set(['serif', 'sans-serif', 'monospace', 'cursive', 'fantasy', 'system-ui']);
+const GENERIC = ['serif', 'sans-serif', 'monospace', 'cursive', 'fantasy', 'system-ui'];
+
+/** What style sheets call the families that every machine has, by that and by their names in Java. */
+const FAMILIES = new Map([
+  ...GENERIC.map((name) => [name, name] as const),
+  ['sansserif', 'sans-serif'],
+  ['dialog', 'sans-serif'],
+  ['monospaced', 'monospace'],
+  ['dialoginput', 'monospace'],
+]);
 
 /** A font as style sheets write it; names of families are quoted, whatever they hold. */
 export function cssFont(style: TextStyle, pixelRatio: number): string {
@@ -20,7 +29,8 @@ export function cssFont(style: TextStyle, pixelRatio: number): string {
   const slant = style.italic ? 'italic ' : '';
   const size = Math.min(Math.max(style.size, 1), 200) * pixelRatio;
   const name = style.family.replace(/["\\\n]/g, '').trim();
-  const family = name === '' ? '' : GENERIC.has(name) ? `${name}, ` : `"${name}", `;
+  const generic = FAMILIES.get(name.toLowerCase());
+  const family = name === '' ? '' : `${generic ?? `"${name}"`}, `;
   return `${slant}${weight}${size}px ${family}${SAFE_FAMILIES}`;
 }
 
