@@ -49,13 +49,19 @@ const newRuler = (attributes: Attributes): Ruler => ({
   thickness: 1,
 });
 
-const newCamera = (attributes: Attributes): Camera => ({
-  projection: attributes.get('projection') ?? 'Perspective',
-  position: [0, 0, 1],
-  interest: [0, 0, 0],
-  fieldOfView: 0,
-  roll: 0,
-});
+/** The opening of a camera in perspective that names none. */
+const TYPICAL_FIELD = 0.175;
+
+function newCamera(attributes: Attributes): Camera {
+  const projection = attributes.get('projection') ?? 'Perspective';
+  return {
+    projection,
+    position: [0, 0, 1],
+    interest: [0, 0, 0],
+    fieldOfView: projection === 'Perspective' ? TYPICAL_FIELD : 0,
+    roll: 0,
+  };
+}
 
 const LIGHT_TYPES: readonly Light['type'][] = ['ambient', 'point', 'direction', 'spot'];
 
@@ -88,6 +94,7 @@ export class JvdHandler {
   private axes = newAxes(new Map());
   private ruler = newRuler(new Map());
   private camera = newCamera(new Map());
+  private selected: string | undefined;
   private light = newLight(new Map());
   private ratioVisible = true;
   private clipVisible = true;
@@ -121,6 +128,7 @@ export class JvdHandler {
     'clipRange/range': (attributes) => {
       this.clipAxis = ['X', 'Y', 'Z'].indexOf(attributes.get('type') ?? '');
     },
+    'display/cameras': (attributes) => (this.selected = attributes.get('select')),
     'cameras/camera': (attributes) => {
       this.camera = newCamera(attributes);
       this.display.cameras.push(this.camera);
@@ -147,6 +155,14 @@ export class JvdHandler {
     },
     'clipRange/range': (text) => {
       if (this.clipVisible && this.clipAxis >= 0) this.display.clip[this.clipAxis] = toRange(text);
+    },
+    'display/cameras': () => {
+      const isSelected = ({ projection }: Camera): boolean => projection === this.selected;
+      const { cameras } = this.display;
+      this.display.cameras = [
+        ...cameras.filter(isSelected),
+        ...cameras.filter((camera) => !isSelected(camera)),
+      ];
     },
     'camera/position': (text) => (this.camera.position = toVector(text, this.camera.position)),
     'camera/interest': (text) => (this.camera.interest = toVector(text, this.camera.interest)),

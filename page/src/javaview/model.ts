@@ -176,6 +176,7 @@ export interface Display {
   /** Factors of the coordinates, undefined if the box keeps its own proportions. */
   boxRatio: Vector | undefined;
   clip: [Range | undefined, Range | undefined, Range | undefined];
+  /** The one that is selected comes first. */
   cameras: Camera[];
   lights: Light[] | undefined;
   background: Rgb | undefined;

@@ -247,6 +247,27 @@ test('a display is read in full', () => {
   assert.deepEqual(display.background, [255, 255, 255]);
 });
 
+test('the camera that is selected comes first, one without an opening has the usual one', () => {
+  const camera = (projection: string, more = ''): string =>
+    `<camera projection="${projection}"><position>1 2 3</position>${more}</camera>`;
+  const cameras =
+    camera('Perspective') + camera('X-Y') + camera('Perspective', '<fieldOfView>0</fieldOfView>');
+  const read = (select: string): [string, number][] =>
+    readDocument(
+      bytes(
+        `<jv-disp><displays><display><cameras ${select}>${cameras}</cameras></display></displays></jv-disp>`,
+      ),
+    ).displays[0]!.cameras.map(({ projection, fieldOfView }) => [projection, fieldOfView]);
+  const inOrder = [
+    ['Perspective', 0.175],
+    ['X-Y', 0],
+    ['Perspective', 0],
+  ];
+  assert.deepEqual(read(''), inOrder);
+  assert.deepEqual(read('select="Nothing"'), inOrder);
+  assert.deepEqual(read('select="X-Y"'), [inOrder[1], inOrder[0], inOrder[2]]);
+});
+
 test('lights and planes of a grid are read', () => {
   const [lit] = readDocument(example('lights_automatic.jvd')).displays;
   assert.equal(lit?.lights?.length, 7);
