@@ -8,6 +8,8 @@ const TURN_PER_PIXEL = 0.008;
 const TURN_PER_KEY = Math.PI / 24;
 const PIXELS_PER_KEY = 40;
 const ZOOM_PER_KEY = 1.2;
+/** Of the wheel. */
+const PIXELS_PER_LINE = 40;
 
 export interface GestureEvents {
   /** The view has changed; `moving` if more is to be expected at once. */
@@ -106,7 +108,9 @@ export class Gestures {
 
   private wheel(event: WheelEvent): void {
     event.preventDefault();
-    const lines = event.deltaMode === 0 ? event.deltaY / 40 : event.deltaY;
+    // Two fingers on a pad turn a wheel with Ctrl, by small steps.
+    const perLine = event.ctrlKey ? PIXELS_PER_LINE / 10 : PIXELS_PER_LINE;
+    const lines = event.deltaMode === 0 ? event.deltaY / perLine : event.deltaY;
     const [x, y] = this.place(event);
     this.view.zoom(1.06 ** -Math.min(Math.max(lines, -20), 20), x, y);
     this.events.moved(true);

@@ -46,6 +46,7 @@ export class Panel {
   private readonly tip = element('div', { class: 'tip' });
   private readonly pinned = element('div', { class: 'tip pinned', attributes: { role: 'status' } });
   private readonly description = element('p', { class: 'unseen' });
+  private parallel!: HTMLInputElement;
   private pin: Hit | undefined;
   private requested = false;
   private rest: ReturnType<typeof setTimeout> | undefined;
@@ -153,6 +154,7 @@ export class Panel {
     const context = this.canvas.getContext('2d')!;
     context.clearRect(0, 0, picture.width, picture.height);
     context.drawImage(picture, 0, 0);
+    this.parallel.checked = this.plot.view.state.field === 0;
     this.placePin();
   }
 
@@ -203,6 +205,7 @@ export class Panel {
       view.state.field = on ? 0 : TYPICAL_FIELD;
       this.moved(false);
     });
+    this.parallel = parallel.querySelector('input')!;
     const toggle = (name: string, key: 'axes' | 'box' | 'labels'): HTMLElement =>
       checkbox(name, plot.shown[key], (on) => {
         plot.shown[key] = on;

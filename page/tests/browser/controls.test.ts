@@ -245,8 +245,27 @@ test('the view is parallel or in perspective', async () => {
     page.evaluate(() => window.plotPage!.all[0]!.plot.view.state.field);
   assert.ok((await field()) > 0);
   await page.getByRole('button', { name: 'View', exact: true }).click();
-  await page.getByRole('checkbox', { name: 'Parallel' }).check();
+  const parallel = page.getByRole('checkbox', { name: 'Parallel' });
+  await parallel.check();
   assert.equal(await field(), 0);
+  await page.getByRole('button', { name: 'Reset the view' }).click();
+  await browser.settle(page);
+  assert.ok((await field()) > 0);
+  await page.getByRole('button', { name: 'View', exact: true }).click();
+  assert.equal(await parallel.isChecked(), false);
+  await close();
+});
+
+test('two fingers on a pad zoom as a wheel does', async () => {
+  const { page, close } = await browser.open(surface());
+  const before = (await viewOf(page)).span;
+  await page.mouse.move(400, 300);
+  await page.keyboard.down('Control');
+  for (let i = 0; i < 10; i++) await page.mouse.wheel(0, -5);
+  await page.keyboard.up('Control');
+  await page.waitForTimeout(300);
+  const zoom = before / (await viewOf(page)).span;
+  assert.ok(zoom > 1.5 && zoom < 3, `zoomed by ${zoom}`);
   await close();
 });
 
@@ -290,25 +309,6 @@ test('in two dimensions the ticks follow the zoom', async () => {
   await close();
 });
 
-test('a title beside a ruler leaves its numbers alone', async () => {
-  const html = simplePage(
-    model(
-      curve([
-        [0, -0.2],
-        [4, 2.2],
-      ]),
-    ),
-    display(
-      axes('frame', 2, [
-        [0, 4],
-        [-0.2, 2.2],
-      ]),
-    ),
-    { axes: { kind: 'frame', y: { title: 'sin x' } } },
-  );
-  const { page, close } = await browser.open(html, { viewport: { width: 300, height: 200 } });
-  const texts = await page.evaluate(() =>
-    window.plotPage!.all[0]!.plot.labels.map(({ text }) => text),
 test('in two dimensions the zoom is kept when the size changes', async () => {
   const { page, close } = await browser.open(functionPage());
   const seen = (): Promise<number[]> =>
@@ -333,6 +333,25 @@ test('in two dimensions the zoom is kept when the size changes', async () => {
   await close();
 });
 
+test('a title beside a ruler leaves its numbers alone', async () => {
+  const html = simplePage(
+    model(
+      curve([
+        [0, -0.2],
+        [4, 2.2],
+      ]),
+    ),
+    display(
+      axes('frame', 2, [
+        [0, 4],
+        [-0.2, 2.2],
+      ]),
+    ),
+    { axes: { kind: 'frame', y: { title: 'sin x' } } },
+  );
+  const { page, close } = await browser.open(html, { viewport: { width: 300, height: 200 } });
+  const texts = await page.evaluate(() =>
+    window.plotPage!.all[0]!.plot.labels.map(({ text }) => text),
   );
   for (const text of ['sin x', '0', '1', '2']) assert.ok(texts.includes(text), texts.join());
   await close();
