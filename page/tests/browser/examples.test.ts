@@ -2,8 +2,9 @@ import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
 import { TestBrowser } from '../support/browser';
 import { simplePage } from '../support/compose';
-import { CASES, expected } from '../support/cases';
-import { example } from '../support/examples';
+import { CASES } from '../support/cases';
+import { countPanels, countText } from '../support/counts';
+import { example, textOf } from '../support/examples';
 
 let browser: TestBrowser;
 before(async () => {
@@ -38,8 +39,8 @@ function misplaced(): string[] {
 for (const { name, model, display } of CASES) {
   test(`${name} is drawn in full, without a complaint or a request`, async () => {
     const { page, complaints, requests, close } = await browser.open(simplePage(model, display));
-    const counts = await page.evaluate(() => window.plotPage!.all[0]!.plot.scene.counts);
-    assert.deepEqual(counts, expected(model));
+    const { counts, strokes } = await page.evaluate(countText, textOf(model));
+    assert.deepEqual(await page.evaluate(countPanels), [{ counts, strokes }]);
     assert.deepEqual(await page.evaluate(misplaced), []);
     assert.deepEqual(complaints, []);
     assert.deepEqual(requests, []);

@@ -1,9 +1,10 @@
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
-import { CASES, expected } from '../support/cases';
+import { CASES } from '../support/cases';
 import { simplePage } from '../support/compose';
+import { countPanels, countText } from '../support/counts';
 import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
-import { example } from '../support/examples';
+import { example, textOf } from '../support/examples';
 import { TestFirefox } from '../support/firefox';
 import { PICTURES } from '../support/pictures';
 
@@ -16,8 +17,8 @@ after(() => firefox.close());
 for (const { name, model, display } of CASES) {
   test(`${name} is drawn in full, without a complaint`, async () => {
     const { page, complaints, close } = await firefox.open(simplePage(model, display));
-    const counts = await page.evaluate(() => window.plotPage!.all[0]!.plot.scene.counts);
-    assert.deepEqual(counts, expected(model));
+    const { counts, strokes } = await page.evaluate(countText, textOf(model));
+    assert.deepEqual(await page.evaluate(countPanels), [{ counts, strokes }]);
     assert.deepEqual(complaints, []);
     await close();
   });

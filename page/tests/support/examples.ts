@@ -14,3 +14,5 @@ export function exampleNames(ending: string): string[] {
     .filter((name) => name.endsWith(ending))
     .sort();
 }
+
+export const textOf = (bytes: Uint8Array): string => new TextDecoder().decode(bytes);
