@@ -1,5 +1,5 @@
-// Compiles the tests of one folder (unit, browser) and runs them under node's own runner. With
-// BROWSER_UNDER_TEST=firefox those of the folder firefox take the place of those of browser.
+// Compiles the tests of one folder (unit, browser, documents) and runs them under node's own runner.
+// With BROWSER_UNDER_TEST=firefox those of the folder firefox take the place of those of browser.
 // A third word picks files by their beginning, options are passed on to the runner:
 //   node tools/test.mjs browser controls --test-name-pattern=mouse
 import { spawnSync } from 'node:child_process';
