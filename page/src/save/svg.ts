@@ -16,9 +16,21 @@ import {
 
 export const MOST_PRIMITIVES = 20_000;
 
-export function countPrimitives({ scene }: Plot): number {
-  const triangles = scene.faces.reduce((sum, { index }) => sum + index.length / 3, 0);
-  return triangles + scene.lines.count + scene.points.count + scene.labels.length;
+/** How many parts there are of objects that are shown, counted no farther than one above the most. */
+export function countPrimitives({ scene, hidden }: Plot): number {
+  let count = 0;
+  const add = (amount: number, objectOf: (i: number) => number): void => {
+    for (let i = 0; i < amount && count <= MOST_PRIMITIVES; i++) {
+      if (!hidden.has(objectOf(i))) count++;
+    }
+  };
+  for (const { index, tags } of scene.faces) {
+    add(index.length / 3, (i) => tags[index[i * 3 + 2]! * 2]!);
+  }
+  add(scene.lines.count, (i) => scene.lines.styles[i * 4 + 1]!);
+  add(scene.points.count, (i) => scene.points.tags[i * 3 + 1]!);
+  add(scene.labels.length, (i) => scene.labels[i]!.object);
+  return count;
 }
 
 const farthestFirst = (shapes: Shape[]): Shape[] => shapes.sort((a, b) => b.depth - a.depth);
