@@ -1,92 +1,181 @@
 import assert from 'node:assert/strict';
-import { readFileSync } from 'node:fs';
 import { after, before, test } from 'node:test';
-import type { Page } from 'playwright-core';
+import { validateBytes } from 'gltf-validator';
 import { PNG } from 'pngjs';
 import type {} from '../../src/main';
-import { readDocument } from '../../src/javaview/reader';
 import { TestBrowser, type Opened } from '../support/browser';
 import { simplePage } from '../support/compose';
-import { functionPage } from '../support/demos';
-import { example } from '../support/examples';
-import { axes, display, model, sheet } from '../support/plots';
+import { countText } from '../support/counts';
+import { example, textOf } from '../support/examples';
+import { pixels, save } from '../support/observe';
+import { axes, curve, display, model, sheet } from '../support/plots';
 
 let browser: TestBrowser;
-let opened: Opened;
 before(async () => {
   browser = await TestBrowser.launch();
-  opened = await browser.open(simplePage(example('surface.jvx'), example('lights_automatic.jvd')));
-  await opened.page.getByRole('button', { name: 'Save' }).click();
 });
 after(() => browser.close());
 
-async function save(page: Page, name: string): Promise<Buffer> {
-  const [download] = await Promise.all([
-    page.waitForEvent('download'),
-    page.getByRole('button', { name, exact: true }).click(),
-  ]);
-  return readFileSync(await download.path());
+/** A page with the menu Save open. */
+async function openSaving(html: string): Promise<Opened> {
+  const opened = await browser.open(html);
+  await opened.page.getByRole('button', { name: 'Save' }).click();
+  return opened;
 }
 
-/** What the text of the surface holds: two triangles a face, and an edge once. */
-function expected(): { triangles: number; edges: number } {
-  let triangles = 0;
-  const edges = new Set<string>();
-  [...readDocument(example('surface.jvx')).geometries].forEach(({ faces }, g) => {
-    if (!faces) return;
-    const { offsets, values } = faces.faces;
-    for (let i = 0; i + 1 < offsets.length; i++) {
-      const corners = [...values.subarray(offsets[i], offsets[i + 1])];
-      triangles += corners.length - 2;
-      corners.forEach((a, k) => {
-        const b = corners[(k + 1) % corners.length]!;
-        edges.add(`${g} ${Math.min(a, b)} ${Math.max(a, b)}`);
-      });
-    }
-  });
-  return { triangles, edges: edges.size };
+/** Faces with their edges, a line of two strokes, and points. */
+const MIXED = model(
+  sheet({ side: 5, height: (x, y) => x * y, faces: 'edge="show"' }),
+  '<geometry><pointSet dim="3" point="hide"><points><p>0 0 2</p><p>1 0 2</p><p>1 1 2</p></points>' +
+    '</pointSet><lineSet><lines><l>0 1 2</l></lines></lineSet></geometry>',
+  '<geometry><pointSet dim="3"><points>' +
+    '<p>0 0 3</p><p>0 0 4</p><p>0 1 4</p></points></pointSet></geometry>',
+);
+
+interface Counted {
+  triangles: number;
+  strokes: number;
+  points: number;
 }
 
-test('an STL file holds every triangle', async () => {
-  const data = await save(opened.page, 'STL');
-  const { triangles } = expected();
-  assert.ok(triangles > 0);
+/** The file of a model, and what the text that it was made of has. */
+async function saveMixed(name: string): Promise<Counted & { data: Buffer }> {
+  const { page, close } = await openSaving(simplePage(MIXED));
+  const { triangles, strokes, counts } = await page.evaluate(countText, MIXED);
+  const { data } = await save(page, name);
+  await close();
+  assert.deepEqual([triangles, strokes, counts.points], [32, 42, 3]);
+  return { data, triangles, strokes, points: counts.points };
+}
+
+test('an STL file holds every triangle, where it is', async () => {
+  const { data, triangles } = await saveMixed('STL');
   assert.equal(data.readUInt32LE(80), triangles);
   assert.equal(data.length, 84 + 50 * triangles);
+  const corners = Array.from({ length: 3 * triangles }, (_, i) => {
+    const at = 84 + 50 * Math.floor(i / 3) + 12 * (1 + (i % 3));
+    return [0, 4, 8].map((part) => data.readFloatLE(at + part));
+  });
+  const extents = [0, 1, 2].map((axis) => {
+    const along = corners.map((corner) => corner[axis]!);
+    return Math.max(...along) - Math.min(...along);
+  });
+  // All of the text goes from -1 to 1, from -1 to 1 and from -1 to 4, the faces up to 1.
+  assert.ok(extents.every((extent) => Math.abs(extent / extents[0]! - 1) < 1e-5));
 });
 
-test('an OBJ file holds every triangle and every edge', async () => {
-  const lines = (await save(opened.page, 'OBJ')).toString('utf8').split('\n');
-  const { triangles, edges } = expected();
-  assert.equal(lines.filter((line) => line.startsWith('f ')).length, triangles);
-  const strokes = lines.filter((line) => line.startsWith('l ')).length;
-  assert.equal(strokes, edges);
+test('an OBJ file holds every triangle, every stroke and every point', async () => {
+  const { data, triangles, strokes, points } = await saveMixed('OBJ');
+  const lines = data.toString('utf8').split('\n');
+  const vertices = lines.filter((line) => line.startsWith('v ')).length;
+  const used = (letter: string): number[][] =>
+    lines
+      .filter((line) => line.startsWith(`${letter} `))
+      .map((line) => [...line.matchAll(/ (\d+)/g)].map(([, number]) => Number(number)));
+  assert.equal(used('f').length, triangles);
+  assert.equal(used('l').length, strokes);
+  assert.equal(used('p').flat().length, points);
+  for (const number of ['f', 'l', 'p'].flatMap(used).flat()) {
+    assert.ok(number >= 1 && number <= vertices);
+  }
 });
 
-interface Gltf {
-  accessors: { count: number }[];
-  meshes: { primitives: { mode?: number; attributes: { POSITION: number } }[] }[];
-}
-
-test('a GLB file holds every triangle and every edge', async () => {
-  const data = await save(opened.page, 'GLB');
-  assert.equal(data.toString('latin1', 0, 4), 'glTF');
-  assert.equal(data.readUInt32LE(8), data.length);
-  const length = data.readUInt32LE(12);
-  const gltf = JSON.parse(data.toString('utf8', 20, 20 + length)) as Gltf;
-  const vertices = (mode: number): number =>
-    gltf.meshes
-      .flatMap(({ primitives }) => primitives)
-      .filter((primitive) => (primitive.mode ?? 4) === mode)
-      .reduce((sum, { attributes }) => sum + gltf.accessors[attributes.POSITION]!.count, 0);
-  const { triangles, edges } = expected();
-  assert.equal(vertices(4), 3 * triangles);
-  assert.equal(vertices(1), 2 * edges);
+test('a GLB file holds every triangle, every stroke and every point', async () => {
+  const { data, triangles, strokes, points } = await saveMixed('GLB');
+  const { issues, info } = await validateBytes(data);
+  assert.deepEqual(issues.messages, []);
+  assert.equal(info.totalTriangleCount, triangles);
+  assert.equal(info.totalVertexCount, 3 * triangles + 2 * strokes + points);
+  assert.equal(info.drawCallCount, 3);
 });
 
 test('the texts come out as they went in', async () => {
-  assert.deepEqual(new Uint8Array(await save(opened.page, 'JVX')), example('surface.jvx'));
-  assert.deepEqual(new Uint8Array(await save(opened.page, 'JVD')), example('lights_automatic.jvd'));
+  // Letters of one byte, ends of lines of another system, and nothing at the end.
+  const own = Buffer.from(`<?xml encoding="ISO-8859-1"?>\r\n${MIXED}\n<!-- größer -->`, 'latin1');
+  const { page, close } = await openSaving(simplePage(own, example('lights_automatic.jvd')));
+  assert.ok((await save(page, 'JVX')).data.equals(own));
+  assert.ok((await save(page, 'JVD')).data.equals(Buffer.from(example('lights_automatic.jvd'))));
+  await close();
+});
+
+test('files are called as the plot', async () => {
+  const named = { name: 'my <plot> 1.zrd' };
+  const { page, close } = await openSaving(simplePage(MIXED, undefined, named));
+  assert.equal((await save(page, 'OBJ')).name, 'my plot 1.obj');
+  assert.equal(await page.getByRole('button', { name: 'JVD' }).count(), 0, 'there is none');
+  await close();
+});
+
+test('pictures are saved in twice and four times the size, with the same on them', async () => {
+  const html = simplePage(example('surface.jvx'), undefined, { name: 'surface.zrd' });
+  const size = { width: 400, height: 300 };
+  const { page, close } = await browser.open(html, { viewport: size });
+  /** The part of a picture that is not its ground, the middle half each way. */
+  const inked = ({ data, width, height }: PNG): number => {
+    let count = 0;
+    for (let y = Math.floor(height / 4); y < (height * 3) / 4; y++) {
+      for (let x = Math.floor(width / 4); x < (width * 3) / 4; x++) {
+        if (data[(y * width + x) * 4]! < 250) count++;
+      }
+    }
+    return count / ((width * height) / 4);
+  };
+  await page.mouse.move(0, 0);
+  const seen = inked(await pixels(page));
+  assert.ok(seen > 0.3 && seen < 1, `${seen} of the page is drawn on`);
+  await page.getByRole('button', { name: 'Save' }).click();
+  for (const [button, factor] of [
+    ['PNG, twice the size', 2],
+    ['PNG, four times the size', 4],
+  ] as const) {
+    const { name, data } = await save(page, button);
+    const picture = PNG.sync.read(data);
+    assert.deepEqual([picture.width, picture.height], [400 * factor, 300 * factor]);
+    assert.ok(Math.abs(inked(picture) - seen) < 0.02, `${inked(picture)} of the picture`);
+    assert.equal(name, 'surface.png');
+  }
+  await close();
+});
+
+/** A text of so many points. */
+const points = (count: number): string => {
+  const all = Array.from({ length: count }, (_, i) => `<p>${i % 200} ${Math.floor(i / 200)}</p>`);
+  return model(
+    `<geometry><pointSet dim="2"><points>${all.join('')}</points></pointSet></geometry>`,
+  );
+};
+
+test('an SVG file has up to 20,000 parts', async () => {
+  const most = await openSaving(simplePage(points(20_000)));
+  const { data } = await save(most.page, 'SVG');
+  assert.equal(data.toString('utf8').match(/<path /g)?.length, 20_000);
+  await most.close();
+  const { page, complaints, close } = await openSaving(simplePage(points(20_001)));
+  let downloads = 0;
+  page.on('download', () => downloads++);
+  await page.getByRole('button', { name: 'SVG' }).click();
+  const message = page.getByRole('group', { name: 'Save' }).getByRole('status');
+  await page.waitForFunction(() => document.querySelector('.menu .message')?.textContent !== '');
+  assert.equal(await message.textContent(), 'more than 20000 parts; save a PNG instead');
+  assert.equal(downloads, 0);
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
+test('what is hidden does not count as a part of an SVG file', async () => {
+  const line = curve([
+    [0, 0],
+    [100, 50],
+  ]);
+  const many = sheet({ side: 102, height: () => 0, faces: 'edge="show"' });
+  const html = simplePage(points(20_000).replace('</geometries>', `${line}${many}</geometries>`));
+  const { page, close } = await browser.open(html);
+  await page.getByRole('button', { name: 'Objects' }).click();
+  await page.getByRole('button', { name: 'Show only Object 2' }).click();
+  await page.getByRole('button', { name: 'Save' }).click();
+  const text = (await save(page, 'SVG')).data.toString('utf8');
+  assert.equal(text.match(/<path |<polygon |<line /g)?.length, 1);
+  await close();
 });
 
 test('an SVG file is a drawing that a browser reads, with as many parts and the texts', async () => {
@@ -101,9 +190,8 @@ test('an SVG file is a drawing that a browser reads, with as many parts and the 
       ]),
     ),
   );
-  const { page, close } = await browser.open(html);
-  await page.getByRole('button', { name: 'Save' }).click();
-  const text = (await save(page, 'SVG')).toString('utf8');
+  const { page, close } = await openSaving(html);
+  const text = (await save(page, 'SVG')).data.toString('utf8');
   const found = await page.evaluate((svg) => {
     const document = new DOMParser().parseFromString(svg, 'image/svg+xml');
     const count = (name: string): number => document.querySelectorAll(name).length;
@@ -123,8 +211,13 @@ test('an SVG file is a drawing that a browser reads, with as many parts and the 
 });
 
 test('in an SVG faces are cut where one gradient does not hold their colours', async () => {
-  const text = (await save(opened.page, 'SVG')).toString('utf8');
-  assert.ok(text.match(/<polygon /g)!.length > expected().triangles);
+  const { page, close } = await openSaving(
+    simplePage(example('surface.jvx'), example('lights_automatic.jvd')),
+  );
+  const { triangles } = await page.evaluate(countText, textOf(example('surface.jvx')));
+  const text = (await save(page, 'SVG')).data.toString('utf8');
+  assert.ok(text.match(/<polygon /g)!.length > triangles);
+  await close();
 });
 
 /** A twentieth of the ground, of which nobody sees so little. */
@@ -138,9 +231,8 @@ test('in an SVG no ground is seen between the faces of a surface', async () => {
       '<background><color>255 255 255</color></background>',
     ),
   );
-  const { page, close } = await browser.open(html);
-  await page.getByRole('button', { name: 'Save' }).click();
-  const text = (await save(page, 'SVG')).toString('utf8');
+  const { page, close } = await openSaving(html);
+  const text = (await save(page, 'SVG')).data.toString('utf8');
   await page.setContent(`<body style="margin:0">${text}</body>`);
   const { data, width, height } = PNG.sync.read(await page.screenshot());
   await close();
@@ -164,9 +256,8 @@ test('in an SVG the edges of faces lie before the faces on both sides', async ()
   const html = simplePage(
     model(sheet({ side: 5, height: (x, y) => 0.5 * x * y, faces: 'edge="show"' })),
   );
-  const { page, close } = await browser.open(html);
-  await page.getByRole('button', { name: 'Save' }).click();
-  const text = (await save(page, 'SVG')).toString('utf8');
+  const { page, close } = await openSaving(html);
+  const text = (await save(page, 'SVG')).data.toString('utf8');
   await close();
   const parts = [
     ...text.matchAll(
@@ -199,9 +290,8 @@ const square = (more: string): string =>
 
 const svgOf = async (more: string, run: object): Promise<string> => {
   const frames = [{ model: 'm', runs: [{ object: 0, count: 1, ...run }] }];
-  const { page, close } = await browser.open(simplePage(square(more), undefined, { frames }));
-  await page.getByRole('button', { name: 'Save' }).click();
-  const text = (await save(page, 'SVG')).toString('utf8');
+  const { page, close } = await openSaving(simplePage(square(more), undefined, { frames }));
+  const text = (await save(page, 'SVG')).data.toString('utf8');
   await close();
   return text;
 };
@@ -234,11 +324,17 @@ test('in an SVG patterns are turned as on the screen', async () => {
 });
 
 test('hidden objects are not saved', async () => {
-  const { page, close } = await browser.open(functionPage());
+  const { page, close } = await browser.open(simplePage(MIXED));
   await page.getByRole('button', { name: 'Objects' }).click();
-  await page.getByRole('button', { name: 'Show only tangent' }).click();
+  await page.getByRole('button', { name: 'Show only Object 2' }).click();
   await page.getByRole('button', { name: 'Save' }).click();
-  const text = (await save(page, 'SVG')).toString('utf8');
-  assert.ok(!text.includes('<circle'));
+  const { info } = await validateBytes((await save(page, 'GLB')).data);
+  assert.deepEqual([info.drawCallCount, info.totalVertexCount], [1, 4]);
+  assert.equal((await save(page, 'STL')).data.readUInt32LE(80), 0);
+  const obj = (await save(page, 'OBJ')).data.toString('utf8');
+  assert.equal(obj.match(/^v /gm)?.length, 4);
+  const svg = (await save(page, 'SVG')).data.toString('utf8');
+  assert.equal(svg.match(/<path |<polygon /g), null);
+  assert.match(svg, /<line /);
   await close();
 });
