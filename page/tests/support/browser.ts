@@ -38,6 +38,41 @@ function noteDraws(): void {
   Object.assign(window, { drawn });
 }
 
+/** Bytes in buffers of the graphics hardware. */
+export interface GraphicsMemory {
+  now: number;
+  /** The most at any time so far. */
+  most: number;
+}
+
+/** Keeps account of buffers in `window.graphics`. */
+function noteBuffers(): void {
+  const graphics: GraphicsMemory = { now: 0, most: 0 };
+  const sizes = new Map<WebGLBuffer, number>();
+  const resize = (buffer: WebGLBuffer, size: number): void => {
+    graphics.now += size - (sizes.get(buffer) ?? 0);
+    graphics.most = Math.max(graphics.most, graphics.now);
+    sizes.set(buffer, size);
+  };
+  const prototype = WebGL2RenderingContext.prototype;
+  const { bufferData, deleteBuffer } = prototype;
+  prototype.bufferData = function (target: number, ...rest: unknown[]): void {
+    const isArray = target === this.ARRAY_BUFFER;
+    const binding = isArray ? this.ARRAY_BUFFER_BINDING : this.ELEMENT_ARRAY_BUFFER_BINDING;
+    const [data] = rest as [ArrayBufferView | number];
+    resize(
+      this.getParameter(binding) as WebGLBuffer,
+      typeof data === 'number' ? data : data.byteLength,
+    );
+    Reflect.apply(bufferData, this, [target, ...rest]);
+  };
+  prototype.deleteBuffer = function (buffer: WebGLBuffer | null): void {
+    if (buffer) resize(buffer, 0);
+    deleteBuffer.call(this, buffer);
+  };
+  Object.assign(window, { graphics });
+}
+
 export class TestBrowser {
   private readonly folder = mkdtempSync(join(tmpdir(), 'plot-page-'));
   private opened = 0;
@@ -70,6 +105,7 @@ export class TestBrowser {
     });
     const page = await context.newPage();
     await page.addInitScript(noteDraws);
+    await page.addInitScript(noteBuffers);
     const complaints: string[] = [];
     const requests: string[] = [];
     page.on('console', (message) => {
