@@ -247,13 +247,22 @@ export class Page {
       }
     });
     this.player = player;
-    this.room.after(player.element);
+    this.placePlayer(player);
+    document.addEventListener('fullscreenchange', () => this.placePlayer(player));
     document.addEventListener('keydown', (event) => {
       const target = event.target as HTMLElement;
       if (target.closest('button, input, select, a') || event.ctrlKey || event.metaKey) return;
       if (this.player?.key(event.key)) event.preventDefault();
     });
     player.start();
+  }
+
+  /** The player goes with the panel that fills the screen. */
+  private placePlayer(player: Player): void {
+    if (this.player !== player) return;
+    const full = this.all.find((panel) => panel.element === document.fullscreenElement);
+    if (full) full.element.append(player.element);
+    else this.room.after(player.element);
   }
 
   private fail(name: string, error: unknown): void {

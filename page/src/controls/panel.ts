@@ -47,6 +47,7 @@ export class Panel {
   private readonly pinned = element('div', { class: 'tip pinned', attributes: { role: 'status' } });
   private readonly description = element('p', { class: 'unseen' });
   private parallel!: HTMLInputElement;
+  private readonly fullScreen = button('Full screen', ICONS.full, () => this.toggleFullScreen());
   private pin: Hit | undefined;
   private requested = false;
   private rest: ReturnType<typeof setTimeout> | undefined;
@@ -93,6 +94,8 @@ export class Panel {
       textLine(text.footer, 'footer'),
       this.description,
     );
+    this.element.addEventListener('fullscreenchange', () => this.markFullScreen());
+    this.markFullScreen();
     new Gestures(this.stage, this.plot.view, {
       moved: (moving) => this.moved(moving),
       hover: (x, y) => this.hover(x, y),
@@ -232,13 +235,18 @@ export class Panel {
         }),
       ),
       menu('Save', ICONS.save, ...makeSaveMenu(() => this.savable)),
-      button('Full screen', ICONS.full, () => this.toggleFullScreen()),
+      document.fullscreenEnabled ? this.fullScreen : undefined,
     );
   }
 
   private toggleFullScreen(): void {
     if (document.fullscreenElement) void document.exitFullscreen();
-    else void this.element.requestFullscreen?.().catch(() => undefined);
+    else void this.element.requestFullscreen().catch(() => undefined);
+  }
+
+  private markFullScreen(): void {
+    const isFull = document.fullscreenElement === this.element;
+    this.fullScreen.setAttribute('aria-pressed', String(isFull));
   }
 
   private reset(): void {
