@@ -46,8 +46,10 @@ export class Panel {
   private readonly tip = element('div', { class: 'tip' });
   private readonly pinned = element('div', { class: 'tip pinned', attributes: { role: 'status' } });
   private readonly description = element('p', { class: 'unseen' });
-  private parallel!: HTMLInputElement;
   private readonly fullScreen = button('Full screen', ICONS.full, () => this.toggleFullScreen());
+  private readonly parallel = checkbox('Parallel', false, (on) => this.setParallel(on));
+  /** The field of the view that was left for a parallel one. */
+  private perspective = TYPICAL_FIELD;
   private pin: Hit | undefined;
   private requested = false;
   private rest: ReturnType<typeof setTimeout> | undefined;
@@ -157,7 +159,8 @@ export class Panel {
     const context = this.canvas.getContext('2d')!;
     context.clearRect(0, 0, picture.width, picture.height);
     context.drawImage(picture, 0, 0);
-    this.parallel.checked = this.plot.view.state.field === 0;
+    // The reset or the camera of a frame may have changed it.
+    this.parallel.querySelector('input')!.checked = this.plot.view.state.field === 0;
     this.placePin();
   }
 
@@ -191,7 +194,6 @@ export class Panel {
 
   private makeTools(): HTMLElement {
     const { plot } = this;
-    const { view } = plot;
     const look = (axis: Axis, sign: 1 | -1) => (): void => {
       plot.lookFrom(axis, sign);
       this.moved(false);
@@ -204,11 +206,6 @@ export class Panel {
         button(`From \u2212${'xyz'[axis]}`, undefined, look(axis, -1)),
       ]),
     );
-    const parallel = checkbox('Parallel', view.state.field === 0, (on) => {
-      view.state.field = on ? 0 : TYPICAL_FIELD;
-      this.moved(false);
-    });
-    this.parallel = parallel.querySelector('input')!;
     const toggle = (name: string, key: 'axes' | 'box' | 'labels'): HTMLElement =>
       checkbox(name, plot.shown[key], (on) => {
         plot.shown[key] = on;
@@ -218,7 +215,7 @@ export class Panel {
       'div',
       { class: 'tools', attributes: { role: 'toolbar', 'aria-label': 'Plot' } },
       button('Reset the view', ICONS.reset, () => this.reset()),
-      plot.flat ? undefined : menu('View', ICONS.view, views, parallel),
+      plot.flat ? undefined : menu('View', ICONS.view, views, this.parallel),
       menu(
         'Show',
         ICONS.show,
@@ -247,6 +244,13 @@ export class Panel {
   private markFullScreen(): void {
     const isFull = document.fullscreenElement === this.element;
     this.fullScreen.setAttribute('aria-pressed', String(isFull));
+  }
+
+  private setParallel(on: boolean): void {
+    const { state } = this.plot.view;
+    if (on) this.perspective = state.field;
+    state.field = on ? 0 : this.perspective;
+    this.moved(false);
   }
 
   private reset(): void {
