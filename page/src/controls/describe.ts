@@ -27,15 +27,13 @@ export function describe(plot: Plot): string {
   ].filter((part) => part !== undefined);
   return [
     `A plot of ${plot.flat ? 'two' : 'three'} dimensions, ${ranges.join(', ')}.`,
-    `It shows ${shown.length === 0 ? 'nothing' : shown.join(', ')}${more > 0 ? ` and ${more} more` : ''}`,
-    parts.length > 0 ? `: ${parts.join(', ')}.` : '.',
+    `It has ${parts.length === 0 ? 'nothing to draw' : parts.join(', ')}.`,
+    `It shows ${shown.length === 0 ? 'nothing' : shown.join(', ')}${more > 0 ? ` and ${more} more` : ''}.`,
     plot.flat
-      ? ' Arrow keys move it, plus and minus zoom, Home resets the view.'
-      : ' Arrow keys turn it, with Shift they move it, plus and minus zoom, x, y and z look along an axis, Home resets the view.',
-  ]
-    .join(' ')
-    .replace(' :', ':')
-    .replace(' .', '.');
+      ? 'Arrow keys move it,'
+      : 'Arrow keys turn it, with Shift they move it, x, y and z look along an axis,',
+    'plus and minus zoom, Home resets the view, Enter pins the point nearest to the middle.',
+  ].join(' ');
 }
 
 const round = (value: number): string => String(Number(value.toPrecision(6)));

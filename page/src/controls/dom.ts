@@ -95,9 +95,12 @@ export function checkbox(
 
 let nextId = 0;
 
+/** An id that no other element has. */
+export const newId = (kind: string): string => `${kind}-${nextId++}`;
+
 /** A button that opens and closes a box of further controls. */
 export function menu(name: string, path: string, ...contents: Child[]): HTMLElement {
-  const id = `menu-${nextId++}`;
+  const id = newId('menu');
   const box = element(
     'div',
     { class: 'menu', attributes: { id, role: 'group', 'aria-label': name } },

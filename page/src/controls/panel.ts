@@ -8,7 +8,7 @@ import type { Engine } from '../scene/engine';
 import { Plot, type Content, type Hit, type Surroundings } from '../scene/plot';
 import { AXES, type Axis } from '../scene/space';
 import { describe } from './describe';
-import { ICONS, button, checkbox, element, menu } from './dom';
+import { ICONS, button, checkbox, element, menu, newId } from './dom';
 import { Gestures } from './gestures';
 import { makeLegend } from './legend';
 import { makeObjectList } from './objects';
@@ -67,7 +67,7 @@ export class Panel {
     this.plot = new Plot(engine, text, content, surroundings);
     this.tip.hidden = true;
     this.pinned.hidden = true;
-    this.description.id = `description-${text.name || 'plot'}-${Math.random().toString(36).slice(2, 8)}`;
+    this.description.id = newId('description');
     this.stage = element(
       'div',
       {
@@ -109,6 +109,7 @@ export class Panel {
     });
     this.stage.addEventListener('keydown', (event) => {
       if (event.key === 'Escape') this.unpin();
+      if (event.key === 'Enter' && event.target === this.stage) this.pinMiddle();
     });
     this.observer = new ResizeObserver(() => this.resize());
     this.observer.observe(this.stage);
@@ -291,10 +292,18 @@ export class Panel {
 
   private click(x: number, y: number): void {
     const hit = this.plot.pick(x, y);
-    if (!hit) {
-      this.unpin();
-      return;
-    }
+    if (hit) this.pinHit(hit);
+    else this.unpin();
+  }
+
+  /** Pins the point that is nearest to the middle, for those who do not point. */
+  private pinMiddle(): void {
+    const { width, height } = this.plot.view.size;
+    const hit = this.plot.pick(width / 2, height / 2, Infinity);
+    if (hit) this.pinHit(hit);
+  }
+
+  private pinHit(hit: Hit): void {
     this.pin = hit;
     this.tip.hidden = true;
     this.pinned.hidden = false;
