@@ -327,7 +327,7 @@ export class Page {
     }
   }
 
-  /** Each model with the display of the same name, or else with that at the same place. */
+  /** Each model with the display of its name, or else with the next that has the name of none. */
   private async readFiles(files: readonly File[]): Promise<Dropped[]> {
     const kinds = await Promise.all(
       files.map(async (file) => {
@@ -341,10 +341,14 @@ export class Page {
     const models = ofKind('jvx-model');
     const displays = ofKind('jv-disp');
     if (models.length === 0) throw new Error('there is no JVX file among them');
+    const isPair = (one: File, other: File): boolean => stem(one.name) === stem(other.name);
+    const unclaimed = displays.filter((display) => !models.some((model) => isPair(model, display)));
+    const choices = models.map(
+      (model) => displays.find((display) => isPair(model, display)) ?? unclaimed.shift(),
+    );
     return Promise.all(
       models.map(async (file, i) => {
-        const same = displays.find((other) => stem(other.name) === stem(file.name));
-        const display = same ?? displays[i];
+        const display = choices[i];
         const texts = { model: { file }, display: display && { file: display } };
         const order = {
           runs: [],
