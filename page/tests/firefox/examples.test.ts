@@ -4,7 +4,7 @@ import { CASES } from '../support/cases';
 import { simplePage } from '../support/compose';
 import { countPanels, countText } from '../support/counts';
 import { animatedPage, functionPage, twoScenesPage } from '../support/demos';
-import { example, textOf } from '../support/examples';
+import { textOf } from '../support/examples';
 import { TestFirefox } from '../support/firefox';
 import { PICTURES } from '../support/pictures';
 
@@ -15,11 +15,12 @@ before(async () => {
 after(() => firefox.close());
 
 for (const { name, model, display } of CASES) {
-  test(`${name} is drawn in full, without a complaint`, async () => {
-    const { page, complaints, close } = await firefox.open(simplePage(model, display));
+  test(`${name} is drawn in full, without a complaint or a request`, async () => {
+    const { page, complaints, requests, close } = await firefox.open(simplePage(model, display));
     const { counts, strokes } = await page.evaluate(countText, textOf(model));
     assert.deepEqual(await page.evaluate(countPanels), [{ counts, strokes }]);
     assert.deepEqual(complaints, []);
+    assert.deepEqual(requests, []);
     await close();
   });
 }
@@ -48,15 +49,4 @@ test('legends, several scenes and animations are shown without a complaint', asy
     assert.deepEqual(complaints, []);
     await close();
   }
-});
-
-test('the view turns by keys', async () => {
-  const { page, close } = await firefox.open(simplePage(example('surface.jvx')));
-  const toEye = (): Promise<number[]> =>
-    page.evaluate(() => [...window.plotPage!.all[0]!.plot.view.state.toEye]);
-  const before = await toEye();
-  await page.focus('.stage');
-  await page.keyboard.press('ArrowRight');
-  assert.notDeepEqual(await toEye(), before);
-  await close();
 });

@@ -12,6 +12,8 @@ export interface OpenedInFirefox {
   page: Page;
   /** Errors and warnings of the console, and errors that nobody caught. */
   complaints: string[];
+  /** Addresses that the page asked for, but for its own. */
+  requests: string[];
   close(): Promise<void>;
 }
 
@@ -68,14 +70,19 @@ export class TestFirefox {
     writeFileSync(path, html);
     const page = await this.browser.newPage();
     const complaints: string[] = [];
+    const requests: string[] = [];
     page.on('console', (message) => {
       if (['error', 'warn'].includes(message.type())) complaints.push(message.text());
     });
     page.on('pageerror', (error) => complaints.push(String(error)));
+    page.on('request', (request) => {
+      const asked = request.url();
+      if (!asked.startsWith(`file://${path}`) && !asked.startsWith('blob:')) requests.push(asked);
+    });
     await page.setViewport({ width: 800, height: 600 });
     await page.goto(`file://${path}`);
     await page.waitForSelector('html[data-state=ready]', { timeout: 120_000 });
-    return { page, complaints, close: () => page.close() };
+    return { page, complaints, requests, close: () => page.close() };
   }
 
   async close(): Promise<void> {
