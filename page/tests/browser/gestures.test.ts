@@ -3,6 +3,7 @@ import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
 import { TestBrowser } from '../support/browser';
 import { simplePage } from '../support/compose';
+import { functionPage } from '../support/demos';
 import { example } from '../support/examples';
 import { spot, touchOf, viewOf, type SeenFrom } from '../support/observe';
 import { axes, display } from '../support/plots';
@@ -221,5 +222,42 @@ test('from the end of an axis everything is seen, with all numbers', async () =>
       assert.equal(outside, 0, `from ${sign} ${name}`);
     }
   }
+  await close();
+});
+
+test('two fingers on a pad zoom as a wheel does', async () => {
+  const { page, close } = await browser.open(surface());
+  const before = (await viewOf(page)).span;
+  await page.mouse.move(400, 300);
+  await page.keyboard.down('Control');
+  for (let i = 0; i < 10; i++) await page.mouse.wheel(0, -5);
+  await page.keyboard.up('Control');
+  await page.waitForTimeout(300);
+  const zoom = before / (await viewOf(page)).span;
+  assert.ok(zoom > 1.5 && zoom < 3, `zoomed by ${zoom}`);
+  await close();
+});
+
+test('in two dimensions the zoom is kept when the size changes', async () => {
+  const { page, close } = await browser.open(functionPage());
+  const seen = (): Promise<number[]> =>
+    page.evaluate(() => {
+      const { view, space } = window.plotPage!.all[0]!.plot;
+      return [0, 1].map((x) => view.toPixels(...space.point(x, 0, 0))[0] - view.size.width / 2);
+    });
+  const unit = ([a, b]: number[]): number => b! - a!;
+  const home = await seen();
+  await page.mouse.move(400, 300);
+  await page.mouse.wheel(0, -600);
+  await page.waitForTimeout(400);
+  const zoomed = await seen();
+  const zoom = unit(zoomed) / unit(home);
+  assert.ok(zoom > 2, `zoomed by ${zoom}`);
+  await page.setViewportSize({ width: 640, height: 600 });
+  await page.waitForFunction(() => window.plotPage!.all[0]!.plot.view.size.width === 640);
+  const resized = await seen();
+  await page.getByRole('button', { name: 'Reset the view' }).click();
+  const smaller = await seen();
+  assert.ok(Math.abs(unit(resized) / unit(smaller) - zoom) < 0.05 * zoom);
   await close();
 });
