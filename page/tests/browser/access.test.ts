@@ -19,6 +19,9 @@ after(() => browser.close());
 
 const surface = (): string => simplePage(example('surface.jvx'), example('lights_automatic.jvd'));
 
+/** What fades in has too little contrast until it is there. */
+const STILL = { reducedMotion: 'reduce' } as const;
+
 /** What the checker of accessibility finds. */
 async function violations(page: Page): Promise<string[]> {
   return page.evaluate(async (source) => {
@@ -37,7 +40,7 @@ test('nothing is found by the checker of accessibility, in light, in dark, or at
     functionPage(),
     compose({ page: { title: 'Viewer' }, blocks: {} }),
   ]) {
-    const { page, close } = await browser.open(html);
+    const { page, close } = await browser.open(html, STILL);
     const client = await page.context().newCDPSession(page);
     await client.send('Page.setBypassCSP', { enabled: true });
     const menus = await page.getByRole('toolbar').first().locator('[aria-expanded]').all();
@@ -56,7 +59,7 @@ test('nothing is found by the checker of accessibility, in light, in dark, or at
 });
 
 test('the checker finds nothing in open menus and beside a pinned point', async () => {
-  const { page, close } = await browser.open(surface());
+  const { page, close } = await browser.open(surface(), STILL);
   const client = await page.context().newCDPSession(page);
   await client.send('Page.setBypassCSP', { enabled: true });
   for (const name of ['View', 'Show', 'Save']) {
