@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,6 +45,9 @@ Command addViewCommand(CLI::App& program) {
       ->default_str(std::to_string(settings->page.framesPerUnit));
   return {options, [options, settings] {
             refuseTimeBesideFrames(*options);
+            if (std::ranges::count(settings->plots, "-") > 1) {
+              throw CLI::ValidationError("PLOT", "standard input can be read only once");
+            }
             return view(*settings);
           }};
 }

@@ -146,11 +146,23 @@ TEST_F(ViewTest, SaysWhereThePageIsIfThereIsNoBrowser) {
     setEnvironment("BROWSER", browser);
     const std::string error = errorOf({"plot.zrd"}, 3);
     const std::string beginning =
-        "zrd: no browser could be opened: set the variable BROWSER, or open ";
+        "zrd: no browser could be opened: let the variable BROWSER name another one, or open ";
     ASSERT_TRUE(error.starts_with(beginning)) << error;
     const std::string page = error.substr(beginning.size(), error.size() - beginning.size() - 1);
     EXPECT_TRUE(isPage(contentOf(page))) << page;
   }
+}
+
+TEST_F(ViewTest, NamesThePackageThatOpensBrowsers) {
+  write("plot.zrd", plot);
+  setEnvironment("TMPDIR", folder_.path());
+  setEnvironment("BROWSER", "");
+  setEnvironment("PATH", "/none");
+  const std::string error = errorOf({"plot.zrd"}, 3);
+  EXPECT_TRUE(
+      error.starts_with("zrd: no browser could be opened: install the Debian package "
+                        "xdg-utils, let the variable BROWSER name a browser, or open /"))
+      << error;
 }
 
 TEST_F(ViewTest, NamesThePlaceOfBadData) {

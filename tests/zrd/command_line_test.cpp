@@ -66,6 +66,10 @@ TEST_F(CommandLine, SaysWhatIsMissingOrTooMuch) {
   expectRefused({"format", "-i", "-"}, "-i: standard input cannot be written to", "format");
 }
 
+TEST_F(CommandLine, ReadsStandardInputOnce) {
+  expectRefused({"view", "-", "a.zrd", "-"}, "PLOT: standard input can be read only once", "view");
+}
+
 TEST_F(CommandLine, SaysWhereAWordWouldBeRight) {
   expectRefused({"picture", "a.zrd", "a.png"},
                 "a.png is one argument too many; did you mean --output a.png?", "picture");

@@ -35,12 +35,16 @@ bool run(const std::vector<std::string>& command) {
 }  // namespace
 
 void openInBrowser(const std::string& file) {
-  const char* chosen = std::getenv("BROWSER");
-  std::istringstream commands(chosen && *chosen ? chosen : "xdg-open");
+  const char* const chosen = std::getenv("BROWSER");
+  const bool isChosen = chosen && *chosen;
+  std::istringstream commands(isChosen ? chosen : "xdg-open");
   for (std::string text; std::getline(commands, text, ':');) {
     if (run(commandOf(text, file))) return;
   }
-  throw Failure(noBrowser, "no browser could be opened: set the variable BROWSER, or open " + file);
+  const std::string remedy = isChosen ? "let the variable BROWSER name another one"
+                                      : "install the Debian package xdg-utils, let the variable "
+                                        "BROWSER name a browser";
+  throw Failure(noBrowser, "no browser could be opened: " + remedy + ", or open " + file);
 }
 
 }  // namespace vantry::zrd
