@@ -65,6 +65,9 @@ const steppedPage = (style: string): string => {
   });
 };
 
+/** What is drawn soon. */
+const SMALL = { viewport: { width: 320, height: 240 } };
+
 /** The screen asks for a picture so often where a test holds the time, in milliseconds. */
 const TICK = 16;
 
@@ -78,7 +81,7 @@ const frameOf = async (page: Page): Promise<number> =>
   Number(await page.getByRole('slider', { name: 'Time' }).inputValue());
 
 test('frames follow the speed', async () => {
-  const { page, complaints, close } = await browser.open(steppedPage('once'));
+  const { page, complaints, close } = await browser.open(steppedPage('once'), SMALL);
   await holdTime(page);
   const speed = page.getByRole('combobox', { name: 'Speed' });
   const [play, pause] = ['Play', 'Pause'].map((name) => page.getByRole('button', { name }));
@@ -95,9 +98,6 @@ test('frames follow the speed', async () => {
     await play!.click();
     await pass();
     assert.equal(await frameOf(page), frame, `at ${name}`);
-    await pause!.click();
-    await pass();
-    assert.equal(await frameOf(page), frame, 'nothing moves in a pause');
     await page.getByRole('slider', { name: 'Time' }).fill('0');
   }
 
@@ -108,13 +108,16 @@ test('frames follow the speed', async () => {
   assert.equal(await frameOf(page), 4, 'another speed goes on from where it is');
   await pass();
   assert.equal(await frameOf(page), 20);
+  await pause!.click();
+  await pass();
+  assert.equal(await frameOf(page), 20, 'nothing moves in a pause');
   await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name === 'late');
   assert.deepEqual(complaints, []);
   await close();
 });
 
 test('an animation ends, begins anew, or turns round, as the canvas says or the reader', async () => {
-  const { page, close } = await browser.open(steppedPage('loop'));
+  const { page, close } = await browser.open(steppedPage('loop'), SMALL);
   await holdTime(page);
   await page.getByRole('combobox', { name: 'Speed' }).selectOption('4×');
   const repetition = page.getByRole('combobox', { name: 'Repetition' });
