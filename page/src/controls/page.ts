@@ -1,22 +1,17 @@
 /** The whole page: its panels in their layout, the animation, dropped files. */
-import {
-  PLAIN_BOX,
-  plainPanel,
-  type FrameText,
-  type PageText,
-  type PanelText,
-} from '../data/contract';
+import { toPageText, type FrameText, type PageText, type PanelText } from '../data/contract';
 import type { Loader } from '../data/load';
-import { rootOf, type SceneTexts } from '../data/read';
+import type { SceneTexts } from '../data/read';
 import { sizeOf, type Source } from '../data/source';
-import { checkRoot } from '../javaview/reader';
 import { brightness, hexToRgb } from '../scene/colors';
 import { Engine } from '../scene/engine';
-import { LINEAR, type Flags, type SpaceParts } from '../scene/space';
+import type { Flags, SpaceParts } from '../scene/space';
 import type { Content, Surroundings } from '../scene/plot';
 import { warmUp } from '../scene/warm';
 import { button, element } from './dom';
+import { FileError, readFiles, type Dropped } from './files';
 import { legendEntries } from './legend';
+import { makeNumbers, numbersSentence } from './numbers';
 import { Panel, textLine, type Mode } from './panel';
 import { Player } from './player';
 
@@ -35,12 +30,6 @@ export function modeOf(hash: string): Mode {
   return { picture: words.has('picture'), transparent: words.has('transparent') };
 }
 
-interface Dropped {
-  text: PanelText;
-  texts: SceneTexts;
-  content: Content;
-}
-
 interface PanelSet {
   text: PanelText;
   panel: Panel;
@@ -54,13 +43,13 @@ function frameOf(text: PanelText, frame: number): FrameText {
   return found;
 }
 
-/** The name of a file without its endings, which a model and its display share. */
-const stem = (name: string): string => name.replace(/(\.gz|\.jvx|\.jvd|\.xml)+$/i, '');
-
 export class Page {
   private readonly area = element('div', { class: 'area' });
   private readonly room = element('div', { class: 'room' }, this.area);
   private readonly message = element('p', { class: 'message', attributes: { role: 'status' } });
+  private readonly heading = element('h1', { class: 'unseen' });
+  /** Opens further files, on a page that began without a plot. */
+  private opener: HTMLElement | undefined;
   private panels: PanelSet[] = [];
   private engine: Engine | undefined;
   private player: Player | undefined;
@@ -68,7 +57,7 @@ export class Page {
 
   constructor(
     private readonly root: HTMLElement,
-    private readonly text: PageText,
+    private text: PageText,
     private readonly blocks: ReadonlyMap<string, Source>,
     private readonly loader: Loader,
     private readonly mode: Mode,
@@ -97,7 +86,8 @@ export class Page {
     const { dataset, style } = document.documentElement;
     dataset.scheme = brightness(ground) < MIDDLE ? 'dark' : 'light';
     const { background } = this.text;
-    if (background !== undefined) style.setProperty('--ground', background);
+    if (background === undefined) style.removeProperty('--ground');
+    else style.setProperty('--ground', background);
   }
 
   /** The panels in their order, for tests and for hosts of the page. */
@@ -110,7 +100,8 @@ export class Page {
   }
 
   async show(): Promise<void> {
-    this.root.append(element('h1', { class: 'unseen', text: document.title }));
+    this.heading.textContent = document.title;
+    this.root.append(this.heading);
     const header = textLine(this.text.header, 'header');
     const footer = textLine(this.text.footer, 'footer');
     this.root.append(
@@ -125,13 +116,11 @@ export class Page {
     // The first text is read while the browser gets ready to draw.
     const ahead = this.content(this.text.panels[0]!, first);
     ahead.catch(() => undefined);
-    try {
-      this.engine = new Engine(() => this.redraw());
-      if (this.isLong(this.text.panels[0]!, first)) warmUp(this.engine);
-    } catch {
-      await this.showNumbers();
+    if (!this.canDraw()) {
+      await this.showNumbers(first);
       return;
     }
+    if (this.isLong(this.text.panels[0]!, first)) warmUp(this.engine!);
     this.arrange();
     for (const [i, text] of this.text.panels.entries()) {
       await this.addPanel(text, i === 0 ? ahead : this.content(text, first), first);
@@ -285,7 +274,8 @@ export class Page {
     input.addEventListener('change', () => void this.openFiles([...(input.files ?? [])]));
     const text = 'Drop a JVX file here, with its JVD file if there is one.';
     const open = button('Open files', undefined, () => input.click());
-    this.area.append(element('div', { class: 'invitation' }, element('p', { text }), open, input));
+    this.opener = element('div', { class: 'bar' }, open, input);
+    this.area.append(element('div', { class: 'invitation' }, element('p', { text }), this.opener));
   }
 
   private acceptFiles(): void {
@@ -304,91 +294,65 @@ export class Page {
   /** Shows files in the place of what was there. */
   async openFiles(files: readonly File[]): Promise<void> {
     if (files.length === 0) return;
-    this.message.textContent = 'Reading…';
+    this.message.textContent = 'Reading\u2026';
     try {
-      const dropped = await this.readFiles(files);
-      this.engine ??= new Engine(() => this.redraw());
-      for (const { panel } of this.panels) panel.dispose();
-      this.area.replaceChildren();
-      this.player?.end();
-      this.player = undefined;
-      this.area.classList.remove('placed');
-      this.area.classList.add(dropped.length > 1 ? 'several' : 'single');
-      this.area.style.setProperty('--columns', String(Math.ceil(Math.sqrt(dropped.length))));
-      this.panels = dropped.map(({ text, content, texts }) => ({
-        text,
-        panel: this.makePanel(text, content, texts),
-      }));
-      for (const { panel } of this.panels) this.area.append(panel.element);
+      const dropped = await readFiles(files, this.loader);
+      this.clear(dropped.map(({ text }) => text.name).join(', '));
+      this.showDropped(dropped);
       const whole = dropped.every(({ content }) => content.scene.whole);
       this.message.textContent = whole ? '' : CUT_OFF;
     } catch (error) {
-      this.fail(files[0]!.name, error);
+      this.fail(error instanceof FileError ? error.file : '', error);
     }
   }
 
-  /** Each model with the display of its name, or else with the next that has the name of none. */
-  private async readFiles(files: readonly File[]): Promise<Dropped[]> {
-    const kinds = await Promise.all(
-      files.map(async (file) => {
-        const root = await rootOf({ file });
-        checkRoot(root);
-        return { file, root };
-      }),
-    );
-    const ofKind = (kind: string): File[] =>
-      kinds.filter(({ root }) => root === kind).map(({ file }) => file);
-    const models = ofKind('jvx-model');
-    const displays = ofKind('jv-disp');
-    if (models.length === 0) throw new Error('there is no JVX file among them');
-    const isPair = (one: File, other: File): boolean => stem(one.name) === stem(other.name);
-    const unclaimed = displays.filter((display) => !models.some((model) => isPair(model, display)));
-    const choices = models.map(
-      (model) => displays.find((display) => isPair(model, display)) ?? unclaimed.shift(),
-    );
-    return Promise.all(
-      models.map(async (file, i) => {
-        const display = choices[i];
-        const texts = { model: { file }, display: display && { file: display } };
-        const order = {
-          runs: [],
-          logarithmic: LINEAR,
-          box: PLAIN_BOX,
-          marked: [],
-          space: undefined,
-        };
-        const scene = await this.loader.load(texts, order);
-        const text = plainPanel(scene.title || stem(file.name), '', undefined);
-        return { text, texts, content: { name: file.name, scene } };
-      }),
-    );
+  /** Takes away everything of the plot that was there. */
+  private clear(title: string): void {
+    for (const { panel } of this.panels) panel.dispose();
+    this.panels = [];
+    this.player?.end();
+    this.player = undefined;
+    this.area.replaceChildren();
+    this.area.classList.remove('placed', 'several', 'single');
+    for (const line of this.root.querySelectorAll(':scope > .line')) line.remove();
+    if (this.opener) this.room.after(this.opener);
+    this.text = toPageText({ title });
+    document.title = title;
+    this.heading.textContent = title;
+    this.applyScheme();
   }
 
-  /** What a browser shows that cannot draw: a sentence and the numbers. */
-  private async showNumbers(): Promise<void> {
-    this.area.append(
-      element('p', {
-        text: 'This browser cannot draw the plot, since it has no WebGL. These are its numbers.',
-      }),
-    );
+  private showDropped(dropped: readonly Dropped[]): void {
+    if (!this.canDraw()) {
+      const numbers = dropped.map(({ content }) => makeNumbers(content.scene, []));
+      this.area.append(numbersSentence(), ...numbers);
+      return;
+    }
+    this.area.classList.add(dropped.length > 1 ? 'several' : 'single');
+    this.area.style.setProperty('--columns', String(Math.ceil(Math.sqrt(dropped.length))));
+    this.panels = dropped.map(({ text, content, texts }) => ({
+      text,
+      panel: this.makePanel(text, content, texts),
+    }));
+    for (const { panel } of this.panels) this.area.append(panel.element);
+  }
+
+  /** Whether there is, or can be, an engine. */
+  private canDraw(): boolean {
+    try {
+      this.engine ??= new Engine(() => this.redraw());
+      return true;
+    } catch {
+      return false;
+    }
+  }
+
+  private async showNumbers(frame: number): Promise<void> {
+    this.area.append(numbersSentence());
     for (const text of this.text.panels) {
       try {
-        const { scene } = await this.content(text, 0);
-        const { values, begins, ends, dimensions } = scene.places;
-        const lines = [...dimensions].flatMap((dimension, g) => {
-          const coordinates = values.subarray(begins[g], ends[g]);
-          return Array.from({ length: Math.min(coordinates.length / 3, 1000) }, (_, i) =>
-            [...coordinates.subarray(i * 3, i * 3 + dimension)].join(' '),
-          );
-        });
-        const numbers = lines.slice(0, 5000).join('\n');
-        this.area.append(
-          element('pre', {
-            class: 'numbers',
-            text: numbers,
-            attributes: { tabindex: '0', 'aria-label': 'Numbers' },
-          }),
-        );
+        const { scene } = await this.content(text, frame);
+        this.area.append(makeNumbers(scene, text.objects));
       } catch (error) {
         this.fail(text.name, error);
       }
