@@ -4,7 +4,7 @@ import { formatTick } from '../rulers/ticks';
 import { cssFont } from '../scene/atlas';
 import type { Mark } from '../scene/marks';
 import { element } from './dom';
-import { makeMark } from './mark';
+import { makeMark, type Seen } from './mark';
 
 const MOST_ENTRIES = 100;
 
@@ -21,11 +21,11 @@ function makeScale(scale: ColorScale): HTMLElement {
   );
 }
 
-function makeEntry(object: ObjectText, mark: Mark | undefined): HTMLElement {
+function makeEntry(object: ObjectText, mark: Mark | undefined, seen: Seen): HTMLElement {
   return element(
     'li',
     {},
-    object.scale ? makeScale(object.scale) : makeMark(mark, object.color),
+    object.scale ? makeScale(object.scale) : makeMark(mark, object.color, seen),
     element('span', { text: object.legend ?? object.name }),
   );
 }
@@ -41,13 +41,14 @@ export function makeLegend(
   text: LegendText,
   objects: readonly ObjectText[],
   marks: ReadonlyMap<number, Mark>,
+  seen: Seen,
 ): HTMLElement | undefined {
   const entries = legendEntries(objects);
   if (!text.visible || entries.length === 0) return undefined;
   const list = element(
     'ul',
     { class: `legend ${text.align}`, attributes: { 'aria-label': 'Legend' } },
-    ...entries.map((i) => makeEntry(objects[i]!, marks.get(i))),
+    ...entries.map((i) => makeEntry(objects[i]!, marks.get(i), seen)),
   );
   if (text.font) list.style.font = cssFont({ ...text.font, color: [0, 0, 0] }, 1);
   return list;

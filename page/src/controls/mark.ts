@@ -1,5 +1,7 @@
 /** What an object looks like, as a small drawing: its area, its line and its point. */
+import type { Rgb } from '../javaview/model';
 import { cssColor } from '../scene/atlas';
+import { hexToRgb } from '../scene/colors';
 import type { AreaMark, LineMark, Mark, PointMark } from '../scene/marks';
 import { LINE_STYLES, POINT_STYLES, tipLength, type Tip } from '../scene/styles';
 import { PATTERNS, PERIOD, STROKE, dashLengths, sign } from '../save/signs';
@@ -86,11 +88,21 @@ function pointShape({ radius, style }: PointMark, color: string): SVGElement {
   return shape('path', { d, transform: `translate(${WIDTH / 2} ${MIDDLE})`, ...drawn });
 }
 
+/** A colour of a line or a point as it is seen on the ground of the page. */
+export type Seen = (color: Rgb) => Rgb;
+
 /** The drawing of a mark; `color` is that of the largest of its parts. */
-export function makeMark(mark = PLAIN, color?: string): SVGSVGElement {
-  const { area, line, point, opacity } = mark;
-  const colorOf = (part: { color: LineMark['color'] }): string =>
-    part === (area ?? line ?? point) && color !== undefined ? color : cssColor(part.color);
+export function makeMark(
+  mark: Mark | undefined,
+  color: string | undefined,
+  seen: Seen,
+): SVGSVGElement {
+  const { area, line, point, opacity } = mark ?? PLAIN;
+  const largest = area ?? line ?? point;
+  const colorOf = (part: { color: Rgb }): string => {
+    const own = part === largest && color !== undefined ? hexToRgb(color) : part.color;
+    return cssColor(area ? own : seen(own));
+  };
   const pen = line && penOf(line, colorOf(line));
   const shapes = [
     ...(area ? areaShapes(area, colorOf(area), pen) : []),

@@ -50,6 +50,7 @@ export class Panel {
   private readonly parallel = checkbox('Parallel', false, (on) => this.setParallel(on));
   /** The field of the view that was left for a parallel one. */
   private perspective = TYPICAL_FIELD;
+  private legend: HTMLElement | undefined;
   private pin: Hit | undefined;
   private requested = false;
   private rest: ReturnType<typeof setTimeout> | undefined;
@@ -84,15 +85,15 @@ export class Panel {
       this.tip,
       this.pinned,
     );
-    const legend = makeLegend(text.legend, this.plot.objects, content.scene.marks);
+    this.legend = this.makeLegend();
     const above = text.legend.placement === 'top';
     this.element = element(
       'section',
       { class: 'panel', attributes: { 'aria-label': text.name || text.header?.text || 'Plot' } },
       textLine(text.header, 'header'),
-      above ? legend : undefined,
+      above ? this.legend : undefined,
       element('div', { class: 'frame' }, this.stage, this.makeTools()),
-      above ? undefined : legend,
+      above ? undefined : this.legend,
       textLine(text.footer, 'footer'),
       this.description,
     );
@@ -127,6 +128,9 @@ export class Panel {
 
   setSurroundings(surroundings: Surroundings): void {
     this.plot.setSurroundings(surroundings);
+    const legend = this.makeLegend();
+    if (legend) this.legend?.replaceWith(legend);
+    this.legend = legend;
     this.request();
   }
 
@@ -191,6 +195,11 @@ export class Panel {
       sources: this.sources,
       picture: (f) => this.picture(f, this.mode.transparent),
     };
+  }
+
+  private makeLegend(): HTMLElement | undefined {
+    const { objects, scene } = this.plot;
+    return makeLegend(this.text.legend, objects, scene.marks, (color) => this.plot.seen(color));
   }
 
   private makeTools(): HTMLElement {

@@ -67,7 +67,7 @@ test('marks look like the objects', async () => {
     names,
   );
   const [dashed, dotted, solid, points, pattern, plain] = shown.map(({ shapes }) => shapes[0]!);
-  assert.equal(dashed!.stroke, '#000000');
+  assert.equal(dashed!.stroke, 'rgb(0 0 0)');
   assert.equal(dashed!['stroke-width'], '2');
   assert.equal(solid!['stroke-dasharray'], undefined);
   for (const [i, shape] of [dashed!, dotted!].entries()) {
@@ -76,9 +76,30 @@ test('marks look like the objects', async () => {
     assert.ok(off > 1);
   }
   assert.match(points!.d!, /^M-.*M-/);
-  assert.equal(points!.stroke, '#000003');
+  assert.equal(points!.stroke, 'rgb(0 0 3)');
   assert.match(pattern!.fill!, /^url\(#/);
-  assert.equal(plain!.fill, '#000005');
+  assert.equal(plain!.fill, 'rgb(0 0 5)');
+});
+
+test('marks of dark lines are lighter on a dark ground, those of areas are not', async () => {
+  const { page, close } = await browser.open(
+    simplePage(model(line(2), area), undefined, {
+      objects: ['line', 'area'].map((name) => ({ name, legend: name, color: '#101010' })),
+      frames: [{ model: 'm', runs: [{ object: 0 }, { object: 1 }] }],
+    }),
+    { colorScheme: 'dark' },
+  );
+  const colors = async (): Promise<(string | undefined)[]> => {
+    const [first, second] = await entries(page);
+    return [first?.shapes[0]?.stroke, second?.shapes[0]?.fill];
+  };
+  const [dark] = await colors();
+  assert.ok(Number(/\d+/.exec(dark!)![0]) > 100, dark);
+  assert.equal((await colors())[1], 'rgb(16 16 16)');
+  await page.emulateMedia({ colorScheme: 'light' });
+  await page.waitForSelector(':root[data-scheme="light"]');
+  assert.deepEqual(await colors(), ['rgb(16 16 16)', 'rgb(16 16 16)']);
+  await close();
 });
 
 test('a scale of colours has its ends, their numbers and its colours', async () => {
