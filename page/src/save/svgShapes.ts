@@ -2,7 +2,7 @@
 import { Vector3 } from 'three';
 import type { Rgb } from '../javaview/model';
 import type { Rectangle } from '../rulers/overlap';
-import { cssColor, cssFont } from '../scene/atlas';
+import { HALO, cssColor, cssFont } from '../scene/atlas';
 import {
   dashOf,
   ON_SURFACE,
@@ -351,12 +351,18 @@ export function labelShape(label: Label, rectangle: Rectangle, { plot }: Scope):
   const turn = turns === 0 ? '' : ` rotate(${short(-90 * turns)})`;
   const font = escape(cssFont(style, 1)).replaceAll('&#34;', "'");
   const below = style.size * 0.325;
+  const halo = style.halo && {
+    'paint-order': 'stroke',
+    stroke: cssColor(style.halo),
+    'stroke-width': 2 * HALO,
+  };
   const values = {
     transform: `translate(${short(x)} ${short(y)})${turn}`,
     y: below,
     'text-anchor': 'middle',
     style: `font:${font}`,
     fill: cssColor(style.color),
+    ...halo,
   };
   const depth = plot.view.toPixels(...label.at)[2] - 3 * IN_FRONT;
   return { depth, svg: tag('text', values).replace('/>', `>${escape(label.text)}</text>`) };

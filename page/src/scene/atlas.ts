@@ -38,6 +38,8 @@ export const cssColor = (color: readonly number[]): string =>
   `rgb(${color.slice(0, 3).map(Math.round).join(' ')})`;
 
 const LINE_HEIGHT = 1.25;
+/** How far a halo reaches beyond the letters, in pixels. */
+export const HALO = 2;
 /** The longest side of the picture. */
 const LARGEST = 8192;
 const LONGEST_LABEL = 300;
@@ -131,7 +133,9 @@ export class TextAtlas {
   private tryPlace(labels: readonly Label[]): Glyphs[] | undefined {
     const placed: Glyphs[] = [];
     for (const label of labels) {
-      const key = `${cssFont(label.style, 1)}|${cssColor(label.style.color)}|${label.turns ?? 0}|${label.text}`;
+      const { text, style, turns = 0 } = label;
+      const colors = [style.color, style.halo ?? []].map(cssColor).join();
+      const key = `${cssFont(style, 1)}|${colors}|${turns}|${text}`;
       const glyphs = this.places.get(key) ?? this.draw(label, key);
       if (!glyphs) return undefined;
       placed.push(glyphs);
@@ -162,7 +166,15 @@ export class TextAtlas {
     context.font = cssFont(label.style, pixelRatio);
     context.fillStyle = cssColor(label.style.color);
     context.textBaseline = 'alphabetic';
-    context.fillText(shorten(label.text), 0, label.style.size * pixelRatio * 0.95);
+    const text = shorten(label.text);
+    const line = label.style.size * pixelRatio * 0.95;
+    if (label.style.halo) {
+      context.strokeStyle = cssColor(label.style.halo);
+      context.lineWidth = 2 * HALO * pixelRatio;
+      context.lineJoin = 'round';
+      context.strokeText(text, 0, line);
+    }
+    context.fillText(text, 0, line);
     context.restore();
     this.x += width + 2 * MARGIN;
     this.rowHeight = Math.max(this.rowHeight, height + 2 * MARGIN);

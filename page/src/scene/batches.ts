@@ -303,6 +303,8 @@ export interface TextStyle {
   bold: boolean;
   italic: boolean;
   color: Rgb;
+  /** Round the letters, which are read on top of lines then. */
+  halo?: Rgb | undefined;
 }
 
 export interface Label {

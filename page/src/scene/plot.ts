@@ -205,7 +205,8 @@ export class Plot {
     this.rulers = new Drawing(rulers, this.rulerUniforms, this.atlas, this.texts, kind);
     const { labels, rectangles } = this.placeLabels(layout);
     this.placed = { labels: labels.map((label) => this.seenLabel(label)), rectangles };
-    this.labels = layout.labels.map((label) => this.seenLabel(label));
+    const halo = transparent ? undefined : this.halo;
+    this.labels = layout.labels.map((label) => this.seenLabel(label, halo));
     this.atlas.place([...this.placed.labels, ...this.labels], pixelRatio);
     this.drawing.setLabels(this.placed.labels, pixelRatio);
     this.rulers.setLabels(this.labels, pixelRatio);
@@ -262,9 +263,14 @@ export class Plot {
     return this.surroundings.darkened && !this.background && !this.backdropText;
   }
 
-  private seenLabel(label: Label): Label {
+  private seenLabel(label: Label, halo?: Rgb): Label {
     const { style } = label;
-    return { ...label, style: { ...style, color: this.seen(style.color) } };
+    return { ...label, style: { ...style, color: this.seen(style.color), halo } };
+  }
+
+  /** Numbers of axes that cross lie among lines, and are kept apart from them by the ground. */
+  private get halo(): Rgb | undefined {
+    return this.look.type === 'center' && !this.backdrop ? this.ground : undefined;
   }
 
   /** The colour that light gives to a place, for drawings that are not made by the hardware. */

@@ -210,3 +210,45 @@ test('edges keep their colour before their faces, whatever the ground', async ()
   near(await edge(square), [0, 0, 0], 'before a face');
   near(await edge(square.replace('edge=', 'face="hide" edge=')), [114.5, 114.5, 117], 'alone');
 });
+
+test('numbers of axes that cross are kept apart from lines that run through them', async () => {
+  const through = curve(
+    [
+      [-1, -0.06],
+      [1, -0.06],
+    ],
+    { points: 'point="hide"', lines: '' },
+    { points: '', lines: '<thickness>30</thickness><color>255 0 0</color>' },
+  );
+  const crossing = display(
+    axes('center', 2, [
+      [-1, 1],
+      [-1, 1],
+    ]),
+  );
+  const { page, close } = await browser.open(simplePage(model(through), crossing));
+  const rectangle = await page.evaluate(() => {
+    const { labels, rectangles, view } = window.plotPage!.all[0]!.plot;
+    const i = labels.findIndex(({ text }) => text === '0.5');
+    const { left, bottom, width, height } = rectangles[i]!;
+    return { left, top: view.size.height - bottom - height, width, height };
+  });
+  const { data, width } = PNG.sync.read(await page.screenshot());
+  await close();
+  const colorAt = (x: number, y: number): number[] => {
+    const at = (Math.round(y) * width + Math.round(x)) * 4;
+    return [...data.subarray(at, at + 3)];
+  };
+  const { left, top } = rectangle;
+  near(colorAt(left - 8, top + rectangle.height / 2), [255, 0, 0], 'the line beside the number');
+  let rows = 0;
+  for (let y = top; y < top + rectangle.height; y++) {
+    for (let x = left + 3; x < left + rectangle.width; x++) {
+      if (Math.max(...colorAt(x, y)) > 60) continue;
+      rows++;
+      assert.ok(Math.min(...colorAt(x - 2, y)) > 120, `${colorAt(x - 2, y).join()} beside a digit`);
+      break;
+    }
+  }
+  assert.ok(rows > 5);
+});
