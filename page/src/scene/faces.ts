@@ -420,6 +420,10 @@ class PairSet {
   }
 }
 
+/** An edge between such points, as at the top of a cone, would be drawn as a dot. */
+const isSamePlace = (at: Float32Array, a: number, b: number): boolean =>
+  at[a * 3] === at[b * 3] && at[a * 3 + 1] === at[b * 3 + 1] && at[a * 3 + 2] === at[b * 3 + 2];
+
 function addEdges({ geometry, style, batches, at }: Draft, faces: FaceSet): void {
   const { points } = geometry;
   const width = faces.edgeThickness ?? 1;
@@ -433,7 +437,7 @@ function addEdges({ geometry, style, batches, at }: Draft, faces: FaceSet): void
     for (let i = 0; i < corners.length; i++) {
       const a = corners[i]!;
       const b = corners[(i + 1) % corners.length]!;
-      if (!seen.add(a, b)) continue;
+      if (!seen.add(a, b) || isSamePlace(at, a, b)) continue;
       const colorA = byPoints ? colorAt(points.colors, a, base) : base;
       const colorB = byPoints ? colorAt(points.colors, b, base) : base;
       batches.lines.add(

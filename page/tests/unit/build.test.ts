@@ -37,6 +37,11 @@ test('a face of four corners is two triangles, one of five is three', () => {
   assert.equal(build(five + faces('<f>0 1 2 3 4</f>')).faces[0]!.index.length, 9);
 });
 
+test('an edge between two points at one place is not drawn as a dot', () => {
+  const cone = points('0 0 0', '1 0 0', '1 1 0', '1 1 0');
+  assert.equal(build(cone + faces('<f>0 1 2 3</f>', '', 'edge="show"')).lines.count, 3);
+});
+
 /** The area of all triangles in the plane; those that overlap count twice. */
 function areaOf(inner: string, style: Partial<GeometryStyle> = {}, space = UNIT): number {
   const batch = build(inner, style, space).faces[0];
