@@ -9,11 +9,12 @@ import { frameLook, type FrameLook } from '../rulers/frame';
 import { placeLabels, type PlacedLabels } from '../rulers/labels';
 import { RulerLayout } from '../rulers/layout';
 import { applyLights } from '../rulers/lights';
-import { isInside, type Rectangle } from '../rulers/overlap';
+import { fitBox, fitLabels } from '../rulers/fit';
+import type { Rectangle } from '../rulers/overlap';
 import { beyondPicture, fitFrame, inset, isNoRoom, margins } from '../rulers/room2d';
 import { TextAtlas } from './atlas';
 import { Backdrop } from './backdrop';
-import { glossOf, type Label, type LineData, type TextStyle } from './batches';
+import { type Label, type LineData, type TextStyle } from './batches';
 import { FINE_ENOUGH_SLOW } from './coarse';
 import { lightened } from './colors';
 import { Drawing } from './drawing';
@@ -25,7 +26,9 @@ import {
   makeVisibility,
   type SceneUniforms,
 } from './materials';
+import { coordinatesOf, nearestPoint, type Hit } from './pick';
 import type { Scene } from './scene';
+import { shade, type Triple } from './shade';
 import { AXES, Space, layer, type Axis } from './space';
 import { View, sameView, type Size } from './view';
 
@@ -37,23 +40,11 @@ export interface Surroundings {
   darkened: boolean;
 }
 
-export interface Hit {
-  geometry: number;
-  point: number;
-  object: number;
-  /** In pixels from the left and the bottom. */
-  at: readonly [number, number];
-  /** As the file has them. */
-  coordinates: readonly [number, number, number];
-}
-
 export interface Shown {
   axes: boolean;
   box: boolean;
   labels: boolean;
 }
-
-export type Triple = readonly [number, number, number];
 
 /** A scene and the name of the text that it comes from. */
 export interface Content {
@@ -175,8 +166,8 @@ export class Plot {
       this.fitFlat();
       return;
     }
-    if (isDefaultView(this.display, this.space)) this.fitBox();
-    else this.fitLabels();
+    if (isDefaultView(this.display, this.space)) fitBox(this.view, this.space, this.labelPlaces);
+    else fitLabels(this.view, this.labelPlaces);
     this.stepBack = this.view.state.span / home.span;
     this.view.setHome(this.view.state);
   }
@@ -186,7 +177,7 @@ export class Plot {
     const toEye = new Vector3().setComponent(axis, sign);
     this.view.lookFrom(toEye, upright(toEye));
     this.view.state.target.set(0, 0, 0);
-    this.fitBox();
+    fitBox(this.view, this.space, this.labelPlaces);
   }
 
   /** Draws the scene at a density of pixels; the result is valid until the next picture. */
@@ -275,73 +266,26 @@ export class Plot {
 
   /** The colour that light gives to a place, for drawings that are not made by the hardware. */
   lightOf(look: number, at: Vector3, normal: Vector3, color: Triple): Triple {
-    const { lit, ambient, lightCount, lightPositions, lightColors, speculars, emissives } =
-      this.uniforms;
-    if (!lit.value) return color;
-    const { state } = this.view;
-    const toEye = state.field === 0 ? state.toEye.clone() : this.view.eye.sub(at).normalize();
-    const facing = normal.clone().multiplyScalar(normal.dot(toEye) < 0 ? -1 : 1);
-    const specular = speculars.value[glossOf(look)]!;
-    const emissive = emissives.value[glossOf(look)]!;
-    const diffuse = ambient.value.clone().addScalar(emissive.w);
-    const shine = new Vector3();
-    for (let i = 0; i < lightCount.value; i++) {
-      const position = lightPositions.value[i]!;
-      const toLight = new Vector3(position.x, position.y, position.z);
-      if (position.w > 0.5) toLight.sub(at);
-      const strength = facing.dot(toLight.normalize());
-      if (strength <= 0) continue;
-      diffuse.addScaledVector(lightColors.value[i]!, strength);
-      const spot = Math.max(facing.dot(toLight.add(toEye).normalize()), 0) ** specular.w;
-      shine.addScaledVector(lightColors.value[i]!, spot);
-    }
-    const channel = (k: 0 | 1 | 2): number =>
-      color[k] * diffuse.getComponent(k) +
-      255 * (specular.getComponent(k) * shine.getComponent(k) + emissive.getComponent(k));
-    return [Math.min(channel(0), 255), Math.min(channel(1), 255), Math.min(channel(2), 255)];
+    return shade(this.uniforms, this.view, { look, at, normal, color });
   }
 
   /** The point of the file that is seen nearest to a place of the screen. */
   pick(x: number, y: number, reach = 40): Hit | undefined {
-    const { view, space } = this;
-    const m = view.matrix().elements;
-    const { width, height } = view.size;
-    let best: Hit | undefined;
-    let bestRank = Infinity;
-    const { objects, seen, places } = this.scene;
-    const { values, begins, ends } = places;
-    for (let geometry = 0; geometry < objects.length; geometry++) {
-      const object = objects[geometry]!;
-      if (seen[geometry] === 0 || this.hidden.has(object)) continue;
-      const begin = begins[geometry]!;
-      const end = ends[geometry]!;
-      const flatLayer = layer(geometry, objects.length);
-      for (let i = begin; i < end; i += 3) {
-        const px = space.toScene(0, values[i]!);
-        const py = space.toScene(1, values[i + 1]!);
-        const pz = space.flat ? flatLayer : space.toScene(2, values[i + 2]!);
-        const w = m[3]! * px + m[7]! * py + m[11]! * pz + m[15]!;
-        if (!(w > 0)) continue;
-        const sx = ((m[0]! * px + m[4]! * py + m[8]! * pz + m[12]!) / w + 1) * 0.5 * width;
-        if (!(Math.abs(sx - x) < reach)) continue;
-        const sy = ((m[1]! * px + m[5]! * py + m[9]! * pz + m[13]!) / w + 1) * 0.5 * height;
-        const distance = Math.hypot(sx - x, sy - y);
-        if (!(distance < reach) || this.isClipped(px, py, pz)) continue;
-        const depth = (m[2]! * px + m[6]! * py + m[10]! * pz + m[14]!) / w;
-        // Among points that are about equally near the one in front is meant.
-        const rank = Math.max(distance, 6) + depth * 4;
-        if (rank >= bestRank) continue;
-        bestRank = rank;
-        best = { geometry, object, point: (i - begin) / 3, at: [sx, sy], coordinates: [0, 0, 0] };
-      }
-    }
-    return best && { ...best, coordinates: this.coordinates(best.geometry, best.point) };
+    return nearestPoint(
+      {
+        scene: this.scene,
+        space: this.space,
+        view: this.view,
+        isHidden: (object) => this.hidden.has(object),
+        isClipped: (px, py, pz) => this.isClipped(px, py, pz),
+      },
+      [x, y],
+      reach,
+    );
   }
 
-  coordinates(geometry: number, point: number): readonly [number, number, number] {
-    const { values, begins } = this.scene.places;
-    const k = begins[geometry]! + point * 3;
-    return [values[k]!, values[k + 1]!, values[k + 2]!];
+  coordinates(geometry: number, point: number): Triple {
+    return coordinatesOf(this.scene.places, geometry, point);
   }
 
   /** Where a point of the file is drawn in the scene. */
@@ -461,6 +405,8 @@ export class Plot {
     return layout;
   }
 
+  private readonly labelPlaces = (): readonly Rectangle[] => this.layOut().rectangles;
+
   private newLayout(): RulerLayout {
     return new RulerLayout(this.view, (label) => this.atlas.measure(label));
   }
@@ -473,51 +419,6 @@ export class Plot {
     const isShown = ({ object, at }: Label): boolean =>
       this.shown.labels && !this.hidden.has(object) && !this.isClipped(...at);
     return placeLabels(this.scene.labels, this.view, layout.measure, layout.free, isShown);
-  }
-
-  /** Steps back until no number is cut off, but not far from the view that is asked for. */
-  private fitLabels(): void {
-    const { view } = this;
-    const inside = (rectangle: Rectangle): boolean =>
-      isInside(rectangle, view.size.width, view.size.height);
-    for (let i = 0; i < 6 && !this.layOut().rectangles.every(inside); i++) {
-      view.state.span *= 1.06;
-      view.update();
-    }
-  }
-
-  /** Fills the picture with the box and the numbers round it. */
-  private fitBox(): void {
-    const { view } = this;
-    for (let i = 0; i < 4; i++) {
-      const { left, bottom, width, height } = this.extent();
-      const share = Math.max(width / (view.size.width - 32), height / (view.size.height - 32));
-      const right = view.size.width / 2 - left - width / 2;
-      const up = view.size.height / 2 - bottom - height / 2;
-      view.pan(right, up);
-      view.state.span = Math.min(Math.max(view.state.span * share, 0.05), 20);
-      view.update();
-    }
-  }
-
-  /** The rectangle of the screen that holds the box and all labels of the rulers. */
-  private extent(): Rectangle {
-    const [hx, hy, hz] = this.space.half;
-    const corners = [-1, 1].flatMap((x) =>
-      [-1, 1].flatMap((y) => [-1, 1].map((z) => this.view.toPixels(x * hx, y * hy, z * hz))),
-    );
-    const spots: Rectangle[] = corners.map(([left, bottom]) => ({
-      left,
-      bottom,
-      width: 0,
-      height: 0,
-    }));
-    const all = [...spots, ...this.layOut().rectangles];
-    const left = Math.min(...all.map((some) => some.left));
-    const bottom = Math.min(...all.map((some) => some.bottom));
-    const right = Math.max(...all.map((some) => some.left + some.width));
-    const top = Math.max(...all.map((some) => some.bottom + some.height));
-    return { left, bottom, width: right - left, height: top - bottom };
   }
 
   /** Puts the box of a flat scene into the picture, so that no label is cut off. */
