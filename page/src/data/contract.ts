@@ -82,7 +82,7 @@ export interface AxesText {
 }
 
 /** How the box of a scene is drawn if its display has no ratio for it. */
-export const SCALINGS = ['automatic', 'constrained', 'unconstrained'] as const;
+export const SCALINGS = ['constrained', 'automatic', 'unconstrained'] as const;
 export interface BoxText {
   /** Whether one unit is equally long on all axes. */
   scaling: (typeof SCALINGS)[number];

@@ -20,11 +20,17 @@ function halfOf(parts: SpaceParts, text: unknown): number[] {
   return half.slice(0, parts.flat ? 2 : 3).map((side) => Number(side.toFixed(6)));
 }
 
-test('a box without a ratio keeps its proportions unless one side is far longer', () => {
-  assert.deepEqual(halfOf(partsOf(2, 1), {}), [1, 0.5]);
-  assert.deepEqual(halfOf(partsOf(8, 1), {}), [1, 0.125]);
-  assert.deepEqual(halfOf(partsOf(9, 1), { sides: [4, 3] }), [1, 0.75]);
-  assert.deepEqual(halfOf(partsOf(1, 1, 9), {}), [1, 1, 0.666667]);
+test('the sides of an automatic box are even unless one is far longer', () => {
+  const automatic = { scaling: 'automatic' };
+  assert.deepEqual(halfOf(partsOf(2, 1), automatic), [1, 0.5]);
+  assert.deepEqual(halfOf(partsOf(8, 1), automatic), [1, 0.125]);
+  assert.deepEqual(halfOf(partsOf(9, 1), { ...automatic, sides: [4, 3] }), [1, 0.75]);
+  assert.deepEqual(halfOf(partsOf(1, 1, 9), automatic), [1, 1, 0.666667]);
+});
+
+test('a model that comes without a plot keeps its shape', () => {
+  assert.deepEqual(halfOf(partsOf(1, 1, 9), {}), [0.111111, 0.111111, 1]);
+  assert.deepEqual(halfOf(partsOf(16, 1), {}), [1, 0.0625]);
 });
 
 test('a box that is not constrained has the sides that are asked for', () => {
