@@ -28,6 +28,7 @@ async function start(): Promise<void> {
   const page = new Page(root, text, takeBlocks(document), loader, modeOf(location.hash));
   window.plotPage = page;
   await page.show();
+  if (!text.animation) loader.rest();
   document.documentElement.dataset.state = 'ready';
 }
 

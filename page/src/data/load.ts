@@ -43,6 +43,11 @@ export class Loader {
     });
   }
 
+  /** Ends the worker, if it has nothing to do; another one starts when there is something again. */
+  rest(): void {
+    if (this.waiting.size === 0) this.endWorker();
+  }
+
   private use(worker: Worker): void {
     worker.onmessage = (event: MessageEvent<Reply>) => this.take(event.data);
     worker.onerror = (event) => {

@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
 import type { Page } from 'playwright-core';
 import { TestBrowser, type GraphicsMemory } from '../support/browser';
-import { compose } from '../support/compose';
+import { compose, simplePage } from '../support/compose';
 import { animatedPage } from '../support/demos';
 import { example, textOf } from '../support/examples';
 import { pixels, save, viewOf } from '../support/observe';
@@ -280,4 +280,15 @@ test('reduced motion is respected', async () => {
   };
   assert.equal(await playing('no-preference'), true);
   assert.equal(await playing('reduce'), false);
+});
+
+test('a worker stays for an animation, and ends with its work for a still plot', async () => {
+  const workersOf = async (html: string): Promise<number> => {
+    const { page, close } = await browser.open(html, SMALL);
+    const count = page.workers().length;
+    await close();
+    return count;
+  };
+  assert.equal(await workersOf(animatedPage()), 1);
+  assert.equal(await workersOf(simplePage(example('surface.jvx'))), 0);
 });
