@@ -92,15 +92,20 @@ function instances(data: LineData, corners: number[], index: number[]): Instance
   return geometry;
 }
 
+/** Gives a geometry what another has at its vertices. */
+function share<T extends BufferGeometry>(geometry: BufferGeometry, other: T): T {
+  for (const name of Object.keys(geometry.attributes)) {
+    other.setAttribute(name, geometry.getAttribute(name));
+  }
+  return other;
+}
+
 const sharing = (
   geometry: InstancedBufferGeometry,
   corners: number[],
   index: number[],
 ): InstancedBufferGeometry => {
-  const other = new InstancedBufferGeometry();
-  for (const name of Object.keys(geometry.attributes)) {
-    other.setAttribute(name, geometry.getAttribute(name));
-  }
+  const other = share(geometry, new InstancedBufferGeometry());
   other.setAttribute('position', new BufferAttribute(Float32Array.from(corners), 3));
   other.setIndex(index);
   other.instanceCount = geometry.instanceCount;
@@ -122,10 +127,18 @@ function pointGeometry(data: PointData): BufferGeometry {
   return geometry;
 }
 
+/** A geometry with the same vertices. It is apart, so that its index is freed with it. */
+function withIndex(geometry: BufferGeometry, index: Uint32Array): BufferGeometry {
+  const other = share(geometry, new BufferGeometry());
+  other.setIndex(new BufferAttribute(index, 1));
+  other.boundingSphere = EVERYWHERE;
+  return other;
+}
+
 interface CoarseFaces {
-  geometry: BufferGeometry;
-  fine: BufferAttribute;
-  coarse: BufferAttribute;
+  mesh: Mesh;
+  fine: BufferGeometry;
+  coarse: BufferGeometry;
 }
 
 interface SortedFaces {
@@ -180,9 +193,7 @@ export class Drawing {
 
   /** Fewer and thinner things while the view moves. */
   setMoving(moving: boolean): void {
-    for (const { geometry, fine, coarse } of this.coarse) {
-      geometry.setIndex(moving ? coarse : fine);
-    }
+    for (const { mesh, fine, coarse } of this.coarse) mesh.geometry = moving ? coarse : fine;
     const most = moving ? MOST_WIDE_LINES_MOVING : MOST_WIDE_LINES;
     this.wide.visible = this.lineCount <= most;
     this.thin.visible = !this.wide.visible;
@@ -233,12 +244,13 @@ export class Drawing {
     const geometry = this.keep(faceGeometry(data));
     const material = this.keep(materials.faceMaterial(this.uniforms, data.kind, clipped));
     const { kind, positions, index, coarse } = data;
+    const mesh = new Mesh(geometry, material);
     if (kind.transparent) this.sorted.push({ geometry, positions, index });
     if (coarse && isTooFine(data, slow)) {
-      const fine = geometry.getIndex()!;
-      this.coarse.push({ geometry, fine, coarse: new BufferAttribute(coarse, 1) });
+      const other = this.keep(withIndex(geometry, coarse));
+      this.coarse.push({ mesh, fine: geometry, coarse: other });
     }
-    add(this.group, new Mesh(geometry, material), ORDER.faces);
+    add(this.group, mesh, ORDER.faces);
   }
 
   private addLines(data: LineData): void {
