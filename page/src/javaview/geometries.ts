@@ -103,6 +103,7 @@ export class Geometries implements Iterable<Geometry> {
   private readonly names = new Map<number, string>();
   private readonly pointNames = new Map<number, ReadonlyMap<number, string>>();
   private readonly fields = new Map<number, readonly FieldDraft[]>();
+  private known: Places | undefined;
   private readonly recentLooks = new Recent<Look>();
   private readonly recentPoints = new Recent<PointLook>();
   private readonly recentLines = new Recent<LineLook>();
@@ -117,6 +118,7 @@ export class Geometries implements Iterable<Geometry> {
 
   add(draft: GeometryDraft): void {
     const i = this.length;
+    this.known = undefined;
     if (draft.name !== '') this.names.set(i, draft.name);
     if (draft.names) this.pointNames.set(i, draft.names);
     if (draft.fields.length > 0) this.fields.set(i, draft.fields);
@@ -186,8 +188,13 @@ export class Geometries implements Iterable<Geometry> {
     }));
   }
 
-  /** The points of all geometries, where they were read. */
+  /** The points of all geometries, where they were read, as far as that has come. */
   get places(): Places {
+    this.known ??= this.findPlaces();
+    return this.known;
+  }
+
+  private findPlaces(): Places {
     const column = (first: number): Int32Array =>
       Int32Array.from({ length: this.length }, (_, i) =>
         this.slices.at(i * 2 * LIST_COUNT + first),
