@@ -53,6 +53,8 @@ export class Page {
   private panels: PanelSet[] = [];
   private engine: Engine | undefined;
   private player: Player | undefined;
+  /** How many times files were opened. */
+  private requests = 0;
   private readonly dark = matchMedia('(prefers-color-scheme: dark)');
 
   constructor(
@@ -117,15 +119,18 @@ export class Page {
     const ahead = this.content(this.text.panels[0]!, first);
     ahead.catch(() => undefined);
     if (!this.canDraw()) {
-      await this.showNumbers(first);
+      this.area.append(numbersSentence());
+      await this.showPanels(ahead, first, ({ objects }, { scene }) =>
+        this.area.append(makeNumbers(scene, objects)),
+      );
       return;
     }
     if (this.isLong(this.text.panels[0]!, first)) warmUp(this.engine!);
     this.arrange();
-    for (const [i, text] of this.text.panels.entries()) {
-      await this.addPanel(text, i === 0 ? ahead : this.content(text, first), first);
-    }
-    this.addPlayer();
+    const isStillHere = await this.showPanels(ahead, first, (text, content) =>
+      this.putPanel(text, content, first),
+    );
+    if (isStillHere) this.addPlayer();
   }
 
   private redraw(): void {
@@ -145,12 +150,27 @@ export class Page {
     this.area.classList.add(panels.length > 1 ? 'several' : 'single');
   }
 
-  private async addPanel(text: PanelText, content: Promise<Content>, frame: number): Promise<void> {
-    try {
-      this.putPanel(text, await content, frame);
-    } catch (error) {
-      this.fail(text.name, error);
+  /**
+   * Shows one panel after another, the first of which is being read already. Stops, and returns false,
+   * when another plot has taken the place of this one.
+   */
+  private async showPanels(
+    ahead: Promise<Content>,
+    frame: number,
+    show: (text: PanelText, content: Content) => void,
+  ): Promise<boolean> {
+    const opening = this.text;
+    for (const [i, text] of opening.panels.entries()) {
+      try {
+        const content = await (i === 0 ? ahead : this.content(text, frame));
+        if (this.text !== opening) return false;
+        show(text, content);
+      } catch (error) {
+        if (this.text !== opening) return false;
+        this.fail(text.name, error);
+      }
     }
+    return true;
   }
 
   private putPanel(text: PanelText, content: Content, frame: number): void {
@@ -198,8 +218,9 @@ export class Page {
     const logarithmic: Flags = [x.logarithmic, y.logarithmic, z.logarithmic];
     const marked = legendEntries(text.objects);
     const order = { runs, logarithmic, box: text.box, marked, space };
+    const opening = this.text;
     const scene = await this.loader.load(texts, order);
-    if (!scene.whole) this.message.textContent = CUT_OFF;
+    if (!scene.whole && this.text === opening) this.message.textContent = CUT_OFF;
     return { name: model, scene };
   }
 
@@ -232,7 +253,7 @@ export class Page {
         const next = frame + step;
         if (next >= 0 && next < animation.times.length) get(next).catch(() => undefined);
       } catch (error) {
-        this.fail('', error);
+        if (this.player === player) this.fail('', error);
       }
     });
     this.player = player;
@@ -291,17 +312,20 @@ export class Page {
     });
   }
 
-  /** Shows files in the place of what was there. */
+  /** Shows files in the place of what was there, unless others are asked for before they are read. */
   async openFiles(files: readonly File[]): Promise<void> {
     if (files.length === 0) return;
+    const request = ++this.requests;
     this.message.textContent = 'Reading\u2026';
     try {
       const dropped = await readFiles(files, this.loader);
+      if (request !== this.requests) return;
       this.clear(dropped.map(({ text }) => text.name).join(', '));
       this.showDropped(dropped);
       const whole = dropped.every(({ content }) => content.scene.whole);
       this.message.textContent = whole ? '' : CUT_OFF;
     } catch (error) {
+      if (request !== this.requests) return;
       this.fail(error instanceof FileError ? error.file : '', error);
     }
   }
@@ -344,18 +368,6 @@ export class Page {
       return true;
     } catch {
       return false;
-    }
-  }
-
-  private async showNumbers(frame: number): Promise<void> {
-    this.area.append(numbersSentence());
-    for (const text of this.text.panels) {
-      try {
-        const { scene } = await this.content(text, frame);
-        this.area.append(makeNumbers(scene, text.objects));
-      } catch (error) {
-        this.fail(text.name, error);
-      }
     }
   }
 }

@@ -54,6 +54,54 @@ test('nothing is left of the plot that was there when a file is opened', async (
   await close();
 });
 
+/** Opens a file as soon as there is a page, which then reads its own plot. */
+function openAtOnce(): void {
+  const text =
+    '<jvx-model><geometries><geometry><pointSet dim="3"><points><p>1 2 3</p></points></pointSet>' +
+    '</geometry></geometries></jvx-model>';
+  Object.defineProperty(window, 'plotPage', {
+    configurable: true,
+    set: (value: typeof window.plotPage) => {
+      Object.defineProperty(window, 'plotPage', { value });
+      void value!.openFiles([new File([text], 'mine.jvx')]);
+    },
+  });
+}
+
+/** A line of so many points, which takes its time to read. */
+const longLine = (points: number): string =>
+  model(curve(Array.from({ length: points }, (_, i) => [i, (i * i) % 97])));
+
+const namesOf = (page: Page): Promise<string[]> =>
+  page.evaluate(() => window.plotPage!.all.map(({ plot }) => plot.name));
+
+test('a file that is opened while a plot is read takes its place', async () => {
+  const panel = { frames: [{ model: 'm' }, { model: 'm' }] };
+  const html = compose({
+    page: { animation: { times: [0, 1] }, panels: Array.from({ length: 6 }, () => panel) },
+    blocks: { m: longLine(20_000) },
+  });
+  const { page, complaints, close } = await browser.open(html, {}, '', openAtOnce);
+  await page.waitForFunction(() => document.title === 'mine');
+  assert.deepEqual(await namesOf(page), ['mine.jvx']);
+  assert.equal(await page.locator('.stage').count(), 1);
+  assert.equal(await page.getByRole('group', { name: 'Animation' }).count(), 0);
+  assert.deepEqual(complaints, []);
+  await close();
+});
+
+test('of files that are opened one after another the last are shown', async () => {
+  const { page, close } = await browser.open(viewer());
+  await Promise.all([
+    open(page, { 'long.jvx': longLine(200_000) }),
+    open(page, { 'short.jvx': line }),
+  ]);
+  assert.deepEqual(await namesOf(page), ['short.jvx']);
+  assert.equal(await page.title(), 'short');
+  assert.equal(await messageOf(page), '');
+  await close();
+});
+
 test('what is wrong is said of the file that it is in', async () => {
   const { page, close } = await browser.open(viewer());
   await open(page, { 'good.jvx': line, 'notes.txt': 'no plot' });

@@ -94,8 +94,13 @@ export class TestBrowser {
     return new TestBrowser(browser);
   }
 
-  /** Opens a page from a file and waits until it is drawn. */
-  async open(html: string, options: BrowserContextOptions = {}, hash = ''): Promise<Opened> {
+  /** Opens a page from a file and waits until it is drawn; `begin` runs before its program. */
+  async open(
+    html: string,
+    options: BrowserContextOptions = {},
+    hash = '',
+    begin?: () => void,
+  ): Promise<Opened> {
     const path = join(this.folder, `${this.opened++}.html`);
     writeFileSync(path, html);
     const context = await this.browser.newContext({
@@ -106,6 +111,7 @@ export class TestBrowser {
     const page = await context.newPage();
     await page.addInitScript(noteDraws);
     await page.addInitScript(noteBuffers);
+    if (begin) await page.addInitScript(begin);
     const complaints: string[] = [];
     const requests: string[] = [];
     page.on('console', (message) => {
