@@ -26,9 +26,9 @@ const scope = self as unknown as {
 };
 
 scope.onmessage = ({ data: { id, texts, order } }) => {
-  readScene(texts, order).then(
-    (scene) => scope.postMessage({ id, scene }, buffersOf(scene)),
-    (error: unknown) =>
+  readScene(texts, order)
+    .then((scene) => scope.postMessage({ id, scene }, buffersOf(scene)))
+    .catch((error: unknown) =>
       scope.postMessage({ id, error: error instanceof Error ? error.message : String(error) }),
-  );
+    );
 };
