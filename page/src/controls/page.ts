@@ -242,6 +242,7 @@ export class Page {
     const player = new Player(animation, async (frame) => {
       try {
         if (frame === shown) return;
+        for (const key of ahead.keys()) if (key !== frame) ahead.delete(key);
         const contents = await get(frame);
         if (this.player !== player) return;
         this.panels.forEach(({ text, panel }, i) =>
@@ -249,7 +250,7 @@ export class Page {
         );
         const step = frame >= shown ? 1 : -1;
         shown = frame;
-        for (const key of ahead.keys()) if (key !== frame + step) ahead.delete(key);
+        ahead.clear();
         const next = frame + step;
         if (next >= 0 && next < animation.times.length) get(next).catch(() => undefined);
       } catch (error) {
