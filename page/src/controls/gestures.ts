@@ -108,8 +108,9 @@ export class Gestures {
 
   private wheel(event: WheelEvent): void {
     event.preventDefault();
-    // Two fingers on a pad turn a wheel with Ctrl, by small steps.
-    const perLine = event.ctrlKey ? PIXELS_PER_LINE / 10 : PIXELS_PER_LINE;
+    // A pinch on a touchpad arrives as a wheel with Ctrl that turns by small steps.
+    const isPinch = event.ctrlKey && Math.abs(event.deltaY) < PIXELS_PER_LINE;
+    const perLine = isPinch ? PIXELS_PER_LINE / 10 : PIXELS_PER_LINE;
     const lines = event.deltaMode === 0 ? event.deltaY / perLine : event.deltaY;
     const [x, y] = this.place(event);
     this.view.zoom(1.06 ** -Math.min(Math.max(lines, -20), 20), x, y);

@@ -225,7 +225,21 @@ test('from the end of an axis everything is seen, with all numbers', async () =>
   await close();
 });
 
-test('two fingers on a pad zoom as a wheel does', async () => {
+test('a wheel zooms by as much with Ctrl as without', async () => {
+  const { page, close } = await browser.open(surface());
+  const { span } = await viewOf(page);
+  await page.mouse.move(400, 300);
+  await page.keyboard.down('Control');
+  await page.mouse.wheel(0, -120);
+  await page.keyboard.up('Control');
+  await page.waitForFunction((from) => window.plotPage!.all[0]!.plot.view.state.span < from, span);
+  // A notch is three lines, each of which brings the scene nearer by six parts in a hundred.
+  const zoom = span / (await viewOf(page)).span;
+  assert.ok(isNear(zoom, 1.06 ** 3, 1e-6), `zoomed by ${zoom}`);
+  await close();
+});
+
+test('two fingers on a touchpad zoom as a wheel does', async () => {
   const { page, close } = await browser.open(surface());
   const before = (await viewOf(page)).span;
   await page.mouse.move(400, 300);
