@@ -298,7 +298,10 @@ export class JvxHandler {
 
   private readonly closers: Record<string, Closer> = {
     'jvx-model/title': (text) => (this.title = text.trim()),
-    'geometries/geometry': () => this.geometries.add(this.geometry),
+    'geometries/geometry': () => {
+      this.geometries.add(this.geometry);
+      this.startOver();
+    },
     'pointSet/points': () => this.putSlice('coordinates'),
     'pointSet/normals': () => this.putSlice('normals'),
     'pointSet/colors': () => this.putSlice('pointColors'),
@@ -341,6 +344,14 @@ export class JvxHandler {
     'faces/f': (text) => this.addItem(text),
     'vectors/v': (text) => this.addItem(text),
   };
+
+  /** Geometries share looks once they are complete: what follows must not change them. */
+  private startOver(): void {
+    this.geometry = newGeometry(NO_ATTRIBUTES);
+    this.field = newField(NO_ATTRIBUTES);
+    this.font = newFont(NO_ATTRIBUTES);
+    this.material = newMaterial(NO_ATTRIBUTES);
+  }
 
   private openList(list: ItemList): void {
     this.list = list;

@@ -345,6 +345,31 @@ test('each of many geometries keeps its own look, whatever those before it look 
   });
 });
 
+test('what follows a geometry changes the look of none', () => {
+  const inner =
+    '<geometry><pointSet><points><color>1 2 3</color><labelAtt><color>1 2 3</color></labelAtt>' +
+    '</points></pointSet><lineSet><lines><color>1 2 3</color></lines></lineSet>' +
+    '<vectorField><vectors><color>1 2 3</color></vectors></vectorField>' +
+    '<material><diffuse><color>1 2 3</color></diffuse></material></geometry>';
+  const stray = ['points', 'labelAtt', 'lines', 'vectors', 'diffuse'].map(
+    (name) => `<${name}><color>7 8 9</color></${name}>`,
+  );
+  const { geometries } = readDocument(
+    bytes(`<jvx-model><geometries>${inner}${stray.join('')}${inner}</geometries></jvx-model>`),
+  );
+  assert.equal(geometries.length, 2);
+  for (const { points, lines, fields, material } of geometries) {
+    const colors = [
+      points.color,
+      points.font!.color,
+      lines!.color,
+      fields[0]!.color,
+      material!.diffuse,
+    ];
+    for (const color of colors) assert.deepEqual(color, [1, 2, 3]);
+  }
+});
+
 test('a set that comes again takes the place of the first, with all its lists', () => {
   const { points, lines, faces } = only(
     model(
