@@ -3,7 +3,7 @@
 const HEAD = 256;
 
 /** Encodings in which each letter takes two bytes or more. */
-const WIDE = /16|32|ucs|unicode/i;
+const WIDE = /utf[-_]?(16|32)|ucs|unicode/i;
 
 /** The encoding of a text by its first bytes: a mark, the XML declaration, or UTF-8. */
 export function detectEncoding(head: Uint8Array): string {

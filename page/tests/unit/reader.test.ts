@@ -1,5 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
+import { detectEncoding } from '../../src/javaview/encoding';
 import type { Geometry } from '../../src/javaview/model';
 import { Reader, readDocument, type ReadResult } from '../../src/javaview/reader';
 import { example, exampleNames } from '../support/examples';
@@ -188,6 +189,13 @@ test('a declaration of wide letters counts for nothing in a text that has none',
   for (const encoding of ['utf-16', 'UTF-16LE', 'ISO-10646-UCS-2', 'Unicode', 'UTF-32']) {
     const text = `<?xml version="1.0" encoding="${encoding}"?><jvx-model><title>größe</title></jvx-model>`;
     assert.equal(readDocument(bytes(text)).title, 'größe', encoding);
+  }
+});
+
+test('an encoding of single letters is taken at its word, whatever number it has', () => {
+  for (const encoding of ['ISO-8859-16', 'windows-1252', 'x-cp32']) {
+    const head = bytes(`<?xml version="1.0" encoding="${encoding}"?>`);
+    assert.equal(detectEncoding(head), encoding);
   }
 });
 
