@@ -160,6 +160,10 @@ export class TextAtlas {
     if (this.y + height + 2 * MARGIN > canvas.height) return undefined;
     const glyphs = { x: this.x + MARGIN, y: this.y + MARGIN, width, height };
     context.save();
+    // A wide halo stays off the texts beside this one.
+    context.beginPath();
+    context.rect(this.x, this.y, width + 2 * MARGIN, height + 2 * MARGIN);
+    context.clip();
     context.translate(glyphs.x + width / 2, glyphs.y + height / 2);
     context.rotate((-(label.turns ?? 0) * Math.PI) / 2);
     context.translate(-this.widthOf(label) * 0.5 * pixelRatio, -cssLine * 0.5 * pixelRatio);
