@@ -114,15 +114,18 @@ export function menu(name: string, path: string, ...contents: Child[]): HTMLElem
   const setOpen = (open: boolean): void => {
     box.hidden = !open;
     opener.setAttribute('aria-expanded', String(open));
+    // Only while it is open: the document outlives the menu, and would keep it alive.
+    if (open) document.addEventListener('pointerdown', closeOutside);
+    else document.removeEventListener('pointerdown', closeOutside);
+  };
+  const closeOutside = ({ target }: Event): void => {
+    if (!whole.contains(target as Node)) setOpen(false);
   };
   whole.addEventListener('keydown', (event) => {
     if (event.key !== 'Escape' || box.hidden) return;
     setOpen(false);
     opener.focus();
     event.stopPropagation();
-  });
-  document.addEventListener('pointerdown', (event) => {
-    if (!whole.contains(event.target as Node)) setOpen(false);
   });
   whole.addEventListener('focusout', (event) => {
     if (event.relatedTarget && !whole.contains(event.relatedTarget as Node)) setOpen(false);

@@ -244,7 +244,7 @@ export class Page {
         if (frame === shown) return;
         for (const key of ahead.keys()) if (key !== frame) ahead.delete(key);
         const contents = await get(frame);
-        if (this.player !== player) return;
+        if (player.ended.aborted) return;
         this.panels.forEach(({ text, panel }, i) =>
           panel.setContent(contents[i]!, this.textsOf(frameOf(text, frame))),
         );
@@ -254,23 +254,24 @@ export class Page {
         const next = frame + step;
         if (next >= 0 && next < animation.times.length) get(next).catch(() => undefined);
       } catch (error) {
-        if (this.player === player) this.fail('', error);
+        if (!player.ended.aborted) this.fail('', error);
       }
     });
     this.player = player;
     this.placePlayer(player);
-    document.addEventListener('fullscreenchange', () => this.placePlayer(player));
-    document.addEventListener('keydown', (event) => {
+    const until = { signal: player.ended };
+    document.addEventListener('fullscreenchange', () => this.placePlayer(player), until);
+    const takeKey = (event: KeyboardEvent): void => {
       const target = event.target as HTMLElement;
       if (target.closest('button, input, select, a') || event.ctrlKey || event.metaKey) return;
-      if (this.player?.key(event.key)) event.preventDefault();
-    });
+      if (player.key(event.key)) event.preventDefault();
+    };
+    document.addEventListener('keydown', takeKey, until);
     player.start();
   }
 
   /** The player goes with the panel that fills the screen. */
   private placePlayer(player: Player): void {
-    if (this.player !== player) return;
     const full = this.all.find((panel) => panel.element === document.fullscreenElement);
     if (full) full.element.append(player.element);
     else this.room.after(player.element);

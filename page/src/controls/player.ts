@@ -42,6 +42,9 @@ export function playedTime(
 
 export class Player {
   readonly element: HTMLElement;
+  private readonly life = new AbortController();
+  /** Aborted when the player leaves the page. */
+  readonly ended = this.life.signal;
   private readonly slider: HTMLInputElement;
   private readonly output = element('output');
   private readonly toggle: HTMLButtonElement;
@@ -104,6 +107,7 @@ export class Player {
   end(): void {
     this.pause();
     this.wanted = undefined;
+    this.life.abort();
     this.element.remove();
   }
 
