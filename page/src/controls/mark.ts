@@ -3,8 +3,8 @@ import type { Rgb } from '../javaview/model';
 import { cssColor } from '../scene/atlas';
 import { hexToRgb } from '../scene/colors';
 import type { AreaMark, LineMark, Mark, PointMark } from '../scene/marks';
+import { PATTERNS, PERIOD, STROKE, dashLengths, sign } from '../scene/signs';
 import { LINE_STYLES, POINT_STYLES, tipLength, type Tip } from '../scene/styles';
-import { PATTERNS, PERIOD, STROKE, dashLengths, sign } from '../save/signs';
 import { drawing, shape } from './dom';
 
 /** In pixels; as long as two dashes of the widest line. */

@@ -4,7 +4,8 @@ import type { Rgb } from '../javaview/model';
 import { cssColor } from '../scene/atlas';
 import type { Plot } from '../scene/plot';
 import { hexToRgb } from '../scene/colors';
-import { Definitions, attributes, short, tag } from './svgText';
+import { short } from '../scene/signs';
+import { Definitions, attributes, tag } from './svgText';
 import {
   labelShape,
   lineShapes,

@@ -14,10 +14,10 @@ import {
   type PointData,
 } from '../scene/batches';
 import type { Plot } from '../scene/plot';
+import { dashLengths, short, sign } from '../scene/signs';
 import { tipLength, type Tip } from '../scene/styles';
 import { between, clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
-import { dashLengths, sign } from './signs';
-import { escape, short, tag, type Definitions } from './svgText';
+import { escape, tag, type Definitions } from './svgText';
 
 export interface Shape {
   depth: number;

@@ -1,13 +1,11 @@
 /** Elements of SVG as text, and the patterns and gradients that they refer to. */
 import type { Rgb } from '../javaview/model';
 import { cssColor } from '../scene/atlas';
+import { PATTERNS, PERIOD, STROKE, short } from '../scene/signs';
 import { FILL_PATTERNS } from '../scene/styles';
-import { PATTERNS, PERIOD, STROKE } from './signs';
 
 export const escape = (text: string): string =>
   text.replace(/[&<>"]/g, (c) => `&#${c.charCodeAt(0)};`);
-
-export const short = (value: number): string => String(Math.round(value * 100) / 100);
 
 /** Numbers are shortened, undefined ones left out, texts taken as they are. */
 type Values = Record<string, string | number | undefined>;

@@ -3,7 +3,8 @@ import { test } from 'node:test';
 import { Vector3 } from 'three';
 import { clipPolygon, clipSegment, type ClipBox, type Corner } from '../../src/save/clip';
 import { cutByColors } from '../../src/save/svgShapes';
-import { Definitions, escape, short, tag } from '../../src/save/svgText';
+import { Definitions, escape, tag } from '../../src/save/svgText';
+import { short } from '../../src/scene/signs';
 
 const BOX: ClipBox = { min: new Vector3(-1, -1, -1), max: new Vector3(1, 1, 1) };
 

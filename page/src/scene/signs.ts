@@ -1,6 +1,8 @@
 /** Styles of points, lines and areas as paths, like those that the graphics hardware draws. */
-import type { FillPatternName } from '../scene/styles';
-import { short } from './svgText';
+import type { FillPatternName } from './styles';
+
+/** A number as paths have it, to a hundredth. */
+export const short = (value: number): string => String(Math.round(value * 100) / 100);
 
 /** How long a line is drawn and not drawn, in widths of it, by the place in the list of names. */
 const DASHES = [undefined, [5, 3], [1.2, 1.8]] as const;
