@@ -57,7 +57,6 @@ export interface SceneUniforms extends Record<string, IUniform> {
   /** Style, length (0 goes by the width) and spread of each tip. */
   tips: IUniform<Vector3[]>;
   shownObjects: IUniform<DataTexture>;
-  thin: IUniform<boolean>;
   leastCover: IUniform<number>;
   /** That of the surroundings, whose fourth number is 1 if dark colours are made lighter. */
   ink: IUniform<Vector4>;
@@ -89,7 +88,6 @@ export function makeUniforms(objects: number): SceneUniforms {
     emissives: { value: vectors(MOST_GLOSSES) },
     tips: { value: Array.from({ length: MOST_TIPS }, () => new Vector3()) },
     shownObjects: { value: makeVisibility(objects) },
-    thin: { value: false },
     leastCover: { value: LEAST_COVER },
     ink: { value: new Vector4() },
   };
