@@ -2,8 +2,8 @@
 import { toPageText, type PageText } from './contract';
 import type { Source } from './source';
 
-export const TEXT_TYPE = 'application/json';
-export const DATA_TYPE = 'application/octet-stream';
+const TEXT_TYPE = 'application/json';
+const DATA_TYPE = 'application/octet-stream';
 
 export function readPageText(root: ParentNode): PageText {
   const json = root.querySelector(`script[type="${TEXT_TYPE}"][data-name="page"]`)?.textContent;

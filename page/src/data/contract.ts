@@ -34,11 +34,11 @@ export interface TickText {
 }
 
 /** How numbers are written at their ticks. */
-export const NUMBER_STYLES = ['horizontal', 'vertical', 'diagonal', 'shifted'] as const;
+const NUMBER_STYLES = ['horizontal', 'vertical', 'diagonal', 'shifted'] as const;
 export type NumberStyleName = (typeof NUMBER_STYLES)[number];
 
 /** How many ticks there are beside those that are named. */
-export const AMOUNTS = ['normal', 'none', 'low', 'high'] as const;
+const AMOUNTS = ['normal', 'none', 'low', 'high'] as const;
 export type AmountName = (typeof AMOUNTS)[number];
 
 export interface AxisText {
@@ -82,7 +82,7 @@ export interface AxesText {
 }
 
 /** How the box of a scene is drawn if its display has no ratio for it. */
-export const SCALINGS = ['constrained', 'automatic', 'unconstrained'] as const;
+const SCALINGS = ['constrained', 'automatic', 'unconstrained'] as const;
 export interface BoxText {
   /** Whether one unit is equally long on all axes. */
   scaling: (typeof SCALINGS)[number];

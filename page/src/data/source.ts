@@ -24,7 +24,7 @@ const MOST_GROWTH = 300;
 const ALWAYS_ALLOWED = 64 * 2 ** 20;
 const NEVER_ALLOWED = 1.5 * 2 ** 30;
 
-export class TooLarge extends Error {
+class TooLarge extends Error {
   constructor() {
     super('the file unpacks to more than a plot can hold');
   }

@@ -47,10 +47,10 @@ const CDATA = ascii('![CDATA[');
 
 const ENTITIES: Record<string, string> = { lt: '<', gt: '>', amp: '&', quot: '"', apos: "'" };
 
-export class ScanError extends Error {}
+class ScanError extends Error {}
 
 /** The text that a run of characters with references stands for; unknown references stay. */
-export function unescape(text: string): string {
+function unescape(text: string): string {
   if (!text.includes('&')) return text;
   return text.replace(/&(#x[0-9a-f]+|#[0-9]+|[a-z]+);/gi, (whole, name: string) => {
     if (!name.startsWith('#')) return ENTITIES[name] ?? whole;

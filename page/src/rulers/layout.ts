@@ -19,7 +19,7 @@ const TURNS: Record<NumberStyleName, number> = {
 };
 
 /** The object that rulers belong to; it is always shown. */
-export const RULER_OBJECT = 0;
+const RULER_OBJECT = 0;
 
 /** Where a label is on the screen, by where its anchor is and by its size. */
 export function labelRectangle(

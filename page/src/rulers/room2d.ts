@@ -16,7 +16,7 @@ export const TITLE_GAP = 5;
 const MOST_TRIES = 4;
 
 /** The room that numbers and titles need round the drawing, in pixels. */
-export type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
+type Margins = Record<'left' | 'right' | 'top' | 'bottom', number>;
 
 /** The widest title beside a vertical ruler, in parts of the picture; a wider one is turned. */
 const WIDEST_TITLE = 0.2;

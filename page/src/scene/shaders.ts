@@ -71,7 +71,7 @@ uniform mat4 modelViewMatrix;
  * What a program for faces can do. Without clipping and patterns it leaves no pixel out, so that
  * pixels behind others need not be coloured at all.
  */
-export interface FaceProgram {
+interface FaceProgram {
   smoothColors: boolean;
   smoothNormals: boolean;
   clipped: boolean;
