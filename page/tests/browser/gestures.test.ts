@@ -73,18 +73,43 @@ test('two fingers zoom and one turns', async () => {
   await close();
 });
 
+const STEP = Math.PI / 24;
+
+/** How far the eye went round the vertical, seen from above against the clock. */
+const roundBy = ({ toEye: [x, y] }: SeenFrom, { toEye: [u, v] }: SeenFrom): number =>
+  Math.atan2(u! * y! - v! * x!, u! * x! + v! * y!);
+
+const upBy = ({ toEye }: SeenFrom, before: SeenFrom): number =>
+  Math.asin(toEye[2]!) - Math.asin(before.toEye[2]!);
+
+/** How far the eye turned round the line of sight, against the clock as the scene sees it. */
+function rollBy({ up }: SeenFrom, { up: from, toEye }: SeenFrom): number {
+  const across = [0, 1, 2].map((i) => {
+    const [j, k] = [(i + 1) % 3, (i + 2) % 3];
+    return toEye[j]! * from[k]! - toEye[k]! * from[j]!;
+  });
+  const along = (direction: number[]): number =>
+    up.reduce((sum, part, i) => sum + part * direction[i]!, 0);
+  return Math.atan2(along(across), along(from));
+}
+
+const turnsBy =
+  (round: number, up: number) =>
+  (now: SeenFrom, before: SeenFrom): boolean =>
+    Math.abs(roundBy(now, before) - round) < 1e-6 && Math.abs(upBy(now, before) - up) < 1e-6;
+
 /** What each key does to the view; a step of the arrow keys is a 48th of the way round. */
 const KEYS: Record<string, (now: SeenFrom, before: SeenFrom) => boolean> = {
-  ArrowLeft: ({ toEye }, before) => angleBetween(toEye, before.toEye) > 0.1,
-  ArrowRight: ({ toEye }, before) => angleBetween(toEye, before.toEye) > 0.1,
-  ArrowUp: ({ toEye }, before) => isNear(angleBetween(toEye, before.toEye), Math.PI / 24, 1e-6),
-  ArrowDown: ({ toEye }, before) => isNear(angleBetween(toEye, before.toEye), Math.PI / 24, 1e-6),
+  ArrowLeft: turnsBy(STEP, 0),
+  ArrowRight: turnsBy(-STEP, 0),
+  ArrowUp: turnsBy(0, STEP),
+  ArrowDown: turnsBy(0, -STEP),
   '+': ({ span }, before) => isNear(span, before.span / 1.2),
   '=': ({ span }, before) => isNear(span, before.span / 1.2),
   '-': ({ span }, before) => isNear(span, before.span * 1.2),
   _: ({ span }, before) => isNear(span, before.span * 1.2),
-  '<': ({ up }, before) => isNear(angleBetween(up, before.up), Math.PI / 24, 1e-6),
-  '>': ({ up }, before) => isNear(angleBetween(up, before.up), Math.PI / 24, 1e-6),
+  '<': (now, before) => isNear(rollBy(now, before), STEP, 1e-6),
+  '>': (now, before) => isNear(rollBy(now, before), -STEP, 1e-6),
   x: ({ toEye }) => toEye[0]! > 0.999,
   y: ({ toEye }) => toEye[1]! > 0.999,
   z: ({ toEye }) => toEye[2]! > 0.999,
