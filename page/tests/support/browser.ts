@@ -56,14 +56,18 @@ function noteBuffers(): void {
   };
   const prototype = WebGL2RenderingContext.prototype;
   const { bufferData, deleteBuffer } = prototype;
+  /** Of the buffers that drawings are kept in; others only pass pixels on. */
+  const bindings = new Map<number, number>([
+    [prototype.ARRAY_BUFFER, prototype.ARRAY_BUFFER_BINDING],
+    [prototype.ELEMENT_ARRAY_BUFFER, prototype.ELEMENT_ARRAY_BUFFER_BINDING],
+  ]);
   prototype.bufferData = function (target: number, ...rest: unknown[]): void {
-    const isArray = target === this.ARRAY_BUFFER;
-    const binding = isArray ? this.ARRAY_BUFFER_BINDING : this.ELEMENT_ARRAY_BUFFER_BINDING;
+    const binding = bindings.get(target);
     const [data] = rest as [ArrayBufferView | number];
-    resize(
-      this.getParameter(binding) as WebGLBuffer,
-      typeof data === 'number' ? data : data.byteLength,
-    );
+    if (binding !== undefined) {
+      const size = typeof data === 'number' ? data : data.byteLength;
+      resize(this.getParameter(binding) as WebGLBuffer, size);
+    }
     Reflect.apply(bufferData, this, [target, ...rest]);
   };
   prototype.deleteBuffer = function (buffer: WebGLBuffer | null): void {
