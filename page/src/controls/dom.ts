@@ -59,7 +59,7 @@ export const ICONS = {
   play: 'M7 4l13 8-13 8z',
   pause: 'M8 4v16M16 4v16',
   back: 'M18 5 8 12l10 7zM6 5v14',
-  forth: 'M6 5l10 7-10 7zM18 5v14',
+  forward: 'M6 5l10 7-10 7zM18 5v14',
 } as const;
 
 /** A button that is known by its name, with an icon or a text. */

@@ -3,7 +3,7 @@ import type { ObjectText } from '../data/contract';
 import type { Scene } from '../scene/scene';
 import { element } from './dom';
 
-/** More than these nobody reads: points of a geometry, and lines of all. */
+/** Nobody reads more than these: points of a geometry, and lines of all. */
 const MOST_POINTS = 1_000;
 const MOST_LINES = 5_000;
 

@@ -89,7 +89,7 @@ export class Player {
       { class: 'player', attributes: { role: 'group', 'aria-label': 'Animation' } },
       button('One frame back', ICONS.back, () => this.step(-1)),
       this.toggle,
-      button('One frame forth', ICONS.forth, () => this.step(1)),
+      button('One frame forward', ICONS.forward, () => this.step(1)),
       this.slider,
       this.output,
       speed,

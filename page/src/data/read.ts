@@ -9,7 +9,7 @@ export interface SceneTexts {
   display: Source | undefined;
 }
 
-/** Called between pieces; reading goes on when its promise is kept. */
+/** Called between pieces; reading goes on when its promise is fulfilled. */
 export type Pause = () => Promise<void>;
 
 async function readText(source: Source, pause: Pause | undefined): Promise<ReadResult> {

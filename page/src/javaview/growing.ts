@@ -19,7 +19,7 @@ class Growing<T extends Numbers> {
     this.values[this.length++] = value;
   }
 
-  /** Room for more values; says where the first of them goes. */
+  /** Room for more values; returns where the first of them goes. */
   extend(count: number): number {
     const first = this.length;
     if (first + count > this.capacity) this.reserve(first + count);

@@ -91,8 +91,8 @@ export class Engine {
   }
 
   /**
-   * Has all that was asked for so far done at once, without waiting for it. Reading into a buffer ends
-   * the picture, which a mere flush may leave open.
+   * Starts all work that was asked for so far, without waiting for it. Reading into a buffer ends the
+   * picture, which a mere flush may leave open.
    */
   submit(): void {
     const context = this.context as WebGL2RenderingContext;

@@ -19,7 +19,7 @@ const LABEL: Label = {
   object: 0,
 };
 
-/** A triangle and a line, in a place. */
+/** A triangle and a line of no size. */
 function smallest(): SceneData {
   const batches = new SceneBatches();
   const kind = { smoothNormals: false, smoothColors: false, transparent: false, hatched: false };
@@ -33,8 +33,8 @@ function smallest(): SceneData {
 
 /**
  * Draws one of each thing that most plots have, as small as can be. The hardware's driver compiles
- * programs when they are used first; it does so while the text of a plot is read, for which another
- * thread is busy. The programs stay, since what they have drawn does.
+ * programs when they are first used; it does so while another thread reads the text of a plot. The
+ * programs stay, since what they have drawn does.
  */
 export function warmUp(engine: Engine): void {
   const atlas = new TextAtlas();

@@ -154,7 +154,7 @@ const focused = (page: Page): Promise<[string, boolean]> =>
 test('everything can be done with the keyboard alone, and the focus is seen', async () => {
   const { page, complaints, close } = await browser.open(animatedPage());
   const tools = ['Reset the view', 'View', 'Show', 'Objects', 'Save', 'Full screen'];
-  const player = ['One frame back', 'Play', 'One frame forth', 'Time', 'Speed', 'Repetition'];
+  const player = ['One frame back', 'Play', 'One frame forward', 'Time', 'Speed', 'Repetition'];
   for (const name of ['moving', ...tools, ...player]) {
     await page.keyboard.press('Tab');
     assert.deepEqual(await focused(page), [name, true]);

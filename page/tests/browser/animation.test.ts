@@ -31,7 +31,7 @@ test('an animation is stepped, sought and played; keys do the same', async () =>
     );
   };
   await shown(0);
-  await page.getByRole('button', { name: 'One frame forth' }).click();
+  await page.getByRole('button', { name: 'One frame forward' }).click();
   await shown(1);
   await slider.fill('4');
   await shown(4);

@@ -62,11 +62,11 @@ test('an animation is played in full screen too', async () => {
   const button = page.getByRole('button', { name: 'Full screen' });
   await button.click();
   await inPanel.waitFor();
-  await player.getByRole('button', { name: 'One frame forth' }).click();
+  await player.getByRole('button', { name: 'One frame forward' }).click();
   await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name === 'm2');
   await button.click();
   await inPanel.waitFor({ state: 'detached' });
-  await player.getByRole('button', { name: 'One frame forth' }).click();
+  await player.getByRole('button', { name: 'One frame forward' }).click();
   await page.waitForFunction(() => window.plotPage!.all[0]!.plot.name === 'm3');
   assert.deepEqual(complaints, []);
   await close();
