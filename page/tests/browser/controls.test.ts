@@ -231,3 +231,21 @@ test('the canvas has its ground, and texts are read on it in all surroundings', 
   const cream = { ...lines, background: '#fff8e0' };
   assert.deepEqual(await colors(cream, 'dark'), ['rgb(255, 248, 224)', black, orange]);
 });
+
+test('a menu closes when something else is pressed, each time anew', async () => {
+  const { page, complaints, close } = await browser.open(
+    simplePage(example('surface.jvx'), undefined, { header: 'A text that takes no focus' }),
+  );
+  const opener = page.getByRole('button', { name: 'View', exact: true });
+  const box = page.getByRole('checkbox', { name: 'Parallel' });
+  for (let time = 0; time < 2; time++) {
+    await opener.click();
+    await box.click();
+    assert.ok(await box.isVisible(), 'it stays open when it is used');
+    await page.locator('.line').click();
+    assert.ok(!(await box.isVisible()));
+    assert.equal(await opener.getAttribute('aria-expanded'), 'false');
+  }
+  assert.deepEqual(complaints, []);
+  await close();
+});
