@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <memory>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "zrd/commands.h"
 #include "zrd/common_options.h"
 #include "zrd/option_values.h"
+#include "zrd/output_file.h"
 #include "zrd/progress.h"
 #include "zrd/view/chrome.h"
 #include "zrd/view/interruption.h"
@@ -48,7 +51,6 @@ void waitUntilReady(Chrome& chrome) {
 /// The page as the bytes of a PNG.
 std::string photograph(const std::string& page, const std::string& folder,
                        const PictureSettings& settings) {
-  const Interruption interruption;
   Chrome chrome(folder);
   chrome.call("Emulation.setDeviceMetricsOverride", {{"width", settings.width},
                                                      {"height", settings.height},
@@ -61,6 +63,28 @@ std::string photograph(const std::string& page, const std::string& folder,
   chrome.open(page, settings.isTransparent ? "picture&transparent" : "picture");
   waitUntilReady(chrome);
   return chrome.photograph();
+}
+
+/// The page that shows the plot. Nothing has to be put away if a signal ends the process meanwhile.
+std::string makePage(const PictureSettings& settings) {
+  std::ostringstream page;
+  writePlotPage(page, {settings.plot}, settings.page);
+  return std::move(page).str();
+}
+
+/// The picture as the bytes of a PNG. A signal that comes while the browser and the folder are put
+/// away is only noted.
+std::string draw(const std::string& page, const PictureSettings& settings) {
+  const Interruption interruption;
+  const TemporaryFolder folder;
+  const std::string name = folder.path() + "/plot.html";
+  OutputFile file(name);
+  file.stream() << page;
+  file.close();
+  file.appear();
+  Progress progress;
+  progress.show([&settings] { return "drawing " + settings.plot; });
+  return photograph(name, folder.path(), settings);
 }
 
 void refuseOddSize(const PictureSettings& settings) {
@@ -79,12 +103,8 @@ int drawPicture(const PictureSettings& settings) try {
   refuseOddSize(settings);
   refuseInput(settings.output, {settings.plot});
   requireWritable(settings.output);
-  const TemporaryFolder folder;
-  const std::string page = folder.path() + "/plot.html";
-  writePlotPage(page, {settings.plot}, settings.page);
-  Progress progress;
-  progress.show([&settings] { return "drawing " + settings.plot; });
-  const std::string picture = photograph(page, folder.path(), settings);
+  const std::string picture = draw(makePage(settings), settings);
+  Interruption::check();  // a signal may have come while all was put away
   writeWhole(settings.output, [&picture](std::ostream& out) { out << picture; });
   return success;
 } catch (const Interrupted& interrupted) {  // and everything is put away

@@ -1,6 +1,9 @@
 // The command picture, with browsers that fail. They are scripts, which say what a browser would.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -121,6 +124,27 @@ TEST_F(FailingBrowser, IsEndedByTheSignalThatEndsTheProgram) {
   EXPECT_EQ(outcome.signal, SIGINT);
   EXPECT_EQ(outcome.err, "");
   EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+}
+
+TEST_F(FailingBrowser, IsNotStartedIfASignalComesWhileThePlotIsRead) {
+  makeBrowser("touch started");
+  const fs::path pipe = folder_.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const Started started = start("out", {"picture", "pipe", "-o", "a.png"});
+  int writing = -1;  // until the program reads
+  while (writing < 0 && !hasEnded(started)) writing = open(pipe.c_str(), O_WRONLY | O_NONBLOCK);
+  kill(started.process, SIGINT);
+  EXPECT_EQ(outcomeOf(started).signal, SIGINT);
+  close(writing);
+  EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+  EXPECT_EQ(files(), "browser out pipe plot.zrd tmp");
+}
+
+TEST_F(FailingBrowser, MayEndWithASignalAfterThePicture) {
+  makeAnsweringBrowser("*Page.navigate*) trap 'kill -INT $PPID' EXIT; answer '{}' ;;");
+  EXPECT_EQ(command({"plot.zrd", "-o", "a.png"}).signal, SIGINT);
+  EXPECT_TRUE(fs::is_empty(folder_.path() / "tmp"));
+  EXPECT_FALSE(exists("a.png"));
 }
 
 TEST_F(FailingBrowser, RefusesACall) {
