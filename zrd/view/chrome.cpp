@@ -29,6 +29,7 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds longestSilence(300'000);
 constexpr milliseconds longestFarewell(5'000);
+constexpr milliseconds longestWait(200);  // until signals are looked for again
 
 /// The descriptors at which the browser expects its pipes.
 enum ChromeDescriptor : int { commands = 3, answers = 4 };
@@ -235,14 +236,16 @@ void Chrome::send(const json& message) {
   }
 }
 
+// A signal that comes just before poll() does not interrupt it.
 json Chrome::receive() {
   std::array<char, 64 * 1024> block;
+  auto end = steady_clock::now() + longestSilence;
   std::size_t searched = 0;
   for (;;) {
-    const std::size_t end = received_.find('\0', searched);
-    if (end != received_.npos) {
-      json message = json::parse(received_.substr(0, end), nullptr, false);
-      received_.erase(0, end + 1);
+    const std::size_t size = received_.find('\0', searched);
+    if (size != received_.npos) {
+      json message = json::parse(received_.substr(0, size), nullptr, false);
+      received_.erase(0, size + 1);
       if (message.is_object()) return message;
       searched = 0;
       continue;
@@ -250,12 +253,13 @@ json Chrome::receive() {
     searched = received_.size();
     pollfd waiting{output_, POLLIN, 0};
     Interruption::check();
-    const int ready = poll(&waiting, 1, static_cast<int>(longestSilence.count()));
-    if (ready == 0) fail("it does not answer");
-    if (ready < 0) continue;  // there was a signal
+    const bool isReady = poll(&waiting, 1, static_cast<int>(longestWait.count())) > 0;
+    if (!isReady && steady_clock::now() > end) fail("it does not answer");
+    if (!isReady) continue;
     const ssize_t count = ::read(output_, block.data(), block.size());
     if (count == 0) fail("it has ended");
     if (count > 0) received_.append(block.data(), static_cast<std::size_t>(count));
+    end = steady_clock::now() + longestSilence;
   }
 }
 
