@@ -43,9 +43,10 @@ void waitUntilReady(Chrome& chrome) {
     if (steady_clock::now() > end) chrome.fail("it takes too long");
     std::this_thread::sleep_for(milliseconds(20));
   }
-  if (chrome.evaluate("document.querySelector('canvas') !== null") != true) {
-    chrome.fail("it has no WebGL 2");
-  }
+  if (chrome.evaluate("document.querySelector('canvas') !== null") == true) return;
+  const auto said =
+      chrome.evaluate("document.querySelector('#page > .message:not(:empty)')?.textContent");
+  chrome.fail(said.is_string() ? said.get<std::string>() : "it has no WebGL 2");
 }
 
 /// The page as the bytes of a PNG.

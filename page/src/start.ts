@@ -29,6 +29,9 @@ async function run(packed: HTMLElement): Promise<void> {
 
 startFirstWorker();
 run(document.getElementById('program')!).catch(() => {
-  document.getElementById('page')!.textContent =
-    'This browser is too old for the page, which draws a plot.';
+  const message = document.createElement('p');
+  message.className = 'message';
+  message.textContent = 'This browser is too old for this page, which draws a plot.';
+  document.getElementById('page')!.replaceChildren(message);
+  document.documentElement.dataset.state = 'ready';
 });

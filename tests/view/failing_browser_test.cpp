@@ -178,6 +178,13 @@ TEST_F(FailingBrowser, HasNoWebGL) {
   EXPECT_EQ(failure(), beginning + "it has no WebGL 2" + browserWayOut);
 }
 
+TEST_F(FailingBrowser, ShowsASentenceInPlaceOfThePlot) {
+  makeAnsweringBrowser(R"(
+    *canvas*) answer '{"result":{"value":false}}' ;;
+    *.message*) answer '{"result":{"value":"The plot is torn."}}' ;;)");
+  EXPECT_EQ(failure(), beginning + "The plot is torn." + browserWayOut);
+}
+
 TEST_F(FailingBrowser, SendsNoPicture) {
   // Nothing, "hello", and the beginning of a PNG alone.
   for (const std::string data : {"", "aGVsbG8=", "iVBORw0KGgo="}) {

@@ -239,3 +239,13 @@ test('a page whose data are broken says so', async () => {
   assert.match((await page.locator('#page > .message').textContent()) ?? '', /cannot be shown/);
   await close();
 });
+
+test('a page whose program cannot be unpacked says so', async () => {
+  const whole = simplePage(example('surface.jvx'));
+  const { page, close } = await browser.open(whole.replace(/(id="program">)[^<]*/, '$1AAAA'));
+  assert.equal(
+    await page.locator('#page > .message').textContent(),
+    'This browser is too old for this page, which draws a plot.',
+  );
+  await close();
+});
