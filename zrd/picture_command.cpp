@@ -91,12 +91,13 @@ std::string draw(const std::string& page, const PictureSettings& settings) {
 void refuseOddSize(const PictureSettings& settings) {
   const auto [shorter, longer] = std::minmax(settings.width, settings.height);
   if (static_cast<double>(longer) * settings.scale > static_cast<double>(longestSide)) {
-    throw CLI::ValidationError("--scale", "the picture would be too large; its sides can have " +
-                                              std::to_string(longestSide) + " pixels");
+    throw CLI::ValidationError("--scale",
+                               "the picture would be too large; its sides can have at most " +
+                                   std::to_string(longestSide) + " pixels");
   }
   if (static_cast<double>(shorter) * settings.scale < 1) {
     throw CLI::ValidationError("--scale",
-                               "the picture would be too small; its sides have at least 1 pixel");
+                               "the picture would be too small; its sides need at least 1 pixel");
   }
 }
 

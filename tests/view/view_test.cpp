@@ -220,7 +220,7 @@ TEST_F(ViewTest, SaysHowToShowAnAnimationThatIsTooLong) {
         "<Canvas><TimeRange TimeBegin=\"0\" TimeEnd=\"50000\"/>"
         "<Scene2d><CoordinateSystem2d/></Scene2d></Canvas>");
   EXPECT_EQ(errorOf({"plot.zrd", "-o", "page.html", "--frames", "3"}, 2),
-            "zrd: --frames 3 makes more than 100000 frames: let it be less, or show one time with "
+            "zrd: --frames 3 makes more than 100000 frames: choose fewer, or show one time with "
             "--time\n");
 }
 

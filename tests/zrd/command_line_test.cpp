@@ -156,10 +156,10 @@ TEST_F(CommandLine, SaysWhatASizeIs) {
                   "--scale: \"" + scale + "\" is not a number from 0.1 to 10", "picture");
   }
   expectRefused({"picture", "-o", "a.png", "--size", "9x8193", "--scale", "2", "a.zrd"},
-                "--scale: the picture would be too large; its sides can have 16384 pixels",
+                "--scale: the picture would be too large; its sides can have at most 16384 pixels",
                 "picture");
   expectRefused({"picture", "-o", "a.png", "--size", "900x9", "--scale", "0.1", "a.zrd"},
-                "--scale: the picture would be too small; its sides have at least 1 pixel",
+                "--scale: the picture would be too small; its sides need at least 1 pixel",
                 "picture");
 }
 

@@ -6,8 +6,9 @@
 
 namespace vantry::zrd {
 
-/// A running browser, which is spoken to by its developer tools. All operations throw Failure if
-/// the browser fails, or answers what makes no sense, and Interrupted. It ends with this.
+/// A running browser, which is controlled through its developer tools. All operations throw Failure
+/// if the browser fails or its answer makes no sense, and Interrupted if a signal has come. The
+/// destructor ends it.
 class Chrome {
  public:
   /// Starts the browser that the environment variable VANTRY_BROWSER or CHROME names, or else the

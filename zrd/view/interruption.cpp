@@ -10,7 +10,7 @@ void note(int signal) { arrived = signal; }
 
 }  // namespace
 
-// A signal that is ignored stays so. System calls come back at once from the others.
+// A signal that is ignored stays so. The others interrupt system calls.
 Interruption::Interruption() {
   arrived = 0;
   struct sigaction noting {};

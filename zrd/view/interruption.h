@@ -12,7 +12,7 @@ struct Interrupted {
 };
 
 /// While this lives, signals that would end the process at once are noted, so that it can first end
-/// other programs and take its files away. There may be one at a time.
+/// other programs and take its files away. At most one may live at a time.
 class Interruption {
  public:
   Interruption();

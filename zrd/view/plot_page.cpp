@@ -91,7 +91,7 @@ void writePlotPage(std::ostream& out, const std::vector<std::string>& plots,
 } catch (const page::TooManyFrames&) {
   throw Failure(badDocument, "--frames " + std::to_string(options.framesPerUnit) +
                                  " makes more than " + std::to_string(page::mostFrames) +
-                                 " frames: let it be less, or show one time with --time");
+                                 " frames: choose fewer, or show one time with --time");
 }
 
 void writePlotPage(const std::filesystem::path& name, const std::vector<std::string>& plots,

@@ -6,8 +6,8 @@
 namespace vantry::zrd {
 
 /// A new folder in the one that the environment variable TMPDIR names, or else in /tmp. Only this
-/// user can look into it. It goes with all that is in it, unless it is kept. Throws Failure if it
-/// cannot be made.
+/// user can look into it. The destructor removes it with all that is in it, unless it is kept.
+/// Throws Failure if it cannot be made.
 class TemporaryFolder {
  public:
   TemporaryFolder();
