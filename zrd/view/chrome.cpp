@@ -218,7 +218,7 @@ void Chrome::open(const std::string& file, const std::string& fragment) {
 }
 
 std::string Chrome::photograph() {
-  const std::string picture =
+  std::string picture =
       fromBase64(textIn(call("Page.captureScreenshot", {{"format", "png"}}), "data"));
   if (!picture.starts_with(pngBegin) || !picture.ends_with(pngEnd)) fail("its picture is no PNG");
   return picture;
