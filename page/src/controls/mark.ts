@@ -4,7 +4,7 @@ import { cssColor } from '../scene/atlas';
 import { hexToRgb } from '../scene/colors';
 import type { AreaMark, LineMark, Mark, PointMark } from '../scene/marks';
 import { PATTERNS, PERIOD, STROKE, dashLengths, sign } from '../scene/signs';
-import { LINE_STYLES, POINT_STYLES, tipLength, type Tip } from '../scene/styles';
+import { LINE_STYLES, POINT_STYLES, TIP_PARTS, tipLength, type Tip } from '../scene/styles';
 import { drawing, shape } from './dom';
 
 /** In pixels; as long as two dashes of the widest line. */
@@ -71,9 +71,6 @@ function tipShape(tip: Tip, width: number, color: string): SVGElement {
   const end = tip.style === 'closed' ? 'z' : '';
   return shape('path', { d: d + end, fill: 'none', stroke: color, 'stroke-width': width });
 }
-
-/** A line ends below a filled tip, at a closed one, and runs through an open one. */
-const TIP_PARTS = { filled: 0.7, open: 0, closed: 1 };
 
 function lineShapes({ width, tip }: LineMark, color: string, pen: Pen): Shapes {
   const drawn = within(width, 1, WIDEST);

@@ -15,7 +15,7 @@ import {
 } from '../scene/batches';
 import type { Plot } from '../scene/plot';
 import { dashLengths, short, sign } from '../scene/signs';
-import { tipLength, type Tip } from '../scene/styles';
+import { TIP_PARTS, tipLength, type Tip } from '../scene/styles';
 import { between, clipPolygon, clipSegment, type ClipBox, type Corner } from './clip';
 import { escape, tag, type Definitions } from './svgText';
 
@@ -288,10 +288,8 @@ function backFrom(a: Pixels, b: Pixels, back: number, side: number): [number, nu
 const tipSize = (a: Pixels, b: Pixels, tip: Tip, width: number): number =>
   Math.min(tipLength(tip, width), Math.max(Math.hypot(b[0] - a[0], b[1] - a[1]), 2));
 
-/** A line ends below a filled tip, at a closed one, and runs through an open one. */
 function lineEnd(a: Pixels, b: Pixels, tip: Tip, width: number): [number, number] {
-  const part = { filled: 0.7, open: 0, closed: 1 }[tip.style];
-  return backFrom(a, b, tipSize(a, b, tip, width) * part, 0);
+  return backFrom(a, b, tipSize(a, b, tip, width) * TIP_PARTS[tip.style], 0);
 }
 
 function tipElement(

@@ -189,7 +189,7 @@ export interface LineStyle {
 export const MOST_TIPS = 15;
 
 /** How the third number of a style holds a dash, and the number of a tip from 1 on. */
-export const styleCode = (dash: number, tip: number): number => dash + 4 * tip;
+const styleCode = (dash: number, tip: number): number => dash + 4 * tip;
 export const dashOf = (code: number): number => code % 4;
 export const tipOf = (code: number): number => Math.floor(code / 4);
 

@@ -7,8 +7,11 @@ export function hexToRgb(hex: string): Rgb {
   return [value >> 16, (value >> 8) & 255, value & 255];
 }
 
+/** How much the eye makes of red, green and blue. */
+export const EYE = [0.299, 0.587, 0.114] as const;
+
 /** How bright a colour is for the eye, 0 to 1. */
-export const brightness = ([r, g, b]: Rgb): number => (0.299 * r + 0.587 * g + 0.114 * b) / 255;
+export const brightness = ([r, g, b]: Rgb): number => (EYE[0] * r + EYE[1] * g + EYE[2] * b) / 255;
 
 /** What is darker than this is hard to see on a dark ground. */
 export const LEAST_BRIGHTNESS = 0.45;

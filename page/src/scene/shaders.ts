@@ -1,8 +1,12 @@
 /** The programs that draw faces, lines, points and labels. Colours are drawn as the file has them. */
 import { MOST_GLOSSES, MOST_TIPS } from './batches';
-import { LEAST_BRIGHTNESS } from './colors';
+import { EYE, LEAST_BRIGHTNESS } from './colors';
+import { TIP_LENGTH, TIP_LENGTH_A_WIDTH, TIP_PARTS, TIP_STYLES } from './styles';
 
 export const MOST_LIGHTS = 12;
+
+/** Numbers as the programs write them. */
+const float = (value: number): string => value.toFixed(3);
 
 const HEAD = `
 precision highp float;
@@ -50,8 +54,8 @@ bool isMeant(float opacity) { return opacity > opacities.x && opacity < opacitie
 const READABLE = `
 uniform vec4 ink;
 vec3 readable(vec3 color) {
-  const vec3 EYE = vec3(0.299, 0.587, 0.114);
-  float missing = ${LEAST_BRIGHTNESS.toFixed(2)} - dot(color, EYE);
+  const vec3 EYE = vec3(${EYE.join()});
+  float missing = ${float(LEAST_BRIGHTNESS)} - dot(color, EYE);
   if (ink.a < 0.5 || missing <= 0.0) return color;
   return mix(color, ink.rgb, missing / dot(ink.rgb - color, EYE));
 }
@@ -189,9 +193,11 @@ vec2 toPixels(vec4 clipped) { return (clipped.xy / clipped.w * 0.5 + 0.5) * view
 /** Tips of arrows: their style, their length by the width of the line if they have none, their spread. */
 const TIP = `
 uniform vec3 tips[${MOST_TIPS}];
+const float TIP_PARTS[${TIP_STYLES.length}] = float[](${TIP_STYLES.map((style) => float(TIP_PARTS[style])).join()});
 vec3 tipOf(vec4 style) { return tips[int(style.z + 0.5) / 4 - 1]; }
 float tipLength(vec3 tip, float width) {
-  return (tip.y > 0.0 ? tip.y : 7.0 + 3.0 * width) * pixelRatio;
+  float plain = ${float(TIP_LENGTH)} + ${float(TIP_LENGTH_A_WIDTH)} * width;
+  return (tip.y > 0.0 ? tip.y : plain) * pixelRatio;
 }
 `;
 
@@ -240,9 +246,8 @@ void main() {
   vec2 direction = length > 1e-4 ? along / length : vec2(1.0, 0.0);
   float halfWidth = max(style.x * pixelRatio, 1.0) * 0.5;
   if (hasTip) {
-    // The line ends below a filled tip, at a closed one, and runs through an open one.
     vec3 tip = tipOf(style);
-    float part = tip.x < 0.5 ? 0.7 : tip.x < 1.5 ? 0.0 : 1.0;
+    float part = TIP_PARTS[int(tip.x + 0.5)];
     float back = min(tipLength(tip, style.x) * part, length);
     pixelsB -= direction * back;
     length -= back;

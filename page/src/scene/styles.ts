@@ -45,8 +45,16 @@ export interface Tip {
 
 export const PLAIN_TIP: Tip = { style: 'filled', length: undefined, angle: Math.atan(0.35) };
 
+/** A tip without a length of its own has this one in pixels, and so much more for each of its line's. */
+export const TIP_LENGTH = 7;
+export const TIP_LENGTH_A_WIDTH = 3;
+
 /** The length of a tip in pixels, by the width of its line if it has none of its own. */
-export const tipLength = ({ length }: Tip, width: number): number => length ?? 7 + 3 * width;
+export const tipLength = ({ length }: Tip, width: number): number =>
+  length ?? TIP_LENGTH + TIP_LENGTH_A_WIDTH * width;
+
+/** A line ends below a filled tip, at a closed one, and runs through an open one: parts of its length. */
+export const TIP_PARTS: Record<TipStyleName, number> = { filled: 0.7, open: 0, closed: 1 };
 
 /** What a geometry belongs to and how it is drawn. */
 export interface GeometryStyle {
