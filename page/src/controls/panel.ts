@@ -17,7 +17,8 @@ import { makeSaveMenu, type Savable } from './save';
 
 /** So long after the last movement everything is drawn finely, in milliseconds. */
 const REST = 180;
-const TYPICAL_FIELD = 0.3;
+/** The field of a view in perspective of a plot that is parallel itself. */
+const FIELD_OF_PARALLEL_PLOTS = 0.3;
 
 export function textLine(line: TextLine | undefined, name: string): HTMLElement | undefined {
   if (!line || line.text.trim() === '') return undefined;
@@ -50,7 +51,7 @@ export class Panel {
   private readonly fullScreen = button('Full screen', ICONS.full, () => this.toggleFullScreen());
   private readonly parallel = checkbox('Parallel', false, (on) => this.setParallel(on));
   /** The field of the view that was left for a parallel one. */
-  private perspective = TYPICAL_FIELD;
+  private perspective = FIELD_OF_PARALLEL_PLOTS;
   private legend: HTMLElement | undefined;
   private pin: Hit | undefined;
   private requested = false;
@@ -70,22 +71,7 @@ export class Panel {
     this.tip.hidden = true;
     this.pinned.hidden = true;
     this.description.id = newId('description');
-    this.stage = element(
-      'div',
-      {
-        class: 'stage',
-        attributes: {
-          tabindex: '0',
-          role: 'application',
-          'aria-roledescription': 'plot',
-          'aria-label': text.header?.text || text.name || 'Plot',
-          'aria-describedby': this.description.id,
-        },
-      },
-      this.canvas,
-      this.tip,
-      this.pinned,
-    );
+    this.stage = this.makeStage();
     this.legend = this.makeLegend();
     const above = text.legend.placement === 'top';
     this.element = element(
@@ -116,6 +102,26 @@ export class Panel {
     this.observer = new ResizeObserver(() => this.resize());
     this.observer.observe(this.stage);
     this.describe();
+  }
+
+  private makeStage(): HTMLElement {
+    const { header, name } = this.text;
+    return element(
+      'div',
+      {
+        class: 'stage',
+        attributes: {
+          tabindex: '0',
+          role: 'application',
+          'aria-roledescription': 'plot',
+          'aria-label': header?.text || name || 'Plot',
+          'aria-describedby': this.description.id,
+        },
+      },
+      this.canvas,
+      this.tip,
+      this.pinned,
+    );
   }
 
   /** Shows another frame, and the texts that it comes from. */

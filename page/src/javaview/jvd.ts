@@ -50,7 +50,7 @@ const newRuler = (attributes: Attributes): Ruler => ({
 });
 
 /** The opening of a camera in perspective that names none. */
-const TYPICAL_FIELD = 0.175;
+export const DEFAULT_FIELD = 0.175;
 
 function newCamera(attributes: Attributes): Camera {
   const projection = attributes.get('projection') ?? 'Perspective';
@@ -58,7 +58,7 @@ function newCamera(attributes: Attributes): Camera {
     projection,
     position: [0, 0, 1],
     interest: [0, 0, 0],
-    fieldOfView: projection === 'Perspective' ? TYPICAL_FIELD : 0,
+    fieldOfView: projection === 'Perspective' ? DEFAULT_FIELD : 0,
     roll: 0,
   };
 }

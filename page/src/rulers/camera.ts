@@ -1,12 +1,12 @@
 /** The view that a display asks for. */
 import { Vector3 } from 'three';
+import { DEFAULT_FIELD } from '../javaview/jvd';
 import type { Camera, Display } from '../javaview/model';
 import type { Space } from '../scene/space';
 import type { ViewState } from '../scene/view';
 
-/** The direction and opening of a view that shows any box well. */
+/** The direction of a view that shows any box well. */
 const DEFAULT_DIRECTION = new Vector3(-9.3, -14.6, 5.9);
-const DEFAULT_FIELD = 0.175;
 
 /** The direction upwards for a view along `toEye`: the z axis where that is seen. */
 export function upright(toEye: Vector3): Vector3 {
