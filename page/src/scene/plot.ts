@@ -149,12 +149,11 @@ export class Plot {
 
   resize(size: Size): void {
     this.view.size = size;
-    if (this.flat) this.fitFlat();
-    else this.view.update();
     if (!this.fitted) {
       this.fitted = true;
       this.reset();
-    }
+    } else if (this.flat) this.fitFlat();
+    else this.view.update();
   }
 
   /** The view that the display asks for, from so far that no number is cut off. */
