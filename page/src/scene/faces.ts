@@ -301,6 +301,27 @@ function addApart(
   batch.addTriangle(p!, q!, r!);
 }
 
+/** How the faces of a geometry are coloured. */
+interface Paint {
+  /** Of each point, where colours vary over a face. */
+  pointColor: ((point: number) => Rgb) | undefined;
+  faceColor(face: number, corners: readonly number[]): Rgb;
+}
+
+function paintOf(faces: FaceSet, points: PointSet, pattern: number): Paint {
+  const given = faces.color ?? DEFAULT_FACE_COLOR;
+  const base = pattern > 0 ? undoLightening(given) : given;
+  const smooth = faces.showColors && faces.smoothColors && points.colors.length > 0;
+  const byPoints = usesPointColors(faces, points);
+  return {
+    pointColor: smooth ? (point): Rgb => colorAt(points.colors, point, base) : undefined,
+    faceColor: (face, corners) => {
+      if (!faces.showColors) return base;
+      return byPoints ? meanColor(points.colors, corners, base) : colorAt(faces.colors, face, base);
+    },
+  };
+}
+
 export function addFaces(draft: Draft): void {
   const { geometry, style, batches, at, alpha } = draft;
   const { faces, points, material } = geometry;
@@ -311,19 +332,8 @@ export function addFaces(draft: Draft): void {
   if (!faces.visible || alpha <= 0) return;
 
   const pattern = FILL_PATTERNS.indexOf(style.fill);
-  const given = faces.color ?? DEFAULT_FACE_COLOR;
-  const base = pattern > 0 ? undoLightening(given) : given;
-  const smoothColors = faces.showColors && faces.smoothColors && points.colors.length > 0;
+  const { pointColor, faceColor } = paintOf(faces, points, pattern);
   const normals = material?.smooth ? normalsOf(draft, faces) : undefined;
-  const pointColor = smoothColors
-    ? (point: number): Rgb => colorAt(points.colors, point, base)
-    : undefined;
-  const byPoints = usesPointColors(faces, points);
-  const faceColor = (face: number, corners: readonly number[]): Rgb => {
-    if (!faces.showColors) return base;
-    return byPoints ? meanColor(points.colors, corners, base) : colorAt(faces.colors, face, base);
-  };
-
   const gloss = material ? batches.glossNumber(glossOfMaterial(material)) : 0;
   const tag: Tag = [style.object, lookCode(pattern, gloss)];
   const transparent = alpha < 1;
@@ -333,7 +343,7 @@ export function addFaces(draft: Draft): void {
       ? { transparent, smoothColors: true, smoothNormals: true, hatched: true }
       : {
           transparent,
-          smoothColors,
+          smoothColors: pointColor !== undefined,
           smoothNormals: normals !== undefined,
           hatched: pattern > 0,
         },

@@ -1,12 +1,8 @@
 /** What a JVX text has to show, counted with the browser's own reader of XML. */
 
-export interface Counts {
-  points: number;
-  lines: number;
-  faces: number;
-  labels: number;
-  vectors: number;
-}
+import type { Counts } from '../../src/scene/batches';
+
+export type { Counts };
 
 /** What all that is drawn with; transparent faces may be cut into more triangles. */
 export interface Counted {
